@@ -1,0 +1,23 @@
+# Every outside library, each from Debian's packages (scripts/setup installs them; docs/dependencies.md
+# says why each is there).
+find_package(PkgConfig REQUIRED)
+find_package(Threads REQUIRED)
+pkg_check_modules(PROJ REQUIRED IMPORTED_TARGET proj>=9.1)
+pkg_check_modules(ODBC REQUIRED IMPORTED_TARGET odbc)
+pkg_check_modules(LIBZIP REQUIRED IMPORTED_TARGET libzip)
+pkg_check_modules(XXHASH REQUIRED IMPORTED_TARGET libxxhash)
+find_package(simdjson REQUIRED)
+find_program(FLATC flatc REQUIRED)
+find_path(FLATBUFFERS_INCLUDE flatbuffers/flatbuffers.h REQUIRED)
+
+# vexlator_flatbuffers(TARGET SCHEMA.fbs): generates SCHEMA_generated.h, private to the target.
+function(vexlator_flatbuffers target schema)
+  cmake_path(GET schema STEM stem)
+  set(folder "${CMAKE_CURRENT_BINARY_DIR}/generated")
+  add_custom_command(
+    OUTPUT "${folder}/${stem}_generated.h"
+    COMMAND ${FLATC} --cpp --scoped-enums -o "${folder}" "${CMAKE_CURRENT_SOURCE_DIR}/${schema}"
+    DEPENDS "${schema}")
+  target_sources(${target} PRIVATE "${folder}/${stem}_generated.h")
+  target_include_directories(${target} SYSTEM PRIVATE "${folder}" "${FLATBUFFERS_INCLUDE}")
+endfunction()

@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// INI files by the rules of the Windows private-profile functions: `[section]` lines, `key=value` lines,
+/// `;` comment lines; sections and keys without regard to letter case; blanks around names and values do not
+/// count; one pair of quotes (double or single) that encloses the whole value is dropped on reading.
+/// Text is taken as UTF-8 when the file is valid UTF-8, else as Windows-1252.
+namespace vexlator::config {
+
+constexpr std::size_t longestIniValue = 2047;  ///< characters; longer values are cut on reading
+
+/// The value, "" when the key, the section or the file is missing.
+std::string ReadIniFile(std::string_view file, std::string_view section, std::string_view key);
+
+/// Writes or replaces one value; creates section and file as needed. Every other byte of the file stays, line
+/// ends included. Atomic, and safe against other programs that write the same file at the same time.
+/// False when the file cannot be written.
+bool WriteIniFile(std::string_view file, std::string_view section, std::string_view key, std::string_view value);
+
+/// The two operations on a file's text, for tests and for callers that hold the bytes.
+std::string IniValue(std::string_view text, std::string_view section, std::string_view key);
+std::string WithIniValue(std::string_view text, std::string_view section, std::string_view key,
+                         std::string_view value);
+
+}  // namespace vexlator::config

@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace vexlator::config {
+
+/// How a conversion ended when it did not throw. Start() of every conversion returns one.
+struct Outcome {
+    enum class Status {
+        Done,
+        Failed,        ///< some source could not be read; the person has been told
+        StoppedByUser  ///< the answer to a question ended it; nothing was written
+    };
+    Status status = Status::Done;
+    std::uint64_t layers = 0;
+    std::uint64_t features = 0;
+    std::string target;  ///< path text of the folder or file that was written
+};
+
+}  // namespace vexlator::config

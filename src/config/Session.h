@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/SharedSettings.h"
+#include "platform/Clock.h"
+#include "ui/UserInterface.h"
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace vexlator::config {
+
+/// Counts what an output could not hold, so that no loss is silent.
+class LossReport {
+public:
+    enum class Kind { Cut, Replaced };
+    void Count(Kind kind, std::string_view layer, std::string_view field, std::uint64_t values = 1);
+    bool Empty() const { return counts_.empty(); }
+    /// One line, as in "values cut: FENCE.NOTES 3, WALL.NAME 1; characters replaced: WALL.NAME 2"; "" when
+    /// nothing was lost.
+    std::string Line() const;
+
+private:
+    std::map<std::pair<Kind, std::string>, std::uint64_t> counts_;
+};
+
+/// What a run shares. Made once by Main (or a test), passed by reference; nothing else is global.
+class Session {
+public:
+    explicit Session(ui::UserInterface& userInterface, platform::Clock clock = platform::LocalTime);
+
+    SharedSettings& Settings() { return settings_; }
+    const SharedSettings& Settings() const { return settings_; }
+    ui::UserInterface& Ui() { return ui_; }
+    platform::DateTime Now() const { return clock_(); }
+    LossReport& Losses() { return losses_; }
+
+    /// The value of a key, "" when it is missing. An empty file means gv.ini. Never cached: a value written
+    /// earlier in the run is seen.
+    std::string ReadIni(std::string_view section, std::string_view key, std::string_view file = "") const;
+    /// On only when the value is exactly "1".
+    bool ReadIniFlag(std::string_view section, std::string_view key, std::string_view file = "") const;
+    /// Failures are silent: settings that cannot be kept do not stop a conversion.
+    void WriteIni(std::string_view section, std::string_view key, std::string_view value,
+                  std::string_view file = "");
+
+    /// Adds one dated line to the run log, when there is one.
+    void Log(std::string_view text) const;
+    /// A message that only debug mode shows.
+    void DebugMessage(std::string_view text);
+
+private:
+    ui::UserInterface& ui_;
+    platform::Clock clock_;
+    SharedSettings settings_;
+    LossReport losses_;
+};
+
+}  // namespace vexlator::config

@@ -1,0 +1,397 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "drawing/PodVector.h"
+#include "util/Angles.h"
+
+#include <array>
+#include <cstdint>
+#include <deque>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+/// The drawing model that every conversion works on: entities on layers (feature codes), each with a kind,
+/// geometry and named text values (XProperties).
+namespace vexlator::drawing {
+
+/// Drawing units; x easting, y northing, z height.
+struct Point {
+    double x = 0, y = 0, z = 0;
+    bool operator==(const Point&) const = default;
+};
+using util::PlanePoint;
+
+/// Plane distance: z does not count.
+double distance(const Point& a, const Point& b);
+
+/// 0 to 255 is a palette index (7 is the default); above, a 24-bit colour value.
+using Colour = std::uint32_t;
+constexpr Colour defaultColour = 7;
+
+enum class Kind : std::uint8_t { Point, Insert, Polyline, Circle, Text, Arc, Line, Other };
+
+/// "VDPOINT" ...; "" for Other, whose entities carry a name of their own.
+std::string_view KindName(Kind kind);
+/// Other for a name that is none of the seven.
+Kind KindOf(std::string_view name);
+
+struct Layer {
+    std::string name;  ///< the feature code
+    bool frozen = false;
+    Colour colour = defaultColour;
+};
+
+/// A named symbol that inserts refer to. `content` is the symbol drawing as the bytes of a drawing file;
+/// empty when only the name is known.
+struct Block {
+    std::string name;
+    std::string content;
+};
+
+/// How an entity is shown.
+struct Style {
+    Colour colour = defaultColour;
+    Colour fillColour = defaultColour;
+    Colour outlineColour = defaultColour;
+    std::int32_t lineWeight = 0;
+    std::string lineType;
+    bool operator==(const Style&) const = default;
+};
+
+/// What is particular to a kind beside vertices and texts. Angles in radians.
+struct Shape {
+    std::string name;                    ///< Insert: block; Text: text style; Other: kind name
+    double scaleX = 1, scaleY = 1;       ///< Insert
+    double rotation = 0;                 ///< Insert, Text
+    double size = 0;                     ///< Circle, Arc: radius; Text: height
+    double startAngle = 0, endAngle = 0; ///< Arc
+    std::int32_t alignment = 0;          ///< Text
+    bool operator==(const Shape&) const = default;
+};
+
+struct Box {
+    double minX = 0, minY = 0, maxX = 0, maxY = 0;
+    bool operator==(const Box&) const = default;
+};
+
+constexpr std::int32_t textTypeCode = 1000;
+
+/// A sequence of attribute names, interned in a drawing; see Drawing::attributeSet.
+using AttributeSet = std::uint32_t;
+
+class Drawing;
+class Entity;
+
+/// One named value of an entity. Valid until the entity's attributes or texts are changed otherwise.
+class XProperty {
+public:
+    std::string_view name() const;
+    /// 1000 for text, which is all that the system writes.
+    std::int32_t typeCode() const;
+    std::string_view value() const { return value_; }
+    void setName(std::string_view name);
+    void setValue(std::string_view text);
+
+private:
+    friend class XProperties;
+    XProperty(Drawing& drawing, std::uint32_t entity, std::size_t index, std::string_view value)
+        : drawing_(&drawing), entity_(entity), index_(index), value_(value) {}
+    Drawing* drawing_;
+    std::uint32_t entity_;
+    std::size_t index_;
+    std::string_view value_;
+};
+
+/// Reads an entity's values one after the other, without looking any of them up again.
+class ValueCursor {
+public:
+    ValueCursor(const char* position, std::size_t count) : position_(position), left_(count) {}
+    bool AtEnd() const { return left_ == 0; }
+    std::size_t Left() const { return left_; }
+    std::string_view Next();
+
+private:
+    const char* position_;
+    std::size_t left_;
+};
+
+/// The attributes of an entity, in the order they were added, which is that of its attribute template.
+class XProperties {
+public:
+    std::size_t count() const;
+    XProperty item(std::size_t index) const;
+    /// The first of that name, letter case included.
+    std::optional<XProperty> find(std::string_view name) const;
+    void add(std::string_view name, std::string_view value, std::int32_t typeCode = textTypeCode);
+    std::string_view name(std::size_t index) const;
+    /// Values from the first on.
+    ValueCursor values() const;
+
+private:
+    friend class Entity;
+    XProperties(Drawing& drawing, std::uint32_t entity) : drawing_(&drawing), entity_(entity) {}
+    Drawing* drawing_;
+    std::uint32_t entity_;
+};
+
+/// One entity of a drawing: a light reference, good until the drawing is opened anew or destroyed.
+class Entity {
+public:
+    Entity(Drawing& drawing, std::uint32_t index) : drawing_(&drawing), index_(index) {}
+
+    Kind kindCode() const;
+    std::string_view kind() const;
+    /// Capital hexadecimal digits, unique in the drawing.
+    std::string handle() const;
+    std::uint64_t handleNumber() const;
+    const std::string& layerName() const;
+    /// Moves the entity to a layer, which is added when it is missing.
+    void setLayerName(std::string_view name);
+    void erase();
+    bool isErased() const;
+    XProperties xproperties() const { return {*drawing_, index_}; }
+    /// The identity of its attribute names: equal for entities that have the same names in the same order.
+    AttributeSet attributeSet() const;
+
+    const Style& style() const;
+    void setStyle(const Style& style);
+    const Shape& shape() const;
+    void setShape(const Shape& shape);
+
+    /// Position of a point, insert, text; centre of a circle or arc; first vertex of the rest.
+    Point position() const { return vertexCount() ? vertex(0) : Point{}; }
+    Point insertionPoint() const { return position(); }
+    Point centre() const { return position(); }
+    std::size_t vertexCount() const;
+    Point vertex(std::size_t index) const;
+    /// x and y of all vertices.
+    std::span<const PlanePoint> planVertices() const;
+    /// z of all vertices; empty when all are 0.
+    std::span<const double> heights() const;
+    void setVertex(std::size_t index, const Point& point);
+    void appendVertex(const Point& point);
+
+    bool isClosed() const;
+    void setClosed(bool closed);
+    bool isFilled() const;
+    void setFilled(bool filled);
+
+    const std::string& blockName() const { return shape().name; }
+    double rotation() const { return shape().rotation; }
+    double radius() const { return shape().size; }
+    double height() const { return shape().size; }
+    /// The string of a text entity; "" for other kinds.
+    std::string_view text() const;
+    void setText(std::string_view text);
+    std::string_view label() const;
+    void setLabel(std::string_view label);
+    std::string_view hyperlink() const;
+    void setHyperlink(std::string_view hyperlink);
+
+    /// Length of the vertices' course, a closing side included; circumference of a circle, length of an arc.
+    double length() const;
+
+    std::uint32_t index() const { return index_; }
+    bool operator==(const Entity&) const = default;
+
+private:
+    Drawing* drawing_;
+    std::uint32_t index_;
+};
+
+/// A named, ordered subset of a drawing's entities.
+class SelectionSet {
+public:
+    std::size_t count() const { return entities_.size(); }
+    Entity item(std::size_t index) const { return {*drawing_, entities_[index]}; }
+    std::span<const std::uint32_t> indexes() const { return entities_; }
+
+private:
+    friend class Drawing;
+    Drawing* drawing_ = nullptr;
+    std::vector<std::uint32_t> entities_;
+};
+
+/// Layer names are compared without regard to the case of ASCII letters, because they name output files;
+/// attribute names are compared as they stand.
+class Drawing {
+public:
+    Drawing();
+    Drawing(const Drawing&) = delete;
+    Drawing& operator=(const Drawing&) = delete;
+
+    /// Replaces the contents by those of a drawing file.
+    /// @throws platform::ReadError: file, chunk and reason; the drawing is then empty.
+    void open(std::string_view path);
+    /// Writes the drawing file, atomically. @throws platform::WriteError
+    void saveAs(std::string_view path) const;
+    void clear();
+
+    std::vector<std::pair<std::string, std::string>>& properties() { return properties_; }
+    const std::vector<std::pair<std::string, std::string>>& properties() const { return properties_; }
+
+    const std::deque<Layer>& layers() const { return layers_; }
+    std::size_t layerCount() const { return layers_.size(); }
+    Layer* findLayer(std::string_view name);
+    /// The layer of that name, made when missing.
+    Layer& addLayer(std::string_view name);
+
+    const std::vector<Block>& blocks() const { return blocks_; }
+    const Block* findBlock(std::string_view name) const;
+    void addBlock(Block block);
+
+    /// Where new entities go; the layer is added when it is missing.
+    void setActiveLayer(std::string_view name);
+    const std::string& activeLayerName() const { return layers_[activeLayer_].name; }
+    void setActiveColour(Colour value) { active_.colour = value; }
+    void setActiveColourIndex(Colour index) { active_.colour = index; }
+    Colour activeColour() const { return active_.colour; }
+    void setActiveFillColour(Colour value) { active_.fillColour = value; }
+    Colour activeFillColour() const { return active_.fillColour; }
+
+    /// Entities that are not erased.
+    std::size_t entityCount() const { return entities_.size() - erased_; }
+    /// In drawing order, erased ones not counted.
+    Entity entityAt(std::size_t index);
+    std::optional<Entity> findByHandle(std::string_view handle);
+    /// Calls `visit(Entity)` for every entity in drawing order; the visitor may change, erase and add entities.
+    template <typename Visit>
+    void forEach(Visit visit) {
+        for (std::uint32_t i = 0; i < entities_.size(); ++i)
+            if (!(entities_[i].flags & Record::Erased)) visit(Entity(*this, i));
+    }
+
+    /// The entities of a layer in drawing order, at a cost that grows with their number only. The set is kept
+    /// under its name until it is selected anew.
+    SelectionSet& selectLayer(std::string_view setName, std::string_view layerName);
+
+    /// Bounding box of all entities; all 0 when there are none.
+    Box extents() const;
+    /// Fits the view, where there is one.
+    void zoomExtents() {}
+
+    Entity addPoint(const Point& point);
+    Entity addInsert(const Point& point, std::string_view blockName, double xScale, double yScale,
+                     double rotation);
+    Entity addPolyline(std::span<const Point> points = {});
+    Entity addText(const Point& point, std::string_view text, double height, double rotation);
+    Entity addCircle(const Point& centre, double radius);
+    Entity addArc(const Point& centre, double radius, double startAngle, double endAngle);
+    Entity addLine(const Point& from, const Point& to);
+    /// An entity of any kind, on the active layer with the active style; `kindName` names Kind::Other.
+    Entity addEntity(Kind kind, std::string_view kindName = "");
+    /// Gives an entity the handle that it had elsewhere. False, and nothing changed, when it is taken or not
+    /// hexadecimal.
+    bool setHandle(Entity entity, std::string_view handle);
+
+    /// Multiplies every coordinate, radius, height and symbol scale about the origin (0, 0, 0).
+    void scale(double factor);
+
+    // --- For importers, which add millions of entities with the same attribute names.
+
+    /// The interned sequence of these names, all of type text.
+    AttributeSet attributeSet(std::span<const std::string> names);
+    std::size_t attributeCount(AttributeSet set) const { return sets_[set].names.size(); }
+    /// Gives the entity added last, which must have no attributes yet, those names; the values follow, in
+    /// order, one appendValue() for each name.
+    void beginValues(AttributeSet set);
+    void appendValue(std::string_view value);
+    /// The entity added last gets the attributes of the entity before it, which are stored once.
+    void shareValues();
+    /// Adds vertices without heights to the entity added last; to be filled at once.
+    std::span<PlanePoint> extendPlan(std::size_t count);
+    void reserve(std::size_t entities, std::size_t vertices, std::size_t textBytes);
+
+private:
+    friend class Entity;
+    friend class XProperty;
+    friend class XProperties;
+    friend class VdfWriter;
+    friend class VdfReader;
+
+    struct Record {
+        enum Flag : std::uint8_t {
+            Closed = 1,
+            Filled = 2,
+            Erased = 4,
+            HasLabel = 8,
+            HasHyperlink = 16,
+            SharesTexts = 32  ///< its texts lie where another entity's do: never changed in place
+        };
+        std::uint64_t handle;
+        std::uint64_t textBegin;    ///< its texts: string, label, hyperlink, attribute values, as far as present
+        std::uint64_t vertexBegin;
+        std::uint32_t textSize;     ///< bytes
+        std::uint32_t vertexCount;
+        std::uint32_t layer, style, shape, set;
+        Kind kind;
+        std::uint8_t flags;
+    };
+    struct AttributeName {
+        std::string name;
+        std::int32_t typeCode;
+    };
+    struct NameSet {
+        std::vector<std::uint32_t> names;                           ///< into names_
+        std::unordered_map<std::uint32_t, AttributeSet> longerBy;   ///< the set with one more name
+    };
+
+    Entity add(Kind kind, const Point& at, const Shape& shape);
+    std::uint32_t layerIndex(std::string_view name);
+    std::uint32_t styleIndex(const Style& style);
+    std::uint32_t shapeIndex(const Shape& shape);
+    std::uint32_t nameIndex(std::string_view name, std::int32_t typeCode);
+    AttributeSet setLongerBy(AttributeSet set, std::uint32_t name);
+
+    std::size_t leadingTexts(const Record& record) const;
+    std::size_t textCount(const Record& record) const;
+    const char* textAt(const Record& record, std::size_t index) const;
+    std::string_view readText(const Record& record, std::size_t index) const;
+    /// Replaces text `index` (of all texts of the entity), or adds it there.
+    void changeText(Record& record, std::size_t index, std::string_view value, bool insert);
+    void removeText(Record& record, std::size_t index);
+    void setOptionalText(Record& record, std::size_t index, std::uint8_t flag, std::string_view value);
+    void moveTextsToEnd(Record& record);
+    void moveVerticesToEnd(Record& record);
+    void needHeights();
+    void rebuildHandles();
+
+    std::vector<std::pair<std::string, std::string>> properties_;
+    std::deque<Layer> layers_;
+    std::vector<std::vector<std::uint32_t>> onLayer_;   ///< entities by layer; may hold some that left it
+    std::vector<bool> layerDirty_;                      ///< onLayer_ is out of order or holds strangers
+    std::unordered_map<std::string, std::uint32_t> layerByName_;  ///< by the name in small letters
+    std::vector<Block> blocks_;
+    std::unordered_map<std::string, std::size_t> blockByName_;
+    std::uint32_t activeLayer_ = 0;
+    Style active_;
+
+    PodVector<Record> entities_;
+    PodVector<PlanePoint> vertices_;
+    PodVector<double> heights_;  ///< empty while every height is 0, else one per vertex
+    PodVector<char> texts_;      ///< each text as its length (LEB128) and its bytes
+    std::size_t erased_ = 0;
+    std::vector<std::uint32_t> order_;  ///< entities not erased; used once something is erased
+    bool orderStale_ = true;
+
+    std::vector<Style> styles_;
+    std::vector<Shape> shapes_;
+    std::vector<AttributeName> names_;
+    std::unordered_map<std::string, std::uint32_t> nameByText_;
+    std::vector<NameSet> sets_;
+
+    std::uint64_t nextHandle_ = 1;
+    bool handlesInOrder_ = true;  ///< handles rise with the index, so that they can be searched
+    std::unordered_map<std::uint64_t, std::uint32_t> byHandle_;
+    bool byHandleStale_ = true;
+
+    std::unordered_map<std::string, SelectionSet> selections_;
+};
+
+}  // namespace vexlator::drawing

@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+/// Text in memory is UTF-8; this is where other encodings come in and go out.
+namespace vexlator::platform {
+
+/// True when every byte is below 128: the text is the same in every encoding used here.
+bool IsAscii(std::string_view text);
+bool IsUtf8(std::string_view text);
+
+/// Windows-1252 to UTF-8. Every byte has a meaning: the five that the code page leaves open become the control
+/// characters of the same number, as Windows maps them, so that text passes through unchanged.
+std::string Utf8FromWindows1252(std::string_view bytes);
+void AppendUtf8FromWindows1252(std::string& target, std::string_view bytes);
+
+/// UTF-8 to Windows-1252. Characters that it lacks become "?", and `replaced` counts them.
+std::string Windows1252FromUtf8(std::string_view text, std::uint64_t* replaced = nullptr);
+bool FitsWindows1252(std::string_view text);
+
+/// The longest start of a UTF-8 text that takes at most `most` bytes and cuts no character.
+std::string_view CutUtf8(std::string_view text, std::size_t most);
+
+/// Decodes bytes of a named code page into UTF-8. Names are those of iconv ("CP1250", "BIG5", ...) and the
+/// spellings that GIS files use ("ANSI 1252", "65001", "ISO 88591", "WindowsLatin1").
+class Decoder {
+public:
+    /// The decoder for a name; for an unknown name one that IsKnown() tells, which decodes as Windows-1252.
+    explicit Decoder(std::string_view name);
+    ~Decoder();
+    Decoder(Decoder&&) noexcept;
+    Decoder& operator=(Decoder&&) noexcept;
+
+    bool IsKnown() const { return known_; }
+    bool IsUtf8() const { return kind_ == Kind::Utf8; }
+    /// Adds the decoded text to `target`. Bytes that are wrong in this encoding are taken as Windows-1252,
+    /// so that nothing is lost; Misfits() counts the texts in which that happened.
+    void Append(std::string& target, std::string_view bytes);
+    std::string Decode(std::string_view bytes) {
+        std::string text;
+        Append(text, bytes);
+        return text;
+    }
+    std::uint64_t Misfits() const { return misfits_; }
+
+private:
+    enum class Kind { Windows1252, Utf8, Iconv };
+    struct Iconv;
+    Kind kind_ = Kind::Windows1252;
+    bool known_ = true;
+    std::uint64_t misfits_ = 0;
+    std::unique_ptr<Iconv> iconv_;
+};
+
+}  // namespace vexlator::platform

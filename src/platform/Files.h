@@ -1,0 +1,158 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Errors.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Files as whole things: mapped to be read, replaced in one step when written. Paths are path texts
+/// (platform/Paths.h); every function finds existing files without regard to letter case.
+namespace vexlator::platform {
+
+/// The bytes of a file, mapped into memory while the object lives. An empty file gives empty bytes.
+/// A file that shrinks while it is mapped is not guarded against: sources are not written while they are read.
+class MappedFile {
+public:
+    /// @throws ReadError: no such file, no right to read it, a folder.
+    explicit MappedFile(std::string_view path);
+    ~MappedFile();
+    MappedFile(MappedFile&& other) noexcept;
+    MappedFile& operator=(MappedFile&& other) noexcept;
+    MappedFile(const MappedFile&) = delete;
+    MappedFile& operator=(const MappedFile&) = delete;
+
+    std::span<const std::byte> Bytes() const { return {data_, size_}; }
+    std::string_view Text() const { return {reinterpret_cast<const char*>(data_), size_}; }
+    /// Native path, for messages.
+    const std::string& Name() const { return name_; }
+    /// Tells that the bytes before `offset` are not needed again, so that they need not stay in memory.
+    void DoneBefore(std::size_t offset);
+
+private:
+    const std::byte* data_ = nullptr;
+    std::size_t size_ = 0;
+    std::size_t released_ = 0;
+    std::string name_;
+};
+
+/// A file that appears whole or not at all.
+/// Bytes go to a temporary file beside the target; Commit() syncs it and moves it into place, and removes
+/// files of the same name in another letter case. Destroyed without Commit(), it leaves the old target as it was.
+/// What a killed program leaves behind is taken away by RemoveLeftovers().
+/// @throws WriteError: native path, system reason; from every member that writes, and from Commit(), when the
+/// disk fills late.
+class OutputFile {
+public:
+    /// What Commit() does with files whose names differ from the target's by letter case only. Keep saves a
+    /// look through the folder, for callers that write thousands of files and know the names themselves.
+    enum class OtherCases { Replace, Keep };
+
+    explicit OutputFile(std::string_view path, OtherCases otherCases = OtherCases::Replace);
+    ~OutputFile();
+    OutputFile(OutputFile&& other) noexcept;
+    OutputFile& operator=(OutputFile&&) = delete;
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+
+    void Write(std::string_view bytes);
+    void Write(std::span<const std::byte> bytes) {
+        Write(std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()));
+    }
+    /// Room for up to `most` bytes inside the buffer, to be filled and then taken with Advance(); `most` is at
+    /// most BufferSize.
+    char* Reserve(std::size_t most) {
+        if (BufferSize - used_ < most) Flush();
+        return buffer_.get() + used_;
+    }
+    void Advance(std::size_t written) { used_ += written; }
+    /// Overwrites bytes at an offset that has been written before (a header whose totals came late).
+    void WriteAt(std::uint64_t offset, std::string_view bytes);
+    /// Bytes written so far.
+    std::uint64_t Size() const { return flushed_ + used_; }
+    /// Flushes and syncs; a Commit() that follows only renames. Call it on every file of a set before the
+    /// first is committed, so that the set changes within moments.
+    void Finish();
+    void Commit();
+    /// Native path of the target, for messages.
+    const std::string& Name() const { return target_; }
+    /// Native path of the temporary file, for libraries that write by path.
+    const std::string& TemporaryName() const { return temporary_; }
+
+    static constexpr std::size_t BufferSize = std::size_t{1} << 20;
+
+private:
+    void Flush();
+    void Put(const char* data, std::size_t size);
+    [[noreturn]] void Fail(int error) const;
+
+    std::string target_, temporary_;
+    int descriptor_ = -1;
+    OtherCases otherCases_;
+    bool finished_ = false;
+    std::unique_ptr<char[]> buffer_;
+    std::size_t used_ = 0;
+    std::uint64_t flushed_ = 0;
+    std::uint64_t pushed_ = 0;
+};
+
+/// Deletes temporary files that killed runs left in a folder. Those of running programs stay.
+void RemoveLeftovers(std::string_view folder);
+
+/// Writes the whole content of a file, atomically. @throws WriteError
+void ReplaceFile(std::string_view path, std::string_view content);
+
+/// Appends to a file, creating it; one write call, so that lines of several programs do not mix.
+/// @throws WriteError
+void AppendToFile(std::string_view path, std::string_view content);
+
+/// Copies a regular file atomically. @throws ReadError, WriteError
+void CopyWholeFile(std::string_view source, std::string_view target);
+
+/// Size in bytes of a regular file; 0 when it is missing, a folder, or cannot be looked at.
+std::uint64_t SizeOfFile(std::string_view path);
+bool FileExists(std::string_view path);
+bool FolderExists(std::string_view path);
+
+/// Creates one folder, or every missing folder of the path. True when the folder is there afterwards.
+bool CreateFolder(std::string_view path);
+bool CreateFolderTree(std::string_view path);
+/// Removes an empty folder; false when it is not empty or not there.
+bool RemoveEmptyFolder(std::string_view path);
+/// Deletes one file or link; false when there was none.
+bool RemoveFile(std::string_view path);
+
+/// Names (no folders before them) of the regular files in a folder, sorted without regard to letter case, so
+/// that every run sees the same order. Temporary files are left out. Empty when there is no such folder.
+std::vector<std::string> ListFiles(std::string_view folder);
+/// The same for sub-folders.
+std::vector<std::string> ListFolders(std::string_view folder);
+
+/// Holds an exclusive lock for its lifetime: on the file `path` + ".lock", which is made when missing and
+/// deleted when the last holder leaves. Waits until it is free.
+/// @throws WriteError when the lock file cannot be made.
+class FileLock {
+public:
+    explicit FileLock(std::string_view path);
+    ~FileLock();
+    FileLock(const FileLock&) = delete;
+    FileLock& operator=(const FileLock&) = delete;
+
+private:
+    std::string name_;
+    int descriptor_ = -1;
+};
+
+/// The full native path of the running program's folder.
+std::string ExecutableFolder();
+
+/// Lets this process hold as many open files as the system allows.
+void RaiseOpenFileLimit();
+
+}  // namespace vexlator::platform

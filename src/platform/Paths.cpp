@@ -1,0 +1,144 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "platform/Paths.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+#include <vector>
+
+namespace vexlator::platform {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+char Upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+bool IsLetter(char c) { return Lower(c) >= 'a' && Lower(c) <= 'z'; }
+
+std::string WithSlashes(std::string_view path) {
+    std::string text(path);
+    std::replace(text.begin(), text.end(), '\\', '/');
+    return text;
+}
+
+bool IsDrivePath(std::string_view p) { return p.size() >= 2 && IsLetter(p[0]) && p[1] == ':'; }
+bool IsServerPath(std::string_view p) { return p.size() > 2 && p[0] == '\\' && p[1] == '\\'; }
+
+std::string DrivesFolder() {
+    if (const char* drives = std::getenv("VEXLATOR_DRIVES"); drives && *drives) return drives;
+    if (const char* data = std::getenv("XDG_DATA_HOME"); data && *data)
+        return std::string(data) + "/vexlator/drives";
+    const char* home = std::getenv("HOME");
+    return std::string(home && *home ? home : "/") + "/.local/share/vexlator/drives";
+}
+
+bool Exists(const std::string& path) {
+    std::error_code ignored;
+    return fs::exists(fs::symlink_status(path, ignored));
+}
+
+/// The entry of a folder whose name equals `name` but for case; the first in sorted order when several do.
+std::string EntryNoCase(const std::string& folder, std::string_view name) {
+    std::string found;
+    std::error_code error;
+    for (fs::directory_iterator it(folder.empty() ? "." : folder, error), end; !error && it != end;
+         it.increment(error)) {
+        std::string entry = it->path().filename().string();
+        if (SameNoCase(entry, name) && (found.empty() || entry < found)) found = entry;
+    }
+    return found;
+}
+
+std::vector<std::string> Components(const std::string& native) {
+    std::vector<std::string> parts;
+    for (std::size_t begin = 0; begin <= native.size();) {
+        std::size_t end = std::min(native.find('/', begin), native.size());
+        if (end > begin) parts.emplace_back(native, begin, end - begin);
+        begin = end + 1;
+    }
+    return parts;
+}
+
+std::string Append(const std::string& folder, const std::string& name) {
+    if (folder.empty()) return name;
+    return folder.back() == '/' ? folder + name : folder + "/" + name;
+}
+
+/// Walks `native` component by component. Stops matching at the first one that is missing in any case;
+/// `complete` tells whether the end was reached.
+std::string MatchNoCase(const std::string& native, bool& complete) {
+    std::string result = !native.empty() && native[0] == '/' ? "/" : "";
+    complete = true;
+    for (const std::string& part : Components(native)) {
+        std::string exact = Append(result, part);
+        if (complete && !Exists(exact)) {
+            std::string entry = EntryNoCase(result, part);
+            if (entry.empty())
+                complete = false;
+            else
+                exact = Append(result, entry);
+        }
+        result = std::move(exact);
+    }
+    return result;
+}
+
+}  // namespace
+
+bool SameNoCase(std::string_view a, std::string_view b) {
+    return a.size() == b.size() &&
+           std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return Lower(x) == Lower(y); });
+}
+
+std::string LowerAscii(std::string_view text) {
+    std::string result(text);
+    std::transform(result.begin(), result.end(), result.begin(), Lower);
+    return result;
+}
+
+std::string UpperAscii(std::string_view text) {
+    std::string result(text);
+    std::transform(result.begin(), result.end(), result.begin(), Upper);
+    return result;
+}
+
+std::string NativePath(std::string_view path) {
+    if (IsDrivePath(path)) {
+        std::string rest = WithSlashes(path.substr(2));
+        if (!rest.empty() && rest[0] != '/') rest.insert(rest.begin(), '/');
+        return DrivesFolder() + "/" + Upper(path[0]) + rest;
+    }
+    if (IsServerPath(path)) return DrivesFolder() + "/unc/" + WithSlashes(path.substr(2));
+    return WithSlashes(path);
+}
+
+std::string FindExisting(std::string_view path) {
+    std::string native = NativePath(path);
+    if (native.empty()) return "";
+    if (Exists(native)) return native;
+    bool complete = false;
+    std::string match = MatchNoCase(native, complete);
+    return complete ? match : "";
+}
+
+std::string PathToWrite(std::string_view path) {
+    std::string native = NativePath(path);
+    std::size_t slash = native.rfind('/');
+    if (slash == std::string::npos || slash == 0) return native;
+    std::string folder = native.substr(0, slash);
+    if (Exists(folder)) return native;
+    bool complete = false;
+    return MatchNoCase(folder, complete) + native.substr(slash);
+}
+
+std::string AbsolutePath(std::string_view path) {
+    if (path.empty() || IsDrivePath(path) || IsServerPath(path)) return std::string(path);
+    if (path[0] == '/' || path[0] == '\\') return std::string(path);
+    std::error_code ignored;
+    return fs::current_path(ignored).string() + "/" + std::string(path);
+}
+
+}  // namespace vexlator::platform

@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// Where path texts become paths of the operating system. Nothing else in the program does this.
+///
+/// A path text is UTF-8; both `\` and `/` separate folders. On Unix `X:\rest` lies below the drives folder
+/// (environment variable VEXLATOR_DRIVES, else vexlator/drives in the user's data folder; one sub-folder per
+/// letter) and `\\server\share` below its sub-folder "unc"; everything else is the native path with `\` as `/`.
+namespace vexlator::platform {
+
+/// The native form of a path text, without looking at the disk. This is what people are shown.
+std::string NativePath(std::string_view path);
+
+/// The native path of an existing file or folder: the exact name, else component by component without
+/// regard to letter case. "" when there is none.
+std::string FindExisting(std::string_view path);
+
+/// The native path to write to: existing folders are matched without regard to case, the last component is
+/// kept as given. Folders that are missing stay in the result as given.
+std::string PathToWrite(std::string_view path);
+
+/// The path text made absolute against the current folder; drive and server paths stay as they are.
+std::string AbsolutePath(std::string_view path);
+
+/// Equal but for letter case (ASCII letters only, as file names are compared here).
+bool SameNoCase(std::string_view a, std::string_view b);
+
+/// ASCII letters made small; other bytes stay.
+std::string LowerAscii(std::string_view text);
+/// ASCII letters made capital; other bytes stay.
+std::string UpperAscii(std::string_view text);
+
+}  // namespace vexlator::platform

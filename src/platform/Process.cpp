@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "platform/Process.h"
+
+#include <array>
+#include <cctype>
+#include <cerrno>
+#include <chrono>
+#include <cstdlib>
+#include <pwd.h>
+#include <spawn.h>
+#include <string_view>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+extern char** environ;
+
+namespace vexlator::platform {
+
+namespace {
+
+std::vector<std::string> SplitArguments(const std::string& line) {
+    std::vector<std::string> arguments;
+    bool quoted = false, open = false;
+    for (char c : line) {
+        if (c == '"') {
+            quoted = !quoted;
+            if (!open) arguments.emplace_back();
+            open = true;
+        } else if (c == ' ' && !quoted) {
+            open = false;
+        } else {
+            if (!open) arguments.emplace_back();
+            open = true;
+            arguments.back() += c;
+        }
+    }
+    return arguments;
+}
+
+/// Process number, or -1.
+pid_t Spawn(std::vector<std::string> arguments) {
+    if (arguments.empty()) return -1;
+    std::vector<char*> pointers;
+    for (std::string& argument : arguments) pointers.push_back(argument.data());
+    pointers.push_back(nullptr);
+    pid_t child = -1;
+    return ::posix_spawnp(&child, pointers[0], nullptr, nullptr, pointers.data(), environ) == 0 ? child : -1;
+}
+
+}  // namespace
+
+std::string CurrentUser() {
+    for (const char* name : {"USER", "LOGNAME", "USERNAME"})
+        if (const char* user = std::getenv(name); user && *user) return std::string(user).substr(0, 255);
+    const passwd* entry = ::getpwuid(::geteuid());
+    return entry && entry->pw_name ? entry->pw_name : "";
+}
+
+std::string LocaleCountry() {
+    for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+        const char* value = std::getenv(name);
+        if (!value || !*value) continue;
+        std::string_view locale = value;
+        std::size_t mark = locale.find('_');
+        if (mark == std::string_view::npos) return "UNK";
+        std::string country(locale.substr(mark + 1, 2));
+        bool letters = country.size() == 2 && std::isupper(static_cast<unsigned char>(country[0])) &&
+                       std::isupper(static_cast<unsigned char>(country[1]));
+        return letters ? country : "UNK";
+    }
+    return "UNK";
+}
+
+int RunProgram(const std::string& commandLine) {
+    pid_t child = Spawn(SplitArguments(commandLine));
+    if (child < 0) return -1;
+    int status = 0;
+    while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    }
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+bool OpenWithDesktop(const std::string& nativePath) {
+    return Spawn({"xdg-open", nativePath}) > 0;
+}
+
+void Sleep(double seconds) { std::this_thread::sleep_for(std::chrono::duration<double>(seconds)); }
+
+}  // namespace vexlator::platform

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+/// The user, the system and other programs.
+namespace vexlator::platform {
+
+/// Login name of the person running the program.
+std::string CurrentUser();
+
+/// ISO 3166 country of the system's locale settings, as in "GB"; "UNK" when they name none.
+std::string LocaleCountry();
+
+/// Starts a program from a command line (blanks separate arguments, double quotes enclose one) and waits until
+/// it ends. Returns its exit status, or -1 when it could not be started.
+int RunProgram(const std::string& commandLine);
+
+/// Asks the desktop to open a document with its registered program; does not wait. False when it cannot.
+bool OpenWithDesktop(const std::string& nativePath);
+
+/// Suspends this thread.
+void Sleep(double seconds);
+
+}  // namespace vexlator::platform

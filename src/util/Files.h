@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Files.h"
+#include "ui/UserInterface.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// File helpers that never raise an error: callers look at the results.
+namespace vexlator::util {
+
+/// Size in bytes; 0 when the file does not exist or cannot be read. Above 0 means: exists and is not empty.
+std::uint64_t FileSize(std::string_view path);
+/// Creates one folder level; errors are ignored.
+void MakeFolder(std::string_view path);
+/// Creates every missing level.
+void MakeFolderTree(std::string_view path);
+/// Removes an empty folder; errors are ignored.
+void RemoveFolder(std::string_view path);
+/// Without "*" deletes that file, with "*" every file of the folder that matches the pattern.
+void DeleteFiles(std::string_view pathOrPattern);
+/// With "*" in the source: copies every match into the target's folder under its own name. Else copies the one
+/// file, when it exists and is not empty. Returns whether anything was copied.
+bool CopyFiles(std::string_view sourceOrPattern, std::string_view target);
+/// Renames the source to the target, which it replaces, when the source exists and is not empty.
+bool MoveFile(std::string_view source, std::string_view target);
+/// Replaces the file's content by the text and a line end (CR LF).
+bool WriteTextFile(std::string_view path, std::string_view text);
+/// The first line; "" when the file does not exist or is empty.
+std::string ReadFirstLine(std::string_view path);
+/// Names match a pattern in which "*" stands for any text and "?" for one character; "*.*" matches every
+/// name, as on Windows. Letter case does not count.
+bool MatchesPattern(std::string_view name, std::string_view pattern);
+
+/// Opens a file for reading. On failure nothing is returned and the message "Error Opening ", the path, a line
+/// end and the system's reason are shown when `show` is given.
+std::optional<platform::MappedFile> OpenFile(std::string_view path, ui::UserInterface* show = nullptr);
+
+/// Text lines that end in CR LF, LF or CR, from a buffer.
+class LineReader {
+public:
+    explicit LineReader(std::string_view text) : text_(text) {}
+    bool AtEnd() const { return position_ >= text_.size(); }
+    /// The next line without its line end; at the end of the text the rest.
+    std::string_view ReadTextLine();
+    /// Number of the line read last, from 1.
+    std::uint64_t Line() const { return line_; }
+
+private:
+    std::string_view text_;
+    std::size_t position_ = 0;
+    std::uint64_t line_ = 0;
+};
+
+/// The scratch folder X:\temp\gv of the first drive, C to Z, where its marker file can be written.
+std::string FindTempFolder();
+
+}  // namespace vexlator::util

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Clock.h"
+
+#include <string_view>
+
+namespace vexlator::util {
+
+/// Appends one line: DayMonthText, a blank, TimeText, ": " and the text. An empty path writes nothing; a log
+/// that cannot be written is no error.
+void WriteRunLog(std::string_view logPath, std::string_view text, const platform::DateTime& when);
+
+}  // namespace vexlator::util

@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+/// Delimited text. Fields are numbered from 0; a delimiter is one or more characters.
+namespace vexlator::util {
+
+/// Field number `index`; the last field runs to the end; "" when the text has fewer.
+std::string_view GetField(std::size_t index, std::string_view text, std::string_view delimiter);
+std::string_view GetCommaField(std::size_t index, std::string_view text);
+/// GetCommaField read as a number; 0 when it is not one.
+double GetCommaNumber(std::size_t index, std::string_view text);
+std::string_view GetBarField(std::size_t index, std::string_view text);
+/// How often `part` occurs, overlapping hits included: "aa" occurs twice in "aaa".
+std::size_t CountOf(std::string_view text, std::string_view part);
+/// Position from 1 of `part`, letter case ignored; 0 when absent.
+std::size_t InStrNoCase(std::string_view text, std::string_view part);
+/// Without the blanks (spaces only) at both ends.
+std::string_view Trim(std::string_view text);
+std::string ReplaceAll(std::string_view text, std::string_view what, std::string_view by);
+/// Blanks become "_"; the name DATE (any letter case) becomes "gvDate".
+std::string FieldNameFor(std::string_view name);
+/// The text in the user's language. `languageFile` holds lines of the form text|||translation; a text that it
+/// lacks is added to it as text|||text and returned unchanged.
+std::string TranslateText(std::string_view text, std::string_view languageFile);
+
+}  // namespace vexlator::util
