@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Session.h"
+#include "util/Angles.h"
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace vexlator::coords {
+
+class Backend;
+
+/// How the numbers of a whole array come back.
+enum class Rounding {
+    AsText,  ///< as the texts would read: degrees with six decimals, grid metres with three
+    None     ///< as computed
+};
+
+/// National grid to latitude and longitude, and back. [GPS] TRANSFORMATION of gv.ini names the definition file
+/// that decides how, once for the life of the object:
+/// - no such file, or an empty one: the British National Grid through a correction grid (CorrectionGrid.h);
+/// - its path holds "LatLng", in any letter case: the drawing is in degrees already, nothing is converted;
+/// - else: the coordinate system that the file defines (Transformer.h).
+/// What cannot be converted well (outside the grid, not a number) is never converted roughly: it gives no
+/// result. Made for one thread.
+class frmLatLng {
+public:
+    /// Prepares the correction grid where it is the one to use; shows "No Correction File Found" when there is
+    /// none. A coordinate system is loaded when it is first needed, once for each direction.
+    explicit frmLatLng(config::Session& session);
+    ~frmLatLng();
+    frmLatLng(const frmLatLng&) = delete;
+    frmLatLng& operator=(const frmLatLng&) = delete;
+
+    /// Latitude, longitude and height, or easting, northing and height.
+    struct Texts {
+        std::string first, second, height;
+    };
+
+    /// Latitude and longitude as decimal degrees with six decimals or, with `degreesAsText`, as angle texts
+    /// whose seconds have nine decimals, so that they read back as the same six decimals.
+    std::optional<Texts> GridToLatLng(double easting, double northing, double height, bool degreesAsText);
+    /// Latitude and longitude are angle texts (they hold a ') or decimal degrees. Grid values come back in
+    /// metres with three decimals.
+    std::optional<Texts> LatLngToGrid(std::string_view latitude, std::string_view longitude,
+                                      std::string_view height);
+
+    /// Whole arrays, in place: x is the easting or longitude, y the northing or latitude in decimal degrees.
+    /// `heights` is empty or as long as `points`. Points that cannot be converted keep what they hold.
+    /// Returns how many those are.
+    std::size_t GridToLatLng(std::span<util::PlanePoint> points, std::span<double> heights = {},
+                             Rounding rounding = Rounding::AsText);
+    std::size_t LatLngToGrid(std::span<util::PlanePoint> points, std::span<double> heights = {},
+                             Rounding rounding = Rounding::AsText);
+
+private:
+    std::unique_ptr<Backend> backend_;
+};
+
+}  // namespace vexlator::coords
