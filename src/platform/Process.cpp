@@ -40,12 +40,18 @@ std::vector<std::string> SplitArguments(const std::string& line) {
     return arguments;
 }
 
-/// Process number, or -1.
-pid_t Spawn(std::vector<std::string> arguments) {
-    if (arguments.empty()) return -1;
+/// As the system takes them: ended by a null pointer. They point into `arguments`.
+std::vector<char*> Pointers(std::vector<std::string>& arguments) {
     std::vector<char*> pointers;
     for (std::string& argument : arguments) pointers.push_back(argument.data());
     pointers.push_back(nullptr);
+    return pointers;
+}
+
+/// Process number, or -1.
+pid_t Spawn(std::vector<std::string> arguments) {
+    if (arguments.empty()) return -1;
+    std::vector<char*> pointers = Pointers(arguments);
     pid_t child = -1;
     return ::posix_spawnp(&child, pointers[0], nullptr, nullptr, pointers.data(), environ) == 0 ? child : -1;
 }
@@ -81,6 +87,11 @@ int RunProgram(const std::string& commandLine) {
     while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
     }
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+void ReplaceProcess(const std::string& nativePath, std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), nativePath);
+    ::execv(nativePath.c_str(), Pointers(arguments).data());
 }
 
 bool OpenWithDesktop(const std::string& nativePath) {

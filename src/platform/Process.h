@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 /// The user, the system and other programs.
 namespace vexlator::platform {
@@ -16,6 +17,10 @@ std::string LocaleCountry();
 /// Starts a program from a command line (blanks separate arguments, double quotes enclose one) and waits until
 /// it ends. Returns its exit status, or -1 when it could not be started.
 int RunProgram(const std::string& commandLine);
+
+/// Becomes another program, which gets the arguments as they stand and this process's streams. Returns only when
+/// that program cannot be started.
+void ReplaceProcess(const std::string& nativePath, std::vector<std::string> arguments);
 
 /// Asks the desktop to open a document with its registered program; does not wait. False when it cannot.
 bool OpenWithDesktop(const std::string& nativePath);
