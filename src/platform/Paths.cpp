@@ -134,6 +134,17 @@ std::string PathToWrite(std::string_view path) {
     return MatchNoCase(folder, complete) + native.substr(slash);
 }
 
+std::string RealPath(std::string_view path) {
+    std::error_code error;
+    fs::path real = fs::canonical(FindExisting(path), error);
+    return error ? "" : real.string();
+}
+
+bool IsLink(std::string_view path) {
+    std::error_code ignored;
+    return fs::is_symlink(fs::symlink_status(NativePath(path), ignored));
+}
+
 std::string AbsolutePath(std::string_view path) {
     if (path.empty() || IsDrivePath(path) || IsServerPath(path)) return std::string(path);
     if (path[0] == '/' || path[0] == '\\') return std::string(path);

@@ -23,6 +23,13 @@ std::string FindExisting(std::string_view path);
 /// kept as given. Folders that are missing stay in the result as given.
 std::string PathToWrite(std::string_view path);
 
+/// The native path of an existing file or folder with every symbolic link on the way resolved. "" when there is
+/// none, or when it cannot be reached.
+std::string RealPath(std::string_view path);
+
+/// Whether the file or folder is itself a symbolic link, be it a dangling one. Letter case counts.
+bool IsLink(std::string_view path);
+
 /// The path text made absolute against the current folder; drive and server paths stay as they are.
 std::string AbsolutePath(std::string_view path);
 

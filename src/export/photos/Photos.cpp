@@ -1,0 +1,198 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "export/photos/Photos.h"
+
+#include "export/photos/PhotoFolders.h"
+#include "platform/CodePages.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "util/Files.h"
+#include "util/Paths.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <unordered_map>
+
+namespace vexlator::exporter {
+
+namespace {
+
+bool IsSeparator(char c) {
+    return c == '\\' || c == '/';
+}
+
+std::string WithBackslashes(std::string_view path) {
+    std::string text(path);
+    std::replace(text.begin(), text.end(), '/', '\\');
+    return text;
+}
+
+/// Four bytes as a number, letters made small.
+std::uint32_t LowerFour(const char* text) {
+    std::uint32_t word;
+    std::memcpy(&word, text, sizeof word);
+    return word | 0x20202020U;
+}
+
+/// Called for every value of the drawing: most hold no full stop, and are looked through once.
+bool NamesPhoto(std::string_view value) {
+    static const std::uint32_t jpg = LowerFour(".jpg"), bmp = LowerFour(".bmp");
+    const char* position = value.data();
+    const char* end = position + value.size();
+    while (end - position >= 4) {
+        position = static_cast<const char*>(
+            std::memchr(position, '.', static_cast<std::size_t>(end - position) - 3));
+        if (!position) return false;
+        std::uint32_t word = LowerFour(position);
+        if (word == jpg || word == bmp) return true;
+        ++position;
+    }
+    return false;
+}
+
+struct PhotoSettings {
+    std::string source, target, falseTarget;
+    bool copy = true, fullPath = false, list = false;
+};
+
+PhotoSettings ReadPhotoSettings(const config::Session& session, std::string_view sourceFolder,
+                                std::string_view targetFolder) {
+    PhotoSettings settings;
+    settings.source = sourceFolder;
+    settings.target = targetFolder;
+    std::string fixedTarget = session.ReadIni("PHOTO", "FixedExportFolder");
+    if (session.ReadIniFlag("PHOTO", "FixedExport") && !fixedTarget.empty()) settings.target = fixedTarget;
+    settings.fullPath = session.ReadIniFlag("PHOTO", "FullPath");
+    settings.copy = !session.ReadIniFlag("PHOTO", "DontCopy");
+    if (!settings.copy) settings.target = settings.source;
+    std::string fixedSource = session.ReadIni("PHOTO", "FIXEDSOURCE");
+    if (!fixedSource.empty()) settings.source = fixedSource;
+    settings.falseTarget = session.ReadIni("PHOTO", "FALSETARGET");
+    settings.list = session.ReadIniFlag("THIRD", "SSE");
+    return settings;
+}
+
+std::string CsvField(std::string_view text) {
+    if (text.find_first_of(",\"\r\n") == std::string_view::npos) return std::string(text);
+    std::string quoted = "\"";
+    for (char c : text) quoted.append(c == '"' ? 2 : 1, c);
+    return quoted + '"';
+}
+
+/// Gathers the photos of one drawing.
+class Gathering {
+public:
+    Gathering(config::Session& session, PhotoSettings settings)
+        : session_(session),
+          settings_(std::move(settings)),
+          source_(settings_.source),
+          target_(settings_.target),
+          fullTarget_(platform::NativePath(platform::AbsolutePath(settings_.target))) {
+        if (platform::RealPath(settings_.target) == source_.Root()) settings_.copy = false;
+    }
+
+    void Visit(drawing::Entity entity) {
+        drawing::Kind kind = entity.kindCode();
+        if (kind != drawing::Kind::Insert && kind != drawing::Kind::Point && kind != drawing::Kind::Polyline)
+            return;
+        found_.clear();
+        drawing::ValueCursor values = entity.xproperties().values();
+        for (std::size_t i = 0; !values.AtEnd(); ++i)
+            if (NamesPhoto(values.Next())) found_.push_back(i);
+        // Changing a value ends the walk over them, so that the changes come after it.
+        for (std::size_t index : found_) Gather(entity.xproperties(), index);
+    }
+
+    const std::string& List() const { return list_; }
+
+private:
+    void Gather(const drawing::XProperties& properties, std::size_t index) {
+        std::string value(properties.item(index).value());
+        std::string_view first = properties.item(0).value();
+        if (!IsCopied(value))
+            session_.Settings().MissingPhotos += value + " missing from " + std::string(first) + "\r\n";
+        else if (settings_.list)
+            list_ += CsvField(first) + "," + CsvField(FullPath(value)) + "\r\n";
+        if (settings_.fullPath) properties.item(index).setValue(FullPath(value));
+        if (!settings_.falseTarget.empty()) {
+            std::string text = util::JoinPath(settings_.falseTarget, value);
+            properties.item(index).setValue(text);
+            session_.DebugMessage(text);
+        }
+    }
+
+    std::string FullPath(std::string_view value) const {
+        return platform::NativePath(util::JoinPath(fullTarget_, value));
+    }
+
+    /// Whether the photo lies in the target folder now. Each is looked for once, whoever names it.
+    bool IsCopied(std::string_view value) {
+        auto [known, isNew] = copied_.try_emplace(platform::LowerAscii(WithBackslashes(value)), false);
+        if (isNew && settings_.copy) known->second = Copy(value);
+        return known->second;
+    }
+
+    bool Copy(std::string_view value) {
+        std::vector<std::string_view> parts = PhotoPathParts(value);
+        std::string photo = source_.Find(parts);
+        if (photo.empty() || util::FileSize(photo) == 0) return false;
+        try {
+            return target_.Copy(photo, parts);
+        } catch (const platform::ReadError&) {
+            return false;
+        }
+    }
+
+    config::Session& session_;
+    PhotoSettings settings_;
+    PhotoSource source_;
+    PhotoTarget target_;
+    std::string fullTarget_;  ///< the target folder as written into features and the list
+    std::unordered_map<std::string, bool> copied_;
+    std::vector<std::size_t> found_;
+    std::string list_;
+};
+
+/// The list goes to programs that expect Windows-1252; only text that it lacks makes it UTF-8.
+void WritePhotoList(std::string_view path, const std::string& list) {
+    DropLink(path);
+    platform::ReplaceFile(path, platform::FitsWindows1252(list) ? platform::Windows1252FromUtf8(list) : list);
+}
+
+/// The part of `path` below `folder`; nothing when it lies elsewhere. Both separators are the same.
+std::string PathBelow(std::string_view path, std::string_view folder) {
+    while (!folder.empty() && IsSeparator(folder.back())) folder.remove_suffix(1);
+    if (folder.empty() || path.size() <= folder.size() || !IsSeparator(path[folder.size()])) return "";
+    bool below =
+        platform::SameNoCase(WithBackslashes(path.substr(0, folder.size())), WithBackslashes(folder));
+    return below ? WithBackslashes(path.substr(folder.size() + 1)) : "";
+}
+
+}  // namespace
+
+void ReadJobSource(config::Session& session,
+                   const std::vector<std::pair<std::string, std::string>>& properties) {
+    auto source = std::find_if(properties.begin(), properties.end(),
+                               [](const auto& property) { return property.first == "Source"; });
+    if (source == properties.end()) return;
+    config::SharedSettings& settings = session.Settings();
+    settings.JobSourcePath = source->second;
+    std::string below = PathBelow(source->second, settings.WorkFlowDirectory);
+    if (!below.empty()) settings.JobRelativePath = below;
+}
+
+void GatherPhotos(config::Session& session, drawing::Drawing& drawing, std::string_view sourceFolder,
+                  std::string_view listName, std::string_view targetFolder) {
+    PhotoSettings settings = ReadPhotoSettings(session, sourceFolder, targetFolder);
+    if (settings.source.empty()) return;
+    util::MakeFolder(targetFolder);
+    session.Settings().MissingPhotos.clear();
+    Gathering gathering(session, settings);
+    drawing.forEach([&](drawing::Entity entity) { gathering.Visit(entity); });
+    if (settings.list)
+        WritePhotoList(util::JoinPath(targetFolder, util::SafeFileName(std::string(listName) + ".CSV")),
+                       gathering.List());
+}
+
+}  // namespace vexlator::exporter

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Session.h"
+#include "drawing/Drawing.h"
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace vexlator::exporter {
+
+/// Takes the drawing's "Source" property as JobSourcePath, and the part of it below WorkFlowDirectory, its
+/// folders separated by "\", as JobRelativePath. Settings stay as they are when there is no such property;
+/// the relative path does when the job lies elsewhere.
+void ReadJobSource(config::Session& session,
+                   const std::vector<std::pair<std::string, std::string>>& properties);
+
+/// Copies the photographs that the drawing's points, symbols and lines name in their attributes (values that
+/// hold .JPG or .BMP) from `sourceFolder` to `targetFolder`, as section PHOTO of gv.ini directs:
+///   FixedExport, FixedExportFolder   copy to that folder instead
+///   FIXEDSOURCE                      take them from that folder instead
+///   DontCopy                         copy nothing: all count as missing
+///   FullPath                         values become the full paths of the copies (in memory)
+///   FALSETARGET                      values become paths below that folder (in memory)
+/// With [THIRD] SSE the copies are listed in `listName`.CSV in the target folder: the feature's first
+/// attribute value and the copy's path. MissingPhotos gets one line for every value whose photo is missing,
+/// empty, unreadable, or outside the source folder, which is never touched. Nothing is done without a source
+/// folder.
+/// @throws platform::WriteError
+void GatherPhotos(config::Session& session, drawing::Drawing& drawing, std::string_view sourceFolder,
+                  std::string_view listName, std::string_view targetFolder);
+
+}  // namespace vexlator::exporter
