@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "startup/Main.h"
+
+#include "Options.h"
+#include "platform/Files.h"
+#include "platform/Process.h"
+#include "platform/Terminal.h"
+#include "startup/Check.h"
+#include "startup/Installation.h"
+#include "ui/terminal/TerminalInterface.h"
+
+#include <cstdio>
+
+/// The terminal program: its own options, then one command text.
+namespace vexlator {
+namespace {
+
+using startup::ExitStatus;
+
+constexpr const char* helpText =
+    R"(vexlator: turns field drawings into GIS formats, and GIS formats into drawings
+
+  vexlator "IMPORT PATH"            imports a file; the drawing PATH.VDF (its name, that extension) is made
+  vexlator "IMPORT PATH|PATH|..."   imports several files into one drawing, named after the first
+  vexlator "PATH.FORMAT"            exports the drawing PATH.VDF to that format, into the folder PATH
+  vexlator [SELECT | GO OPTIONS]    opens the selection window
+
+In a command:
+  -QUIET                            asks no questions that would hold up an unattended run
+  ?BOX MINX,MINY,MAXX,MAXY ?        limits an import to this extent
+
+Before a command:
+  --yes                             answers every question with Yes
+
+Instead of a command:
+  --init FOLDER                     makes an installation; never overwrites a file
+  --check                           tells what is configured and what is missing
+  --help, --version
+
+The environment variable VEXLATOR_HOME names the installation; without it, it is the program's folder.
+Exit status: 0 done; 1 the conversion failed; 2 the installation or an option is not usable;
+3 nothing to do for this command; 4 stopped by the answer to a question.
+)";
+
+ExitStatus Print(const char* text) {
+    bool printed = std::fputs(text, stdout) >= 0 && std::fflush(stdout) == 0;
+    return printed ? ExitStatus::Done : ExitStatus::Failed;
+}
+
+/// The desktop program beside this one shows the window, and takes this process over.
+ExitStatus OpenDesktop(config::Session& session, std::string_view received) {
+    std::vector<std::string> arguments;
+    if (!received.empty()) arguments.emplace_back(received);
+    platform::ReplaceProcess(platform::ExecutableFolder() + "/vexlator-desktop", std::move(arguments));
+    session.Ui().Report(
+        "vexlator: the selection window needs vexlator-desktop in the folder of this program; "
+        "vexlator --help lists what works without it");
+    return ExitStatus::NothingToDo;
+}
+
+ExitStatus Perform(const Options& options) {
+    ui::TerminalInterface terminal(
+        stdin, stderr, {.yesToAll = options.yesToAll, .isTerminal = platform::IsTerminal(stderr)});
+    if (!options.error.empty()) {
+        terminal.Report("vexlator: " + options.error + "; see vexlator --help");
+        return ExitStatus::NotUsable;
+    }
+    switch (options.task) {
+        case Options::Task::Help:
+            return Print(helpText);
+        case Options::Task::Version:
+            return Print("vexlator " VEXLATOR_VERSION "\n");
+        case Options::Task::Init:
+            return startup::MakeInstallation(options.initFolder, terminal);
+        case Options::Task::Check:
+            return startup::CheckInstallation(terminal);
+        case Options::Task::Run:
+            break;
+    }
+    return startup::Main(options.commandText, terminal, {.showSelection = OpenDesktop});
+}
+
+}  // namespace
+}  // namespace vexlator
+
+int main(int argc, char** argv) {
+    using namespace vexlator;
+    platform::IgnoreBrokenPipes();
+    std::span<const char* const> arguments(argv, static_cast<std::size_t>(argc));
+    return static_cast<int>(Perform(ParseOptions(arguments.subspan(argc > 0 ? 1 : 0))));
+}

@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "startup/Conversions.h"
+
+#include <algorithm>
+#include <array>
+
+namespace vexlator::startup {
+
+namespace {
+
+// A conversion gets its form, its Start() and with it its call in its row here; nothing else has to change.
+
+template <typename Form>
+config::Outcome Import(config::Session& session, const ImportCommand& command) {
+    return Form(session).Start(command.sourcePath, command.sourceFolder, command.fileList);
+}
+
+template <typename Form>
+config::Outcome Export(config::Session& session, const ExportCommand& command) {
+    return Form(session).Start(command.drawingPath, command.targetPath);
+}
+
+constexpr std::array importRows{
+    ImportRow{"MID", "frmFromMID", nullptr},  ImportRow{"SHP", "frmFromSHP", nullptr},
+    ImportRow{"FMO", "frmFromFMO", nullptr},  ImportRow{"TPK", "frmFromFMO", nullptr},
+    ImportRow{"CSV", "frmFromCSV", nullptr},  ImportRow{"TAB", "frmFromTAB", nullptr},
+    ImportRow{"PPS", "frmFromCAW", nullptr},  ImportRow{"JOB", "frmFromJOB", nullptr},
+    ImportRow{"PAK", "frmFromJOB", nullptr},  ImportRow{"GDB", "frmFromESRI", nullptr},
+    ImportRow{"MXD", "frmFromESRI", nullptr}, ImportRow{"SWD", "frmFromSWD", nullptr},
+    ImportRow{"XML", "frmFromXML", nullptr},  ImportRow{"GML", "frmFromGML", nullptr},
+    ImportRow{"ADT", "frmFromADT", nullptr},
+};
+
+constexpr std::array exportRows{
+    ExportRow{"MID", "frmMID", nullptr},
+    ExportRow{"SHP", "frmSHP", nullptr},
+    ExportRow{"DWG", "frmDWG", nullptr},
+    ExportRow{"DXF", "frmDWG", nullptr},
+    ExportRow{"DGN", "frmDWG", nullptr},
+    ExportRow{"GRP", "frmGRP", nullptr},
+    ExportRow{"CSV", "frmCSV", nullptr},
+    ExportRow{"ASC", "frmCSV", nullptr},
+    ExportRow{"KML", "frmKML", nullptr},
+    ExportRow{"DBF", "frmDBF", nullptr},
+    ExportRow{"OV2", "frmTom", nullptr},
+    ExportRow{"GML", "frmGML", nullptr},
+    ExportRow{"XML", "frmXML", nullptr},
+    ExportRow{"PDF", "frmPDF", nullptr},
+    ExportRow{"STY", "frmPDF", nullptr},
+    ExportRow{"TAB", "frmTAB", nullptr},
+    ExportRow{"MDB", "frmMDB", nullptr},
+    ExportRow{"ENV", "frmENV", nullptr},
+    ExportRow{"CAW", "frmCAW", nullptr},
+    ExportRow{"XLS", "frmXLS", nullptr},
+    ExportRow{"PDB", "frmESRI", nullptr},
+    ExportRow{"MXD", "frmESRI", nullptr},
+    ExportRow{"SWD", "frmSWD", nullptr},
+    ExportRow{.code = "FMO", .form = "frmFMO", .call = nullptr, .intoFmoDirectory = true},
+};
+
+template <typename Row>
+const Row* Find(std::span<const Row> rows, std::string_view code) {
+    auto row = std::ranges::find(rows, code, &Row::code);
+    return row == rows.end() ? nullptr : &*row;
+}
+
+}  // namespace
+
+const ImportRow* Conversions::FindImport(std::string_view code) const {
+    return Find(imports, code);
+}
+const ExportRow* Conversions::FindExport(std::string_view code) const {
+    return Find(exports, code);
+}
+
+Conversions AllConversions() {
+    return {importRows, exportRows};
+}
+
+}  // namespace vexlator::startup

@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Outcome.h"
+#include "config/Session.h"
+#include "startup/CommandLine.h"
+
+#include <span>
+#include <string_view>
+
+/// The list of formats: which conversion a format code leads to. There is no other.
+namespace vexlator::startup {
+
+using ImportCall = config::Outcome (*)(config::Session&, const ImportCommand&);
+using ExportCall = config::Outcome (*)(config::Session&, const ExportCommand&);
+
+struct ImportRow {
+    std::string_view code;
+    std::string_view form;  ///< name of the conversion form
+    ImportCall call;        ///< nullptr while the conversion does not exist
+};
+
+struct ExportRow {
+    std::string_view code;
+    std::string_view form;
+    ExportCall call;
+    bool intoFmoDirectory = false;  ///< the results go to FMODirectory, not to the folder beside the drawing
+};
+
+/// The rows that a run chooses from. Rows are tried in order.
+struct Conversions {
+    std::span<const ImportRow> imports;
+    std::span<const ExportRow> exports;
+
+    /// nullptr when the code is in no row.
+    const ImportRow* FindImport(std::string_view code) const;
+    const ExportRow* FindExport(std::string_view code) const;
+};
+
+/// Every format that there is.
+Conversions AllConversions();
+
+}  // namespace vexlator::startup

@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "startup/Installation.h"
+
+#include "drawing/Drawing.h"
+#include "platform/CodePages.h"
+#include "platform/Errors.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "startup/InstallationFiles.h"
+#include "util/Paths.h"
+#include "workflow/WorkflowDatabase.h"
+
+#include <algorithm>
+#include <exception>
+#include <functional>
+#include <string>
+
+namespace vexlator::startup {
+
+namespace {
+
+/// A folder that is being filled. Nothing that is there is touched.
+class Builder {
+public:
+    Builder(std::string folder, ui::UserInterface& userInterface)
+        : folder_(std::move(folder)), ui_(userInterface) {}
+
+    void Folder(std::string_view name) {
+        Make(name, [](const std::string& path) {
+            if (!platform::CreateFolderTree(path))
+                throw platform::WriteError(platform::NativePath(path), "the folder cannot be made");
+        });
+    }
+    void File(std::string_view name, std::string_view content) {
+        Make(name, [&](const std::string& path) { platform::ReplaceFile(path, content); });
+    }
+    void Make(std::string_view name, const std::function<void(const std::string& path)>& make) {
+        std::string path = name.empty() ? folder_ : util::JoinPath(folder_, name);
+        bool present = !platform::FindExisting(path).empty();
+        if (!present) make(path);
+        ui_.Report((present ? "kept " : "made ") + platform::NativePath(path));
+    }
+
+private:
+    std::string folder_;
+    ui::UserInterface& ui_;
+};
+
+/// The symbol of codes that have none of their own: a circle with a dot, one unit wide.
+void MakeDefaultSymbol(const std::string& path) {
+    drawing::Drawing symbol;
+    symbol.addCircle({0, 0, 0}, 0.5);
+    symbol.addPoint({0, 0, 0});
+    symbol.saveAs(path);
+}
+
+/// The folder as it stands in the lines of gv.ini. @throws WriteError when they cannot hold it.
+std::string FolderForSettings(std::string_view folder) {
+    std::string native = platform::NativePath(platform::AbsolutePath(folder));
+    while (native.ends_with('/') && native.size() > 1) native.pop_back();
+    bool broken = std::ranges::any_of(native, [](char c) { return c >= 0 && c < ' '; });
+    if (broken || !platform::IsUtf8(native))
+        throw platform::WriteError(native, "settings cannot hold the characters of this folder name");
+    return native;
+}
+
+void Fill(const std::string& folder, ui::UserInterface& userInterface) {
+    Builder builder(folder, userInterface);
+    for (std::string_view name :
+         {"", "ATP", "LocalATPs", "Symbols", "FMO", "Jobs", "WorkFlow", "Temp", "Resources"})
+        builder.Folder(name);
+    for (const InstallationFile& file : DefaultFiles()) builder.File(file.path, file.content);
+    builder.Make("Symbols/DEFAULT.VDF", MakeDefaultSymbol);
+    builder.Make("WorkFlow/WorkFlow.MDB", workflow::CreateWorkflowDatabase);
+    builder.File("gv.ini", DefaultIni(folder));
+    userInterface.Report("ready: VEXLATOR_HOME=" + folder + " vexlator \"IMPORT FILE.SHP\"");
+}
+
+}  // namespace
+
+ExitStatus MakeInstallation(std::string_view folder, ui::UserInterface& userInterface) {
+    try {
+        Fill(FolderForSettings(folder), userInterface);
+        return ExitStatus::Done;
+    } catch (const std::exception& error) {
+        userInterface.ShowMessage(error.what());
+        return ExitStatus::Failed;
+    }
+}
+
+}  // namespace vexlator::startup

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Clock.h"
+#include "startup/Conversions.h"
+#include "startup/ExitStatus.h"
+#include "ui/UserInterface.h"
+
+#include <functional>
+#include <string_view>
+
+namespace vexlator::startup {
+
+/// Shows the selection window and stays until it is closed. It gets the command text as the program received
+/// it, because GO at its start makes the window run its Go flow by itself.
+using SelectionWindow = std::function<ExitStatus(config::Session&, std::string_view received)>;
+
+struct MainOptions {
+    Conversions conversions = AllConversions();
+    SelectionWindow showSelection = {};  ///< none: a command that asks for it finds nothing to do
+    platform::Clock clock = platform::LocalTime;
+};
+
+/// One run of the program: reads the settings, then does what the command text asks for, which is at most one
+/// conversion. Never throws: what a conversion throws is shown to the person and written to the run log.
+ExitStatus Main(std::string_view commandText, ui::UserInterface& userInterface,
+                const MainOptions& options = {});
+
+}  // namespace vexlator::startup

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Session.h"
+#include "startup/CommandLine.h"
+
+#include <span>
+#include <string>
+
+/// How a run comes to its settings.
+namespace vexlator::startup {
+
+/// The installation: the folder named by the environment variable VEXLATOR_HOME, else the program's own.
+std::string InstallationFolder();
+
+/// Fills IniFilePath and the folders that follow from it.
+void LocateSettings(config::Session& session);
+
+/// Keeps the options of a GO command in gv.ini, where the selection window looks for them.
+void KeepGoOptions(config::Session& session, std::span<const GoOption> options);
+
+/// Reads the settings that every conversion shares from gv.ini.
+void ReadSettings(config::Session& session);
+
+}  // namespace vexlator::startup

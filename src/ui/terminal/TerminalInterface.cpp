@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "ui/terminal/TerminalInterface.h"
+
+#include "platform/Paths.h"
+#include "ui/terminal/PlainText.h"
+#include "util/Text.h"
+
+#include <string>
+
+namespace vexlator::ui {
+
+namespace {
+
+/// The next line, as far as an answer can be told from it.
+std::string ReadAnswer(std::FILE* input) {
+    constexpr std::size_t longestAnswer = 80;
+    std::string line;
+    for (int c = std::getc(input); c != EOF && c != '\n'; c = std::getc(input))
+        if (c != '\r' && line.size() < longestAnswer) line += static_cast<char>(c);
+    return line;
+}
+
+bool IsYes(std::string_view answer) {
+    std::string_view word = util::Trim(answer);
+    return platform::SameNoCase(word, "y") || platform::SameNoCase(word, "yes");
+}
+
+/// Where nobody shows progress.
+class SilentView : public FormView {
+    void SetCaption(std::string_view) override {}
+    void SetLabel(std::string_view) override {}
+    void Progress(std::uint64_t, std::uint64_t) override {}
+};
+
+}  // namespace
+
+void TerminalInterface::WriteLine(std::string_view line) {
+    progress_.Erase();
+    std::string text = std::string(line) + "\n";
+    std::fwrite(text.data(), 1, text.size(), output_);
+    std::fflush(output_);
+}
+
+void TerminalInterface::ShowMessage(std::string_view text) {
+    WriteLine("message: " + IndentedLines(text));
+}
+
+bool TerminalInterface::AskYesNo(std::string_view text) {
+    WriteLine("question: " + IndentedLines(text) + " [y/N]");
+    return options_.yesToAll || IsYes(ReadAnswer(input_));
+}
+
+void TerminalInterface::Report(std::string_view line) {
+    WriteLine(IndentedLines(line));
+}
+
+std::unique_ptr<FormView> TerminalInterface::ShowForm(std::string_view) {
+    if (options_.isTerminal) return std::make_unique<ProgressView>(progress_);
+    return std::make_unique<SilentView>();
+}
+
+void TerminalInterface::Beep() {
+    if (!options_.isTerminal) return;
+    std::fputc('\a', output_);
+    std::fflush(output_);
+}
+
+}  // namespace vexlator::ui

@@ -1,0 +1,278 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "config/Ini.h"
+#include "startup/Main.h"
+#include "support/TempFolder.h"
+#include "support/TestUi.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <gtest/gtest.h>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace vexlator::startup {
+namespace {
+
+namespace fs = std::filesystem;
+using config::Outcome;
+using Lines = std::vector<std::string>;
+
+/// What the conversions below were called with, and what they do. Calls are plain functions, hence no object.
+struct Stub {
+    Lines calls;
+    std::function<Outcome(config::Session&)> act = [](config::Session&) { return Outcome{}; };
+};
+Stub stub;
+
+template <int form>
+Outcome ImportStub(config::Session& session, const ImportCommand& c) {
+    stub.calls.push_back(std::to_string(form) + " " + c.sourcePath + " " + c.sourceFolder + " " + c.fileList);
+    return stub.act(session);
+}
+
+Outcome ExportStub(config::Session& session, const ExportCommand& c) {
+    stub.calls.push_back(c.code + " " + c.drawingPath + " " + c.targetPath);
+    return stub.act(session);
+}
+
+constexpr ImportRow imports[] = {{"SHP", "frmFromSHP", ImportStub<1>}, {"CSV", "frmFromCSV", ImportStub<2>},
+                                 {"PPS", "frmFromCAW", ImportStub<3>}, {"JOB", "frmFromJOB", ImportStub<4>},
+                                 {"ADT", "frmFromADT", ImportStub<5>}, {"GML", "frmFromGML", nullptr}};
+constexpr ExportRow exports[] = {
+    {"SHP", "frmSHP", ExportStub}, {"DWG", "frmDWG", nullptr}, {"FMO", "frmFMO", ExportStub, true}};
+
+class MainTest : public testing::Test {
+protected:
+    MainTest() {
+        stub = Stub();
+        ::setenv("VEXLATOR_HOME", home.Path().c_str(), 1);
+        ::setenv("VEXLATOR_DRIVES", (home / "drives").c_str(), 1);
+        WriteIni("[GENERAL]\nATPDirectory=/atp\nSymbolsDirectory=/sym\nFMODirectory=" + (home / "fmo") +
+                 "\nTempDirectory=" + (home / "temp") + "\n");
+    }
+    void WriteIni(const std::string& text) { home.Write("gv.ini", text); }
+    void SetIni(std::string_view section, std::string_view key, std::string_view value) {
+        config::WriteIniFile(home / "gv.ini", section, key, value);
+    }
+    int Run(const std::string& command) {
+        ui = test::TestUi();
+        MainOptions options{.conversions = {imports, exports},
+                            .showSelection = [this](config::Session& session, std::string_view received) {
+                                settings = session.Settings();
+                                selections.emplace_back(received);
+                                return ExitStatus::Done;
+                            }};
+        return static_cast<int>(Main(command, ui, options));
+    }
+    /// Lets the conversion keep the settings that it sees.
+    void KeepSettings() {
+        stub.act = [this](config::Session& session) {
+            settings = session.Settings();
+            return Outcome{};
+        };
+    }
+
+    test::TempFolder home;
+    test::TestUi ui;
+    config::SharedSettings settings;
+    Lines selections;
+};
+
+TEST_F(MainTest, MissingFoldersEndTheRun) {
+    WriteIni("[GENERAL]\nSymbolsDirectory=/sym\n");
+    EXPECT_EQ(Run("IMPORT /p/a.SHP -QUIET"), 2);
+    EXPECT_EQ(ui.messages, Lines{"No ATPfolder"});
+    WriteIni("[GENERAL]\nATPDirectory=/atp\n");
+    EXPECT_EQ(Run("SELECT"), 2);
+    EXPECT_EQ(ui.messages, Lines{"No SYMfolder"});
+    EXPECT_TRUE(stub.calls.empty());
+    EXPECT_TRUE(selections.empty());
+}
+
+TEST_F(MainTest, SelectionWindowGetsTheTextAsReceived) {
+    for (const std::string& text : {"", "GO", "SELECT", "-QUIET", "\"", "\"\"", "-QUIET ?BOX 1,2,3,4 ?"}) {
+        selections.clear();
+        EXPECT_EQ(Run(text), 0) << text;
+        EXPECT_EQ(selections, Lines{text});
+    }
+    EXPECT_TRUE(stub.calls.empty());
+}
+
+TEST_F(MainTest, GoOptionsAreKeptInTheSettings) {
+    EXPECT_EQ(Run("GO runmin=1,chkAll=1,TXTMobileStyle=m.bsf,ARC10=5,txtSource=a=b"), 0);
+    EXPECT_TRUE(settings.RunMinimised);
+    std::string ini = home / "gv.ini";
+    EXPECT_EQ(config::ReadIniFile(ini, "OPTION", "chkAll"), "1");
+    EXPECT_EQ(config::ReadIniFile(ini, "OPTION", "txtSource"), "a");
+    EXPECT_EQ(config::ReadIniFile(ini, "OPTION", "runmin"), "");
+    EXPECT_EQ(config::ReadIniFile(ini, "MOBILESTYLING", "FILE"), "m.bsf");
+    EXPECT_EQ(config::ReadIniFile(ini, "ESRI", "ARC10"), "5");
+    for (const std::string& notOne : {"GO runmin=x", "GO runmin=2", "GO runmin", "GO"}) {
+        EXPECT_EQ(Run(notOne), 0);
+        EXPECT_FALSE(settings.RunMinimised) << notOne;
+    }
+}
+
+TEST_F(MainTest, SettingsOfARun) {
+    SetIni("GENERAL", "AutoLaunchExport", "1");
+    SetIni("GENERAL", "VEXLATORDEBUG", "yes");
+    SetIni("HOUSEKEEPING", "ReProcessFieldNames", "1");
+    SetIni("GENERICOUT", "SHORTENFIELDSON", "/");
+    SetIni("GENERICIN", "INOUTLOG", "/log");
+    KeepSettings();
+    EXPECT_EQ(Run("IMPORT /p/a.SHP -quiet.SHP ?BOX 1,2,3,4 ?"), 0);
+    EXPECT_EQ(stub.calls, Lines{"1 /p/a.SHP -quiet.SHP /p "});
+    EXPECT_EQ(settings.ProgramFolder, home.Path());
+    EXPECT_EQ(settings.ConfigFolder, home.Path());
+    EXPECT_EQ(settings.ATPDirectory, "/atp");
+    EXPECT_TRUE(settings.AutoLaunchExport && settings.ReProcessFieldNames && settings.Quiet);
+    EXPECT_FALSE(settings.DebugMode || settings.CreateZip);
+    EXPECT_EQ(settings.SHORTENFIELDSON + settings.InOutLog, "//log");
+    EXPECT_EQ(settings.ImportExtent.minX + settings.ImportExtent.maxY, 5);
+    EXPECT_TRUE(fs::is_directory(home / "temp"));
+}
+
+TEST_F(MainTest, DebugModeShowsTemplatesAndCommand) {
+    SetIni("GENERAL", "VEXLATORDEBUG", "1");
+    EXPECT_EQ(Run("IMPORT /p/a.SHP"), 0);
+    EXPECT_EQ(ui.messages, (Lines{"ATP:/atp", "IMPORT /p/a.SHP"}));
+}
+
+TEST_F(MainTest, SwitchesInFrontOfACommand) {
+    EXPECT_EQ(Run("-QUIET IMPORT /p/a.SHP|/p/b.SHP"), 0);
+    EXPECT_EQ(stub.calls, Lines{"1 /p/a.SHP /p |/p/b.SHP"});
+    // A quoted command that a blank follows keeps its last quote.
+    EXPECT_EQ(Run("\"IMPORT /p/a.SHP\" "), 3);
+    EXPECT_EQ(ui.reports, Lines{"vexlator: nothing imports \"SHP\"\""});
+}
+
+TEST_F(MainTest, TextFilesAreTablesOrMeterReadings) {
+    EXPECT_EQ(Run("IMPORT /p/x.txt"), 0);
+    SetIni("THIRD", "CAW", "1");
+    EXPECT_EQ(Run("IMPORT /p/x.txt"), 0);
+    EXPECT_EQ(stub.calls, (Lines{"2 /p/x.txt /p ", "3 /p/x.txt /p "}));
+}
+
+TEST_F(MainTest, AShortJobStandsForTheAdtFileBesideIt) {
+    std::string job = home / "a.JOB";
+    std::string adt = home.Path() + "/a.ADT";
+    auto called = [&](std::size_t jobSize, std::string_view adtContent) {
+        home.Write("a.JOB", std::string(jobSize, 'x'));
+        home.Write("a.ADT", adtContent);
+        stub.calls.clear();
+        EXPECT_EQ(Run("IMPORT " + job), 0);
+        return stub.calls.at(0);
+    };
+    EXPECT_EQ(called(40, "adt"), "5 " + adt + " " + home.Path() + " ");
+    EXPECT_EQ(called(63, "adt"), "5 " + adt + " " + home.Path() + " ");
+    EXPECT_EQ(called(64, "adt"), "4 " + job + " " + home.Path() + " ");
+    EXPECT_EQ(called(40, ""), "4 " + job + " " + home.Path() + " ");
+}
+
+TEST_F(MainTest, NothingToDoIsOnePlainLine) {
+    struct Case {
+        std::string command, line;
+    };
+    std::string p = home / "p";
+    for (const Case& c : std::vector<Case>{
+             {"IMPORT /p/a.GML", "vexlator: GML import is not available yet"},
+             {"IMPORT /p/a.XYZ", "vexlator: nothing imports \"XYZ\""},
+             {"IMPORT", "vexlator: nothing imports \"\""},
+             {p + ".DWG", "vexlator: DWG export is not available yet"},
+             {p + ".xyz", "vexlator: nothing exports to \"XYZ\""},
+             {p, "vexlator: \"" + p + "\" names no format to export to"},
+         }) {
+        EXPECT_EQ(Run(c.command), 3) << c.command;
+        EXPECT_EQ(ui.reports, Lines{c.line});
+        EXPECT_TRUE(ui.messages.empty());
+    }
+}
+
+TEST_F(MainTest, StepsAfterAnExportFollowAnUnknownCodeToo) {
+    std::string list = home.Write("a/MissingPhotos.LST", "old");
+    EXPECT_EQ(Run(home / "a.XYZ"), 3);
+    EXPECT_FALSE(fs::exists(list));
+    EXPECT_EQ(Run(home / "b.XYZ"), 3);
+    EXPECT_TRUE(fs::is_directory(home / "b"));
+}
+
+TEST_F(MainTest, SummaryCountsWhatWasDone) {
+    stub.act = [](config::Session& session) {
+        session.Losses().Count(config::LossReport::Kind::Cut, "FENCE", "NOTES", 3);
+        return Outcome{.layers = 3, .features = 12345, .target = "/p\\a"};
+    };
+    EXPECT_EQ(Run(home / "a.shp"), 0);
+    ASSERT_EQ(ui.reports.size(), 2u);
+    EXPECT_EQ(ui.reports[0], "exported 3 layers, 12,345 features to /p/a");
+    EXPECT_NE(ui.reports[1].find("FENCE.NOTES 3"), std::string::npos);
+    stub.act = [](config::Session&) { return Outcome{.layers = 1, .features = 1, .target = "/p/a.VDF"}; };
+    EXPECT_EQ(Run("IMPORT /p/a.SHP"), 0);
+    EXPECT_EQ(ui.reports, Lines{"imported 1 layer, 1 feature to /p/a.VDF"});
+}
+
+TEST_F(MainTest, MissingPhotographsAreListed) {
+    stub.act = [](config::Session& session) {
+        session.Settings().MissingPhotos = "A.JPG missing from 7\r\n";
+        return Outcome{};
+    };
+    EXPECT_EQ(Run(home / "a.SHP"), 0);
+    EXPECT_EQ(test::TempFolder::Read(home / "a/MissingPhotos.LST"), "A.JPG missing from 7\r\n\r\n");
+    // The results of an FMO export lie in FMODirectory, and so does what follows it.
+    fs::create_directory(home / "fmo");
+    EXPECT_EQ(Run(home / "a.FMO"), 0);
+    EXPECT_TRUE(fs::exists(home / "fmo/MissingPhotos.LST"));
+}
+
+TEST_F(MainTest, ExportsThatDoNotEndLeaveNoTrace) {
+    struct Case {
+        std::function<Outcome(config::Session&)> act;
+        int status;
+        Lines messages;
+    };
+    auto ends = [](Outcome::Status status) {
+        return [=](config::Session&) { return Outcome{.status = status}; };
+    };
+    for (const Case& c : std::vector<Case>{
+             {ends(Outcome::Status::StoppedByUser), 4, {}},
+             {ends(Outcome::Status::Failed), 1, {}},
+             {[](config::Session&) -> Outcome { throw platform::ReadError("a.VDF", "byte 7", "cut"); },
+              1,
+              {"a.VDF: byte 7: cut"}},
+             {[](config::Session&) -> Outcome { throw std::bad_alloc(); }, 1, {"Not enough memory"}},
+         }) {
+        stub.act = [&](config::Session& session) {
+            session.Settings().MissingPhotos = "A.JPG";
+            return c.act(session);
+        };
+        std::string list = home.Write("old/MissingPhotos.LST", "old");
+        EXPECT_EQ(Run(home / "old.SHP"), c.status);
+        EXPECT_EQ(ui.messages, c.messages);
+        EXPECT_TRUE(ui.reports.empty());
+        EXPECT_EQ(test::TempFolder::Read(list), "old");
+        EXPECT_EQ(Run(home / "new.SHP"), c.status);
+        EXPECT_FALSE(fs::exists(home / "new"));
+    }
+}
+
+TEST_F(MainTest, ErrorsGoToTheRunLogToo) {
+    SetIni("GENERICIN", "INOUTLOG", home / "run.log");
+    stub.act = [](config::Session&) -> Outcome { throw platform::WriteError("/p/a.VDF", "no space left"); };
+    EXPECT_EQ(Run("IMPORT /p/a.SHP -QUIET"), 1);
+    EXPECT_NE(test::TempFolder::Read(home / "run.log").find("/p/a.VDF: no space left"), std::string::npos);
+}
+
+TEST(AllConversions, EveryCodeLeadsToOneForm) {
+    auto check = [](const auto& rows, std::size_t count) {
+        std::set<std::string_view> codes;
+        for (const auto& row : rows) EXPECT_TRUE(codes.insert(row.code).second) << row.code;
+        EXPECT_EQ(codes.size(), count);
+    };
+    check(AllConversions().imports, 15);
+    check(AllConversions().exports, 24);
+}
+
+}  // namespace
+}  // namespace vexlator::startup
