@@ -67,7 +67,7 @@ TEST(Extent, TheBlockIsTakenOutOfTheText) {
 }
 
 TEST(Extent, AnOpenBlockStays) {
-    for (const std::string& open : {"a ", "a ?BO", "a ?BOX", " a ?BOX 1,2,3,4 ", "? a ?BOX 1"}) {
+    for (std::string open : {"a ", "a ?BO", "a ?BOX", " a ?BOX 1,2,3,4 ", "? a ?BOX 1"}) {
         std::string text = open;
         EXPECT_FALSE(TakeExtent(text)) << open;
         EXPECT_EQ(text, open);

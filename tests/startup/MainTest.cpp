@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 #include "config/Ini.h"
+#include "platform/Errors.h"
 #include "startup/Main.h"
 #include "support/TempFolder.h"
 #include "support/TestUi.h"
@@ -93,7 +94,7 @@ TEST_F(MainTest, MissingFoldersEndTheRun) {
 }
 
 TEST_F(MainTest, SelectionWindowGetsTheTextAsReceived) {
-    for (const std::string& text : {"", "GO", "SELECT", "-QUIET", "\"", "\"\"", "-QUIET ?BOX 1,2,3,4 ?"}) {
+    for (std::string text : {"", "GO", "SELECT", "-QUIET", "\"", "\"\"", "-QUIET ?BOX 1,2,3,4 ?"}) {
         selections.clear();
         EXPECT_EQ(Run(text), 0) << text;
         EXPECT_EQ(selections, Lines{text});
@@ -110,7 +111,7 @@ TEST_F(MainTest, GoOptionsAreKeptInTheSettings) {
     EXPECT_EQ(config::ReadIniFile(ini, "OPTION", "runmin"), "");
     EXPECT_EQ(config::ReadIniFile(ini, "MOBILESTYLING", "FILE"), "m.bsf");
     EXPECT_EQ(config::ReadIniFile(ini, "ESRI", "ARC10"), "5");
-    for (const std::string& notOne : {"GO runmin=x", "GO runmin=2", "GO runmin", "GO"}) {
+    for (std::string notOne : {"GO runmin=x", "GO runmin=2", "GO runmin", "GO"}) {
         EXPECT_EQ(Run(notOne), 0);
         EXPECT_FALSE(settings.RunMinimised) << notOne;
     }
@@ -233,7 +234,11 @@ TEST_F(MainTest, ExportsThatDoNotEndLeaveNoTrace) {
         Lines messages;
     };
     auto ends = [](Outcome::Status status) {
-        return [=](config::Session&) { return Outcome{.status = status}; };
+        return [=](config::Session&) {
+            Outcome outcome;
+            outcome.status = status;
+            return outcome;
+        };
     };
     for (const Case& c : std::vector<Case>{
              {ends(Outcome::Status::StoppedByUser), 4, {}},

@@ -1,0 +1,95 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "startup/Check.h"
+
+#include "config/Session.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "startup/Settings.h"
+#include "util/Files.h"
+#include "util/Paths.h"
+
+#include <exception>
+#include <string>
+#include <vector>
+
+namespace vexlator::startup {
+
+namespace {
+
+/// The lines of one report.
+class Checker {
+public:
+    explicit Checker(ui::UserInterface& userInterface) : session_(userInterface) {
+        LocateSettings(session_);
+        ReadSettings(session_);
+    }
+
+    ExitStatus Check() {
+        const config::SharedSettings& settings = session_.Settings();
+        Line("installation", platform::NativePath(settings.ProgramFolder));
+        File("settings", settings.IniFilePath);
+        bool usable = Folder("ATPDirectory", settings.ATPDirectory, "required");
+        usable &= Folder("SymbolsDirectory", settings.SymbolsDirectory, "required");
+        Folder("FMODirectory", settings.FMODirectory, "no database definitions");
+        Folder("WorkFlowDirectory", settings.WorkFlowDirectory, "drawings belong to no job");
+        Folder("TempDirectory", settings.TempDirectory, "");
+        File("default symbol", util::JoinPath(settings.SymbolsDirectory, "DEFAULT.VDF"));
+        File("projection file", ProjectionFile());
+        WorkflowDatabase();
+        Line("ODBC drivers", Listed({}));
+        Line("correction grids", Listed({}));
+        Line("result", usable ? "usable" : "not usable");
+        return usable ? ExitStatus::Done : ExitStatus::NotUsable;
+    }
+
+private:
+    void Line(std::string_view what, const std::string& state) {
+        session_.Ui().Report(std::string(what) + ": " + state);
+    }
+    bool File(std::string_view what, std::string_view path) {
+        bool present = util::FileSize(path) > 0;
+        Line(what, platform::NativePath(path) + (present ? "" : " (missing)"));
+        return present;
+    }
+    bool Folder(std::string_view key, const std::string& path, const std::string& whenUnset) {
+        bool present = !path.empty() && platform::FolderExists(path);
+        Line(key, path.empty() ? "not set (" + whenUnset + ")"
+                               : platform::NativePath(path) + (present ? "" : " (missing)"));
+        return present;
+    }
+    std::string ProjectionFile() const {
+        std::string name = session_.ReadIni("SHPout", "PRJ");
+        std::string folder = util::JoinPath(session_.Settings().ProgramFolder, "Resources");
+        return util::JoinPath(folder, name.empty() ? "ESRI.PRJ" : name);
+    }
+    void WorkflowDatabase() {
+        const std::string& folder = session_.Settings().WorkFlowSystem;
+        if (!session_.ReadIni("WORKFLOW", "CONNECTION").empty())
+            Line("workflow database", "a server ([WORKFLOW] CONNECTION)");
+        else if (folder.empty())
+            Line("workflow database", "not set (exports are not recorded)");
+        else
+            File("workflow database", util::JoinPath(folder, "WorkFlow.MDB"));
+    }
+    static std::string Listed(const std::vector<std::string>& names) {
+        std::string text;
+        for (const std::string& name : names) text += (text.empty() ? "" : ", ") + name;
+        return text.empty() ? "none found" : text;
+    }
+
+    config::Session session_;
+};
+
+}  // namespace
+
+ExitStatus CheckInstallation(ui::UserInterface& userInterface) {
+    try {
+        return Checker(userInterface).Check();
+    } catch (const std::exception& error) {
+        userInterface.ShowMessage(error.what());
+        return ExitStatus::NotUsable;
+    }
+}
+
+}  // namespace vexlator::startup
