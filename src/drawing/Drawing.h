@@ -342,7 +342,10 @@ private:
         std::unordered_map<std::uint32_t, AttributeSet> longerBy;   ///< the set with one more name
     };
 
-    Entity add(Kind kind, const Point& at, const Shape& shape);
+    enum class TextChange { Insert, Replace, Remove };
+
+    Entity add(Kind kind, const Shape& shape);
+    Entity add(Kind kind, const Shape& shape, const Point& at);
     std::uint32_t layerIndex(std::string_view name);
     std::uint32_t styleIndex(const Style& style);
     std::uint32_t shapeIndex(const Shape& shape);
@@ -353,14 +356,17 @@ private:
     std::size_t textCount(const Record& record) const;
     const char* textAt(const Record& record, std::size_t index) const;
     std::string_view readText(const Record& record, std::size_t index) const;
-    /// Replaces text `index` (of all texts of the entity), or adds it there.
-    void changeText(Record& record, std::size_t index, std::string_view value, bool insert);
-    void removeText(Record& record, std::size_t index);
-    void setOptionalText(Record& record, std::size_t index, std::uint8_t flag, std::string_view value);
-    void moveTextsToEnd(Record& record);
+    const AttributeName& attributeName(std::uint32_t entity, std::size_t index) const {
+        return names_[sets_[entities_[entity].set].names[index]];
+    }
+    /// Changes text `index`, counted over all texts of the entity. `value` may not lie in texts_.
+    void changeTexts(std::uint32_t entity, TextChange change, std::size_t index, std::string_view value);
+    void appendText(std::uint32_t entity, std::string_view value);
+    void setOptionalText(std::uint32_t entity, std::size_t index, std::uint8_t flag, std::string_view value);
     void moveVerticesToEnd(Record& record);
     void needHeights();
-    void rebuildHandles();
+    void indexHandles();
+    std::optional<std::uint32_t> indexOfHandle(std::uint64_t handle);
 
     std::vector<std::pair<std::string, std::string>> properties_;
     std::deque<Layer> layers_;
@@ -387,9 +393,8 @@ private:
     std::vector<NameSet> sets_;
 
     std::uint64_t nextHandle_ = 1;
-    bool handlesInOrder_ = true;  ///< handles rise with the index, so that they can be searched
     std::unordered_map<std::uint64_t, std::uint32_t> byHandle_;
-    bool byHandleStale_ = true;
+    bool handlesIndexed_ = false;  ///< byHandle_ is complete; built when a search first needs it
 
     std::unordered_map<std::string, SelectionSet> selections_;
 };

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "drawing/Drawing.h"
+#include "platform/Files.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+/// The drawing file, format version 500; docs/drawing-format.md describes it byte by byte.
+namespace vexlator::drawing {
+
+/// Writes all of a drawing; the caller commits the file.
+void WriteVdf(const Drawing& drawing, platform::OutputFile& file);
+
+/// Fills an empty drawing from a file. @throws platform::ReadError: file, chunk and reason
+void ReadVdf(std::string_view path, Drawing& drawing);
+
+/// The same from bytes in memory, which must lie at a multiple of 8; errors name no file.
+void ReadVdf(std::span<const std::byte> bytes, Drawing& drawing);
+
+/// Layout facts that reader and writer share. All numbers are little-endian.
+namespace vdf {
+
+constexpr std::string_view magic = "VXDRAW\r\n";  ///< the line end shows damage by text-mode transfers
+constexpr std::string_view endMagic = "VXDREND\n";
+constexpr std::uint32_t version = 500;
+constexpr std::size_t headerSize = 16;   ///< magic, version, 0
+constexpr std::size_t frameSize = 16;    ///< before each chunk: its length, its XXH3 checksum
+constexpr std::size_t trailerSize = 32;  ///< index offset, index length, index checksum, endMagic
+constexpr std::size_t entitiesPerChunk = 65536;
+
+/// In a chunk's flags: the entity's texts are those of the entity before it.
+constexpr std::uint8_t sameTexts = 32;
+
+}  // namespace vdf
+
+}  // namespace vexlator::drawing

@@ -1,0 +1,351 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "drawing/Drawing.h"
+#include "drawing/TextBlock.h"
+#include "drawing/Vdf.h"
+#include "platform/Paths.h"
+
+#include "vdf_generated.h"
+#include <algorithm>
+#include <cstring>
+#include <flatbuffers/flatbuffers.h>
+#include <numeric>
+#include <xxhash.h>
+
+namespace vexlator::drawing {
+
+using platform::ReadError;
+
+namespace {
+
+std::uint64_t NumberAt(std::span<const std::byte> bytes, std::size_t offset) {
+    std::uint64_t number;
+    std::memcpy(&number, bytes.data() + offset, sizeof number);
+    return number;
+}
+
+bool TextAt(std::span<const std::byte> bytes, std::size_t offset, std::string_view text) {
+    return std::memcmp(bytes.data() + offset, text.data(), text.size()) == 0;
+}
+
+/// A column of which one element may stand for all entities.
+template <typename T>
+class Column {
+public:
+    explicit Column(const flatbuffers::Vector<T>* vector)
+        : data_(vector ? vector->data() : nullptr), size_(vector ? vector->size() : 0) {}
+    bool Fits(std::size_t entities) const { return size_ == entities || size_ == 1; }
+    T operator[](std::size_t i) const { return data_[size_ == 1 ? 0 : i]; }
+    bool AllBelow(std::size_t limit) const {
+        return std::all_of(data_, data_ + size_, [&](T value) { return value < limit; });
+    }
+    bool IsSingle() const { return size_ == 1; }
+
+private:
+    const T* data_;
+    std::size_t size_;
+};
+
+}  // namespace
+
+class VdfReader {
+public:
+    VdfReader(std::span<const std::byte> bytes, Drawing& drawing, platform::MappedFile* file)
+        : bytes_(bytes), drawing_(drawing), file_(file) {}
+
+    void Read() {
+        CheckHeader();
+        const vdf::Index& index = FindIndex();
+        ReadIndex(index);
+        ReadChunks(index);
+        drawing_.nextHandle_ = std::max(drawing_.nextHandle_, index.next_handle());
+        // The index comes last in the file but is read first: only now are handles known.
+        CheckHandles();
+    }
+
+private:
+    using Record = Drawing::Record;
+
+    [[noreturn]] static void Damaged(const std::string& place, const std::string& reason) {
+        throw ReadError("", place, reason);
+    }
+
+    void CheckHeader() const {
+        if (bytes_.size() < vdf::headerSize + vdf::trailerSize || !TextAt(bytes_, 0, vdf::magic))
+            Damaged("header", "this is not a drawing file");
+        std::uint64_t version = NumberAt(bytes_, vdf::magic.size());
+        if (version != vdf::version)
+            Damaged("header", "drawing format version " + std::to_string(version) + " is not known");
+    }
+
+    const vdf::Index& FindIndex() {
+        std::size_t trailer = bytes_.size() - vdf::trailerSize;
+        if (!TextAt(bytes_, trailer + 24, vdf::endMagic)) Damaged("end", "the drawing file is cut off");
+        std::uint64_t offset = NumberAt(bytes_, trailer), length = NumberAt(bytes_, trailer + 8);
+        if (offset < vdf::headerSize || offset > trailer || length != trailer - offset || offset % 8 != 0)
+            Damaged("end", "the index does not lie where the file says");
+        indexOffset_ = offset;
+        std::span<const std::byte> index = bytes_.subspan(offset, length);
+        if (XXH3_64bits(index.data(), index.size()) != NumberAt(bytes_, trailer + 16))
+            Damaged("index", "the checksum is wrong");
+        return *Verified<vdf::Index>(index, "index");
+    }
+
+    template <typename Table>
+    const Table* Verified(std::span<const std::byte> bytes, const std::string& place) const {
+        const auto* data = reinterpret_cast<const std::uint8_t*>(bytes.data());
+        flatbuffers::Verifier verifier(data, bytes.size(), 16,
+                                       static_cast<flatbuffers::uoffset_t>(bytes.size() / 4 + 64));
+        if (bytes.size() < 8 || !verifier.VerifyBuffer<Table>(nullptr)) Damaged(place, "the structure is damaged");
+        return flatbuffers::GetRoot<Table>(data);
+    }
+
+    // Tables of an index may overlap in a hostile file, so that a small file names the same long text again
+    // and again. What is taken out may not be more than what is in.
+    void Take(std::uint64_t size) {
+        taken_ += size;
+        if (taken_ > bytes_.size()) Damaged("index", "its entries overlap");
+    }
+    std::string TakeString(const flatbuffers::String* text) {
+        if (!text) return "";
+        Take(text->size());
+        return text->str();
+    }
+
+    template <typename List, typename Read>
+    static void ForEach(const List* list, Read read) {
+        if (!list) return;
+        for (const auto* entry : *list) read(*entry);
+    }
+
+    Style TakeStyle(const vdf::StyleEntry& entry) {
+        return {entry.colour(), entry.fill_colour(), entry.outline_colour(), entry.line_weight(),
+                TakeString(entry.line_type())};
+    }
+
+    Shape TakeShape(const vdf::ShapeEntry& entry) {
+        return {TakeString(entry.name()), entry.scale_x(),     entry.scale_y(),   entry.rotation(),
+                entry.size(),             entry.start_angle(), entry.end_angle(), entry.alignment()};
+    }
+
+    void ReadIndex(const vdf::Index& index) {
+        ForEach(index.properties(), [&](const vdf::Property& entry) {
+            std::string name = TakeString(entry.name());
+            drawing_.properties_.emplace_back(std::move(name), TakeString(entry.value()));
+        });
+        ReadLayers(index);
+        ForEach(index.blocks(), [&](const vdf::BlockEntry& entry) {
+            Block block{TakeString(entry.name()), ""};
+            if (const auto* content = entry.content()) {
+                Take(content->size());
+                block.content.assign(reinterpret_cast<const char*>(content->data()), content->size());
+            }
+            drawing_.addBlock(std::move(block));
+        });
+        ForEach(index.styles(),
+                [&](const vdf::StyleEntry& entry) { drawing_.styles_.push_back(TakeStyle(entry)); });
+        ForEach(index.shapes(),
+                [&](const vdf::ShapeEntry& entry) { drawing_.shapes_.push_back(TakeShape(entry)); });
+        ReadNames(index);
+    }
+
+    void ReadLayers(const vdf::Index& index) {
+        drawing_.layers_.clear();
+        drawing_.onLayer_.clear();
+        drawing_.layerDirty_.clear();
+        drawing_.layerByName_.clear();
+        ForEach(index.layers(), [&](const vdf::LayerEntry& entry) {
+            Layer& layer = drawing_.addLayer(TakeString(entry.name()));
+            layer.frozen = entry.frozen();
+            layer.colour = entry.colour();
+        });
+        std::size_t listed = index.layers() ? index.layers()->size() : 0;
+        if (listed != drawing_.layerCount()) Damaged("index", "two layers have the same name");
+        if (index.active_layer() >= listed) Damaged("index", "the active layer does not exist");
+        drawing_.activeLayer_ = index.active_layer();
+        if (index.active_style()) drawing_.active_ = TakeStyle(*index.active_style());
+    }
+
+    void ReadNames(const vdf::Index& index) {
+        ForEach(index.names(), [&](const vdf::NameEntry& entry) {
+            drawing_.nameIndex(TakeString(entry.name()), entry.type_code());
+        });
+        std::size_t names = index.names() ? index.names()->size() : 0;
+        if (names != drawing_.names_.size()) Damaged("index", "an attribute name stands in it twice");
+        ForEach(index.attribute_sets(), [&](const vdf::SetEntry& entry) {
+            AttributeSet set = 0;
+            std::size_t count = entry.names() ? entry.names()->size() : 0;
+            Take(count * sizeof(std::uint32_t));
+            for (std::size_t i = 0; i < count; ++i) {
+                std::uint32_t name = entry.names()->Get(static_cast<flatbuffers::uoffset_t>(i));
+                if (name >= names) Damaged("index", "an attribute set names a name that does not exist");
+            }
+            set = SetOf(entry);
+            sets_.push_back(set);
+        });
+    }
+
+    /// The set of these names. Only the whole is entered, not each of its beginnings.
+    AttributeSet SetOf(const vdf::SetEntry& entry) {
+        if (!entry.names() || entry.names()->size() == 0) return 0;
+        Drawing::NameSet set;
+        set.names.assign(entry.names()->begin(), entry.names()->end());
+        drawing_.sets_.push_back(std::move(set));
+        return static_cast<AttributeSet>(drawing_.sets_.size() - 1);
+    }
+
+    void ReadChunks(const vdf::Index& index) {
+        std::size_t chunks = index.chunks() ? index.chunks()->size() : 0;
+        std::size_t expected = vdf::headerSize;
+        std::uint64_t entities = 0;
+        for (flatbuffers::uoffset_t i = 0; i < chunks; ++i) entities += index.chunks()->Get(i)->entities();
+        if (entities > bytes_.size()) Damaged("index", "more entities are announced than the file can hold");
+        drawing_.entities_.reserveMore(entities);
+        for (flatbuffers::uoffset_t i = 0; i < chunks; ++i) {
+            const vdf::ChunkEntry& entry = *index.chunks()->Get(i);
+            std::string place = "chunk " + std::to_string(i + 1);
+            if (entry.offset() != expected) Damaged(place, "it does not follow the chunk before it");
+            expected = ReadChunk(place, expected, entry.entities());
+            if (file_) file_->DoneBefore(expected);
+        }
+        if (expected != indexOffset_) Damaged("index", "it does not follow the last chunk");
+    }
+
+    /// Returns the offset behind the chunk.
+    std::size_t ReadChunk(const std::string& place, std::size_t offset, std::uint64_t entities) {
+        if (indexOffset_ - offset < vdf::frameSize) Damaged(place, "it is cut off");
+        std::uint64_t length = NumberAt(bytes_, offset), left = indexOffset_ - offset - vdf::frameSize;
+        std::size_t padding = (8 - length % 8) % 8;
+        if (length > left || padding > left - length) Damaged(place, "it is cut off");
+        std::span<const std::byte> data = bytes_.subspan(offset + vdf::frameSize, length);
+        if (XXH3_64bits(data.data(), data.size()) != NumberAt(bytes_, offset + 8))
+            Damaged(place, "the checksum is wrong");
+        for (std::byte byte : bytes_.subspan(offset + vdf::frameSize + length, padding))
+            if (byte != std::byte{0}) Damaged(place, "bytes that must be 0 are not");
+        AddEntities(place, *Verified<vdf::Chunk>(data, place), entities);
+        return offset + vdf::frameSize + length + padding;
+    }
+
+    void AddEntities(const std::string& place, const vdf::Chunk& chunk, std::uint64_t entities) {
+        std::size_t count = chunk.kinds() ? chunk.kinds()->size() : 0;
+        if (count != entities || count == 0 || count > vdf::entitiesPerChunk)
+            Damaged(place, "the number of entities is wrong");
+        Column<std::uint8_t> kinds(chunk.kinds()), flags(chunk.flags());
+        Column<std::uint32_t> layers(chunk.layers()), styles(chunk.styles()), shapes(chunk.shapes()),
+            sets(chunk.attribute_sets()), vertexCounts(chunk.vertex_counts());
+        Column<std::uint64_t> handles(chunk.handles());
+        bool complete = flags.Fits(count) && layers.Fits(count) && styles.Fits(count) && shapes.Fits(count) &&
+                        sets.Fits(count) && handles.Fits(count) && vertexCounts.Fits(count);
+        if (!complete) Damaged(place, "a column is too short or too long");
+        if (!kinds.AllBelow(static_cast<std::size_t>(Kind::Other) + 1) || !layers.AllBelow(drawing_.layerCount()) ||
+            !styles.AllBelow(drawing_.styles_.size()) || !shapes.AllBelow(drawing_.shapes_.size()) ||
+            !sets.AllBelow(sets_.size()) || !flags.AllBelow(2 * vdf::sameTexts))
+            Damaged(place, "a column refers to something that does not exist");
+
+        Cursor cursor = CopyArenas(place, chunk);
+        for (std::size_t i = 0; i < count; ++i) {
+            Record record{};
+            record.kind = static_cast<Kind>(kinds[i]);
+            record.flags = flags[i] & (Record::Closed | Record::Filled | Record::HasLabel | Record::HasHyperlink);
+            record.layer = layers[i];
+            record.style = styles[i];
+            record.shape = shapes[i];
+            record.set = sets_[sets[i]];
+            record.handle = handles.IsSingle() ? handles[0] + i : handles[i];
+            record.vertexBegin = cursor.vertex;
+            record.vertexCount = vertexCounts[i];
+            if (record.vertexCount > cursor.vertexEnd - cursor.vertex) Damaged(place, "vertices are missing");
+            cursor.vertex += record.vertexCount;
+            if (flags[i] & vdf::sameTexts)
+                ShareTexts(place, record, i);
+            else
+                TakeTexts(place, record, cursor);
+            drawing_.onLayer_[record.layer].push_back(static_cast<std::uint32_t>(drawing_.entities_.size()));
+            drawing_.entities_.push_back(record);
+        }
+        if (cursor.vertex != cursor.vertexEnd || cursor.text != cursor.textEnd)
+            Damaged(place, "vertices or texts are left over");
+    }
+
+    /// Where in the drawing's arenas the chunk's next entity finds its vertices and texts.
+    struct Cursor {
+        std::uint64_t vertex, vertexEnd, text, textEnd;
+    };
+
+    Cursor CopyArenas(const std::string& place, const vdf::Chunk& chunk) {
+        std::size_t vertices = chunk.plan() ? chunk.plan()->size() / 2 : 0;
+        std::size_t heights = chunk.heights() ? chunk.heights()->size() : 0;
+        std::size_t texts = chunk.texts() ? chunk.texts()->size() : 0;
+        if ((chunk.plan() && chunk.plan()->size() % 2 != 0) || (heights != 0 && heights != vertices))
+            Damaged(place, "the coordinates are incomplete");
+        if (heights != 0) drawing_.needHeights();
+        Cursor cursor{drawing_.vertices_.size(), drawing_.vertices_.size() + vertices, drawing_.texts_.size(),
+                      drawing_.texts_.size() + texts};
+        if (vertices != 0)
+            std::memcpy(static_cast<void*>(drawing_.vertices_.extend(vertices)), chunk.plan()->data(), vertices * sizeof(PlanePoint));
+        if (heights != 0 || !drawing_.heights_.empty()) {
+            double* z = drawing_.heights_.extend(vertices);
+            if (heights != 0)
+                std::memcpy(z, chunk.heights()->data(), vertices * sizeof(double));
+            else
+                std::fill_n(z, vertices, 0.0);
+        }
+        if (texts != 0) std::memcpy(drawing_.texts_.extend(texts), chunk.texts()->data(), texts);
+        return cursor;
+    }
+
+    void TakeTexts(const std::string& place, Record& record, Cursor& cursor) {
+        const char* begin = drawing_.texts_.data() + cursor.text;
+        const char* position = begin;
+        const char* end = drawing_.texts_.data() + cursor.textEnd;
+        if (!SkipTexts(position, end, drawing_.textCount(record))) Damaged(place, "texts are missing");
+        record.textBegin = cursor.text;
+        record.textSize = CheckedSize(static_cast<std::uint64_t>(position - begin));
+        cursor.text += record.textSize;
+    }
+
+    void ShareTexts(const std::string& place, Record& record, std::size_t i) {
+        if (i == 0) Damaged(place, "its first entity shares texts with none");
+        Record& before = drawing_.entities_.back();
+        if (drawing_.textCount(record) != drawing_.textCount(before))
+            Damaged(place, "entities that share texts have different numbers of them");
+        record.textBegin = before.textBegin;
+        record.textSize = before.textSize;
+        record.flags |= Record::SharesTexts;
+        before.flags |= Record::SharesTexts;
+    }
+
+    void CheckHandles() {
+        const PodVector<Record>& entities = drawing_.entities_;
+        bool rising = true;
+        std::uint64_t last = 0;
+        for (std::size_t i = 0; i < entities.size(); ++i) {
+            if (entities[i].handle >= drawing_.nextHandle_) Damaged("index", "a handle is too large");
+            rising = rising && entities[i].handle > last;
+            last = entities[i].handle;
+        }
+        if (rising) return;
+        drawing_.indexHandles();
+        if (drawing_.byHandle_.size() != entities.size()) Damaged("index", "two entities have one handle");
+    }
+
+    std::span<const std::byte> bytes_;
+    Drawing& drawing_;
+    platform::MappedFile* file_;
+    std::size_t indexOffset_ = 0;
+    std::uint64_t taken_ = 0;
+    std::vector<AttributeSet> sets_;  ///< the drawing's number of each set of the file
+};
+
+void ReadVdf(std::span<const std::byte> bytes, Drawing& drawing) { VdfReader(bytes, drawing, nullptr).Read(); }
+
+void ReadVdf(std::string_view path, Drawing& drawing) {
+    platform::MappedFile file(path);
+    try {
+        VdfReader(file.Bytes(), drawing, &file).Read();
+    } catch (const ReadError& error) {
+        throw error.InFile(file.Name());
+    }
+}
+
+}  // namespace vexlator::drawing

@@ -1,0 +1,230 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "drawing/Drawing.h"
+#include "drawing/Vdf.h"
+
+#include "vdf_generated.h"
+#include <algorithm>
+#include <bit>
+#include <cstring>
+#include <flatbuffers/flatbuffers.h>
+#include <xxhash.h>
+
+static_assert(std::endian::native == std::endian::little, "drawing files hold columns as they lie in memory");
+
+namespace vexlator::drawing {
+
+namespace {
+
+std::string_view BytesOf(const flatbuffers::FlatBufferBuilder& builder) {
+    return {reinterpret_cast<const char*>(builder.GetBufferPointer()), builder.GetSize()};
+}
+
+void WriteNumbers(platform::OutputFile& file, std::initializer_list<std::uint64_t> numbers) {
+    file.Write({reinterpret_cast<const char*>(numbers.begin()), numbers.size() * sizeof(std::uint64_t)});
+}
+
+}  // namespace
+
+class VdfWriter {
+public:
+    VdfWriter(const Drawing& drawing, platform::OutputFile& file) : drawing_(drawing), file_(file) {}
+
+    void Write() {
+        WriteHeader();
+        std::size_t next = 0;
+        while (next < drawing_.entities_.size()) {
+            next = TakeRecords(next);
+            if (!records_.empty()) WriteChunk();
+        }
+        WriteIndex();
+    }
+
+private:
+    using Record = Drawing::Record;
+
+    void WriteHeader() {
+        file_.Write(vdf::magic);
+        WriteNumbers(file_, {vdf::version});
+    }
+
+    /// Gathers the records of one chunk, from `next` on; returns where the following one starts.
+    std::size_t TakeRecords(std::size_t next) {
+        records_.clear();
+        for (; next < drawing_.entities_.size() && records_.size() < vdf::entitiesPerChunk; ++next) {
+            const Record& record = drawing_.entities_[next];
+            if (!(record.flags & Record::Erased)) records_.push_back(&record);
+        }
+        return next;
+    }
+
+    bool SharesTextsWithBefore(std::size_t i) const {
+        if (i == 0 || !(records_[i]->flags & Record::SharesTexts)) return false;
+        return records_[i]->textBegin == records_[i - 1]->textBegin &&
+               records_[i]->textSize == records_[i - 1]->textSize && records_[i]->textSize > 0;
+    }
+
+    template <typename T, typename Value>
+    flatbuffers::Offset<flatbuffers::Vector<T>> Column(Value value) {
+        std::vector<T> column(records_.size());
+        for (std::size_t i = 0; i < records_.size(); ++i) column[i] = static_cast<T>(value(i));
+        bool uniform = std::all_of(column.begin(), column.end(), [&](T v) { return v == column[0]; });
+        return builder_.CreateVector(column.data(), uniform ? 1 : column.size());
+    }
+
+    flatbuffers::Offset<flatbuffers::Vector<std::uint64_t>> Handles() {
+        std::vector<std::uint64_t> handles;
+        handles.reserve(records_.size());
+        bool counting = true;
+        for (const Record* record : records_) {
+            counting = counting && record->handle == records_[0]->handle + handles.size();
+            handles.push_back(record->handle);
+        }
+        return builder_.CreateVector(handles.data(), counting ? 1 : handles.size());
+    }
+
+    /// Calls `copy(begin, size)` for the stretches of an arena that the records use, neighbours joined.
+    template <typename Range, typename Copy>
+    void ForEachStretch(Range range, Copy copy) {
+        std::uint64_t begin = 0, end = 0;
+        for (std::size_t i = 0; i < records_.size(); ++i) {
+            auto [from, size] = range(i);
+            if (size == 0) continue;
+            if (from != end) {
+                if (end > begin) copy(begin, end - begin);
+                begin = from;
+            }
+            end = from + size;
+        }
+        if (end > begin) copy(begin, end - begin);
+    }
+
+    std::pair<std::uint64_t, std::uint64_t> VertexRange(std::size_t i) const {
+        return {records_[i]->vertexBegin, records_[i]->vertexCount};
+    }
+    std::pair<std::uint64_t, std::uint64_t> TextRange(std::size_t i) const {
+        return {records_[i]->textBegin, SharesTextsWithBefore(i) ? 0 : records_[i]->textSize};
+    }
+
+    template <typename T, typename Range>
+    flatbuffers::Offset<flatbuffers::Vector<T>> Arena(const char* arena, std::size_t elementSize, Range range) {
+        std::size_t size = 0;
+        ForEachStretch(range, [&](std::uint64_t, std::uint64_t count) { size += count * elementSize; });
+        T* target = nullptr;
+        auto vector = builder_.CreateUninitializedVector<T>(size / sizeof(T), &target);
+        char* out = reinterpret_cast<char*>(target);
+        ForEachStretch(range, [&](std::uint64_t begin, std::uint64_t count) {
+            std::memcpy(out, arena + begin * elementSize, count * elementSize);
+            out += count * elementSize;
+        });
+        return vector;
+    }
+
+    bool HasHeights() const {
+        if (drawing_.heights_.empty()) return false;
+        return std::any_of(records_.begin(), records_.end(), [&](const Record* record) {
+            const double* z = drawing_.heights_.data() + record->vertexBegin;
+            return std::any_of(z, z + record->vertexCount, [](double height) { return height != 0; });
+        });
+    }
+
+    void WriteChunk() {
+        builder_.Clear();
+        auto vertexRange = [&](std::size_t i) { return VertexRange(i); };
+        auto textRange = [&](std::size_t i) { return TextRange(i); };
+        auto texts = Arena<std::uint8_t>(drawing_.texts_.data(), 1, textRange);
+        auto plan = Arena<double>(reinterpret_cast<const char*>(drawing_.vertices_.data()), sizeof(PlanePoint),
+                                  vertexRange);
+        flatbuffers::Offset<flatbuffers::Vector<double>> heights;
+        if (HasHeights())
+            heights = Arena<double>(reinterpret_cast<const char*>(drawing_.heights_.data()), sizeof(double),
+                                    vertexRange);
+        std::vector<std::uint8_t> kindColumn(records_.size());
+        for (std::size_t i = 0; i < records_.size(); ++i)
+            kindColumn[i] = static_cast<std::uint8_t>(records_[i]->kind);
+        auto kinds = builder_.CreateVector(kindColumn);
+        auto flags = Column<std::uint8_t>([&](std::size_t i) {
+            unsigned kept = records_[i]->flags & ~unsigned{Record::Erased | Record::SharesTexts};
+            return kept | (SharesTextsWithBefore(i) ? vdf::sameTexts : 0U);
+        });
+        auto layers = Column<std::uint32_t>([&](std::size_t i) { return records_[i]->layer; });
+        auto styles = Column<std::uint32_t>([&](std::size_t i) { return records_[i]->style; });
+        auto shapes = Column<std::uint32_t>([&](std::size_t i) { return records_[i]->shape; });
+        auto sets = Column<std::uint32_t>([&](std::size_t i) { return records_[i]->set; });
+        auto counts = Column<std::uint32_t>([&](std::size_t i) { return records_[i]->vertexCount; });
+        builder_.Finish(vdf::CreateChunk(builder_, kinds, flags, layers, styles, shapes, sets, Handles(), counts,
+                                         plan, heights, texts));
+        WriteFrame();
+    }
+
+    void WriteFrame() {
+        std::string_view bytes = BytesOf(builder_);
+        chunks_.emplace_back(file_.Size(), records_.size());
+        WriteNumbers(file_, {bytes.size(), XXH3_64bits(bytes.data(), bytes.size())});
+        file_.Write(bytes);
+        // The next chunk starts at a multiple of 8, where its columns can be read in place.
+        file_.Write(std::string_view("\0\0\0\0\0\0\0", (8 - bytes.size() % 8) % 8));
+    }
+
+    auto StyleEntry(const Style& style) {
+        return vdf::CreateStyleEntry(builder_, style.colour, style.fillColour, style.outlineColour,
+                                     style.lineWeight, builder_.CreateString(style.lineType));
+    }
+    auto ShapeEntry(const Shape& shape) {
+        return vdf::CreateShapeEntry(builder_, builder_.CreateString(shape.name), shape.scaleX, shape.scaleY,
+                                     shape.rotation, shape.size, shape.startAngle, shape.endAngle,
+                                     shape.alignment);
+    }
+    auto BlockEntry(const Block& block) {
+        const auto* content = reinterpret_cast<const std::uint8_t*>(block.content.data());
+        return vdf::CreateBlockEntry(builder_, builder_.CreateString(block.name),
+                                     builder_.CreateVector(content, block.content.size()));
+    }
+
+    /// One index table: an entry for each element of a list.
+    template <typename List, typename Entry>
+    auto Table(const List& list, Entry entry) {
+        std::vector<decltype(entry(*list.begin()))> offsets;
+        offsets.reserve(list.size());
+        for (const auto& element : list) offsets.push_back(entry(element));
+        return builder_.CreateVector(offsets);
+    }
+
+    void WriteIndex() {
+        builder_.Clear();
+        auto properties = Table(drawing_.properties_, [&](const auto& p) {
+            return vdf::CreateProperty(builder_, builder_.CreateString(p.first), builder_.CreateString(p.second));
+        });
+        auto layers = Table(drawing_.layers_, [&](const Layer& layer) {
+            return vdf::CreateLayerEntry(builder_, builder_.CreateString(layer.name), layer.frozen, layer.colour);
+        });
+        auto active = StyleEntry(drawing_.active_);
+        auto blocks = Table(drawing_.blocks_, [&](const Block& block) { return BlockEntry(block); });
+        auto styles = Table(drawing_.styles_, [&](const Style& style) { return StyleEntry(style); });
+        auto shapes = Table(drawing_.shapes_, [&](const Shape& shape) { return ShapeEntry(shape); });
+        auto names = Table(drawing_.names_, [&](const auto& name) {
+            return vdf::CreateNameEntry(builder_, builder_.CreateString(name.name), name.typeCode);
+        });
+        auto sets = Table(drawing_.sets_, [&](const auto& set) {
+            return vdf::CreateSetEntry(builder_, builder_.CreateVector(set.names));
+        });
+        auto chunks = builder_.CreateVectorOfStructs(chunks_);
+        builder_.Finish(vdf::CreateIndex(builder_, properties, layers, drawing_.activeLayer_, active, blocks,
+                                         styles, shapes, names, sets, drawing_.nextHandle_, chunks));
+        std::uint64_t offset = file_.Size();
+        std::string_view bytes = BytesOf(builder_);
+        file_.Write(bytes);
+        WriteNumbers(file_, {offset, bytes.size(), XXH3_64bits(bytes.data(), bytes.size())});
+        file_.Write(vdf::endMagic);
+    }
+
+    const Drawing& drawing_;
+    platform::OutputFile& file_;
+    flatbuffers::FlatBufferBuilder builder_{std::size_t{1} << 20};
+    std::vector<const Record*> records_;
+    std::vector<vdf::ChunkEntry> chunks_;
+};
+
+void WriteVdf(const Drawing& drawing, platform::OutputFile& file) { VdfWriter(drawing, file).Write(); }
+
+}  // namespace vexlator::drawing
