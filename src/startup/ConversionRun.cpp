@@ -90,7 +90,8 @@ ExitStatus RunImport(config::Session& session, const Conversions& conversions, I
 
 ExitStatus RunExport(config::Session& session, const Conversions& conversions, ExportCommand command) {
     if (command.code.empty())
-        return NothingToDo(session, "\"" + command.targetPath + "\" names no format to export to");
+        return NothingToDo(
+            session, "\"" + platform::NativePath(command.targetPath) + "\" names no format to export to");
     TargetFolder folder(command.targetPath);
     const ExportRow* row = conversions.FindExport(command.code);
     if (!row || !row->call) {

@@ -54,7 +54,7 @@ TEST(Extent, TheBlockIsTakenOutOfTheText) {
     for (const Case& c : std::vector<Case>{
              {"IMPORT a.SHP ?BOX 1,2,3,4 ?", "IMPORT a.SHP", {1, 2, 3, 4}},
              {"?BOX1,2,3,4?", "", {1, 2, 3, 0}},
-             {" a ?box -1.5,2e1,x,?b ", "a  b", {-1.5, 20, 0, 0}},
+             {" a ?box -1.5,2e1,x,?b ", "a b", {-1.5, 20, 0, 0}},
              {"a?BOX?b", "ab", {0, 0, 0, 0}},
              {"a?BOX1?b", "ab", {0, 0, 0, 0}},
          }) {
