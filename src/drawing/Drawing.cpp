@@ -28,7 +28,9 @@ std::optional<std::uint64_t> HandleNumber(std::string_view text) {
 
 }  // namespace
 
-double distance(const Point& a, const Point& b) { return util::Distance(a.x, a.y, b.x, b.y); }
+double distance(const Point& a, const Point& b) {
+    return util::Distance(a.x, a.y, b.x, b.y);
+}
 
 std::string_view KindName(Kind kind) {
     auto index = static_cast<std::size_t>(kind);
@@ -40,7 +42,9 @@ Kind KindOf(std::string_view name) {
     return static_cast<Kind>(found - kindNames.begin());
 }
 
-Drawing::Drawing() { clear(); }
+Drawing::Drawing() {
+    clear();
+}
 
 void Drawing::clear() {
     properties_.clear();
@@ -63,6 +67,7 @@ void Drawing::clear() {
     names_.clear();
     nameByText_.clear();
     sets_.assign(1, NameSet{});
+    setByNames_.clear();
     nextHandle_ = 1;
     byHandle_.clear();
     handlesIndexed_ = false;
@@ -104,9 +109,13 @@ std::uint32_t Drawing::layerIndex(std::string_view name) {
     return place->second;
 }
 
-Layer& Drawing::addLayer(std::string_view name) { return layers_[layerIndex(name)]; }
+Layer& Drawing::addLayer(std::string_view name) {
+    return layers_[layerIndex(name)];
+}
 
-void Drawing::setActiveLayer(std::string_view name) { activeLayer_ = layerIndex(name); }
+void Drawing::setActiveLayer(std::string_view name) {
+    activeLayer_ = layerIndex(name);
+}
 
 const Block* Drawing::findBlock(std::string_view name) const {
     auto found = blockByName_.find(platform::LowerAscii(name));
@@ -264,7 +273,9 @@ Entity Drawing::add(Kind kind, const Shape& shape, const Point& at) {
     return entity;
 }
 
-Entity Drawing::addPoint(const Point& point) { return add(Kind::Point, {}, point); }
+Entity Drawing::addPoint(const Point& point) {
+    return add(Kind::Point, {}, point);
+}
 
 Entity Drawing::addInsert(const Point& point, std::string_view blockName, double xScale, double yScale,
                           double rotation) {
@@ -332,18 +343,31 @@ std::uint32_t Drawing::nameIndex(std::string_view name, std::int32_t typeCode) {
 AttributeSet Drawing::setLongerBy(AttributeSet set, std::uint32_t name) {
     auto found = sets_[set].longerBy.find(name);
     if (found != sets_[set].longerBy.end()) return found->second;
-    NameSet longer{sets_[set].names, {}};
-    longer.names.push_back(name);
-    auto index = static_cast<AttributeSet>(sets_.size());
-    sets_.push_back(std::move(longer));
-    sets_[set].longerBy.emplace(name, index);
-    return index;
+    std::vector<std::uint32_t> names = sets_[set].names;
+    names.push_back(name);
+    AttributeSet longer = setOf(std::move(names));
+    sets_[set].longerBy.emplace(name, longer);
+    return longer;
+}
+
+AttributeSet Drawing::setOf(std::vector<std::uint32_t> names) {
+    if (names.empty()) return 0;
+    std::string key(reinterpret_cast<const char*>(names.data()), names.size() * sizeof(names[0]));
+    auto [place, isNew] = setByNames_.try_emplace(std::move(key), static_cast<AttributeSet>(sets_.size()));
+    if (isNew) sets_.push_back({std::move(names), {}});
+    return place->second;
 }
 
 AttributeSet Drawing::attributeSet(std::span<const std::string> names) {
-    AttributeSet set = 0;
-    for (const std::string& name : names) set = setLongerBy(set, nameIndex(name, textTypeCode));
-    return set;
+    std::vector<std::uint32_t> indexes;
+    for (const std::string& name : names) indexes.push_back(nameIndex(name, textTypeCode));
+    return setOf(std::move(indexes));
+}
+
+AttributeSet Drawing::attributeSet(std::span<const AttributeName> names) {
+    std::vector<std::uint32_t> indexes;
+    for (const AttributeName& name : names) indexes.push_back(nameIndex(name.name, name.typeCode));
+    return setOf(std::move(indexes));
 }
 
 // --- For importers

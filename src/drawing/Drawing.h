@@ -66,12 +66,12 @@ struct Style {
 
 /// What is particular to a kind beside vertices and texts. Angles in radians.
 struct Shape {
-    std::string name;                    ///< Insert: block; Text: text style; Other: kind name
-    double scaleX = 1, scaleY = 1;       ///< Insert
-    double rotation = 0;                 ///< Insert, Text
-    double size = 0;                     ///< Circle, Arc: radius; Text: height
-    double startAngle = 0, endAngle = 0; ///< Arc
-    std::int32_t alignment = 0;          ///< Text
+    std::string name;                     ///< Insert: block; Text: text style; Other: kind name
+    double scaleX = 1, scaleY = 1;        ///< Insert
+    double rotation = 0;                  ///< Insert, Text
+    double size = 0;                      ///< Circle, Arc: radius; Text: height
+    double startAngle = 0, endAngle = 0;  ///< Arc
+    std::int32_t alignment = 0;           ///< Text
     bool operator==(const Shape&) const = default;
 };
 
@@ -81,6 +81,11 @@ struct Box {
 };
 
 constexpr std::int32_t textTypeCode = 1000;
+
+struct AttributeName {
+    std::string name;
+    std::int32_t typeCode = textTypeCode;  ///< what its values are
+};
 
 /// A sequence of attribute names, interned in a drawing; see Drawing::attributeSet.
 using AttributeSet = std::uint32_t;
@@ -130,6 +135,7 @@ public:
     std::optional<XProperty> find(std::string_view name) const;
     void add(std::string_view name, std::string_view value, std::int32_t typeCode = textTypeCode);
     std::string_view name(std::size_t index) const;
+    std::int32_t typeCode(std::size_t index) const;
     /// Values from the first on.
     ValueCursor values() const;
 
@@ -260,7 +266,8 @@ public:
     /// In drawing order, erased ones not counted.
     Entity entityAt(std::size_t index);
     std::optional<Entity> findByHandle(std::string_view handle);
-    /// Calls `visit(Entity)` for every entity in drawing order; the visitor may change, erase and add entities.
+    /// Calls `visit(Entity)` for every entity in drawing order; the visitor may change, erase and add
+    /// entities.
     template <typename Visit>
     void forEach(Visit visit) {
         for (std::uint32_t i = 0; i < entities_.size(); ++i)
@@ -297,6 +304,7 @@ public:
 
     /// The interned sequence of these names, all of type text.
     AttributeSet attributeSet(std::span<const std::string> names);
+    AttributeSet attributeSet(std::span<const AttributeName> names);
     std::size_t attributeCount(AttributeSet set) const { return sets_[set].names.size(); }
     /// Gives the entity added last, which must have no attributes yet, those names; the values follow, in
     /// order, one appendValue() for each name.
@@ -325,21 +333,18 @@ private:
             SharesTexts = 32  ///< its texts lie where another entity's do: never changed in place
         };
         std::uint64_t handle;
-        std::uint64_t textBegin;    ///< its texts: string, label, hyperlink, attribute values, as far as present
+        std::uint64_t
+            textBegin;  ///< its texts: string, label, hyperlink, attribute values, as far as present
         std::uint64_t vertexBegin;
-        std::uint32_t textSize;     ///< bytes
+        std::uint32_t textSize;  ///< bytes
         std::uint32_t vertexCount;
         std::uint32_t layer, style, shape, set;
         Kind kind;
         std::uint8_t flags;
     };
-    struct AttributeName {
-        std::string name;
-        std::int32_t typeCode;
-    };
     struct NameSet {
-        std::vector<std::uint32_t> names;                           ///< into names_
-        std::unordered_map<std::uint32_t, AttributeSet> longerBy;   ///< the set with one more name
+        std::vector<std::uint32_t> names;                          ///< into names_
+        std::unordered_map<std::uint32_t, AttributeSet> longerBy;  ///< the set with one more name
     };
 
     enum class TextChange { Insert, Replace, Remove };
@@ -351,6 +356,8 @@ private:
     std::uint32_t shapeIndex(const Shape& shape);
     std::uint32_t nameIndex(std::string_view name, std::int32_t typeCode);
     AttributeSet setLongerBy(AttributeSet set, std::uint32_t name);
+    /// Enters the sequence as a whole, none of its beginnings.
+    AttributeSet setOf(std::vector<std::uint32_t> names);
 
     std::size_t leadingTexts(const Record& record) const;
     std::size_t textCount(const Record& record) const;
@@ -370,8 +377,8 @@ private:
 
     std::vector<std::pair<std::string, std::string>> properties_;
     std::deque<Layer> layers_;
-    std::vector<std::vector<std::uint32_t>> onLayer_;   ///< entities by layer; may hold some that left it
-    std::vector<bool> layerDirty_;                      ///< onLayer_ is out of order or holds strangers
+    std::vector<std::vector<std::uint32_t>> onLayer_;  ///< entities by layer; may hold some that left it
+    std::vector<bool> layerDirty_;                     ///< onLayer_ is out of order or holds strangers
     std::unordered_map<std::string, std::uint32_t> layerByName_;  ///< by the name in small letters
     std::vector<Block> blocks_;
     std::unordered_map<std::string, std::size_t> blockByName_;
@@ -391,6 +398,7 @@ private:
     std::vector<AttributeName> names_;
     std::unordered_map<std::string, std::uint32_t> nameByText_;
     std::vector<NameSet> sets_;
+    std::unordered_map<std::string, AttributeSet> setByNames_;  ///< by the bytes of NameSet::names
 
     std::uint64_t nextHandle_ = 1;
     std::unordered_map<std::uint64_t, std::uint32_t> byHandle_;

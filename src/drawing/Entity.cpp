@@ -33,7 +33,8 @@ std::string_view Drawing::readText(const Record& record, std::size_t index) cons
     return TakeText(position);
 }
 
-void Drawing::changeTexts(std::uint32_t entity, TextChange change, std::size_t index, std::string_view value) {
+void Drawing::changeTexts(std::uint32_t entity, TextChange change, std::size_t index,
+                          std::string_view value) {
     Record& record = entities_[entity];
     std::size_t count = record.textSize == 0 ? 0 : textCount(record);
     PodVector<char> changed;
@@ -105,16 +106,18 @@ void Drawing::needHeights() {
 
 // --- XProperty, XProperties
 
-std::string_view XProperty::name() const { return drawing_->attributeName(entity_, index_).name; }
-std::int32_t XProperty::typeCode() const { return drawing_->attributeName(entity_, index_).typeCode; }
+std::string_view XProperty::name() const {
+    return drawing_->attributeName(entity_, index_).name;
+}
+std::int32_t XProperty::typeCode() const {
+    return drawing_->attributeName(entity_, index_).typeCode;
+}
 
 void XProperty::setName(std::string_view name) {
     Drawing::Record& record = drawing_->entities_[entity_];
     std::vector<std::uint32_t> names = drawing_->sets_[record.set].names;
     names[index_] = drawing_->nameIndex(name, typeCode());
-    AttributeSet set = 0;
-    for (std::uint32_t entry : names) set = drawing_->setLongerBy(set, entry);
-    record.set = set;
+    record.set = drawing_->setOf(std::move(names));
 }
 
 void XProperty::setValue(std::string_view text) {
@@ -130,7 +133,9 @@ std::string_view ValueCursor::Next() {
     return TakeText(position_);
 }
 
-std::size_t XProperties::count() const { return drawing_->attributeCount(drawing_->entities_[entity_].set); }
+std::size_t XProperties::count() const {
+    return drawing_->attributeCount(drawing_->entities_[entity_].set);
+}
 
 XProperty XProperties::item(std::size_t index) const {
     const Drawing::Record& record = drawing_->entities_[entity_];
@@ -139,6 +144,10 @@ XProperty XProperties::item(std::size_t index) const {
 
 std::string_view XProperties::name(std::size_t index) const {
     return drawing_->attributeName(entity_, index).name;
+}
+
+std::int32_t XProperties::typeCode(std::size_t index) const {
+    return drawing_->attributeName(entity_, index).typeCode;
 }
 
 std::optional<XProperty> XProperties::find(std::string_view name) const {
@@ -173,14 +182,18 @@ void SetFlag(Flags& flags, unsigned flag, bool on) {
 
 }  // namespace
 
-Kind Entity::kindCode() const { return drawing_->entities_[index_].kind; }
+Kind Entity::kindCode() const {
+    return drawing_->entities_[index_].kind;
+}
 
 std::string_view Entity::kind() const {
     Kind code = kindCode();
     return code == Kind::Other ? std::string_view(shape().name) : KindName(code);
 }
 
-std::uint64_t Entity::handleNumber() const { return drawing_->entities_[index_].handle; }
+std::uint64_t Entity::handleNumber() const {
+    return drawing_->entities_[index_].handle;
+}
 
 std::string Entity::handle() const {
     std::array<char, 16> digits{};
@@ -217,18 +230,26 @@ bool Entity::isErased() const {
     return (drawing_->entities_[index_].flags & Drawing::Record::Erased) != 0;
 }
 
-AttributeSet Entity::attributeSet() const { return drawing_->entities_[index_].set; }
+AttributeSet Entity::attributeSet() const {
+    return drawing_->entities_[index_].set;
+}
 
-const Style& Entity::style() const { return drawing_->styles_[drawing_->entities_[index_].style]; }
+const Style& Entity::style() const {
+    return drawing_->styles_[drawing_->entities_[index_].style];
+}
 void Entity::setStyle(const Style& style) {
     drawing_->entities_[index_].style = drawing_->styleIndex(style);
 }
-const Shape& Entity::shape() const { return drawing_->shapes_[drawing_->entities_[index_].shape]; }
+const Shape& Entity::shape() const {
+    return drawing_->shapes_[drawing_->entities_[index_].shape];
+}
 void Entity::setShape(const Shape& shape) {
     drawing_->entities_[index_].shape = drawing_->shapeIndex(shape);
 }
 
-std::size_t Entity::vertexCount() const { return drawing_->entities_[index_].vertexCount; }
+std::size_t Entity::vertexCount() const {
+    return drawing_->entities_[index_].vertexCount;
+}
 
 Point Entity::vertex(std::size_t index) const {
     std::uint64_t at = drawing_->entities_[index_].vertexBegin + index;
