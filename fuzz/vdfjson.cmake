@@ -1,0 +1,1 @@
+vexlator_fuzz(vdfjson LINK vexlator_vdfjson)

@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "drawing/Drawing.h"
+
+#include <string_view>
+#include <vector>
+
+namespace vexlator::vdfjson {
+
+/// Collects the attribute names of an entity. Entities mostly have the same names as the one before them:
+/// those are not looked up again.
+class AttributeNames {
+public:
+    explicit AttributeNames(drawing::Drawing& drawing) : drawing_(drawing) {}
+
+    void Start() { count_ = 0; }
+    void Add(std::string_view name, std::int32_t typeCode = drawing::textTypeCode) {
+        if (count_ < names_.size() && names_[count_].name == name && names_[count_].typeCode == typeCode) {
+            ++count_;
+            return;
+        }
+        names_.resize(count_);
+        names_.push_back({std::string(name), typeCode});
+        ++count_;
+        isKnown_ = false;
+    }
+    std::size_t Count() const { return count_; }
+
+    /// Gives the names to the entity added last; its values follow with Drawing::appendValue().
+    void BeginValues() {
+        if (!isKnown_ || names_.size() != count_) {
+            names_.resize(count_);
+            set_ = drawing_.attributeSet(names_);
+            isKnown_ = true;
+        }
+        drawing_.beginValues(set_);
+    }
+
+private:
+    drawing::Drawing& drawing_;
+    std::vector<drawing::AttributeName>
+        names_;  ///< of this entity, or of the one before as far as they agree
+    std::size_t count_ = 0;
+    drawing::AttributeSet set_ = 0;
+    bool isKnown_ = false;  ///< set_ stands for names_
+};
+
+}  // namespace vexlator::vdfjson

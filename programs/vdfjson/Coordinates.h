@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "drawing/Drawing.h"
+#include "vdfjson/JsonValues.h"
+
+#include <vector>
+
+namespace vexlator::vdfjson {
+
+/// A position [x, y] or [x, y, z]; further numbers mean nothing, as GeoJSON has it. @throws BadValue
+drawing::Point PointOf(element value);
+
+/// An array of positions, in place of what `points` held. @throws BadValue, naming the position
+void ReadPoints(element value, std::vector<drawing::Point>& points);
+
+}  // namespace vexlator::vdfjson

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "drawing/Drawing.h"
+
+#include <functional>
+#include <string_view>
+
+namespace vexlator::vdfjson {
+
+/// Takes the next piece of a text that is too large to be held at once.
+using TextSink = std::function<void(std::string_view)>;
+
+/// A drawing as GeoJSON (RFC 7946) that holds everything of it, one feature per line, always in UTF-8.
+///
+/// Of each feature, `geometry` and `properties` are for GIS viewers and `vdf` is the entity itself:
+/// - A position or course that has a number that is not finite, or too few vertices to be one, has the
+/// geometry
+///   null. So has an entity of an unknown kind, because nothing says what its vertices mean.
+/// - A closed polyline is a polygon when its ring has at least four positions, the first repeated at the end.
+/// - An attribute name that occurs again is left out in `properties`; `vdf.xproperties` has every one.
+/// - A block appears by its name only.
+void DrawingToJson(drawing::Drawing& drawing, const TextSink& sink);
+
+}  // namespace vexlator::vdfjson

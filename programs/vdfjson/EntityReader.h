@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "drawing/Drawing.h"
+#include "vdfjson/AttributeNames.h"
+#include "vdfjson/JsonValues.h"
+
+#include <vector>
+
+namespace vexlator::vdfjson {
+
+/// Reads the `vdf` member of features, which holds entities as they are.
+class EntityReader {
+public:
+    explicit EntityReader(drawing::Drawing& drawing) : drawing_(drawing), names_(drawing) {}
+
+    /// Adds the entity. @throws BadValue, after which the drawing may hold a part of it
+    drawing::Entity Add(simdjson::dom::object vdf);
+
+private:
+    void ReadPlace(const Members& vdf, drawing::Kind kind);
+    drawing::Entity Create(const Members& vdf, drawing::Kind kind, std::string_view kindName);
+    void ReadXProperties(element list);
+
+    drawing::Drawing& drawing_;
+    AttributeNames names_;
+    std::vector<drawing::Point> points_;
+};
+
+}  // namespace vexlator::vdfjson

@@ -1,0 +1,151 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+
+// vdfjson: drawings as JSON and back.
+#include "drawing/Drawing.h"
+#include "platform/Files.h"
+#include "util/Paths.h"
+#include "vdfjson/DrawingToJson.h"
+#include "vdfjson/JsonToDrawing.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <exception>
+#include <new>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vexlator::vdfjson {
+
+namespace {
+
+constexpr int done = 0, failed = 1, wrongUse = 2;
+
+constexpr std::string_view usage =
+    "usage: vdfjson dump FILE.VDF           print a drawing as GeoJSON\n"
+    "       vdfjson load IN.json OUT.VDF    make a drawing of GeoJSON (\"-\": standard input)\n"
+    "       vdfjson --help | --version\n";
+
+constexpr std::string_view help =
+    "\n"
+    "A dump holds the whole drawing but for the content of its blocks: every feature's member \"vdf\" is "
+    "the\n"
+    "entity itself, which is what load reads; \"geometry\" and \"properties\" are there for GIS viewers.\n"
+    "\n"
+    "load also takes GeoJSON from elsewhere. Lines and the rings of polygons become polylines, each part of "
+    "a\n"
+    "multiple geometry becomes an entity of its own. The property \"layer\" names a feature's layer; "
+    "features\n"
+    "without it go on the layer named after the file.\n"
+    "\n"
+    "Exit status: 0 done; 1 failed, and OUT.VDF is as it was; 2 wrong use.\n";
+
+/// Standard output cannot take more.
+struct OutputError {
+    int reason;
+};
+
+void Print(std::string_view text) {
+    if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) throw OutputError{errno};
+}
+
+void FinishPrinting() {
+    if (std::fflush(stdout) != 0) throw OutputError{errno};
+}
+
+void Dump(const std::string& path) {
+    drawing::Drawing drawing;
+    drawing.open(path);
+    DrawingToJson(drawing, Print);
+    FinishPrinting();
+}
+
+std::string ReadStandardInput() {
+    std::string text;
+    std::array<char, std::size_t{1} << 16> piece;
+    while (std::size_t size = std::fread(piece.data(), 1, piece.size(), stdin))
+        text.append(piece.data(), size);
+    if (std::ferror(stdin)) throw platform::ReadError("standard input", "", std::strerror(errno));
+    return text;
+}
+
+void LoadText(std::string_view json, const std::string& name, std::string_view plainLayer,
+              const std::string& target) {
+    drawing::Drawing drawing;
+    try {
+        JsonToDrawing(json, plainLayer, drawing);
+    } catch (const platform::ReadError& error) {
+        throw error.InFile(name);
+    }
+    drawing.saveAs(target);
+}
+
+void Load(const std::string& source, const std::string& target) {
+    if (source == "-") {
+        LoadText(ReadStandardInput(), "standard input", util::BaseNameOf(target), target);
+        return;
+    }
+    platform::MappedFile file(source);
+    LoadText(file.Text(), file.Name(), util::BaseNameOf(source), target);
+}
+
+int Run(const std::vector<std::string>& arguments) {
+    auto is = [&](std::string_view command, std::size_t count) {
+        return arguments.size() == count && arguments[0] == command;
+    };
+    if (is("dump", 2)) {
+        Dump(arguments[1]);
+    } else if (is("load", 3)) {
+        Load(arguments[1], arguments[2]);
+    } else if (is("--version", 1)) {
+        Print("vdfjson " VEXLATOR_VERSION "\n");
+        FinishPrinting();
+    } else if (is("--help", 1)) {
+        Print(usage);
+        Print(help);
+        FinishPrinting();
+    } else {
+        std::fwrite(usage.data(), 1, usage.size(), stderr);
+        return wrongUse;
+    }
+    return done;
+}
+
+int Fail(const std::string& file, const std::string& reason) {
+    std::string line = "vdfjson: " + (file.empty() ? "" : file + ": ") + reason + "\n";
+    std::fwrite(line.data(), 1, line.size(), stderr);
+    return failed;
+}
+
+int RunAndReport(const std::vector<std::string>& arguments) {
+    const std::string file = arguments.size() > 1 ? arguments[1] : "";
+    try {
+        return Run(arguments);
+    } catch (const platform::ReadError& error) {
+        return Fail("", error.what());
+    } catch (const platform::WriteError& error) {
+        return Fail("", error.what());
+    } catch (const OutputError& error) {
+        // Whoever read the output has had enough and needs no message.
+        return error.reason == EPIPE ? failed : Fail("standard output", std::strerror(error.reason));
+    } catch (const std::bad_alloc&) {
+        return Fail(file, "not enough memory");
+    } catch (const std::exception& error) {
+        return Fail(file, error.what());
+    }
+}
+
+}  // namespace
+
+}  // namespace vexlator::vdfjson
+
+int main(int argc, char** argv) {
+#ifdef SIGPIPE
+    std::signal(SIGPIPE, SIG_IGN);  // a closed pipe is then an ordinary error of writing
+#endif
+    return vexlator::vdfjson::RunAndReport({argv + 1, argv + argc});
+}

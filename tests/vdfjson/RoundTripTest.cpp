@@ -1,0 +1,221 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "Json.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace vexlator::test {
+
+namespace {
+
+constexpr std::string_view common =
+    R"("layer":"0","colour":7,"lineType":"","lineWeight":0,"label":"","hyperlink":"",)";
+
+std::string Feature(std::string_view id, std::string_view geometry, std::string_view vdf,
+                    std::string_view properties = "", std::string_view xproperties = "") {
+    std::string json = "\n  {\"type\":\"Feature\",\"id\":\"" + std::string(id) + "\",\"geometry\":";
+    json.append(geometry).append(",\"properties\":{").append(properties).append("},\"vdf\":{").append(vdf);
+    return json.append("\"xproperties\":[").append(xproperties).append("]}}");
+}
+
+/// `kind` is replaced by the common members at their defaults.
+std::string Plain(std::string kind, std::string_view own) {
+    return "\"kind\":\"" + kind + "\"," + std::string(common) + std::string(own) + ",";
+}
+
+TEST(RoundTrip, EveryKindWithEveryMember) {
+    std::string features =
+        Feature("1A", R"({"type":"Point","coordinates":[1.5,2.25,3]})",
+                Plain("VDPOINT", R"("position":[1.5,2.25,3])")) +
+        "," +
+        Feature("1", R"({"type":"Point","coordinates":[-1,0.1,0]})",
+                Plain("VDINSERT", R"("position":[-1,0.1,0],"block":"tree","scale":[2,0.5],"rotation":1.5)")) +
+        "," +
+        Feature(
+            "FFFF", R"({"type":"LineString","coordinates":[[0,0,0],[1,1,5]]})",
+            R"("kind":"VDPOLYLINE","layer":"FENCE","colour":16711680,"lineType":"DASHED","lineWeight":-30,)"
+            R"("label":"F1","hyperlink":"a.JPG","closed":false,"filled":true,"fillColour":3,"outlineColour":4294967295,)"
+            R"("vertices":[[0,0,0],[1,1,5]],)",
+            R"("A":"1","B":"x y")", R"(["A","1"],["B","x y",1040],["A","2"])") +
+        "," +
+        Feature("20", R"({"type":"Point","coordinates":[0,0,0]})",
+                Plain("VDCIRCLE", R"("position":[0,0,0],"radius":12.5)")) +
+        "," +
+        Feature("21", R"({"type":"Point","coordinates":[0,0,0]})",
+                Plain("VDARC", R"("position":[0,0,0],"radius":1,"startAngle":0.5,"endAngle":-0.25)")) +
+        "," +
+        Feature(
+            "22", R"({"type":"Point","coordinates":[7,8,9]})",
+            Plain(
+                "VDTEXT",
+                R"("position":[7,8,9],"rotation":0.1,"text":"Hello","height":2.5,"style":"ROMANS","alignment":-2)"),
+            R"("N":"v")", R"(["N","v"])") +
+        "," +
+        Feature("23", R"({"type":"LineString","coordinates":[[0,0,0],[10,0,0]]})",
+                Plain("VDLINE", R"("vertices":[[0,0,0],[10,0,0]])")) +
+        "," + Feature("24", "null", Plain("VDHATCH", R"("vertices":[[1,2,3]])"), R"("":"")", R"(["",""])");
+    std::string document =
+        Document(features, ",\n            {\"name\":\"FENCE\",\"frozen\":true,\"colour\":255}",
+                 R"(["Source","C:\\Jobs\\a.JOB"],["Source","again"])", "FENCE", R"("default","tree")");
+    EXPECT_EQ(LoadAndDump(document), document);
+}
+
+TEST(RoundTrip, MembersLeftOutHaveTheirDefaults) {
+    struct Case {
+        const char* vdf;
+        std::string expected;
+        const char* geometry;
+    };
+    const char* origin = R"({"type":"Point","coordinates":[0,0,0]})";
+    const Case cases[] = {
+        {R"({})", Plain("VDPOINT", R"("position":[0,0,0])"), origin},
+        {R"({"kind":"VDINSERT","layer":null})",
+         Plain("VDINSERT", R"("position":[0,0,0],"block":"","scale":[1,1],"rotation":0)"), origin},
+        {R"({"kind":"VDPOLYLINE"})",
+         Plain("VDPOLYLINE",
+               R"("closed":false,"filled":false,"fillColour":7,"outlineColour":7,"vertices":[])"),
+         "null"},
+        {R"({"kind":"VDCIRCLE"})", Plain("VDCIRCLE", R"("position":[0,0,0],"radius":0)"), origin},
+        {R"({"kind":"VDARC"})",
+         Plain("VDARC", R"("position":[0,0,0],"radius":0,"startAngle":0,"endAngle":0)"), origin},
+        {R"({"kind":"VDTEXT"})",
+         Plain("VDTEXT", R"("position":[0,0,0],"rotation":0,"text":"","height":0,"style":"","alignment":0)"),
+         origin},
+        {R"({"kind":"VDLINE"})", Plain("VDLINE", R"("vertices":[])"), "null"},
+        // Members that mean nothing for the kind, repeated and unknown ones.
+        {R"({"kind":"VDPOINT","radius":5,"text":"x","colour":1,"colour":7,"more":[{}]})",
+         Plain("VDPOINT", R"("position":[0,0,0])"), origin},
+    };
+    for (const Case& c : cases) {
+        std::string json =
+            std::string("{\"type\":\"FeatureCollection\",\"features\":[{\"vdf\":") + c.vdf + "}]}";
+        EXPECT_EQ(LoadAndDump(json), Document(Feature("1", c.geometry, c.expected))) << c.vdf;
+    }
+}
+
+TEST(RoundTrip, ClosedPolylinesAreRings) {
+    struct Case {
+        const char* vertices;
+        const char* geometry;
+    };
+    const Case cases[] = {
+        {"", "null"},
+        {"[1,2,3]", "null"},
+        {"[0,0,0],[1,0,0]", R"({"type":"LineString","coordinates":[[0,0,0],[1,0,0]]})"},
+        {"[0,0,0],[1,0,0],[0,0,0]", R"({"type":"LineString","coordinates":[[0,0,0],[1,0,0],[0,0,0]]})"},
+        {"[0,0,0],[1,0,0],[1,1,0]",
+         R"({"type":"Polygon","coordinates":[[[0,0,0],[1,0,0],[1,1,0],[0,0,0]]]})"},
+        {"[0,0,0],[1,0,0],[1,1,0],[0,0,0]",
+         R"({"type":"Polygon","coordinates":[[[0,0,0],[1,0,0],[1,1,0],[0,0,0]]]})"},
+    };
+    for (const Case& c : cases) {
+        std::string vdf = Plain(
+            "VDPOLYLINE", R"("closed":true,"filled":false,"fillColour":7,"outlineColour":7,"vertices":[)" +
+                              std::string(c.vertices) + "]");
+        std::string document = Document(Feature("1", c.geometry, vdf));
+        EXPECT_EQ(LoadAndDump(document), document);
+    }
+}
+
+TEST(RoundTrip, TextsComeBackByteForByte) {
+    std::string all;
+    for (int c = 0; c < 0x80; ++c) all += static_cast<char>(c);
+    const std::string texts[] = {all,
+                                 "\"\\/",
+                                 "gr\xC3\xB6\xC3\x9F\x65",
+                                 "\xF0\x9F\x97\xBA map",
+                                 "\xEF\xBF\xBF",
+                                 std::string(65536, '"'),
+                                 "1234567\x1F",
+                                 "1234567\x7F"};
+    for (const std::string& text : texts) {
+        drawing::Drawing before, after;
+        before.addLayer("L" + text);
+        before.properties().emplace_back(text, text);
+        drawing::Entity entity = before.addText({1, 2, 0}, text, 1, 0);
+        entity.setLabel(text);
+        entity.setHyperlink(text);
+        entity.xproperties().add(text, text);
+        Load(Dump(before), after);
+        drawing::Entity loaded = after.entityAt(0);
+        EXPECT_TRUE(after.findLayer("L" + text));
+        EXPECT_EQ(after.properties(), before.properties());
+        EXPECT_EQ(loaded.text(), text);
+        EXPECT_EQ(loaded.label(), text);
+        EXPECT_EQ(loaded.hyperlink(), text);
+        EXPECT_EQ(loaded.xproperties().name(0), text);
+        EXPECT_EQ(loaded.xproperties().item(0).value(), text);
+    }
+}
+
+TEST(RoundTrip, BytesThatAreNotUtf8AreReadAsWindows1252) {
+    drawing::Drawing drawing;
+    drawing::Entity entity = drawing.addPoint({});
+    entity.xproperties().add("caf\xE9", "\x80 5 \"");
+    entity.xproperties().add("caf\xC3\xA9", "the same name");
+    std::string json = Dump(drawing);
+    EXPECT_NE(json.find("\"properties\":{\"caf\xC3\xA9\":\"\xE2\x82\xAC 5 \\\"\"}"), json.npos) << json;
+    EXPECT_EQ(LoadAndDump(json), json);
+}
+
+TEST(RoundTrip, NumbersComeBackBitForBit) {
+    using Limits = std::numeric_limits<double>;
+    for (double value :
+         {0.0, -0.0, 0.1, -1.0 / 3, 400000.123456789, 999999999999999.0, 1e15, 123456789012345678.0, 9.3e18,
+          -1.8e19, 123456789012345680000.0, 1e22, Limits::max(), Limits::min(), Limits::denorm_min()}) {
+        drawing::Drawing before, after;
+        before.addPoint({value, value, 1});
+        Load(Dump(before), after);
+        double x = after.entityAt(0).position().x;
+        EXPECT_EQ(x, value);
+        EXPECT_EQ(std::signbit(x), std::signbit(value));
+    }
+}
+
+TEST(RoundTrip, NumbersThatAreNotFiniteGiveValidJson) {
+    drawing::Drawing drawing;
+    drawing.addPoint({1, std::nan(""), 0});
+    drawing.addCircle({1, 1, 0}, std::numeric_limits<double>::infinity());
+    std::string json = Dump(drawing);
+    EXPECT_NE(json.find(R"("id":"1","geometry":null)"), json.npos) << json;
+    EXPECT_NE(json.find(R"("position":[1,null,0])"), json.npos) << json;
+    EXPECT_NE(json.find(R"("radius":null)"), json.npos) << json;
+}
+
+TEST(RoundTrip, ErasedEntitiesAreGone) {
+    drawing::Drawing drawing;
+    drawing.addPoint({1, 1, 0}).erase();
+    drawing.addPoint({2, 2, 0});
+    std::string expected = Document(
+        Feature("2", R"({"type":"Point","coordinates":[2,2,0]})", Plain("VDPOINT", R"("position":[2,2,0])")));
+    EXPECT_EQ(Dump(drawing), expected);
+}
+
+TEST(RoundTrip, IdsAreKeptWhenTheyAreFreeHandles) {
+    drawing::Drawing drawing;
+    Load(R"({"type":"FeatureCollection","features":[
+        {"id":"ff","vdf":{}},{"id":"FF","vdf":{}},{"id":"not hexadecimal","vdf":{}},{"id":"3","vdf":{}},{"id":7,"vdf":{}},
+        {"id":"0","vdf":{}},{"id":"FFFFFFFFFFFFFFFFFFFF","vdf":{}}]})",
+         drawing);
+    std::vector<std::string> handles;
+    drawing.forEach([&](drawing::Entity entity) { handles.push_back(entity.handle()); });
+    EXPECT_EQ(handles, (std::vector<std::string>{"FF", "100", "101", "3", "102", "103", "104"}));
+}
+
+TEST(RoundTrip, OrderOfTheMembersMeansNothing) {
+    const char* json = R"({"features":[{"vdf":{"layer":"B"}}],"crs":{"type":"name"},
+        "drawing":{"layers":[{"name":"A"},{"name":"B","colour":2}],"activeLayer":"A"},"type":"FeatureCollection"})";
+    drawing::Drawing drawing;
+    Load(json, drawing);
+    ASSERT_EQ(drawing.layerCount(), 3U);
+    EXPECT_EQ(drawing.layers()[1].name, "A");
+    EXPECT_EQ(drawing.layers()[2].colour, 2U);
+    EXPECT_EQ(drawing.activeLayerName(), "A");
+    EXPECT_EQ(drawing.entityAt(0).layerName(), "B");
+}
+
+}  // namespace
+
+}  // namespace vexlator::test
