@@ -86,7 +86,8 @@ std::string IconvName(std::string_view name) {
     if (key == "WINDOWSSIMPCHINESE") return "CP936";
     if (key == "WINDOWSKOREAN") return "CP949";
     if (key == "WINDOWSTRADCHINESE") return "CP950";
-    if (key.starts_with("CODEPAGE") || key.starts_with("CODEPG")) key = key.substr(key.find('P', 4) + (key.starts_with("CODEPAGE") ? 4 : 2));
+    if (key.starts_with("CODEPAGE") || key.starts_with("CODEPG"))
+        key = key.substr(key.find('P', 4) + (key.starts_with("CODEPAGE") ? 4 : 2));
     for (std::string_view prefix : {"ANSI", "OEM", "WINDOWS", "MSDOS", "CP", "DOS", "IBM"})
         if (key.starts_with(prefix) && key.size() > prefix.size() &&
             std::isdigit(static_cast<unsigned char>(key[prefix.size()]))) {

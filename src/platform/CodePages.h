@@ -14,8 +14,8 @@ namespace vexlator::platform {
 bool IsAscii(std::string_view text);
 bool IsUtf8(std::string_view text);
 
-/// Windows-1252 to UTF-8. Every byte has a meaning: the five that the code page leaves open become the control
-/// characters of the same number, as Windows maps them, so that text passes through unchanged.
+/// Windows-1252 to UTF-8. Every byte has a meaning: the five that the code page leaves open become the
+/// control characters of the same number, as Windows maps them, so that text passes through unchanged.
 std::string Utf8FromWindows1252(std::string_view bytes);
 void AppendUtf8FromWindows1252(std::string& target, std::string_view bytes);
 

@@ -27,7 +27,9 @@ namespace {
 constexpr std::string_view temporaryEnding = ".vxtmp";
 constexpr std::uint64_t writeBackStep = std::uint64_t{8} << 20;
 
-std::string Reason(int error) { return std::generic_category().message(error); }
+std::string Reason(int error) {
+    return std::generic_category().message(error);
+}
 
 bool IsTemporaryName(std::string_view name) {
     return name.size() > temporaryEnding.size() && name.front() == '.' && name.ends_with(temporaryEnding);
@@ -89,6 +91,28 @@ std::string FollowLink(const std::string& native) {
     return error ? native : target.string();
 }
 
+/// A regular file, open for reading. O_NONBLOCK keeps a named pipe from stopping us before we know what it
+/// is.
+struct OpenedFile {
+    explicit OpenedFile(std::string_view path) : name(FindExisting(path)) {
+        if (name.empty()) throw ReadError(NativePath(path), "", Reason(ENOENT));
+        descriptor = ::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+        if (descriptor < 0) throw ReadError(name, "", Reason(errno));
+        struct stat info {};
+        bool regular = ::fstat(descriptor, &info) == 0 && S_ISREG(info.st_mode);
+        if (!regular) ::close(descriptor);
+        if (!regular) throw ReadError(name, "", "is not a file");
+        size = static_cast<std::size_t>(info.st_size);
+    }
+    ~OpenedFile() { ::close(descriptor); }
+    OpenedFile(const OpenedFile&) = delete;
+    OpenedFile& operator=(const OpenedFile&) = delete;
+
+    std::string name;
+    int descriptor = -1;
+    std::size_t size = 0;
+};
+
 template <typename Wanted>
 std::vector<std::string> ListEntries(std::string_view folder, Wanted wanted) {
     std::vector<std::string> names;
@@ -118,7 +142,8 @@ MappedFile::MappedFile(std::string_view path) : name_(NativePath(path)) {
     struct stat info {};
     int error = ::fstat(descriptor, &info) != 0 ? errno : S_ISREG(info.st_mode) ? 0 : EISDIR;
     if (error == 0 && info.st_size > 0) {
-        void* data = ::mmap(nullptr, static_cast<std::size_t>(info.st_size), PROT_READ, MAP_PRIVATE, descriptor, 0);
+        void* data =
+            ::mmap(nullptr, static_cast<std::size_t>(info.st_size), PROT_READ, MAP_PRIVATE, descriptor, 0);
         if (data == MAP_FAILED) {
             error = errno;
         } else {
@@ -135,7 +160,9 @@ MappedFile::~MappedFile() {
     if (data_) ::munmap(const_cast<std::byte*>(data_), size_);
 }
 
-MappedFile::MappedFile(MappedFile&& other) noexcept { *this = std::move(other); }
+MappedFile::MappedFile(MappedFile&& other) noexcept {
+    *this = std::move(other);
+}
 
 MappedFile& MappedFile::operator=(MappedFile&& other) noexcept {
     std::swap(data_, other.data_);
@@ -190,7 +217,9 @@ OutputFile::~OutputFile() {
     ::close(descriptor_);
 }
 
-void OutputFile::Fail(int error) const { throw WriteError(target_, Reason(error)); }
+void OutputFile::Fail(int error) const {
+    throw WriteError(target_, Reason(error));
+}
 
 void OutputFile::Put(const char* data, std::size_t size) {
     while (size > 0) {
@@ -260,6 +289,19 @@ void RemoveLeftovers(std::string_view folder) {
     }
 }
 
+std::string ReadWholeFile(std::string_view path) {
+    OpenedFile file(path);
+    std::string content;
+    for (std::size_t step = 1 << 16;;) {
+        std::size_t size = content.size();
+        content.resize(size + step);
+        ssize_t got = ::read(file.descriptor, content.data() + size, step);
+        content.resize(size + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+        if (got == 0) return content;
+        if (got < 0 && errno != EINTR) throw ReadError(file.name, "", Reason(errno));
+    }
+}
+
 void ReplaceFile(std::string_view path, std::string_view content) {
     OutputFile file(path);
     file.Write(content);
@@ -324,6 +366,23 @@ bool RemoveFile(std::string_view path) {
     return !native.empty() && ::unlink(native.c_str()) == 0;
 }
 
+bool RenameFile(std::string_view source, std::string_view target) {
+    std::string from = FindExisting(source), to = PathToWrite(target);
+    std::error_code ignored;
+    if (from.empty() || fs::is_directory(to, ignored)) return false;
+    if (::rename(from.c_str(), to.c_str()) != 0) {
+        if (errno != EXDEV) return false;
+        try {
+            CopyWholeFile(source, target);
+        } catch (const std::runtime_error&) {
+            return false;
+        }
+        ::unlink(from.c_str());
+    }
+    RemoveOtherCases(to);
+    return true;
+}
+
 std::vector<std::string> ListFiles(std::string_view folder) {
     return ListEntries(folder, [](const fs::directory_entry& entry) {
         std::error_code ignored;
@@ -349,7 +408,8 @@ FileLock::FileLock(std::string_view path) {
         while (::flock(descriptor_, LOCK_EX) != 0 && errno == EINTR) {
         }
         // The holder before us may have deleted the file while we waited; then our lock guards nothing.
-        struct stat ours {}, onDisk {};
+        struct stat ours {
+        }, onDisk{};
         if (::fstat(descriptor_, &ours) == 0 && ::stat(name_.c_str(), &onDisk) == 0 &&
             ours.st_ino == onDisk.st_ino && ours.st_dev == onDisk.st_dev)
             return;

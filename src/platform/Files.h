@@ -17,7 +17,8 @@
 namespace vexlator::platform {
 
 /// The bytes of a file, mapped into memory while the object lives. An empty file gives empty bytes.
-/// A file that shrinks while it is mapped is not guarded against: sources are not written while they are read.
+/// A file that shrinks while it is mapped is not guarded against: sources are not written while they are
+/// read.
 class MappedFile {
 public:
     /// @throws ReadError: no such file, no right to read it, a folder.
@@ -44,8 +45,8 @@ private:
 
 /// A file that appears whole or not at all.
 /// Bytes go to a temporary file beside the target; Commit() syncs it and moves it into place, and removes
-/// files of the same name in another letter case. Destroyed without Commit(), it leaves the old target as it was.
-/// What a killed program leaves behind is taken away by RemoveLeftovers().
+/// files of the same name in another letter case. Destroyed without Commit(), it leaves the old target as it
+/// was. What a killed program leaves behind is taken away by RemoveLeftovers().
 /// @throws WriteError: native path, system reason; from every member that writes, and from Commit(), when the
 /// disk fills late.
 class OutputFile {
@@ -65,8 +66,8 @@ public:
     void Write(std::span<const std::byte> bytes) {
         Write(std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()));
     }
-    /// Room for up to `most` bytes inside the buffer, to be filled and then taken with Advance(); `most` is at
-    /// most BufferSize.
+    /// Room for up to `most` bytes inside the buffer, to be filled and then taken with Advance(); `most` is
+    /// at most BufferSize.
     char* Reserve(std::size_t most) {
         if (BufferSize - used_ < most) Flush();
         return buffer_.get() + used_;
@@ -105,6 +106,9 @@ private:
 /// Deletes temporary files that killed runs left in a folder. Those of running programs stay.
 void RemoveLeftovers(std::string_view folder);
 
+/// The content of a small file that other programs may write meanwhile. @throws ReadError
+std::string ReadWholeFile(std::string_view path);
+
 /// Writes the whole content of a file, atomically. @throws WriteError
 void ReplaceFile(std::string_view path, std::string_view content);
 
@@ -125,6 +129,9 @@ bool CreateFolder(std::string_view path);
 bool CreateFolderTree(std::string_view path);
 /// Removes an empty folder; false when it is not empty or not there.
 bool RemoveEmptyFolder(std::string_view path);
+/// Gives a file another name, in place of a file that has that name; copies it when the target lies on
+/// another disk. False when it cannot, and then the source is still there.
+bool RenameFile(std::string_view source, std::string_view target);
 /// Deletes one file or link; false when there was none.
 bool RemoveFile(std::string_view path);
 

@@ -14,9 +14,15 @@ namespace fs = std::filesystem;
 
 namespace {
 
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-char Upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-bool IsLetter(char c) { return Lower(c) >= 'a' && Lower(c) <= 'z'; }
+char Lower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+char Upper(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+bool IsLetter(char c) {
+    return Lower(c) >= 'a' && Lower(c) <= 'z';
+}
 
 std::string WithSlashes(std::string_view path) {
     std::string text(path);
@@ -24,15 +30,16 @@ std::string WithSlashes(std::string_view path) {
     return text;
 }
 
-bool IsDrivePath(std::string_view p) { return p.size() >= 2 && IsLetter(p[0]) && p[1] == ':'; }
-bool IsServerPath(std::string_view p) { return p.size() > 2 && p[0] == '\\' && p[1] == '\\'; }
+bool IsDrivePath(std::string_view p) {
+    return p.size() >= 2 && IsLetter(p[0]) && p[1] == ':';
+}
+bool IsServerPath(std::string_view p) {
+    return p.size() > 2 && p[0] == '\\' && p[1] == '\\';
+}
 
 std::string DrivesFolder() {
     if (const char* drives = std::getenv("VEXLATOR_DRIVES"); drives && *drives) return drives;
-    if (const char* data = std::getenv("XDG_DATA_HOME"); data && *data)
-        return std::string(data) + "/vexlator/drives";
-    const char* home = std::getenv("HOME");
-    return std::string(home && *home ? home : "/") + "/.local/share/vexlator/drives";
+    return UserDataFolder() + "/vexlator/drives";
 }
 
 bool Exists(const std::string& path) {
@@ -103,6 +110,12 @@ std::string UpperAscii(std::string_view text) {
     std::string result(text);
     std::transform(result.begin(), result.end(), result.begin(), Upper);
     return result;
+}
+
+std::string UserDataFolder() {
+    if (const char* data = std::getenv("XDG_DATA_HOME"); data && *data) return data;
+    const char* home = std::getenv("HOME");
+    return std::string(home ? home : "") + "/.local/share";
 }
 
 std::string NativePath(std::string_view path) {

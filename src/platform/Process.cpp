@@ -80,13 +80,19 @@ std::string LocaleCountry() {
     return "UNK";
 }
 
-int RunProgram(const std::string& commandLine) {
+int RunProgram(const std::string& commandLine, const std::function<void()>& whileWaiting) {
     pid_t child = Spawn(SplitArguments(commandLine));
     if (child < 0) return -1;
     int status = 0;
-    while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    for (;;) {
+        pid_t ended = ::waitpid(child, &status, whileWaiting ? WNOHANG : 0);
+        if (ended == child) return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        if (ended < 0 && errno != EINTR) return -1;
+        if (ended == 0) {
+            whileWaiting();
+            Sleep(0.02);
+        }
     }
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 void ReplaceProcess(const std::string& nativePath, std::vector<std::string> arguments) {
@@ -98,6 +104,8 @@ bool OpenWithDesktop(const std::string& nativePath) {
     return Spawn({"xdg-open", nativePath}) > 0;
 }
 
-void Sleep(double seconds) { std::this_thread::sleep_for(std::chrono::duration<double>(seconds)); }
+void Sleep(double seconds) {
+    std::this_thread::sleep_for(std::chrono::duration<double>(seconds));
+}
 
 }  // namespace vexlator::platform

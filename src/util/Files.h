@@ -23,8 +23,8 @@ void MakeFolderTree(std::string_view path);
 void RemoveFolder(std::string_view path);
 /// Without "*" deletes that file, with "*" every file of the folder that matches the pattern.
 void DeleteFiles(std::string_view pathOrPattern);
-/// With "*" in the source: copies every match into the target's folder under its own name. Else copies the one
-/// file, when it exists and is not empty. Returns whether anything was copied.
+/// With "*" in the source: copies every match into the folder part of the target under its own name. Else
+/// copies the one file, when it exists and is not empty. Returns whether anything was copied.
 bool CopyFiles(std::string_view sourceOrPattern, std::string_view target);
 /// Renames the source to the target, which it replaces, when the source exists and is not empty.
 bool MoveFile(std::string_view source, std::string_view target);
@@ -36,8 +36,8 @@ std::string ReadFirstLine(std::string_view path);
 /// name, as on Windows. Letter case does not count.
 bool MatchesPattern(std::string_view name, std::string_view pattern);
 
-/// Opens a file for reading. On failure nothing is returned and the message "Error Opening ", the path, a line
-/// end and the system's reason are shown when `show` is given.
+/// Opens a file for reading. On failure nothing is returned and the message "Error Opening ", the path, a
+/// line end and the system's reason are shown when `show` is given.
 std::optional<platform::MappedFile> OpenFile(std::string_view path, ui::UserInterface* show = nullptr);
 
 /// Text lines that end in CR LF, LF or CR, from a buffer.
@@ -47,12 +47,15 @@ public:
     bool AtEnd() const { return position_ >= text_.size(); }
     /// The next line without its line end; at the end of the text the rest.
     std::string_view ReadTextLine();
+    /// Where the next line begins.
+    std::size_t Position() const { return position_; }
     /// Number of the line read last, from 1.
     std::uint64_t Line() const { return line_; }
 
 private:
     std::string_view text_;
     std::size_t position_ = 0;
+    std::size_t nextLineFeed_ = 0;  ///< kept from line to line: a file that ends lines in CR may have none
     std::uint64_t line_ = 0;
 };
 

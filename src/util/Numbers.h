@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -14,12 +15,16 @@ namespace vexlator::util {
 double NumberOf(std::string_view text);
 /// The leading whole number, kept within the range of the result.
 std::int64_t IntegerOf(std::string_view text);
-/// Fixed decimals, half rounded away from zero, no "-0": 1.0005 with 3 decimals gives "1.001". `decimals` is
-/// 0 to 15.
+/// Fixed decimals (0 to 15), half rounded away from zero, no "-0". What is rounded is the decimal number that
+/// the value stands for, its shortest text: 1.0005 with 3 decimals gives "1.001". A value that is infinite or
+/// not a number gives the text of 0.
 std::string FormatFixed(double value, int decimals);
+/// FormatFixed into a buffer of at least `longestFixed` bytes; returns the end of the text.
+char* WriteFixed(char* out, double value, int decimals);
+constexpr std::size_t longestFixed = 328;  ///< sign, 309 digits, point, 15 decimals, one to spare
 /// The value that FormatFixed's text stands for, without the text.
 double RoundFixed(double value, int decimals);
-/// The shortest text that reads back as the same value.
+/// The shortest text that reads back as the same value; "0" for one that is infinite or not a number.
 std::string FormatShortest(double value);
 /// Padded with zeros on the left to at least `digits` digits.
 std::string ZeroPadded(std::int64_t value, int digits);

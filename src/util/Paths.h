@@ -23,9 +23,12 @@ std::string ChangeExtension(std::string_view path, std::string_view extension);
 /// `folder`, a backslash and `name`.
 std::string JoinPath(std::string_view folder, std::string_view name);
 /// A name that cannot leave its folder: separators, characters that Windows forbids and control characters
-/// become "_"; so do a name that is empty or only full stops. Feature codes name files through this.
+/// become "_"; a name that is empty or only full stops becomes "_"; names of Windows devices (CON, NUL, COM1
+/// ...) get a "_" in front; at most 120 bytes, cut at a whole character. Feature codes name files through
+/// this.
 std::string SafeFileName(std::string_view name);
-/// A name for a new copy that overwrites neither a file nor its .BAK: Survey.VDF, Survey(1).VDF, ...
+/// A name for a new copy that overwrites neither a file nor its .BAK: Survey.VDF, Survey(1).VDF, ... A number
+/// that the name already carries is replaced: Survey(3).VDF leads to Survey(1).VDF.
 std::string NextFreeName(std::string_view path);
 
 }  // namespace vexlator::util

@@ -17,15 +17,12 @@ double GetCommaNumber(std::size_t index, std::string_view text);
 std::string_view GetBarField(std::size_t index, std::string_view text);
 /// How often `part` occurs, overlapping hits included: "aa" occurs twice in "aaa".
 std::size_t CountOf(std::string_view text, std::string_view part);
-/// Position from 1 of `part`, letter case ignored; 0 when absent.
+/// Position in bytes, from 1, of `part`, the case of ASCII letters ignored; 0 when absent.
 std::size_t InStrNoCase(std::string_view text, std::string_view part);
 /// Without the blanks (spaces only) at both ends.
 std::string_view Trim(std::string_view text);
 std::string ReplaceAll(std::string_view text, std::string_view what, std::string_view by);
 /// Blanks become "_"; the name DATE (any letter case) becomes "gvDate".
 std::string FieldNameFor(std::string_view name);
-/// The text in the user's language. `languageFile` holds lines of the form text|||translation; a text that it
-/// lacks is added to it as text|||text and returned unchanged.
-std::string TranslateText(std::string_view text, std::string_view languageFile);
 
 }  // namespace vexlator::util

@@ -1,0 +1,200 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "config/Ini.h"
+
+#include "platform/CodePages.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "util/Files.h"
+
+#include <algorithm>
+
+namespace vexlator::config {
+
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+std::string_view WithoutBlanks(std::string_view text) {
+    std::size_t begin = text.find_first_not_of(" \t");
+    if (begin == std::string_view::npos) return text.substr(text.size());
+    return text.substr(begin, text.find_last_not_of(" \t") - begin + 1);
+}
+
+bool IsQuoted(std::string_view value) {
+    return value.size() >= 2 && (value[0] == '"' || value[0] == '\'') && value.back() == value[0];
+}
+
+std::string ToUtf8(std::string_view text) {
+    return platform::IsUtf8(text) ? std::string(text) : platform::Utf8FromWindows1252(text);
+}
+
+/// The start of a UTF-8 text that has at most `most` characters.
+std::string_view FirstCharacters(std::string_view text, std::size_t most) {
+    std::size_t size = 0;
+    for (std::size_t count = 0; size < text.size(); ++size) {
+        bool continues = (static_cast<unsigned char>(text[size]) & 0xC0) == 0x80;
+        if (!continues && ++count > most) break;
+    }
+    return text.substr(0, size);
+}
+
+// --- Reading. Names and values here are views into the file's text.
+
+/// The name in a "[name]" line.
+bool IsSectionLine(std::string_view line, std::string_view& name) {
+    line = WithoutBlanks(line);
+    std::size_t end = line.find(']');
+    if (!line.starts_with('[') || end == std::string_view::npos) return false;
+    name = WithoutBlanks(line.substr(1, end - 1));
+    return true;
+}
+
+bool IsKeyLine(std::string_view line, std::string_view& name, std::string_view& value) {
+    std::size_t equals = line.find('=');
+    name = WithoutBlanks(line.substr(0, equals));
+    if (equals == std::string_view::npos || name.empty() || name[0] == ';') return false;
+    value = WithoutBlanks(line.substr(equals + 1));
+    return true;
+}
+
+/// Where a section and a key stand in a text; also, where a new key belongs.
+struct Place {
+    bool hasSection = false, hasKey = false;
+    std::string_view value;  ///< without the blanks around it
+    std::size_t afterLastKey =
+        0;  ///< just after the section's last key line, or its own line when it has none
+};
+
+/// The first section of that name, and in it the first key: those that come later do not count. Names are in
+/// the encoding of the text.
+Place Find(std::string_view text, std::string_view section, std::string_view key) {
+    Place place;
+    util::LineReader lines(text);
+    std::string_view name, value;
+    while (!lines.AtEnd() && !place.hasKey) {
+        std::string_view line = lines.ReadTextLine();
+        bool isSection = IsSectionLine(line, name);
+        if (isSection && place.hasSection) break;
+        if (isSection) place.hasSection = platform::SameNoCase(name, section);
+        bool isKey = !isSection && place.hasSection && IsKeyLine(line, name, value);
+        if (isKey && platform::SameNoCase(name, key)) {
+            place.hasKey = true;
+            place.value = value;
+        }
+        if (isKey || (isSection && place.hasSection)) place.afterLastKey = lines.Position();
+    }
+    return place;
+}
+
+// --- Writing
+
+bool CanBeSection(std::string_view name) {
+    return name.find_first_of(std::string_view("]\r\n\0", 4)) == std::string_view::npos;
+}
+
+bool CanBeKey(std::string_view name) {
+    return !name.empty() && name[0] != ';' && name[0] != '[' &&
+           name.find_first_of(std::string_view("=\r\n\0", 4)) == std::string_view::npos;
+}
+
+/// The value as it stands in a file, so that it reads back the same and is one line.
+std::string StoredValue(std::string_view value) {
+    std::string stored = ToUtf8(value);
+    std::replace_if(
+        stored.begin(), stored.end(), [](char c) { return c == '\r' || c == '\n' || c == '\0'; }, ' ');
+    bool needsQuotes = IsQuoted(stored) || WithoutBlanks(stored).size() != stored.size();
+    return needsQuotes ? '"' + stored + '"' : stored;
+}
+
+std::string_view LineEndOf(std::string_view text) {
+    std::size_t end = text.find_first_of("\r\n");
+    if (end == std::string_view::npos || text.substr(end).starts_with("\r\n")) return "\r\n";
+    return text.substr(end, 1);
+}
+
+/// Inserts whole lines at the end of a line; gives that line its end when it has none.
+std::string WithLines(std::string_view text, std::size_t at, std::string lines) {
+    bool lineIsOpen = at > 0 && text[at - 1] != '\n' && text[at - 1] != '\r';
+    if (lineIsOpen) lines.insert(0, LineEndOf(text));
+    return std::string(text.substr(0, at)).append(lines).append(text.substr(at));
+}
+
+/// All texts are in one encoding.
+std::string Edited(std::string_view text, std::string_view section, std::string_view key,
+                   std::string_view value) {
+    Place place = Find(text, section, key);
+    if (place.hasKey) {
+        auto at = static_cast<std::size_t>(place.value.data() - text.data());
+        return std::string(text).replace(at, place.value.size(), value);
+    }
+    std::string end(LineEndOf(text));
+    std::string line = std::string(key).append("=").append(value).append(end);
+    if (place.hasSection) return WithLines(text, place.afterLastKey, std::move(line));
+    return WithLines(text, text.size(), "[" + std::string(section) + "]" + end + line);
+}
+
+std::string EditedWindows1252(std::string_view text, std::string_view section, std::string_view key,
+                              std::string_view value) {
+    using platform::Windows1252FromUtf8;
+    return Edited(text, Windows1252FromUtf8(section), Windows1252FromUtf8(key), Windows1252FromUtf8(value));
+}
+
+/// Keeps the encoding of the text where it can.
+std::string Recoded(std::string_view text, const std::string& section, const std::string& key,
+                    const std::string& value) {
+    if (platform::IsUtf8(text)) return Edited(text, section, key, value);
+    if (platform::FitsWindows1252(section + key + value)) {
+        std::string edited = EditedWindows1252(text, section, key, value);
+        // What happens to read as UTF-8 now would be taken for it.
+        if (platform::IsAscii(edited) || !platform::IsUtf8(edited)) return edited;
+    }
+    return Edited(platform::Utf8FromWindows1252(text), section, key, value);
+}
+
+}  // namespace
+
+std::string IniValue(std::string_view text, std::string_view section, std::string_view key) {
+    if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
+    std::string decoded;
+    if (!platform::IsUtf8(text)) text = decoded = platform::Utf8FromWindows1252(text);
+    std::string_view value = Find(text, WithoutBlanks(section), WithoutBlanks(key)).value;
+    value = value.substr(0, value.find('\0'));
+    if (IsQuoted(value)) value = value.substr(1, value.size() - 2);
+    return std::string(FirstCharacters(value, longestIniValue));
+}
+
+std::string WithIniValue(std::string_view text, std::string_view section, std::string_view key,
+                         std::string_view value) {
+    section = WithoutBlanks(section);
+    key = WithoutBlanks(key);
+    if (!CanBeSection(section) || !CanBeKey(key)) return std::string(text);
+    std::string mark(text.starts_with(byteOrderMark) ? byteOrderMark : "");
+    text.remove_prefix(mark.size());
+    return mark + Recoded(text, ToUtf8(section), ToUtf8(key), StoredValue(value));
+}
+
+std::string ReadIniFile(std::string_view file, std::string_view section, std::string_view key) {
+    try {
+        return IniValue(platform::ReadWholeFile(file), section, key);
+    } catch (const platform::ReadError&) {
+        return "";
+    }
+}
+
+bool WriteIniFile(std::string_view file, std::string_view section, std::string_view key,
+                  std::string_view value) {
+    try {
+        platform::FileLock lock(file);
+        std::string text = platform::FileExists(file) ? platform::ReadWholeFile(file) : "";
+        std::string edited = WithIniValue(text, section, key, value);
+        if (edited != text) platform::ReplaceFile(file, edited);
+        return true;
+    } catch (const platform::ReadError&) {
+        return false;
+    } catch (const platform::WriteError&) {
+        return false;
+    }
+}
+
+}  // namespace vexlator::config

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace vexlator::config {
+
+/// The full path of the main configuration file: [CONFIG] APPINI of application.ini in the program folder,
+/// with every %USERNAME% and %username% replaced by the current user's login name; without it, `fileName` in
+/// the program folder.
+std::string LocateConfigFile(std::string_view programFolder, std::string_view fileName);
+
+}  // namespace vexlator::config

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/UserInterface.h"
+
+#include <string>
+#include <string_view>
+
+/// Other programs, and what the system knows of its user.
+namespace vexlator::util {
+
+/// Login name of the current user, at most 255 characters.
+std::string UserName();
+/// ISO 3166 country code of the system's locale; "UNK" when it gives none.
+std::string LocaleCountry();
+
+/// Waits while windows stay responsive; returns at once where there are none.
+void Pause(ui::UserInterface& ui, double seconds);
+/// Starts a program from a command line and waits until it has ended, while windows stay responsive. Returns
+/// its exit status, or -1 when it could not be started.
+int RunAndWait(const std::string& commandLine, ui::UserInterface& ui);
+/// Opens a document with the program registered for it; does not wait, and no failure is told.
+void OpenDocument(std::string_view path);
+
+/// The CAD converter program: the user's registry value DrawingConvertAppPath under
+/// SOFTWARE\VectorDraw\UserValues, else the machine's, else vdconv.exe in the program folder.
+std::string VectorDrawConverterPath(std::string_view programFolder);
+/// The folder of files that 32-bit programs share, else that of all programs, as the registry tells; "" when
+/// it does not.
+std::string CommonFilesFolder();
+
+}  // namespace vexlator::util
