@@ -26,6 +26,17 @@ std::optional<std::uint64_t> HandleNumber(std::string_view text) {
     return number;
 }
 
+/// The place of a value in a table, entered when it is not among the last few: entities come in runs that
+/// look alike, and a few entries too many are cheaper than a search for every entity.
+template <typename T>
+std::uint32_t IndexAmongLast(std::vector<T>& table, const T& value) {
+    std::size_t stop = table.size() > 8 ? table.size() - 8 : 0;
+    for (std::size_t i = table.size(); i > stop; --i)
+        if (table[i - 1] == value) return static_cast<std::uint32_t>(i - 1);
+    table.push_back(value);
+    return static_cast<std::uint32_t>(table.size() - 1);
+}
+
 }  // namespace
 
 double distance(const Point& a, const Point& b) {
@@ -240,14 +251,11 @@ void Drawing::scale(double factor) {
 // --- Creation
 
 std::uint32_t Drawing::styleIndex(const Style& style) {
-    // Entities come in runs of one style; a table entry for each run is cheaper than looking all of them up.
-    if (styles_.empty() || !(styles_.back() == style)) styles_.push_back(style);
-    return static_cast<std::uint32_t>(styles_.size() - 1);
+    return IndexAmongLast(styles_, style);
 }
 
 std::uint32_t Drawing::shapeIndex(const Shape& shape) {
-    if (shapes_.empty() || !(shapes_.back() == shape)) shapes_.push_back(shape);
-    return static_cast<std::uint32_t>(shapes_.size() - 1);
+    return IndexAmongLast(shapes_, shape);
 }
 
 Entity Drawing::add(Kind kind, const Shape& shape) {
@@ -399,6 +407,12 @@ std::span<PlanePoint> Drawing::extendPlan(std::size_t count) {
     record.vertexCount = CheckedSize(record.vertexCount + count);
     if (!heights_.empty()) std::fill_n(heights_.extend(count), count, 0.0);
     return {vertices_.extend(count), count};
+}
+
+std::span<PlanePoint> Drawing::planFrom(std::uint32_t first) {
+    if (first >= entities_.size()) return {};
+    std::uint64_t begin = entities_[first].vertexBegin;
+    return {vertices_.data() + begin, vertices_.size() - begin};
 }
 
 void Drawing::reserve(std::size_t entities, std::size_t vertices, std::size_t textBytes) {

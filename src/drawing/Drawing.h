@@ -260,6 +260,9 @@ public:
     Colour activeColour() const { return active_.colour; }
     void setActiveFillColour(Colour value) { active_.fillColour = value; }
     Colour activeFillColour() const { return active_.fillColour; }
+    /// Everything that new entities take at once; the two colours above are part of it.
+    const Style& activeStyle() const { return active_; }
+    void setActiveStyle(const Style& style) { active_ = style; }
 
     /// Entities that are not erased.
     std::size_t entityCount() const { return entities_.size() - erased_; }
@@ -315,6 +318,9 @@ public:
     /// Adds vertices without heights to the entity added last; to be filled at once.
     std::span<PlanePoint> extendPlan(std::size_t count);
     void reserve(std::size_t entities, std::size_t vertices, std::size_t textBytes);
+    /// The vertices of entity number `first` and all added after it, to convert at once. Only while each of
+    /// them was built up before the next was added.
+    std::span<PlanePoint> planFrom(std::uint32_t first);
 
 private:
     friend class Entity;

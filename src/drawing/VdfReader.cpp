@@ -4,8 +4,8 @@
 #include "drawing/TextBlock.h"
 #include "drawing/Vdf.h"
 #include "platform/Paths.h"
-
 #include "vdf_generated.h"
+
 #include <algorithm>
 #include <cstring>
 #include <flatbuffers/flatbuffers.h>
@@ -96,7 +96,8 @@ private:
         const auto* data = reinterpret_cast<const std::uint8_t*>(bytes.data());
         flatbuffers::Verifier verifier(data, bytes.size(), 16,
                                        static_cast<flatbuffers::uoffset_t>(bytes.size() / 4 + 64));
-        if (bytes.size() < 8 || !verifier.VerifyBuffer<Table>(nullptr)) Damaged(place, "the structure is damaged");
+        if (bytes.size() < 8 || !verifier.VerifyBuffer<Table>(nullptr))
+            Damaged(place, "the structure is damaged");
         return flatbuffers::GetRoot<Table>(data);
     }
 
@@ -124,8 +125,8 @@ private:
     }
 
     Shape TakeShape(const vdf::ShapeEntry& entry) {
-        return {TakeString(entry.name()), entry.scale_x(),     entry.scale_y(),   entry.rotation(),
-                entry.size(),             entry.start_angle(), entry.end_angle(), entry.alignment()};
+        return {TakeString(entry.name()), entry.scale_x(),   entry.scale_y(),  entry.rotation(), entry.size(),
+                entry.start_angle(),      entry.end_angle(), entry.alignment()};
     }
 
     void ReadIndex(const vdf::Index& index) {
@@ -237,16 +238,18 @@ private:
         bool complete = flags.Fits(count) && layers.Fits(count) && styles.Fits(count) && shapes.Fits(count) &&
                         sets.Fits(count) && handles.Fits(count) && vertexCounts.Fits(count);
         if (!complete) Damaged(place, "a column is too short or too long");
-        if (!kinds.AllBelow(static_cast<std::size_t>(Kind::Other) + 1) || !layers.AllBelow(drawing_.layerCount()) ||
-            !styles.AllBelow(drawing_.styles_.size()) || !shapes.AllBelow(drawing_.shapes_.size()) ||
-            !sets.AllBelow(sets_.size()) || !flags.AllBelow(2 * vdf::sameTexts))
+        if (!kinds.AllBelow(static_cast<std::size_t>(Kind::Other) + 1) ||
+            !layers.AllBelow(drawing_.layerCount()) || !styles.AllBelow(drawing_.styles_.size()) ||
+            !shapes.AllBelow(drawing_.shapes_.size()) || !sets.AllBelow(sets_.size()) ||
+            !flags.AllBelow(2 * vdf::sameTexts))
             Damaged(place, "a column refers to something that does not exist");
 
         Cursor cursor = CopyArenas(place, chunk);
         for (std::size_t i = 0; i < count; ++i) {
             Record record{};
             record.kind = static_cast<Kind>(kinds[i]);
-            record.flags = flags[i] & (Record::Closed | Record::Filled | Record::HasLabel | Record::HasHyperlink);
+            record.flags =
+                flags[i] & (Record::Closed | Record::Filled | Record::HasLabel | Record::HasHyperlink);
             record.layer = layers[i];
             record.style = styles[i];
             record.shape = shapes[i];
@@ -282,7 +285,8 @@ private:
         Cursor cursor{drawing_.vertices_.size(), drawing_.vertices_.size() + vertices, drawing_.texts_.size(),
                       drawing_.texts_.size() + texts};
         if (vertices != 0)
-            std::memcpy(static_cast<void*>(drawing_.vertices_.extend(vertices)), chunk.plan()->data(), vertices * sizeof(PlanePoint));
+            std::memcpy(static_cast<void*>(drawing_.vertices_.extend(vertices)), chunk.plan()->data(),
+                        vertices * sizeof(PlanePoint));
         if (heights != 0 || !drawing_.heights_.empty()) {
             double* z = drawing_.heights_.extend(vertices);
             if (heights != 0)
@@ -337,7 +341,9 @@ private:
     std::vector<AttributeSet> sets_;  ///< the drawing's number of each set of the file
 };
 
-void ReadVdf(std::span<const std::byte> bytes, Drawing& drawing) { VdfReader(bytes, drawing, nullptr).Read(); }
+void ReadVdf(std::span<const std::byte> bytes, Drawing& drawing) {
+    VdfReader(bytes, drawing, nullptr).Read();
+}
 
 void ReadVdf(std::string_view path, Drawing& drawing) {
     platform::MappedFile file(path);

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "drawing/Drawing.h"
 #include "drawing/Vdf.h"
-
 #include "vdf_generated.h"
+
 #include <algorithm>
 #include <bit>
 #include <cstring>
@@ -107,7 +107,8 @@ private:
     }
 
     template <typename T, typename Range>
-    flatbuffers::Offset<flatbuffers::Vector<T>> Arena(const char* arena, std::size_t elementSize, Range range) {
+    flatbuffers::Offset<flatbuffers::Vector<T>> Arena(const char* arena, std::size_t elementSize,
+                                                      Range range) {
         std::size_t size = 0;
         ForEachStretch(range, [&](std::uint64_t, std::uint64_t count) { size += count * elementSize; });
         T* target = nullptr;
@@ -133,8 +134,8 @@ private:
         auto vertexRange = [&](std::size_t i) { return VertexRange(i); };
         auto textRange = [&](std::size_t i) { return TextRange(i); };
         auto texts = Arena<std::uint8_t>(drawing_.texts_.data(), 1, textRange);
-        auto plan = Arena<double>(reinterpret_cast<const char*>(drawing_.vertices_.data()), sizeof(PlanePoint),
-                                  vertexRange);
+        auto plan = Arena<double>(reinterpret_cast<const char*>(drawing_.vertices_.data()),
+                                  sizeof(PlanePoint), vertexRange);
         flatbuffers::Offset<flatbuffers::Vector<double>> heights;
         if (HasHeights())
             heights = Arena<double>(reinterpret_cast<const char*>(drawing_.heights_.data()), sizeof(double),
@@ -152,8 +153,8 @@ private:
         auto shapes = Column<std::uint32_t>([&](std::size_t i) { return records_[i]->shape; });
         auto sets = Column<std::uint32_t>([&](std::size_t i) { return records_[i]->set; });
         auto counts = Column<std::uint32_t>([&](std::size_t i) { return records_[i]->vertexCount; });
-        builder_.Finish(vdf::CreateChunk(builder_, kinds, flags, layers, styles, shapes, sets, Handles(), counts,
-                                         plan, heights, texts));
+        builder_.Finish(vdf::CreateChunk(builder_, kinds, flags, layers, styles, shapes, sets, Handles(),
+                                         counts, plan, heights, texts));
         WriteFrame();
     }
 
@@ -193,10 +194,12 @@ private:
     void WriteIndex() {
         builder_.Clear();
         auto properties = Table(drawing_.properties_, [&](const auto& p) {
-            return vdf::CreateProperty(builder_, builder_.CreateString(p.first), builder_.CreateString(p.second));
+            return vdf::CreateProperty(builder_, builder_.CreateString(p.first),
+                                       builder_.CreateString(p.second));
         });
         auto layers = Table(drawing_.layers_, [&](const Layer& layer) {
-            return vdf::CreateLayerEntry(builder_, builder_.CreateString(layer.name), layer.frozen, layer.colour);
+            return vdf::CreateLayerEntry(builder_, builder_.CreateString(layer.name), layer.frozen,
+                                         layer.colour);
         });
         auto active = StyleEntry(drawing_.active_);
         auto blocks = Table(drawing_.blocks_, [&](const Block& block) { return BlockEntry(block); });
@@ -225,6 +228,8 @@ private:
     std::vector<vdf::ChunkEntry> chunks_;
 };
 
-void WriteVdf(const Drawing& drawing, platform::OutputFile& file) { VdfWriter(drawing, file).Write(); }
+void WriteVdf(const Drawing& drawing, platform::OutputFile& file) {
+    VdfWriter(drawing, file).Write();
+}
 
 }  // namespace vexlator::drawing

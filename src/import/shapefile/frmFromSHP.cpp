@@ -1,0 +1,207 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "import/shapefile/frmFromSHP.h"
+
+#include "drawing/AttributeTemplate.h"
+#include "drawing/SymbolBlock.h"
+#include "import/FeatureCode.h"
+#include "import/shapefile/TableAttributes.h"
+#include "util/Files.h"
+#include "util/Numbers.h"
+#include "util/Paths.h"
+#include "util/Text.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace vexlator::importer {
+
+using formats::ShapeClass;
+using formats::ShapeRecord;
+
+namespace {
+
+constexpr double metresPerFoot = 0.3048;
+constexpr std::int32_t partLineWeight = 30;
+
+drawing::Colour ColourOf(std::string_view text) {
+    return static_cast<drawing::Colour>(std::clamp<std::int64_t>(util::IntegerOf(text), 0, 0xFFFFFF));
+}
+
+}  // namespace
+
+/// One shapefile while it is read.
+struct frmFromSHP::Source {
+    std::string code, symbol;
+    platform::MappedFile shp, shx;
+    formats::ShapefileReader reader;
+    std::optional<TableAttributes> table;
+    std::uint64_t count = 0;
+
+    Source(std::string featureCode, platform::MappedFile&& shpFile, platform::MappedFile&& shxFile)
+        : code(std::move(featureCode)),
+          shp(std::move(shpFile)),
+          shx(std::move(shxFile)),
+          reader(shp.Bytes(), shx.Bytes()) {}
+};
+
+frmFromSHP::frmFromSHP(config::Session& session) : session_(session) {}
+frmFromSHP::~frmFromSHP() = default;
+
+std::string frmFromSHP::mkCodeNameFromFile(std::string_view path) {
+    return FeatureCodeOf(path);
+}
+
+config::Outcome frmFromSHP::Start(std::string_view sourcePath, std::string_view sourceFolder,
+                                  std::string_view fileList) {
+    view_ = session_.Ui().ShowForm("frmFromSHP");
+    config::Outcome outcome;
+    outcome.target = util::JoinPath(sourceFolder, util::BaseNameOf(sourcePath) + ".VDF");
+    bool complete = ImportShapefile(std::string(sourcePath));
+    for (std::size_t i = 1; i <= util::CountOf(fileList, "|"); ++i) {
+        std::string name(util::GetBarField(i, fileList));
+        bool hasFolder = util::FileNameOf(name) != name;
+        complete &= ImportShapefile(hasFolder ? name : util::JoinPath(util::FolderOf(sourcePath), name));
+    }
+    if (surveyFeet_) drawing_.scale(metresPerFoot);
+    drawing_.saveAs(outcome.target);
+    view_->SetLabel("Completed!");
+    session_.Ui().Settle(1.0);
+    if (!complete) outcome.status = config::Outcome::Status::Failed;
+    outcome.layers = drawing_.layerCount() - 1;  // without "0", which every drawing has
+    outcome.features = features_;
+    return outcome;
+}
+
+bool frmFromSHP::ImportShapefile(const std::string& path) {
+    auto shp = util::OpenFile(path, &session_.Ui());
+    if (!shp) return false;
+    auto shx = util::OpenFile(util::ChangeExtension(path, "SHX"), &session_.Ui());
+    if (!shx) return false;
+    latLng_ = session_.ReadIniFlag("SHPin", "LL");
+    surveyFeet_ = session_.ReadIniFlag("SHPin", "USFT");
+    bool pipes = session_.ReadIni("GENERAL", "CUSTOMERMODE") == "CORVANTEX";
+    session_.Log("Reading:" + path);
+    if (latLng_ && !converter_) converter_ = std::make_unique<coords::frmLatLng>(session_);
+
+    Source source(pipes ? "PIPES" : mkCodeNameFromFile(path), std::move(*shp), std::move(*shx));
+    SelectShapefileLayer(source.code);
+    source.symbol = drawing::EnsureSymbolBlock(
+        session_, util::GetCommaField(1, drawing::ReadAtpStyle(session_, source.code)), drawing_);
+    std::string dbfPath = util::ChangeExtension(path, "DBF");
+    if (util::FileSize(dbfPath) > 0) {
+        source.table.emplace(dbfPath, drawing_);
+        std::string atp =
+            util::JoinPath(session_.Settings().ATPDirectory, util::SafeFileName(source.code) + ".ATP");
+        drawing::GenerateAtp(session_, atp, source.table->FieldNames(), source.table->FieldWidths());
+    }
+    auto firstEntity = static_cast<std::uint32_t>(drawing_.entityCount());
+    ReadRecords(source);
+    if (latLng_) ConvertShapePoints(source.code, firstEntity);
+    drawing_.zoomExtents();
+    Report(source);
+    return true;
+}
+
+void frmFromSHP::SelectShapefileLayer(const std::string& code) {
+    drawing_.setActiveLayer(code);
+    std::string style = drawing::ReadAtpStyle(session_, code);
+    drawing_.setActiveStyle({});
+    if (style.empty()) {
+        drawing_.setActiveColourIndex(static_cast<drawing::Colour>(drawing_.layerCount()));
+        return;
+    }
+    drawing_.setActiveColour(ColourOf(util::GetCommaField(2, style)));
+    drawing_.setActiveFillColour(drawing_.activeColour());
+}
+
+void frmFromSHP::ReadRecords(Source& source) {
+    // A first guess at the room that is needed; the drawing grows where it is too small.
+    std::size_t records = std::min(source.reader.RecordCount(), source.shp.Bytes().size() / 12);
+    drawing_.reserve(records, source.shp.Bytes().size() / 28,
+                     source.table ? source.table->ByteSize() / 2 : 0);
+    view_->SetLabel(source.code);
+    ShapeRecord record;
+    try {
+        while (source.reader.Next(record)) {
+            AddShape(source, record);
+            view_->Progress(++source.count, records);
+            source.shp.DoneBefore(record.offset);
+        }
+    } catch (const platform::ReadError& error) {
+        throw error.InFile(source.shp.Name());
+    }
+}
+
+void frmFromSHP::AddShape(Source& source, const ShapeRecord& record) {
+    switch (record.shapeClass) {
+        case ShapeClass::Unknown:
+            ShowUnknownType(source, record);
+            --source.count;
+            return;
+        case ShapeClass::Null:
+        case ShapeClass::Point: {
+            util::PlanePoint at =
+                record.shapeClass == ShapeClass::Point ? record.Point() : util::PlanePoint{};
+            UseStyleFor(record);
+            drawing_.addInsert({at.x, at.y, 0}, source.symbol, 1, 1, 0);
+            AddAttributes(source, record);
+            return;
+        }
+        case ShapeClass::Polyline:
+        case ShapeClass::Polygon:
+            AddParts(source, record);
+            return;
+    }
+}
+
+void frmFromSHP::UseStyleFor(const ShapeRecord& record) {
+    bool hasLines = record.shapeClass == ShapeClass::Polyline || record.shapeClass == ShapeClass::Polygon;
+    drawing::Style style = drawing_.activeStyle();
+    style.lineWeight = hasLines ? partLineWeight : 0;
+    if (record.shapeClass == ShapeClass::Polygon) style.fillColour = style.colour;
+    if (!(style == drawing_.activeStyle())) drawing_.setActiveStyle(style);
+}
+
+void frmFromSHP::AddParts(Source& source, const ShapeRecord& record) {
+    UseStyleFor(record);
+    for (std::size_t part = 0; part < record.partCount; ++part) {
+        drawing::Entity polyline = drawing_.addPolyline();
+        std::size_t begin = record.PartBegin(part);
+        record.CopyPoints(begin, drawing_.extendPlan(record.PartEnd(part) - begin));
+        if (record.shapeClass == ShapeClass::Polygon) {
+            polyline.setClosed(true);
+            polyline.setFilled(true);
+        }
+        if (part == 0)
+            AddAttributes(source, record);
+        else if (source.table)
+            drawing_.shareValues();
+    }
+}
+
+void frmFromSHP::AddAttributes(Source& source, const ShapeRecord& record) {
+    if (source.table) source.table->AddTo(drawing_, record.number);
+}
+
+void frmFromSHP::ShowUnknownType(const Source& source, const ShapeRecord& record) {
+    session_.Ui().ShowMessage("Type " + std::to_string(record.type) + " Not Understood\nPos " +
+                              std::to_string(record.offset + 1) + "/" +
+                              std::to_string(source.reader.ShpSize()));
+}
+
+void frmFromSHP::ConvertShapePoints(const std::string& code, std::uint32_t firstEntity) {
+    std::size_t left = converter_->LatLngToGrid(drawing_.planFrom(firstEntity));
+    if (left > 0)
+        session_.Ui().Report(code + ": " + util::GroupedCount(left) +
+                             " vertices could not be converted to the grid and keep their coordinates");
+}
+
+void frmFromSHP::Report(const Source& source) {
+    features_ += source.count;
+    if (source.table)
+        for (const std::string& remark : source.table->Remarks()) session_.Ui().Report(remark);
+    session_.Log("        " + std::to_string(source.count) + " entites read OK");
+}
+
+}  // namespace vexlator::importer

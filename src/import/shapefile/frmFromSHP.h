@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Outcome.h"
+#include "config/Session.h"
+#include "coords/frmLatLng.h"
+#include "drawing/Drawing.h"
+#include "formats/shapefile/ShapefileReader.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace vexlator::importer {
+
+class TableAttributes;
+
+/// Shapefiles become one drawing, one layer for each: points become symbols, lines and the rings of areas
+/// become polylines, columns of the attribute table become text attributes.
+class frmFromSHP {
+public:
+    explicit frmFromSHP(config::Session& session);
+    ~frmFromSHP();
+
+    /// Imports `sourcePath` and the files of `fileList` (each preceded by "|"; names without a folder lie
+    /// beside `sourcePath`) and saves the drawing in `sourceFolder` under the first one's base name.
+    /// A file that cannot be opened is reported and left out, and the outcome is Failed.
+    /// @throws platform::ReadError for a damaged file, platform::WriteError; then nothing is saved
+    config::Outcome Start(std::string_view sourcePath, std::string_view sourceFolder,
+                          std::string_view fileList);
+
+    /// The feature code of a shapefile: see FeatureCodeOf.
+    static std::string mkCodeNameFromFile(std::string_view path);
+
+private:
+    struct Source;
+
+    /// False when a file that is needed cannot be opened.
+    bool ImportShapefile(const std::string& path);
+    void ReadRecords(Source& source);
+    void AddShape(Source& source, const formats::ShapeRecord& record);
+    void AddParts(Source& source, const formats::ShapeRecord& record);
+    void AddAttributes(Source& source, const formats::ShapeRecord& record);
+    void ShowUnknownType(const Source& source, const formats::ShapeRecord& record);
+    void SelectShapefileLayer(const std::string& code);
+    void UseStyleFor(const formats::ShapeRecord& record);
+    void ConvertShapePoints(const std::string& code, std::uint32_t firstEntity);
+    void Report(const Source& source);
+
+    config::Session& session_;
+    drawing::Drawing drawing_;
+    std::unique_ptr<ui::FormView> view_;
+    std::unique_ptr<coords::frmLatLng> converter_;
+    bool latLng_ = false;
+    bool surveyFeet_ = false;
+    std::uint64_t features_ = 0;
+};
+
+}  // namespace vexlator::importer
