@@ -10,6 +10,8 @@
 #include <cerrno>
 #include <cstring>
 #include <iconv.h>
+#include <numeric>
+#include <utility>
 
 namespace vexlator::platform {
 
@@ -66,40 +68,63 @@ int Windows1252Byte(char32_t c) {
     return found == windows1252High.end() ? -1 : 0x80 + static_cast<int>(found - windows1252High.begin());
 }
 
-/// iconv's name for a spelling found in GIS files: "65001", "ANSI 1252", "ISO 88591", "WindowsLatin1" ...
+/// The name as it stands, when it is one: iconv reads more than names into blanks, slashes and nothing.
+std::string NameForIconv(std::string_view name) {
+    auto isPartOfName = [](unsigned char c) { return std::isalnum(c) || c == '-' || c == '_' || c == '.'; };
+    auto begin = std::find_if(name.begin(), name.end(), isPartOfName);
+    auto end = std::find_if_not(begin, name.end(), isPartOfName);
+    return std::all_of(end, name.end(), [](unsigned char c) { return std::isspace(c); })
+               ? std::string(begin, end)
+               : "";
+}
+
+/// Character sets of MapInfo files that are not numbers, in capitals.
+constexpr std::array<std::pair<std::string_view, std::string_view>, 15> windowsNames = {{
+    {"NEUTRAL", "CP1252"},
+    {"WINDOWSLATIN1", "CP1252"},
+    {"WINDOWSLATIN2", "CP1250"},
+    {"WINDOWSCYRILLIC", "CP1251"},
+    {"WINDOWSGREEK", "CP1253"},
+    {"WINDOWSTURKISH", "CP1254"},
+    {"WINDOWSHEBREW", "CP1255"},
+    {"WINDOWSARABIC", "CP1256"},
+    {"WINDOWSBALTICRIM", "CP1257"},
+    {"WINDOWSVIETNAMESE", "CP1258"},
+    {"WINDOWSTHAI", "CP874"},
+    {"WINDOWSJAPANESE", "CP932"},
+    {"WINDOWSSIMPCHINESE", "CP936"},
+    {"WINDOWSKOREAN", "CP949"},
+    {"WINDOWSTRADCHINESE", "CP950"},
+}};
+
+bool IsDigits(std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+/// A code page's number as iconv names it. Files that say ISO 8859-1 hold Windows-1252 in truth: its
+/// characters are where ISO 8859-1 has control codes, which no text of a map contains.
+std::string NumberedPage(const std::string& number) {
+    if (number == "65001") return "UTF-8";
+    if (!number.starts_with("8859") || number.size() == 4) return "CP" + number;
+    return number == "88591" ? "CP1252" : "ISO-8859-" + number.substr(4);
+}
+
+/// iconv's name for a spelling found in GIS files; "" for one that cannot be a name.
 std::string IconvName(std::string_view name) {
+    constexpr std::size_t longest = 40;
     std::string key;
     for (char c : name)
         if (std::isalnum(static_cast<unsigned char>(c))) key += c;
+    if (key.empty() || key.size() > longest) return "";
     key = UpperAscii(key);
-    if (key.starts_with("WINDOWSLATIN1")) return "CP1252";
-    if (key.starts_with("WINDOWSLATIN2")) return "CP1250";
-    if (key == "WINDOWSCYRILLIC") return "CP1251";
-    if (key == "WINDOWSGREEK") return "CP1253";
-    if (key == "WINDOWSTURKISH") return "CP1254";
-    if (key == "WINDOWSHEBREW") return "CP1255";
-    if (key == "WINDOWSARABIC") return "CP1256";
-    if (key == "WINDOWSBALTICRIM") return "CP1257";
-    if (key == "WINDOWSVIETNAMESE") return "CP1258";
-    if (key == "WINDOWSTHAI") return "CP874";
-    if (key == "WINDOWSJAPANESE") return "CP932";
-    if (key == "WINDOWSSIMPCHINESE") return "CP936";
-    if (key == "WINDOWSKOREAN") return "CP949";
-    if (key == "WINDOWSTRADCHINESE") return "CP950";
-    if (key.starts_with("CODEPAGE") || key.starts_with("CODEPG"))
-        key = key.substr(key.find('P', 4) + (key.starts_with("CODEPAGE") ? 4 : 2));
-    for (std::string_view prefix : {"ANSI", "OEM", "WINDOWS", "MSDOS", "CP", "DOS", "IBM"})
-        if (key.starts_with(prefix) && key.size() > prefix.size() &&
-            std::isdigit(static_cast<unsigned char>(key[prefix.size()]))) {
-            key = key.substr(prefix.size());
-            break;
-        }
-    if (key == "65001" || key == "UTF8") return "UTF-8";
-    std::string iso = key.starts_with("ISO") ? key.substr(3) : key;
-    if (iso.starts_with("8859") && iso.size() > 4) return "ISO-8859-" + iso.substr(4);
-    if (!key.empty() && std::all_of(key.begin(), key.end(), [](unsigned char c) { return std::isdigit(c); }))
-        return "CP" + key;
-    return std::string(name);
+    if (key == "UTF8") return "UTF-8";
+    for (const auto& [spelling, page] : windowsNames)
+        if (key == spelling) return std::string(page);
+    for (std::string_view prefix :
+         {"", "ANSI", "OEM", "WINDOWS", "MSDOS", "CODEPAGE", "CP", "DOS", "IBM", "ISO"})
+        if (key.starts_with(prefix) && IsDigits(key.substr(prefix.size())))
+            return NumberedPage(key.substr(prefix.size()));
+    return NameForIconv(name);
 }
 
 }  // namespace
@@ -168,13 +193,41 @@ bool FitsWindows1252(std::string_view text) {
 
 std::string_view CutUtf8(std::string_view text, std::size_t most) {
     if (text.size() <= most) return text;
-    while (most > 0 && (static_cast<unsigned char>(text[most]) & 0xC0) == 0x80) --most;
-    return text.substr(0, most);
+    // No character has more than three bytes behind its first: what has is not UTF-8 and is cut as bytes.
+    std::size_t end = most, least = most - std::min<std::size_t>(most, 3);
+    while (end > least && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;
+    bool isCharacter = (static_cast<unsigned char>(text[end]) & 0xC0) != 0x80;
+    return text.substr(0, isCharacter ? end : most);
 }
 
 struct Decoder::Iconv {
-    iconv_t handle;
+    explicit Iconv(iconv_t opened) : handle(opened) {}
     ~Iconv() { ::iconv_close(handle); }
+    Iconv(const Iconv&) = delete;
+    Iconv& operator=(const Iconv&) = delete;
+
+    /// False, and nothing added, when the bytes are wrong in this encoding.
+    bool Append(std::string& target, std::string_view bytes) {
+        constexpr auto failed = static_cast<std::size_t>(-1);
+        std::size_t before = target.size();
+        std::size_t inLeft = bytes.size(), outLeft = bytes.size() * 4 + 16;
+        target.resize(before + outLeft);
+        char* in = const_cast<char*>(bytes.data());
+        char* out = target.data() + before;
+        ::iconv(handle, nullptr, nullptr, nullptr, nullptr);
+        // The second call brings out a letter that waits for an accent to follow.
+        bool good = ::iconv(handle, &in, &inLeft, &out, &outLeft) != failed &&
+                    ::iconv(handle, nullptr, nullptr, &out, &outLeft) != failed;
+        target.resize(good ? static_cast<std::size_t>(out - target.data()) : before);
+        return good;
+    }
+    bool KeepsAscii() {
+        std::string ascii(128, '\0'), decoded;
+        std::iota(ascii.begin(), ascii.end(), '\0');
+        return Append(decoded, ascii) && decoded == ascii;
+    }
+
+    iconv_t handle;
 };
 
 Decoder::Decoder(std::string_view name) {
@@ -184,11 +237,14 @@ Decoder::Decoder(std::string_view name) {
         kind_ = Kind::Utf8;
         return;
     }
+    known_ = false;
+    if (iconvName.empty()) return;
     iconv_t handle = ::iconv_open("UTF-8", iconvName.c_str());
-    known_ = handle != reinterpret_cast<iconv_t>(-1);
-    if (!known_) return;
+    if (handle == reinterpret_cast<iconv_t>(-1)) return;
+    known_ = true;
     kind_ = Kind::Iconv;
-    iconv_ = std::make_unique<Iconv>(Iconv{handle});
+    iconv_ = std::make_unique<Iconv>(handle);
+    keepsAscii_ = iconv_->KeepsAscii();
 }
 
 Decoder::~Decoder() = default;
@@ -196,26 +252,12 @@ Decoder::Decoder(Decoder&&) noexcept = default;
 Decoder& Decoder::operator=(Decoder&&) noexcept = default;
 
 void Decoder::Append(std::string& target, std::string_view bytes) {
-    // Every encoding that tables of this field come in keeps ASCII where it is.
-    if (IsAscii(bytes)) {
+    bool same = (keepsAscii_ && IsAscii(bytes)) || (kind_ == Kind::Utf8 && platform::IsUtf8(bytes));
+    if (same) {
         target += bytes;
         return;
     }
-    if (kind_ == Kind::Utf8 && platform::IsUtf8(bytes)) {
-        target += bytes;
-        return;
-    }
-    if (kind_ == Kind::Iconv) {
-        std::string decoded(bytes.size() * 4, '\0');
-        char* in = const_cast<char*>(bytes.data());
-        char* out = decoded.data();
-        std::size_t inLeft = bytes.size(), outLeft = decoded.size();
-        ::iconv(iconv_->handle, nullptr, nullptr, nullptr, nullptr);
-        if (::iconv(iconv_->handle, &in, &inLeft, &out, &outLeft) != static_cast<std::size_t>(-1)) {
-            target.append(decoded.data(), decoded.size() - outLeft);
-            return;
-        }
-    }
+    if (kind_ == Kind::Iconv && iconv_->Append(target, bytes)) return;
     if (kind_ != Kind::Windows1252) ++misfits_;
     AppendUtf8FromWindows1252(target, bytes);
 }

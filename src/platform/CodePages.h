@@ -53,6 +53,7 @@ private:
     struct Iconv;
     Kind kind_ = Kind::Windows1252;
     bool known_ = true;
+    bool keepsAscii_ = true;
     std::uint64_t misfits_ = 0;
     std::unique_ptr<Iconv> iconv_;
 };

@@ -46,13 +46,25 @@ std::string NamePart(const std::string& native) {
     return slash == std::string::npos ? native : native.substr(slash + 1);
 }
 
-/// Unlocked means that no running program writes it: every writer holds a lock on its temporary file.
-bool IsAbandoned(const std::string& native) {
-    int descriptor = ::open(native.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
-    if (descriptor < 0) return false;
-    bool abandoned = ::flock(descriptor, LOCK_EX | LOCK_NB) == 0;
+/// Deletes a temporary file unless a running program writes it: every writer holds a lock on its own.
+void RemoveIfAbandoned(const std::string& native) {
+    int descriptor = ::open(native.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    if (descriptor < 0) return;
+    if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0) ::unlink(native.c_str());
     ::close(descriptor);
-    return abandoned;
+}
+
+/// Makes and locks a temporary file. Its descriptor, or -1 with the reason in errno.
+int CreateTemporary(const std::string& native) {
+    int descriptor = ::open(native.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    if (descriptor < 0) return -1;
+    struct stat info {};
+    ::flock(descriptor, LOCK_EX);
+    if (::fstat(descriptor, &info) == 0 && info.st_nlink > 0) return descriptor;
+    // Before we had the lock, another program took the file for abandoned.
+    ::close(descriptor);
+    errno = EEXIST;
+    return -1;
 }
 
 /// File systems without case rules hold "a.shp" and "A.SHP" side by side; users mean one file by both.
@@ -77,7 +89,7 @@ void SyncFolder(const std::string& folder) {
 /// Access rights of a new file: those of the file it replaces, else the user's default.
 mode_t ModeFor(const std::string& target) {
     struct stat info {};
-    if (::stat(target.c_str(), &info) == 0) return info.st_mode & 07777;
+    if (::stat(target.c_str(), &info) == 0) return info.st_mode & 0777;
     mode_t mask = ::umask(0);
     ::umask(mask);
     return 0666 & ~mask;
@@ -123,8 +135,8 @@ std::vector<std::string> ListEntries(std::string_view folder, Wanted wanted) {
         if (wanted(*it) && !IsTemporaryName(name)) names.push_back(std::move(name));
     }
     std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
-        std::string x = LowerAscii(a), y = LowerAscii(b);
-        return x != y ? x < y : a < b;
+        int order = CompareNoCase(a, b);
+        return order != 0 ? order < 0 : a < b;
     });
     return names;
 }
@@ -187,15 +199,16 @@ OutputFile::OutputFile(std::string_view path, OtherCases otherCases)
     static std::atomic<unsigned> counter{0};
     std::error_code ignored;
     if (fs::is_directory(target_, ignored)) throw WriteError(target_, Reason(EISDIR));
+    // Replacing a file needs no right to write it, but who made it read-only wants to keep it.
+    if (::faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0 && errno != ENOENT) Fail(errno);
     std::string stem = FolderPart(target_) + "/." + NamePart(target_).substr(0, 200) + "." +
                        std::to_string(::getpid()) + "-";
     for (int attempt = 0; descriptor_ < 0 && attempt < 1000; ++attempt) {
         temporary_ = stem + std::to_string(counter++) + std::string(temporaryEnding);
-        descriptor_ = ::open(temporary_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+        descriptor_ = CreateTemporary(temporary_);
         if (descriptor_ < 0 && errno != EEXIST) break;
     }
     if (descriptor_ < 0) Fail(errno);
-    ::flock(descriptor_, LOCK_EX | LOCK_NB);
     ::fchmod(descriptor_, ModeFor(target_));
     buffer_ = std::make_unique_for_overwrite<char[]>(BufferSize);
 }
@@ -245,14 +258,16 @@ void OutputFile::Flush() {
 }
 
 void OutputFile::Write(std::string_view bytes) {
-    if (bytes.size() > BufferSize - used_) Flush();
-    if (bytes.size() > BufferSize / 2) return Put(bytes.data(), bytes.size());
+    bool large = bytes.size() > BufferSize / 2;
+    if (large || bytes.size() > BufferSize - used_) Flush();
+    if (large) return Put(bytes.data(), bytes.size());
     std::memcpy(buffer_.get() + used_, bytes.data(), bytes.size());
     used_ += bytes.size();
 }
 
 void OutputFile::WriteAt(std::uint64_t offset, std::string_view bytes) {
     Flush();
+    finished_ = false;
     while (!bytes.empty()) {
         ssize_t written = ::pwrite(descriptor_, bytes.data(), bytes.size(), static_cast<off_t>(offset));
         if (written < 0 && errno == EINTR) continue;
@@ -285,7 +300,7 @@ void RemoveLeftovers(std::string_view folder) {
     std::error_code error;
     for (fs::directory_iterator it(native, error), end; !error && it != end; it.increment(error)) {
         std::string name = it->path().filename().string();
-        if (IsTemporaryName(name) && IsAbandoned(it->path().string())) ::unlink(it->path().c_str());
+        if (IsTemporaryName(name)) RemoveIfAbandoned(it->path().string());
     }
 }
 
@@ -320,9 +335,15 @@ void AppendToFile(std::string_view path, std::string_view content) {
 }
 
 void CopyWholeFile(std::string_view source, std::string_view target) {
-    MappedFile input(source);
+    OpenedFile input(source);
     OutputFile output(target);
-    output.Write(input.Bytes());
+    for (;;) {
+        ssize_t got =
+            ::read(input.descriptor, output.Reserve(OutputFile::BufferSize), OutputFile::BufferSize);
+        if (got == 0) break;
+        if (got < 0 && errno != EINTR) throw ReadError(input.name, "", Reason(errno));
+        if (got > 0) output.Advance(static_cast<std::size_t>(got));
+    }
     output.Commit();
 }
 
@@ -346,7 +367,8 @@ bool FolderExists(std::string_view path) {
 bool CreateFolder(std::string_view path) {
     if (FolderExists(path)) return true;
     std::error_code error;
-    return fs::create_directory(PathToWrite(path), error);
+    fs::create_directory(PathToWrite(path), error);
+    return FolderExists(path);
 }
 
 bool CreateFolderTree(std::string_view path) {
@@ -401,7 +423,7 @@ std::vector<std::string> ListFolders(std::string_view folder) {
 
 FileLock::FileLock(std::string_view path) {
     std::string native = FindExisting(path);
-    name_ = (native.empty() ? PathToWrite(path) : native) + ".lock";
+    name_ = FollowLink(native.empty() ? PathToWrite(path) : native) + ".lock";
     for (;;) {
         descriptor_ = ::open(name_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
         if (descriptor_ < 0) throw WriteError(name_, Reason(errno));

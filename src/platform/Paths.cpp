@@ -100,6 +100,13 @@ bool SameNoCase(std::string_view a, std::string_view b) {
            std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return Lower(x) == Lower(y); });
 }
 
+int CompareNoCase(std::string_view a, std::string_view b) {
+    auto byte = [](char c) { return static_cast<unsigned char>(Lower(c)); };
+    for (std::size_t i = 0; i < a.size() && i < b.size(); ++i)
+        if (byte(a[i]) != byte(b[i])) return byte(a[i]) < byte(b[i]) ? -1 : 1;
+    return a.size() == b.size() ? 0 : a.size() < b.size() ? -1 : 1;
+}
+
 std::string LowerAscii(std::string_view text) {
     std::string result(text);
     std::transform(result.begin(), result.end(), result.begin(), Lower);
@@ -143,6 +150,8 @@ std::string PathToWrite(std::string_view path) {
     if (slash == std::string::npos || slash == 0) return native;
     std::string folder = native.substr(0, slash);
     if (Exists(folder)) return native;
+    std::error_code ignored;
+    if (IsDrivePath(path)) fs::create_directories(NativePath(path.substr(0, 2)), ignored);
     bool complete = false;
     return MatchNoCase(folder, complete) + native.substr(slash);
 }

@@ -21,7 +21,8 @@ std::string NativePath(std::string_view path);
 std::string FindExisting(std::string_view path);
 
 /// The native path to write to: existing folders are matched without regard to case, the last component is
-/// kept as given. Folders that are missing stay in the result as given.
+/// kept as given. Folders that are missing stay in the result as given. A drive's own folder is made when it
+/// is missing: people expect a drive to be there.
 std::string PathToWrite(std::string_view path);
 
 /// The native path of an existing file or folder with every symbolic link on the way resolved. "" when there
@@ -40,6 +41,9 @@ std::string AbsolutePath(std::string_view path);
 
 /// Equal but for letter case (ASCII letters only, as file names are compared here).
 bool SameNoCase(std::string_view a, std::string_view b);
+
+/// Below, equal to or above 0 as `a` stands before, beside or behind `b` in a listing without letter case.
+int CompareNoCase(std::string_view a, std::string_view b);
 
 /// ASCII letters made small; other bytes stay.
 std::string LowerAscii(std::string_view text);

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Process.h"
 
+#include "platform/Paths.h"
+
 #include <array>
 #include <cctype>
 #include <cerrno>
@@ -56,6 +58,13 @@ pid_t Spawn(std::vector<std::string> arguments) {
     return ::posix_spawnp(&child, pointers[0], nullptr, nullptr, pointers.data(), environ) == 0 ? child : -1;
 }
 
+/// A name without a folder stays, to be looked for where the system keeps its programs.
+std::string ProgramPath(const std::string& name) {
+    if (name.find_first_of("\\/") == std::string::npos) return name;
+    std::string found = FindExisting(name);
+    return found.empty() ? NativePath(name) : found;
+}
+
 }  // namespace
 
 std::string CurrentUser() {
@@ -81,7 +90,9 @@ std::string LocaleCountry() {
 }
 
 int RunProgram(const std::string& commandLine, const std::function<void()>& whileWaiting) {
-    pid_t child = Spawn(SplitArguments(commandLine));
+    std::vector<std::string> arguments = SplitArguments(commandLine);
+    if (!arguments.empty()) arguments[0] = ProgramPath(arguments[0]);
+    pid_t child = Spawn(std::move(arguments));
     if (child < 0) return -1;
     int status = 0;
     for (;;) {

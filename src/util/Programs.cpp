@@ -27,7 +27,7 @@ int RunAndWait(const std::string& commandLine, ui::UserInterface& ui) {
 void OpenDocument(std::string_view path) {
     if (path.starts_with('"')) path.remove_prefix(1);
     if (path.ends_with('"')) path.remove_suffix(1);
-    platform::OpenWithDesktop(platform::NativePath(path));
+    platform::OpenWithDesktop(platform::NativePath(platform::AbsolutePath(path)));
 }
 
 std::string VectorDrawConverterPath(std::string_view programFolder) {
