@@ -138,6 +138,8 @@ public:
     std::int32_t typeCode(std::size_t index) const;
     /// Values from the first on.
     ValueCursor values() const;
+    /// All texts of the entity as they are stored, lengths among them: enough to tell which characters occur.
+    std::string_view encoded() const;
 
 private:
     friend class Entity;
@@ -217,6 +219,7 @@ public:
     std::size_t count() const { return entities_.size(); }
     Entity item(std::size_t index) const { return {*drawing_, entities_[index]}; }
     std::span<const std::uint32_t> indexes() const { return entities_; }
+    Entity entity(std::uint32_t index) const { return {*drawing_, index}; }
 
 private:
     friend class Drawing;

@@ -171,6 +171,11 @@ ValueCursor XProperties::values() const {
     return {drawing_->textAt(record, drawing_->leadingTexts(record)), values};
 }
 
+std::string_view XProperties::encoded() const {
+    const Drawing::Record& record = drawing_->entities_[entity_];
+    return {drawing_->texts_.data() + record.textBegin, record.textSize};
+}
+
 // --- Entity
 
 namespace {

@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Session.h"
+#include "coords/frmLatLng.h"
+#include "drawing/Drawing.h"
+#include "export/LayerLoop.h"
+#include "export/shapefile/LayerTable.h"
+#include "formats/shapefile/ShapefileWriter.h"
+#include "platform/OutputSet.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vexlator::exporter {
+
+/// What the shapefile export is set to, from [CSV] and [SHPout] of gv.ini.
+struct ShapefileSettings {
+    bool suppressNA = false;  ///< values "NA" are written empty
+    bool latLng = false;      ///< coordinates in degrees, x longitude and y latitude
+    std::string projection =
+        "ESRI.PRJ";  ///< file of the program folder's Resources, copied beside each layer
+};
+
+/// The shapefile of one layer while it is written: geometry, index and attribute table.
+class ShapefileLayer {
+public:
+    /// `converter` may be null: coordinates are then written as they are.
+    ShapefileLayer(config::Session& session, const ShapefileSettings& settings, coords::frmLatLng* converter,
+                   const ExportLayer& layer, std::string_view targetPath, platform::OutputSet& files);
+
+    /// Writes the entities; those that are no point, symbol or polyline are left out. Returns how many
+    /// records.
+    std::uint64_t Write(ui::FormView& view);
+
+private:
+    /// One entity of a batch whose coordinates are gathered to be converted at once.
+    struct Item {
+        drawing::Entity entity;
+        bool polyline, polygon;
+        std::size_t points;
+    };
+
+    void Gather(drawing::Entity entity);
+    void GatherPolyline(drawing::Entity entity);
+    void WriteBatch();
+    void ConvertBatch();
+    void Report();
+
+    config::Session& session_;
+    const ExportLayer& layer_;
+    coords::frmLatLng* converter_;
+    formats::ShapefileWriter shapes_;
+    LayerTable table_;
+    std::vector<Item> items_;
+    std::vector<util::PlanePoint> points_;
+    std::uint64_t unconverted_ = 0;
+};
+
+}  // namespace vexlator::exporter

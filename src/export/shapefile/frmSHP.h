@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Outcome.h"
+#include "config/Session.h"
+
+#include <string_view>
+
+namespace vexlator::exporter {
+
+/// A drawing becomes shapefiles: one set of .SHP, .SHX, .DBF, .CPG and .PRJ for every layer that holds
+/// entities, named after the layer.
+class frmSHP {
+public:
+    explicit frmSHP(config::Session& session) : session_(session) {}
+
+    /// Writes into the folder `targetPath`, which exists. The files appear together at the end.
+    /// @throws platform::ReadError for a drawing that cannot be read, platform::WriteError
+    config::Outcome Start(std::string_view drawingPath, std::string_view targetPath);
+
+private:
+    config::Session& session_;
+};
+
+}  // namespace vexlator::exporter
