@@ -22,8 +22,8 @@ enum class Rounding {
     None     ///< as computed
 };
 
-/// National grid to latitude and longitude, and back. [GPS] TRANSFORMATION of gv.ini names the definition file
-/// that decides how, once for the life of the object:
+/// National grid to latitude and longitude, and back. [GPS] TRANSFORMATION of gv.ini names the definition
+/// file that decides how, once for the life of the object:
 /// - no such file, or an empty one: the British National Grid through a correction grid (CorrectionGrid.h);
 /// - its path holds "LatLng", in any letter case: the drawing is in degrees already, nothing is converted;
 /// - else: the coordinate system that the file defines (Transformer.h).
@@ -31,8 +31,8 @@ enum class Rounding {
 /// result. Made for one thread.
 class frmLatLng {
 public:
-    /// Prepares the correction grid where it is the one to use; shows "No Correction File Found" when there is
-    /// none. A coordinate system is loaded when it is first needed, once for each direction.
+    /// Prepares the correction grid where it is the one to use; shows "No Correction File Found" when there
+    /// is none. A coordinate system is loaded when it is first needed, once for each direction.
     explicit frmLatLng(config::Session& session);
     ~frmLatLng();
     frmLatLng(const frmLatLng&) = delete;
@@ -53,11 +53,16 @@ public:
 
     /// Whole arrays, in place: x is the easting or longitude, y the northing or latitude in decimal degrees.
     /// `heights` is empty or as long as `points`. Points that cannot be converted keep what they hold.
-    /// Returns how many those are.
+    /// Returns how many those are. Give whole layers rather than single features: points far apart cost much
+    /// more in single calls, as each makes the projection library unpack a part of its grid.
+    /// @throws std::invalid_argument: heights of another number.
     std::size_t GridToLatLng(std::span<util::PlanePoint> points, std::span<double> heights = {},
                              Rounding rounding = Rounding::AsText);
     std::size_t LatLngToGrid(std::span<util::PlanePoint> points, std::span<double> heights = {},
                              Rounding rounding = Rounding::AsText);
+
+    /// For people: what converts, with the names of its files.
+    std::string Description() const;
 
 private:
     std::unique_ptr<Backend> backend_;

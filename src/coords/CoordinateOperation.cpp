@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "coords/CoordinateOperation.h"
+
+#include "platform/CodePages.h"
+#include "util/Text.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace vexlator::coords {
+
+namespace {
+
+struct FactoryDeleter {
+    void operator()(PJ_OPERATION_FACTORY_CONTEXT* factory) const {
+        proj_operation_factory_context_destroy(factory);
+    }
+};
+using Factory = std::unique_ptr<PJ_OPERATION_FACTORY_CONTEXT, FactoryDeleter>;
+
+struct ListDeleter {
+    void operator()(PJ_OBJ_LIST* list) const { proj_list_destroy(list); }
+};
+using ObjectList = std::unique_ptr<PJ_OBJ_LIST, ListDeleter>;
+
+std::string_view WithoutBlanks(std::string_view text) {
+    constexpr std::string_view blanks(" \t\r\n\0", 5);
+    std::size_t begin = text.find_first_not_of(blanks);
+    if (begin == std::string_view::npos) return {};
+    return text.substr(begin, text.find_last_not_of(blanks) - begin + 1);
+}
+
+/// A bare number is an EPSG code; a projection means the coordinate system on it.
+std::string Completed(const std::string& definition) {
+    if (!definition.empty() && definition.find_first_not_of("0123456789") == std::string::npos)
+        return "EPSG:" + definition;
+    bool projString = definition.starts_with('+') || definition.starts_with("proj=");
+    if (!projString || util::CountOf(definition, "proj=pipeline") > 0 ||
+        util::CountOf(definition, "type=") > 0)
+        return definition;
+    return definition + " +type=crs";
+}
+
+bool IsOperation(PJ* object) {
+    switch (proj_get_type(object)) {
+        case PJ_TYPE_CONVERSION:
+        case PJ_TYPE_TRANSFORMATION:
+        case PJ_TYPE_CONCATENATED_OPERATION:
+        case PJ_TYPE_OTHER_COORDINATE_OPERATION:
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool HasHeights(PJ* system) {
+    PJ_TYPE type = proj_get_type(system);
+    return type == PJ_TYPE_COMPOUND_CRS || type == PJ_TYPE_GEOGRAPHIC_3D_CRS;
+}
+
+/// The operations from best to worst, whether their grids are there or not.
+ObjectList KnownOperations(PJ_CONTEXT* context, PJ* from, PJ* to) {
+    Factory factory(proj_create_operation_factory_context(context, nullptr));
+    proj_operation_factory_context_set_spatial_criterion(context, factory.get(),
+                                                         PROJ_SPATIAL_CRITERION_PARTIAL_INTERSECTION);
+    proj_operation_factory_context_set_grid_availability_use(context, factory.get(),
+                                                             PROJ_GRID_AVAILABILITY_IGNORED);
+    proj_operation_factory_context_set_allow_ballpark_transformations(context, factory.get(), 0);
+    return ObjectList(proj_create_operations(context, from, to, factory.get()));
+}
+
+std::string MissingGrid(PJ_CONTEXT* context, PJ* operation) {
+    int count = proj_coordoperation_get_grid_used_count(context, operation);
+    for (int i = 0; i < count; ++i) {
+        const char* name = nullptr;
+        int available = 0;
+        if (proj_coordoperation_get_grid_used(context, operation, i, &name, nullptr, nullptr, nullptr,
+                                              nullptr, nullptr, &available) &&
+            !available)
+            return name;
+    }
+    return "";
+}
+
+/// Easting and northing, longitude and latitude in this order, in degrees.
+ProjObject Normalized(PJ_CONTEXT* context, const ProjObject& operation) {
+    return ProjObject(operation ? proj_normalize_for_visualization(context, operation.get()) : nullptr);
+}
+
+CoordinateOperation FromSystem(ProjContext& context, PJ* system) {
+    CoordinateOperation result;
+    PJ_CONTEXT* proj = context.Get();
+    ProjObject target = context.Create(HasHeights(system) ? "EPSG:4979" : "EPSG:4326");
+    ObjectList known = target ? KnownOperations(proj, system, target.get()) : nullptr;
+    if (!known || proj_list_get_count(known.get()) == 0) {
+        result.reason = target ? "no transformation to WGS 84 is known" : context.Reason();
+        return result;
+    }
+    ProjObject best(proj_list_get(proj, known.get(), 0));
+    result.missingGrid = MissingGrid(proj, best.get());
+    bool bestHasGrids = proj_coordoperation_get_grid_used_count(proj, best.get()) > 0;
+    if (!bestHasGrids || !result.missingGrid.empty()) {
+        // Several may share the area: the library takes for each point the one that is made for its place.
+        const char* const options[] = {"ALLOW_BALLPARK=NO", nullptr};
+        best.reset(proj_create_crs_to_crs_from_pj(proj, system, target.get(), nullptr, options));
+    }
+    result.operation = Normalized(proj, best);
+    if (!result.operation) result.reason = context.Reason();
+    return result;
+}
+
+}  // namespace
+
+std::string DefinitionText(std::string_view content) {
+    if (content.starts_with("\xEF\xBB\xBF")) content.remove_prefix(3);
+    content = WithoutBlanks(content);
+    if (content.starts_with('"')) {
+        content.remove_prefix(1);
+        if (!content.empty()) content.remove_suffix(1);
+        content = WithoutBlanks(content);
+    }
+    return platform::IsUtf8(content) ? std::string(content) : platform::Utf8FromWindows1252(content);
+}
+
+CoordinateOperation OperationFor(ProjContext& context, const std::string& definition) {
+    CoordinateOperation result;
+    std::string text = Completed(definition);
+    ProjObject object = context.Create(text);
+    if (object && proj_is_crs(object.get())) return FromSystem(context, object.get());
+    if (object && proj_angular_output(object.get(), PJ_FWD))
+        object = context.Create(text + " +step +proj=unitconvert +xy_in=rad +xy_out=deg");
+    if (!object)
+        result.reason = context.Reason();
+    else if (!IsOperation(object.get()))
+        result.reason = "neither a coordinate system nor an operation";
+    else
+        result.operation = std::move(object);
+    return result;
+}
+
+}  // namespace vexlator::coords

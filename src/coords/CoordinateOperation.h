@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "coords/ProjContext.h"
+
+#include <string>
+#include <string_view>
+
+namespace vexlator::coords {
+
+/// What the text of a definition file leads to.
+struct CoordinateOperation {
+    ProjObject operation;     ///< from the grid to longitude and latitude; null when there is none
+    std::string reason;       ///< why there is no operation
+    std::string missingGrid;  ///< file that the best operation needs and that is not there; else ""
+};
+
+/// The definition in a file's bytes: without byte-order mark, blanks at both ends, and enclosing quotes.
+std::string DefinitionText(std::string_view content);
+
+/// The operation from the defined coordinate system (EPSG code, WKT, PROJ string) to WGS 84, or the defined
+/// operation itself (a PROJ pipeline, which takes easting and northing to longitude and latitude).
+/// A system with heights leads to heights above the ellipsoid, others leave heights alone.
+/// Never rough: where the library knows no transformation of the datum, there is no operation. Where the best
+/// one reads a grid, it is the only one, so that points outside the grid have no result; where that grid is
+/// missing, the next best are used and `missingGrid` is set.
+CoordinateOperation OperationFor(ProjContext& context, const std::string& definition);
+
+}  // namespace vexlator::coords

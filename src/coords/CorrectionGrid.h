@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "coords/Backend.h"
+#include "coords/ProjContext.h"
+#include "ui/UserInterface.h"
+
+#include <string>
+#include <vector>
+
+namespace vexlator::coords {
+
+/// The British National Grid and ETRS89, through a grid of shifts from OSGB36 to ETRS89 (NTv2 or GeoTIFF)
+/// and, for heights, a grid of geoid heights (ODN to the ellipsoid). The shifts come from the first of these
+/// files: OSTN02.INT, OSTN97.INT, the published OSTN15 under its own names. The geoid is the published
+/// OSGM15; without it, heights pass unchanged. A point outside the shifts has no result; neither has one
+/// outside the geoid, when its height is asked for.
+class CorrectionGrid : public Backend {
+public:
+    /// Looks for the files in `folders`, in their order, and for the published ones then in the projection
+    /// library's own data folders. Shows "No Correction File Found" when there is none, or why the first one
+    /// found cannot be used; then no point has a result.
+    CorrectionGrid(std::vector<std::string> folders, ui::UserInterface& userInterface);
+
+    void Convert(Direction direction, Coordinates coordinates) override;
+    std::string Description() const override;
+
+private:
+    void LoadShifts(ui::UserInterface& userInterface);
+    void LoadGeoid(ui::UserInterface& userInterface);
+
+    ProjContext context_;
+    ProjObject shifts_, geoid_;
+    std::string shiftFile_, geoidFile_;
+};
+
+}  // namespace vexlator::coords

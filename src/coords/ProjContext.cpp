@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "coords/ProjContext.h"
+
+#include "platform/Paths.h"
+#include "util/Files.h"
+#include "util/Paths.h"
+
+#include <cmath>
+#include <utility>
+
+namespace vexlator::coords {
+
+namespace {
+
+bool IsPossible(Direction direction, const util::PlanePoint& point) {
+    constexpr double mostGrid = 1e9;
+    if (direction == Direction::ToGrid) return std::fabs(point.x) <= 360 && std::fabs(point.y) <= 90;
+    return std::fabs(point.x) <= mostGrid && std::fabs(point.y) <= mostGrid;
+}
+
+}  // namespace
+
+ProjContext::ProjContext(std::vector<std::string> folders)
+    : folders_(std::move(folders)), context_(proj_context_create()) {
+    proj_context_set_enable_network(context_, 0);
+    proj_context_use_proj4_init_rules(context_, 1);  // "+init=epsg:27700" is still found in old files
+    proj_context_set_file_finder(context_, FindFile, this);
+    proj_log_func(context_, this, TakeMessage);
+}
+
+ProjContext::~ProjContext() {
+    proj_context_destroy(context_);
+}
+
+ProjObject ProjContext::Create(const std::string& definition) {
+    reason_.clear();
+    ProjObject object(proj_create(context_, definition.c_str()));
+    if (!object && reason_.empty())
+        reason_ = proj_context_errno_string(context_, proj_context_errno(context_));
+    return object;
+}
+
+std::string ProjContext::FindInFolders(std::string_view name) const {
+    for (const std::string& folder : folders_) {
+        std::string path = util::JoinPath(folder, name);
+        if (util::FileSize(path) > 0) return platform::FindExisting(path);
+    }
+    return "";
+}
+
+const char* ProjContext::FindFile(PJ_CONTEXT*, const char* name, void* self) {
+    auto& context = *static_cast<ProjContext*>(self);
+    context.found_ = context.FindInFolders(name);
+    return context.found_.empty() ? nullptr : context.found_.c_str();
+}
+
+void ProjContext::TakeMessage(void* self, int level, const char* text) {
+    if (level == PJ_LOG_ERROR) static_cast<ProjContext*>(self)->reason_ = text;
+}
+
+void Transform(PJ& operation, Direction direction, Coordinates coordinates) {
+    std::span<util::PlanePoint> points = coordinates.points;
+    if (points.empty()) return;
+    for (util::PlanePoint& point : points)
+        if (!IsPossible(direction, point)) point = {HUGE_VAL, HUGE_VAL};
+    double noHeight = 0, noTime = HUGE_VAL;  // as the library means "now" and not the year 0
+    bool hasHeights = !coordinates.heights.empty();
+    proj_errno_reset(&operation);
+    proj_trans_generic(&operation, direction == Direction::ToLatLng ? PJ_FWD : PJ_INV,  //
+                       &points[0].x, sizeof points[0], points.size(),                   //
+                       &points[0].y, sizeof points[0], points.size(),                   //
+                       hasHeights ? coordinates.heights.data() : &noHeight, sizeof(double),
+                       hasHeights ? points.size() : 1,  //
+                       &noTime, sizeof(double), 1);
+}
+
+}  // namespace vexlator::coords
