@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "database/DatabaseError.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace vexlator::database {
+
+/// An open connection to a database, closed at the end of its life.
+class Connection {
+public:
+    /// Takes connection strings of Windows too (ForThisSystem). Waits at most 15 seconds for a server.
+    /// @throws DatabaseError
+    explicit Connection(const std::string& connectionString);
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    enum class Product { Sqlite, PostgreSql, Other };
+    Product Kind() const;
+
+    /// Runs a statement that has no parameters and gives no rows. @throws DatabaseError
+    void Execute(const std::string& sql);
+
+    /// A table's or column's name as it stands in a statement: in the database's quotes, those inside
+    /// doubled.
+    std::string Quoted(std::string_view identifier) const;
+
+private:
+    friend class Statement;
+    friend class Transaction;
+    struct Impl;
+    std::unique_ptr<Impl> impl_;
+};
+
+/// What is done until Commit() is kept whole; without Commit() none of it is.
+/// Other programs may read meanwhile. In an SQLite database no other can write from the start on; in other
+/// databases from LockTable() on. Both wait up to a minute for programs that hold the lock, then throw.
+class Transaction {
+public:
+    explicit Transaction(Connection& connection);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    /// @param quotedTable as Connection::Quoted() or Table::Name() gives it
+    void LockTable(const std::string& quotedTable);
+    void Commit();
+
+private:
+    void End(bool keep);
+
+    Connection& connection_;
+    bool open_ = true;
+};
+
+}  // namespace vexlator::database

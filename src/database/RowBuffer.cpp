@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "database/RowBuffer.h"
+
+#include <algorithm>
+#include <array>
+
+namespace vexlator::database {
+
+namespace {
+
+bool IsBinary(SQLSMALLINT type) {
+    return type == SQL_BINARY || type == SQL_VARBINARY || type == SQL_LONGVARBINARY;
+}
+
+}  // namespace
+
+RowBuffer::RowBuffer(const odbc::Handle& statement, const std::string& sql, std::size_t columns,
+                     std::size_t rowsPerBlock)
+    : statement_(statement), sql_(sql), columns_(columns) {
+    Check(SQLSetStmtAttr(statement.Get(), SQL_ATTR_ROW_ARRAY_SIZE, odbc::Number(rowsPerBlock), 0));
+    Check(SQLSetStmtAttr(statement.Get(), SQL_ATTR_ROWS_FETCHED_PTR, &fetched_, 0));
+    for (std::size_t i = 0; i < columns; ++i) {
+        columns_[i].cells.resize(cellSize * rowsPerBlock);
+        columns_[i].lengths.resize(rowsPerBlock);
+        Describe(i);
+        Bind(i);
+    }
+}
+
+void RowBuffer::Describe(std::size_t index) {
+    std::array<SQLCHAR, 512> name{};
+    SQLSMALLINT length = 0, type = 0, decimals = 0, nullable = 0;
+    SQLULEN size = 0;
+    Check(SQLDescribeCol(statement_.Get(), static_cast<SQLUSMALLINT>(index + 1), name.data(), name.size(),
+                         &length, &type, &size, &decimals, &nullable));
+    columns_[index].name = reinterpret_cast<const char*>(name.data());
+    columns_[index].inMemory = IsBinary(type) ? SQL_C_BINARY : SQL_C_CHAR;
+}
+
+void RowBuffer::Bind(std::size_t index) {
+    Column& column = columns_[index];
+    Check(SQLBindCol(statement_.Get(), static_cast<SQLUSMALLINT>(index + 1), column.inMemory,
+                     column.cells.data(), cellSize, column.lengths.data()));
+}
+
+void RowBuffer::Restart() {
+    fetched_ = 0;
+    row_ = 0;
+    atEnd_ = false;
+}
+
+bool RowBuffer::Next() {
+    if (atEnd_) return false;
+    if (++row_ >= fetched_) {
+        row_ = 0;
+        SQLRETURN result = SQLFetch(statement_.Get());
+        atEnd_ = result == SQL_NO_DATA;
+        if (atEnd_) return false;
+        Check(result);
+    }
+    for (std::size_t i = 0; i < columns_.size(); ++i)
+        if (!FitsCell(columns_[i])) FetchLongValue(i);
+    return true;
+}
+
+bool RowBuffer::FitsCell(const Column& column) const {
+    SQLLEN length = column.lengths[row_];
+    std::size_t ending = column.inMemory == SQL_C_CHAR ? 1 : 0;
+    return length == SQL_NULL_DATA || (length >= 0 && static_cast<std::size_t>(length) + ending <= cellSize);
+}
+
+std::string_view RowBuffer::Text(std::size_t index) const {
+    const Column& column = columns_[index];
+    if (!FitsCell(column)) return column.longValue;
+    SQLLEN length = std::max<SQLLEN>(column.lengths[row_], 0);
+    return {column.cells.data() + row_ * cellSize, static_cast<std::size_t>(length)};
+}
+
+void RowBuffer::FetchLongValue(std::size_t index) {
+    constexpr std::size_t pieceSize = std::size_t{64} << 10;
+    Column& column = columns_[index];
+    std::size_t ending = column.inMemory == SQL_C_CHAR ? 1 : 0;
+    if (columns_[0].lengths.size() > 1)
+        Check(SQLSetPos(statement_.Get(), row_ + 1, SQL_POSITION, SQL_LOCK_NO_CHANGE));
+    column.longValue.clear();
+    for (;;) {
+        std::size_t got = column.longValue.size();
+        column.longValue.resize(got + pieceSize);
+        SQLLEN left = 0;
+        SQLRETURN result = SQLGetData(statement_.Get(), static_cast<SQLUSMALLINT>(index + 1), column.inMemory,
+                                      column.longValue.data() + got, pieceSize, &left);
+        if (result != SQL_NO_DATA) Check(result);
+        bool more = result == SQL_SUCCESS_WITH_INFO;
+        std::size_t piece = more ? pieceSize - ending : static_cast<std::size_t>(std::max<SQLLEN>(left, 0));
+        column.longValue.resize(got + piece);
+        if (!more) return;
+    }
+}
+
+}  // namespace vexlator::database

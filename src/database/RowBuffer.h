@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "database/Odbc.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vexlator::database {
+
+/// The rows of a result, fetched in blocks into buffers that the driver fills. Values that do not fit are
+/// fetched one by one; a driver that cannot do that within a block gives one row at a time.
+class RowBuffer {
+public:
+    /// @param statement has run and outlives this object, as does `sql`
+    RowBuffer(const odbc::Handle& statement, const std::string& sql, std::size_t columns,
+              std::size_t rowsPerBlock);
+    RowBuffer(const RowBuffer&) = delete;
+    RowBuffer& operator=(const RowBuffer&) = delete;
+
+    /// The statement has run again: back to before the first row.
+    void Restart();
+    bool Next();
+
+    std::size_t ColumnCount() const { return columns_.size(); }
+    const std::string& Name(std::size_t column) const { return columns_[column].name; }
+    bool IsNull(std::size_t column) const { return columns_[column].lengths[row_] == SQL_NULL_DATA; }
+    std::string_view Text(std::size_t column) const;
+
+private:
+    struct Column {
+        std::string name;
+        SQLSMALLINT inMemory = SQL_C_CHAR;
+        std::vector<char> cells;      ///< cellSize bytes for each row of the block
+        std::vector<SQLLEN> lengths;  ///< of the whole value, or SQL_NULL_DATA, or SQL_NO_TOTAL
+        std::string longValue;        ///< of the current row, when it does not fit its cell
+    };
+    void Describe(std::size_t index);
+    void Bind(std::size_t index);
+    bool FitsCell(const Column& column) const;
+    void FetchLongValue(std::size_t index);
+    void Check(SQLRETURN result) const { statement_.Check(result, sql_); }
+
+    static constexpr std::size_t cellSize = 256;
+    const odbc::Handle& statement_;
+    const std::string& sql_;
+    std::vector<Column> columns_;
+    SQLULEN fetched_ = 0;
+    std::size_t row_ = 0;  ///< within the block
+    bool atEnd_ = false;
+};
+
+}  // namespace vexlator::database

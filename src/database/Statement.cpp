@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "database/Statement.h"
+
+#include "database/ConnectionImpl.h"
+#include "database/ParameterBuffer.h"
+#include "database/RowBuffer.h"
+#include "util/Numbers.h"
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace vexlator::database {
+
+struct Statement::Impl {
+    Impl(Connection& connection, std::string text)
+        : sql(std::move(text)),
+          handle(SQL_HANDLE_STMT, connection.impl_->handle.Get()),
+          rowsPerBlock(connection.impl_->rowsPerBlock) {}
+
+    void Check(SQLRETURN result) const { handle.Check(result, sql); }
+    void Prepare();
+    void OpenRows();
+
+    std::string sql;
+    odbc::Handle handle;
+    std::size_t rowsPerBlock;
+    std::vector<ParameterBuffer> parameters;
+    std::optional<RowBuffer> rows;
+};
+
+void Statement::Impl::Prepare() {
+    Check(SQLPrepare(handle.Get(), odbc::Text(sql), SQL_NTS));
+    SQLSMALLINT count = 0;
+    Check(SQLNumParams(handle.Get(), &count));
+    parameters.resize(static_cast<std::size_t>(count));
+}
+
+void Statement::Impl::OpenRows() {
+    SQLSMALLINT columns = 0;
+    Check(SQLNumResultCols(handle.Get(), &columns));
+    if (columns == 0) return;
+    if (rows)
+        rows->Restart();
+    else
+        rows.emplace(handle, sql, static_cast<std::size_t>(columns), rowsPerBlock);
+}
+
+Statement::Statement(Connection& connection, std::string sql)
+    : impl_(std::make_unique<Impl>(connection, std::move(sql))) {
+    impl_->Prepare();
+}
+
+Statement::Statement(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
+Statement::Statement(Statement&&) noexcept = default;
+Statement::~Statement() = default;
+
+Statement Statement::Tables(Connection& connection) {
+    auto impl = std::make_unique<Impl>(connection, "");
+    impl->Check(
+        SQLTables(impl->handle.Get(), nullptr, 0, nullptr, 0, nullptr, 0, odbc::Text("TABLE,VIEW"), SQL_NTS));
+    impl->OpenRows();
+    return Statement(std::move(impl));
+}
+
+void Statement::Execute(std::span<const Value> values) {
+    if (values.size() != impl_->parameters.size())
+        throw DatabaseError("07002",
+                            std::to_string(values.size()) + " values for " +
+                                std::to_string(impl_->parameters.size()) + " parameters",
+                            impl_->sql);
+    SQLFreeStmt(impl_->handle.Get(), SQL_CLOSE);
+    for (std::size_t i = 0; i < values.size(); ++i)
+        impl_->Check(impl_->parameters[i].Set(impl_->handle.Get(), i, values[i]));
+    SQLRETURN result = SQLExecute(impl_->handle.Get());
+    if (result != SQL_NO_DATA) impl_->Check(result);
+    impl_->OpenRows();
+}
+
+std::int64_t Statement::RowsAffected() const {
+    SQLLEN count = 0;
+    impl_->Check(SQLRowCount(impl_->handle.Get(), &count));
+    return count;
+}
+
+std::size_t Statement::ColumnCount() const {
+    return impl_->rows ? impl_->rows->ColumnCount() : 0;
+}
+const std::string& Statement::ColumnName(std::size_t column) const {
+    return impl_->rows->Name(column);
+}
+bool Statement::Next() {
+    return impl_->rows && impl_->rows->Next();
+}
+bool Statement::IsNull(std::size_t column) const {
+    return impl_->rows->IsNull(column);
+}
+std::string_view Statement::Text(std::size_t column) const {
+    return impl_->rows->Text(column);
+}
+double Statement::Number(std::size_t column) const {
+    return util::NumberOf(Text(column));
+}
+
+}  // namespace vexlator::database

@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "database/Table.h"
+
+#include "database/Statement.h"
+#include "platform/Paths.h"
+
+namespace vexlator::database {
+
+namespace {
+
+/// "" when there is none.
+std::string SpelledName(Connection& connection, std::string_view name) {
+    std::string found;
+    for (Statement tables = Statement::Tables(connection); tables.Next();) {
+        std::string_view candidate = tables.Text(2);
+        if (candidate == name) return std::string(candidate);
+        if (found.empty() && platform::SameNoCase(candidate, name)) found = candidate;
+    }
+    return found;
+}
+
+}  // namespace
+
+std::optional<Table> Table::Find(Connection& connection, std::string_view name) {
+    std::string spelled = SpelledName(connection, name);
+    if (spelled.empty()) return std::nullopt;
+    Table table;
+    table.name_ = connection.Quoted(spelled);
+    Statement columns(connection, "SELECT * FROM " + table.name_ + " WHERE 1=0");
+    columns.Execute();
+    for (std::size_t i = 0; i < columns.ColumnCount(); ++i)
+        table.columns_.push_back({columns.ColumnName(i), connection.Quoted(columns.ColumnName(i))});
+    return table;
+}
+
+const Table::ColumnName* Table::FindColumn(std::string_view name) const {
+    const ColumnName* found = nullptr;
+    for (const ColumnName& column : columns_) {
+        if (column.plain == name) return &column;
+        if (!found && platform::SameNoCase(column.plain, name)) found = &column;
+    }
+    return found;
+}
+
+const std::string& Table::Column(std::string_view name) const {
+    if (const ColumnName* column = FindColumn(name)) return column->quoted;
+    throw DatabaseError("42S22", "the table " + name_ + " has no column \"" + std::string(name) + "\"");
+}
+
+}  // namespace vexlator::database

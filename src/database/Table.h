@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "database/Connection.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vexlator::database {
+
+/// A table as its database spells it. Names are found in any letter case, the same case first: people write
+/// them as they like, and servers differ in what they make of that.
+class Table {
+public:
+    /// Nothing when there is no such table or view. @throws DatabaseError
+    static std::optional<Table> Find(Connection& connection, std::string_view name);
+
+    /// In quotes, for statements.
+    const std::string& Name() const { return name_; }
+    /// A column's name in quotes, for statements. @throws DatabaseError when the table lacks it.
+    const std::string& Column(std::string_view name) const;
+    bool HasColumn(std::string_view name) const { return FindColumn(name) != nullptr; }
+
+private:
+    struct ColumnName {
+        std::string plain, quoted;
+    };
+    const ColumnName* FindColumn(std::string_view name) const;
+
+    std::string name_;
+    std::vector<ColumnName> columns_;
+};
+
+}  // namespace vexlator::database

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "workflow/JobPackage.h"
+
+#include "platform/CodePages.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "util/Files.h"
+#include "util/Paths.h"
+#include "workflow/ZipOutput.h"
+
+#include <string>
+#include <vector>
+
+namespace vexlator::workflow {
+
+namespace {
+
+constexpr double settleTime = 2.5;  ///< seconds
+
+/// The files of a folder and, with `deep`, of all folders below; paths are relative, with "/".
+void CollectFiles(const std::string& folder, const std::string& relative, std::string_view pattern, bool deep,
+                  std::vector<std::string>& files) {
+    for (const std::string& name : platform::ListFiles(folder))
+        if (util::MatchesPattern(name, pattern) && !platform::IsLink(util::JoinPath(folder, name)))
+            files.push_back(relative + name);
+    if (!deep) return;
+    for (const std::string& name : platform::ListFolders(folder)) {
+        std::string below = util::JoinPath(folder, name);
+        if (!platform::IsLink(below)) CollectFiles(below, relative + name + "/", pattern, deep, files);
+    }
+}
+
+/// Names in an archive are UTF-8; a name on disk is any bytes.
+std::string EntryName(const std::string& name) {
+    return platform::IsUtf8(name) ? name : platform::Utf8FromWindows1252(name);
+}
+
+}  // namespace
+
+void frmZip2::ZipJobFolder(std::string_view pattern) {
+    std::string folder = util::FolderOf(pattern), names = util::FileNameOf(pattern);
+    std::string archiveName = util::FileNameOf(folder) + ".ZIP";
+    platform::RemoveLeftovers(folder);
+    std::vector<std::string> files;
+    CollectFiles(folder, "", names, names == "*.*" || names == "*", files);
+    std::erase_if(files, [&](const std::string& file) { return platform::SameNoCase(file, archiveName); });
+    if (!files.empty()) {
+        ZipOutput archive(util::JoinPath(folder, archiveName));
+        for (const std::string& file : files) archive.Add(EntryName(file), util::JoinPath(folder, file));
+        archive.Commit();
+    }
+    session_.Ui().Settle(settleTime);
+}
+
+}  // namespace vexlator::workflow

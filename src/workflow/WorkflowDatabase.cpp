@@ -1,0 +1,186 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "workflow/WorkflowDatabase.h"
+
+#include "database/ConnectionString.h"
+#include "database/Statement.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "platform/Process.h"
+#include "util/Files.h"
+#include "util/Paths.h"
+#include "util/Text.h"
+#include "workflow/WorkflowTables.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace vexlator::workflow {
+
+using database::Connection;
+using database::DatabaseError;
+using database::Statement;
+using database::Table;
+
+namespace {
+
+std::string ServerConnection(const config::Session& session) {
+    return session.ReadIni("WORKFLOW", "CONNECTION");
+}
+
+std::string DatabasePath(const config::Session& session) {
+    std::string folder = session.ReadIni("GENERAL", "WORKFLOWSYSTEM");
+    return folder.empty() ? "" : util::JoinPath(folder, "WorkFlow.MDB");
+}
+
+/// The database's name for people.
+std::string DatabaseName(const config::Session& session) {
+    std::string server = ServerConnection(session);
+    return server.empty() ? platform::NativePath(DatabasePath(session))
+                          : database::ConnectionString(server).WithoutPasswords();
+}
+
+/// The open connection; null when there is no workflow database or, told to the person, it cannot be opened.
+std::unique_ptr<Connection> OpenWorkflowConnection(config::Session& session) {
+    std::string connectionString = WorkflowConnectionString(session);
+    if (connectionString.empty()) return nullptr;
+    session.DebugMessage("About To Connect");
+    try {
+        return std::make_unique<Connection>(connectionString);
+    } catch (const DatabaseError& error) {
+        session.Ui().ShowMessage("Error Opening Connection:" + std::string(error.what()));
+        return nullptr;
+    }
+}
+
+/// A database file belongs to the workflow software, which lays it out; a server's tables are ours to make.
+void PrepareTables(const config::Session& session, Connection& connection) {
+    if (!ServerConnection(session).empty()) CreateMissingTables(connection);
+}
+
+/// "Job"=? AND "Project"=? AND "Engineer"=?
+std::string KeyCondition(const Table& table) {
+    return table.Column("Job") + "=? AND " + table.Column("Project") + "=? AND " + table.Column("Engineer") +
+           "=?";
+}
+
+/// Fills project and engineer in from the first action that was logged for the job.
+void CompleteFromLog(Connection& connection, const Table& log, Job& job) {
+    Statement find(connection, "SELECT " + log.Column("Project") + ", " + log.Column("Engineer") + " FROM " +
+                                   log.Name() + " WHERE " + log.Column("Job") + "=?");
+    find.Execute({job.job});
+    if (!find.Next()) return;
+    job.project = find.Text(0);
+    job.engineer = find.Text(1);
+}
+
+void LogAction(config::Session& session, Connection& connection, const Table& log, const Job& job,
+               const std::string& action, const platform::DateTime& when) {
+    std::string query = "INSERT INTO " + log.Name() + " (" + log.Column("Project") + ", " +
+                        log.Column("Job") + ", " + log.Column("Engineer") + ", " + log.Column("ActionDesc") +
+                        ", " + log.Column("DateStamp") + ", " + log.Column("ActionedBy") +
+                        ") VALUES (?, ?, ?, ?, ?, ?)";
+    session.DebugMessage(query);
+    std::string user = platform::CurrentUser();
+    Statement(connection, query).Execute({job.project, job.job, job.engineer, action, when, user});
+}
+
+void SetStatus(Connection& connection, const Table& headers, const Job& job, const std::string& action,
+               const platform::DateTime& when) {
+    std::string status = headers.Column("Current Status"), change = headers.Column("LastChange");
+    Statement update(connection, "UPDATE " + headers.Name() + " SET " + status + "=?, " + change +
+                                     "=? WHERE " + KeyCondition(headers));
+    update.Execute({action, when, job.job, job.project, job.engineer});
+    if (update.RowsAffected() > 0) return;
+    Statement insert(connection, "INSERT INTO " + headers.Name() + " (" + headers.Column("Engineer") + ", " +
+                                     headers.Column("Project") + ", " + headers.Column("Job") + ", " +
+                                     status + ", " + change + ") VALUES (?, ?, ?, ?, ?)");
+    insert.Execute({job.engineer, job.project, job.job, action, when});
+}
+
+/// One transaction that holds the write lock from before its first look: else two programs could both find no
+/// header row and both add one, in databases whose JobHdr has no unique key.
+void Record(config::Session& session, Connection& connection, Job job, const std::string& action,
+            const platform::DateTime& when) {
+    PrepareTables(session, connection);
+    Table log = TableOf(connection, "ActionTbl"), headers = TableOf(connection, "JobHdr");
+    database::Transaction transaction(connection);
+    transaction.LockTable(headers.Name());
+    if (job.project.empty()) CompleteFromLog(connection, log, job);
+    if (job.project.empty()) return;
+    LogAction(session, connection, log, job, action, when);
+    SetStatus(connection, headers, job, action, when);
+    transaction.Commit();
+}
+
+}  // namespace
+
+Job JobOf(const config::Session& session) {
+    const std::string& path = session.Settings().JobRelativePath;
+    std::string slashes = path;
+    std::replace(slashes.begin(), slashes.end(), '/', '\\');
+    return {std::string(util::GetField(0, slashes, "\\")), std::string(util::GetField(1, slashes, "\\")),
+            util::BaseNameOf(path)};
+}
+
+std::string WorkflowConnectionString(config::Session& session) {
+    if (std::string server = ServerConnection(session); !server.empty()) return server;
+    std::string path = DatabasePath(session);
+    if (path.empty()) return "";
+    if (util::FileSize(path) > 0) return database::AccessConnectionString(path);
+    session.Ui().ShowMessage(platform::NativePath(path) + " Not Found");
+    return "";
+}
+
+void RecordJobAction(config::Session& session, const std::string& project, const std::string& job,
+                     const std::string& engineer, const std::string& action, const platform::DateTime& when) {
+    if (platform::SameNoCase(engineer, "SYSTEM")) return;
+    auto connection = OpenWorkflowConnection(session);
+    if (!connection) return;
+    try {
+        Record(session, *connection, {engineer, project, job}, action, when);
+    } catch (const DatabaseError& error) {
+        session.Ui().ShowMessage("Attempted To Access " + DatabaseName(session) + "\nQuery " + error.Query() +
+                                 "\n" + error.what());
+    }
+}
+
+bool JobWasExported(config::Session& session, const std::string& engineer, const std::string& project,
+                    const std::string& job) {
+    auto connection = OpenWorkflowConnection(session);
+    if (!connection) return false;
+    try {
+        PrepareTables(session, *connection);
+        Table log = TableOf(*connection, "ActionTbl");
+        std::string action = log.Column("ActionDesc");
+        Statement find(*connection, "SELECT " + action + " FROM " + log.Name() + " WHERE " +
+                                        KeyCondition(log) + " AND (" + action + " LIKE 'Exported to %' OR " +
+                                        action + " LIKE 'CLOSED')");
+        find.Execute({job, project, engineer});
+        return find.Next();
+    } catch (const DatabaseError& error) {
+        session.Ui().ShowMessage("JOB already Exported Error:" + std::string(error.what()));
+        return false;
+    }
+}
+
+bool ConfirmExportAllowed(config::Session& session) {
+    if (session.Settings().JobRelativePath.empty()) return true;
+    Job job = JobOf(session);
+    if (!JobWasExported(session, job.engineer, job.project, job.job) || session.Settings().Quiet) return true;
+    return session.Ui().AskYesNo("Warning this Job has previously been exported!\nContinue?");
+}
+
+void CreateWorkflowDatabase(std::string_view path) {
+    if (!platform::FindExisting(path).empty()) return;
+    platform::OutputFile file(path);
+    try {
+        Connection connection(database::SqliteConnectionString(file.TemporaryName()));
+        CreateMissingTables(connection);
+    } catch (const DatabaseError& error) {
+        throw platform::WriteError(file.Name(), error.what());
+    }
+    file.Commit();
+}
+
+}  // namespace vexlator::workflow
