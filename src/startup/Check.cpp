@@ -3,6 +3,8 @@
 #include "startup/Check.h"
 
 #include "config/Session.h"
+#include "coords/frmLatLng.h"
+#include "database/Drivers.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "startup/Settings.h"
@@ -34,11 +36,11 @@ public:
         Folder("FMODirectory", settings.FMODirectory, "no database definitions");
         Folder("WorkFlowDirectory", settings.WorkFlowDirectory, "drawings belong to no job");
         Folder("TempDirectory", settings.TempDirectory, "");
-        File("default symbol", util::JoinPath(settings.SymbolsDirectory, "DEFAULT.VDF"));
+        if (usable) File("default symbol", util::JoinPath(settings.SymbolsDirectory, "DEFAULT.VDF"));
         File("projection file", ProjectionFile());
         WorkflowDatabase();
-        Line("ODBC drivers", Listed({}));
-        Line("correction grids", Listed({}));
+        Line("ODBC drivers", Listed(database::DriverNames()));
+        Line("latitude/longitude", coords::frmLatLng(session_).Description());
         Line("result", usable ? "usable" : "not usable");
         return usable ? ExitStatus::Done : ExitStatus::NotUsable;
     }

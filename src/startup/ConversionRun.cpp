@@ -84,7 +84,8 @@ ExitStatus RunImport(config::Session& session, const Conversions& conversions, I
     if (!row->call) return NothingToDo(session, command.code + " import is not available yet");
     platform::RemoveLeftovers(command.sourceFolder);
     Outcome outcome = row->call(session, command);
-    if (outcome.status == Outcome::Status::Done) Summarise(session, "imported", outcome);
+    // A drawing is saved even when one of several files could not be read.
+    if (!outcome.target.empty()) Summarise(session, "imported", outcome);
     return StatusOf(outcome);
 }
 

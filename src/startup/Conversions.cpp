@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "startup/Conversions.h"
 
+#include "export/shapefile/frmSHP.h"
+#include "import/shapefile/frmFromSHP.h"
+
 #include <algorithm>
 #include <array>
 
@@ -22,7 +25,7 @@ config::Outcome Export(config::Session& session, const ExportCommand& command) {
 }
 
 constexpr std::array importRows{
-    ImportRow{"MID", "frmFromMID", nullptr},  ImportRow{"SHP", "frmFromSHP", nullptr},
+    ImportRow{"MID", "frmFromMID", nullptr},  ImportRow{"SHP", "frmFromSHP", Import<importer::frmFromSHP>},
     ImportRow{"FMO", "frmFromFMO", nullptr},  ImportRow{"TPK", "frmFromFMO", nullptr},
     ImportRow{"CSV", "frmFromCSV", nullptr},  ImportRow{"TAB", "frmFromTAB", nullptr},
     ImportRow{"PPS", "frmFromCAW", nullptr},  ImportRow{"JOB", "frmFromJOB", nullptr},
@@ -34,7 +37,7 @@ constexpr std::array importRows{
 
 constexpr std::array exportRows{
     ExportRow{"MID", "frmMID", nullptr},
-    ExportRow{"SHP", "frmSHP", nullptr},
+    ExportRow{"SHP", "frmSHP", Export<exporter::frmSHP>},
     ExportRow{"DWG", "frmDWG", nullptr},
     ExportRow{"DXF", "frmDWG", nullptr},
     ExportRow{"DGN", "frmDWG", nullptr},

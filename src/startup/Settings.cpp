@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "startup/Settings.h"
 
-#include "config/ConfigFile.h"
+#include "config/LocateConfigFile.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "util/Numbers.h"
