@@ -1,0 +1,1 @@
+vexlator_fuzz(atp LINK vexlator_drawing)

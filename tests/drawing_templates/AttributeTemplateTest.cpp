@@ -1,0 +1,210 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "drawing/AttributeTemplate.h"
+#include "drawing/FieldMapping.h"
+#include "platform/Errors.h"
+#include "support/TempFolder.h"
+#include "support/TestUi.h"
+
+#include <gtest/gtest.h>
+
+namespace vexlator::drawing {
+namespace {
+
+class AttributeTemplate : public testing::Test {
+protected:
+    AttributeTemplate() {
+        session.Settings().IniFilePath = folder.Write("config/gv.ini", "[GENERICIN]\r\nGenATP=1\r\n");
+        session.Settings().ConfigFolder = folder / "config";
+        session.Settings().ATPDirectory = folder / "atp";
+        std::filesystem::create_directories(folder / "atp");
+    }
+    std::string Read(const std::string& name) const { return test::TempFolder::Read(folder / name); }
+
+    test::TempFolder folder;
+    test::TestUi ui;
+    config::Session session{ui};
+};
+
+TEST(AtpFields, LinesAreReadByTheirCommas) {
+    struct Case {
+        std::string line;
+        std::string name, shortName;
+        char type;
+        std::string width, decimals;
+    };
+    const Case cases[] = {
+        {"[01,03]DEPTH<DPTH>,N06.2", "DEPTH", "DPTH", 'N', "06", "2"},
+        {"[01,04]TYPE,C20.00=MAIN,SPUR", "TYPE", "", 'C', "20", "00"},
+        {"[01,05]  SIZE  ,F08.03=", "SIZE", "", 'F', "08", "03"},
+        {"[01,06]SURVEYED  ,D", "SURVEYED", "", 'D', "", ""},
+        {"[01,07]OTHER < SHORT >  ,X99.00", "OTHER", " SHORT ", 'X', "99", "00"},
+        {"[01,08]OPEN<,C10.00", "OPEN", "", 'C', "10", "00"},
+        {"[01,09]A]B=C20.00,", "A]B", "", 'C', "20", "00"},
+        {"NOBRACKET,N5,", "NOBRACKET", "", 'N', "5", ""},
+        {"[01,10]NOTYPE,", "NOTYPE", "", 'C', "", ""},
+    };
+    for (const Case& c : cases) {
+        auto fields = ParseAtpFields(c.line);
+        ASSERT_EQ(fields.size(), 1U) << c.line;
+        EXPECT_EQ(fields[0].name, c.name) << c.line;
+        EXPECT_EQ(fields[0].shortName, c.shortName) << c.line;
+        EXPECT_EQ(fields[0].type, c.type) << c.line;
+        EXPECT_EQ(fields[0].width, c.width) << c.line;
+        EXPECT_EQ(fields[0].decimals, c.decimals) << c.line;
+    }
+}
+
+TEST(AtpFields, OtherLinesAreSkipped) {
+    for (std::string line : {"", "[26,09]", "[01,02]NOTES", "'[01,02]NOTES,C20.00", "'STYLE=0,VALVE,255,1"})
+        EXPECT_TRUE(ParseAtpFields(line).empty()) << line;
+}
+
+TEST(AtpFields, WidthsThatAreNoNumbersAre0) {
+    auto fields = ParseAtpFields("[01,01]A,Cxy.-3\r\n[01,02]B,C-5.00\n[01,03]C,C7 . 4\r[01,04]D,C\r\n");
+    ASSERT_EQ(fields.size(), 4U);
+    EXPECT_EQ(fields[0].Width(), 0);
+    EXPECT_EQ(fields[0].Decimals(), 0);
+    EXPECT_EQ(fields[1].Width(), 0);
+    EXPECT_EQ(fields[2].Width(), 7);
+    EXPECT_EQ(fields[2].Decimals(), 4);
+    EXPECT_EQ(fields[3].Width(), 0);
+}
+
+TEST(AtpFields, TheNameThatIsUsedDecidesAboutNull) {
+    config::SharedSettings settings;
+    const std::string text = "[01,01]NULL,C10.00\r\n[01,02]NULL<KEPT>,C10.00\r\n[01,03]LONG<NULL>,C10.00\r\n";
+    auto fields = ParseAtpFields(text);
+    ASSERT_EQ(fields.size(), 1U);
+    EXPECT_EQ(MappedFieldName(settings, fields[0]), "LONG");
+
+    settings.ReProcessFieldNames = true;
+    std::vector<std::string> names;
+    for (const AtpField& field : ParseAtpFields(text, NullFields::Keep))
+        names.emplace_back(MappedFieldName(settings, field));
+    EXPECT_EQ(names, (std::vector<std::string>{"NULL", "KEPT", "NULL"}));
+}
+
+TEST_F(AttributeTemplate, TextIsUtf8OrWindows1252) {
+    for (std::string bytes : {"[01,01]H\xD6HE,C10.00", "\xEF\xBB\xBF[01,01]H\xC3\x96HE,C10.00"}) {
+        auto fields = ReadAtpFields(folder.Write("atp/X.ATP", bytes));
+        ASSERT_EQ(fields.size(), 1U);
+        EXPECT_EQ(fields[0].name, "H\xC3\x96HE");
+    }
+}
+
+TEST_F(AttributeTemplate, AFileTooLargeForATemplateIsAnError) {
+    std::string path = folder.Write("atp/BIG.ATP", std::string(largestTemplate + 1, ','));
+    EXPECT_THROW(ReadAtpFields(path), platform::ReadError);
+    EXPECT_THROW(ReadAtpStyle(session, "BIG"), platform::ReadError);
+    EXPECT_TRUE(ReadAtpFields(folder / "atp/MISSING.ATP").empty());
+}
+
+TEST_F(AttributeTemplate, ALocalTemplateThatIsNotEmptyGoesFirst) {
+    const std::string shared = session.Settings().ATPDirectory + "\\FENCE.ATP";
+    EXPECT_EQ(AtpPathFor(session, "FENCE"), shared);
+    folder.Write("config/LocalATPs/FENCE.ATP", "");
+    EXPECT_EQ(AtpPathFor(session, "FENCE"), shared);
+    std::filesystem::remove(folder / "config/LocalATPs/FENCE.ATP");
+    folder.Write("config/LocalATPs/fence.atp", "[26,09]");
+    EXPECT_EQ(AtpPathFor(session, "FENCE"), session.Settings().ConfigFolder + "\\LocalATPs\\FENCE.ATP");
+}
+
+TEST_F(AttributeTemplate, CodesDoNotLeadOutOfTheFolders) {
+    folder.Write("config/SECRET.ATP", "'STYLE=secret\r\n");
+    folder.Write("SECRET.ATP", "MH2=");
+    for (std::string code : {"../SECRET", "..\\SECRET", "a/../../SECRET"}) {
+        EXPECT_EQ(AtpPathFor(session, code).find(session.Settings().ATPDirectory), 0U) << code;
+        EXPECT_EQ(ReadAtpStyle(session, code), "") << code;
+        EXPECT_EQ(ResolveAtpAlias(session, code), code);
+    }
+}
+
+TEST_F(AttributeTemplate, TheLastStyleLineOfTheSharedTemplateCounts) {
+    folder.Write("config/LocalATPs/V.ATP", "'STYLE=local\r\n");
+    folder.Write("atp/V.ATP", "[26,09]\r\n'STYLE=0,OLD,1\r\n 'STYLE=no\r\n'STYLE=0,VALVE,255\r\n'other\r\n");
+    EXPECT_EQ(ReadAtpStyle(session, "V"), "0,VALVE,255");
+    EXPECT_EQ(ReadAtpStyle(session, "NONE"), "");
+}
+
+TEST_F(AttributeTemplate, ASmallFileWithAnEqualsSignIsAnAlias) {
+    const std::pair<std::string, std::string> cases[] = {
+        {"MH2=", "MH2"},
+        {"MH2=x\r\n", "MH2"},
+        {"MH2", "CODE"},
+        {"", "CODE"},
+        {"M\r\nH2=", "CODE"},
+        {"1234567890123456=", "CODE"},
+        {"=", ""},
+        {"123456789012345=", "123456789012345"},
+    };
+    for (const auto& [content, code] : cases) {
+        folder.Write("atp/CODE.ATP", content);
+        EXPECT_EQ(ResolveAtpAlias(session, "CODE"), code) << content;
+    }
+}
+
+TEST_F(AttributeTemplate, WritesTheFieldsOfAnEntity) {
+    WriteAtpFromFields(folder / "new/A.ATP", {});
+    EXPECT_EQ(Read("new/A.ATP"), "[26,09]\r\n[01,01]HANDLE    ,C32.00\r\n");
+    WriteAtpFromFields(folder / "new/A.ATP", std::vector<std::string>{"NAME", "TWELVE LONG."});
+    EXPECT_EQ(Read("new/A.ATP"), "[26,09]\r\n[01,01]NAME      ,C32.00\r\n[01,02]TWELVE LONG.,C32.00\r\n");
+}
+
+TEST_F(AttributeTemplate, NamesThatAreNoTemplateSyntaxReadBackAsTheyWere) {
+    const std::vector<std::string> names = {"NAME", "H\xC3\x96HE", "\xC3\x83\xC2\xA9", "\xE5\xB1\xB1", "A B"};
+    WriteAtpFromFields(folder / "atp/A.ATP", names);
+    auto fields = ReadAtpFields(folder / "atp/A.ATP");
+    ASSERT_EQ(fields.size(), names.size());
+    for (std::size_t i = 0; i < names.size(); ++i) EXPECT_EQ(fields[i].name, names[i]);
+
+    WriteAtpFromFields(folder / "atp/A.ATP", std::vector<std::string>{"a,b=c<d]e", "NULL", "x\r\ny"});
+    fields = ReadAtpFields(folder / "atp/A.ATP");
+    ASSERT_EQ(fields.size(), 3U);
+    EXPECT_EQ(fields[0].name, "a_b_c_d_e");
+    EXPECT_EQ(fields[1].name, "NULL_");
+    EXPECT_EQ(fields[2].name, "x__y");
+}
+
+TEST_F(AttributeTemplate, GeneratedForAnImportWhenThePersonAgrees) {
+    const std::string path = folder / "atp/PIPE.ATP";
+    const std::vector<std::string> names = {"FIFTEEN_LETTERS", "ID",
+                                            "\xC3\x96\xC3\x96\xC3\x96\xC3\x96LONGERTHAN"};
+    const std::vector<int> widths = {5, 254, 0};
+    GenerateAtp(session, path, names, widths);
+    EXPECT_FALSE(std::filesystem::exists(path));
+    ui.answers = {true};
+    GenerateAtp(session, path, names, widths);
+    EXPECT_EQ(ui.questions, (std::vector<std::string>{"Generate ATP For PIPE", "Generate ATP For PIPE"}));
+    const std::string expected =
+        "[26,09]\r\n[01,01]FIFTEEN_LETT,C05.00\r\n[01,02]ID          ,C99.00\r\n"
+        "[01,03]\xD6\xD6\xD6\xD6LONGERTH,C01.00\r\n";
+    EXPECT_EQ(Read("atp/PIPE.ATP"), expected);
+    GenerateAtp(session, path, {}, {});
+    EXPECT_EQ(ui.questions.size(), 2U);
+    EXPECT_EQ(Read("atp/PIPE.ATP"), expected);
+}
+
+TEST_F(AttributeTemplate, NotGeneratedWhenSwitchedOff) {
+    folder.Write("config/gv.ini", "[GENERICIN]\r\nGenATP=yes\r\n");
+    ui.answers = {true};
+    GenerateAtp(session, folder / "atp/PIPE.ATP", {}, {});
+    EXPECT_TRUE(ui.questions.empty());
+    EXPECT_FALSE(std::filesystem::exists(folder / "atp/PIPE.ATP"));
+}
+
+TEST_F(AttributeTemplate, AListOfNamesBecomesATemplate) {
+    const std::string path = folder / "atp/MH.ATP";
+    EXPECT_EQ(ConvertXotToAtx(path), path);
+    folder.Write("atp/MH.XOT", "COVER,1\r\nDEPTH\nLEVEL<LVL>");
+    EXPECT_EQ(ConvertXotToAtx(path), folder / "atp/MH.ATX");
+    EXPECT_EQ(Read("atp/MH.ATX"),
+              "[00,00]COVER,C20.00=\r\n[00,00]DEPTH,C20.00=\r\n[00,00]LEVEL<LVL>,C20.00=\r\n");
+    auto fields = ReadAtpFields(folder / "atp/MH.ATX");
+    ASSERT_EQ(fields.size(), 3U);
+    EXPECT_EQ(fields[2].name, "LEVEL");
+    EXPECT_EQ(fields[2].Width(), 20);
+}
+
+}  // namespace
+}  // namespace vexlator::drawing

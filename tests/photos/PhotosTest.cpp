@@ -1,0 +1,269 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "export/photos/PhotoFolders.h"
+#include "export/photos/Photos.h"
+#include "support/TempFolder.h"
+#include "support/TestUi.h"
+
+#include <gtest/gtest.h>
+
+namespace vexlator::exporter {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Photos : public testing::Test {
+protected:
+    Photos() {
+        Settings("");
+        fs::create_directories(folder / "job");
+        source = fs::canonical(folder / "job").string();
+        target = fs::canonical(folder.Path()).string() + "/out";
+    }
+    void Settings(const std::string& ini) { session.Settings().IniFilePath = folder.Write("gv.ini", ini); }
+    drawing::Entity Add(const std::vector<std::string>& values) {
+        drawing::Entity entity = drawing.addPoint({1, 2, 0});
+        for (const std::string& value : values)
+            entity.xproperties().add("A" + std::to_string(entity.xproperties().count()), value);
+        return entity;
+    }
+    void Gather() { GatherPhotos(session, drawing, source, "Survey", target); }
+    std::string Out(const std::string& name) const { return test::TempFolder::Read(target + "/" + name); }
+    const std::string& Missing() { return session.Settings().MissingPhotos; }
+    std::size_t FilesBelow(const std::string& path) const {
+        std::size_t count = 0;
+        for (const auto& entry : fs::recursive_directory_iterator(path))
+            count += !fs::is_directory(entry.symlink_status());
+        return count;
+    }
+
+    test::TempFolder folder;
+    test::TestUi ui;
+    config::Session session{ui};
+    drawing::Drawing drawing;
+    std::string source, target;
+};
+
+TEST_F(Photos, AreCopiedFromTheAttributesOfPointsSymbolsAndLines) {
+    for (std::string name : {"a.jpg", "b.BMP", "sub/c.Jpg", "circle.jpg", "d.jpeg", "e.png"})
+        folder.Write("job/" + name, name);
+    Add({"1", "a.jpg", "1.5"});
+    Add({"b.BMP", "a.jpg", "e.png", "x.jpe", "jpg", ".jp"});
+    drawing.addInsert({}, "default", 1, 1, 0).xproperties().add("A", "sub\\c.Jpg");
+    drawing.addPolyline().xproperties().add("A", "none.jpg");
+    drawing.addCircle({}, 1).xproperties().add("A", "circle.jpg");
+    Gather();
+    EXPECT_EQ(Out("a.jpg"), "a.jpg");
+    EXPECT_EQ(Out("b.BMP"), "b.BMP");
+    EXPECT_EQ(Out("sub/c.Jpg"), "sub/c.Jpg");
+    EXPECT_EQ(FilesBelow(target), 3U);
+    EXPECT_EQ(Missing(), "none.jpg missing from none.jpg\r\n");
+}
+
+TEST_F(Photos, LetterCaseDoesNotCount) {
+    folder.Write("job/PHOTOS/One.JPG", "one");
+    folder.Write("job/two.jpg", "lower");
+    folder.Write("job/Two.JPG", "exact");
+    folder.Write("out/ONE.jpg", "old");
+    fs::create_directories(target + "/photos");
+    folder.Write("out/photos/ONE.jpg", "old");
+    Add({"photos/one.jpg"});
+    Add({"Photos\\ONE.JPG"});
+    Add({"Two.JPG"});
+    Gather();
+    EXPECT_EQ(Out("photos/ONE.jpg"), "one");
+    EXPECT_EQ(Out("Two.JPG"), "exact");
+    EXPECT_EQ(FilesBelow(target), 3U);
+    EXPECT_EQ(Missing(), "");
+}
+
+TEST_F(Photos, WhatIsEmptyOrNoFileOrSeveralNamesIsMissing) {
+    folder.Write("job/empty.jpg", "");
+    folder.Write("job/a.jpg", "a");
+    folder.Write("job/b.jpg", "b");
+    fs::create_directories(folder / "job/folder.jpg");
+    Add({"first", "empty.jpg", "folder.jpg", "a.jpg;b.jpg", "gone/a.jpg"});
+    Gather();
+    EXPECT_EQ(Missing(),
+              "empty.jpg missing from first\r\nfolder.jpg missing from first\r\n"
+              "a.jpg;b.jpg missing from first\r\ngone/a.jpg missing from first\r\n");
+    EXPECT_EQ(FilesBelow(target), 0U);
+}
+
+TEST_F(Photos, NamesDoNotLeadOutOfTheFolders) {
+    folder.Write("secret.jpg", "secret");
+    folder.Write("drives/C/secret.jpg", "secret");
+    folder.Write("drives/unc/server/secret.jpg", "secret");
+    folder.Write("job/sub/in.jpg", "in");
+    fs::create_directory_symlink(folder.Path(), source + "/up");
+    fs::create_symlink(folder / "secret.jpg", source + "/link.jpg");
+    fs::create_symlink("/dev/zero", source + "/zero.jpg");
+    fs::create_symlink("loop.jpg", source + "/loop.jpg");
+    ::setenv("VEXLATOR_DRIVES", (folder / "drives").c_str(), 1);
+    const std::vector<std::string> names = {
+        "..\\secret.jpg",
+        "../secret.jpg",
+        "sub/../../secret.jpg",
+        "sub\\..\\sub\\in.jpg",
+        "./sub/in.jpg",
+        folder / "secret.jpg",
+        "\\secret.jpg",
+        "C:\\secret.jpg",
+        "C:secret.jpg",
+        "\\\\server\\secret.jpg",
+        "sub\\\\in.jpg",
+        "sub/in.jpg\\",
+        "sub/in.jpg:x",
+        ".. \\secret.jpg",
+        "up/secret.jpg",
+        "link.jpg",
+        "zero.jpg",
+        "loop.jpg",
+        std::string("sub/in.jpg\0", 11),
+        "sub\n/in.jpg",
+        "job.jpg\\..\\..\\secret.jpg",
+    };
+    std::size_t files = FilesBelow(folder.Path());
+    for (const std::string& name : names) {
+        drawing.clear();
+        Add({"first", name});
+        Gather();
+        EXPECT_EQ(Missing(), name + " missing from first\r\n");
+    }
+    EXPECT_EQ(FilesBelow(folder.Path()), files);
+    ::unsetenv("VEXLATOR_DRIVES");
+}
+
+TEST_F(Photos, LinksThatStayInsideTheSourceAreFollowed) {
+    folder.Write("job/2024/a.jpg", "a");
+    fs::create_directory_symlink("2024", source + "/latest");
+    fs::create_symlink("2024/a.jpg", source + "/b.jpg");
+    fs::create_directory_symlink(source, folder / "linked");
+    source = folder / "linked";
+    Add({"latest/a.jpg", "b.jpg"});
+    Gather();
+    EXPECT_EQ(Missing(), "");
+    EXPECT_EQ(Out("latest/a.jpg"), "a");
+    EXPECT_EQ(Out("b.jpg"), "a");
+}
+
+TEST_F(Photos, NothingIsWrittenThroughALinkInTheTarget) {
+    for (std::string name : {"a.jpg", "b.jpg", "Sub/c.jpg"}) folder.Write("job/" + name, "photo");
+    std::string outside = folder.Write("outside/precious", "precious");
+    fs::create_directories(target);
+    fs::create_symlink(outside, target + "/A.jpg");
+    fs::create_symlink(folder / "outside/new", target + "/b.jpg");
+    fs::create_directory_symlink(folder / "outside", target + "/sub");
+    fs::create_symlink(outside, target + "/Survey.CSV");
+    Settings("[THIRD]\nSSE=1\n");
+    Add({"a.jpg", "b.jpg", "Sub/c.jpg"});
+    Gather();
+    EXPECT_EQ(test::TempFolder::Read(outside), "precious");
+    EXPECT_EQ(FilesBelow(folder / "outside"), 1U);
+    EXPECT_EQ(Out("A.jpg"), "photo");
+    EXPECT_FALSE(fs::is_symlink(target + "/A.jpg"));
+    EXPECT_FALSE(fs::is_symlink(target + "/b.jpg"));
+    EXPECT_EQ(Missing(), "Sub/c.jpg missing from a.jpg\r\n");
+}
+
+TEST_F(Photos, ACopyThatIsUpToDateIsLeftAlone) {
+    folder.Write("job/same.jpg", "same");
+    folder.Write("job/changed.jpg", "new!");
+    folder.Write("out/same.jpg", "same");
+    folder.Write("out/changed.jpg", "old!");
+    auto before = fs::file_time_type::clock::now() - std::chrono::hours(1);
+    fs::last_write_time(target + "/same.jpg", before);
+    fs::last_write_time(target + "/changed.jpg", before);
+    Add({"same.jpg", "changed.jpg"});
+    Gather();
+    EXPECT_EQ(fs::last_write_time(target + "/same.jpg"), before);
+    EXPECT_EQ(Out("changed.jpg"), "new!");
+}
+
+TEST_F(Photos, FullPathsAndFalseTargetsGoIntoTheDrawing) {
+    folder.Write("job/a.jpg", "a");
+    drawing::Entity entity = Add({"first", "a.jpg", "gone.jpg"});
+    auto value = [&](std::size_t i) { return std::string(entity.xproperties().item(i).value()); };
+    Settings("[PHOTO]\nFullPath=1\n");
+    Gather();
+    EXPECT_EQ(value(0), "first");
+    EXPECT_EQ(value(1), target + "/a.jpg");
+    EXPECT_EQ(value(2), target + "/gone.jpg");
+
+    drawing.clear();
+    entity = Add({"sub\\a.jpg"});
+    Settings("[PHOTO]\nFullPath=1\nFALSETARGET=https://example.org/photos\n");
+    session.Settings().DebugMode = true;
+    Gather();
+    EXPECT_EQ(value(0), "https://example.org/photos\\sub\\a.jpg");
+    EXPECT_EQ(ui.messages, std::vector<std::string>{value(0)});
+}
+
+TEST_F(Photos, SettingsDirectWhereFromAndWhereTo) {
+    folder.Write("job/a.jpg", "job");
+    folder.Write("archive/a.jpg", "archive");
+    Add({"a.jpg"});
+    Settings("[PHOTO]\nDontCopy=1\n");
+    Gather();
+    EXPECT_EQ(Missing(), "a.jpg missing from a.jpg\r\n");
+    EXPECT_EQ(FilesBelow(target), 0U);
+
+    Settings("[PHOTO]\nFIXEDSOURCE=" + (folder / "archive") +
+             "\nFixedExport=1\nFixedExportFolder=" + (folder / "web/photos") + "\n");
+    Gather();
+    EXPECT_EQ(Missing(), "");
+    EXPECT_EQ(test::TempFolder::Read(folder / "web/photos/a.jpg"), "archive");
+    EXPECT_EQ(FilesBelow(target), 0U);
+
+    Settings("[PHOTO]\nFixedExport=1\nFixedExportFolder=" + source + "/../job\n");
+    Gather();
+    EXPECT_EQ(Missing(), "a.jpg missing from a.jpg\r\n");
+
+    Settings("");
+    source = "";
+    fs::remove_all(target);
+    Gather();
+    EXPECT_FALSE(fs::exists(target));
+    EXPECT_EQ(Missing(), "a.jpg missing from a.jpg\r\n");
+}
+
+TEST_F(Photos, TheListNamesEveryFeatureAndItsCopy) {
+    folder.Write("job/a.jpg", "a");
+    folder.Write("job/b,1.jpg", "b");
+    Settings("[THIRD]\nSSE=1\n");
+    Add({"1,\"2\"", "a.jpg", "gone.jpg"});
+    Add({"plain", "a.jpg", "b,1.jpg"});
+    Add({"\xC3\x96", "a.jpg"});
+    Gather();
+    EXPECT_EQ(Out("Survey.CSV"), "\"1,\"\"2\"\"\"," + target + "/a.jpg\r\nplain," + target +
+                                     "/a.jpg\r\nplain,\"" + target + "/b,1.jpg\"\r\n\xD6," + target +
+                                     "/a.jpg\r\n");
+}
+
+TEST(JobSource, IsTheSourcePropertyAndItsPathBelowTheWorkflow) {
+    struct Case {
+        std::string workflow, source, relative;
+    };
+    const Case cases[] = {
+        {"C:\\WF", "c:\\wf\\Eng\\Proj\\Job.VDF", "Eng\\Proj\\Job.VDF"},
+        {"C:\\WF\\", "C:\\WF\\Eng\\Job.VDF", "Eng\\Job.VDF"},
+        {"/srv/wf", "/srv/wf/Eng/Job.VDF", "Eng\\Job.VDF"},
+        {"C:\\WF", "C:\\WF2\\Eng\\Job.VDF", "before"},
+        {"C:\\WF", "C:\\WF", "before"},
+        {"", "\\Eng\\Job.VDF", "before"},
+    };
+    for (const Case& c : cases) {
+        test::TestUi ui;
+        config::Session session{ui};
+        session.Settings().WorkFlowDirectory = c.workflow;
+        session.Settings().JobRelativePath = "before";
+        ReadJobSource(session, {{"source", "no"}, {"Source", c.source}, {"Source", "second"}});
+        EXPECT_EQ(session.Settings().JobSourcePath, c.source);
+        EXPECT_EQ(session.Settings().JobRelativePath, c.relative) << c.source;
+        ReadJobSource(session, {});
+        EXPECT_EQ(session.Settings().JobSourcePath, c.source);
+    }
+}
+
+}  // namespace
+}  // namespace vexlator::exporter
