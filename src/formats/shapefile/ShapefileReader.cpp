@@ -62,12 +62,15 @@ void ShapeRecord::CopyPoints(std::size_t begin, std::span<util::PlanePoint> targ
                     target.size_bytes());
 }
 
-std::size_t ShapefileReader::RecordCount() const {
-    return shx_.size() < fileHeader ? 0 : (shx_.size() - fileHeader) / indexEntry;
+std::size_t ShapefileReader::CountEntries() const {
+    if (shx_.size() < fileHeader) return 0;
+    std::size_t announced = std::size_t{static_cast<std::uint32_t>(BigAt(shx_, 24))} * 2;
+    bool plausible = announced >= fileHeader && announced < shx_.size();
+    return ((plausible ? announced : shx_.size()) - fileHeader) / indexEntry;
 }
 
 bool ShapefileReader::Next(ShapeRecord& record) {
-    if (entry_ >= RecordCount()) return false;
+    if (entry_ >= recordCount_) return false;
     auto words = static_cast<std::uint32_t>(BigAt(shx_, fileHeader + entry_ * indexEntry));
     if (words == 0) return false;
     ++entry_;

@@ -40,16 +40,19 @@ private:
 class ShapefileReader {
 public:
     /// Both files' bytes outlive the reader.
-    ShapefileReader(std::span<const std::byte> shp, std::span<const std::byte> shx) : shp_(shp), shx_(shx) {}
+    ShapefileReader(std::span<const std::byte> shp, std::span<const std::byte> shx)
+        : shp_(shp), shx_(shx), recordCount_(CountEntries()) {}
 
     /// Reads the next record; false at the end of the index or at an index entry of 0.
     /// @throws platform::ReadError without a file name: byte, record and reason
     bool Next(ShapeRecord& record);
-    /// Records that the index has room for.
-    std::size_t RecordCount() const;
+    /// Entries of the index: up to where its header says that the file ends, where that lies within it, since
+    /// writers that shorten a file in place leave old entries behind its end; else up to the end of the bytes.
+    std::size_t RecordCount() const { return recordCount_; }
     std::size_t ShpSize() const { return shp_.size(); }
 
 private:
+    std::size_t CountEntries() const;
     void ReadShape(ShapeRecord& record);
     void ReadPoly(ShapeRecord& record, std::span<const std::byte> body);
     void CheckParts(const ShapeRecord& record) const;
@@ -58,6 +61,7 @@ private:
     [[noreturn]] void Damaged(const ShapeRecord& record, const std::string& reason) const;
 
     std::span<const std::byte> shp_, shx_;
+    std::size_t recordCount_;
     std::size_t entry_ = 0;
     std::uint64_t consumed_ = 0;
 };

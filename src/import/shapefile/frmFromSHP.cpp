@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "import/shapefile/frmFromSHP.h"
 
+#include "coords/frmLatLng.h"
 #include "drawing/AttributeTemplate.h"
 #include "drawing/SymbolBlock.h"
+#include "formats/shapefile/ShapefileReader.h"
 #include "import/FeatureCode.h"
 #include "import/shapefile/TableAttributes.h"
 #include "util/Files.h"
@@ -12,7 +14,7 @@
 #include "util/Text.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <optional>
 
 namespace vexlator::importer {
 

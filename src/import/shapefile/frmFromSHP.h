@@ -4,20 +4,22 @@
 
 #include "config/Outcome.h"
 #include "config/Session.h"
-#include "coords/frmLatLng.h"
 #include "drawing/Drawing.h"
-#include "formats/shapefile/ShapefileReader.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 
-namespace vexlator::importer {
+namespace vexlator::coords {
+class frmLatLng;
+}
+namespace vexlator::formats {
+class ShapeRecord;
+}
 
-class TableAttributes;
+namespace vexlator::importer {
 
 /// Shapefiles become one drawing, one layer for each: points become symbols, lines and the rings of areas
 /// become polylines, columns of the attribute table become text attributes.
