@@ -25,7 +25,9 @@ public:
         return answer;
     }
     void Report(std::string_view line) override { reports.emplace_back(line); }
-    std::unique_ptr<ui::FormView> ShowForm(std::string_view) override { return std::make_unique<View>(*this); }
+    std::unique_ptr<ui::FormView> ShowForm(std::string_view) override {
+        return std::make_unique<View>(*this);
+    }
     void Settle(double) override {}
     void Beep() override {}
 

@@ -1,0 +1,129 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "drawing/Drawing.h"
+#include "drawing/Vdf.h"
+#include "support/RandomDrawing.h"
+#include "support/TempFolder.h"
+
+#include <cstring>
+#include <gtest/gtest.h>
+#include <vector>
+
+namespace vexlator::drawing {
+namespace {
+
+using test::TempFolder;
+
+/// Everything that a drawing holds, as text; erased entities are no part of it.
+std::string Describe(Drawing& drawing) {
+    std::string text = drawing.activeLayerName() + "\n";
+    for (const auto& [name, value] : drawing.properties()) text += name + "=" + value + "\n";
+    for (const Layer& layer : drawing.layers())
+        text += layer.name + "/" + std::to_string(layer.frozen) + "/" + std::to_string(layer.colour) + "\n";
+    for (const Block& block : drawing.blocks()) text += block.name + "/" + block.content + "\n";
+    drawing.forEach([&](Entity entity) {
+        const Shape& shape = entity.shape();
+        text += entity.handle() + "|" + std::string(entity.kind()) + "|" + entity.layerName() + "|" +
+                std::to_string(entity.style().colour) + "|" + shape.name + "|" +
+                std::to_string(shape.rotation) + "|" + std::to_string(shape.size) + "|" +
+                std::string(entity.text()) + "|" + std::string(entity.label()) + "|" +
+                std::string(entity.hyperlink()) + "|" + std::to_string(entity.isClosed()) +
+                std::to_string(entity.isFilled());
+        for (std::size_t i = 0; i < entity.vertexCount(); ++i) {
+            Point p = entity.vertex(i);
+            text += " " + std::to_string(p.x) + "," + std::to_string(p.y) + "," + std::to_string(p.z);
+        }
+        for (std::size_t i = 0; i < entity.xproperties().count(); ++i)
+            text += " " + std::string(entity.xproperties().name(i)) + "=" +
+                    std::string(entity.xproperties().item(i).value());
+        text += "\n";
+    });
+    return text;
+}
+
+TEST(Vdf, WhatIsSavedIsOpened) {
+    TempFolder folder;
+    for (unsigned seed = 1; seed <= 20; ++seed) {
+        Drawing drawing;
+        test::FillRandomly(drawing, seed, 200);
+        drawing.addBlock({"symbol", std::string("bytes\0 of it", 12)});
+        drawing.findLayer("LAYER1")->frozen = true;
+        drawing.saveAs(folder / "a.VDF");
+        Drawing again;
+        again.addPoint({1, 1, 1});  // open() replaces what is there
+        again.open(folder / "A.vdf");
+        EXPECT_EQ(Describe(again), Describe(drawing)) << "seed " << seed;
+        EXPECT_FALSE(again.findByHandle(again.addPoint({}).handle() + "0"));
+    }
+}
+
+TEST(Vdf, SeveralChunksAndSharedValues) {
+    TempFolder folder;
+    Drawing drawing;
+    std::vector<std::string> names{"ID"};
+    AttributeSet set = drawing.attributeSet(names);
+    for (int i = 0; i < 150000; ++i) {
+        drawing.addPoint({double(i), 2.0 * i, i == 140000 ? 3.5 : 0});
+        if (i % 3 == 0) {
+            drawing.beginValues(set);
+            drawing.appendValue(std::to_string(i));
+        } else {
+            drawing.shareValues();
+        }
+    }
+    drawing.saveAs(folder / "a.VDF");
+    Drawing again;
+    again.open(folder / "a.VDF");
+    ASSERT_EQ(again.entityCount(), 150000U);
+    for (std::size_t i : {0U, 1U, 65535U, 65536U, 131073U, 149999U})
+        EXPECT_EQ(again.entityAt(i).xproperties().item(0).value(), std::to_string(i / 3 * 3));
+    EXPECT_EQ(again.entityAt(140000).position(), (Point{140000, 280000, 3.5}));
+    EXPECT_EQ(again.entityAt(140001).position().z, 0);
+}
+
+/// Bytes at a multiple of 8, as a memory map has them.
+struct Aligned {
+    explicit Aligned(const std::string& bytes) : storage((bytes.size() + 7) / 8), size(bytes.size()) {
+        std::memcpy(storage.data(), bytes.data(), size);
+    }
+    std::span<const std::byte> Bytes() const { return std::as_bytes(std::span(storage)).first(size); }
+    std::vector<std::uint64_t> storage;
+    std::size_t size;
+};
+
+TEST(Vdf, EveryCutAndEveryChangedByteIsNoticed) {
+    TempFolder folder;
+    Drawing drawing;
+    test::FillRandomly(drawing, 7, 20);
+    drawing.saveAs(folder / "a.VDF");
+    const std::string whole = TempFolder::Read(folder / "a.VDF");
+    for (std::size_t size = 0; size < whole.size(); ++size) {
+        Drawing cut;
+        EXPECT_THROW(ReadVdf(Aligned(whole.substr(0, size)).Bytes(), cut), platform::ReadError) << size;
+    }
+    for (std::size_t i = 0; i < whole.size(); ++i) {
+        std::string bytes = whole;
+        bytes[i] = static_cast<char>(bytes[i] ^ 0x41);
+        Drawing damaged;
+        EXPECT_THROW(ReadVdf(Aligned(bytes).Bytes(), damaged), platform::ReadError) << i;
+    }
+}
+
+TEST(Vdf, AFailureNamesTheFileAndLeavesTheDrawingEmpty) {
+    TempFolder folder;
+    Drawing drawing;
+    drawing.addPoint({1, 2, 3});
+    std::string path = folder.Write("a.VDF", "VXDRAW\r\nnonsense that is long enough to have a trailer");
+    try {
+        drawing.open(path);
+        FAIL();
+    } catch (const platform::ReadError& error) {
+        EXPECT_EQ(error.File(), path);
+        EXPECT_FALSE(error.Place().empty());
+    }
+    EXPECT_EQ(drawing.entityCount(), 0U);
+    EXPECT_THROW(drawing.open(folder / "missing.VDF"), platform::ReadError);
+}
+
+}  // namespace
+}  // namespace vexlator::drawing
