@@ -1,10 +1,13 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 #include "config/Ini.h"
+#include "database/ConnectionString.h"
+#include "database/Statement.h"
 #include "platform/Errors.h"
 #include "startup/Main.h"
 #include "support/TempFolder.h"
 #include "support/TestUi.h"
+#include "workflow/WorkflowDatabase.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -67,6 +70,24 @@ protected:
                                 return ExitStatus::Done;
                             }};
         return static_cast<int>(Main(command, ui, options));
+    }
+    /// Gives the installation an empty workflow database.
+    void UseWorkflow() {
+        fs::create_directory(home / "WorkFlow");
+        workflow::CreateWorkflowDatabase(home / "WorkFlow/WorkFlow.MDB");
+        SetIni("GENERAL", "WorkFlowSystem", home / "WorkFlow");
+    }
+    /// What the workflow database holds, one line per action.
+    Lines Actions() const {
+        database::Connection connection(database::AccessConnectionString(home / "WorkFlow/WorkFlow.MDB"));
+        database::Statement query(connection, "SELECT ActionDesc, Engineer, Project, Job FROM ActionTbl");
+        query.Execute();
+        Lines lines;
+        while (query.Next()) {
+            lines.emplace_back(query.Text(0));
+            for (std::size_t column : {1, 2, 3}) lines.back().append("|").append(query.Text(column));
+        }
+        return lines;
     }
     /// Lets the conversion keep the settings that it sees.
     void KeepSettings() {
@@ -227,7 +248,36 @@ TEST_F(MainTest, MissingPhotographsAreListed) {
     EXPECT_TRUE(fs::exists(home / "fmo/MissingPhotos.LST"));
 }
 
+TEST_F(MainTest, ExportsOfJobsAreRecorded) {
+    UseWorkflow();
+    EXPECT_EQ(Run(home / "no job.SHP"), 0);
+    EXPECT_EQ(Actions(), Lines{});
+    stub.act = [](config::Session& session) {
+        session.Settings().JobRelativePath = "Ann\\Roads\\North\\a.JOB";
+        return Outcome{};
+    };
+    EXPECT_EQ(Run(home / "a.shp"), 0);
+    EXPECT_EQ(Actions(), Lines{"Exported to SHP|Ann|Roads|a"});
+    EXPECT_EQ(Run(home / "b.FMO"), 0);
+    EXPECT_EQ(Actions(),
+              (Lines{"Exported to SHP|Ann|Roads|a", "Exported to FMO|Ann|Roads|b", "CLOSED|Ann|Roads|b"}));
+}
+
+TEST_F(MainTest, TheFolderIsPackedLast) {
+    SetIni("GENERICOUT", "CREATEZIP", "1");
+    stub.act = [this](config::Session& session) {
+        home.Write("a/FENCE.SHP", "shapes");
+        session.Settings().MissingPhotos = "A.JPG missing from 7\r\n";
+        return Outcome{};
+    };
+    EXPECT_EQ(Run(home / "a.SHP"), 0);
+    std::string archive = test::TempFolder::Read(home / "a/a.ZIP");
+    EXPECT_NE(archive.find("FENCE.SHP"), std::string::npos);
+    EXPECT_NE(archive.find("MissingPhotos.LST"), std::string::npos);
+}
+
 TEST_F(MainTest, ExportsThatDoNotEndLeaveNoTrace) {
+    UseWorkflow();
     struct Case {
         std::function<Outcome(config::Session&)> act;
         int status;
@@ -249,6 +299,7 @@ TEST_F(MainTest, ExportsThatDoNotEndLeaveNoTrace) {
              {[](config::Session&) -> Outcome { throw std::bad_alloc(); }, 1, {"Not enough memory"}},
          }) {
         stub.act = [&](config::Session& session) {
+            session.Settings().JobRelativePath = "Ann\\Roads\\a.JOB";
             session.Settings().MissingPhotos = "A.JPG";
             return c.act(session);
         };
@@ -259,6 +310,7 @@ TEST_F(MainTest, ExportsThatDoNotEndLeaveNoTrace) {
         EXPECT_EQ(test::TempFolder::Read(list), "old");
         EXPECT_EQ(Run(home / "new.SHP"), c.status);
         EXPECT_FALSE(fs::exists(home / "new"));
+        EXPECT_EQ(Actions(), Lines{});
     }
 }
 

@@ -81,6 +81,23 @@ TEST_F(ProgramTest, InitMakesAnInstallationThatWorksAtOnce) {
     EXPECT_EQ(config::ReadIniFile(inst + "/gv.ini", "OPTION", "chkAll"), "1");
 }
 
+TEST_F(ProgramTest, ADrawingGoesOutAndComesBack) {
+    ASSERT_EQ(Run("--init inst").status, 0);
+    drawing::Drawing drawing;
+    drawing.setActiveLayer("TREE");
+    for (int i = 0; i < 1234; ++i)
+        drawing.addPoint({i * 10.0, 0, 0}).xproperties().add("ID", std::to_string(i));
+    drawing.saveAs(folder / "survey.VDF");
+    Result out = Run("survey.SHP");
+    EXPECT_EQ(out.status, 0);
+    EXPECT_EQ(out.out, "");
+    EXPECT_EQ(out.err, "exported 1 layer, 1,234 features to " + (folder / "survey") + "\n");
+    Result in = Run("IMPORT survey/tree.shp");
+    EXPECT_EQ(in.status, 0);
+    EXPECT_EQ(in.out, "");
+    EXPECT_EQ(in.err, "imported 1 layer, 1,234 features to " + (folder / "survey/tree.VDF") + "\n");
+}
+
 TEST_F(ProgramTest, InitNeverOverwrites) {
     ASSERT_EQ(Run("--init inst").status, 0);
     folder.Write("inst/gv.ini", "[GENERAL]\n");
