@@ -37,12 +37,6 @@ std::string ReadSmallFile(std::string_view path) {
     return std::string(file.Text());
 }
 
-std::string DecodeTemplate(std::string bytes) {
-    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-    if (bytes.starts_with(byteOrderMark)) bytes.erase(0, byteOrderMark.size());
-    return platform::IsUtf8(bytes) ? bytes : platform::Utf8FromWindows1252(bytes);
-}
-
 /// Windows-1252, as the device writes it, unless that would lose a character or be read back as UTF-8.
 std::string EncodeTemplate(const std::string& text) {
     if (platform::IsAscii(text) || !platform::FitsWindows1252(text)) return text;
@@ -51,7 +45,7 @@ std::string EncodeTemplate(const std::string& text) {
 }
 
 std::string ReadTemplate(std::string_view path) {
-    return DecodeTemplate(ReadSmallFile(path));
+    return platform::DecodeText(ReadSmallFile(path));
 }
 
 std::string_view Part(std::string_view text, std::size_t begin, std::size_t length) {
@@ -102,26 +96,9 @@ std::string NameToWrite(std::string name) {
     return name;
 }
 
-bool BeginsCharacter(char c) {
-    return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
-}
-
-std::size_t CharacterCount(std::string_view text) {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), BeginsCharacter));
-}
-
-std::string PaddedTo(std::size_t length, std::string text) {
-    std::size_t characters = CharacterCount(text);
-    if (characters < length) text.append(length - characters, ' ');
-    return text;
-}
-
-std::string CutTo(std::size_t length, std::string text) {
-    while (CharacterCount(text) > length) {
-        while (!BeginsCharacter(text.back())) text.pop_back();
-        text.pop_back();
-    }
-    return text;
+std::string PaddedTo(std::size_t length, std::string_view text) {
+    std::size_t characters = platform::CountCharacters(text);
+    return std::string(text) + std::string(characters < length ? length - characters : 0, ' ');
 }
 
 std::string FieldLine(std::size_t number, std::string_view paddedName, int width) {
@@ -195,7 +172,8 @@ void GenerateAtp(config::Session& session, std::string_view templatePath, std::s
     if (!session.Ui().AskYesNo("Generate ATP For " + util::BaseNameOf(templatePath))) return;
     std::string text(header);
     for (std::size_t i = 0; i < names.size(); ++i) {
-        std::string name = PaddedTo(importedNameLength, CutTo(importedNameLength, NameToWrite(names[i])));
+        std::string name = NameToWrite(names[i]);
+        name = PaddedTo(importedNameLength, platform::FirstCharacters(name, importedNameLength));
         text += FieldLine(i + 1, name, std::clamp(widths[i], 1, 99));
     }
     platform::ReplaceFile(templatePath, EncodeTemplate(text));

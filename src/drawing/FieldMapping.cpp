@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "drawing/FieldMapping.h"
 
+#include "platform/CodePages.h"
 #include "platform/Paths.h"
 #include "util/Text.h"
 
-#include <algorithm>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -18,15 +18,6 @@ constexpr std::string_view changeSection = "INOUTFEATCHANGE";
 constexpr std::string_view workingSet = "PJB";
 constexpr std::size_t longestCode = 3;
 constexpr std::size_t mostBytesPerCharacter = 4;
-
-bool ContinuesCharacter(char c) {
-    return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
-}
-
-std::size_t CharacterCount(std::string_view text) {
-    return text.size() -
-           static_cast<std::size_t>(std::count_if(text.begin(), text.end(), ContinuesCharacter));
-}
 
 using Renaming = std::pair<std::string, std::string>;
 
@@ -75,9 +66,9 @@ std::string_view ShortenValue(const config::SharedSettings& settings, std::strin
     if (position == std::string_view::npos || position == 0) return value;
     std::string_view code = value.substr(0, position);
     std::size_t after = position + 1;
-    while (after < value.size() && ContinuesCharacter(value[after])) ++after;
+    while (after < value.size() && platform::ContinuesCharacter(value[after])) ++after;
     if (after >= value.size() || code.back() == ' ' || value[after] == ' ') return value;
-    return CharacterCount(code) <= longestCode ? code : value;
+    return platform::CountCharacters(code) <= longestCode ? code : value;
 }
 
 void ApplyFeatureChanges(config::Session& session, Drawing& drawing, std::string_view configFile) {

@@ -163,6 +163,24 @@ void AppendUtf8FromWindows1252(std::string& target, std::string_view bytes) {
     }
 }
 
+std::size_t CountCharacters(std::string_view utf8) {
+    return utf8.size() -
+           static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), ContinuesCharacter));
+}
+
+std::string_view FirstCharacters(std::string_view utf8, std::size_t most) {
+    std::size_t size = 0;
+    for (std::size_t count = 0; size < utf8.size(); ++size)
+        if (!ContinuesCharacter(utf8[size]) && ++count > most) break;
+    return utf8.substr(0, size);
+}
+
+std::string DecodeText(std::string_view bytes) {
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    if (bytes.starts_with(byteOrderMark)) bytes.remove_prefix(byteOrderMark.size());
+    return IsUtf8(bytes) ? std::string(bytes) : Utf8FromWindows1252(bytes);
+}
+
 std::string Utf8FromWindows1252(std::string_view bytes) {
     std::string text;
     AppendUtf8FromWindows1252(text, bytes);

@@ -14,6 +14,16 @@ namespace vexlator::platform {
 bool IsAscii(std::string_view text);
 bool IsUtf8(std::string_view text);
 
+/// Whether a byte of a UTF-8 text goes on with the character that began before it.
+constexpr bool ContinuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
+std::size_t CountCharacters(std::string_view utf8);
+/// The start of a UTF-8 text that has at most `most` characters.
+std::string_view FirstCharacters(std::string_view utf8, std::size_t most);
+
+/// The text of a file that does not say how it is encoded: UTF-8 when it is valid UTF-8, else Windows-1252. A
+/// byte-order mark is dropped.
+std::string DecodeText(std::string_view bytes);
+
 /// Windows-1252 to UTF-8. Every byte has a meaning: the five that the code page leaves open become the
 /// control characters of the same number, as Windows maps them, so that text passes through unchanged.
 std::string Utf8FromWindows1252(std::string_view bytes);
