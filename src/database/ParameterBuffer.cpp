@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "database/ParameterBuffer.h"
 
+#include "util/Numbers.h"
+
 #include <algorithm>
+#include <string>
 #include <type_traits>
 
 namespace vexlator::database {
@@ -14,15 +17,11 @@ std::string_view BytesOf(const T& value) {
     return {reinterpret_cast<const char*>(&value), sizeof value};
 }
 
-SQL_TIMESTAMP_STRUCT Timestamp(const platform::DateTime& when) {
-    SQL_TIMESTAMP_STRUCT result{};
-    result.year = static_cast<SQLSMALLINT>(when.year);
-    result.month = static_cast<SQLUSMALLINT>(when.month);
-    result.day = static_cast<SQLUSMALLINT>(when.day);
-    result.hour = static_cast<SQLUSMALLINT>(when.hour);
-    result.minute = static_cast<SQLUSMALLINT>(when.minute);
-    result.second = static_cast<SQLUSMALLINT>(when.second);
-    return result;
+/// Drivers differ in what they make of a timestamp's fraction of a second; this text has none.
+std::string TimestampText(const platform::DateTime& when) {
+    return util::ZeroPadded(when.year, 4) + "-" + util::ZeroPadded(when.month, 2) + "-" +
+           util::ZeroPadded(when.day, 2) + " " + util::ZeroPadded(when.hour, 2) + ":" +
+           util::ZeroPadded(when.minute, 2) + ":" + util::ZeroPadded(when.second, 2);
 }
 
 }  // namespace
@@ -41,7 +40,7 @@ SQLRETURN ParameterBuffer::Set(SQLHANDLE statement, std::size_t index, const Val
         } else if constexpr (std::is_same_v<T, double>) {
             return Put(statement, index, {SQL_C_DOUBLE, SQL_DOUBLE}, BytesOf(v));
         } else if constexpr (std::is_same_v<T, platform::DateTime>) {
-            return Put(statement, index, {SQL_C_TYPE_TIMESTAMP, SQL_TYPE_TIMESTAMP}, BytesOf(Timestamp(v)));
+            return Put(statement, index, {SQL_C_CHAR, SQL_TYPE_TIMESTAMP}, TimestampText(v));
         } else {
             return Put(statement, index, {SQL_C_BINARY, SQL_LONGVARBINARY}, v.bytes);
         }
@@ -50,14 +49,16 @@ SQLRETURN ParameterBuffer::Set(SQLHANDLE statement, std::size_t index, const Val
 }
 
 SQLRETURN ParameterBuffer::Put(SQLHANDLE statement, std::size_t index, Type type, std::string_view bytes) {
-    bool known = type == type_ && bytes.size() <= bytes_.size() && !bytes_.empty();
+    // The SQLite driver keeps the length that bytes had when they were bound.
+    bool known =
+        type == type_ && type.inMemory != SQL_C_BINARY && bytes.size() <= bytes_.size() && !bytes_.empty();
     if (bytes_.size() < bytes.size() || bytes_.empty())
         bytes_.resize(std::max<std::size_t>(64, bytes.size()));
     std::copy(bytes.begin(), bytes.end(), bytes_.begin());
     length_ = static_cast<SQLLEN>(bytes.size());
     if (known) return SQL_SUCCESS;
     type_ = type;
-    constexpr SQLULEN timestampSize = 19;  // characters of 2024-03-05 14:07:00: no fraction of a second
+    constexpr SQLULEN timestampSize = 19;  // characters of 2024-03-05 14:07:00
     SQLULEN size = type.inDatabase == SQL_TYPE_TIMESTAMP ? timestampSize : bytes_.size();
     return SQLBindParameter(statement, static_cast<SQLUSMALLINT>(index + 1), SQL_PARAM_INPUT, type.inMemory,
                             type.inDatabase, size, 0, bytes_.data(), static_cast<SQLLEN>(bytes_.size()),

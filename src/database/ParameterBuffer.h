@@ -10,7 +10,8 @@
 namespace vexlator::database {
 
 /// Where the driver finds one parameter's value. The driver is told of it again only when the kind of value
-/// changes or outgrows it, so that running a statement a million times costs copies, not calls.
+/// changes or outgrows it (for bytes always), so that running a statement a million times costs copies, not
+/// calls.
 class ParameterBuffer {
 public:
     /// Takes a value for parameter `index`, from 0.

@@ -1,0 +1,273 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "platform/Errors.h"
+#include "platform/Process.h"
+#include "support/TestDatabase.h"
+#include "support/TestUi.h"
+#include "workflow/WorkflowDatabase.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <functional>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace vexlator::workflow {
+
+namespace fs = std::filesystem;
+using Texts = std::vector<std::string>;
+
+constexpr platform::DateTime morning{2024, 3, 5, 9, 7, 0}, evening{2024, 3, 5, 21, 0, 30};
+
+/// A session whose gv.ini names the database under test.
+class WorkflowTest : public test::OnEachDatabase {
+protected:
+    void SetUp() override {
+        OnEachDatabase::SetUp();
+        if (GetParam() == test::DatabaseKind::Sqlite) {
+            CreateWorkflowDatabase(folder_ / "WorkFlow.MDB");
+            fs::create_symlink("WorkFlow.MDB", folder_ / "test.sqlite");
+            folder_.Write("gv.ini", "[GENERAL]\nWORKFLOWSYSTEM=" + folder_.Path() + "\n");
+        } else {
+            folder_.Write("gv.ini", "[WORKFLOW]\nCONNECTION=" + ConnectionString() + "\n");
+        }
+        session_.Settings().IniFilePath = folder_ / "gv.ini";
+    }
+    void RunAtOnce(int processes, const std::function<void()>& action);
+
+    test::TestUi ui_;
+    config::Session session_{ui_};
+};
+
+/// Forks; all start when the last is there. Each must end quietly.
+void WorkflowTest::RunAtOnce(int processes, const std::function<void()>& action) {
+    int gate[2];
+    ASSERT_EQ(::pipe(gate), 0);
+    std::vector<pid_t> children;
+    for (int i = 0; i < processes; ++i) {
+        pid_t child = ::fork();
+        if (child == 0) {
+            ::close(gate[1]);
+            char c = 0;
+            if (::read(gate[0], &c, 1) != 0) ::_exit(2);
+            action();
+            for (const std::string& message : ui_.messages) std::fprintf(stderr, "%s\n", message.c_str());
+            ::_exit(ui_.messages.empty() ? 0 : 1);
+        }
+        children.push_back(child);
+    }
+    ::close(gate[0]);
+    ::close(gate[1]);
+    for (pid_t child : children) {
+        int status = -1;
+        ::waitpid(child, &status, 0);
+        EXPECT_EQ(status, 0);
+    }
+}
+
+TEST_P(WorkflowTest, RecordsWhatWasDoneWithAJob) {
+    struct Case {
+        std::string engineer, project, job;
+    };
+    int row = 0;
+    for (const Case& c : {
+             Case{"smith", "P1", "Survey"},
+             Case{"O'Brien", "x'; DROP TABLE JobHdr; --", "a\"b;c"},
+             Case{"Ångström", "Жёлтый 日本 😀", "%"},
+         }) {
+        EXPECT_FALSE(JobWasExported(session_, c.engineer, c.project, c.job));
+        RecordJobAction(session_, c.project, c.job, c.engineer, "Imported", morning);
+        EXPECT_FALSE(JobWasExported(session_, c.engineer, c.project, c.job));
+        RecordJobAction(session_, c.project, c.job, c.engineer, "Exported to SHP", evening);
+        EXPECT_TRUE(JobWasExported(session_, c.engineer, c.project, c.job));
+        EXPECT_FALSE(JobWasExported(session_, c.engineer, c.project, "other"));
+
+        std::string key = c.project + "|" + c.job + "|" + c.engineer + "|", user = platform::CurrentUser();
+        std::string select =
+            R"(SELECT "Project","Job","Engineer","ActionDesc","DateStamp","ActionedBy" FROM "ActionTbl")";
+        Texts log = Rows(select + R"( ORDER BY "DateStamp", "Engineer")"),
+              headers =
+                  Rows(R"(SELECT "Engineer","Project","Job","Current Status","LastChange" FROM "JobHdr")");
+        ++row;
+        EXPECT_EQ(log.size(), 2U * row);
+        EXPECT_NE(std::find(log.begin(), log.end(), key + "Imported|2024-03-05 09:07:00|" + user), log.end());
+        EXPECT_NE(std::find(log.begin(), log.end(), key + "Exported to SHP|2024-03-05 21:00:30|" + user),
+                  log.end());
+        ASSERT_EQ(headers.size(), static_cast<std::size_t>(row));
+        EXPECT_NE(
+            std::find(headers.begin(), headers.end(),
+                      c.engineer + "|" + c.project + "|" + c.job + "|Exported to SHP|2024-03-05 21:00:30"),
+            headers.end());
+    }
+    EXPECT_EQ(ui_.messages, Texts{});
+}
+
+TEST_P(WorkflowTest, CountsAClosingAsAnExportAndLeavesSystemJobsAlone) {
+    RecordJobAction(session_, "P", "J", "e", "CLOSED", morning);
+    EXPECT_TRUE(JobWasExported(session_, "e", "P", "J"));
+    RecordJobAction(session_, "P", "J2", "System", "Exported to SHP", morning);
+    RecordJobAction(session_, "", "never seen", "e", "Exported to SHP", morning);
+    EXPECT_EQ(Rows(R"(SELECT "Job" FROM "ActionTbl")"), Texts{"J"});
+    RecordJobAction(session_, "", "J", "somebody", "Exported to MID", evening);
+    EXPECT_EQ(Rows(R"(SELECT "Project","Engineer" FROM "ActionTbl" WHERE "ActionDesc"='Exported to MID')"),
+              Texts{"P|e"});
+    EXPECT_EQ(Rows(R"(SELECT "Engineer","Current Status" FROM "JobHdr")"), Texts{"e|Exported to MID"});
+}
+
+TEST_P(WorkflowTest, SixteenExportsAtOnceLoseNoRow) {
+    auto record = [this] { RecordJobAction(session_, "P'1", "Jøb", "e", "Exported to SHP", morning); };
+    RunAtOnce(16, record);
+    EXPECT_EQ(Rows(R"(SELECT count(*) FROM "ActionTbl")"), Texts{"16"});
+    EXPECT_EQ(Rows(R"(SELECT count(*) FROM "JobHdr")"), Texts{"1"});
+
+    // The same where the workflow software made JobHdr, without a unique key.
+    database::Connection(ConnectionString()).Execute(R"(DROP TABLE "JobHdr")");
+    database::Connection(ConnectionString())
+        .Execute(
+            R"(CREATE TABLE jobhdr (id INTEGER, engineer TEXT, project TEXT, job TEXT, "CURRENT STATUS" TEXT, lastchange TIMESTAMP))");
+    RunAtOnce(16, record);
+    EXPECT_EQ(Rows(R"(SELECT count(*) FROM "ActionTbl")"), Texts{"32"});
+    EXPECT_EQ(Rows(R"(SELECT job, "CURRENT STATUS" FROM jobhdr)"), Texts{"Jøb|Exported to SHP"});
+}
+
+TEST_P(WorkflowTest, AsksBeforeAnExportIsRepeated) {
+    const std::string question = "Warning this Job has previously been exported!\nContinue?";
+    EXPECT_TRUE(ConfirmExportAllowed(session_));
+    session_.Settings().JobRelativePath = "e\\P\\sub/Survey.VDF";
+    EXPECT_TRUE(ConfirmExportAllowed(session_));
+    EXPECT_EQ(ui_.questions, Texts{});
+    RecordJobAction(session_, "P", "Survey", "e", "Exported to SHP", morning);
+    ui_.answers = {true, false};
+    EXPECT_TRUE(ConfirmExportAllowed(session_));
+    EXPECT_FALSE(ConfirmExportAllowed(session_));
+    EXPECT_EQ(ui_.questions, (Texts{question, question}));
+    session_.Settings().Quiet = true;
+    EXPECT_TRUE(ConfirmExportAllowed(session_));
+    EXPECT_EQ(ui_.questions.size(), 2U);
+}
+
+TEST_P(WorkflowTest, DebugModeTellsWhatItDoes) {
+    session_.Settings().DebugMode = true;
+    RecordJobAction(session_, "P", "J", "e", "CLOSED", morning);
+    ASSERT_EQ(ui_.messages.size(), 2U);
+    EXPECT_EQ(ui_.messages[0], "About To Connect");
+    EXPECT_TRUE(ui_.messages[1].starts_with("INSERT INTO \"ActionTbl\"")) << ui_.messages[1];
+}
+
+VEXLATOR_ON_EACH_DATABASE(WorkflowTest);
+
+/// What the person is told when a database file cannot be used; no failure may reach the export.
+class WorkflowFileTest : public testing::Test {
+protected:
+    void SetUp() override {
+        folder_.Write("gv.ini", "[GENERAL]\nWorkFlowSystem=" + folder_.Path() + "\n");
+        session_.Settings().IniFilePath = folder_ / "gv.ini";
+    }
+    std::string File() const { return folder_ / "WorkFlow.MDB"; }
+    /// The messages of recording and of asking.
+    Texts Messages() {
+        ui_.messages.clear();
+        RecordJobAction(session_, "P", "J", "e", "CLOSED", morning);
+        EXPECT_FALSE(JobWasExported(session_, "e", "P", "J"));
+        return ui_.messages;
+    }
+
+    test::TempFolder folder_;
+    test::TestUi ui_;
+    config::Session session_{ui_};
+};
+
+TEST_F(WorkflowFileTest, TellsWhatIsWrongWithTheFile) {
+    Texts missing(2, File() + " Not Found");
+    EXPECT_EQ(Messages(), missing);
+    folder_.Write("WorkFlow.MDB", "");
+    EXPECT_EQ(Messages(), missing);
+    folder_.Write("WorkFlow.MDB", "no database at all");
+    Texts texts = Messages();
+    ASSERT_EQ(texts.size(), 2U);
+    for (const std::string& text : texts)
+        EXPECT_TRUE(text.starts_with("Error Opening Connection:" + File() + ": neither")) << text;
+
+    fs::remove(File());
+    CreateWorkflowDatabase(File());
+    std::string whole = test::TempFolder::Read(File());
+    for (std::size_t from : {16, 100, 4096}) {
+        std::string damaged = whole;
+        std::fill(damaged.begin() + static_cast<std::ptrdiff_t>(from), damaged.end(), '\xa5');
+        folder_.Write("WorkFlow.MDB", damaged);
+        texts = Messages();
+        ASSERT_EQ(texts.size(), 2U) << from;
+        EXPECT_TRUE(texts[0].starts_with("Attempted To Access " + File() + "\nQuery ") ||
+                    texts[0].starts_with("Error Opening Connection:"))
+            << texts[0];
+        EXPECT_TRUE(texts[1].starts_with("JOB already Exported Error:") || texts[1] == texts[0]) << texts[1];
+    }
+
+    fs::remove(File());
+    database::Connection(database::SqliteConnectionString(File())).Execute("CREATE TABLE other (x INTEGER)");
+    EXPECT_EQ(Messages(), (Texts{"Attempted To Access " + File() +
+                                     "\nQuery SELECT * FROM ActionTbl\nthere is no such table",
+                                 "JOB already Exported Error:there is no such table"}));
+}
+
+TEST_F(WorkflowFileTest, NothingIsConfigured) {
+    folder_.Write("gv.ini", "");
+    EXPECT_EQ(Messages(), Texts{});
+    session_.Settings().JobRelativePath = "e\\P\\J.VDF";
+    EXPECT_TRUE(ConfirmExportAllowed(session_));
+}
+
+/// Gives root's rights up for a while, which read-only files do not bind.
+class AsNobody {
+public:
+    AsNobody() { EXPECT_TRUE(::geteuid() != 0 || ::seteuid(65534) == 0); }
+    ~AsNobody() { EXPECT_EQ(::seteuid(::getuid()), 0); }
+};
+
+TEST_F(WorkflowFileTest, ReadOnlyDatabaseLosesTheActionOnly) {
+    CreateWorkflowDatabase(File());
+    ASSERT_EQ(::chmod(File().c_str(), 0444), 0);
+    ASSERT_EQ(::chmod(folder_.Path().c_str(), 0555), 0);
+    {
+        AsNobody nobody;
+        Texts texts = Messages();
+        ASSERT_EQ(texts.size(), 1U);
+        EXPECT_TRUE(texts[0].starts_with("Attempted To Access " + File() + "\nQuery ")) << texts[0];
+        EXPECT_NE(texts[0].find("readonly"), std::string::npos) << texts[0];
+    }
+    ASSERT_EQ(::chmod(folder_.Path().c_str(), 0755), 0);
+}
+
+TEST_F(WorkflowFileTest, CreatingNeverOverwrites) {
+    CreateWorkflowDatabase(File());
+    RecordJobAction(session_, "P", "J", "e", "CLOSED", morning);
+    CreateWorkflowDatabase(folder_ / "workflow.mdb");
+    EXPECT_TRUE(JobWasExported(session_, "E", "p", "j")) << "folder names differ by more than case";
+    std::size_t files = 0;
+    for ([[maybe_unused]] const auto& entry : fs::directory_iterator(folder_.Path())) ++files;
+    EXPECT_EQ(files, 2U);
+    EXPECT_THROW(CreateWorkflowDatabase(folder_ / "none/WorkFlow.MDB"), platform::WriteError);
+}
+
+TEST(JobOf, SplitsThePathBelowTheWorkflowFolder) {
+    test::TestUi ui;
+    config::Session session(ui);
+    struct Case {
+        std::string path, engineer, project, job;
+    };
+    for (const Case& c : {
+             Case{"e\\P\\J.VDF", "e", "P", "J"},
+             Case{"e/P/phase 1\\J.1.vdf", "e", "P", "J.1"},
+             Case{"e\\J.VDF", "e", "J.VDF", "J"},
+             Case{"", "", "", ""},
+         }) {
+        session.Settings().JobRelativePath = c.path;
+        Job job = JobOf(session);
+        EXPECT_EQ(job.engineer, c.engineer) << c.path;
+        EXPECT_EQ(job.project, c.project) << c.path;
+        EXPECT_EQ(job.job, c.job) << c.path;
+    }
+}
+
+}  // namespace vexlator::workflow
