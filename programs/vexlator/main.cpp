@@ -11,6 +11,10 @@
 #include "ui/terminal/TerminalInterface.h"
 
 #include <cstdio>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 /// The terminal program: its own options, then one command text.
 namespace vexlator {
@@ -18,12 +22,12 @@ namespace {
 
 using startup::ExitStatus;
 
-constexpr const char* helpText =
+constexpr std::string_view helpText =
     R"(vexlator: turns field drawings into GIS formats, and GIS formats into drawings
 
-  vexlator "IMPORT PATH"            imports a file; the drawing PATH.VDF (its name, that extension) is made
-  vexlator "IMPORT PATH|PATH|..."   imports several files into one drawing, named after the first
-  vexlator "PATH.FORMAT"            exports the drawing PATH.VDF to that format, into the folder PATH
+  vexlator "IMPORT P/A.SHP"         imports a file into the drawing P/A.VDF
+  vexlator "IMPORT P/A.SHP|P/B.SHP" imports several files into the first one's drawing
+  vexlator "P/A.SHP"                exports the drawing P/A.VDF into the folder P/A
   vexlator [SELECT | GO OPTIONS]    opens the selection window
 
 In a command:
@@ -41,10 +45,26 @@ Instead of a command:
 The environment variable VEXLATOR_HOME names the installation; without it, it is the program's folder.
 Exit status: 0 done; 1 the conversion failed; 2 the installation or an option is not usable;
 3 nothing to do for this command; 4 stopped by the answer to a question.
+
 )";
 
-ExitStatus Print(const char* text) {
-    bool printed = std::fputs(text, stdout) >= 0 && std::fflush(stdout) == 0;
+/// The codes of the rows whose conversions exist.
+template <typename Rows>
+std::string Codes(const Rows& rows) {
+    std::string codes;
+    for (const auto& row : rows)
+        if (row.call) codes.append(" ").append(row.code);
+    return codes;
+}
+
+std::string HelpText() {
+    startup::Conversions conversions = startup::AllConversions();
+    return std::string(helpText) + "Imports:" + Codes(conversions.imports) +
+           "\nExports:" + Codes(conversions.exports) + "\n";
+}
+
+ExitStatus Print(const std::string& text) {
+    bool printed = std::fputs(text.c_str(), stdout) >= 0 && std::fflush(stdout) == 0;
     return printed ? ExitStatus::Done : ExitStatus::Failed;
 }
 
@@ -68,7 +88,7 @@ ExitStatus Perform(const Options& options) {
     }
     switch (options.task) {
         case Options::Task::Help:
-            return Print(helpText);
+            return Print(HelpText());
         case Options::Task::Version:
             return Print("vexlator " VEXLATOR_VERSION "\n");
         case Options::Task::Init:

@@ -12,7 +12,8 @@ namespace vexlator::startup {
 
 namespace {
 
-// A conversion gets its form, its Start() and with it its call in its row here; nothing else has to change.
+// A new conversion gets its call in its row below; nothing else has to change. One whose operation is not
+// called Start(), or takes more arguments than these, gets a function of its own here.
 
 template <typename Form>
 config::Outcome Import(config::Session& session, const ImportCommand& command) {

@@ -72,8 +72,9 @@ void Fill(const std::string& folder, ui::UserInterface& userInterface) {
         builder.Folder(name);
     for (const InstallationFile& file : DefaultFiles()) builder.File(file.path, file.content);
     builder.Make("Symbols/DEFAULT.VDF", MakeDefaultSymbol);
-    builder.Make("WorkFlow/WorkFlow.MDB", workflow::CreateWorkflowDatabase);
     builder.File("gv.ini", DefaultIni(folder));
+    // Last: conversions work without it, where no database driver is installed.
+    builder.Make("WorkFlow/WorkFlow.MDB", workflow::CreateWorkflowDatabase);
     userInterface.Report("ready: VEXLATOR_HOME=" + folder + " vexlator \"IMPORT FILE.SHP\"");
 }
 
