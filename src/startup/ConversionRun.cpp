@@ -101,12 +101,11 @@ ExitStatus RunExport(config::Session& session, const Conversions& conversions, E
         return NothingToDo(session, row ? command.code + " export is not available yet"
                                         : "nothing exports to \"" + command.code + "\"");
     }
-    const std::string results = row->intoFmoDirectory ? session.Settings().FMODirectory : command.targetPath;
-    platform::RemoveLeftovers(results);
+    if (row->intoFmoDirectory) command.targetPath = session.Settings().FMODirectory;
+    platform::RemoveLeftovers(command.targetPath);
     Outcome outcome = row->call(session, command);
     if (outcome.status != Outcome::Status::Done) return StatusOf(outcome);
     folder.Keep();
-    command.targetPath = results;
     RunPostExportSteps(session, command);
     Summarise(session, "exported", outcome);
     return ExitStatus::Done;

@@ -245,6 +245,7 @@ TEST_F(MainTest, MissingPhotographsAreListed) {
     // The results of an FMO export lie in FMODirectory, and so does what follows it.
     fs::create_directory(home / "fmo");
     EXPECT_EQ(Run(home / "a.FMO"), 0);
+    EXPECT_EQ(stub.calls.back(), "FMO " + (home / "a.VDF") + " " + (home / "fmo"));
     EXPECT_TRUE(fs::exists(home / "fmo/MissingPhotos.LST"));
 }
 
