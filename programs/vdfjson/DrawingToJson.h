@@ -19,7 +19,10 @@ using TextSink = std::function<void(std::string_view)>;
 /// geometry
 ///   null. So has an entity of an unknown kind, because nothing says what its vertices mean.
 /// - A closed polyline is a polygon when its ring has at least four positions, the first repeated at the end.
+/// - Where a kind that stands at a point has other than one vertex, `vdf` has `vertices` instead of
+/// `position`.
 /// - An attribute name that occurs again is left out in `properties`; `vdf.xproperties` has every one.
+/// - A number in `vdf` that is not finite is null, which no reader takes for a coordinate.
 /// - A block appears by its name only.
 void DrawingToJson(drawing::Drawing& drawing, const TextSink& sink);
 

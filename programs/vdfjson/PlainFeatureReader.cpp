@@ -69,7 +69,7 @@ void PlainFeatureReader::AddGeometry(Object geometry) {
     std::string_view type = members.Text(Type);
     if (type == "GeometryCollection") {
         for (element part : members.Get(Geometries, ArrayOf))
-            members.Get(Geometries, [&](element) { AddGeometry(ObjectOf(part)); });
+            AddGeometry(members.Get(Geometries, [&](element) { return ObjectOf(part); }));
         return;
     }
     auto found = std::find_if(geometryTypes.begin(), geometryTypes.end(),

@@ -80,6 +80,11 @@ TEST(BadJson, ErrorsNamePlaceAndReason) {
          "feature 1 at byte 40: geometry.coordinates: position 2: is not an array"},
         {geometry("{\"type\":\"Polygon\",\"coordinates\":[[1,2]]}"),
          "feature 1 at byte 40: geometry.coordinates: position 1: is not an array"},
+        {geometry("{\"type\":\"GeometryCollection\",\"geometries\":[7]}"),
+         "feature 1 at byte 40: geometry.geometries: is not an object"},
+        {geometry(
+             "{\"type\":\"GeometryCollection\",\"geometries\":[{\"type\":\"Point\",\"coordinates\":1}]}"),
+         "feature 1 at byte 40: geometry.coordinates: is not an array"},
         {drawing("\"layers\":[{\"frozen\":true}]"), "byte 38: drawing.layers: holds a layer without a name"},
         {drawing("\"layers\":[{\"name\":\"a\",\"colour\":1.5}]"),
          "byte 38: drawing.layers: colour: is not a whole number from 0 to 4294967295"},
