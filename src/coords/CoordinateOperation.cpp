@@ -31,6 +31,11 @@ std::string_view WithoutBlanks(std::string_view text) {
     return text.substr(begin, text.find_last_not_of(blanks) - begin + 1);
 }
 
+/// Names alone are not taken: the library would settle for a system whose name is only similar.
+bool IsDefinition(const std::string& text) {
+    return text.find_first_of("[{=:") != std::string::npos;
+}
+
 /// A bare number is an EPSG code; a projection means the coordinate system on it.
 std::string Completed(const std::string& definition) {
     if (!definition.empty() && definition.find_first_not_of("0123456789") == std::string::npos)
@@ -106,6 +111,7 @@ CoordinateOperation FromSystem(ProjContext& context, PJ* system) {
         best.reset(proj_create_crs_to_crs_from_pj(proj, system, target.get(), nullptr, options));
     }
     result.operation = Normalized(proj, best);
+    if (result.operation && !context.CanReadGrids(*result.operation)) result.operation.reset();
     if (!result.operation) result.reason = context.Reason();
     return result;
 }
@@ -126,10 +132,15 @@ std::string DefinitionText(std::string_view content) {
 CoordinateOperation OperationFor(ProjContext& context, const std::string& definition) {
     CoordinateOperation result;
     std::string text = Completed(definition);
+    if (!IsDefinition(text)) {
+        result.reason = "neither an EPSG code nor WKT nor a PROJ string";
+        return result;
+    }
     ProjObject object = context.Create(text);
     if (object && proj_is_crs(object.get())) return FromSystem(context, object.get());
     if (object && proj_angular_output(object.get(), PJ_FWD))
         object = context.Create(text + " +step +proj=unitconvert +xy_in=rad +xy_out=deg");
+    if (object && IsOperation(object.get()) && !context.CanReadGrids(*object)) object.reset();
     if (!object)
         result.reason = context.Reason();
     else if (!IsOperation(object.get()))

@@ -9,18 +9,31 @@ namespace vexlator::coords {
 
 namespace {
 
+constexpr const char* publishedShifts = "uk_os_OSTN15_NTv2_OSGBtoETRS.tif";
+constexpr const char* publishedShiftsNtv2 = "OSTN15_NTv2_OSGBtoETRS.gsb";
+constexpr const char* publishedGeoid = "uk_os_OSGM15_GB.tif";
+
+/// Null when the grid is missing or cannot be read.
+ProjObject Create(ProjContext& context, const std::string& pipeline) {
+    ProjObject operation = context.Create(pipeline);
+    if (operation && !context.CanReadGrids(*operation)) operation.reset();
+    return operation;
+}
+
 /// The National Grid's projection (Ordnance Survey, "A guide to coordinate systems in Great Britain").
 ProjObject CreateShifts(ProjContext& context, const std::string& grid) {
-    return context.Create(
-        "+proj=pipeline +step +inv +proj=tmerc +lat_0=49 +lon_0=-2 +k=0.9996012717 +x_0=400000 "
-        "+y_0=-100000 +ellps=airy +step +proj=hgridshift +grids=" +
-        grid + " +step +proj=unitconvert +xy_in=rad +xy_out=deg");
+    return Create(
+        context,
+        "+proj=pipeline +step +inv +proj=tmerc +lat_0=49 +lon_0=-2 +k=0.9996012717 +x_0=400000 +y_0=-100000 "
+        "+ellps=airy +step +proj=hgridshift +grids=" +
+            grid + " +step +proj=unitconvert +xy_in=rad +xy_out=deg");
 }
 
 ProjObject CreateGeoid(ProjContext& context, const std::string& grid) {
-    return context.Create(
+    return Create(
+        context,
         "+proj=pipeline +step +proj=unitconvert +xy_in=deg +xy_out=rad +step +proj=vgridshift +grids=" +
-        grid + " +multiplier=1 +step +proj=unitconvert +xy_in=rad +xy_out=deg");
+            grid + " +multiplier=1 +step +proj=unitconvert +xy_in=rad +xy_out=deg");
 }
 
 std::string Unusable(const std::string& file, const ProjContext& context) {
@@ -36,28 +49,25 @@ CorrectionGrid::CorrectionGrid(std::vector<std::string> folders, ui::UserInterfa
 }
 
 void CorrectionGrid::LoadShifts(ui::UserInterface& userInterface) {
-    struct Candidate {
-        const char* name;
-        bool published;  ///< the projection library's data folders may have it
-    };
-    for (auto [name, published] : {Candidate{"OSTN02.INT", false}, Candidate{"OSTN97.INT", false},
-                                   Candidate{"uk_os_OSTN15_NTv2_OSGBtoETRS.tif", true},
-                                   Candidate{"OSTN15_NTv2_OSGBtoETRS.gsb", true}}) {
-        std::string file = context_.FindInFolders(name);
-        if (file.empty() && !published) continue;
+    for (const char* name : {"OSTN02.INT", "OSTN97.INT", publishedShifts, publishedShiftsNtv2}) {
+        shiftFile_ = context_.FindInFolders(name);
+        if (shiftFile_.empty()) continue;
         shifts_ = CreateShifts(context_, name);
-        shiftFile_ = file.empty() ? name : file;
+        if (!shifts_) userInterface.ShowMessage(Unusable(shiftFile_, context_));
+        return;
+    }
+    for (const char* name : {publishedShifts, publishedShiftsNtv2}) {
+        shiftFile_ = name;
+        shifts_ = CreateShifts(context_, name);
         if (shifts_) return;
-        if (!file.empty()) return userInterface.ShowMessage(Unusable(file, context_));
     }
     userInterface.ShowMessage("No Correction File Found");
 }
 
 void CorrectionGrid::LoadGeoid(ui::UserInterface& userInterface) {
-    constexpr const char* name = "uk_os_OSGM15_GB.tif";
-    std::string file = context_.FindInFolders(name);
-    geoid_ = CreateGeoid(context_, name);
-    geoidFile_ = file.empty() ? name : file;
+    std::string file = context_.FindInFolders(publishedGeoid);
+    geoid_ = CreateGeoid(context_, publishedGeoid);
+    geoidFile_ = file.empty() ? publishedGeoid : file;
     if (!geoid_ && !file.empty()) userInterface.ShowMessage(Unusable(file, context_));
 }
 

@@ -41,6 +41,16 @@ ProjObject ProjContext::Create(const std::string& definition) {
     return object;
 }
 
+bool ProjContext::CanReadGrids(PJ& operation) {
+    // Any place on Earth will do, and this one lies within every angular unit.
+    proj_trans(&operation, PJ_INV, proj_coord(0, 0, 0, HUGE_VAL));
+    int error = proj_errno(&operation);
+    proj_errno_reset(&operation);
+    if (error != PROJ_ERR_INVALID_OP_FILE_NOT_FOUND_OR_INVALID) return true;
+    reason_ = proj_context_errno_string(context_, error);
+    return false;
+}
+
 std::string ProjContext::FindInFolders(std::string_view name) const {
     for (const std::string& folder : folders_) {
         std::string path = util::JoinPath(folder, name);

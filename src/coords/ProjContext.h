@@ -31,6 +31,9 @@ public:
     PJ_CONTEXT* Get() { return context_; }
     /// A coordinate system or operation; null when the text means none, and Reason() says why.
     ProjObject Create(const std::string& definition);
+    /// Whether the grids of an operation can be read. The library may open them only when the first point
+    /// comes, and once that has failed it takes every shift for zero: ask before any point is converted.
+    bool CanReadGrids(PJ& operation);
     /// Native path of a file that is there and not empty, from the first of our folders that has it; else "".
     std::string FindInFolders(std::string_view name) const;
     /// What the library complained of last.
