@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/Memory.h"
+
 #include <algorithm>
 #include <cstddef>
-#include <cstdlib>
 #include <cstring>
 #include <new>
 #include <span>
@@ -13,16 +14,15 @@
 
 namespace vexlator::drawing {
 
-/// A growing array of plain values that is never cleared before use and grows by realloc: for the arrays of a
-/// drawing, which reach hundreds of megabytes, the system then moves pages instead of copying them, and old
-/// and new block never exist side by side.
+/// A growing array of plain values that are not set before use: for the arrays of a drawing, which reach
+/// hundreds of megabytes. It grows without copying, and old and new block never exist side by side.
 template <typename T>
 class PodVector {
     static_assert(std::is_trivially_copyable_v<T>);
 
 public:
     PodVector() = default;
-    ~PodVector() { std::free(data_); }
+    ~PodVector() { platform::FreeBlock(data_, capacity_ * sizeof(T)); }
     PodVector(PodVector&& other) noexcept { *this = std::move(other); }
     PodVector& operator=(PodVector&& other) noexcept {
         std::swap(data_, other.data_);
@@ -63,13 +63,9 @@ public:
 
 private:
     void grow(std::size_t more) {
-        std::size_t wanted = size_ + more;
-        std::size_t capacity = std::max(wanted, capacity_ + capacity_ / 2 + 16);
-        void* data = capacity <= static_cast<std::size_t>(-1) / sizeof(T)
-                         ? std::realloc(data_, capacity * sizeof(T))
-                         : nullptr;
-        if (!data) throw std::bad_alloc();
-        data_ = static_cast<T*>(data);
+        std::size_t capacity = std::max(size_ + more, capacity_ + capacity_ / 2 + 16);
+        if (capacity > static_cast<std::size_t>(-1) / sizeof(T)) throw std::bad_alloc();
+        data_ = static_cast<T*>(platform::ResizeBlock(data_, capacity_ * sizeof(T), capacity * sizeof(T)));
         capacity_ = capacity;
     }
 

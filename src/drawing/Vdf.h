@@ -32,6 +32,7 @@ constexpr std::size_t headerSize = 16;   ///< magic, version, 0
 constexpr std::size_t frameSize = 16;    ///< before each chunk: its length, its XXH3 checksum
 constexpr std::size_t trailerSize = 32;  ///< index offset, index length, index checksum, endMagic
 constexpr std::size_t entitiesPerChunk = 65536;
+constexpr std::size_t bytesPerChunk = std::size_t{2} << 20;  ///< of vertices and texts; a chunk ends above it
 
 /// In a chunk's flags: the entity's texts are those of the entity before it.
 constexpr std::uint8_t sameTexts = 32;

@@ -51,9 +51,13 @@ private:
     /// Gathers the records of one chunk, from `next` on; returns where the following one starts.
     std::size_t TakeRecords(std::size_t next) {
         records_.clear();
-        for (; next < drawing_.entities_.size() && records_.size() < vdf::entitiesPerChunk; ++next) {
+        std::size_t bytes = 0;
+        for (; next < drawing_.entities_.size(); ++next) {
+            if (records_.size() == vdf::entitiesPerChunk || bytes > vdf::bytesPerChunk) break;
             const Record& record = drawing_.entities_[next];
-            if (!(record.flags & Record::Erased)) records_.push_back(&record);
+            if (record.flags & Record::Erased) continue;
+            records_.push_back(&record);
+            bytes += record.textSize + record.vertexCount * sizeof(PlanePoint);
         }
         return next;
     }
@@ -223,7 +227,7 @@ private:
 
     const Drawing& drawing_;
     platform::OutputFile& file_;
-    flatbuffers::FlatBufferBuilder builder_{std::size_t{1} << 20};
+    flatbuffers::FlatBufferBuilder builder_{3 * vdf::bytesPerChunk};
     std::vector<const Record*> records_;
     std::vector<vdf::ChunkEntry> chunks_;
 };

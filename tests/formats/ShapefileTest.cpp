@@ -110,7 +110,7 @@ TEST(ShapefileReader, DamageIsRefusedWithItsPlace) {
         {144, std::string("\xFF\xFF\xFF\x7F", 4), "2147483647 parts announced, 124 bytes left"},
         {148, std::string("\x09\0\0\0", 4), "9 points announced, 120 bytes left"},
         {152, std::string("\x03\0\0\0", 4), "part 1 starts at point 3 and ends at point 2"},
-        {156, infinity, "point 1 is not a number"},
+        {156, infinity, "a coordinate is not a number"},
     };
     for (const Case& c : cases) {
         Files files = whole;

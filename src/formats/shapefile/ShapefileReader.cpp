@@ -5,7 +5,6 @@
 #include "formats/Bytes.h"
 #include "platform/Errors.h"
 
-#include <cmath>
 #include <cstring>
 
 namespace vexlator::formats {
@@ -134,9 +133,12 @@ void ShapefileReader::CheckParts(const ShapeRecord& record) const {
 }
 
 void ShapefileReader::CheckFinite(const ShapeRecord& record) const {
+    // Infinities and what is no number have all bits of the exponent set.
+    constexpr std::uint64_t exponent = 0x7FF0000000000000;
+    bool finite = true;
     for (std::size_t at = 0; at < record.points_.size(); at += sizeof(double))
-        if (!std::isfinite(LittleAt<double>(record.points_, at)))
-            Damaged(record, "point " + std::to_string(at / pointSize + 1) + " is not a number");
+        finite &= (LittleAt<std::uint64_t>(record.points_, at) & exponent) != exponent;
+    if (!finite) Damaged(record, "a coordinate is not a number");
 }
 
 /// An index may name one record again and again, and so turn a small file into a huge drawing. Records that
