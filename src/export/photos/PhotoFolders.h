@@ -23,16 +23,17 @@ bool DropLink(std::string_view path);
 /// The names in folders, found without regard to letter case. Each folder is listed once.
 class FolderNames {
 public:
-    struct Names {
-        /// By the name in small letters; several when they differ by letter case only, in sorted order.
-        std::unordered_map<std::string, std::vector<std::string>> files, folders;
-    };
-    const Names& In(const std::string& folder);
     /// The spelling on disk: the exact name before others. "" when there is none.
     std::string File(const std::string& folder, std::string_view name);
     std::string Folder(const std::string& folder, std::string_view name);
 
 private:
+    struct Names {
+        /// By the name in small letters; several when they differ by letter case only, in sorted order.
+        std::unordered_map<std::string, std::vector<std::string>> files, folders;
+    };
+    const Names& In(const std::string& folder);
+
     std::unordered_map<std::string, Names> folders_;
 };
 
