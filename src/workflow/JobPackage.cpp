@@ -6,9 +6,12 @@
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "util/Files.h"
+#include "util/Numbers.h"
 #include "util/Paths.h"
+#include "workflow/ZipInput.h"
 #include "workflow/ZipOutput.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -51,6 +54,15 @@ void frmZip2::ZipJobFolder(std::string_view pattern) {
         archive.Commit();
     }
     session_.Ui().Settle(settleTime);
+}
+
+void frmZip2::UnZipJobFolder(std::string_view archive) {
+    constexpr std::int64_t defaultMegabytes = 2048;
+    std::int64_t megabytes = util::IntegerOf(session_.ReadIni("ZIP", "MaxMB"));
+    if (megabytes <= 0) megabytes = defaultMegabytes;
+    ZipInput input(archive);
+    input.Check(static_cast<std::uint64_t>(megabytes) << 20);
+    input.UnpackTo(util::ChangeExtension(archive, ""));
 }
 
 }  // namespace vexlator::workflow

@@ -8,7 +8,7 @@
 
 namespace vexlator::workflow {
 
-/// Packs job folders into ZIP archives.
+/// Packs job folders into ZIP archives and unpacks them.
 class frmZip2 {
 public:
     explicit frmZip2(config::Session& session) : session_(session) {}
@@ -19,6 +19,13 @@ public:
     /// earlier run. The archive appears whole or not at all; an older one stays until then.
     /// @throws platform::ReadError a file that cannot be read; platform::WriteError the archive.
     void ZipJobFolder(std::string_view pattern);
+
+    /// Unpacks an archive into the folder that has the archive's path without its extension. Archives come
+    /// from anywhere: one that would write outside that folder, holds links or names that differ only by
+    /// letter case, unpacks to more than [ZIP] MaxMB megabytes (2,048 when not set) or an entry to more than
+    /// 1,000 times its size, is refused before anything is written.
+    /// @throws platform::ReadError the archive, the entry and the reason; platform::WriteError
+    void UnZipJobFolder(std::string_view archive);
 
 private:
     config::Session& session_;

@@ -4,6 +4,7 @@
 #include "support/TempFolder.h"
 #include "support/TestUi.h"
 #include "workflow/JobPackage.h"
+#include "workflow/ZipInput.h"
 
 #include <array>
 #include <chrono>
@@ -15,6 +16,7 @@
 #include <random>
 #include <sys/resource.h>
 #include <vector>
+#include <zip.h>
 
 namespace vexlator::workflow {
 
@@ -132,6 +134,105 @@ TEST_F(JobPackageTest, AFullDiskLeavesTheOldArchive) {
     EXPECT_EQ(test::TempFolder::Read(Archive()), old);
     Texts names = Lines("ls -A " + (folder_ / "Survey"));
     EXPECT_EQ(names.size(), 3U) << "an unfinished archive stayed";
+}
+
+struct TestEntry {
+    std::string name, content;
+    bool isLink = false;
+};
+
+void WriteArchive(const std::string& path, const std::vector<TestEntry>& entries) {
+    zip_t* archive = zip_open(path.c_str(), ZIP_CREATE | ZIP_TRUNCATE, nullptr);
+    for (const TestEntry& entry : entries) {
+        zip_source_t* source = zip_source_buffer(archive, entry.content.data(), entry.content.size(), 0);
+        zip_int64_t index = zip_file_add(archive, entry.name.c_str(), source, ZIP_FL_ENC_UTF_8);
+        ASSERT_GE(index, 0) << entry.name;
+        if (entry.isLink)
+            zip_file_set_external_attributes(archive, static_cast<zip_uint64_t>(index), 0, ZIP_OPSYS_UNIX,
+                                             0120777U << 16);
+    }
+    ASSERT_EQ(zip_close(archive), 0);
+}
+
+TEST_F(JobPackageTest, UnpacksBesideTheArchive) {
+    folder_.Write("Survey/Größe.DBF", "x");
+    folder_.Write("Survey/Photos/a.JPG", "jpg");
+    Zip();
+    fs::copy(Archive(), folder_ / "Job7.zip");
+    folder_.Write("Job7/photos/A.jpg", "old");
+    folder_.Write("Job7/other.txt", "stays");
+    frmZip2(session_).UnZipJobFolder(folder_ / "Job7.ZIP");
+    EXPECT_EQ(test::TempFolder::Read(folder_ / "Job7/Größe.DBF"), "x");
+    EXPECT_EQ(test::TempFolder::Read(folder_ / "Job7/photos/a.JPG"), "jpg");
+    EXPECT_EQ(Lines("cd " + (folder_ / "Job7") + " && find . -type f | wc -l"), Texts{"3"});
+}
+
+TEST_F(JobPackageTest, RefusesHostileArchivesBeforeWriting) {
+    struct Case {
+        std::vector<TestEntry> entries;
+        std::string reason;
+    };
+    folder_.Write("gv.ini", "[ZIP]\nMaxMB=3\n");
+    session_.Settings().IniFilePath = folder_ / "gv.ini";
+    std::string zeros(2'000'000, '\0'), noise(2'000'000, ' ');
+    std::minstd_rand random(7);
+    for (char& c : noise) c = static_cast<char>(random() >> 8);
+    for (const Case& c : {
+             Case{{{"a.txt", "1"}, {"../escaped.txt", "2"}},
+                  "../escaped.txt: has a path that leads elsewhere"},
+             Case{{{"a.txt", "1"}, {"b\\..\\..\\escaped.txt", "2"}}, "leads elsewhere"},
+             Case{{{"a.txt", "1"}, {"/escaped.txt", "2"}}, "absolute"},
+             Case{{{"a.txt", "1"}, {"C:\\escaped.txt", "2"}}, "absolute"},
+             Case{{{"a.txt", "1"}, {"sub/", ""}, {"SUB", "2"}}, "occurs twice"},
+             Case{{{"a.txt", "1"}, {"A.TXT", "2"}}, "occurs twice"},
+             Case{{{"a.txt", "1"}, {"link", "../..", true}, {"link/x", "2"}}, "link: is a link"},
+             Case{{{"a.txt", "1"}, {"zeros", zeros}}, "more than 1000 times"},
+             Case{{{"a.txt", noise}, {"b.txt", noise}}, "b.txt: goes beyond 3145728 bytes"},
+         }) {
+        WriteArchive(folder_ / "In.zip", c.entries);
+        try {
+            frmZip2(session_).UnZipJobFolder(folder_ / "In.zip");
+            ADD_FAILURE() << c.reason;
+        } catch (const platform::ReadError& error) {
+            std::string text = error.what();
+            EXPECT_TRUE(text.starts_with(folder_ / "In.zip: ")) << text;
+            EXPECT_NE(text.find(c.reason), std::string::npos) << text;
+        }
+        EXPECT_FALSE(fs::exists(folder_ / "In")) << c.reason;
+        EXPECT_FALSE(fs::exists(folder_ / "escaped.txt")) << c.reason;
+    }
+}
+
+TEST_F(JobPackageTest, DamagedArchivesAreReadOrRefused) {
+    std::string path = folder_ / "In.zip";
+    WriteArchive(path, {{"new.txt", "1"}, {"sub/a.txt", std::string(5000, 'a') + "b"}});
+    const std::string whole = test::TempFolder::Read(path);
+    std::size_t refused = 0;
+    for (std::size_t at = 0; at < whole.size(); ++at) {
+        std::string damaged = whole;
+        damaged[at] = static_cast<char>(damaged[at] ^ 0x11);
+        for (const std::string& bytes : {damaged, whole.substr(0, at)}) {
+            folder_.Write("In.zip", bytes);
+            try {
+                ZipInput(path).Check(10'000);
+            } catch (const platform::ReadError& error) {
+                ++refused;
+                EXPECT_EQ(error.File(), path);
+            }
+        }
+    }
+    EXPECT_GT(refused, whole.size());
+}
+
+TEST_F(JobPackageTest, FailingHalfWayTakesBackWhatIsNew) {
+    WriteArchive(folder_ / "In.zip", {{"new.txt", "1"}, {"OLD.txt", "2"}, {"sub/a.txt", "3"}});
+    folder_.Write("In/old.txt", "before");
+    fs::create_directory(folder_ / "outside");
+    fs::create_directory_symlink("../outside", folder_ / "In/sub");
+    EXPECT_THROW(frmZip2(session_).UnZipJobFolder(folder_ / "In.zip"), platform::ReadError);
+    EXPECT_TRUE(fs::is_empty(folder_ / "outside"));
+    EXPECT_FALSE(fs::exists(folder_ / "In/new.txt"));
+    EXPECT_TRUE(fs::exists(folder_ / "In/OLD.txt"));
 }
 
 }  // namespace vexlator::workflow

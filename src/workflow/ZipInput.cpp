@@ -1,0 +1,166 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "workflow/ZipInput.h"
+
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "util/Paths.h"
+#include "util/Text.h"
+
+#include <algorithm>
+#include <memory>
+#include <set>
+#include <zip.h>
+
+namespace vexlator::workflow {
+
+namespace {
+
+constexpr std::uint64_t largestRatio = 1000;  ///< unpacked to packed bytes; real data stays far below
+
+struct CloseFile {
+    void operator()(zip_file_t* file) const { zip_fclose(file); }
+};
+
+/// Why a name from an archive must not be unpacked; "" when it may. Separators are "/".
+std::string_view NameFault(std::string_view name) {
+    if (name.empty()) return "has no name";
+    if (name.front() == '/' || name.find(':') != std::string_view::npos) return "has an absolute path";
+    auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; };
+    if (std::any_of(name.begin(), name.end(), isControl)) return "has control characters in its name";
+    for (std::size_t i = 0; i <= util::CountOf(name, "/"); ++i)
+        if (std::string_view part = util::GetField(i, name, "/"); part == ".." || part == "." || part.empty())
+            return "has a path that leads elsewhere";
+    return "";
+}
+
+bool IsLinkEntry(zip_t* archive, std::uint64_t index) {
+    zip_uint8_t system = 0;
+    zip_uint32_t attributes = 0;
+    if (zip_file_get_external_attributes(archive, index, 0, &system, &attributes) != 0) return false;
+    constexpr zip_uint32_t typeMask = 0170000, link = 0120000;  // of a Unix file mode
+    return system == ZIP_OPSYS_UNIX && ((attributes >> 16) & typeMask) == link;
+}
+
+/// Files made so far; those that the folder did not have before go again unless all is well.
+class NewFiles {
+public:
+    ~NewFiles() {
+        for (const std::string& path : paths_) platform::RemoveFile(path);
+    }
+    void Add(const std::string& path) { paths_.push_back(path); }
+    void Keep() { paths_.clear(); }
+
+private:
+    std::vector<std::string> paths_;
+};
+
+}  // namespace
+
+ZipInput::ZipInput(std::string_view path) : name_(platform::MappedFile(path).Name()) {
+    int code = 0;
+    archive_ = zip_open(name_.c_str(), ZIP_RDONLY, &code);
+    if (!archive_) {
+        zip_error_t error{};
+        zip_error_init_with_code(&error, code);
+        std::string reason = zip_error_strerror(&error);
+        zip_error_fini(&error);
+        throw platform::ReadError(name_, "", reason);
+    }
+    try {
+        std::set<std::string> seen;
+        for (std::uint64_t i = 0; i < static_cast<std::uint64_t>(zip_get_num_entries(archive_, 0)); ++i) {
+            ReadEntry(i);
+            if (!seen.insert(platform::LowerAscii(entries_.back().path)).second)
+                Refuse(entries_.back().path, "occurs twice, in whatever letter case");
+        }
+    } catch (...) {
+        zip_discard(archive_);
+        throw;
+    }
+}
+
+ZipInput::~ZipInput() {
+    zip_discard(archive_);
+}
+
+void ZipInput::ReadEntry(std::uint64_t index) {
+    zip_stat_t info;
+    if (zip_stat_index(archive_, index, 0, &info) != 0 || !(info.valid & ZIP_STAT_NAME))
+        Refuse("entry " + std::to_string(index), zip_strerror(archive_));
+    Entry entry{index, util::ReplaceAll(info.name, "\\", "/"), false,
+                info.valid & ZIP_STAT_COMP_SIZE ? info.comp_size : 0};
+    entry.isFolder = entry.path.ends_with('/');
+    if (entry.isFolder) entry.path.pop_back();
+    if (std::string_view fault = NameFault(entry.path); !fault.empty()) Refuse(info.name, std::string(fault));
+    if (IsLinkEntry(archive_, index)) Refuse(info.name, "is a link");
+    entries_.push_back(std::move(entry));
+}
+
+void ZipInput::Refuse(std::string_view entry, const std::string& reason) const {
+    throw platform::ReadError(name_, std::string(entry), reason);
+}
+
+template <typename Take>
+void ZipInput::ReadContent(const Entry& entry, Take take) const {
+    constexpr std::size_t pieceSize = std::size_t{256} << 10;
+    std::unique_ptr<zip_file_t, CloseFile> file(zip_fopen_index(archive_, entry.index, 0));
+    if (!file) Refuse(entry.path, zip_strerror(archive_));
+    auto piece = std::make_unique_for_overwrite<char[]>(pieceSize);
+    for (;;) {
+        zip_int64_t got = zip_fread(file.get(), piece.get(), pieceSize);
+        if (got < 0) Refuse(entry.path, zip_file_strerror(file.get()));
+        if (got == 0) return;
+        take(std::string_view(piece.get(), static_cast<std::size_t>(got)));
+    }
+}
+
+void ZipInput::Check(std::uint64_t mostBytes) const {
+    std::uint64_t total = 0;
+    for (const Entry& entry : entries_) {
+        if (entry.isFolder) continue;
+        std::uint64_t size = 0;
+        ReadContent(entry, [&](std::string_view piece) {
+            size += piece.size();
+            total += piece.size();
+            if (total > mostBytes)
+                Refuse(entry.path, "goes beyond " + std::to_string(mostBytes) + " bytes unpacked");
+            if (size / largestRatio > entry.packedSize)
+                Refuse(entry.path, "unpacks to more than 1000 times its size");
+        });
+    }
+}
+
+void ZipInput::RefuseLinks(const std::string& folder, const Entry& entry) const {
+    std::string path = folder;
+    for (std::size_t i = 0; i <= util::CountOf(entry.path, "/"); ++i) {
+        path = util::JoinPath(path, util::GetField(i, entry.path, "/"));
+        std::string existing = platform::FindExisting(path);
+        if (!existing.empty() && platform::IsLink(existing))
+            Refuse(entry.path, "would be written through the link " + existing);
+    }
+}
+
+void ZipInput::UnpackTo(std::string_view folderPath) const {
+    std::string folder(folderPath);
+    // In a new folder nothing can stand in the way, and to look for it would cost a walk through the folder
+    // for each file.
+    bool fresh = platform::FindExisting(folder).empty();
+    platform::CreateFolderTree(folder);
+    NewFiles files;
+    for (const Entry& entry : entries_) {
+        if (!fresh) RefuseLinks(folder, entry);
+        std::string path = util::JoinPath(folder, entry.path);
+        platform::CreateFolderTree(entry.isFolder ? path : util::FolderOf(path));
+        if (entry.isFolder) continue;
+        bool isNew = fresh || !platform::FileExists(path);
+        platform::OutputFile file(
+            path, fresh ? platform::OutputFile::OtherCases::Keep : platform::OutputFile::OtherCases::Replace);
+        ReadContent(entry, [&](std::string_view piece) { file.Write(piece); });
+        file.Commit();
+        if (isNew) files.Add(path);
+    }
+    files.Keep();
+}
+
+}  // namespace vexlator::workflow
