@@ -25,20 +25,6 @@ bool IsQuoted(std::string_view value) {
     return value.size() >= 2 && (value[0] == '"' || value[0] == '\'') && value.back() == value[0];
 }
 
-std::string ToUtf8(std::string_view text) {
-    return platform::IsUtf8(text) ? std::string(text) : platform::Utf8FromWindows1252(text);
-}
-
-/// The start of a UTF-8 text that has at most `most` characters.
-std::string_view FirstCharacters(std::string_view text, std::size_t most) {
-    std::size_t size = 0;
-    for (std::size_t count = 0; size < text.size(); ++size) {
-        bool continues = (static_cast<unsigned char>(text[size]) & 0xC0) == 0x80;
-        if (!continues && ++count > most) break;
-    }
-    return text.substr(0, size);
-}
-
 // --- Reading. Names and values here are views into the file's text.
 
 /// The name in a "[name]" line.
@@ -100,7 +86,7 @@ bool CanBeKey(std::string_view name) {
 
 /// The value as it stands in a file, so that it reads back the same and is one line.
 std::string StoredValue(std::string_view value) {
-    std::string stored = ToUtf8(value);
+    std::string stored = platform::DecodeText(value);
     std::replace_if(
         stored.begin(), stored.end(), [](char c) { return c == '\r' || c == '\n' || c == '\0'; }, ' ');
     bool needsQuotes = IsQuoted(stored) || WithoutBlanks(stored).size() != stored.size();
@@ -155,13 +141,11 @@ std::string Recoded(std::string_view text, const std::string& section, const std
 }  // namespace
 
 std::string IniValue(std::string_view text, std::string_view section, std::string_view key) {
-    if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
-    std::string decoded;
-    if (!platform::IsUtf8(text)) text = decoded = platform::Utf8FromWindows1252(text);
-    std::string_view value = Find(text, WithoutBlanks(section), WithoutBlanks(key)).value;
+    std::string decoded = platform::DecodeText(text);
+    std::string_view value = Find(decoded, WithoutBlanks(section), WithoutBlanks(key)).value;
     value = value.substr(0, value.find('\0'));
     if (IsQuoted(value)) value = value.substr(1, value.size() - 2);
-    return std::string(FirstCharacters(value, longestIniValue));
+    return std::string(platform::FirstCharacters(value, longestIniValue));
 }
 
 std::string WithIniValue(std::string_view text, std::string_view section, std::string_view key,
@@ -171,7 +155,7 @@ std::string WithIniValue(std::string_view text, std::string_view section, std::s
     if (!CanBeSection(section) || !CanBeKey(key)) return std::string(text);
     std::string mark(text.starts_with(byteOrderMark) ? byteOrderMark : "");
     text.remove_prefix(mark.size());
-    return mark + Recoded(text, ToUtf8(section), ToUtf8(key), StoredValue(value));
+    return mark + Recoded(text, platform::DecodeText(section), platform::DecodeText(key), StoredValue(value));
 }
 
 std::string ReadIniFile(std::string_view file, std::string_view section, std::string_view key) {

@@ -213,9 +213,8 @@ std::string_view CutUtf8(std::string_view text, std::size_t most) {
     if (text.size() <= most) return text;
     // No character has more than three bytes behind its first: what has is not UTF-8 and is cut as bytes.
     std::size_t end = most, least = most - std::min<std::size_t>(most, 3);
-    while (end > least && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;
-    bool isCharacter = (static_cast<unsigned char>(text[end]) & 0xC0) != 0x80;
-    return text.substr(0, isCharacter ? end : most);
+    while (end > least && ContinuesCharacter(text[end])) --end;
+    return text.substr(0, ContinuesCharacter(text[end]) ? most : end);
 }
 
 struct Decoder::Iconv {
@@ -239,9 +238,11 @@ struct Decoder::Iconv {
         target.resize(good ? static_cast<std::size_t>(out - target.data()) : before);
         return good;
     }
+    /// False for encodings whose bytes below 128 are not all ASCII, or switch to other letters.
     bool KeepsAscii() {
         std::string ascii(128, '\0'), decoded;
         std::iota(ascii.begin(), ascii.end(), '\0');
+        ascii += "\x1B$B0!\x1B(B";
         return Append(decoded, ascii) && decoded == ascii;
     }
 

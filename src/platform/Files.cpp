@@ -103,11 +103,11 @@ std::string FollowLink(const std::string& native) {
     return error ? native : target.string();
 }
 
-/// A regular file, open for reading. O_NONBLOCK keeps a named pipe from stopping us before we know what it
-/// is.
+/// A regular file, open for reading.
 struct OpenedFile {
     explicit OpenedFile(std::string_view path) : name(FindExisting(path)) {
         if (name.empty()) throw ReadError(NativePath(path), "", Reason(ENOENT));
+        // A named pipe must not stop us before we know what it is.
         descriptor = ::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
         if (descriptor < 0) throw ReadError(name, "", Reason(errno));
         struct stat info {};
@@ -145,27 +145,15 @@ std::vector<std::string> ListEntries(std::string_view folder, Wanted wanted) {
 
 // --- MappedFile
 
-MappedFile::MappedFile(std::string_view path) : name_(NativePath(path)) {
-    std::string native = FindExisting(path);
-    if (native.empty()) throw ReadError(name_, "", Reason(ENOENT));
-    name_ = native;
-    int descriptor = ::open(native.c_str(), O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0) throw ReadError(name_, "", Reason(errno));
-    struct stat info {};
-    int error = ::fstat(descriptor, &info) != 0 ? errno : S_ISREG(info.st_mode) ? 0 : EISDIR;
-    if (error == 0 && info.st_size > 0) {
-        void* data =
-            ::mmap(nullptr, static_cast<std::size_t>(info.st_size), PROT_READ, MAP_PRIVATE, descriptor, 0);
-        if (data == MAP_FAILED) {
-            error = errno;
-        } else {
-            data_ = static_cast<const std::byte*>(data);
-            size_ = static_cast<std::size_t>(info.st_size);
-            ::madvise(data, size_, MADV_SEQUENTIAL);
-        }
-    }
-    ::close(descriptor);
-    if (error != 0) throw ReadError(name_, "", S_ISREG(info.st_mode) ? Reason(error) : "is not a file");
+MappedFile::MappedFile(std::string_view path) {
+    OpenedFile file(path);
+    name_ = file.name;
+    if (file.size == 0) return;
+    void* data = ::mmap(nullptr, file.size, PROT_READ, MAP_PRIVATE, file.descriptor, 0);
+    if (data == MAP_FAILED) throw ReadError(name_, "", Reason(errno));
+    data_ = static_cast<const std::byte*>(data);
+    size_ = file.size;
+    ::madvise(data, size_, MADV_SEQUENTIAL);
 }
 
 MappedFile::~MappedFile() {

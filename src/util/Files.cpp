@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "util/Files.h"
 
+#include "platform/CodePages.h"
 #include "platform/Paths.h"
 #include "util/Paths.h"
 
@@ -42,7 +43,7 @@ bool CopyOne(std::string_view source, std::string_view target) {
 /// Bytes of the UTF-8 character at the start of a text that is not empty.
 std::size_t CharacterSize(std::string_view text) {
     std::size_t size = 1;
-    while (size < text.size() && (static_cast<unsigned char>(text[size]) & 0xC0) == 0x80) ++size;
+    while (size < text.size() && platform::ContinuesCharacter(text[size])) ++size;
     return size;
 }
 

@@ -36,11 +36,11 @@ std::string TranslateText(std::string_view text, std::string_view languageFile) 
     if (!fitsLine || languageFile.empty()) return std::string(text);
     auto file = OpenFile(languageFile);
     std::string_view content = file ? file->Text() : std::string_view();
-    platform::Decoder decoder("UTF-8");
-    for (LineReader lines(content); !lines.AtEnd();) {
-        std::string line = decoder.Decode(lines.ReadTextLine());
-        if (line.starts_with(text) && std::string_view(line).substr(text.size()).starts_with(mark))
-            return line.substr(text.size() + mark.size());
+    std::string decoded = platform::DecodeText(content);
+    for (LineReader lines(decoded); !lines.AtEnd();) {
+        std::string_view line = lines.ReadTextLine();
+        if (line.starts_with(text) && line.substr(text.size()).starts_with(mark))
+            return std::string(line.substr(text.size() + mark.size()));
     }
     AddLine(languageFile, text, content);
     return std::string(text);

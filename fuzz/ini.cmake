@@ -1,0 +1,1 @@
+vexlator_fuzz(ini LINK vexlator_config vexlator_platform)

@@ -1,0 +1,148 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "config/Ini.h"
+#include "support/TempFolder.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace vexlator::config {
+namespace {
+
+using test::TempFolder;
+
+TEST(Ini, Reading) {
+    struct {
+        std::string_view text, value;  // of [Sec] Key
+    } const cases[] = {
+        {"", ""},
+        {"[Sec]\nKey=v", "v"},
+        {"[sEC]\r\nkEY=v\r\n", "v"},
+        {"[Sec]\rKey=v\r", "v"},
+        {"\xEF\xBB\xBF[Sec]\nKey=v", "v"},
+        {"Key=before\n[Sec]\nKey=v", "v"},
+        {"[Other]\nKey=o\n[Sec]\nKey=v", "v"},
+        {" [ Sec ] ; note\n \tKey \t= \tv w \t\n", "v w"},
+        {"[Sec]\nKey=a=b;c", "a=b;c"},
+        {"[Sec]\n;Key=no\n ; Key=no\nKey=v", "v"},
+        {"[Sec]\nKey\nKey=v", "v"},
+        {"[Sec]\nKeys=no\nKey=v", "v"},
+        {"[Sec]\nKey=first\nKey=second", "first"},
+        {"[Sec]\nA=1\n[Sec]\nKey=v", ""},  // the first section of a name is the one
+        {"[Sec\nKey=no\n[Sec]\nKey=v", "v"},
+        {"[Sec]\nKey=", ""},
+        {"[Sec]\nKey=  ", ""},
+        {"[Sec]\nKey=\"  v  \"", "  v  "},
+        {"[Sec]\nKey='v'", "v"},
+        {"[Sec]\nKey=\"\"v\"\"", "\"v\""},
+        {"[Sec]\nKey=\"v'", "\"v'"},
+        {"[Sec]\nKey=\"v\" w", "\"v\" w"},
+        {"[Sec]\nKey=\"", "\""},
+        {"[Sec]\nKey=\"\"", ""},
+        {std::string_view("[Sec]\nKey=a\0b\n", 14), "a"},
+        {"[Sec]\nKey=Caf\xE9", "Caf\xC3\xA9"},
+        {"[Sec]\nKey=Caf\xC3\xA9", "Caf\xC3\xA9"},
+    };
+    for (const auto& c : cases) EXPECT_EQ(IniValue(c.text, "Sec", "Key"), c.value) << c.text;
+    EXPECT_EQ(IniValue("[S]\nCl\xE9=1", "s", "Cl\xC3\xA9"), "1") << "a name in a Windows-1252 file";
+    EXPECT_EQ(IniValue("[S]\nK=" + std::string(3000, 'x'), "S", "K"), std::string(2047, 'x'));
+    std::string accents;
+    for (int i = 0; i < 2048; ++i) accents += "\xC3\xA9";
+    EXPECT_EQ(IniValue("[S]\nK=" + accents, "S", "K"), accents.substr(2)) << "characters, not bytes";
+}
+
+TEST(Ini, Writing) {
+    struct {
+        std::string_view before, key, value, after;  // of [Sec]
+    } const cases[] = {
+        {"", "Key", "v", "[Sec]\r\nKey=v\r\n"},
+        {"[sec]\nKEY = old ;x \nB=1", "Key", "new", "[sec]\nKEY = new \nB=1"},
+        {"[Sec]\nKey=\nB=1", "Key", "v", "[Sec]\nKey=v\nB=1"},
+        {"[Sec]\n  Key  =  \"old\"\n", "Key", "", "[Sec]\n  Key  =  \n"},
+        {"[Sec]\nKey=a\nKey=b\n", "Key", "v", "[Sec]\nKey=v\nKey=b\n"},
+        {"[Sec]\r\nA=1\r\n; note\r\n\r\n[T]\r\n", "Key", "v",
+         "[Sec]\r\nA=1\r\nKey=v\r\n; note\r\n\r\n[T]\r\n"},
+        {"[Sec]\n[T]\nKey=t", "Key", "v", "[Sec]\nKey=v\n[T]\nKey=t"},
+        {"[Sec]\rA=1", "Key", "v", "[Sec]\rA=1\rKey=v\r"},
+        {"[Sec]", "Key", "v", "[Sec]\r\nKey=v\r\n"},
+        {"[T]\nA=1", "Key", "v", "[T]\nA=1\n[Sec]\nKey=v\n"},
+        {"\xEF\xBB\xBF[Sec]\nKey=o\n", "Key", "v", "\xEF\xBB\xBF[Sec]\nKey=v\n"},
+        {"", "Key", " v ", "[Sec]\r\nKey=\" v \"\r\n"},
+        {"", "Key", "'v'", "[Sec]\r\nKey=\"'v'\"\r\n"},
+        {"", "Key", "a\r\n[T]\nB=1", "[Sec]\r\nKey=a  [T] B=1\r\n"},
+        {"", "Key", std::string_view("a\0b", 3), "[Sec]\r\nKey=a b\r\n"},
+        {"x", "Ke\ny", "v", "x"},
+        {"x", "K=y", "v", "x"},
+        {"x", ";K", "v", "x"},
+        {"x", "[K]", "v", "x"},
+        {"x", " ", "v", "x"},
+        {"[Sec]\nA=\xE9\n", "Key", "\xC3\xB1", "[Sec]\nA=\xE9\nKey=\xF1\n"},
+        {"[Sec]\nA=\xE9\n", "Key", "\xC4\x8D", "[Sec]\nA=\xC3\xA9\nKey=\xC4\x8D\n"},
+        {"[Sec]\nA=\xC3\xA9\n", "Key", "\xC3\xB1", "[Sec]\nA=\xC3\xA9\nKey=\xC3\xB1\n"},
+        {"[Sec]\nA=1\n", "Key", "\xF1", "[Sec]\nA=1\nKey=\xC3\xB1\n"},
+        // Without its one byte that is no UTF-8, the rest would read as UTF-8, which it is not.
+        {"[Sec]\nA=\xC3\xA9\nKey=\xE9\n", "Key", "e", "[Sec]\nA=\xC3\x83\xC2\xA9\nKey=e\n"},
+    };
+    for (const auto& c : cases) EXPECT_EQ(WithIniValue(c.before, "Sec", c.key, c.value), c.after) << c.before;
+    EXPECT_EQ(WithIniValue("x", "S]\n[T", "K", "v"), "x");
+}
+
+TEST(Ini, Files) {
+    TempFolder folder;
+    std::string file = folder / "gv.ini";
+    EXPECT_EQ(ReadIniFile(file, "S", "K"), "");
+    EXPECT_TRUE(WriteIniFile(file, "S", "K", "1"));
+    EXPECT_EQ(ReadIniFile(folder / "GV.INI", "s", "k"), "1");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1)
+        << "no lock file is left";
+    EXPECT_FALSE(WriteIniFile(folder / "none/gv.ini", "S", "K", "1"));
+    EXPECT_FALSE(WriteIniFile(folder.Path(), "S", "K", "1"));
+    EXPECT_EQ(ReadIniFile(folder.Path(), "S", "K"), "");
+}
+
+TEST(Ini, WhatMayNotBeWrittenStays) {
+    if (::geteuid() == 0) GTEST_SKIP() << "the superuser may write everything";
+    TempFolder folder;
+    std::string file = folder.Write("gv.ini", "[S]\nK=1\n");
+    ::chmod(file.c_str(), 0444);
+    EXPECT_FALSE(WriteIniFile(file, "S", "K", "2"));
+    ::chmod(file.c_str(), 0644);
+    ::chmod(folder.Path().c_str(), 0555);
+    EXPECT_FALSE(WriteIniFile(file, "S", "K", "2"));
+    ::chmod(folder.Path().c_str(), 0755);
+    EXPECT_EQ(ReadIniFile(file, "S", "K"), "1");
+}
+
+TEST(Ini, ManyProcessesLoseNoKey) {
+    constexpr int processes = 8, keys = 100;
+    // Every write waits for the disk: on one in memory the processes meet more often, and sooner.
+    if (std::filesystem::exists("/dev/shm")) ::setenv("TMPDIR", "/dev/shm", 1);
+    TempFolder folder;
+    ::unsetenv("TMPDIR");
+    std::string file = folder.Write("gv.ini", "[Keep]\nA=1\n");
+    auto name = [](int process, int key) {
+        return "K" + std::to_string(process) + "_" + std::to_string(key);
+    };
+    for (int p = 0; p < processes; ++p) {
+        if (::fork() != 0) continue;
+        bool good = true;
+        for (int k = 0; k < keys; ++k)
+            good &= WriteIniFile(file, p % 2 ? "Odd" : "Even", name(p, k), name(k, p));
+        ::_exit(good ? 0 : 1);
+    }
+    for (int p = 0; p < processes; ++p) {
+        int status = -1;
+        ::wait(&status);
+        EXPECT_EQ(status, 0);
+    }
+    std::string text = TempFolder::Read(file);
+    for (int p = 0; p < processes; ++p)
+        for (int k = 0; k < keys; ++k)
+            EXPECT_EQ(IniValue(text, p % 2 ? "Odd" : "Even", name(p, k)), name(k, p));
+    EXPECT_TRUE(text.starts_with("[Keep]\nA=1\n"));
+}
+
+}  // namespace
+}  // namespace vexlator::config

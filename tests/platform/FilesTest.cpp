@@ -1,0 +1,239 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "platform/Files.h"
+#include "support/TempFolder.h"
+
+#include <csignal>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace vexlator::platform {
+namespace {
+
+using test::TempFolder;
+
+std::size_t Entries(const TempFolder& folder) {
+    return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder.Path()), {}));
+}
+
+TEST(OutputFile, NothingChangesWithoutCommit) {
+    TempFolder folder;
+    std::string path = folder.Write("a.shp", "old");
+    {
+        OutputFile file(path);
+        file.Write(std::string(3 << 20, 'x'));
+        file.Finish();
+        EXPECT_EQ(TempFolder::Read(path), "old");
+    }
+    EXPECT_EQ(TempFolder::Read(path), "old");
+    EXPECT_EQ(Entries(folder), 1U) << "the temporary file is gone";
+}
+
+TEST(OutputFile, BytesStayInOrderWhateverTheirSizes) {
+    TempFolder folder;
+    std::string expected;
+    OutputFile file(folder / "a");
+    for (std::size_t size : {100UL, 600'000UL, 7UL, 1'000'000UL, 1UL, 2'000'000UL, 524'288UL, 3UL}) {
+        std::string part(size, static_cast<char>('a' + expected.size() % 26));
+        file.Write(part);
+        expected += part;
+        EXPECT_EQ(file.Size(), expected.size());
+    }
+    char* room = file.Reserve(OutputFile::BufferSize);
+    std::fill_n(room, 5, 'R');
+    file.Advance(5);
+    expected += "RRRRR";
+    file.WriteAt(99, "!!");
+    expected.replace(99, 2, "!!");
+    OutputFile moved = std::move(file);
+    moved.Write("end");
+    moved.Commit();
+    EXPECT_TRUE(TempFolder::Read(folder / "a") == expected + "end");
+}
+
+TEST(OutputFile, ReplacesTheNameInAnyCase) {
+    TempFolder folder;
+    folder.Write("A.SHP", "old");
+    folder.Write("a.shx", "other");
+    ReplaceFile(folder / "a.shp", "new");
+    EXPECT_EQ(ListFiles(folder.Path()), (std::vector<std::string>{"a.shp", "a.shx"}));
+    EXPECT_EQ(TempFolder::Read(folder / "a.shp"), "new");
+}
+
+TEST(OutputFile, KeepsRightsAndLinks) {
+    TempFolder folder;
+    std::string real = folder.Write("real", "old");
+    ::chmod(real.c_str(), 0640);
+    std::filesystem::create_symlink("real", folder / "link");
+    ReplaceFile(folder / "link", "new");
+    EXPECT_EQ(TempFolder::Read(real), "new");
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "link"));
+    struct stat info {};
+    ::stat(real.c_str(), &info);
+    EXPECT_EQ(info.st_mode & 0777U, 0640U);
+}
+
+TEST(OutputFile, TellsWhereItCannotWrite) {
+    TempFolder folder;
+    std::string file = folder.Write("file", "x");
+    for (std::string path : {folder.Path(), folder / "none/a", file + "/a"}) {
+        try {
+            OutputFile output(path);
+            FAIL() << path;
+        } catch (const WriteError& error) {
+            EXPECT_EQ(error.File(), path);
+            EXPECT_TRUE(std::string_view(error.what()).starts_with(path + ": ")) << error.what();
+        }
+    }
+    EXPECT_EQ(Entries(folder), 1U);
+}
+
+/// The limit on a file's size stands in for a full disk: both let writes fail late.
+TEST(OutputFile, FullDiskLeavesTheOldFile) {
+    TempFolder folder;
+    std::string path = folder.Write("a.shp", "old");
+    pid_t child = ::fork();
+    if (child == 0) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit{1'500'000, 1'500'000};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        try {
+            OutputFile file(path);
+            for (int i = 0; i < 40; ++i) file.Write(std::string(50'000, 'x'));
+            file.Commit();
+        } catch (const WriteError& error) {
+            ::_exit(error.File() == path ? 7 : 8);
+        }
+        ::_exit(0);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    EXPECT_EQ(WEXITSTATUS(status), 7);
+    EXPECT_EQ(TempFolder::Read(path), "old");
+    EXPECT_EQ(Entries(folder), 1U);
+}
+
+TEST(OutputFile, LeftoversOfKilledRunsGoThoseOfLiveOnesStay) {
+    TempFolder folder;
+    std::array<int, 2> ready{};
+    ASSERT_EQ(::pipe(ready.data()), 0);
+    pid_t child = ::fork();
+    if (child == 0) {
+        OutputFile file(folder / "killed.shp");
+        file.Write("half");
+        [[maybe_unused]] auto told = ::write(ready[1], "x", 1);
+        ::pause();
+    }
+    char byte = 0;
+    ASSERT_EQ(::read(ready[0], &byte, 1), 1);
+    OutputFile live(folder / "live.shp");
+    RemoveLeftovers(folder.Path());
+    EXPECT_EQ(Entries(folder), 2U) << "both still run";
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
+    EXPECT_TRUE(ListFiles(folder.Path()).empty()) << "no listing shows them";
+    RemoveLeftovers(folder.Path());
+    EXPECT_EQ(Entries(folder), 1U);
+    live.Commit();
+    EXPECT_TRUE(FileExists(folder / "live.shp"));
+    ::close(ready[0]);
+    ::close(ready[1]);
+}
+
+TEST(OutputFile, CleaningAndWritingAtOnce) {
+    TempFolder folder;
+    pid_t child = ::fork();
+    if (child == 0)
+        for (;;) RemoveLeftovers(folder.Path());
+    for (int i = 0; i < 200; ++i)
+        ASSERT_NO_THROW(OutputFile(folder / "a", OutputFile::OtherCases::Keep).Commit());
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
+}
+
+TEST(MappedFile, OnlyRegularFiles) {
+    TempFolder folder;
+    EXPECT_EQ(MappedFile(folder.Write("empty", "")).Text(), "");
+    EXPECT_EQ(MappedFile(folder.Write("Some.TXT", "bytes")).Text(), "bytes");
+    EXPECT_EQ(MappedFile(folder / "sOME.txt").Name(), folder / "Some.TXT");
+    ::mkfifo((folder / "pipe").c_str(), 0600);
+    std::pair<std::string, std::string> const cases[] = {{folder / "none", "No such file or directory"},
+                                                         {folder.Path(), "is not a file"},
+                                                         {folder / "pipe", "is not a file"}};
+    for (const auto& [path, reason] : cases) {
+        try {
+            MappedFile file(path);
+            FAIL() << path;
+        } catch (const ReadError& error) {
+            EXPECT_EQ(error.what(), path + ": " + reason);
+        }
+    }
+}
+
+TEST(Files, WholeFiles) {
+    TempFolder folder;
+    std::string large(3'000'000, 'x');
+    large[2'500'000] = 'y';
+    folder.Write("large", large);
+    EXPECT_TRUE(ReadWholeFile(folder / "LARGE") == large);
+    CopyWholeFile(folder / "Large", folder / "copy");
+    EXPECT_TRUE(TempFolder::Read(folder / "copy") == large);
+    CopyWholeFile(folder / "copy", folder / "COPY");
+    EXPECT_EQ(SizeOfFile(folder / "copy"), large.size()) << "a copy on itself loses nothing";
+    AppendToFile(folder / "log", "a");
+    AppendToFile(folder / "LOG", "b");
+    EXPECT_EQ(TempFolder::Read(folder / "log"), "ab");
+    EXPECT_THROW(AppendToFile(folder / "none/log", "a"), WriteError);
+    EXPECT_EQ(SizeOfFile(folder.Path()), 0U);
+    EXPECT_FALSE(RenameFile(folder / "none", folder / "x"));
+    EXPECT_FALSE(RenameFile(folder / "log", folder.Path()));
+    EXPECT_TRUE(FileExists(folder / "log"));
+}
+
+TEST(Files, ListingsAreSortedWithoutCase) {
+    TempFolder folder;
+    for (std::string name : {"b.shp", "A.shp", "a.dbf", "_x", "C.shp", ".a.1-0.vxtmp"})
+        folder.Write(name, "");
+    folder.Write("Sub/x", "");
+    EXPECT_EQ(ListFiles(folder.Path()), (std::vector<std::string>{"_x", "a.dbf", "A.shp", "b.shp", "C.shp"}));
+    EXPECT_EQ(ListFolders(folder.Path()), std::vector<std::string>{"Sub"});
+    EXPECT_TRUE(ListFiles(folder / "none").empty());
+}
+
+TEST(Files, Folders) {
+    TempFolder folder;
+    EXPECT_FALSE(CreateFolder(folder / "a/b"));
+    EXPECT_TRUE(CreateFolderTree(folder / "a\\b\\c\\"));
+    EXPECT_TRUE(CreateFolder(folder / "A/B/d"));
+    EXPECT_TRUE(FolderExists(folder / "a/b/d"));
+    EXPECT_FALSE(RemoveEmptyFolder(folder / "a/b"));
+    EXPECT_TRUE(RemoveEmptyFolder(folder / "a/b/D"));
+    folder.Write("file", "");
+    EXPECT_FALSE(CreateFolder(folder / "file"));
+}
+
+TEST(FileLock, OneHolderAtATime) {
+    TempFolder folder;
+    std::string counter = folder.Write("counter", "0");
+    for (int p = 0; p < 4; ++p) {
+        if (::fork() != 0) continue;
+        for (int i = 0; i < 100; ++i) {
+            FileLock lock(counter);
+            std::string old = TempFolder::Read(counter);
+            std::ofstream(counter) << std::stoi(old) + 1;
+        }
+        ::_exit(0);
+    }
+    for (int p = 0; p < 4; ++p) ::wait(nullptr);
+    EXPECT_EQ(TempFolder::Read(counter), "400");
+    EXPECT_EQ(Entries(folder), 1U);
+    EXPECT_THROW(FileLock(folder / "none/x"), WriteError);
+}
+
+}  // namespace
+}  // namespace vexlator::platform

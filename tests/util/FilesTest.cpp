@@ -1,0 +1,120 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "support/TempFolder.h"
+#include "support/TestUi.h"
+#include "util/Files.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace vexlator::util {
+namespace {
+
+using test::TempFolder;
+
+std::vector<std::string> Lines(std::string_view text) {
+    std::vector<std::string> lines;
+    for (LineReader reader(text); !reader.AtEnd();) lines.emplace_back(reader.ReadTextLine());
+    return lines;
+}
+
+TEST(LineReader, LineEnds) {
+    using Texts = std::vector<std::string>;
+    EXPECT_EQ(Lines(""), Texts{});
+    EXPECT_EQ(Lines("a"), Texts{"a"});
+    EXPECT_EQ(Lines("\n"), Texts{""});
+    EXPECT_EQ(Lines("a\r\nb\nc\rd"), (Texts{"a", "b", "c", "d"}));
+    EXPECT_EQ(Lines("a\r\n\r\n\n\r\rb\r"), (Texts{"a", "", "", "", "", "b"}));
+    EXPECT_EQ(Lines("a\rb\rc\nd\n"), (Texts{"a", "b", "c", "d"}));
+    EXPECT_EQ(Lines("\r\r\n"), (Texts{"", ""}));
+    EXPECT_EQ(Lines(std::string(2000, 'x') + "\r\ny"), (Texts{std::string(2000, 'x'), "y"}));
+}
+
+TEST(LineReader, CostGrowsWithTheText) {
+    std::string text;
+    for (int i = 0; i < 2'000'000; ++i) text += "x\r";
+    EXPECT_EQ(Lines(text).size(), 2'000'000U);  // would take hours if each line looked for a far line feed
+}
+
+TEST(Files, Patterns) {
+    struct {
+        std::string_view name, pattern;
+        bool matches;
+    } const cases[] = {
+        {"a.shp", "*.SHP", true},
+        {"a.shp", "*.*", true},
+        {"noext", "*.*", true},
+        {"a.shpx", "*.shp", false},
+        {"abcabc", "*bc", true},
+        {"abcabd", "*bc", false},
+        {"", "*", true},
+        {"", "?", false},
+        {"a", "a*", true},
+        {"ab.txt", "a?.t*t", true},
+        {"a.txt", "a?.txt", false},
+        {"\xC3\x89"
+         "a",
+         "?a", true},
+        {"aaab", "*a*b*", true},
+        {"a", "", false},
+        {"\xC3\x89", "\xC3", false},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(MatchesPattern(c.name, c.pattern), c.matches) << c.name << " " << c.pattern;
+    EXPECT_FALSE(MatchesPattern(std::string(5000, 'a'), "*a*a*a*a*a*a*a*a*a*b"));
+}
+
+TEST(Files, CopyMoveDelete) {
+    TempFolder folder;
+    folder.Write("one.JPG", "1");
+    folder.Write("two.jpg", "2");
+    folder.Write("empty.jpg", "");
+    folder.Write("three.txt", "3");
+    MakeFolderTree(folder / "deep\\target");
+    EXPECT_TRUE(CopyFiles(folder / "*.jpg", folder / "deep\\target\\*.*"));
+    EXPECT_EQ(
+        TempFolder::Read(folder / "deep/target/one.JPG") + TempFolder::Read(folder / "deep/target/two.jpg"),
+        "12");
+    EXPECT_FALSE(CopyFiles(folder / "empty.jpg", folder / "one.JPG")) << "an empty source counts as missing";
+    EXPECT_FALSE(CopyFiles(folder / "*.none", folder.Path() + "/"));
+    EXPECT_TRUE(MoveFile(folder / "three.txt", folder / "ONE.jpg"));
+    EXPECT_EQ(FileSize(folder / "three.txt"), 0U);
+    EXPECT_EQ(TempFolder::Read(folder / "ONE.jpg"), "3");
+    EXPECT_EQ(TempFolder::Read(folder / "one.JPG"), "")
+        << "the file of that name in another case is replaced";
+    EXPECT_FALSE(MoveFile(folder / "three.txt", folder / "ONE.jpg"));
+    RemoveFolder(folder / "deep");
+    DeleteFiles(folder / "deep/target/*.JPG");
+    RemoveFolder(folder / "deep/target");
+    EXPECT_FALSE(std::filesystem::exists(folder / "deep/target"));
+    DeleteFiles(folder / "no such file");
+}
+
+TEST(Files, SmallTexts) {
+    TempFolder folder;
+    EXPECT_TRUE(WriteTextFile(folder / "a.txt", "first\r\nsecond"));
+    EXPECT_EQ(TempFolder::Read(folder / "a.txt"), "first\r\nsecond\r\n");
+    EXPECT_EQ(ReadFirstLine(folder / "A.TXT"), "first");
+    EXPECT_EQ(ReadFirstLine(folder / "none"), "");
+    EXPECT_FALSE(WriteTextFile(folder / "none/a.txt", "x"));
+}
+
+TEST(Files, OpenFileTellsWhy) {
+    TempFolder folder;
+    test::TestUi ui;
+    EXPECT_FALSE(OpenFile(folder / "none.csv", &ui));
+    EXPECT_EQ(ui.messages, std::vector<std::string>{"Error Opening " + (folder / "none.csv") +
+                                                    "\nNo such file or directory"});
+}
+
+TEST(Files, TempFolderIsOnTheFirstDriveThatCanBeWritten) {
+    TempFolder folder;
+    ::setenv("VEXLATOR_DRIVES", folder.Path().c_str(), 1);
+    folder.Write("C/temp", "a file where the folder should be");
+    EXPECT_EQ(FindTempFolder(), "D:\\temp\\gv");
+    EXPECT_TRUE(std::filesystem::exists(folder / "D/temp/gv/gv.mrk"));
+    ::unsetenv("VEXLATOR_DRIVES");
+}
+
+}  // namespace
+}  // namespace vexlator::util
