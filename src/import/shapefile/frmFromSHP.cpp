@@ -8,6 +8,7 @@
 #include "formats/shapefile/ShapefileReader.h"
 #include "import/FeatureCode.h"
 #include "import/shapefile/TableAttributes.h"
+#include "platform/Paths.h"
 #include "util/Files.h"
 #include "util/Numbers.h"
 #include "util/Paths.h"
@@ -83,7 +84,7 @@ bool frmFromSHP::ImportShapefile(const std::string& path) {
     latLng_ = session_.ReadIniFlag("SHPin", "LL");
     surveyFeet_ = session_.ReadIniFlag("SHPin", "USFT");
     bool pipes = session_.ReadIni("GENERAL", "CUSTOMERMODE") == "CORVANTEX";
-    session_.Log("Reading:" + path);
+    session_.Log("Reading:" + platform::NativePath(path));
     if (latLng_ && !converter_) converter_ = std::make_unique<coords::frmLatLng>(session_);
 
     Source source(pipes ? "PIPES" : mkCodeNameFromFile(path), std::move(*shp), std::move(*shx));
