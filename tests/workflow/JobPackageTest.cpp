@@ -208,7 +208,7 @@ TEST_F(JobPackageTest, DamagedArchivesAreReadOrRefused) {
     WriteArchive(path, {{"new.txt", "1"}, {"sub/a.txt", std::string(5000, 'a') + "b"}});
     const std::string whole = test::TempFolder::Read(path);
     std::size_t refused = 0;
-    for (std::size_t at = 0; at < whole.size(); ++at) {
+    for (std::size_t at = 0; at < whole.size(); at += 3) {
         std::string damaged = whole;
         damaged[at] = static_cast<char>(damaged[at] ^ 0x11);
         for (const std::string& bytes : {damaged, whole.substr(0, at)}) {
@@ -221,7 +221,7 @@ TEST_F(JobPackageTest, DamagedArchivesAreReadOrRefused) {
             }
         }
     }
-    EXPECT_GT(refused, whole.size());
+    EXPECT_GT(refused, whole.size() / 3);
 }
 
 TEST_F(JobPackageTest, FailingHalfWayTakesBackWhatIsNew) {
