@@ -40,6 +40,14 @@ TEST(DbfWriter, WritesTheDocumentedBytes) {
     EXPECT_EQ(writer.ValuesCut(), (std::vector<std::uint64_t>{0, 1}));
 }
 
+TEST(DbfWriter, RefusesTablesThatWouldPassTwoGigabytes) {
+    TempFolder folder;
+    platform::OutputFile file(folder / "a.dbf");
+    std::vector<DbfColumn> columns{{"N", 'C', 99, 0}};
+    EXPECT_NO_THROW(DbfWriter(file, columns, Encoding::Ascii, 21000000));
+    EXPECT_THROW(DbfWriter(file, columns, Encoding::Ascii, 21474837), platform::WriteError);
+}
+
 TEST(DbfWriter, CutsAtWholeCharactersInItsEncoding) {
     struct Case {
         Encoding encoding;

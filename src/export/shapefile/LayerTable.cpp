@@ -46,6 +46,24 @@ DbfWriter::Encoding EncodingFor(const ExportLayer& layer, const std::vector<DbfC
     return ascii ? DbfWriter::Encoding::Ascii : DbfWriter::Encoding::Windows1252;
 }
 
+/// How many entities of the layer a shapefile takes.
+std::uint64_t RecordsOf(const ExportLayer& layer) {
+    return static_cast<std::uint64_t>(std::ranges::count_if(layer.set.indexes(), [&](std::uint32_t index) {
+        drawing::Kind kind = layer.set.entity(index).kindCode();
+        return kind == drawing::Kind::Point || kind == drawing::Kind::Insert ||
+               kind == drawing::Kind::Polyline;
+    }));
+}
+
+/// Makes the .CPG as well: both must tell the same.
+DbfWriter MakeWriter(config::Session& session, const ExportLayer& layer, const std::string& basePath,
+                     platform::OutputSet& files) {
+    std::vector<DbfColumn> columns = ColumnsOf(session, layer);
+    DbfWriter::Encoding encoding = EncodingFor(layer, columns);
+    files.Add(basePath + ".CPG").Write(encoding == DbfWriter::Encoding::Utf8 ? "UTF-8" : "1252");
+    return {files.Add(basePath + ".DBF"), std::move(columns), encoding, RecordsOf(layer)};
+}
+
 }  // namespace
 
 DbfColumn DbfColumnFor(const config::SharedSettings& settings, const drawing::AtpField& field) {
@@ -69,15 +87,6 @@ DbfColumn DbfColumnFor(const config::SharedSettings& settings, const drawing::At
     column.type = 'N';
     column.decimals = field.Decimals();
     return column;
-}
-
-/// Makes the .CPG as well: both must tell the same.
-static DbfWriter MakeWriter(config::Session& session, const ExportLayer& layer, const std::string& basePath,
-                            platform::OutputSet& files) {
-    std::vector<DbfColumn> columns = ColumnsOf(session, layer);
-    DbfWriter::Encoding encoding = EncodingFor(layer, columns);
-    files.Add(basePath + ".CPG").Write(encoding == DbfWriter::Encoding::Utf8 ? "UTF-8" : "1252");
-    return {files.Add(basePath + ".DBF"), std::move(columns), encoding};
 }
 
 LayerTable::LayerTable(config::Session& session, const ExportLayer& layer, bool suppressNA,

@@ -34,7 +34,8 @@ std::string_view Cut(std::string_view bytes, std::size_t width, DbfWriter::Encod
 
 }  // namespace
 
-DbfWriter::DbfWriter(platform::OutputFile& file, std::vector<DbfColumn> columns, Encoding encoding)
+DbfWriter::DbfWriter(platform::OutputFile& file, std::vector<DbfColumn> columns, Encoding encoding,
+                     std::uint64_t records)
     : file_(file), columns_(std::move(columns)), encoding_(encoding) {
     if (columns_.size() > mostColumns) columns_.resize(mostColumns);
     for (const DbfColumn& column : columns_) {
@@ -44,6 +45,12 @@ DbfWriter::DbfWriter(platform::OutputFile& file, std::vector<DbfColumn> columns,
     cut_.resize(columns_.size());
     file_.Write(std::string(fixedHeader, '\0'));
     WriteDescriptors();
+    CheckRoomFor(records);
+}
+
+void DbfWriter::CheckRoomFor(std::uint64_t records) const {
+    if (file_.Size() + records * recordLength_ + 1 > largestTableFile)
+        throw platform::WriteError(file_.Name(), "the table would be larger than 2 GB");
 }
 
 void DbfWriter::WriteDescriptors() {
@@ -62,8 +69,7 @@ void DbfWriter::WriteDescriptors() {
 }
 
 void DbfWriter::BeginRecord() {
-    if (file_.Size() + recordLength_ + 1 > largestTableFile)
-        throw platform::WriteError(file_.Name(), "the table would be larger than 2 GB");
+    CheckRoomFor(1);
     record_ = file_.Reserve(recordLength_);
     std::memset(record_, ' ', recordLength_);
 }

@@ -30,7 +30,9 @@ public:
     enum class Encoding { Ascii, Windows1252, Utf8 };  ///< Ascii: the caller knows that every value is
     static constexpr std::size_t mostColumns = 256;    ///< further ones are left out
 
-    DbfWriter(platform::OutputFile& file, std::vector<DbfColumn> columns, Encoding encoding);
+    /// `records` is how many will follow: a table that would be too large is refused before it is written.
+    DbfWriter(platform::OutputFile& file, std::vector<DbfColumn> columns, Encoding encoding,
+              std::uint64_t records = 0);
 
     /// Starts a record whose fields are all blank.
     void BeginRecord();
@@ -49,6 +51,7 @@ public:
 private:
     std::string Header() const;
     void WriteDescriptors();
+    void CheckRoomFor(std::uint64_t records) const;
 
     platform::OutputFile& file_;
     std::vector<DbfColumn> columns_;
