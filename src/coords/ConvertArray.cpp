@@ -7,8 +7,11 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <numeric>
+#include <span>
+#include <vector>
 
 namespace vexlator::coords {
 
@@ -40,6 +43,26 @@ private:
     double least_ = std::numeric_limits<double>::max();
     double most_ = std::numeric_limits<double>::lowest();
 };
+
+/// The points' positions in an order that keeps neighbours in the plane together. The projection library
+/// reads grids in tiles and keeps few of them unpacked: points in the order of a table can cost a tile each,
+/// in this order a tile serves thousands.
+std::vector<std::uint32_t> SpatialOrder(std::span<const util::PlanePoint> points) {
+    std::vector<std::uint32_t> order(points.size());
+    std::iota(order.begin(), order.end(), 0);
+    if (points.size() < fewPoints) return order;
+    Axis x, y;
+    for (const util::PlanePoint& point : points) {
+        x.Extend(point.x);
+        y.Extend(point.y);
+    }
+    auto binOf = [&](const util::PlanePoint& point) { return y.Bin(point.y) * binsPerSide + x.Bin(point.x); };
+    std::array<std::uint32_t, binsPerSide * binsPerSide + 1> next{};
+    for (const util::PlanePoint& point : points) ++next[binOf(point) + 1];
+    std::partial_sum(next.begin(), next.end(), next.begin());
+    for (std::uint32_t i = 0; i < points.size(); ++i) order[next[binOf(points[i])]++] = i;
+    return order;
+}
 
 double Rounded(double value, std::optional<int> decimals) {
     return decimals ? util::RoundFixed(value, *decimals) : value;
@@ -92,23 +115,6 @@ private:
 };
 
 }  // namespace
-
-std::vector<std::uint32_t> SpatialOrder(std::span<const util::PlanePoint> points) {
-    std::vector<std::uint32_t> order(points.size());
-    std::iota(order.begin(), order.end(), 0);
-    if (points.size() < fewPoints) return order;
-    Axis x, y;
-    for (const util::PlanePoint& point : points) {
-        x.Extend(point.x);
-        y.Extend(point.y);
-    }
-    auto binOf = [&](const util::PlanePoint& point) { return y.Bin(point.y) * binsPerSide + x.Bin(point.x); };
-    std::array<std::uint32_t, binsPerSide * binsPerSide + 1> next{};
-    for (const util::PlanePoint& point : points) ++next[binOf(point) + 1];
-    std::partial_sum(next.begin(), next.end(), next.begin());
-    for (std::uint32_t i = 0; i < points.size(); ++i) order[next[binOf(points[i])]++] = i;
-    return order;
-}
 
 std::size_t ConvertArray(Backend& backend, Direction direction, Coordinates coordinates, Decimals decimals) {
     Block block(direction, decimals);

@@ -5,8 +5,8 @@
 #include "platform/CodePages.h"
 #include "util/Text.h"
 
-#include <algorithm>
 #include <memory>
+#include <utility>
 
 namespace vexlator::coords {
 

@@ -74,15 +74,14 @@ void Transform(PJ& operation, Direction direction, Coordinates coordinates) {
     if (points.empty()) return;
     for (util::PlanePoint& point : points)
         if (!IsPossible(direction, point)) point = {HUGE_VAL, HUGE_VAL};
-    double noHeight = 0, noTime = HUGE_VAL;  // as the library means "now" and not the year 0
+    double noHeight = 0, now = HUGE_VAL;  // a time of 0 would be the year 0
     bool hasHeights = !coordinates.heights.empty();
+    double* heights = hasHeights ? coordinates.heights.data() : &noHeight;
+    std::size_t count = points.size(), heightCount = hasHeights ? count : 1;
+    constexpr std::size_t step = sizeof(util::PlanePoint), heightStep = sizeof(double);
     proj_errno_reset(&operation);
-    proj_trans_generic(&operation, direction == Direction::ToLatLng ? PJ_FWD : PJ_INV,  //
-                       &points[0].x, sizeof points[0], points.size(),                   //
-                       &points[0].y, sizeof points[0], points.size(),                   //
-                       hasHeights ? coordinates.heights.data() : &noHeight, sizeof(double),
-                       hasHeights ? points.size() : 1,  //
-                       &noTime, sizeof(double), 1);
+    proj_trans_generic(&operation, direction == Direction::ToLatLng ? PJ_FWD : PJ_INV, &points[0].x, step,
+                       count, &points[0].y, step, count, heights, heightStep, heightCount, &now, 0, 1);
 }
 
 }  // namespace vexlator::coords

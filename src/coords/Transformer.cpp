@@ -4,10 +4,10 @@
 
 #include "platform/Files.h"
 #include "platform/Paths.h"
-#include "util/Files.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <utility>
 
 namespace vexlator::coords {
