@@ -151,7 +151,8 @@ std::string PathToWrite(std::string_view path) {
     std::string folder = native.substr(0, slash);
     if (Exists(folder)) return native;
     std::error_code ignored;
-    if (IsDrivePath(path)) fs::create_directories(NativePath(path.substr(0, 2)), ignored);
+    if (IsDrivePath(path) && FindExisting(path.substr(0, 2)).empty())
+        fs::create_directories(NativePath(path.substr(0, 2)), ignored);
     bool complete = false;
     return MatchNoCase(folder, complete) + native.substr(slash);
 }
