@@ -58,17 +58,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::string section(TakeLine(text)), key(TakeLine(text)), value(TakeLine(text));
     std::string before = config::IniValue(text, section, key);
     std::string written = config::WithIniValue(text, section, key, value);
-    bool refused = written == text && before != platform::DecodeText(value);
+    bool refused = written == text && before != platform::AsUtf8(value);
     if (!refused) {
-        std::string expected = platform::DecodeText(value);
+        std::string expected = platform::AsUtf8(value);
         std::replace_if(
             expected.begin(), expected.end(), [](char c) { return c == '\r' || c == '\0'; }, ' ');
         Require(config::IniValue(written, section, key) ==
                 platform::FirstCharacters(expected, config::longestIniValue));
     }
     auto written_to = [&](const auto& name) {
-        return platform::SameNoCase(name.first, WithoutBlanks(platform::DecodeText(section))) &&
-               platform::SameNoCase(name.second, WithoutBlanks(platform::DecodeText(key)));
+        return platform::SameNoCase(name.first, WithoutBlanks(platform::AsUtf8(section))) &&
+               platform::SameNoCase(name.second, WithoutBlanks(platform::AsUtf8(key)));
     };
     for (const auto& name : NamesIn(text))
         if (!written_to(name))

@@ -21,6 +21,11 @@ std::string_view WithoutBlanks(std::string_view text) {
     return text.substr(begin, text.find_last_not_of(" \t") - begin + 1);
 }
 
+/// A section's or key's name as callers give it, as UTF-8.
+std::string Name(std::string_view name) {
+    return std::string(WithoutBlanks(platform::AsUtf8(name)));
+}
+
 bool IsQuoted(std::string_view value) {
     return value.size() >= 2 && (value[0] == '"' || value[0] == '\'') && value.back() == value[0];
 }
@@ -86,7 +91,7 @@ bool CanBeKey(std::string_view name) {
 
 /// The value as it stands in a file, so that it reads back the same and is one line.
 std::string StoredValue(std::string_view value) {
-    std::string stored = platform::DecodeText(value);
+    std::string stored = platform::AsUtf8(value);
     std::replace_if(
         stored.begin(), stored.end(), [](char c) { return c == '\r' || c == '\n' || c == '\0'; }, ' ');
     bool needsQuotes = IsQuoted(stored) || WithoutBlanks(stored).size() != stored.size();
@@ -142,7 +147,7 @@ std::string Recoded(std::string_view text, const std::string& section, const std
 
 std::string IniValue(std::string_view text, std::string_view section, std::string_view key) {
     std::string decoded = platform::DecodeText(text);
-    std::string_view value = Find(decoded, WithoutBlanks(section), WithoutBlanks(key)).value;
+    std::string_view value = Find(decoded, Name(section), Name(key)).value;
     value = value.substr(0, value.find('\0'));
     if (IsQuoted(value)) value = value.substr(1, value.size() - 2);
     return std::string(platform::FirstCharacters(value, longestIniValue));
@@ -150,12 +155,11 @@ std::string IniValue(std::string_view text, std::string_view section, std::strin
 
 std::string WithIniValue(std::string_view text, std::string_view section, std::string_view key,
                          std::string_view value) {
-    section = WithoutBlanks(section);
-    key = WithoutBlanks(key);
-    if (!CanBeSection(section) || !CanBeKey(key)) return std::string(text);
+    std::string sectionName = Name(section), keyName = Name(key);
+    if (!CanBeSection(sectionName) || !CanBeKey(keyName)) return std::string(text);
     std::string mark(text.starts_with(byteOrderMark) ? byteOrderMark : "");
     text.remove_prefix(mark.size());
-    return mark + Recoded(text, platform::DecodeText(section), platform::DecodeText(key), StoredValue(value));
+    return mark + Recoded(text, sectionName, keyName, StoredValue(value));
 }
 
 std::string ReadIniFile(std::string_view file, std::string_view section, std::string_view key) {

@@ -175,10 +175,14 @@ std::string_view FirstCharacters(std::string_view utf8, std::size_t most) {
     return utf8.substr(0, size);
 }
 
+std::string AsUtf8(std::string_view bytes) {
+    return IsUtf8(bytes) ? std::string(bytes) : Utf8FromWindows1252(bytes);
+}
+
 std::string DecodeText(std::string_view bytes) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     if (bytes.starts_with(byteOrderMark)) bytes.remove_prefix(byteOrderMark.size());
-    return IsUtf8(bytes) ? std::string(bytes) : Utf8FromWindows1252(bytes);
+    return AsUtf8(bytes);
 }
 
 std::string Utf8FromWindows1252(std::string_view bytes) {

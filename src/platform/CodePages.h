@@ -20,8 +20,9 @@ std::size_t CountCharacters(std::string_view utf8);
 /// The start of a UTF-8 text that has at most `most` characters.
 std::string_view FirstCharacters(std::string_view utf8, std::size_t most);
 
-/// The text of a file that does not say how it is encoded: UTF-8 when it is valid UTF-8, else Windows-1252. A
-/// byte-order mark is dropped.
+/// A text of unknown encoding as UTF-8: as it stands when it is valid UTF-8, else taken as Windows-1252.
+std::string AsUtf8(std::string_view bytes);
+/// The same for the whole text of a file, whose byte-order mark is dropped.
 std::string DecodeText(std::string_view bytes);
 
 /// Windows-1252 to UTF-8. Every byte has a meaning: the five that the code page leaves open become the
