@@ -3,6 +3,7 @@
 #include "vdfjson/JsonText.h"
 
 #include "platform/CodePages.h"
+#include "util/Numbers.h"
 
 #include <array>
 #include <charconv>
@@ -96,15 +97,8 @@ void AppendNumber(std::string& out, double value) {
         out += std::signbit(value) ? "-0.0" : "0";  // "-0" reads as the whole number 0
         return;
     }
-    // Readers take digits without point or exponent for a whole number, which has an end at 64 bits.
-    constexpr double largestPlain = 1e15;
-    std::array<char, longestNumber> digits;
-    char* begin = digits.data();
-    char* end = begin + digits.size();
-    end = std::abs(value) < largestPlain
-              ? std::to_chars(begin, end, value).ptr
-              : std::to_chars(begin, end, value, std::chars_format::scientific).ptr;
-    out.append(begin, end);
+    std::array<char, util::longestShortest> digits;
+    out.append(digits.data(), util::WriteShortest(digits.data(), value));
 }
 
 void AppendNumber(std::string& out, std::int64_t value) {

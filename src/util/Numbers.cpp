@@ -175,9 +175,20 @@ double RoundFixed(double value, int decimals) {
 }
 
 std::string FormatShortest(double value) {
-    if (!std::isfinite(value)) return "0";
-    std::array<char, 40> text;
-    return {text.data(), std::to_chars(text.begin(), text.end(), value).ptr};
+    std::array<char, longestShortest> text;
+    return {text.data(), WriteShortest(text.data(), value)};
+}
+
+char* WriteShortest(char* out, double value) {
+    if (!std::isfinite(value) || value == 0) {
+        *out = '0';
+        return out + 1;
+    }
+    double magnitude = std::abs(value);
+    bool plain = magnitude >= 1e-6 && magnitude < 1e15;
+    return std::to_chars(out, out + longestShortest, value,
+                         plain ? std::chars_format::fixed : std::chars_format::scientific)
+        .ptr;
 }
 
 std::string ZeroPadded(std::int64_t value, int digits) {

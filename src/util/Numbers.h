@@ -26,6 +26,10 @@ constexpr std::size_t longestFixed = 328;  ///< sign, 309 digits, point, 15 deci
 double RoundFixed(double value, int decimals);
 /// The shortest text that reads back as the same value; "0" for one that is infinite or not a number.
 std::string FormatShortest(double value);
+/// The same into a buffer of at least `longestShortest` bytes; returns the end of the text. Grid coordinates
+/// stay plain digits; from 1e15 on, and close to 0, there is an exponent.
+char* WriteShortest(char* out, double value);
+constexpr std::size_t longestShortest = 40;
 /// Padded with zeros on the left to at least `digits` digits.
 std::string ZeroPadded(std::int64_t value, int digits);
 /// With commas between thousands, for people: 12345 gives "12,345".

@@ -150,6 +150,10 @@ TEST(Numbers, FixedStaysInItsBuffer) {
 
 TEST(Numbers, OtherTexts) {
     EXPECT_EQ(FormatShortest(0.1), "0.1");
+    EXPECT_EQ(FormatShortest(400000), "400000");
+    EXPECT_EQ(FormatShortest(-0.000012), "-0.000012");
+    EXPECT_EQ(FormatShortest(999999999999999.0), "999999999999999");
+    EXPECT_EQ(FormatShortest(-0.0), "0");
     EXPECT_EQ(FormatShortest(-1e300), "-1e+300");
     EXPECT_EQ(FormatShortest(std::numeric_limits<double>::infinity()), "0");
     EXPECT_EQ(ZeroPadded(7, 3), "007");

@@ -13,7 +13,7 @@ using drawing::Kind;
 
 namespace {
 
-constexpr std::size_t batchPoints = 65536;
+constexpr std::size_t batchPoints = std::size_t{1} << 18;  ///< conversion is quickest on many at once
 constexpr double closingDistance = 0.001;  ///< drawing units; rings whose ends lie nearer are closed already
 
 bool HasZero(const util::PlanePoint& point) {
