@@ -53,8 +53,8 @@ bool IsKeyLine(std::string_view line, std::string_view& name, std::string_view& 
 struct Place {
     bool hasSection = false, hasKey = false;
     std::string_view value;  ///< without the blanks around it
-    std::size_t afterLastKey =
-        0;  ///< just after the section's last key line, or its own line when it has none
+    /// Just after the section's last key line, or after its own line when it has none.
+    std::size_t afterLastKey = 0;
 };
 
 /// The first section of that name, and in it the first key: those that come later do not count. Names are in
