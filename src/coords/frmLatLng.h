@@ -61,6 +61,9 @@ public:
     std::size_t LatLngToGrid(std::span<util::PlanePoint> points, std::span<double> heights = {},
                              Rounding rounding = Rounding::AsText);
 
+    /// A height as the texts above have it.
+    std::string HeightText(double height) const;
+
     /// For people: what converts, with the names of its files.
     std::string Description() const;
 

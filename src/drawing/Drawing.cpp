@@ -124,6 +124,30 @@ Layer& Drawing::addLayer(std::string_view name) {
     return layers_[layerIndex(name)];
 }
 
+void Drawing::eraseLayer(std::string_view name) {
+    auto found = layerByName_.find(platform::LowerAscii(name));
+    if (found == layerByName_.end() || found->second == 0) return;
+    std::uint32_t gone = found->second;
+    for (std::uint32_t i = 0; i < entities_.size(); ++i) {
+        if (entities_[i].layer == gone) {
+            Entity(*this, i).erase();
+            entities_[i].layer = 0;
+        } else if (entities_[i].layer > gone) {
+            --entities_[i].layer;
+        }
+    }
+    layers_.erase(layers_.begin() + gone);
+    onLayer_.erase(onLayer_.begin() + gone);
+    layerDirty_.erase(layerDirty_.begin() + gone);
+    layerByName_.erase(found);
+    for (auto& [key, layer] : layerByName_)
+        if (layer > gone) --layer;
+    if (activeLayer_ == gone)
+        activeLayer_ = 0;
+    else if (activeLayer_ > gone)
+        --activeLayer_;
+}
+
 void Drawing::setActiveLayer(std::string_view name) {
     activeLayer_ = layerIndex(name);
 }

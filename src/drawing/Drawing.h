@@ -250,6 +250,9 @@ public:
     Layer* findLayer(std::string_view name);
     /// The layer of that name, made when missing.
     Layer& addLayer(std::string_view name);
+    /// Erases a layer with all its entities; nothing when there is none. Layer "0" always stays. References
+    /// to layers are lost. When it was the active layer, "0" becomes active.
+    void eraseLayer(std::string_view name);
 
     const std::vector<Block>& blocks() const { return blocks_; }
     const Block* findBlock(std::string_view name) const;

@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "import/FeatureCode.h"
 
+#include "util/Numbers.h"
 #include "util/Paths.h"
 #include "util/Text.h"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace vexlator::importer {
@@ -24,7 +26,8 @@ std::string_view LastCharacters(std::string_view text, std::size_t count) {
     return text.substr(begin);
 }
 
-/// Capitals of ASCII and of the Latin letters that Windows-1252 holds.
+}  // namespace
+
 std::string Capitals(std::string_view text) {
     std::string result(text);
     for (std::size_t i = 0; i < result.size(); ++i) {
@@ -36,7 +39,10 @@ std::string Capitals(std::string_view text) {
     return result;
 }
 
-}  // namespace
+drawing::Colour StyleColour(std::string_view style) {
+    std::int64_t number = util::IntegerOf(util::GetCommaField(2, style));
+    return static_cast<drawing::Colour>(std::clamp<std::int64_t>(number, 0, 0xFFFFFF));
+}
 
 std::string FeatureCodeOf(std::string_view path) {
     std::string base = util::BaseNameOf(path);

@@ -3,6 +3,7 @@
 #include "startup/Conversions.h"
 
 #include "export/shapefile/frmSHP.h"
+#include "import/job/frmFromJOB.h"
 #include "import/shapefile/frmFromSHP.h"
 
 #include <algorithm>
@@ -26,13 +27,20 @@ config::Outcome Export(config::Session& session, const ExportCommand& command) {
 }
 
 constexpr std::array importRows{
-    ImportRow{"MID", "frmFromMID", nullptr},  ImportRow{"SHP", "frmFromSHP", Import<importer::frmFromSHP>},
-    ImportRow{"FMO", "frmFromFMO", nullptr},  ImportRow{"TPK", "frmFromFMO", nullptr},
-    ImportRow{"CSV", "frmFromCSV", nullptr},  ImportRow{"TAB", "frmFromTAB", nullptr},
-    ImportRow{"PPS", "frmFromCAW", nullptr},  ImportRow{"JOB", "frmFromJOB", nullptr},
-    ImportRow{"PAK", "frmFromJOB", nullptr},  ImportRow{"GDB", "frmFromESRI", nullptr},
-    ImportRow{"MXD", "frmFromESRI", nullptr}, ImportRow{"SWD", "frmFromSWD", nullptr},
-    ImportRow{"XML", "frmFromXML", nullptr},  ImportRow{"GML", "frmFromGML", nullptr},
+    ImportRow{"MID", "frmFromMID", nullptr},
+    ImportRow{"SHP", "frmFromSHP", Import<importer::frmFromSHP>},
+    ImportRow{"FMO", "frmFromFMO", nullptr},
+    ImportRow{"TPK", "frmFromFMO", nullptr},
+    ImportRow{"CSV", "frmFromCSV", nullptr},
+    ImportRow{"TAB", "frmFromTAB", nullptr},
+    ImportRow{"PPS", "frmFromCAW", nullptr},
+    ImportRow{"JOB", "frmFromJOB", Import<importer::frmFromJOB>},
+    ImportRow{"PAK", "frmFromJOB", Import<importer::frmFromJOB>},
+    ImportRow{"GDB", "frmFromESRI", nullptr},
+    ImportRow{"MXD", "frmFromESRI", nullptr},
+    ImportRow{"SWD", "frmFromSWD", nullptr},
+    ImportRow{"XML", "frmFromXML", nullptr},
+    ImportRow{"GML", "frmFromGML", nullptr},
     ImportRow{"ADT", "frmFromADT", nullptr},
 };
 

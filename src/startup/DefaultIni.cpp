@@ -188,12 +188,19 @@ SMALLPOLYSASPOINTS=0
 Template=
 
 [JOB]
-; OFF: device jobs are read line by line. Default: in one step.
+; OFF: device jobs are read line by line. Default: in one step. Both give the same drawing at the same speed.
 RAPIDREAD=
 ; Flag: device job imports mark the quality of GPS positions. Default: off.
 ImportQA=0
 ; 0: areas of device jobs are closed only where their ends meet. Default: always.
 ForceClose=
+
+[GPX]
+; Flag: GPS trails become GPX 1.1 that every reader takes; positions without latitude/longitude are left out.
+; Default: off.
+Strict=0
+; Web address that the GPX files of GPS trails refer to. Default: https://www.veltrom.example/professional-services
+WebBase=
 
 [GRP]
 ; Grid size of background packages. Default: 1000.

@@ -7,6 +7,7 @@
 #include "drawing/SymbolBlock.h"
 #include "formats/shapefile/ShapefileReader.h"
 #include "import/FeatureCode.h"
+#include "import/SourceFiles.h"
 #include "import/shapefile/TableAttributes.h"
 #include "platform/Paths.h"
 #include "util/Files.h"
@@ -26,10 +27,6 @@ namespace {
 
 constexpr double metresPerFoot = 0.3048;
 constexpr std::int32_t partLineWeight = 30;
-
-drawing::Colour ColourOf(std::string_view text) {
-    return static_cast<drawing::Colour>(std::clamp<std::int64_t>(util::IntegerOf(text), 0, 0xFFFFFF));
-}
 
 }  // namespace
 
@@ -60,12 +57,8 @@ config::Outcome frmFromSHP::Start(std::string_view sourcePath, std::string_view 
     view_ = session_.Ui().ShowForm("frmFromSHP");
     config::Outcome outcome;
     outcome.target = util::JoinPath(sourceFolder, util::BaseNameOf(sourcePath) + ".VDF");
-    bool complete = ImportShapefile(std::string(sourcePath));
-    for (std::size_t i = 1; i <= util::CountOf(fileList, "|"); ++i) {
-        std::string name(util::GetBarField(i, fileList));
-        bool hasFolder = util::FileNameOf(name) != name;
-        complete &= ImportShapefile(hasFolder ? name : util::JoinPath(util::FolderOf(sourcePath), name));
-    }
+    bool complete = true;
+    for (const std::string& path : SourceFiles(sourcePath, fileList)) complete &= ImportShapefile(path);
     if (surveyFeet_) drawing_.scale(metresPerFoot);
     drawing_.saveAs(outcome.target);
     view_->SetLabel("Completed!");
@@ -114,7 +107,7 @@ void frmFromSHP::SelectShapefileLayer(const std::string& code) {
         drawing_.setActiveColourIndex(static_cast<drawing::Colour>(drawing_.layerCount()));
         return;
     }
-    drawing_.setActiveColour(ColourOf(util::GetCommaField(2, style)));
+    drawing_.setActiveColour(StyleColour(style));
     drawing_.setActiveFillColour(drawing_.activeColour());
 }
 

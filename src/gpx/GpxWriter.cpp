@@ -1,0 +1,110 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "gpx/GpxWriter.h"
+
+#include "util/Numbers.h"
+
+namespace vexlator::gpx {
+
+namespace {
+
+constexpr std::string_view lineEnd = "\r\n";
+
+void AppendEscaped(std::string& target, std::string_view text) {
+    for (char c : text) {
+        switch (c) {
+            case '&':
+                target += "&amp;";
+                break;
+            case '<':
+                target += "&lt;";
+                break;
+            case '>':
+                target += "&gt;";
+                break;
+            case '"':
+                target += "&quot;";
+                break;
+            default:
+                target += c;
+        }
+    }
+}
+
+}  // namespace
+
+bool GpxPosition::IsOnEarth() const {
+    if (!IsConverted()) return false;
+    double lat = util::NumberOf(latitude), lon = util::NumberOf(longitude);
+    return lat >= -90 && lat <= 90 && lon >= -180 && lon < 180;
+}
+
+void GpxWriter::Begin(const GpxPosition& start, const GpxPosition& end) {
+    Line("<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"no\" ?>");
+    Line(settings_.strict ? "<gpx version=\"1.1\" creator=\"Gorvane WorkFlow\" "
+                            "xmlns=\"http://www.topografix.com/GPX/1/1\">"
+                          : "<gpx creator=\"Gorvane WorkFlow\">");
+    Line(" <metadata>");
+    line_ = "  <link href=\"";
+    AppendEscaped(line_, settings_.webBase);
+    line_ += "\">";
+    Line(line_);
+    Line("   <text>Veltrom Professional Services</text>");
+    Line("  </link>");
+    Time("  ", start.time);
+    Line(" </metadata>");
+    Waypoint("Day Start", start);
+    if (settings_.strict) Waypoint("Day End", end);
+    Line(" <trk>");
+    Line("  <name>Daily Log</name>");
+    Line("  <trkseg>");
+}
+
+void GpxWriter::TrackPoint(const GpxPosition& position) {
+    if (IsLeftOut(position)) return;
+    Element("   <trkpt", position);
+    Line("    <ele>" + position.height + "</ele>");
+    Time("    ", position.time);
+    Line("   </trkpt>");
+}
+
+void GpxWriter::End(const GpxPosition& end) {
+    Line("  </trkseg>");
+    Line(" </trk>");
+    if (!settings_.strict) Waypoint("Day End", end);
+    Line(settings_.strict ? "</gpx>" : " </gpx>");
+}
+
+void GpxWriter::Waypoint(std::string_view name, const GpxPosition& position) {
+    if (IsLeftOut(position)) return;
+    Element(" <wpt", position);
+    Line("  <ele>" + position.height + "</ele>");
+    Line("  <name>" + std::string(name) + "</name>");
+    Line(" </wpt>");
+}
+
+void GpxWriter::Element(std::string_view tag, const GpxPosition& position) {
+    line_ = tag;
+    line_.append(" lat=\"")
+        .append(position.latitude)
+        .append("\" lon=\"")
+        .append(position.longitude)
+        .append("\">");
+    Line(line_);
+}
+
+void GpxWriter::Time(std::string_view indent, const TrailTime& time) {
+    if (settings_.strict && !time.IsValid()) return;
+    line_ = indent;
+    line_ += "<time>";
+    AppendEscaped(line_, time.Text());
+    line_ += "</time>";
+    Line(line_);
+}
+
+void GpxWriter::Line(std::string_view text) {
+    file_.Write(text);
+    file_.Write(lineEnd);
+}
+
+}  // namespace vexlator::gpx

@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "import/SourceFiles.h"
+
+#include "util/Paths.h"
+
+#include <algorithm>
+
+namespace vexlator::importer {
+
+std::vector<std::string> SourceFiles(std::string_view sourcePath, std::string_view fileList) {
+    std::vector<std::string> paths{std::string(sourcePath)};
+    while (!fileList.empty()) {
+        fileList.remove_prefix(std::min(fileList.find('|'), fileList.size() - 1) + 1);
+        std::string_view name = fileList.substr(0, fileList.find('|'));
+        if (name.empty()) continue;
+        bool hasFolder = util::FileNameOf(name) != name;
+        paths.push_back(hasFolder ? std::string(name) : util::JoinPath(util::FolderOf(sourcePath), name));
+    }
+    return paths;
+}
+
+}  // namespace vexlator::importer

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vexlator::importer {
+
+/// The files of an import: `sourcePath` and the names of `fileList`, each preceded by "|" (what stands before
+/// the first "|" does not count). Names without a folder lie beside `sourcePath`; empty ones are left out.
+std::vector<std::string> SourceFiles(std::string_view sourcePath, std::string_view fileList);
+
+}  // namespace vexlator::importer

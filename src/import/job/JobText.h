@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Files.h"
+
+#include <string>
+#include <string_view>
+
+namespace vexlator::importer {
+
+/// The text of a job file in UTF-8: the file's own bytes where they are UTF-8 already, else decoded from
+/// Windows-1252. The file must outlive the object.
+class JobText {
+public:
+    /// @throws platform::ReadError for an archive, which holds its job packed
+    explicit JobText(const platform::MappedFile& file);
+    JobText(const JobText&) = delete;
+    JobText& operator=(const JobText&) = delete;
+
+    std::string_view Text() const { return text_; }
+
+private:
+    std::string decoded_;
+    std::string_view text_;
+};
+
+}  // namespace vexlator::importer

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Session.h"
+#include "drawing/Drawing.h"
+#include "import/job/FeatureCloser.h"
+#include "import/job/FeatureLayers.h"
+#include "import/job/JobTable.h"
+
+#include <cstdint>
+#include <string_view>
+
+namespace vexlator::importer {
+
+struct JobSettings {
+    bool importQA = false;   ///< mark the quality of GPS positions
+    bool forceClose = true;  ///< close every area, not only those whose ends meet
+};
+
+/// What was made of a job file.
+struct JobCounts {
+    std::uint64_t entities = 0;   ///< points and features
+    std::uint64_t positions = 0;  ///< points and vertices
+};
+
+/// Turns the records of job files into the entities of one drawing.
+class JobToDrawing {
+public:
+    JobToDrawing(config::Session& session, drawing::Drawing& drawing, JobSettings settings);
+
+    /// Adds what the table holds, whose records are used up. Edited and deleted records must have been
+    /// resolved. `jobPath`: see RecordAttributes.
+    /// @throws platform::ReadError: line and reason
+    JobCounts ImportRecords(JobTable& table, std::string_view jobPath, ui::FormView& view);
+
+private:
+    class Job;
+
+    void RemoveReferenceLayers();
+
+    drawing::Drawing& drawing_;
+    const JobSettings settings_;
+    FeatureLayers layers_;
+    FeatureCloser closer_;
+};
+
+}  // namespace vexlator::importer

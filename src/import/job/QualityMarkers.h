@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "drawing/Drawing.h"
+
+#include <string_view>
+
+namespace vexlator::importer {
+
+/// Circles on the layer $QA that show how well GPS positions were measured.
+class QualityMarkers {
+public:
+    /// Makes the layer the current one.
+    explicit QualityMarkers(drawing::Drawing& drawing);
+
+    /// `quality` is "satellites/DOP/differential mode/accuracy", where the accuracy is a number, the
+    /// real-time one, or two, the second in brackets, the post-processed one. Any other text gives no marker.
+    /// The radius is the post-processed accuracy, else the real-time one, in drawing units.
+    void AddQualityMarker(const drawing::Point& position, std::string_view quality,
+                          std::string_view pointNumber, std::string_view feature);
+
+private:
+    drawing::Drawing& drawing_;
+    drawing::AttributeSet realTime_, postProcessed_;
+};
+
+}  // namespace vexlator::importer

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "drawing/Drawing.h"
+#include "import/job/FeatureLayers.h"
+#include "import/job/JobTable.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vexlator::importer {
+
+/// Gives features the values of their attribute records, for the job file that is being read.
+class RecordAttributes {
+public:
+    /// One line with very many fields would give every feature as many attributes: what a job may cost is
+    /// limited to this many values that its records do not hold.
+    static constexpr std::uint64_t mostPadding = 64'000'000;
+    /// Attributes without a template are called FIELD1, FIELD2 ... up to this number.
+    static constexpr std::size_t mostNumberedFields = 65'536;
+
+    /// `table` must outlive the object. `jobPath` names the job; photographs lie beside it.
+    RecordAttributes(drawing::Drawing& drawing, const JobTable& table, std::string_view jobPath);
+
+    /// Gives the entity added last the attributes of `row`; without a row (JobTable::noRow) the one that
+    /// tells its key, a point number or feature ID. A value named HOTLINK becomes the entity's hyperlink too.
+    /// @throws platform::ReadError naming the widest line, when one of the two limits is reached
+    void AttachRecordAttributes(drawing::Entity entity, const FeatureTemplate& feature, std::string_view key,
+                                JobTable::Row row);
+
+private:
+    void AddIdentity(const FeatureTemplate& feature, std::string_view key);
+    void AddValues(drawing::AttributeSet set, std::size_t count, JobTable::Row row);
+    void SetHyperlink(drawing::Entity entity, const FeatureTemplate& feature, JobTable::Row row);
+    drawing::AttributeSet NumberedFields();
+    std::string_view ValueOf(std::string_view cell);
+    [[noreturn]] void FailTooWide() const;
+
+    drawing::Drawing& drawing_;
+    const JobTable& table_;
+    std::string jobName_, photoFolder_;
+    std::size_t numberedCount_;
+    drawing::AttributeSet numbered_ = 0;
+    bool hasNumbered_ = false;
+    std::uint64_t padding_ = 0;
+    std::string text_;
+};
+
+}  // namespace vexlator::importer

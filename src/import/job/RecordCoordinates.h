@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "drawing/Drawing.h"
+#include "import/job/JobTable.h"
+
+#include <string_view>
+
+namespace vexlator::importer {
+
+/// Whether a record is a position to import: not one that holds its own coordinates when they are no numbers.
+bool IsPositionRecord(const JobTable& table, JobTable::Row row);
+
+/// The coordinates of the line below a position record, else those of the record itself; 0, 0, 0 without
+/// either.
+drawing::Point GetRecordCoordinates(const JobTable& table, JobTable::Row row);
+
+/// The GPS quality text of a position record; empty when it was not measured by GPS.
+std::string_view GetRecordQuality(const JobTable& table, JobTable::Row row);
+
+}  // namespace vexlator::importer

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Outcome.h"
+#include "config/Session.h"
+#include "drawing/Drawing.h"
+#include "import/job/JobToDrawing.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace vexlator::importer {
+
+/// Job files of the field device (JOB, PAK) become one drawing: points become symbols, lines and areas become
+/// polylines, their values text attributes, and the GPS trails beside them GPX files.
+class frmFromJOB {
+public:
+    explicit frmFromJOB(config::Session& session) : session_(session) {}
+
+    /// Imports `sourcePath` and the files of `fileList` (each preceded by "|"; names without a folder lie
+    /// beside `sourcePath`) into the drawing in `sourceFolder` that has the first one's base name. A drawing
+    /// that is there already is added to. A file that cannot be opened, or a trail that cannot be converted,
+    /// is reported and left out, and the outcome is Failed.
+    /// @throws platform::ReadError for a damaged drawing, template or job, platform::WriteError; then no
+    /// drawing is saved
+    config::Outcome Start(std::string_view sourcePath, std::string_view sourceFolder,
+                          std::string_view fileList);
+
+private:
+    /// False when the file cannot be opened.
+    bool ImportJobFile(const std::string& path, JobToDrawing& importer, config::Outcome& outcome);
+
+    config::Session& session_;
+    drawing::Drawing drawing_;
+    std::unique_ptr<ui::FormView> view_;
+};
+
+}  // namespace vexlator::importer
