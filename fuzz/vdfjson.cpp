@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 // Any bytes are a document that loads or an error; what loads and is dumped loads again to the same dump.
+#include "BoundedDump.h"
 #include "platform/Errors.h"
-#include "vdfjson/DrawingToJson.h"
 #include "vdfjson/JsonToDrawing.h"
 
 #include <cstdint>
@@ -15,23 +15,10 @@ using namespace vexlator;
 
 namespace {
 
-/// A small document may ask for a long dump: each of its parts has all the attributes of the whole.
-constexpr std::size_t mostText = std::size_t{32} << 20;
-struct TooLong {};
-
-std::string Dump(drawing::Drawing& drawing) {
-    std::string json;
-    vdfjson::DrawingToJson(drawing, [&](std::string_view piece) {
-        json += piece;
-        if (json.size() > mostText) throw TooLong{};
-    });
-    return json;
-}
-
 std::string LoadAndDump(std::string_view json) {
     drawing::Drawing drawing;
     vdfjson::JsonToDrawing(json, "plain", drawing);
-    return Dump(drawing);
+    return fuzz::Dump(drawing);
 }
 
 }  // namespace
@@ -45,7 +32,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             std::abort();
         }
     } catch (const platform::ReadError&) {
-    } catch (const TooLong&) {
+    } catch (const fuzz::TooLong&) {
     }
     return 0;
 }

@@ -1,0 +1,1 @@
+vexlator_fuzz(shapefile LINK vexlator_import vexlator_export vexlator_drawing vexlator_config vexlator_platform)

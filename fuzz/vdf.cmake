@@ -1,0 +1,1 @@
+vexlator_fuzz(vdf LINK vexlator_vdfjson vexlator_drawing PkgConfig::XXHASH)
