@@ -106,7 +106,7 @@ ExitStatus Perform(const Options& options) {
 
 int main(int argc, char** argv) {
     using namespace vexlator;
-    platform::IgnoreBrokenPipes();
+    platform::IgnoreWriteSignals();
     std::span<const char* const> arguments(argv, static_cast<std::size_t>(argc));
     return static_cast<int>(Perform(ParseOptions(arguments.subspan(argc > 0 ? 1 : 0))));
 }

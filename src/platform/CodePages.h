@@ -15,7 +15,9 @@ bool IsAscii(std::string_view text);
 bool IsUtf8(std::string_view text);
 
 /// Whether a byte of a UTF-8 text goes on with the character that began before it.
-constexpr bool ContinuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
+constexpr bool ContinuesCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
 std::size_t CountCharacters(std::string_view utf8);
 /// The start of a UTF-8 text that has at most `most` characters.
 std::string_view FirstCharacters(std::string_view utf8, std::size_t most);

@@ -89,7 +89,10 @@ public:
     static constexpr std::size_t BufferSize = std::size_t{1} << 20;
 
 private:
+    friend class OutputSet;
     void Flush();
+    /// Moves a finished file into place.
+    void Place();
     void Put(const char* data, std::size_t size);
     [[noreturn]] void Fail(int error) const;
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Files.h"
 #include "platform/NativeFiles.h"
+#include "platform/OutputSet.h"
 #include "platform/Paths.h"
 
 #include <atomic>
@@ -9,6 +10,8 @@
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
+#include <set>
+#include <string>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
@@ -155,10 +158,30 @@ void OutputFile::Finish() {
 
 void OutputFile::Commit() {
     Finish();
+    Place();
+    SyncFolder(FolderPart(target_));
+}
+
+void OutputFile::Place() {
     if (::rename(temporary_.c_str(), target_.c_str()) != 0) Fail(errno);
     ::close(std::exchange(descriptor_, -1));
     if (otherCases_ == OtherCases::Replace) RemoveOtherCases(target_);
-    SyncFolder(FolderPart(target_));
+}
+
+void OutputSet::FinishSoFar() {
+    for (; finished_ < files_.size(); ++finished_) files_[finished_].Finish();
+}
+
+void OutputSet::Commit() {
+    FinishSoFar();
+    std::set<std::string> folders;
+    for (OutputFile& file : files_) {
+        file.Place();
+        folders.insert(FolderPart(file.Name()));
+    }
+    for (const std::string& folder : folders) SyncFolder(folder);
+    files_.clear();
+    finished_ = 0;
 }
 
 void ReplaceFile(std::string_view path, std::string_view content) {

@@ -17,16 +17,9 @@ public:
     /// A new file of the set. The reference stays good. @throws WriteError
     OutputFile& Add(std::string_view path) { return files_.emplace_back(path); }
     /// Syncs what has been written, so that its buffers are free while further files are added.
-    void FinishSoFar() {
-        for (; finished_ < files_.size(); ++finished_) files_[finished_].Finish();
-    }
+    void FinishSoFar();
     /// Puts all files into place. @throws WriteError
-    void Commit() {
-        FinishSoFar();
-        for (OutputFile& file : files_) file.Commit();
-        files_.clear();
-        finished_ = 0;
-    }
+    void Commit();
 
 private:
     std::deque<OutputFile> files_;

@@ -22,8 +22,9 @@ std::size_t TerminalWidth(std::FILE* stream) {
     return told ? size.ws_col : 80;
 }
 
-void IgnoreBrokenPipes() {
+void IgnoreWriteSignals() {
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 }  // namespace vexlator::platform
