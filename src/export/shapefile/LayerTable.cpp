@@ -3,7 +3,7 @@
 #include "export/shapefile/LayerTable.h"
 
 #include "drawing/FieldMapping.h"
-#include "platform/CodePages.h"
+#include "export/LayerEncoding.h"
 #include "util/Text.h"
 
 #include <algorithm>
@@ -27,25 +27,6 @@ std::vector<DbfColumn> ColumnsOf(config::Session& session, const ExportLayer& la
     return columns;
 }
 
-/// The plainest encoding that holds every value of the layer and every column name.
-DbfWriter::Encoding EncodingFor(const ExportLayer& layer, const std::vector<DbfColumn>& columns) {
-    bool ascii = true, windows = true;
-    auto look = [&](std::string_view text) {
-        if (platform::IsAscii(text)) return;
-        ascii = false;
-        windows = windows && platform::FitsWindows1252(text);
-    };
-    for (const DbfColumn& column : columns) look(column.name);
-    for (std::uint32_t index : layer.set.indexes()) {
-        if (!windows) break;
-        drawing::XProperties properties = layer.set.entity(index).xproperties();
-        if (platform::IsAscii(properties.encoded())) continue;
-        for (drawing::ValueCursor values = properties.values(); !values.AtEnd();) look(values.Next());
-    }
-    if (!windows) return DbfWriter::Encoding::Utf8;
-    return ascii ? DbfWriter::Encoding::Ascii : DbfWriter::Encoding::Windows1252;
-}
-
 /// How many entities of the layer a shapefile takes.
 std::uint64_t RecordsOf(const ExportLayer& layer) {
     return static_cast<std::uint64_t>(std::ranges::count_if(layer.set.indexes(), [&](std::uint32_t index) {
@@ -59,7 +40,9 @@ std::uint64_t RecordsOf(const ExportLayer& layer) {
 DbfWriter MakeWriter(config::Session& session, const ExportLayer& layer, const std::string& basePath,
                      platform::OutputSet& files) {
     std::vector<DbfColumn> columns = ColumnsOf(session, layer);
-    DbfWriter::Encoding encoding = EncodingFor(layer, columns);
+    std::vector<std::string> names;
+    for (const DbfColumn& column : columns) names.push_back(column.name);
+    DbfWriter::Encoding encoding = EncodingFor(layer, names);
     files.Add(basePath + ".CPG").Write(encoding == DbfWriter::Encoding::Utf8 ? "UTF-8" : "1252");
     return {files.Add(basePath + ".DBF"), std::move(columns), encoding, RecordsOf(layer)};
 }

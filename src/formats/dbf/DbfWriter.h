@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "formats/TextEncoding.h"
 #include "platform/Files.h"
 
 #include <cstddef>
@@ -27,8 +28,8 @@ struct DbfColumn {
 /// @throws platform::WriteError, also for a table that would pass 2 GB
 class DbfWriter {
 public:
-    enum class Encoding { Ascii, Windows1252, Utf8 };  ///< Ascii: the caller knows that every value is
-    static constexpr std::size_t mostColumns = 256;    ///< further ones are left out
+    using Encoding = TextEncoding;
+    static constexpr std::size_t mostColumns = 256;  ///< further ones are left out
 
     /// `records` is how many will follow: a table that would be too large is refused before it is written.
     DbfWriter(platform::OutputFile& file, std::vector<DbfColumn> columns, Encoding encoding,

@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "export/LayerLoop.h"
+#include "formats/TextEncoding.h"
+
+#include <span>
+#include <string>
+
+namespace vexlator::exporter {
+
+/// The plainest encoding that holds every value of the layer and all of `names`, for formats that can tell
+/// which one they are in.
+formats::TextEncoding EncodingFor(const ExportLayer& layer, std::span<const std::string> names);
+
+}  // namespace vexlator::exporter

@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Session.h"
+#include "drawing/AttributeTemplate.h"
+#include "drawing/Drawing.h"
+#include "export/LayerLoop.h"
+#include "formats/mif/MifWriter.h"
+#include "platform/OutputSet.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vexlator::exporter {
+
+/// What the MIF/MID export is set to, from [MID] of gv.ini.
+struct MifSettings {
+    std::string coordSys =
+        "CoordSys Earth Projection 8, 79, \"m\", -2, 49, 0.9996012717, 400000, -100000 "
+        "Bounds (-7845061.1011, -15524202.1641) (8645061.1011, 4470074.53373)";
+    bool strict = false;  ///< everything is written so that readers that refuse half a record take it
+};
+
+/// The column type of a template field, widths as the template has them. With `strict`, what the template
+/// leaves open is filled in.
+std::string MifColumnType(const drawing::AtpField& field, bool strict);
+
+/// The MIF/MID pair of one layer while it is written. Values go to columns by position.
+class MifLayer {
+public:
+    MifLayer(config::Session& session, const MifSettings& settings, const ExportLayer& layer,
+             std::string_view targetPath, platform::OutputSet& files);
+
+    /// Writes the entities; those that are no point, symbol, circle or polyline are left out. Returns how
+    /// many objects.
+    std::uint64_t Write(ui::FormView& view);
+
+private:
+    /// False for a kind that is left out.
+    bool AddObject(drawing::Entity entity);
+    void AddPolyline(drawing::Entity entity);
+    void AddRow(drawing::Entity entity);
+    void Report(std::uint64_t objects);
+
+    config::Session& session_;
+    const MifSettings& settings_;
+    const ExportLayer& layer_;
+    std::vector<formats::MifColumn> columns_;
+    formats::MifWriter writer_;
+    std::uint64_t incomplete_ = 0;  ///< records that strict readers refuse
+};
+
+}  // namespace vexlator::exporter

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Outcome.h"
+#include "config/Session.h"
+
+#include <string_view>
+
+namespace vexlator::exporter {
+
+/// A drawing becomes MapInfo interchange files: a .MIF with its .MID for every layer that holds entities,
+/// named after the layer. Layer "0" is left out.
+class frmMID {
+public:
+    explicit frmMID(config::Session& session) : session_(session) {}
+
+    /// Writes into the folder `targetPath`, which exists. The files appear together at the end.
+    /// @throws platform::ReadError for a drawing or template that cannot be read, platform::WriteError
+    config::Outcome Start(std::string_view drawingPath, std::string_view targetPath);
+
+private:
+    config::Session& session_;
+};
+
+}  // namespace vexlator::exporter

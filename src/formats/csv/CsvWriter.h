@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "formats/TextEncoding.h"
+#include "platform/Files.h"
+#include "util/Angles.h"
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+/// Delimited text for spreadsheets and other programs, written.
+namespace vexlator::formats {
+
+struct CsvLayout {
+    char separator = ',';        ///< or a tab
+    bool quote = false;          ///< RFC 4180 quoting; else every "," inside a text becomes the separator
+    bool safeFormulas = false;   ///< texts that a spreadsheet would run get a ' in front, which shows them
+    bool byteOrderMark = false;  ///< the file is UTF-8 and says so; else it is Windows-1252
+};
+
+/// Positions of one geometry, as they are to be written.
+struct CsvCoordinates {
+    std::span<const util::PlanePoint> points;
+    std::span<const double> heights;  ///< empty: all are 0
+    int decimals = 3;                 ///< of x and y, 0 to 15; heights have three
+    bool list = false;                ///< a ":" follows each position
+};
+
+/// Writes rows, field by field, into a file that the caller commits. Lines end in CR LF.
+/// @throws platform::WriteError
+class CsvWriter {
+public:
+    CsvWriter(platform::OutputFile& file, const CsvLayout& layout);
+
+    void AddText(std::string_view text);
+    /// A formula by which a spreadsheet opens the target.
+    void AddHyperlink(std::string_view target);
+    /// "x y z" as one field or, when they are `spread`, x, y and z as fields of their own. Positions of a
+    /// list follow each other without a separator in between.
+    void AddCoordinates(const CsvCoordinates& coordinates, bool spread);
+    void EndRow();
+
+    /// Whether any row has been written.
+    bool HasRows() const { return hasRows_; }
+    /// Characters replaced so far, because the file's encoding lacks them.
+    std::uint64_t Replaced() const { return encoder_.Replaced(); }
+
+private:
+    void BeginField();
+    void AddPosition(const util::PlanePoint& point, double height, int decimals, char between);
+    void Write(std::string_view text);
+    /// Puts a ' before what a spreadsheet would run.
+    std::string_view MadeSafe(std::string_view text, bool isFormula);
+
+    platform::OutputFile& file_;
+    CsvLayout layout_;
+    TextEncoder encoder_;
+    std::string formula_, safe_, written_;
+    bool rowBegun_ = false, hasRows_ = false;
+};
+
+}  // namespace vexlator::formats

@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "formats/TextEncoding.h"
+#include "platform/Files.h"
+#include "util/Angles.h"
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// MapInfo interchange files (.MIF with a row for each object in .MID), written. Layout facts: the published
+/// MapInfo interchange format.
+namespace vexlator::formats {
+
+struct MifColumn {
+    std::string name;  ///< blanks become "_"
+    std::string type;  ///< as in "Char(32)"
+};
+
+struct MifHeader {
+    std::string coordSys;  ///< the whole line
+    std::vector<MifColumn> columns;
+    TextEncoding encoding = TextEncoding::Windows1252;  ///< the header tells it
+};
+
+/// Writes objects and their rows into two files that the caller commits: an object, its values, EndRow().
+/// Lines end in CR LF, coordinates have three decimals. @throws platform::WriteError
+class MifWriter {
+public:
+    MifWriter(platform::OutputFile& mif, platform::OutputFile& mid, const MifHeader& header);
+
+    /// An object without geometry.
+    void AddNone();
+    void AddPoint(const util::PlanePoint& point);
+    void AddPolyline(std::span<const util::PlanePoint> points);
+    /// An area with one ring, which is written as it stands.
+    void AddRegion(std::span<const util::PlanePoint> points);
+
+    /// The next value of the row, in quotes when it holds the delimiter, a quote or a line end.
+    void AddValue(std::string_view value);
+    void EndRow();
+
+private:
+    void WriteHeader(const MifHeader& header);
+    void WriteCount(std::string_view before, std::size_t count);
+    void WriteCoordinates(std::string_view before, const util::PlanePoint& point);
+
+    platform::OutputFile& mif_;
+    platform::OutputFile& mid_;
+    TextEncoder encoder_;
+    std::string quoted_;
+    bool rowBegun_ = false;
+};
+
+}  // namespace vexlator::formats
