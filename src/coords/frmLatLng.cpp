@@ -133,6 +133,10 @@ std::size_t frmLatLng::LatLngToGrid(std::span<util::PlanePoint> points, std::spa
     return ConvertWhole(*backend_, Direction::ToGrid, {points, heights}, rounding);
 }
 
+std::optional<int> frmLatLng::HeightDecimals() const {
+    return backend_->GridDecimals();
+}
+
 std::string frmLatLng::HeightText(double height) const {
     return GridText(height, backend_->GridDecimals());
 }

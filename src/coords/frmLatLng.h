@@ -61,6 +61,8 @@ public:
     std::size_t LatLngToGrid(std::span<util::PlanePoint> points, std::span<double> heights = {},
                              Rounding rounding = Rounding::AsText);
 
+    /// Decimals of heights in the texts above; nothing: as many as they need.
+    std::optional<int> HeightDecimals() const;
     /// A height as the texts above have it.
     std::string HeightText(double height) const;
 

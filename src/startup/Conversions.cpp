@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "startup/Conversions.h"
 
+#include "export/kml/frmKML.h"
+#include "export/meter/frmCAW.h"
+#include "export/csv/frmCSV.h"
+#include "export/mif/frmMID.h"
 #include "export/shapefile/frmSHP.h"
 #include "import/job/frmFromJOB.h"
 #include "import/shapefile/frmFromSHP.h"
@@ -26,6 +30,11 @@ config::Outcome Export(config::Session& session, const ExportCommand& command) {
     return Form(session).Start(command.drawingPath, command.targetPath);
 }
 
+template <int asc>
+config::Outcome ExportText(config::Session& session, const ExportCommand& command) {
+    return exporter::frmCSV(session).Start(command.drawingPath, command.targetPath, asc);
+}
+
 constexpr std::array importRows{
     ImportRow{"MID", "frmFromMID", nullptr},
     ImportRow{"SHP", "frmFromSHP", Import<importer::frmFromSHP>},
@@ -45,15 +54,15 @@ constexpr std::array importRows{
 };
 
 constexpr std::array exportRows{
-    ExportRow{"MID", "frmMID", nullptr},
+    ExportRow{"MID", "frmMID", Export<exporter::frmMID>},
     ExportRow{"SHP", "frmSHP", Export<exporter::frmSHP>},
     ExportRow{"DWG", "frmDWG", nullptr},
     ExportRow{"DXF", "frmDWG", nullptr},
     ExportRow{"DGN", "frmDWG", nullptr},
     ExportRow{"GRP", "frmGRP", nullptr},
-    ExportRow{"CSV", "frmCSV", nullptr},
-    ExportRow{"ASC", "frmCSV", nullptr},
-    ExportRow{"KML", "frmKML", nullptr},
+    ExportRow{"CSV", "frmCSV", ExportText<0>},
+    ExportRow{"ASC", "frmCSV", ExportText<1>},
+    ExportRow{"KML", "frmKML", Export<exporter::frmKML>},
     ExportRow{"DBF", "frmDBF", nullptr},
     ExportRow{"OV2", "frmTom", nullptr},
     ExportRow{"GML", "frmGML", nullptr},
@@ -63,7 +72,7 @@ constexpr std::array exportRows{
     ExportRow{"TAB", "frmTAB", nullptr},
     ExportRow{"MDB", "frmMDB", nullptr},
     ExportRow{"ENV", "frmENV", nullptr},
-    ExportRow{"CAW", "frmCAW", nullptr},
+    ExportRow{"CAW", "frmCAW", Export<exporter::frmCAW>},
     ExportRow{"XLS", "frmXLS", nullptr},
     ExportRow{"PDB", "frmESRI", nullptr},
     ExportRow{"MXD", "frmESRI", nullptr},

@@ -107,6 +107,11 @@ ExportAsHyperlinks=
 ; Flag: photo links of KML exports are for web maps. Default: off.
 GoogleMaps=0
 
+[KML]
+; Web address below which photographs are published, in the folder that Company names, when GoogleMaps is on.
+; Default: addresses relative to the KML.
+WebBase=
+
 [CSV]
 ; Flag: one file per feature code instead of one per drawing. Default: off.
 SepFiles=0
@@ -122,8 +127,15 @@ LatLng=0
 SuppressNA=0
 ; Flag: coordinates again as columns of their own at the end of the row. Default: off.
 MultiXYZ=0
-; Decimal places of x and y. Default: the exporter's own.
+; Decimal places of x and y, 0 to 15. Default: 3.
 DP=
+; Flag: fields are quoted as RFC 4180 has it; else commas inside values become separators. Default: off.
+Quote=0
+; Flag: values that begin with = + - or @ and are no numbers get a ' in front, so that spreadsheets show them
+; and never run them. For files that people open, not for those that programs read. Default: off.
+SafeFormulas=0
+; Flag: files are UTF-8 and begin with a byte-order mark; else they are Windows-1252. Default: off.
+BOM=0
 
 [CSVIN]
 ; Name of the east column; without a header its position from 0. Default: none; position 0.
@@ -178,6 +190,9 @@ AttribsVis=
 [MID]
 ; Coordinate system line of MIF and TAB exports. Default: the British National Grid.
 MIDMIFHEADER=
+; Flag: rows get a value for every column, and lines or areas of fewer than two vertices become points or no
+; objects, because some programs stop reading where that is not so. Default: off.
+Strict=0
 
 [TAB]
 ; Flag: TAB imports turn small areas into points. Default: off.

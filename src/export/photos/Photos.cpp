@@ -3,6 +3,7 @@
 #include "export/photos/Photos.h"
 
 #include "export/photos/PhotoFolders.h"
+#include "formats/QuotedText.h"
 #include "platform/CodePages.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
@@ -35,22 +36,6 @@ std::uint32_t LowerFour(const char* text) {
     return word | 0x20202020U;
 }
 
-/// Called for every value of the drawing: most hold no full stop, and are looked through once.
-bool NamesPhoto(std::string_view value) {
-    static const std::uint32_t jpg = LowerFour(".jpg"), bmp = LowerFour(".bmp");
-    const char* position = value.data();
-    const char* end = position + value.size();
-    while (end - position >= 4) {
-        position = static_cast<const char*>(
-            std::memchr(position, '.', static_cast<std::size_t>(end - position) - 3));
-        if (!position) return false;
-        std::uint32_t word = LowerFour(position);
-        if (word == jpg || word == bmp) return true;
-        ++position;
-    }
-    return false;
-}
-
 struct PhotoSettings {
     std::string source, target, falseTarget;
     bool copy = true, fullPath = false, list = false;
@@ -74,10 +59,10 @@ PhotoSettings ReadPhotoSettings(const config::Session& session, std::string_view
 }
 
 std::string CsvField(std::string_view text) {
-    if (text.find_first_of(",\"\r\n") == std::string_view::npos) return std::string(text);
-    std::string quoted = "\"";
-    for (char c : text) quoted.append(c == '"' ? 2 : 1, c);
-    return quoted + '"';
+    if (!formats::NeedsQuotes(text, ',')) return std::string(text);
+    std::string quoted;
+    formats::AppendQuoted(quoted, text);
+    return quoted;
 }
 
 /// Gathers the photos of one drawing.
@@ -170,6 +155,22 @@ std::string PathBelow(std::string_view path, std::string_view folder) {
 }
 
 }  // namespace
+
+/// Called for every value of a drawing: most hold no full stop, and are looked through once.
+bool NamesPhoto(std::string_view value) {
+    static const std::uint32_t jpg = LowerFour(".jpg"), bmp = LowerFour(".bmp");
+    const char* position = value.data();
+    const char* end = position + value.size();
+    while (end - position >= 4) {
+        position = static_cast<const char*>(
+            std::memchr(position, '.', static_cast<std::size_t>(end - position) - 3));
+        if (!position) return false;
+        std::uint32_t word = LowerFour(position);
+        if (word == jpg || word == bmp) return true;
+        ++position;
+    }
+    return false;
+}
 
 void ReadJobSource(config::Session& session,
                    const std::vector<std::pair<std::string, std::string>>& properties) {

@@ -18,8 +18,11 @@ namespace vexlator::exporter {
 void ReadJobSource(config::Session& session,
                    const std::vector<std::pair<std::string, std::string>>& properties);
 
-/// Copies the photographs that the drawing's points, symbols and lines name in their attributes (values that
-/// hold .JPG or .BMP) from `sourceFolder` to `targetFolder`, as section PHOTO of gv.ini directs:
+/// Whether an attribute value names a photograph: it holds .JPG or .BMP, in any letter case.
+bool NamesPhoto(std::string_view value);
+
+/// Copies the photographs that the drawing's points, symbols and lines name in their attributes from
+/// `sourceFolder` to `targetFolder`, as section PHOTO of gv.ini directs:
 ///   FixedExport, FixedExportFolder   copy to that folder instead
 ///   FIXEDSOURCE                      take them from that folder instead
 ///   DontCopy                         copy nothing: all count as missing

@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Session.h"
+#include "coords/frmLatLng.h"
+#include "drawing/Drawing.h"
+#include "export/LayerLoop.h"
+#include "formats/kml/KmlWriter.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vexlator::exporter {
+
+/// What the KML export is set to, from [GENERAL], [PHOTO] and [KML] of gv.ini.
+struct KmlSettings {
+    bool web = false;          ///< photographs lie on a web server, with thumbnails beside them
+    std::string photoAddress;  ///< web: what stands before a photograph's name; encoded, ends in "/" or empty
+};
+
+/// The placemarks of one layer: its points, symbols and polylines, positions converted to degrees.
+class KmlLayer {
+public:
+    KmlLayer(config::Session& session, const KmlSettings& settings, coords::frmLatLng& converter,
+             const ExportLayer& layer, formats::KmlWriter& writer);
+
+    /// Returns how many placemarks.
+    std::uint64_t Write(ui::FormView& view);
+
+private:
+    /// One entity of a batch whose positions are gathered to be converted at once.
+    struct Item {
+        drawing::Entity entity;
+        std::size_t positions;
+        bool closed;
+    };
+
+    void Gather(drawing::Entity entity);
+    void CloseRing(std::size_t begin);
+    void ConvertBatch();
+    void WriteBatch();
+    void WriteDescription(drawing::Entity entity);
+    void CountReplaced(drawing::Entity entity, std::size_t value, std::uint64_t characters);
+    void WritePhoto(std::string_view value);
+    void WriteGeometry(const Item& item, std::size_t begin);
+
+    config::Session& session_;
+    const KmlSettings& settings_;
+    coords::frmLatLng& converter_;
+    const ExportLayer& layer_;
+    formats::KmlWriter& writer_;
+    std::vector<Item> items_;
+    std::vector<util::PlanePoint> points_;
+    std::vector<double> heights_;
+    std::uint64_t unplaced_ = 0;
+};
+
+}  // namespace vexlator::exporter

@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "export/kml/frmKML.h"
+
+#include "coords/frmLatLng.h"
+#include "export/LayerLoop.h"
+#include "export/kml/KmlLayer.h"
+#include "export/kml/PhotoNames.h"
+#include "export/kml/Thumbnails.h"
+#include "formats/kml/KmlWriter.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "util/Paths.h"
+#include "util/Programs.h"
+
+#include <memory>
+#include <string>
+
+namespace vexlator::exporter {
+
+namespace {
+
+std::string WithSlash(std::string text) {
+    if (!text.empty() && !text.ends_with('/')) text += '/';
+    return text;
+}
+
+KmlSettings ReadSettings(const config::Session& session) {
+    KmlSettings settings;
+    settings.web = session.ReadIniFlag("PHOTO", "GoogleMaps");
+    settings.photoAddress = WithSlash(EncodedAddress(session.ReadIni("KML", "WebBase"))) +
+                            WithSlash(EncodedPath(session.ReadIni("GENERAL", "Company")));
+    return settings;
+}
+
+}  // namespace
+
+config::Outcome frmKML::Start(std::string_view drawingPath, std::string_view targetPath) {
+    std::unique_ptr<ui::FormView> view = session_.Ui().ShowForm("frmKML");
+    std::string name = util::BaseNameOf(drawingPath);
+    view->SetCaption(":" + name);
+    config::Outcome outcome;
+    outcome.target = util::JoinPath(targetPath, name + ".KML");
+    drawing::Drawing drawing;
+    if (!OpenForExport(session_, drawing, drawingPath, targetPath)) {
+        outcome.status = config::Outcome::Status::StoppedByUser;
+        return outcome;
+    }
+    KmlSettings settings = ReadSettings(session_);
+    if (settings.web) MakeThumbnails(session_, targetPath);
+    coords::frmLatLng converter(session_);
+    platform::OutputFile file(outcome.target);
+    formats::KmlWriter writer(file, name, converter.HeightDecimals());
+    outcome.layers = ForEachLayer(session_, drawing, *view, LayerZero::Skip, [&](const ExportLayer& layer) {
+        outcome.features += KmlLayer(session_, settings, converter, layer, writer).Write(*view);
+    });
+    writer.Finish();
+    file.Commit();
+    if (session_.Settings().AutoLaunchExport) Launch(settings.web, outcome.target);
+    util::Pause(session_.Ui(), 1);
+    return outcome;
+}
+
+void frmKML::Launch(bool web, std::string_view kmlPath) {
+    bool publish = web && !session_.Settings().Quiet && session_.Ui().AskYesNo("Publish files on web now?");
+    if (publish)
+        Publish(kmlPath);
+    else
+        util::OpenDocument(kmlPath);
+}
+
+void frmKML::Publish(std::string_view kmlPath) {
+    std::string program = util::JoinPath(session_.Settings().ConfigFolder, "gvSync.exe");
+    std::string command =
+        "\"" + program + "\" /FTPkml \"" + platform::NativePath(platform::AbsolutePath(kmlPath)) + "\"";
+    if (util::RunAndWait(command, session_.Ui()) < 0)
+        session_.Ui().ShowMessage(platform::NativePath(program) + ": cannot be started");
+}
+
+}  // namespace vexlator::exporter

@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Outcome.h"
+#include "config/Session.h"
+
+#include <string_view>
+
+namespace vexlator::exporter {
+
+/// A drawing becomes one KML document in latitude and longitude for virtual globes, with thumbnails of its
+/// photographs where these are published on a web server.
+class frmKML {
+public:
+    explicit frmKML(config::Session& session) : session_(session) {}
+
+    /// Writes the file, named after the drawing, into the folder `targetPath`, which exists.
+    /// @throws platform::ReadError for a drawing that cannot be read, platform::WriteError
+    config::Outcome Start(std::string_view drawingPath, std::string_view targetPath);
+
+private:
+    void Launch(bool web, std::string_view kmlPath);
+    void Publish(std::string_view kmlPath);
+
+    config::Session& session_;
+};
+
+}  // namespace vexlator::exporter

@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "export/meter/MeterReadings.h"
+
+#include "platform/CodePages.h"
+#include "util/Dates.h"
+#include "util/Numbers.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vexlator::exporter {
+
+namespace {
+
+constexpr std::string_view noPosition = "000000000000";
+
+/// Without its fraction; 0 for what is no number.
+std::int64_t CutToWhole(double value) {
+    constexpr double most = 1e15;  // far beyond any grid, far within the result
+    return std::isnan(value) ? 0 : static_cast<std::int64_t>(std::clamp(value, -most, most));
+}
+
+/// Builds the lines of a layer's file.
+class MeterLines {
+public:
+    MeterLines(config::Session& session, std::string_view layer, platform::OutputFile& file)
+        : session_(session), layer_(layer), file_(file) {}
+
+    void Header(std::string_view drawingName, std::size_t entities) {
+        file_.Write("mr," + util::SlashDateText(session_.Now()) + ",");
+        Field("", drawingName, ',');
+        file_.Write("," + std::to_string(entities) + ",mr\r\n");
+    }
+
+    void Meter(drawing::Entity entity) {
+        file_.Write("cr,");
+        for (const char* name : {"MeterRef", "Reading", "Date"}) {
+            Field(name, Value(entity, name), ',');
+            file_.Write(",");
+        }
+        std::string reference = MeterGridReference(entity.insertionPoint());
+        bool misplaced = reference != noPosition && reference != Value(entity, "GPS");
+        Field("Remarks", misplaced ? reference : Value(entity, "Remarks"), '\n');
+        file_.Write("\r\n");
+    }
+
+private:
+    static std::string_view Value(drawing::Entity entity, std::string_view name) {
+        std::optional<drawing::XProperty> property = entity.xproperties().find(name);
+        return property ? property->value() : "";
+    }
+
+    /// Line ends and the character that ends the field become blanks.
+    void Field(std::string_view name, std::string_view value, char end) {
+        std::uint64_t replaced = 0;
+        std::string text = platform::Windows1252FromUtf8(value, &replaced);
+        for (char& c : text) {
+            if (c != '\r' && c != '\n' && c != end) continue;
+            c = ' ';
+            ++replaced;
+        }
+        file_.Write(text);
+        if (replaced > 0) session_.Losses().Count(config::LossReport::Kind::Replaced, layer_, name, replaced);
+    }
+
+    config::Session& session_;
+    std::string_view layer_;
+    platform::OutputFile& file_;
+};
+
+}  // namespace
+
+std::string MeterGridReference(const drawing::Point& position) {
+    return util::ZeroPadded(CutToWhole(position.x), 6) + util::ZeroPadded(CutToWhole(position.y), 6);
+}
+
+std::uint64_t WriteMeterReadings(config::Session& session, const ExportLayer& layer,
+                                 std::string_view drawingName, platform::OutputFile& file) {
+    MeterLines lines(session, layer.layer.name, file);
+    lines.Header(drawingName, layer.set.count());
+    std::uint64_t meters = 0;
+    for (std::uint32_t index : layer.set.indexes()) {
+        drawing::Entity entity = layer.set.entity(index);
+        drawing::Kind kind = entity.kindCode();
+        if (kind != drawing::Kind::Insert && kind != drawing::Kind::Point) continue;
+        lines.Meter(entity);
+        ++meters;
+    }
+    return meters;
+}
+
+}  // namespace vexlator::exporter

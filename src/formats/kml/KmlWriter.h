@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Files.h"
+#include "util/Angles.h"
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string_view>
+
+/// KML 2.1 documents, written. Facts: the published KML 2.1 reference and schema.
+namespace vexlator::formats {
+
+enum class KmlShape {
+    Point,  ///< one position
+    Line,   ///< two or more
+    Area    ///< a ring: four or more, the last like the first
+};
+
+/// Writes one document of placemarks into a file that the caller commits. A placemark is BeginPlacemark(),
+/// the rows of its description, EndDescription(), at most one AddGeometry(), EndPlacemark(). Texts may hold
+/// anything.
+/// @throws platform::WriteError
+class KmlWriter {
+public:
+    /// Heights have that many decimals; nothing: their shortest form.
+    KmlWriter(platform::OutputFile& file, std::string_view documentName, std::optional<int> heightDecimals);
+
+    void BeginPlacemark(std::string_view name);
+    /// A row of the description. Returns how many characters of the value XML cannot hold; they become "?".
+    std::uint64_t AddValue(std::string_view value);
+    /// A row with a picture.
+    void AddImage(std::string_view address);
+    /// `fullSize` is the address that a link below the rows leads to; empty: no link.
+    void EndDescription(std::string_view fullSize = "");
+    /// x is the longitude, y the latitude, in decimal degrees; heights in metres, one for each position.
+    void AddGeometry(KmlShape shape, std::span<const util::PlanePoint> positions,
+                     std::span<const double> heights);
+    void EndPlacemark();
+    /// Ends the document.
+    void Finish();
+
+private:
+    void AddCoordinates(std::span<const util::PlanePoint> positions, std::span<const double> heights);
+
+    platform::OutputFile& file_;
+    std::optional<int> heightDecimals_;
+};
+
+}  // namespace vexlator::formats
