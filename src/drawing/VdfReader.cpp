@@ -241,7 +241,7 @@ private:
         if (!kinds.AllBelow(static_cast<std::size_t>(Kind::Other) + 1) ||
             !layers.AllBelow(drawing_.layerCount()) || !styles.AllBelow(drawing_.styles_.size()) ||
             !shapes.AllBelow(drawing_.shapes_.size()) || !sets.AllBelow(sets_.size()) ||
-            !flags.AllBelow(2 * vdf::sameTexts))
+            !flags.AllBelow(std::size_t{2} * vdf::sameTexts))
             Damaged(place, "a column refers to something that does not exist");
 
         Cursor cursor = CopyArenas(place, chunk);

@@ -87,7 +87,7 @@ void LogAction(config::Session& session, Connection& connection, const Table& lo
 
 void SetStatus(Connection& connection, const Table& headers, const Job& job, const std::string& action,
                const platform::DateTime& when) {
-    std::string status = headers.Column("Current Status"), change = headers.Column("LastChange");
+    const std::string &status = headers.Column("Current Status"), &change = headers.Column("LastChange");
     Statement update(connection, "UPDATE " + headers.Name() + " SET " + status + "=?, " + change +
                                      "=? WHERE " + KeyCondition(headers));
     update.Execute({action, when, job.job, job.project, job.engineer});
@@ -152,7 +152,7 @@ bool JobWasExported(config::Session& session, const std::string& engineer, const
     try {
         PrepareTables(session, *connection);
         Table log = TableOf(*connection, "ActionTbl");
-        std::string action = log.Column("ActionDesc");
+        const std::string& action = log.Column("ActionDesc");
         Statement find(*connection, "SELECT " + action + " FROM " + log.Name() + " WHERE " +
                                         KeyCondition(log) + " AND (" + action + " LIKE 'Exported to %' OR " +
                                         action + " LIKE 'CLOSED')");
