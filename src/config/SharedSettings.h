@@ -26,16 +26,16 @@ struct SharedSettings {
     bool ReProcessFieldNames = false;
     bool CreateZip = false;
     bool DebugMode = false;
-    std::string InOutLog;          ///< path of the run log; empty: none
-    std::string SHORTENFIELDSON;   ///< separator at which values are cut short; empty: off
+    std::string InOutLog;         ///< path of the run log; empty: none
+    std::string SHORTENFIELDSON;  ///< separator at which values are cut short; empty: off
     bool Quiet = false;
     bool RunMinimised = false;
     ImportExtentBox ImportExtent;
 
     // Filled by an exporter while it runs, read by the steps that follow an export.
-    std::string JobSourcePath;     ///< the job the drawing came from
-    std::string JobRelativePath;   ///< the same below WorkFlowDirectory, without it; else empty
-    std::string MissingPhotos;     ///< one line per photograph that was not found
+    std::string JobSourcePath;    ///< the job the drawing came from
+    std::string JobRelativePath;  ///< the same below WorkFlowDirectory, without it; else empty
+    std::string MissingPhotos;    ///< one line per photograph that was not found
 };
 
 }  // namespace vexlator::config

@@ -47,7 +47,8 @@ public:
     /// @throws platform::ReadError without a file name: byte, record and reason
     bool Next(ShapeRecord& record);
     /// Entries of the index: up to where its header says that the file ends, where that lies within it, since
-    /// writers that shorten a file in place leave old entries behind its end; else up to the end of the bytes.
+    /// writers that shorten a file in place leave old entries behind its end; else up to the end of the
+    /// bytes.
     std::size_t RecordCount() const { return recordCount_; }
     std::size_t ShpSize() const { return shp_.size(); }
 
