@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "startup/Conversions.h"
 
+#include "export/csv/frmCSV.h"
 #include "export/kml/frmKML.h"
 #include "export/meter/frmCAW.h"
-#include "export/csv/frmCSV.h"
 #include "export/mif/frmMID.h"
 #include "export/shapefile/frmSHP.h"
 #include "import/job/frmFromJOB.h"
