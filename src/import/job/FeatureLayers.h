@@ -40,7 +40,7 @@ public:
     const FeatureTemplate& Current() const { return *current_; }
     /// The block for points; empty when no point code has been selected, or when there is no symbol.
     const std::string& SymbolBlock() const { return symbol_; }
-    /// The next SelectFeatureLayer() starts afresh: layers have been erased.
+    /// The next SelectFeatureLayer() starts afresh: the layer selected last is to be erased.
     void Forget() { current_ = nullptr; }
 
 private:

@@ -160,9 +160,8 @@ JobCounts JobToDrawing::ImportRecords(JobTable& table, std::string_view jobPath,
 
 void JobToDrawing::RemoveReferenceLayers() {
     for (std::string_view name : {"REFLINE", "REFPOINT"}) {
-        if (!drawing_.findLayer(name)) continue;
+        if (drawing_.activeLayerName() == name) layers_.Forget();
         drawing_.eraseLayer(name);
-        layers_.Forget();
     }
 }
 
