@@ -73,11 +73,18 @@ std::uint64_t MifLayer::Write(ui::FormView& view) {
         if (AddObject(entity)) {
             AddRow(entity);
             ++objects;
+            if (!IsComplete(entity)) ++incomplete_;
         }
         view.Progress(++done, layer_.set.count());
     }
     Report(objects);
     return objects;
+}
+
+bool MifLayer::IsComplete(Entity entity) const {
+    // An empty row is a row of one value.
+    bool hasRow = columns_.size() == 1 || entity.xproperties().count() >= columns_.size();
+    return hasRow && (entity.kindCode() != Kind::Polyline || entity.vertexCount() >= fewestVertices);
 }
 
 bool MifLayer::AddObject(Entity entity) {
@@ -99,9 +106,7 @@ bool MifLayer::AddObject(Entity entity) {
 
 void MifLayer::AddPolyline(Entity entity) {
     std::span<const util::PlanePoint> vertices = entity.planVertices();
-    bool complete = vertices.size() >= fewestVertices;
-    if (!complete) ++incomplete_;
-    if (complete || !settings_.strict)
+    if (vertices.size() >= fewestVertices || !settings_.strict)
         entity.isClosed() ? writer_.AddRegion(vertices) : writer_.AddPolyline(vertices);
     else if (vertices.empty())
         writer_.AddNone();
@@ -111,12 +116,10 @@ void MifLayer::AddPolyline(Entity entity) {
 
 void MifLayer::AddRow(Entity entity) {
     drawing::ValueCursor values = entity.xproperties().values();
-    std::size_t missing = columns_.size() - std::min(columns_.size(), values.Left());
+    std::size_t count = values.Left();
     while (!values.AtEnd()) writer_.AddValue(values.Next());
-    // An empty line is one value.
-    if (missing > 0 && columns_.size() > 1) ++incomplete_;
     if (settings_.strict)
-        for (; missing > 0; --missing) writer_.AddValue("");
+        for (; count < columns_.size(); ++count) writer_.AddValue("");
     writer_.EndRow();
 }
 

@@ -40,6 +40,8 @@ public:
     std::uint64_t Write(ui::FormView& view);
 
 private:
+    /// Whether strict readers take the entity's object and row as they are.
+    bool IsComplete(drawing::Entity entity) const;
     /// False for a kind that is left out.
     bool AddObject(drawing::Entity entity);
     void AddPolyline(drawing::Entity entity);
@@ -51,7 +53,7 @@ private:
     const ExportLayer& layer_;
     std::vector<formats::MifColumn> columns_;
     formats::MifWriter writer_;
-    std::uint64_t incomplete_ = 0;  ///< records that strict readers refuse
+    std::uint64_t incomplete_ = 0;  ///< of the objects
 };
 
 }  // namespace vexlator::exporter

@@ -1,0 +1,210 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "export/csv/frmCSV.h"
+#include "support/ExportTest.h"
+
+namespace vexlator::exporter {
+namespace {
+
+using Files = std::vector<std::string>;
+
+class CsvExport : public test::ExportTest {
+protected:
+    /// The file of a drawing exported with these lines in section CSV.
+    std::string Csv(const std::string& settings = "", const std::string& others = "") {
+        Ini("[CSV]\r\n" + settings + "\r\n" + others);
+        Export<frmCSV>(0);
+        return Out("Survey.CSV");
+    }
+    /// The one value of a point, as a file without header and coordinates has it.
+    std::string Value(const std::string& value, const std::string& settings, const std::string& others = "") {
+        drawing.clear();
+        Give(On("CODE").addPoint({}), {{"A", value}});
+        std::string row = Csv("header=0\r\nCoords=0\r\n" + settings, others);
+        std::string before = "Point?CODE?";
+        EXPECT_GT(row.size(), before.size());
+        return row.substr(before.size(), row.size() - before.size() - 2);
+    }
+    void MakeSurvey() {
+        Give(On("TREE").addPoint({400000.12345, 300000.5, 12.5}), {{"NAME", "oak"}});
+        Give(drawing.addInsert({1, 2, 0}, "S", 1, 1, 0), {{"NAME", "a,b"}, {"PHOTO", "NA"}});
+        drawing.addText({}, "t", 1, 0);
+        std::vector<drawing::Point> line{{0, 0, 1}, {10.0006, 0, 2}, {10, 20, 0}};
+        Give(On("FENCE").addPolyline(line), {{"KIND", "x"}});
+        drawing.addPolyline();
+        drawing.addCircle({}, 1);
+    }
+};
+
+TEST_F(CsvExport, WritesABlockForEachLayer) {
+    MakeSurvey();
+    Give(On("0").addPoint({}), {{"A", "1"}});
+    EXPECT_EQ(Csv(),
+              "Geometry,Feature,Coords,NAME,PHOTO,\r\n"
+              "Point,TREE,400000.123 300000.500 12.500,oak\r\n"
+              "Point,TREE,1.000 2.000 0.000,a,b,NA\r\n"
+              "\r\n"
+              "Geometry,Feature,Coords,KIND,\r\n"
+              "Polyline,FENCE,0.000 0.000 1.000:10.001 0.000 2.000:10.000 20.000 0.000:,x\r\n"
+              "Polyline,FENCE,,\r\n");
+    EXPECT_EQ(OutFiles(), Files{"Survey.CSV"});
+    EXPECT_EQ(ui.labels, (Files{"TREE", "FENCE", "Completed!"}));
+}
+
+TEST_F(CsvExport, EverySettingOfTheLayout) {
+    MakeSurvey();
+    drawing.findLayer("FENCE")->frozen = true;
+    struct Case {
+        std::string settings, written;
+    };
+    const Case cases[] = {
+        {"DP=1\r\nheader=0",
+         "Point,TREE,400000.1 300000.5 12.500,oak\r\nPoint,TREE,1.0 2.0 0.000,a,b,NA\r\n"},
+        {"DP=0\r\nheader=0", "Point,TREE,400000 300001 12.500,oak\r\nPoint,TREE,1 2 0.000,a,b,NA\r\n"},
+        {"DP=99\r\nheader=0\r\nSuppressNA=1",
+         "Point,TREE,400000.123450000000000 300000.500000000000000 12.500,oak\r\n"
+         "Point,TREE,1.000000000000000 2.000000000000000 0.000,a,b,\r\n"},
+        {"Coords=0\r\nSeparator=TAB",
+         "Geometry\tFeature\tNAME\tPHOTO\t\r\nPoint\tTREE\toak\r\nPoint\tTREE\ta\tb\tNA\r\n"},
+        {"Coords=0\r\nMultiXYZ=1",
+         "Geometry,Feature,NAME,PHOTO,X,Y,Z\r\nPoint,TREE,oak,400000.123,300000.500,12.500,\r\n"
+         "Point,TREE,a,b,NA,1.000,2.000,0.000,\r\n"},
+        {"Separator=TAB\r\nMultiXYZ=1\r\nheader=0",
+         "Point\tTREE\t400000.123 300000.500 12.500\toak\t400000.123\t300000.500\t12.500\t\r\n"
+         "Point\tTREE\t1.000 2.000 0.000\ta\tb\tNA\t1.000\t2.000\t0.000\t\r\n"},
+        {"Coords=0\r\nQuote=1",
+         "Geometry,Feature,NAME,PHOTO,\r\nPoint,TREE,oak\r\nPoint,TREE,\"a,b\",NA\r\n"}};
+    for (const Case& c : cases) EXPECT_EQ(Csv(c.settings), c.written) << c.settings;
+}
+
+TEST_F(CsvExport, PolylinesSpreadTheirCoordinatesToo) {
+    std::vector<drawing::Point> line{{0, 0, 0}, {1, 2, 3}};
+    Give(On("LINE").addPolyline(line), {{"A", "1"}});
+    drawing.addPolyline();
+    EXPECT_EQ(Csv("header=0\r\nCoords=0\r\nMultiXYZ=1"),
+              "Polyline,LINE,1,0.000,0.000,0.000:1.000,2.000,3.000:,\r\nPolyline,LINE,,,\r\n");
+}
+
+TEST_F(CsvExport, AscIsTabbedWithoutCoordinatesWhateverTheSettings) {
+    MakeSurvey();
+    Ini("[CSV]\r\nSepFiles=1\r\nheader=0\r\nMultiXYZ=1\r\nSuppressNA=1\r\nQuote=1\r\nBOM=1\r\n");
+    Export<frmCSV>(1);
+    EXPECT_EQ(Out("Survey.ASC"),
+              "Geometry\tFeature\tNAME\tPHOTO\t\r\nPoint\tTREE\toak\r\nPoint\tTREE\ta\tb\tNA\r\n\r\n"
+              "Geometry\tFeature\tKIND\t\r\nPolyline\tFENCE\tx\r\nPolyline\tFENCE\t\r\n");
+    EXPECT_EQ(OutFiles(), Files{"Survey.ASC"});
+}
+
+TEST_F(CsvExport, FilesPerLayerReplaceTheFileOfTheDrawing) {
+    MakeSurvey();
+    folder.Write("out/Survey.CSV", "old");
+    Csv("SepFiles=1\r\nCoords=0");
+    EXPECT_EQ(OutFiles(), (Files{"FENCE.CSV", "TREE.CSV"}));
+    EXPECT_EQ(Out("FENCE.CSV"), "Geometry,Feature,KIND,\r\nPolyline,FENCE,x\r\nPolyline,FENCE,\r\n");
+    Give(On("SURVEY").addPoint({}), {{"A", "new"}});
+    Csv("SepFiles=1");
+    EXPECT_EQ(OutFiles(), (Files{"FENCE.CSV", "SURVEY.CSV", "TREE.CSV"}));
+    drawing.clear();
+    Csv();
+    EXPECT_EQ(OutFiles(), (Files{"FENCE.CSV", "TREE.CSV"})) << "nothing to export: the old file goes";
+}
+
+TEST_F(CsvExport, NamesMayBeginWithTheProject) {
+    session.Settings().WorkFlowDirectory = "C:\\Flow";
+    for (auto [source, name] : {std::pair("C:\\Flow\\eng\\P7\\job\\a.VDF", "P7_Survey.CSV"),
+                                std::pair("C:\\Flow\\eng\\a.VDF", "Survey.CSV"),
+                                std::pair("C:\\Other\\eng\\P7\\a.VDF", "Survey.CSV")}) {
+        std::filesystem::remove_all(folder / "out");
+        std::filesystem::create_directory(folder / "out");
+        session.Settings().JobRelativePath = "";
+        drawing.clear();
+        drawing.properties().emplace_back("Source", source);
+        On("CODE").addPoint({});
+        Csv("", "[GENERAL]\r\nPrefixExport=1\r\n");
+        EXPECT_EQ(OutFiles(), Files{name}) << source;
+    }
+}
+
+TEST_F(CsvExport, HostileValues) {
+    struct Case {
+        std::string value, plain, quoted;
+    };
+    const Case cases[] = {{"say \"hi\"", "say \"hi\"", "\"say \"\"hi\"\"\""},
+                          {"a,b", "a,b", "\"a,b\""},
+                          {"two\r\nlines", "two\r\nlines", "\"two\r\nlines\""},
+                          {"tab\there", "tab\there", "tab\there"},
+                          {"", "", ""},
+                          {"=1+1", "=1+1", "=1+1"}};
+    for (const Case& c : cases) {
+        EXPECT_EQ(Value(c.value, ""), c.plain);
+        EXPECT_EQ(Value(c.value, "Quote=1"), c.quoted);
+    }
+    EXPECT_EQ(Value("tab\there, x", "Quote=1\r\nSeparator=TAB"), "\"tab\there, x\"");
+    std::string large = std::string(1 << 21, 'x') + ",";
+    EXPECT_EQ(Value(large, "Separator=TAB"), std::string(1 << 21, 'x') + "\t");
+}
+
+TEST_F(CsvExport, SafeFormulasAreShownNotRun) {
+    struct Case {
+        std::string value, settings, written;
+    };
+    const Case cases[] = {{"=1+1", "", "'=1+1"},
+                          {"+44 161", "", "'+44 161"},
+                          {"-", "", "'-"},
+                          {"@SUM(A1)", "", "'@SUM(A1)"},
+                          {"-12.50", "", "-12.50"},
+                          {"+3e-5", "", "+3e-5"},
+                          {"-1+cmd|' /C calc'!A0", "", "'-1+cmd|' /C calc'!A0"},
+                          {"a=b", "", "a=b"},
+                          {"a,=b", "", "a,'=b"},
+                          {"a\n=b", "", "a\n'=b"},
+                          {"a\t=b", "", "a\t=b"},
+                          {"a\t=b", "Separator=TAB", "a\t'=b"},
+                          {"a,=b", "Quote=1", "\"a,=b\""},
+                          {"=\"a\"", "Quote=1", "\"'=\"\"a\"\"\""}};
+    for (const Case& c : cases) EXPECT_EQ(Value(c.value, "SafeFormulas=1\r\n" + c.settings), c.written);
+}
+
+TEST_F(CsvExport, PhotographsBecomeLinks) {
+    const std::string links = "[PHOTO]\r\nExportAsHyperlinks=x\r\n";
+    EXPECT_EQ(Value("sub\\a.jpg", "", links), "=hyperlink(\"sub\\a.jpg\")");
+    EXPECT_EQ(Value("a.bmp", "", links), "a.bmp");
+    EXPECT_EQ(Value("a.jpg", "SafeFormulas=1", links), "=hyperlink(\"a.jpg\")");
+    EXPECT_EQ(Value("a.jpg\")+cmd(\"", "SafeFormulas=1", links), "=hyperlink(\"a.jpg\"\")+cmd(\"\"\")");
+    EXPECT_EQ(Value("a.JPG", "Quote=1", links), "\"=hyperlink(\"\"a.JPG\"\")\"");
+}
+
+TEST_F(CsvExport, TextThatWindowsLacksIsCountedOrTheFileIsUtf8) {
+    EXPECT_EQ(Value("caf\xC3\xA9", ""), "caf\xE9");
+    EXPECT_TRUE(session.Losses().Empty());
+    EXPECT_EQ(Value("\xD0\x96 \xD0\x97", ""), "? ?");
+    EXPECT_EQ(session.Losses().Line(), "characters replaced: CODE.A 2");
+    Value("caf\xC3\xA9 \xD0\x96", "BOM=1");
+    EXPECT_EQ(Out("Survey.CSV"), "\xEF\xBB\xBFPoint,CODE,caf\xC3\xA9 \xD0\x96\r\n");
+}
+
+TEST_F(CsvExport, PointsInLatitudeAndLongitude) {
+    std::string definition = folder.Write("grid.txt", "EPSG:32630");
+    Give(On("CODE").addPoint({500000, 5000000, 7}), {{"A", "1"}});
+    drawing.addPoint({1e300, 0, 0});
+    std::vector<drawing::Point> line{{500000, 5000000, 0}};
+    drawing.addPolyline(line);
+    std::string others = "[GPS]\r\nTRANSFORMATION=" + definition + "\r\n";
+    std::string huge = "1" + std::string(300, '0');
+    EXPECT_EQ(Csv("DP=0\r\nLatLng=1\r\nCoords=0\r\nMultiXYZ=1", others),
+              "Geometry,Feature,A,Latitude,Longitude,Level\r\n"
+              "Point,CODE,1,45.153477,-3.000000,7.000,\r\n"
+              "Point,CODE,," +
+                  huge +
+                  ",0,0.000,\r\n"
+                  "Polyline,CODE,,500000,5000000,0.000:,\r\n");
+    ASSERT_EQ(ui.reports.size(), 1U);
+    EXPECT_TRUE(ui.reports[0].starts_with("CODE: 1 points lie outside")) << ui.reports[0];
+
+    definition = folder.Write("LatLng.txt", "x");
+    EXPECT_EQ(Csv("LatLng=1\r\nheader=0", "[GPS]\r\nTRANSFORMATION=" + definition + "\r\n").substr(0, 54),
+              "Point,CODE,5000000.000000 500000.000000 7.000,1\r\nPoint");
+}
+
+}  // namespace
+}  // namespace vexlator::exporter

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Outcome.h"
+#include "config/Session.h"
+#include "drawing/Drawing.h"
+#include "platform/Files.h"
+#include "support/TempFolder.h"
+#include "support/TestUi.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace vexlator::test {
+
+using Attributes = std::vector<std::pair<std::string, std::string>>;
+
+/// A drawing, an installation without settings, and the folder "out" that an export writes to.
+class ExportTest : public testing::Test {
+protected:
+    ExportTest() {
+        Ini("");
+        session.Settings().ConfigFolder = folder.Path();
+        session.Settings().ATPDirectory = folder / "ATP";
+        std::filesystem::create_directories(folder / "out");
+    }
+    void Ini(const std::string& text) { session.Settings().IniFilePath = folder.Write("gv.ini", text); }
+    void Template(const std::string& code, const std::string& lines) {
+        folder.Write("ATP/" + code + ".ATP", "[26,09]\r\n" + lines);
+    }
+    /// Puts what is added next on that layer.
+    drawing::Drawing& On(std::string_view layer) {
+        drawing.setActiveLayer(layer);
+        return drawing;
+    }
+    static void Give(drawing::Entity entity, const Attributes& attributes) {
+        for (const auto& [name, value] : attributes) entity.xproperties().add(name, value);
+    }
+    /// Exports the drawing as Survey.VDF; `more` are further arguments of Start.
+    template <typename Form, typename... More>
+    config::Outcome Export(More... more) {
+        drawing.saveAs(folder / "Survey.VDF");
+        return Form(session).Start(folder / "Survey.VDF", folder / "out", more...);
+    }
+    std::string Out(const std::string& name) const { return TempFolder::Read(folder / ("out/" + name)); }
+    std::vector<std::string> OutFiles() const { return platform::ListFiles(folder / "out"); }
+
+    TempFolder folder;
+    TestUi ui;
+    config::Session session{ui};
+    drawing::Drawing drawing;
+};
+
+}  // namespace vexlator::test
