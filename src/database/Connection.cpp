@@ -4,6 +4,8 @@
 
 #include "database/ConnectionImpl.h"
 #include "database/ConnectionString.h"
+#include "database/DbaseFolder.h"
+#include "platform/Paths.h"
 #include "util/Text.h"
 
 #include <array>
@@ -34,6 +36,7 @@ Connection::Impl::Impl(const std::string& connectionString) {
     SQLUINTEGER extensions = 0;
     SQLGetInfo(handle.Get(), SQL_GETDATA_EXTENSIONS, &extensions, sizeof extensions, nullptr);
     if (extensions & SQL_GD_BLOCK) rowsPerBlock = largestBlock;
+    dbaseFolder = DbaseFolderOf(connectionString);
 }
 
 std::string Connection::Impl::Info(SQLUSMALLINT what) const {
@@ -46,6 +49,14 @@ Connection::Connection(const std::string& connectionString)
     : impl_(std::make_unique<Impl>(connectionString)) {}
 
 Connection::~Connection() = default;
+
+void Connection::Provide(std::string_view table) {
+    if (impl_->dbaseFolder.empty() || !impl_->dbaseTables.insert(platform::LowerAscii(table)).second) return;
+    Execute("PRAGMA query_only=0");
+    LoadDbaseTable(*this, impl_->dbaseFolder, table);
+    // The copy is all that would change.
+    Execute("PRAGMA query_only=1");
+}
 
 Connection::Product Connection::Kind() const {
     return impl_->product;

@@ -30,6 +30,9 @@ public:
     /// doubled.
     std::string Quoted(std::string_view identifier) const;
 
+    /// Gets ready a table that is about to be looked for. @throws DatabaseError a dBASE table that is damaged
+    void Provide(std::string_view table);
+
 private:
     friend class Statement;
     friend class Transaction;

@@ -5,6 +5,8 @@
 #include "database/Connection.h"
 #include "database/Odbc.h"
 
+#include <set>
+
 namespace vexlator::database {
 
 struct Connection::Impl {
@@ -17,6 +19,8 @@ struct Connection::Impl {
     odbc::Handle handle{SQL_HANDLE_DBC, environment.Get()};
     Product product = Product::Other;
     std::size_t rowsPerBlock = 1;
+    std::string dbaseFolder;                         ///< whose tables are copied in as they are asked for
+    std::set<std::string, std::less<>> dbaseTables;  ///< those that have been
     std::string quote;  ///< around identifiers; empty when the database knows no quotes
 };
 

@@ -73,6 +73,11 @@ std::string ForAccessFile(std::string_view path) {
     throw CannotConnect(native + ": neither an SQLite nor an Access database");
 }
 
+std::string ForDbaseFolder(std::string_view path) {
+    if (!platform::FolderExists(path)) throw CannotConnect(platform::NativePath(path) + ": no such folder");
+    return SqliteConnectionString(":memory:");
+}
+
 }  // namespace
 
 ConnectionString::ConnectionString(std::string_view text) {
@@ -118,11 +123,16 @@ std::string SqliteConnectionString(const std::string& nativePath) {
 
 std::string ForThisSystem(const std::string& connectionString) {
     ConnectionString parts(connectionString);
-    if (platform::SameNoCase(parts.Get("Driver"), dbaseDriver))
-        throw CannotConnect(std::string(parts.Get("Dbq")) + ": folders of dBASE tables cannot be opened");
+    if (platform::SameNoCase(parts.Get("Driver"), dbaseDriver)) return ForDbaseFolder(parts.Get("Dbq"));
     if (!platform::SameNoCase(parts.Get("Driver"), accessDriver)) return connectionString;
     if (parts.Get("Dbq").empty()) throw CannotConnect("only database files on this system can be opened");
     return ForAccessFile(parts.Get("Dbq"));
+}
+
+std::string DbaseFolderOf(const std::string& connectionString) {
+    ConnectionString parts(connectionString);
+    if (!platform::SameNoCase(parts.Get("Driver"), dbaseDriver)) return "";
+    return platform::FindExisting(parts.Get("Dbq"));
 }
 
 }  // namespace vexlator::database

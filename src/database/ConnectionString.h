@@ -36,7 +36,12 @@ std::string SqliteConnectionString(const std::string& nativePath);
 /// The string for the drivers of this system: a connection string of one that only Windows has is mapped, any
 /// other comes back as it is. For the Access driver the file decides: an SQLite database, or a real Access
 /// file (which can only be read).
-/// @throws DatabaseError no such file, a file that is no database, dBASE folders.
+/// A folder of dBASE tables gives an SQLite database in memory, which Connection fills as tables are asked
+/// for.
+/// @throws DatabaseError no such file or folder, a file that is no database.
 std::string ForThisSystem(const std::string& connectionString);
+
+/// The native path of the folder of dBASE tables that a connection string names; "" when it names none.
+std::string DbaseFolderOf(const std::string& connectionString);
 
 }  // namespace vexlator::database

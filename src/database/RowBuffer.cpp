@@ -35,6 +35,7 @@ void RowBuffer::Describe(std::size_t index) {
     Check(SQLDescribeCol(statement_.Get(), static_cast<SQLUSMALLINT>(index + 1), name.data(), name.size(),
                          &length, &type, &size, &decimals, &nullable));
     columns_[index].name = reinterpret_cast<const char*>(name.data());
+    columns_[index].inDatabase = type;
     columns_[index].inMemory = IsBinary(type) ? SQL_C_BINARY : SQL_C_CHAR;
 }
 

@@ -26,13 +26,14 @@ public:
 
     std::size_t ColumnCount() const { return columns_.size(); }
     const std::string& Name(std::size_t column) const { return columns_[column].name; }
+    SQLSMALLINT Type(std::size_t column) const { return columns_[column].inDatabase; }
     bool IsNull(std::size_t column) const { return columns_[column].lengths[row_] == SQL_NULL_DATA; }
     std::string_view Text(std::size_t column) const;
 
 private:
     struct Column {
         std::string name;
-        SQLSMALLINT inMemory = SQL_C_CHAR;
+        SQLSMALLINT inDatabase = SQL_VARCHAR, inMemory = SQL_C_CHAR;
         std::vector<char> cells;      ///< cellSize bytes for each row of the block
         std::vector<SQLLEN> lengths;  ///< of the whole value, or SQL_NULL_DATA, or SQL_NO_TOTAL
         std::string longValue;        ///< of the current row, when it does not fit its cell

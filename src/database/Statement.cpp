@@ -13,6 +13,24 @@
 
 namespace vexlator::database {
 
+namespace {
+
+int HexDigit(char c) {
+    if (c >= '0' && c <= '9') return c - '0';
+    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+    return c >= 'a' && c <= 'f' ? c - 'a' + 10 : 0;
+}
+
+std::string BytesOfHex(std::string_view digits) {
+    std::string bytes;
+    bytes.reserve(digits.size() / 2);
+    for (std::size_t i = 0; i + 1 < digits.size(); i += 2)
+        bytes += static_cast<char>(HexDigit(digits[i]) * 16 + HexDigit(digits[i + 1]));
+    return bytes;
+}
+
+}  // namespace
+
 struct Statement::Impl {
     Impl(Connection& connection, std::string text)
         : sql(std::move(text)),
@@ -90,6 +108,33 @@ std::size_t Statement::ColumnCount() const {
 const std::string& Statement::ColumnName(std::size_t column) const {
     return impl_->rows->Name(column);
 }
+ColumnType Statement::TypeOf(std::size_t column) const {
+    switch (impl_->rows->Type(column)) {
+        case SQL_CHAR:
+        case SQL_VARCHAR:
+        case SQL_LONGVARCHAR:
+        case SQL_WCHAR:
+        case SQL_WVARCHAR:
+        case SQL_WLONGVARCHAR:
+            return ColumnType::Text;
+        case SQL_NUMERIC:
+        case SQL_DECIMAL:
+        case SQL_TINYINT:
+        case SQL_SMALLINT:
+        case SQL_INTEGER:
+        case SQL_BIGINT:
+        case SQL_REAL:
+        case SQL_FLOAT:
+        case SQL_DOUBLE:
+            return ColumnType::Number;
+        case SQL_BINARY:
+        case SQL_VARBINARY:
+        case SQL_LONGVARBINARY:
+            return ColumnType::Bytes;
+        default:
+            return ColumnType::Other;
+    }
+}
 bool Statement::Next() {
     return impl_->rows && impl_->rows->Next();
 }
@@ -98,6 +143,12 @@ bool Statement::IsNull(std::size_t column) const {
 }
 std::string_view Statement::Text(std::size_t column) const {
     return impl_->rows->Text(column);
+}
+std::string Statement::Bytes(std::size_t column) const {
+    std::string_view text = Text(column);
+    bool isLiteral = TypeOf(column) != ColumnType::Bytes && text.size() >= 3 && text.size() % 2 == 1 &&
+                     text.starts_with("X'") && text.ends_with('\'');
+    return isLiteral ? BytesOfHex(text.substr(2, text.size() - 3)) : std::string(text);
 }
 double Statement::Number(std::size_t column) const {
     return util::NumberOf(Text(column));

@@ -25,6 +25,8 @@ struct Blob {
 /// only until the call that takes the value returns.
 using Value = std::variant<std::nullptr_t, std::string_view, std::int64_t, double, platform::DateTime, Blob>;
 
+enum class ColumnType { Text, Number, Bytes, Other };
+
 /// One statement of SQL, prepared once and run as often as wanted, with other values each time for the "?" in
 /// it. All values reach the database as parameters, never as text of the statement.
 /// Columns are numbered from 0. Every member throws DatabaseError, which carries the statement.
@@ -48,6 +50,8 @@ public:
     /// Columns of the result; 0 for a statement that gives no rows.
     std::size_t ColumnCount() const;
     const std::string& ColumnName(std::size_t column) const;
+    /// What the driver takes the column's values for; SQLite's values may be of other kinds all the same.
+    ColumnType TypeOf(std::size_t column) const;
 
     /// Goes to the next row, at first to the first; false after the last. Rows are not held in memory.
     bool Next();
@@ -56,6 +60,9 @@ public:
     bool IsNull(std::size_t column) const;
     /// The value as text, the bytes of a binary column; "" for NULL. Date-times read 2024-03-05 14:07:00.
     std::string_view Text(std::size_t column) const;
+    /// The bytes of a value in a column that may be declared as anything: where the driver gives bytes as the
+    /// text X'0A1B', what these stand for.
+    std::string Bytes(std::size_t column) const;
     /// The value as a number by the rules of util::NumberOf; 0 for NULL.
     double Number(std::size_t column) const;
 

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "database/Table.h"
 
-#include "database/Statement.h"
 #include "platform/Paths.h"
 
 namespace vexlator::database {
@@ -23,6 +22,7 @@ std::string SpelledName(Connection& connection, std::string_view name) {
 }  // namespace
 
 std::optional<Table> Table::Find(Connection& connection, std::string_view name) {
+    connection.Provide(name);
     std::string spelled = SpelledName(connection, name);
     if (spelled.empty()) return std::nullopt;
     Table table;
@@ -30,13 +30,14 @@ std::optional<Table> Table::Find(Connection& connection, std::string_view name) 
     Statement columns(connection, "SELECT * FROM " + table.name_ + " WHERE 1=0");
     columns.Execute();
     for (std::size_t i = 0; i < columns.ColumnCount(); ++i)
-        table.columns_.push_back({columns.ColumnName(i), connection.Quoted(columns.ColumnName(i))});
+        table.columns_.push_back(
+            {columns.ColumnName(i), connection.Quoted(columns.ColumnName(i)), columns.TypeOf(i)});
     return table;
 }
 
-const Table::ColumnName* Table::FindColumn(std::string_view name) const {
-    const ColumnName* found = nullptr;
-    for (const ColumnName& column : columns_) {
+const Table::ColumnInfo* Table::FindColumn(std::string_view name) const {
+    const ColumnInfo* found = nullptr;
+    for (const ColumnInfo& column : columns_) {
         if (column.plain == name) return &column;
         if (!found && platform::SameNoCase(column.plain, name)) found = &column;
     }
@@ -44,7 +45,7 @@ const Table::ColumnName* Table::FindColumn(std::string_view name) const {
 }
 
 const std::string& Table::Column(std::string_view name) const {
-    if (const ColumnName* column = FindColumn(name)) return column->quoted;
+    if (const ColumnInfo* column = FindColumn(name)) return column->quoted;
     throw DatabaseError("42S22", "the table " + name_ + " has no column \"" + std::string(name) + "\"");
 }
 

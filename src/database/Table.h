@@ -3,6 +3,7 @@
 #pragma once
 
 #include "database/Connection.h"
+#include "database/Statement.h"
 
 #include <optional>
 #include <string>
@@ -24,14 +25,17 @@ public:
     const std::string& Column(std::string_view name) const;
     bool HasColumn(std::string_view name) const { return FindColumn(name) != nullptr; }
 
-private:
-    struct ColumnName {
-        std::string plain, quoted;
+    struct ColumnInfo {
+        std::string plain, quoted;  ///< its name
+        ColumnType type;
     };
-    const ColumnName* FindColumn(std::string_view name) const;
+    const std::vector<ColumnInfo>& Columns() const { return columns_; }
+    /// nullptr when there is none.
+    const ColumnInfo* FindColumn(std::string_view name) const;
 
+private:
     std::string name_;
-    std::vector<ColumnName> columns_;
+    std::vector<ColumnInfo> columns_;
 };
 
 }  // namespace vexlator::database

@@ -42,7 +42,7 @@ TEST(ConnectionString, RefusesWhatCannotBeOpened) {
              Case{AccessConnectionString(empty), "empty.mdb: neither"},
              Case{AccessConnectionString(semicolon), "semicolon"},
              Case{"Driver={Microsoft Access Driver (*.mdb)};Provider=MS Remote", "only database files"},
-             Case{"Driver={Microsoft dBASE Driver (*.dbf)};Dbq=C:\\t", "dBASE"},
+             Case{"Driver={Microsoft dBASE Driver (*.dbf)};Dbq=" + (folder / "none"), "no such folder"},
              Case{"Driver={No Such Driver};Server=x", "No Such Driver"},
              Case{"", "IM002"},
          }) {

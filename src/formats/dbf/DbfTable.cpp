@@ -59,7 +59,7 @@ void DbfTable::ReadFields(std::size_t headerLength) {
         std::string_view name = descriptor.substr(0, nameSize);
         name = name.substr(0, std::min(name.find('\0'), longestName));
         auto width = static_cast<unsigned char>(descriptor[16]);
-        fields_.push_back({util::Trim(name), inRecord, width});
+        fields_.push_back({util::Trim(name), inRecord, width, descriptor[11]});
         inRecord += width;
     }
 }

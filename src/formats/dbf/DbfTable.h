@@ -16,6 +16,7 @@ struct DbfField {
     std::string_view name;  ///< at most 10 bytes, blanks removed from its ends; in the table's encoding
     std::size_t offset;     ///< of its first byte in a record; byte 0 is the deletion flag
     std::size_t width;      ///< bytes
+    char type = 'C';        ///< C text, N and F number, D date, L logical, M memo
 };
 
 /// A table in memory that the bytes outlive. Records are numbered from 1; deleted ones count like others.

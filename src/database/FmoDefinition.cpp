@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "database/FmoDefinition.h"
+
+#include "database/ConnectionString.h"
+#include "database/DatabaseError.h"
+#include "platform/Paths.h"
+#include "util/Files.h"
+#include "util/Paths.h"
+#include "util/Text.h"
+
+namespace vexlator::database {
+
+namespace {
+
+constexpr std::string_view section = "DEF";
+
+bool IsRemote(const FmoDefinition& definition) {
+    return definition.database.find("http:") != std::string::npos;
+}
+
+std::string RemoteConnectionString(config::Session& session, const FmoDefinition& definition) {
+    std::string text = "Driver={Microsoft Access Driver (*.mdb)};Provider=MS Remote;Data Source=" +
+                       util::FileNameOf(definition.database) +
+                       ";Remote Server=" + util::FolderOf(definition.database);
+    session.Ui().ShowMessage(text);
+    return text;
+}
+
+/// Looks for a missing database file beside the definition.
+void LocateDatabase(config::Session& session, FmoDefinition& definition) {
+    if (util::FileSize(definition.database) > 0) return;
+    std::string shown = platform::NativePath(definition.database);
+    std::string beside =
+        util::JoinPath(util::FolderOf(definition.definitionPath), util::FileNameOf(definition.database));
+    if (util::FileSize(beside) == 0) {
+        session.Ui().ShowMessage("Database Not Found\n" + shown);
+        return;
+    }
+    if (!session.Ui().AskYesNo("Database Not Found in specified location\n" + shown +
+                               "\nBUT it is in the same folder as FMO\n\nRe-assign MDB Location?"))
+        return;
+    definition.database = beside;
+    session.WriteIni(section, "MDB", beside, definition.definitionPath);
+}
+
+}  // namespace
+
+FmoDefinition ReadFmoDefinition(config::Session& session, std::string_view fmoPath) {
+    auto read = [&](std::string_view key) { return session.ReadIni(section, key, fmoPath); };
+    FmoDefinition definition;
+    definition.driver = read("DRIVER");
+    definition.server = read("SERVER");
+    definition.user = read("USER");
+    definition.password = read("PASSWORD");
+    if (definition.password == "*") definition.password = " ";
+    definition.definitionPath = fmoPath;
+    definition.database = read("MDB");
+    definition.table = read("TABLE");
+    definition.east = read("EAST");
+    definition.north = read("NORTH");
+    definition.key = read("KEY");
+    definition.geometryColumn = read("ENBLOB");
+    bool numeric = platform::UpperAscii(read("KEYTYPE")) == "NUMERIC";
+    definition.keyType = numeric ? KeyType::Numeric : KeyType::Text;
+
+    if (definition.table.empty() || definition.database.empty())
+        session.Ui().ShowMessage("No Database Specification in INI File\n" + platform::NativePath(fmoPath));
+    bool hasPlace = (!definition.east.empty() && !definition.north.empty()) || definition.IsLineTable();
+    if (definition.key.empty() || !hasPlace)
+        session.Ui().ShowMessage("Table Not Fully Specified in INI file");
+    return definition;
+}
+
+bool IsDatabaseFile(const FmoDefinition& definition) {
+    return definition.driver.empty() && !IsRemote(definition) &&
+           util::InStrNoCase(definition.database, ".mdb") > 0;
+}
+
+std::string BuildConnectionString(config::Session& session, FmoDefinition& definition) {
+    if (!definition.driver.empty())
+        return "DRIVER={" + definition.driver + "};Server=" + definition.server +
+               ";database=" + definition.database + ";uid=" + definition.user + ";pwd=" + definition.password;
+    if (IsRemote(definition)) return RemoteConnectionString(session, definition);
+    if (!IsDatabaseFile(definition)) {
+        if (definition.database.find('.') != std::string::npos) return "";
+        return "Driver={Microsoft dBASE Driver (*.dbf)};Dbq=" + definition.database;
+    }
+    LocateDatabase(session, definition);
+    return AccessConnectionString(definition.database);
+}
+
+std::unique_ptr<Connection> OpenFmoConnection(config::Session& session, FmoDefinition& definition) {
+    std::string connectionString = BuildConnectionString(session, definition);
+    session.DebugMessage(ConnectionString(connectionString).WithoutPasswords());
+    try {
+        if (connectionString.empty())
+            throw DatabaseError("08001", platform::NativePath(definition.database) +
+                                             ": neither a database file (.mdb) nor a folder");
+        return std::make_unique<Connection>(connectionString);
+    } catch (const DatabaseError& error) {
+        session.Ui().ShowMessage("Connection DID NOT open.");
+        session.Ui().Report(platform::NativePath(definition.definitionPath) + ": " + error.what());
+        return nullptr;
+    }
+}
+
+std::string QuoteKeyValue(std::string_view value, KeyType keyType) {
+    if (keyType == KeyType::Numeric) return std::string(value);
+    return "'" + util::ReplaceAll(value, "'", "''") + "'";
+}
+
+}  // namespace vexlator::database
