@@ -31,11 +31,12 @@ function(vexlator_library name)
     target_link_libraries(${target} PRIVATE ${ARG_PRIVATE_LINK})
   endif()
   if(VEXLATOR_HEADERS)
-    vexlator_headers_alone(${target} ${folder})
+    vexlator_headers_alone(${target} ${folder} ${ARG_PRIVATE_LINK})
   endif()
 endfunction()
 
-# Compiles every header of the current folder (and the folders below it) in a file of its own.
+# Compiles every header of the current folder (and the folders below it) in a file of its own. The further arguments are
+# what the library links for itself: headers that stay inside it may use that too.
 function(vexlator_headers_alone target folder)
   file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" "*.h")
   set(sources "")
@@ -47,7 +48,7 @@ function(vexlator_headers_alone target folder)
   endforeach()
   if(sources)
     add_library(${target}_headers OBJECT ${sources})
-    target_link_libraries(${target}_headers PRIVATE ${target})
+    target_link_libraries(${target}_headers PRIVATE ${target} ${ARGN})
     target_compile_options(${target}_headers PRIVATE ${VEXLATOR_WARNINGS})
   endif()
 endfunction()
