@@ -10,7 +10,7 @@
 namespace vexlator::importer {
 
 /// Numbers texts from 0 in the order in which they were first added. The texts are not copied: they must
-/// outlive the index. Hundreds of thousands of texts take about 25 bytes each.
+/// outlive the index. Hundreds of thousands of texts take about 40 bytes each.
 class TextIndex {
 public:
     static constexpr std::uint32_t none = 0xFFFFFFFF;
@@ -23,12 +23,17 @@ public:
     std::string_view Text(std::uint32_t number) const { return texts_[number]; }
 
 private:
-    /// Where the text's number stands, or would have to stand.
-    std::size_t SlotOf(std::string_view text) const;
+    struct Slot {
+        std::uint32_t number = none;  ///< `none` in a free slot
+        std::uint32_t hash = 0;       ///< tells most texts apart without reading them
+    };
+
+    /// Where the text stands, or would have to stand.
+    std::size_t SlotOf(std::string_view text, std::uint32_t hash) const;
     void Grow();
 
     std::vector<std::string_view> texts_;
-    std::vector<std::uint32_t> slots_;  ///< a power of two of them, more than half of them `none`
+    std::vector<Slot> slots_;  ///< a power of two of them, at least half of them free
 };
 
 }  // namespace vexlator::importer

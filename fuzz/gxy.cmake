@@ -1,0 +1,1 @@
+vexlator_fuzz(gxy LINK vexlator_gpx)

@@ -1,0 +1,1 @@
+vexlator_fuzz(job LINK vexlator_import)

@@ -1,0 +1,111 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "import/job/frmFromJOB.h"
+#include "job/JobTest.h"
+#include "platform/Errors.h"
+
+namespace vexlator::importer {
+namespace {
+
+namespace fs = std::filesystem;
+using Status = config::Outcome::Status;
+
+class JobFiles : public test::JobTest {
+protected:
+    config::Outcome Start(const std::string& name, const std::string& list = "") {
+        return frmFromJOB(session).Start(folder / ("in/" + name), folder / "out", list);
+    }
+    std::vector<std::string> Saved(const std::string& name) {
+        drawing::Drawing drawing;
+        drawing.open(folder / ("out/" + name));
+        return test::EntityTexts(drawing);
+    }
+    void SetUp() override { fs::create_directories(folder / "out"); }
+};
+
+TEST_F(JobFiles, GoIntoOneDrawing) {
+    folder.Write("in/A.JOB", "$GIS,P,1,NONE,1,1\n$GIS,L,2,WALL(1),1,1\n");
+    folder.Write("in/C.PAK", "$GIS,P,1,NONE,3,3\nCO,WALL(1),Close\n");
+    folder.Write("in/D.JOB", "");
+    config::Outcome outcome = Start("a.job", "B.JOB|c.pak||D.JOB|" + (folder / "in/C.PAK"));
+    EXPECT_EQ(outcome.status, Status::Done);
+    EXPECT_EQ(outcome.features, 4U);
+    EXPECT_EQ(outcome.layers, 2U);
+    // Point numbers count for each job file by itself.
+    std::vector<std::string> wanted{"VDINSERT NONE c2 (1,1,0) [default] {FOID=1}",
+                                    "VDPOLYLINE WALL c3 (1,1,0) WALL(1) closed {W=A-WALL(1)}",
+                                    "VDINSERT NONE c3 (3,3,0) [default] {FOID=1}",
+                                    "VDINSERT NONE c3 (3,3,0) [default] {FOID=1}"};
+    wanted[1].replace(wanted[1].find("A-"), 2, "a-");
+    EXPECT_EQ(Saved("a.VDF"), wanted);
+    EXPECT_EQ(ui.labels[ui.labels.size() - 2], "1 positions, 1 entities");
+    EXPECT_EQ(ui.labels.back(), "Completed!");
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST_F(JobFiles, AddToTheDrawingThatIsThere) {
+    drawing::Drawing drawing;
+    drawing.addPolyline().setLabel("WALL(1)");
+    drawing.setActiveLayer("REFLINE");
+    drawing.addPoint({});
+    drawing.saveAs(folder / "out/A.VDF");
+    folder.Write("in/A.JOB", "CO,WALL(1),Close\n$GIS,P,1,NONE,1,1\n");
+    EXPECT_EQ(Start("A.JOB").status, Status::Done);
+    EXPECT_EQ(Saved("A.VDF"), (std::vector<std::string>{"VDPOLYLINE 0 c7  WALL(1) closed {}",
+                                                        "VDINSERT NONE c4 (1,1,0) [default] {FOID=1}"}));
+}
+
+TEST_F(JobFiles, OptionsComeFromTheConfiguration) {
+    folder.Write("gv.ini", "[JOB]\nRAPIDREAD=OFF\nImportQA=1\nForceClose=0\n");
+    folder.Write("in/A.JOB", "$GPS,A,1,OPEN(1),,,,,1/1/1/1\n=,1,1\n$GIS,A,2,OPEN(1),5,5\n");
+    Start("A.JOB");
+    EXPECT_EQ(Saved("A.VDF"), (std::vector<std::string>{
+                                  "VDPOLYLINE OPEN c9 (1,1,0)(5,5,0) OPEN(1) {FOID=OPEN(1)}",
+                                  "VDCIRCLE $QA c9 (1,1,0) r1 "
+                                  "{PtId=1;Feature=OPEN(1);NumSats=1;DOP=1;DiffMode=1;RealTimeAcc=1.000}"}));
+}
+
+TEST_F(JobFiles, TextIsWindows1252UnlessItIsUtf8) {
+    folder.Write("in/A.JOB", "\xEF\xBB\xBF DB,1,\xC3\xA9,\"a\nx$GIS\n$GIS,P,1,b\xC3\xA9,1,1\n");
+    folder.Write("in/B.JOB", " DB,1,\xE9,\"b\r$GIS,P,1,b\xE9,1,1\r");
+    Start("A.JOB", "|B.JOB");
+    std::vector<std::string> wanted;
+    for (const char* quoted : {"\"a", "\"b"})
+        wanted.push_back("VDINSERT B\xC3\x89 c2 (1,1,0) [default] {FIELD1=\xC3\xA9;FIELD2=" +
+                         std::string(quoted) + ";FIELD3=;FIELD4=}");
+    EXPECT_EQ(Saved("A.VDF"), wanted);
+}
+
+TEST_F(JobFiles, WhatCannotBeReadIsToldAndTheRestIsSaved) {
+    folder.Write("in/A.JOB", "$GIS,P,1,NONE,1,1\n");
+    folder.Write("in/Day.GXY", "01/02/2024 10:00:00,1,2,3\n");
+    fs::create_directories(folder / "in/Day.GPX/in the way");
+    EXPECT_EQ(Start("A.JOB", "|none.JOB").status, Status::Failed);
+    EXPECT_EQ(Saved("A.VDF").size(), 1U);
+    ASSERT_EQ(ui.messages.size(), 2U);
+    EXPECT_TRUE(ui.messages[0].starts_with("Error Opening ")) << ui.messages[0];
+    EXPECT_NE(ui.messages[0].find("none.JOB"), std::string::npos);
+    EXPECT_NE(ui.messages[1].find("Day.GPX"), std::string::npos) << ui.messages[1];
+}
+
+TEST_F(JobFiles, DamageSavesNothing) {
+    folder.Write("in/A.JOB", "PK\x03\x04 and so on");
+    EXPECT_THROW(Start("A.JOB"), platform::ReadError);
+    EXPECT_FALSE(fs::exists(folder / "out/A.VDF"));
+    folder.Write("out/B.VDF", "no drawing");
+    folder.Write("in/B.JOB", "$GIS,P,1,NONE,1,1\n");
+    EXPECT_THROW(Start("B.JOB"), platform::ReadError);
+    EXPECT_EQ(test::TempFolder::Read(folder / "out/B.VDF"), "no drawing");
+}
+
+TEST_F(JobFiles, TrailsBesideThemAreConverted) {
+    folder.Write("gv.ini", "[GPS]\nTRANSFORMATION=" + folder.Write("LatLng.dat", "x") + "\n");
+    folder.Write("in/A.JOB", "");
+    folder.Write("in/day.gxy", "01/02/2024 10:00:00,1,2,3\n");
+    EXPECT_EQ(Start("A.JOB").status, Status::Done);
+    EXPECT_NE(test::TempFolder::Read(folder / "in/day.GPX").find("<trkpt lat=\"2.000000\" lon=\"1.000000\">"),
+              std::string::npos);
+}
+
+}  // namespace
+}  // namespace vexlator::importer
