@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "background/package/Records.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace vexlator::background {
+
+/// The gazetteer (.GAZ): search values and the squares that cover the features which carry them.
+class Gazetteer {
+public:
+    /// A feature with that value. Its square lies around the centre of its box, cut to whole units, with the
+    /// larger side of the box, cut too. Squares of one value grow into the square around both.
+    void Add(std::string_view value, const Box& box);
+    /// The lines of the file, sorted by value: value, centre and size as whole units.
+    std::string Text() const;
+    bool IsEmpty() const { return squares_.empty(); }
+    /// Characters that Windows-1252 lacks, written as "?".
+    std::uint64_t Replaced() const { return replaced_; }
+
+private:
+    struct Square {
+        double x, y, size;
+        Box Bounds() const { return {x - size / 2, y - size / 2, x + size / 2, y + size / 2}; }
+    };
+    /// By value as the file spells it, in UTF-8.
+    std::unordered_map<std::string, Square> squares_;
+    std::uint64_t replaced_ = 0;
+};
+
+}  // namespace vexlator::background

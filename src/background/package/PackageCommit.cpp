@@ -1,0 +1,143 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "background/package/PackageIndex.h"
+#include "background/package/PackageWriter.h"
+#include "background/package/TileGrid.h"
+#include "platform/Errors.h"
+#include "platform/Paths.h"
+#include "util/Files.h"
+#include "util/Numbers.h"
+#include "util/Paths.h"
+#include "util/Text.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+// The part of PackageWriter that makes files of what has been gathered.
+namespace vexlator::background {
+
+namespace {
+
+constexpr std::uint64_t mostBytes = std::numeric_limits<std::int32_t>::max();
+/// A tile file without elements once had this maximum, and readers still take it for empty.
+constexpr double emptyMaximum = -1;
+
+bool HasName(const std::vector<std::string>& names, std::string_view name) {
+    return std::ranges::any_of(names, [&](const auto& other) { return platform::SameNoCase(other, name); });
+}
+
+BagEntry MakeEntry(std::string_view name, std::uint64_t offset, std::uint64_t length) {
+    BagEntry entry;
+    std::memset(entry.name, ' ', sizeof entry.name);
+    std::memcpy(entry.name, name.data(), name.size());
+    entry.name[name.size()] = '\0';
+    entry.offset = static_cast<std::int32_t>(offset);
+    entry.length = static_cast<std::int32_t>(length);
+    return entry;
+}
+
+template <typename Record>
+void WriteRecord(platform::OutputFile& file, const Record& record) {
+    file.Write({reinterpret_cast<const char*>(&record), sizeof record});
+}
+
+/// The box that a user wants the index to have, from the first line of NAME.BME.
+Box ReadExtents(const std::string& file) {
+    std::string line = util::ReadFirstLine(file);
+    auto field = [&](std::size_t index) { return util::GetCommaNumber(index, line); };
+    return {field(0), field(1), field(2), field(3)};
+}
+
+void Report(ui::UserInterface& ui, std::uint64_t count, std::string_view what) {
+    if (count > 0) ui.ShowMessage(util::GroupedCount(count) + " " + std::string(what));
+}
+
+}  // namespace
+
+std::vector<std::string> PackageFilesIn(std::string_view folder) {
+    static constexpr std::string_view extensions[] = {"GRP", "BAG", "LAY", "GAZ", "PMM",
+                                                      "PMP", "BME", "DAT", "TXT"};
+    std::vector<std::string> names = platform::ListFiles(folder);
+    std::erase_if(names, [](const std::string& name) {
+        std::string extension = util::ExtensionOf(name);
+        return std::ranges::none_of(
+            extensions, [&](std::string_view known) { return platform::SameNoCase(extension, known); });
+    });
+    return names;
+}
+
+/// In the order of a folder's listing, in which both index and container have always had them.
+std::vector<const PackageWriter::TileFile*> PackageWriter::SortedTiles() const {
+    std::vector<std::pair<std::string, const TileFile*>> named;
+    named.reserve(tiles_.size());
+    for (const TileFile& tile : tiles_) named.emplace_back(TileFileName(tile.number, tile.letter), &tile);
+    std::ranges::sort(named);
+    std::vector<const TileFile*> sorted;
+    sorted.reserve(named.size());
+    for (const auto& [name, tile] : named) sorted.push_back(tile);
+    return sorted;
+}
+
+void PackageWriter::WriteContainer(platform::OutputFile& file) {
+    std::vector<const TileFile*> tiles = SortedTiles();
+    std::uint64_t offset = tiles.size() * sizeof(BagEntry);
+    for (const TileFile* tile : tiles) {
+        std::uint64_t length = sizeof(PmmHeader) + tile->content.Size();
+        if (offset + length > mostBytes)
+            throw platform::WriteError(file.Name(),
+                                       "the package would exceed 2 GB, the reach of its offsets");
+        WriteRecord(file, MakeEntry(TileFileName(tile->number, tile->letter), offset, length));
+        offset += length;
+    }
+    for (const TileFile* tile : tiles) {
+        WriteRecord(file, PmmHeader{pmmFormatCode, tile->box, tile->tileSize});
+        memory_.Copy(tile->content, file);
+    }
+}
+
+void PackageWriter::WriteIndex(platform::OutputFile& file) const {
+    PackageIndex index;
+    std::vector<const TileFile*> tiles = SortedTiles();
+    for (char letter : {'A', 'T', 'L'})
+        for (const TileFile* tile : tiles)
+            if (tile->letter == letter && tile->box.maxX != emptyMaximum)
+                index.AddIndexEntry(TileFileName(tile->number, letter), tile->box, member::tile);
+    std::string extents = util::ChangeExtension(packageFile_, "BME");
+    if (!HasName(oldFiles_, util::FileNameOf(extents)) && util::FileSize(extents) > 0)
+        index.SetExtents(ReadExtents(extents));
+    file.Write(index.Bytes());
+}
+
+void PackageWriter::Commit() {
+    FinishArea();
+    WriteContainer(files_.Add(util::ChangeExtension(packageFile_, "BAG")));
+    if (!gazetteer_.IsEmpty())
+        files_.Add(util::ChangeExtension(packageFile_, "GAZ")).Write(gazetteer_.Text());
+    WriteIndex(files_.Add(packageFile_));
+    bool hasLayers = !layers_.IsEmpty();
+    files_.Commit();
+    RemoveOldFiles(hasLayers);
+    ReportRefusals();
+}
+
+void PackageWriter::RemoveOldFiles(bool hasLayers) const {
+    std::vector<std::string> written = {"GRP", "BAG"};
+    if (hasLayers) written.push_back("LAY");
+    if (!gazetteer_.IsEmpty()) written.push_back("GAZ");
+    for (std::string& name : written) name = util::FileNameOf(util::ChangeExtension(packageFile_, name));
+    for (const std::string& name : oldFiles_)
+        if (!HasName(written, name)) platform::RemoveFile(util::JoinPath(folder_, name));
+}
+
+void PackageWriter::ReportRefusals() {
+    Refusals& counts = refused_;
+    counts.replaced += layers_.Replaced() + gazetteer_.Replaced();
+    Report(ui_, counts.negative, "features have negative coordinates and are not in the package");
+    Report(ui_, counts.tooFar, "features lie outside the grid of tiles and are not in the package");
+    Report(ui_, counts.tooLong, "lines are too long for the package and are not in it");
+    Report(ui_, counts.textsCut, "texts were cut");
+    Report(ui_, counts.replaced, "characters are not in Windows-1252 and were written as \"?\"");
+}
+
+}  // namespace vexlator::background

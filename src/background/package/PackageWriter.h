@@ -1,0 +1,147 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "background/package/Gazetteer.h"
+#include "background/package/LayerFile.h"
+#include "background/package/Records.h"
+#include "background/package/TextAnchor.h"
+#include "background/package/TileMemory.h"
+#include "platform/OutputSet.h"
+#include "ui/UserInterface.h"
+#include "util/Angles.h"
+
+#include <cstdint>
+#include <deque>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace vexlator::background {
+
+/// What the header of an element says of its feature.
+struct FeatureHeader {
+    std::int32_t keyHigh = 0, keyLow = 0;
+    std::uint8_t classA = 255, classB = 0, classC = 0;
+};
+
+/// What a package could not take, counted.
+struct Refusals {
+    std::uint64_t negative = 0;  ///< elements with a coordinate below 0
+    std::uint64_t tooFar = 0;    ///< elements whose coordinates have no tile number, or are not finite
+    std::uint64_t tooLong = 0;   ///< lines of more than 32,767 vertices and sub-steps
+    std::uint64_t textsCut = 0;  ///< texts longer than an element holds: their start is in the package
+    std::uint64_t replaced = 0;  ///< characters that Windows-1252 lacks, written as "?"
+};
+
+/// Writes one background package: elements, layer records and search values in; the package's files out.
+///
+/// Set feature() for each feature, then write its elements: WriteLineElement() for lines and points and, when
+/// it is an area too, WriteAreaRing() right behind. Nothing of the package is seen before Commit(), which
+/// puts each file in place in one step, the index last, and takes away what an earlier package left in the
+/// folder. Without Commit() the old package stays.
+///
+/// Tiles are kept in memory up to a limit; beyond it they move to a scratch file beside the package.
+/// @throws WriteError: when the disk fails, and when the package outgrows 2 GB, the reach of its offsets;
+/// from every member that writes
+class PackageWriter {
+public:
+    static constexpr double usualTileSize = 250;
+    static constexpr std::size_t usualMemory = std::size_t{512} << 20;
+
+    /// `packageFile` is the path of the index, FOLDER\NAME.GRP; the folder exists.
+    PackageWriter(std::string_view packageFile, ui::UserInterface& userInterface,
+                  std::size_t memoryBytes = usualMemory);
+
+    double DefaultTileSize() const { return tileSize_; }
+    /// Above 0; for the elements that follow.
+    void SetDefaultTileSize(double units) { tileSize_ = units; }
+    /// The header of the elements that follow.
+    FeatureHeader& Feature() { return feature_; }
+    LayerFile& Layers() { return layers_; }
+    Gazetteer& Search() { return gazetteer_; }
+
+    /// One line; a point is a line of one vertex. A hole goes to the tile of the line written before it, its
+    /// outer ring. The element's offset in its tile file; nothing when it was refused.
+    std::optional<std::int32_t> WriteLineElement(std::span<const util::PlanePoint> points,
+                                                 bool isHole = false);
+
+    enum class AreaRing { StartsArea, JoinsArea };
+    /// The line written last is the ring of an area: of a new one, or of the area whose ring was written
+    /// before. `part` makes a new area that part (0 to 245) of a multi-part feature.
+    void WriteAreaRing(AreaRing ring = AreaRing::StartsArea, std::optional<int> part = std::nullopt);
+
+    /// False when it was refused.
+    bool WriteTextElement(const TextPlacement& placement, std::string_view utf8);
+
+    const Refusals& Refused() const { return refused_; }
+    /// The largest vertex count of a line element so far.
+    std::int16_t LargestCount() const { return largestCount_; }
+
+    void Commit();
+
+private:
+    struct TileFile {
+        TileFile(std::int32_t itsNumber, char itsLetter, const Box& itsBox, double itsTileSize)
+            : number(itsNumber), letter(itsLetter), box(itsBox), tileSize(itsTileSize) {}
+        std::int32_t number;
+        char letter;
+        Box box;
+        double tileSize;
+        TileContent content;  ///< without the file's header
+    };
+    struct LastLine {
+        std::int32_t keyHigh, keyLow, offset, tile;
+        util::PlanePoint anchor;
+        double size;
+        Box box;
+    };
+    struct OpenArea {
+        TileFile* tile;
+        ElementHeader header;
+        AreaRecord record;
+        std::vector<RingReference> rings;
+    };
+
+    bool Refuse(const Box& box);
+    ElementHeader Header(std::uint8_t type) const;
+    TileFile& SelectTileFile(std::int32_t number, char letter, util::PlanePoint anchor, double tileSize);
+    std::int32_t PlaceFor(const TileFile& tile, std::uint64_t elementSize) const;
+    void OpenNewArea(std::optional<int> part);
+    void CheckForSmallCoordinates();
+    void FinishArea();
+    std::vector<const TileFile*> SortedTiles() const;
+    void WriteContainer(platform::OutputFile& file);
+    void WriteIndex(platform::OutputFile& file) const;
+    void RemoveOldFiles(bool hasLayers) const;
+    void ReportRefusals();
+
+    std::string packageFile_, folder_;
+    ui::UserInterface& ui_;
+    std::vector<std::string> oldFiles_;  ///< names of what earlier builds left in the folder
+    platform::OutputSet files_;
+    TileMemory memory_;
+    LayerFile layers_;
+    Gazetteer gazetteer_;
+
+    FeatureHeader feature_;
+    std::int16_t textLength_ = 0;
+    double tileSize_ = usualTileSize;
+    std::deque<TileFile> tiles_;
+    std::unordered_map<std::uint64_t, TileFile*> tileByName_;
+    TileFile* lastTile_ = nullptr;
+    std::optional<LastLine> lastLine_;
+    std::optional<OpenArea> openArea_;
+    std::vector<Step> steps_;
+    std::int16_t largestCount_ = 0;
+    Refusals refused_;
+};
+
+/// The names of the files in a folder that belong to packages, all of which a new package replaces: .GRP,
+/// .BAG, .LAY, .GAZ, .PMM, .PMP, .BME, .DAT and .TXT.
+std::vector<std::string> PackageFilesIn(std::string_view folder);
+
+}  // namespace vexlator::background
