@@ -91,7 +91,11 @@ std::string BuildConnectionString(config::Session& session, FmoDefinition& defin
 }
 
 std::unique_ptr<Connection> OpenFmoConnection(config::Session& session, FmoDefinition& definition) {
-    std::string connectionString = BuildConnectionString(session, definition);
+    return OpenFmoConnection(session, definition, BuildConnectionString(session, definition));
+}
+
+std::unique_ptr<Connection> OpenFmoConnection(config::Session& session, const FmoDefinition& definition,
+                                              const std::string& connectionString) {
     session.DebugMessage(ConnectionString(connectionString).WithoutPasswords());
     try {
         if (connectionString.empty())
@@ -103,6 +107,20 @@ std::unique_ptr<Connection> OpenFmoConnection(config::Session& session, FmoDefin
         session.Ui().Report(platform::NativePath(definition.definitionPath) + ": " + error.what());
         return nullptr;
     }
+}
+
+void CreateMissingDatabase(const FmoDefinition& definition) {
+    if (util::FileSize(definition.database) > 0) return;
+    platform::FileLock lock(definition.database);
+    if (util::FileSize(definition.database) > 0) return;
+    platform::OutputFile file(definition.database);
+    try {
+        Connection connection(SqliteConnectionString(file.TemporaryName()));
+        connection.Execute("PRAGMA user_version=1");  // a file without any content is no database
+    } catch (const DatabaseError& error) {
+        throw platform::WriteError(file.Name(), error.what());
+    }
+    file.Commit();
 }
 
 std::string QuoteKeyValue(std::string_view value, KeyType keyType) {

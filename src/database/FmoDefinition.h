@@ -43,6 +43,13 @@ std::string BuildConnectionString(config::Session& session, FmoDefinition& defin
 
 /// Opens the definition's database; null when that fails, which is shown as a message.
 std::unique_ptr<Connection> OpenFmoConnection(config::Session& session, FmoDefinition& definition);
+/// The same with the definition's connection string, for callers that compare them.
+std::unique_ptr<Connection> OpenFmoConnection(config::Session& session, const FmoDefinition& definition,
+                                              const std::string& connectionString);
+
+/// Makes the database file, an empty SQLite database, when it is missing; its folder must be there. Programs
+/// that do so at once get the same file. @throws platform::WriteError
+void CreateMissingDatabase(const FmoDefinition& definition);
 
 /// A key value as it stands in a WHERE clause: text keys in single quotes, those inside doubled. Statements
 /// take key values as parameters instead; this is for people to see.

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "export/ProjectPrefix.h"
+
+#include "util/Text.h"
+
+namespace vexlator::exporter {
+
+std::string ProjectPrefix(const config::Session& session) {
+    const std::string& job = session.Settings().JobRelativePath;
+    if (!session.ReadIniFlag("GENERAL", "PrefixExport") || util::CountOf(job, "\\") < 2) return "";
+    return std::string(util::GetField(1, job, "\\")) + "_";
+}
+
+}  // namespace vexlator::exporter

@@ -1,0 +1,221 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "export/fmo/DatabaseExport.h"
+
+#include "config/Ini.h"
+#include "database/DatabaseError.h"
+#include "database/Table.h"
+#include "drawing/FieldMapping.h"
+#include "export/ProjectPrefix.h"
+#include "export/fmo/FeatureColumns.h"
+#include "export/fmo/FeatureTable.h"
+#include "platform/Paths.h"
+#include "util/Files.h"
+#include "util/Numbers.h"
+#include "util/Paths.h"
+#include "workflow/WorkflowDatabase.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <memory>
+#include <utility>
+
+namespace vexlator::exporter {
+
+using database::DatabaseError;
+using database::FmoDefinition;
+using drawing::AtpField;
+using drawing::Kind;
+using platform::SameNoCase;
+
+namespace {
+
+bool HasKind(const drawing::SelectionSet& set, std::initializer_list<Kind> kinds) {
+    return std::ranges::any_of(set.indexes(), [&](std::uint32_t index) {
+        return std::ranges::find(kinds, set.entity(index).kindCode()) != kinds.end();
+    });
+}
+
+/// `name`, or with a number behind it when a field of the template is called so.
+std::string FreeName(const std::vector<AtpField>& fields, const std::string& name) {
+    std::string candidate = name;
+    auto taken = [&](const AtpField& field) { return SameNoCase(field.name, candidate); };
+    for (int n = 1; std::ranges::any_of(fields, taken); ++n) candidate = name + std::to_string(n);
+    return candidate;
+}
+
+bool IsComplete(const FmoDefinition& definition) {
+    bool hasPlace = definition.IsLineTable() || (!definition.east.empty() && !definition.north.empty());
+    return !definition.table.empty() && !definition.database.empty() && !definition.key.empty() && hasPlace;
+}
+
+std::string DefinitionText(const FmoDefinition& definition) {
+    std::string text;
+    auto set = [&](std::string_view key, const std::string& value) {
+        if (!value.empty()) text = config::WithIniValue(text, "DEF", key, value);
+    };
+    set("MDB", definition.database);
+    set("TABLE", definition.table);
+    set("KEY", definition.key);
+    set("EAST", definition.east);
+    set("NORTH", definition.north);
+    set("ENBLOB", definition.geometryColumn);
+    return text;
+}
+
+/// The key first, as a template lists it, then the other columns but those of the place.
+std::vector<std::string> TemplateNames(const FmoDefinition& definition, const database::Table& table) {
+    std::vector<std::string> names{definition.key};
+    for (const database::Table::ColumnInfo& column : table.Columns())
+        if (!SameNoCase(column.plain, definition.key) && !SameNoCase(column.plain, definition.east) &&
+            !SameNoCase(column.plain, definition.north) &&
+            !SameNoCase(column.plain, definition.geometryColumn))
+            names.push_back(column.plain);
+    return names;
+}
+
+}  // namespace
+
+/// Where the features of one layer go.
+struct DatabaseExport::LayerTarget {
+    FmoDefinition definition;
+    std::string newText;  ///< of the definition's file, when it has to be written
+};
+
+DatabaseExport::DatabaseExport(config::Session& session, drawing::Drawing& drawing, DefinitionFolders folders,
+                               ui::FormView& view)
+    : session_(session), drawing_(drawing), folders_(std::move(folders)), view_(view), databases_(session) {}
+
+config::Outcome DatabaseExport::Run() {
+    outcome_.target = folders_.target;
+    ForEachLayer(session_, drawing_, view_, LayerZero::Skip,
+                 [&](const ExportLayer& layer) { ExportLayerRows(layer); });
+    if (outcome_.status != config::Outcome::Status::Done) return outcome_;
+    files_.FinishSoFar();
+    try {
+        databases_.Commit();
+    } catch (const DatabaseError& error) {
+        throw platform::WriteError(platform::NativePath(folders_.target), error.what());
+    }
+    files_.Commit();
+    for (const std::string& remark : remarks_) session_.Ui().Report(remark);
+    return outcome_;
+}
+
+void DatabaseExport::ExportLayerRows(const ExportLayer& layer) {
+    if (!HasKind(layer.set, {Kind::Point, Kind::Insert, Kind::Polyline})) return;
+    LayerTarget target;
+    ChooseTarget(layer, target);
+    if (!IsComplete(target.definition)) {
+        outcome_.status = config::Outcome::Status::Failed;
+        return;
+    }
+    try {
+        WriteRows(layer, target);
+    } catch (const DatabaseError& error) {
+        throw platform::WriteError(platform::NativePath(target.definition.database),
+                                   "table " + target.definition.table + place_ + ": " + error.what());
+    }
+}
+
+void DatabaseExport::ChooseTarget(const ExportLayer& layer, LayerTarget& target) {
+    std::string prefix = ProjectPrefix(session_);
+    std::string own = util::JoinPath(folders_.target, util::SafeFileName(prefix + layer.fileName) + ".FMO");
+    std::string shared = util::JoinPath(folders_.existing, layer.fileName + ".FMO");
+    FmoDefinition& definition = target.definition;
+    if (util::FileSize(own) > 0) {
+        definition = database::ReadFmoDefinition(session_, own);
+        return;
+    }
+    if (util::FileSize(shared) == 0) {
+        definition = NewDefinition(layer, prefix);
+        target.newText = DefinitionText(definition);
+    } else {
+        definition = database::ReadFmoDefinition(session_, shared);
+        definition.table = prefix + definition.table;
+        if (folders_.oneDatabase && database::IsDatabaseFile(definition))
+            definition.database = folders_.database;
+        target.newText =
+            config::WithIniValue(platform::ReadWholeFile(shared), "DEF", "TABLE", definition.table);
+        target.newText = config::WithIniValue(target.newText, "DEF", "MDB", definition.database);
+    }
+    definition.definitionPath = own;
+}
+
+FmoDefinition DatabaseExport::NewDefinition(const ExportLayer& layer, const std::string& prefix) const {
+    std::vector<AtpField> fields = drawing::ReadAtpFields(TemplateFor(session_, layer));
+    FmoDefinition definition;
+    definition.database = folders_.database;
+    definition.table = prefix + layer.layer.name;
+    definition.key = fields.empty() ? "HANDLE" : fields[0].name;
+    if (HasKind(layer.set, {Kind::Polyline})) {
+        definition.geometryColumn = FreeName(fields, "GEOMETRY");
+    } else {
+        definition.east = FreeName(fields, "EAST");
+        definition.north = FreeName(fields, "NORTH");
+    }
+    return definition;
+}
+
+/// The fields of the code's template. Where there is none, one is written from the table, or else from the
+/// layer.
+std::vector<AtpField> DatabaseExport::FieldsOf(const ExportLayer& layer, const FmoDefinition& definition,
+                                               database::Connection& connection) {
+    std::string path = drawing::AtpPathFor(session_, layer.layer.name);
+    if (util::FileSize(path) == 0)
+        if (auto table = database::Table::Find(connection, definition.table))
+            drawing::WriteAtpFromFields(path, TemplateNames(definition, *table));
+    return drawing::ReadAtpFields(TemplateFor(session_, layer));
+}
+
+void DatabaseExport::WriteRows(const ExportLayer& layer, LayerTarget& target) {
+    place_.clear();
+    ExportDatabases::Open* open = databases_.For(target.definition);
+    if (!open) {
+        outcome_.status = config::Outcome::Status::Failed;
+        return;
+    }
+    FeatureColumns columns(target.definition, FieldsOf(layer, target.definition, *open->connection),
+                           layer.set);
+    FeatureTable table(*open->connection, *open->transaction, target.definition, columns);
+    std::uint64_t done = 0, written = 0;
+    for (std::uint32_t index : layer.set.indexes()) {
+        drawing::Entity entity = layer.set.entity(index);
+        try {
+            if (table.Write(entity)) ++written;
+        } catch (const DatabaseError&) {
+            place_ = ", feature " + entity.handle();
+            throw;
+        }
+        view_.Progress(++done, layer.set.count());
+    }
+    table.Finish();
+    if (!target.newText.empty()) files_.Add(target.definition.definitionPath).Write(target.newText);
+    ++outcome_.layers;
+    outcome_.features += written;
+    if (written < done)
+        remarks_.push_back(layer.layer.name + ": " + util::GroupedCount(done - written) +
+                           " entities left out, for which the table has no place");
+}
+
+config::Outcome ExportToDatabase(config::Session& session, std::string_view form,
+                                 std::string_view drawingPath, std::string_view targetPath,
+                                 const std::function<DefinitionFolders()>& folders) {
+    std::unique_ptr<ui::FormView> view = session.Ui().ShowForm(form);
+    view->SetCaption(":" + util::BaseNameOf(drawingPath));
+    drawing::Drawing drawing;
+    if (!OpenForExport(session, drawing, drawingPath, targetPath)) {
+        config::Outcome outcome;
+        outcome.status = config::Outcome::Status::StoppedByUser;
+        return outcome;
+    }
+    drawing::ApplyFeatureChanges(session, drawing, "");
+    return DatabaseExport(session, drawing, folders(), *view).Run();
+}
+
+std::string JobDatabaseName(const config::Session& session, std::string_view drawingPath) {
+    std::string job = workflow::JobOf(session).job;
+    return util::SafeFileName(job.empty() ? util::BaseNameOf(drawingPath) : job);
+}
+
+}  // namespace vexlator::exporter

@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "export/fmo/FeatureColumns.h"
+
+#include "platform/Paths.h"
+
+#include <algorithm>
+
+namespace vexlator::exporter {
+
+using platform::SameNoCase;
+
+FeatureColumns::FeatureColumns(const database::FmoDefinition& definition,
+                               const std::vector<drawing::AtpField>& fields, const drawing::SelectionSet& set)
+    : definition_(definition), names_{definition.key} {
+    AddFields(fields);
+    for (std::uint32_t index : set.indexes()) {
+        drawing::Entity entity = set.entity(index);
+        if (!sources_.contains(entity.attributeSet()))
+            sources_.emplace(entity.attributeSet(), MapAttributes(entity.xproperties()));
+    }
+    for (auto& [attributes, sources] : sources_) sources.resize(names_.size(), none);
+}
+
+std::size_t FeatureColumns::Find(std::string_view name) const {
+    auto found = std::ranges::find_if(names_, [&](const std::string& n) { return SameNoCase(n, name); });
+    return found == names_.end() ? none : static_cast<std::size_t>(found - names_.begin());
+}
+
+std::size_t FeatureColumns::Add(const std::string& name) {
+    std::size_t column = Find(name);
+    if (column != none) return column;
+    names_.push_back(name);
+    return names_.size() - 1;
+}
+
+/// Whether a column holds where the feature is, which no attribute may overwrite.
+bool FeatureColumns::IsPlace(std::string_view name) const {
+    if (definition_.IsLineTable()) return SameNoCase(name, definition_.geometryColumn);
+    return SameNoCase(name, definition_.east) || SameNoCase(name, definition_.north);
+}
+
+void FeatureColumns::AddFields(const std::vector<drawing::AtpField>& fields) {
+    bool hasKey = std::ranges::any_of(
+        fields, [&](const drawing::AtpField& field) { return SameNoCase(field.name, definition_.key); });
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (i == 0 && !hasKey)
+            fieldColumns_.push_back(0);
+        else
+            fieldColumns_.push_back(IsPlace(fields[i].name) ? none : Add(fields[i].name));
+    }
+}
+
+std::vector<std::size_t> FeatureColumns::MapAttributes(const drawing::XProperties& attributes) {
+    constexpr std::string_view nameless = "FIELD";
+    std::vector<std::size_t> sources(names_.size(), none), unnamed;
+    for (std::size_t i = 0; i < attributes.count(); ++i) {
+        std::size_t column = Find(attributes.name(i));
+        if (column == none && !IsPlace(attributes.name(i))) unnamed.push_back(i);
+        if (column != none && sources[column] == none) sources[column] = i;
+    }
+    for (std::size_t i : unnamed) {
+        std::size_t column = i < fieldColumns_.size() ? fieldColumns_[i] : none;
+        if (column == none || sources[column] != none)
+            column = Add(std::string(attributes.name(i).empty() ? nameless : attributes.name(i)));
+        sources.resize(names_.size(), none);
+        if (sources[column] == none) sources[column] = i;
+    }
+    return sources;
+}
+
+}  // namespace vexlator::exporter

@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "database/FmoDefinition.h"
+#include "drawing/AttributeTemplate.h"
+#include "drawing/Drawing.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace vexlator::exporter {
+
+/// The columns that a layer's attributes go to: the key, then one for each other field of its template, then
+/// one for each attribute that the template lacks.
+///
+/// A column takes the attribute of its name, letter case ignored. An attribute whose name is no column's goes
+/// to the field at its position, unless that has an attribute of its own. Where no field is named like the
+/// key column, the first field stands for it.
+class FeatureColumns {
+public:
+    FeatureColumns(const database::FmoDefinition& definition, const std::vector<drawing::AtpField>& fields,
+                   const drawing::SelectionSet& set);
+
+    /// Names; the first is the key column's.
+    const std::vector<std::string>& Names() const { return names_; }
+
+    static constexpr std::size_t none = static_cast<std::size_t>(-1);
+    /// For each column the position of the entity's attribute that goes there, or `none`.
+    const std::vector<std::size_t>& SourcesFor(const drawing::Entity& entity) const {
+        return sources_.at(entity.attributeSet());
+    }
+
+private:
+    std::size_t Find(std::string_view name) const;
+    std::size_t Add(const std::string& name);
+    bool IsPlace(std::string_view name) const;
+    void AddFields(const std::vector<drawing::AtpField>& fields);
+    std::vector<std::size_t> MapAttributes(const drawing::XProperties& attributes);
+
+    const database::FmoDefinition& definition_;
+    std::vector<std::string> names_;
+    std::vector<std::size_t> fieldColumns_;  ///< column of each template field; none for coordinates
+    std::unordered_map<drawing::AttributeSet, std::vector<std::size_t>> sources_;
+};
+
+}  // namespace vexlator::exporter

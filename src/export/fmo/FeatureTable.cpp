@@ -1,0 +1,216 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "export/fmo/FeatureTable.h"
+
+#include "formats/fmo/GeometryValue.h"
+#include "util/Text.h"
+
+#include <charconv>
+#include <cmath>
+
+namespace vexlator::exporter {
+
+using database::ColumnType;
+using database::Connection;
+using database::Table;
+using drawing::Entity;
+using drawing::Kind;
+
+namespace {
+
+struct TypeNames {
+    std::string_view text, number, coordinate, bytes;
+};
+
+TypeNames TypeNamesOf(Connection::Product product) {
+    switch (product) {
+        case Connection::Product::Sqlite:
+            return {"TEXT", "NUMERIC", "DOUBLE", "BLOB"};
+        case Connection::Product::PostgreSql:
+            return {"TEXT", "NUMERIC", "DOUBLE PRECISION", "BYTEA"};
+        case Connection::Product::Other:
+            break;
+    }
+    return {"TEXT", "INTEGER", "DOUBLE", "LONGBINARY"};
+}
+
+/// Makes programs that would create the same table at once wait for each other: there is nothing to lock yet.
+/// The number is ours and means nothing. SQLite lets one program write at a time anyway.
+void LockCreation(Connection& connection) {
+    if (connection.Kind() != Connection::Product::PostgreSql) return;
+    connection.Execute("SET LOCAL lock_timeout = '60s'");
+    connection.Execute("SELECT pg_advisory_xact_lock(7360912)");
+}
+
+/// Searching an existing table for each feature's key costs its whole length where it has no index.
+constexpr std::size_t fewFeatures = 100;
+constexpr std::string_view ownIndex = "vexlator_export_key";
+
+}  // namespace
+
+FeatureTable::FeatureTable(Connection& connection, database::Transaction& transaction,
+                           const database::FmoDefinition& definition, const FeatureColumns& columns)
+    : connection_(connection), definition_(definition), columns_(columns) {
+    table_ = Table::Find(connection, definition.table);
+    if (!table_) {
+        LockCreation(connection);
+        table_ = Table::Find(connection, definition.table);
+    }
+    if (table_)
+        AddMissingColumns(transaction);
+    else
+        Create();
+    PrepareStatements();
+}
+
+void FeatureTable::Create() {
+    TypeNames types = TypeNamesOf(connection_.Kind());
+    std::string columns;
+    auto add = [&](std::string_view name, std::string_view type) {
+        columns += (columns.empty() ? "" : ", ") + connection_.Quoted(name) + " " + std::string(type);
+    };
+    add(definition_.key, definition_.keyType == database::KeyType::Numeric ? types.number : types.text);
+    if (definition_.IsLineTable()) {
+        add(definition_.geometryColumn, types.bytes);
+    } else {
+        add(definition_.east, types.coordinate);
+        add(definition_.north, types.coordinate);
+    }
+    for (std::size_t i = 1; i < columns_.Names().size(); ++i) add(columns_.Names()[i], types.text);
+    connection_.Execute("CREATE TABLE " + connection_.Quoted(definition_.table) + " (" + columns + ")");
+    table_ = Table::Find(connection_, definition_.table);
+    if (!table_) throw database::DatabaseError("42S02", "the table was made but cannot be found");
+    isNew_ = true;
+}
+
+void FeatureTable::AddMissingColumns(database::Transaction& transaction) {
+    transaction.LockTable(table_->Name());
+    TypeNames types = TypeNamesOf(connection_.Kind());
+    bool changed = false;
+    auto need = [&](const std::string& name, std::string_view type) {
+        if (table_->HasColumn(name)) return;
+        connection_.Execute("ALTER TABLE " + table_->Name() + " ADD COLUMN " + connection_.Quoted(name) +
+                            " " + std::string(type));
+        changed = true;
+    };
+    table_ = Table::Find(connection_, definition_.table);  // others may have added columns before the lock
+    if (definition_.IsLineTable()) {
+        need(definition_.geometryColumn, types.bytes);
+    } else {
+        need(definition_.east, types.coordinate);
+        need(definition_.north, types.coordinate);
+    }
+    for (const std::string& name : columns_.Names()) need(name, types.text);
+    if (changed) table_ = Table::Find(connection_, definition_.table);
+}
+
+void FeatureTable::PrepareStatements() {
+    if (definition_.IsLineTable())
+        quoted_ = {table_->Column(definition_.geometryColumn)};
+    else
+        quoted_ = {table_->Column(definition_.east), table_->Column(definition_.north)};
+    for (std::size_t i = 0; i < columns_.Names().size(); ++i) {
+        const Table::ColumnInfo* column = table_->FindColumn(columns_.Names()[i]);
+        if (!column) throw database::DatabaseError("42S22", "no column \"" + columns_.Names()[i] + "\"");
+        types_.push_back(column->type);
+        if (i > 0 && column->type == ColumnType::Bytes) continue;
+        written_.push_back(i);
+        quoted_.push_back(column->quoted);
+    }
+    std::string names, marks, changes;
+    for (const std::string& name : quoted_) {
+        names += (names.empty() ? "" : ", ") + name;
+        marks += marks.empty() ? "?" : ", ?";
+        changes += (changes.empty() ? "" : ", ") + name + "=?";
+    }
+    std::string ofKey = " WHERE " + table_->Column(definition_.key) + "=?";
+    insert_.emplace(connection_, "INSERT INTO " + table_->Name() + " (" + names + ") VALUES (" + marks + ")");
+    update_.emplace(connection_, "UPDATE " + table_->Name() + " SET " + changes + ofKey);
+    delete_.emplace(connection_, "DELETE FROM " + table_->Name() + ofKey);
+    values_.resize(quoted_.size() + 1);
+}
+
+bool FeatureTable::Write(Entity entity) {
+    if (!SetPlace(entity)) return false;
+    SetAttributes(entity);
+    std::span<const Value> record(values_.data(), quoted_.size());
+    if (!isNew_ && keys_.insert(key_).second) {
+        if (keys_.size() == fewFeatures) IndexKeys();
+        update_->Execute(values_);
+        if (update_->RowsAffected() == 1) return true;
+        if (update_->RowsAffected() > 1) delete_->Execute({values_.back()});
+    }
+    insert_->Execute(record);
+    return true;
+}
+
+bool FeatureTable::SetPlace(Entity entity) {
+    Kind kind = entity.kindCode();
+    if (kind != Kind::Point && kind != Kind::Insert && kind != Kind::Polyline) return false;
+    if (definition_.IsLineTable()) {
+        bool close = entity.isClosed();
+        formats::vArraytoBLOB(entity.planVertices(), close, geometry_);
+        values_[0] = database::Blob{geometry_};
+        return true;
+    }
+    if (kind == Kind::Polyline) return false;
+    drawing::Point at = entity.position();
+    values_[0] = at.x;
+    values_[1] = at.y;
+    return true;
+}
+
+void FeatureTable::SetAttributes(Entity entity) {
+    texts_.clear();
+    for (drawing::ValueCursor values = entity.xproperties().values(); !values.AtEnd();)
+        texts_.push_back(values.Next());
+    const std::vector<std::size_t>& sources = columns_.SourcesFor(entity);
+    bool hasKey = sources[0] != FeatureColumns::none && !texts_[sources[0]].empty();
+    if (hasKey)
+        key_ = texts_[sources[0]];
+    else
+        key_ = entity.handle();
+    std::size_t at = quoted_.size() - written_.size();
+    for (std::size_t column : written_) {
+        if (column == 0)
+            values_[at++] = ValueFor(0, key_);
+        else if (sources[column] == FeatureColumns::none)
+            values_[at++] = nullptr;
+        else
+            values_[at++] = ValueFor(column, texts_[sources[column]]);
+    }
+    values_.back() = ValueFor(0, key_);
+}
+
+/// What the column's type can take: numbers for a column of numbers, NULL for an empty text where only text
+/// can be empty. A text that a column of another type cannot take is for the database to refuse.
+FeatureTable::Value FeatureTable::ValueFor(std::size_t column, std::string_view text) const {
+    if (types_[column] == ColumnType::Text) return text;
+    std::string_view trimmed = util::Trim(text);
+    if (trimmed.empty()) return nullptr;
+    if (types_[column] != ColumnType::Number) return text;
+    const char* end = trimmed.data() + trimmed.size();
+    std::int64_t whole = 0;
+    if (auto [at, error] = std::from_chars(trimmed.data(), end, whole); error == std::errc() && at == end)
+        return whole;
+    double number = 0;
+    auto [at, error] = std::from_chars(trimmed.data(), end, number);
+    if (error == std::errc() && at == end && std::isfinite(number)) return number;
+    return text;
+}
+
+void FeatureTable::IndexKeys() {
+    if (connection_.Kind() == Connection::Product::Other) return;
+    connection_.Execute("CREATE INDEX " + connection_.Quoted(ownIndex) + " ON " + table_->Name() + " (" +
+                        table_->Column(definition_.key) + ")");
+    hasOwnIndex_ = true;
+}
+
+void FeatureTable::Finish() {
+    if (hasOwnIndex_) connection_.Execute("DROP INDEX " + connection_.Quoted(ownIndex));
+    insert_.reset();
+    update_.reset();
+    delete_.reset();
+}
+
+}  // namespace vexlator::exporter

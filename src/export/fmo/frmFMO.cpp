@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "export/fmo/frmFMO.h"
+
+#include "export/fmo/DatabaseExport.h"
+#include "platform/Errors.h"
+#include "platform/Paths.h"
+#include "util/Files.h"
+#include "util/Paths.h"
+
+namespace vexlator::exporter {
+
+config::Outcome frmFMO::Start(std::string_view drawingPath, std::string_view fmoDirectory) {
+    if (fmoDirectory.empty()) throw platform::WriteError("FMODirectory", "is not set in gv.ini");
+    return ExportToDatabase(session_, "frmFMO", drawingPath, fmoDirectory, [&] {
+        DefinitionFolders folders;
+        folders.existing = folders.target = platform::AbsolutePath(fmoDirectory);
+        std::string database = "Features";
+        folders.oneDatabase = session_.ReadIniFlag("GENERAL", "JobBasedMDB");
+        if (folders.oneDatabase) {
+            database = JobDatabaseName(session_, drawingPath);
+            folders.target = util::JoinPath(folders.existing, database);
+        }
+        util::MakeFolderTree(folders.target);
+        folders.database = util::JoinPath(folders.target, database + ".MDB");
+        return folders;
+    });
+}
+
+}  // namespace vexlator::exporter

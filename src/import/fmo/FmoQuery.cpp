@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "import/fmo/FmoQuery.h"
+
+#include "database/DatabaseError.h"
+#include "database/Table.h"
+#include "util/Numbers.h"
+
+namespace vexlator::importer {
+
+using database::Connection;
+using database::Table;
+
+namespace {
+
+/// " WHERE E>minX AND ...": all four sides are outside.
+std::string Condition(const std::string& east, const std::string& north,
+                      const config::ImportExtentBox& extent) {
+    if (extent.maxX == 0) return "";
+    return " WHERE " + east + ">" + util::FormatShortest(extent.minX) + " AND " + north + ">" +
+           util::FormatShortest(extent.minY) + " AND " + east + "<" + util::FormatShortest(extent.maxX) +
+           " AND " + north + "<" + util::FormatShortest(extent.maxY);
+}
+
+std::string Joined(const std::vector<std::string>& names) {
+    std::string text;
+    for (const std::string& name : names) text += (text.empty() ? "" : ",") + name;
+    return text;
+}
+
+/// Coordinates may stand in columns of text, which compare as text.
+std::string AsNumber(const Connection& connection, const std::string& column) {
+    if (connection.Kind() == Connection::Product::Other) return column;
+    return "CAST(" + column + " AS DOUBLE PRECISION)";
+}
+
+}  // namespace
+
+FmoQuery FmoQuery::Points(const database::FmoDefinition& definition, const SelectList& list,
+                          const config::ImportExtentBox& extent) {
+    FmoQuery query;
+    query.table_ = definition.table;
+    query.east_ = definition.east;
+    query.north_ = definition.north;
+    query.first_ = {definition.east, definition.north, definition.key};
+    query.list_ = list;
+    query.extent_ = extent;
+    std::vector<std::string> names = query.first_;
+    if (list.everything) names.emplace_back("*");
+    names.insert(names.end(), list.names.begin(), list.names.end());
+    query.shown_ = "SELECT " + Joined(names) + " FROM " + definition.table +
+                   Condition(definition.east, definition.north, extent);
+    return query;
+}
+
+FmoQuery FmoQuery::Lines(const database::FmoDefinition& definition) {
+    FmoQuery query;
+    query.table_ = definition.table;
+    query.geometryColumn_ = definition.geometryColumn;
+    query.first_ = {definition.geometryColumn, definition.key};
+    query.list_.everything = true;
+    query.shown_ =
+        "SELECT " + definition.geometryColumn + "," + definition.key + ",* FROM " + definition.table;
+    return query;
+}
+
+std::string FmoQuery::For(Connection& connection) const {
+    std::optional<Table> table = Table::Find(connection, table_);
+    if (!table) throw database::DatabaseError("42S02", "there is no table \"" + table_ + "\"", shown_);
+    std::vector<std::string> columns;
+    for (const std::string& name : first_) columns.push_back(table->Column(name));
+    for (const std::string& name : list_.names) columns.push_back(table->Column(name));
+    bool leaveOut = !geometryColumn_.empty() && connection.Kind() != Connection::Product::Other;
+    const auto* geometry = leaveOut ? table->FindColumn(geometryColumn_) : nullptr;
+    if (list_.everything)
+        for (const Table::ColumnInfo& column : table->Columns())
+            columns.push_back(&column == geometry ? "NULL AS " + column.quoted : column.quoted);
+    std::string where;
+    if (extent_.maxX != 0)
+        where = Condition(AsNumber(connection, table->Column(east_)),
+                          AsNumber(connection, table->Column(north_)), extent_);
+    return "SELECT " + Joined(columns) + " FROM " + table->Name() + where;
+}
+
+}  // namespace vexlator::importer

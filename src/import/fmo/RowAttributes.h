@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "database/Statement.h"
+#include "drawing/Drawing.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace vexlator::importer {
+
+/// The columns of a query's rows, from one of them to the last, as text attributes named after them.
+class RowAttributes {
+public:
+    /// @param rows has run and outlives this object
+    RowAttributes(drawing::Drawing& drawing, const database::Statement& rows, std::size_t firstColumn);
+
+    /// Gives the entity added last the values of the current row.
+    void AttachTo(drawing::Drawing& drawing);
+
+private:
+    const database::Statement& rows_;
+    std::size_t firstColumn_;
+    drawing::AttributeSet set_;
+    std::string text_;
+};
+
+/// A column's value as text: "" for NULL; numbers without zeros that say nothing, so 2.0 reads 2; bytes as
+/// capital hexadecimal digits. Valid until the next call with the same buffer.
+std::string_view FieldValueText(const database::Statement& rows, std::size_t column, std::string& buffer);
+
+}  // namespace vexlator::importer

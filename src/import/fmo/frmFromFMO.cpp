@@ -1,0 +1,240 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "import/fmo/frmFromFMO.h"
+
+#include "database/DatabaseError.h"
+#include "database/Statement.h"
+#include "drawing/AttributeTemplate.h"
+#include "drawing/SymbolBlock.h"
+#include "formats/fmo/GeometryValue.h"
+#include "import/FeatureCode.h"
+#include "import/SourceFiles.h"
+#include "import/fmo/RowAttributes.h"
+#include "import/fmo/TabletPackage.h"
+#include "platform/CodePages.h"
+#include "platform/Paths.h"
+#include "util/Files.h"
+#include "util/Numbers.h"
+#include "util/Paths.h"
+#include "util/Text.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <optional>
+#include <vector>
+
+namespace vexlator::importer {
+
+using database::Connection;
+using database::DatabaseError;
+using database::FmoDefinition;
+using database::Statement;
+using util::PlanePoint;
+
+namespace {
+
+/// The second comma field of a template's line, its brackets taken for commas, without a second form in angle
+/// brackets.
+std::string ColumnOfTemplateLine(std::string_view line) {
+    std::string fields = util::ReplaceAll(line, "]", ",");
+    std::string_view name = util::GetCommaField(2, fields);
+    return std::string(util::Trim(name.substr(0, name.find('<'))));
+}
+
+/// The columns that a feature code's template lists but for the first, which stands for the key; every column
+/// when there is no template.
+SelectList TemplateSelectList(const config::Session& session, const std::string& code) {
+    constexpr std::size_t shortestField = 11;
+    SelectList list;
+    std::string path = drawing::AtpPathFor(session, code);
+    if (util::FileSize(path) > 0) {
+        std::string text = platform::DecodeText(platform::ReadWholeFile(path));
+        for (util::LineReader lines(text); !lines.AtEnd();) {
+            std::string_view line = lines.ReadTextLine();
+            if (line.starts_with('[') && line.size() >= shortestField)
+                list.names.push_back(ColumnOfTemplateLine(line));
+        }
+    }
+    list.everything = list.names.empty();
+    bool isOneLetter = list.names.size() == 1 && list.names[0].size() <= 1;
+    if (!list.everything && !isOneLetter) list.names.erase(list.names.begin());
+    std::erase_if(list.names, [](const std::string& name) { return name.empty() || name == "NULL"; });
+    return list;
+}
+
+/// Nothing when the value is NULL, no number, or more than that.
+std::optional<double> Coordinate(const Statement& rows, std::size_t column) {
+    if (rows.IsNull(column)) return std::nullopt;
+    std::string_view text = util::Trim(rows.Text(column));
+    double value = 0;
+    auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(value))
+        return std::nullopt;
+    return value;
+}
+
+/// Rows whose geometry value is damaged.
+struct DamagedRows {
+    std::uint64_t count = 0;
+    std::string first;
+    void Add(std::string_view key, const char* reason) {
+        if (count++ == 0) first = "key " + std::string(key) + ": " + reason;
+    }
+};
+
+}  // namespace
+
+frmFromFMO::frmFromFMO(config::Session& session) : session_(session) {}
+frmFromFMO::~frmFromFMO() = default;
+
+config::Outcome frmFromFMO::Start(std::string_view sourcePath, std::string_view sourceFolder,
+                                  std::string_view fileList) {
+    view_ = session_.Ui().ShowForm("frmFromFMO");
+    std::string drawingPath = util::JoinPath(sourceFolder, util::BaseNameOf(sourcePath) + ".VDF");
+    if (util::FileSize(drawingPath) > 0) drawing_.open(drawingPath);
+    for (const std::string& path : SourceFiles(sourcePath, fileList)) ImportFmoFile(path);
+    return Save(drawingPath);
+}
+
+config::Outcome frmFromFMO::StartTablet(std::string_view packagePath, std::string_view sourceFolder,
+                                        std::string& fileList) {
+    view_ = session_.Ui().ShowForm("frmFromFMO");
+    TabletPackage package(session_, packagePath);
+    fileList.clear();
+    std::string database = package.DatabaseName();
+    if (database.empty()) {
+        session_.Ui().ShowMessage("No MDB in Package");
+        config::Outcome outcome;
+        outcome.status = config::Outcome::Status::Failed;
+        return outcome;
+    }
+    const std::string& folder = session_.Settings().FMODirectory;
+    fileList = FmoFilesForDatabase(session_, folder, database);
+    for (std::size_t k = 1; k <= util::CountOf(fileList, "|"); ++k)
+        ImportFmoFile(util::JoinPath(folder, util::GetBarField(k, fileList)));
+    package.Remove();
+    return Save(util::JoinPath(sourceFolder, util::BaseNameOf(packagePath) + ".VDF"));
+}
+
+config::Outcome frmFromFMO::Save(const std::string& drawingPath) {
+    drawing_.saveAs(drawingPath);
+    view_->SetLabel("Completed!");
+    session_.Ui().Settle(1.0);
+    config::Outcome outcome;
+    outcome.target = drawingPath;
+    outcome.layers = drawing_.layerCount() - 1;  // without "0", which every drawing has
+    outcome.features = features_;
+    if (!complete_) outcome.status = config::Outcome::Status::Failed;
+    return outcome;
+}
+
+void frmFromFMO::ImportFmoFile(const std::string& fmoPath) {
+    std::string code = Capitals(util::BaseNameOf(fmoPath));
+    std::string symbol = SelectFeatureLayer(code);
+    FmoDefinition definition = database::ReadFmoDefinition(session_, fmoPath);
+    auto connection = definition.table.empty() ? nullptr : OpenFmoConnection(session_, definition);
+    if (!connection) {
+        complete_ = false;
+        return;
+    }
+    count_ = 0;
+    if (definition.IsLineTable())
+        ImportLines(*connection, FmoQuery::Lines(definition), code);
+    else
+        ImportPoints(*connection,
+                     FmoQuery::Points(definition, TemplateSelectList(session_, code),
+                                      session_.Settings().ImportExtent),
+                     symbol);
+    drawing_.zoomExtents();
+}
+
+/// Returns the name of the code's symbol.
+std::string frmFromFMO::SelectFeatureLayer(const std::string& code) {
+    drawing_.setActiveLayer(code);
+    view_->SetLabel(code);
+    std::string style = drawing::ReadAtpStyle(session_, code);
+    drawing_.setActiveStyle({});
+    if (style.empty())
+        drawing_.setActiveColourIndex(static_cast<drawing::Colour>(drawing_.layerCount()));
+    else
+        drawing_.setActiveColour(StyleColour(style));
+    return drawing::EnsureSymbolBlock(session_, util::GetCommaField(1, style), drawing_);
+}
+
+void frmFromFMO::ShowError(const std::string& reason, const FmoQuery& query) {
+    complete_ = false;
+    session_.Ui().ShowMessage(reason + "\n" + query.Shown());
+}
+
+void frmFromFMO::ImportPoints(Connection& connection, const FmoQuery& query, const std::string& symbol) {
+    session_.DebugMessage(query.Shown());
+    std::optional<Statement> rows;
+    try {
+        rows.emplace(connection, query.For(connection));
+        rows->Execute();
+    } catch (const DatabaseError& error) {
+        ShowError(error.what(), query);
+        return;
+    }
+    std::string problem;
+    try {
+        RowAttributes attributes(drawing_, *rows, 2);
+        while (problem.empty() && rows->Next()) {
+            std::optional<double> east = Coordinate(*rows, 0), north = Coordinate(*rows, 1);
+            if (!east || !north) {
+                problem = "row " + std::to_string(count_ + 1) + ", key " + std::string(rows->Text(2)) +
+                          ": a coordinate is no number";
+                continue;
+            }
+            drawing_.addInsert({*east, *north, 0}, symbol, 1, 1, 0);
+            attributes.AttachTo(drawing_);
+            view_->Progress(++count_, 0);
+        }
+    } catch (const DatabaseError& error) {
+        problem = error.what();
+    }
+    features_ += count_;
+    if (problem.empty() && count_ > 0) {
+        view_->SetLabel(std::to_string(count_));
+        return;
+    }
+    session_.Ui().ShowMessage("No Records Returned\n" + query.Shown());
+    if (problem.empty()) return;
+    complete_ = false;
+    session_.Ui().Report(problem);
+}
+
+void frmFromFMO::ImportLines(Connection& connection, const FmoQuery& query, const std::string& code) {
+    session_.DebugMessage(query.Shown());
+    DamagedRows damaged;
+    try {
+        Statement rows(connection, query.For(connection));
+        rows.Execute();
+        RowAttributes attributes(drawing_, rows, 1);
+        for (; rows.Next(); view_->Progress(++count_, 0)) {
+            std::string value = rows.Bytes(0);
+            if (value.empty()) continue;
+            try {
+                std::vector<PlanePoint> vertices = formats::BlobToVertexList(value);
+                drawing::Entity polyline = drawing_.addPolyline();
+                std::ranges::copy(vertices, drawing_.extendPlan(vertices.size()).begin());
+                if (vertices.size() > 2 && formats::AreClosed(vertices.front(), vertices.back()))
+                    polyline.setClosed(true);
+                attributes.AttachTo(drawing_);
+                ++features_;
+            } catch (const platform::ReadError& error) {
+                damaged.Add(rows.Text(1), error.what());
+            }
+        }
+        view_->SetLabel(std::to_string(count_));
+    } catch (const DatabaseError& error) {
+        ShowError(error.what(), query);
+    }
+    if (damaged.count == 0) return;
+    complete_ = false;
+    session_.Ui().Report(code + ": " + util::GroupedCount(damaged.count) +
+                         " rows with a damaged geometry value left out, the first with " + damaged.first);
+}
+
+}  // namespace vexlator::importer
