@@ -7,7 +7,9 @@
 #include "export/meter/frmCAW.h"
 #include "export/mif/frmMID.h"
 #include "export/shapefile/frmSHP.h"
+#include "import/csv/frmFromCSV.h"
 #include "import/job/frmFromJOB.h"
+#include "import/mif/frmFromMID.h"
 #include "import/shapefile/frmFromSHP.h"
 
 #include <algorithm>
@@ -36,11 +38,11 @@ config::Outcome ExportText(config::Session& session, const ExportCommand& comman
 }
 
 constexpr std::array importRows{
-    ImportRow{"MID", "frmFromMID", nullptr},
+    ImportRow{"MID", "frmFromMID", Import<importer::frmFromMID>},
     ImportRow{"SHP", "frmFromSHP", Import<importer::frmFromSHP>},
     ImportRow{"FMO", "frmFromFMO", nullptr},
     ImportRow{"TPK", "frmFromFMO", nullptr},
-    ImportRow{"CSV", "frmFromCSV", nullptr},
+    ImportRow{"CSV", "frmFromCSV", Import<importer::frmFromCSV>},
     ImportRow{"TAB", "frmFromTAB", nullptr},
     ImportRow{"PPS", "frmFromCAW", nullptr},
     ImportRow{"JOB", "frmFromJOB", Import<importer::frmFromJOB>},

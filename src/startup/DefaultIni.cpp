@@ -194,6 +194,12 @@ MIDMIFHEADER=
 ; objects, because some programs stop reading where that is not so. Default: off.
 Strict=0
 
+[MIDIN]
+; Flag: MIF imports make polylines and symbols of arcs, rectangles, sets of points and collections too, and let
+; the next object end a text; otherwise lines of these are reported, and a text lasts to the next empty line.
+; Default: off.
+Extended=0
+
 [TAB]
 ; Flag: TAB imports turn small areas into points. Default: off.
 SMALLPOLYSASPOINTS=0

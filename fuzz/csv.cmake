@@ -1,0 +1,1 @@
+vexlator_fuzz(csv LINK vexlator_import)

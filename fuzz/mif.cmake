@@ -1,0 +1,1 @@
+vexlator_fuzz(mif LINK vexlator_import vexlator_drawing vexlator_ui)

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "import/FeatureLayer.h"
+
+#include "drawing/AttributeTemplate.h"
+#include "import/FeatureCode.h"
+#include "util/Paths.h"
+
+namespace vexlator::importer {
+
+std::string SelectFeatureLayer(config::Session& session, drawing::Drawing& drawing, std::string_view code) {
+    drawing.setActiveLayer(code);
+    drawing.setActiveStyle({});
+    std::string style = drawing::ReadAtpStyle(session, code);
+    if (style.empty())
+        drawing.setActiveColourIndex(static_cast<drawing::Colour>(drawing.layerCount()));
+    else
+        drawing.setActiveColour(StyleColour(style));
+    return style;
+}
+
+std::string FeatureTemplatePath(const config::Session& session, std::string_view code) {
+    return util::JoinPath(session.Settings().ATPDirectory, util::SafeFileName(code) + ".ATP");
+}
+
+}  // namespace vexlator::importer

@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Files.h"
+#include "ui/UserInterface.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+/// What the imports of text files share.
+namespace vexlator::importer {
+
+/// Opens a source that must not be empty. On failure nothing is returned, and the message "Error Opening ",
+/// the path, a line end and the reason are shown.
+std::optional<platform::MappedFile> OpenTextSource(std::string_view path, ui::UserInterface& show);
+
+/// The text behind its UTF-8 byte-order mark, if it has one.
+std::string_view WithoutByteOrderMark(std::string_view text);
+
+/// Counts values that rows lack and that the drawing has to hold as empty ones. A few bytes could announce
+/// thousands of columns, and millions of rows have none of them: that is damage, not data.
+class MissingValues {
+public:
+    /// `sourceBytes` is the size of the file with the rows and of what belongs to it.
+    explicit MissingValues(std::uint64_t sourceBytes) : most_((sourceBytes + 4096) * 64) {}
+    /// @throws platform::ReadError, without a file name, when the values outweigh the source many times
+    void Count(std::size_t values, std::uint64_t line);
+
+private:
+    std::uint64_t count_ = 0;
+    std::uint64_t most_;
+};
+
+}  // namespace vexlator::importer

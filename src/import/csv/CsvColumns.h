@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Session.h"
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vexlator::importer {
+
+/// How the files of an import are laid out.
+struct CsvSettings {
+    bool header = true;            ///< the first line of each file names the columns
+    char delimiter = ',';          ///< or a tab
+    std::string fixedFeature;      ///< feature code of every file, in capitals; "": the file's name
+    std::string east, north, key;  ///< names of columns; without a header their positions, from 0
+};
+
+/// From section [CSVIN].
+CsvSettings ReadCsvSettings(const config::Session& session);
+
+/// Splits a line at every delimiter.
+void SplitCsvLine(std::string_view line, char delimiter, std::vector<std::string_view>& fields);
+
+/// What the columns of a table of points mean. What one header says holds for the next file where its header
+/// says nothing else.
+class CsvColumns {
+public:
+    explicit CsvColumns(const CsvSettings& settings);
+
+    /// Takes the columns from a header line. Names are compared with letter case; of two equal ones the later
+    /// counts. A header with fields in double quotes is read as records are.
+    void ReadCsvHeader(std::string_view line);
+
+    /// -1: there is no such column.
+    int East() const { return east_; }
+    int North() const { return north_; }
+    int Key() const { return key_; }
+    /// Whether the column holds values of an attribute that is neither key nor coordinate.
+    bool IsAttribute(std::size_t column) const {
+        return column < attributeColumns_.size() && attributeColumns_[column];
+    }
+    /// Names of the attributes, the key's first; none without a header.
+    const std::vector<std::string>& AttributeNames() const { return names_; }
+    const std::vector<int>& AttributeWidths() const { return widths_; }
+
+private:
+    void FindPositions(std::span<const std::string_view> fields);
+    bool IsKeyOrCoordinate(int column) const { return column == key_ || column == east_ || column == north_; }
+
+    CsvSettings settings_;
+    int east_ = -1, north_ = -1, key_ = -1;
+    std::vector<std::string> names_;
+    std::vector<int> widths_;
+    std::vector<bool> attributeColumns_;
+};
+
+}  // namespace vexlator::importer

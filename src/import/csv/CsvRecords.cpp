@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "import/csv/CsvRecords.h"
+
+#include "util/Numbers.h"
+#include "util/Text.h"
+
+#include <algorithm>
+
+namespace vexlator::importer {
+
+std::string UnquoteCsvLine(std::string_view line) {
+    std::string unquoted;
+    unquoted.reserve(line.size());
+    for (;;) {
+        std::size_t open = line.find('"');
+        std::size_t close = open == std::string_view::npos ? open : line.find('"', open + 1);
+        if (close == std::string_view::npos) return unquoted.append(line);
+        unquoted.append(line.substr(0, open));
+        std::size_t begin = unquoted.size();
+        unquoted.append(line.substr(open + 1, close - open - 1));
+        std::replace(unquoted.begin() + static_cast<std::ptrdiff_t>(begin), unquoted.end(), ',', ';');
+        line.remove_prefix(close + 1);
+    }
+}
+
+std::string_view CsvRecords::ReadLine() {
+    std::string_view line = lines_.ReadTextLine();
+    if (platform::IsAscii(line)) return line;
+    decoded_.clear();
+    decoder_.Append(decoded_, line);
+    return decoded_;
+}
+
+bool CsvRecords::Next(const CsvColumns& columns, CsvRecord& record) {
+    while (!lines_.AtEnd()) {
+        std::string_view line = ReadLine();
+        if (util::Trim(line).empty()) continue;
+        ++count_;
+        if (line.find('"') != std::string_view::npos) line = unquoted_ = UnquoteCsvLine(line);
+        ParseCsvRecord(line, columns, record);
+        return true;
+    }
+    return false;
+}
+
+void CsvRecords::ParseCsvRecord(std::string_view line, const CsvColumns& columns, CsvRecord& record) {
+    SplitCsvLine(line, delimiter_, fields_);
+    record.east = util::NumberOf(Field(columns.East()));
+    record.north = util::NumberOf(Field(columns.North()));
+    std::string_view key = Field(columns.Key());
+    if (util::Trim(key).empty()) key = madeKey_ = "gvw" + std::to_string(count_);
+    values_.clear();
+    values_.push_back(key);
+    for (std::size_t i = 0; i < fields_.size(); ++i)
+        if (columns.IsAttribute(i)) values_.push_back(fields_[i]);
+    record.values = values_;
+}
+
+std::string_view CsvRecords::Field(int column) const {
+    auto index = static_cast<std::size_t>(column);
+    return column < 0 || index >= fields_.size() ? std::string_view() : fields_[index];
+}
+
+}  // namespace vexlator::importer

@@ -1,0 +1,98 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "import/csv/frmFromCSV.h"
+
+#include "drawing/AttributeTemplate.h"
+#include "drawing/SymbolBlock.h"
+#include "import/FeatureCode.h"
+#include "import/FeatureLayer.h"
+#include "import/SourceFiles.h"
+#include "import/TextSource.h"
+#include "util/Files.h"
+#include "util/Paths.h"
+#include "util/Text.h"
+
+namespace vexlator::importer {
+
+frmFromCSV::frmFromCSV(config::Session& session)
+    : session_(session), settings_(ReadCsvSettings(session)), columns_(settings_) {}
+
+config::Outcome frmFromCSV::Start(std::string_view sourcePath, std::string_view sourceFolder,
+                                  std::string_view fileList) {
+    view_ = session_.Ui().ShowForm("frmFromCSV");
+    config::Outcome outcome;
+    outcome.target = util::JoinPath(sourceFolder, util::BaseNameOf(sourcePath) + ".VDF");
+    for (const std::string& path : SourceFiles(sourcePath, fileList))
+        if (!ImportCsvFile(path)) outcome.status = config::Outcome::Status::Failed;
+    drawing_.saveAs(outcome.target);
+    session_.Ui().Settle(1.0);
+    outcome.layers = drawing_.layerCount() - 1;  // without "0", which every drawing has
+    outcome.features = features_;
+    return outcome;
+}
+
+bool frmFromCSV::ImportCsvFile(const std::string& path) {
+    auto file = OpenTextSource(path, session_.Ui());
+    if (!file) return false;
+    std::string code =
+        settings_.fixedFeature.empty() ? Capitals(util::BaseNameOf(path)) : settings_.fixedFeature;
+    view_->SetLabel(code);
+    std::string style = SelectFeatureLayer(session_, drawing_, code);
+    CsvRecords records(WithoutByteOrderMark(file->Text()), settings_.delimiter);
+    if (settings_.header) columns_.ReadCsvHeader(records.ReadLine());
+    if (!HasItsColumns()) return false;
+    drawing::GenerateAtp(session_, FeatureTemplatePath(session_, code), columns_.AttributeNames(),
+                         columns_.AttributeWidths());
+    std::string symbol = drawing::EnsureSymbolBlock(session_, util::GetCommaField(1, style), drawing_);
+    if (symbol.empty()) return false;
+    set_ = drawing_.attributeSet(columns_.AttributeNames());
+    ReadRecords(records, symbol, *file);
+    view_->SetLabel("Completed!");
+    return true;
+}
+
+bool frmFromCSV::HasItsColumns() {
+    bool named = settings_.header && !settings_.east.empty();
+    if (named && (columns_.East() < 0 || columns_.North() < 0) &&
+        !session_.Ui().AskYesNo("East or North Field '" + settings_.east + "/" + settings_.north +
+                                "' Not Found\n\nContinue with No Coords?"))
+        return false;
+    if (columns_.Key() >= 0) return true;
+    session_.Ui().ShowMessage("Key Field '" + settings_.key + "' Not Found");
+    return false;
+}
+
+void frmFromCSV::ReadRecords(CsvRecords& records, const std::string& symbol, platform::MappedFile& file) {
+    constexpr std::uint64_t refreshStep = 501;
+    MissingValues missing(file.Bytes().size());
+    CsvRecord record{};
+    try {
+        while (records.Next(columns_, record)) {
+            drawing_.addInsert({record.east, record.north, 0}, symbol, 1, 1, 0);
+            if (std::size_t names = columns_.AttributeNames().size(); names > 0) {
+                missing.Count(names - record.values.size(), records.Line());
+                AttachCsvAttributes(record);
+            }
+            file.DoneBefore(records.Position());
+            if (records.Count() % refreshStep == 0) ShowCsvProgress(records.Count());
+        }
+    } catch (const platform::ReadError& error) {
+        throw error.InFile(file.Name());
+    }
+    ShowCsvProgress(records.Count());
+    features_ += records.Count();
+}
+
+void frmFromCSV::AttachCsvAttributes(const CsvRecord& record) {
+    drawing_.beginValues(set_);
+    for (std::string_view value : record.values) drawing_.appendValue(value);
+    for (std::size_t i = record.values.size(); i < columns_.AttributeNames().size(); ++i)
+        drawing_.appendValue("");
+}
+
+void frmFromCSV::ShowCsvProgress(std::uint64_t count) {
+    drawing_.zoomExtents();
+    view_->Progress(count, 0);
+}
+
+}  // namespace vexlator::importer

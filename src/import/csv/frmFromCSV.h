@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Outcome.h"
+#include "config/Session.h"
+#include "drawing/Drawing.h"
+#include "import/csv/CsvColumns.h"
+#include "import/csv/CsvRecords.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace vexlator::importer {
+
+/// Tables of points become one drawing: each record a symbol on the layer of its file's feature code, the
+/// values of its other columns text attributes. Settings: section [CSVIN].
+class frmFromCSV {
+public:
+    explicit frmFromCSV(config::Session& session);
+
+    /// Imports `sourcePath` and the files of `fileList` (each preceded by "|"; names without a folder lie
+    /// beside `sourcePath`) and saves the drawing in `sourceFolder` under the first one's base name.
+    /// A file that cannot be opened, or whose columns are missing, is reported and left out, and the outcome
+    /// is Failed.
+    /// @throws platform::ReadError for a damaged file, platform::WriteError; then nothing is saved
+    config::Outcome Start(std::string_view sourcePath, std::string_view sourceFolder,
+                          std::string_view fileList);
+
+private:
+    /// False when the file is left out.
+    bool ImportCsvFile(const std::string& path);
+    bool HasItsColumns();
+    void ReadRecords(CsvRecords& records, const std::string& symbol, platform::MappedFile& file);
+    void AttachCsvAttributes(const CsvRecord& record);
+    void ShowCsvProgress(std::uint64_t count);
+
+    config::Session& session_;
+    CsvSettings settings_;
+    CsvColumns columns_;
+    drawing::Drawing drawing_;
+    drawing::AttributeSet set_ = 0;
+    std::unique_ptr<ui::FormView> view_;
+    std::uint64_t features_ = 0;
+};
+
+}  // namespace vexlator::importer

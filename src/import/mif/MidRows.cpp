@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "import/mif/MidRows.h"
+
+#include <utility>
+
+namespace vexlator::importer {
+
+namespace {
+
+/// Where the last row ends that holds anything; old programs end a file with Ctrl-Z.
+std::size_t EndOfRows(std::string_view text) {
+    return text.find_last_not_of(" \t\r\n\x1A") + 1;
+}
+
+}  // namespace
+
+MidRows::MidRows(std::string_view text, std::string delimiter, platform::Decoder& decoder)
+    : text_(text), delimiter_(std::move(delimiter)), decoder_(decoder), lines_(text), end_(EndOfRows(text)) {}
+
+bool MidRows::AtEnd() const {
+    return lines_.Position() >= end_;
+}
+
+std::string MidRows::ReadRow() {
+    return decoder_.Decode(lines_.ReadTextLine());
+}
+
+std::span<const std::string_view> MidRows::ReadValues() {
+    std::string_view row = lines_.ReadTextLine();
+    if (!platform::IsAscii(row)) {
+        decoded_.clear();
+        decoder_.Append(decoded_, row);
+        row = decoded_;
+    }
+    Transform(row);
+    views_.clear();
+    std::size_t begin = 0;
+    for (std::size_t end : ends_) {
+        views_.push_back(std::string_view(values_).substr(begin, end - begin));
+        begin = end;
+    }
+    return views_;
+}
+
+/// Three rules that follow one another for each character: a "," that does not separate becomes "/"; the
+/// delimiter becomes ","; and a "," inside quotes becomes ";".
+void MidRows::Transform(std::string_view row) {
+    values_.clear();
+    ends_.clear();
+    bool isComma = delimiter_ == ",";
+    bool isQuote = delimiter_ == "\"";  // then no quotes are left to be inside of
+    bool quoted = false;
+    while (!row.empty()) {
+        bool separates = row.starts_with(delimiter_);
+        char c = row[0];
+        row.remove_prefix(separates ? delimiter_.size() : 1);
+        if (c == '"' && !isQuote) {
+            quoted = !quoted;
+            continue;
+        }
+        if (c == ',' && (quoted || !isComma)) {
+            c = '/';
+            separates = delimiter_ == "/";
+        }
+        if (separates && !quoted)
+            ends_.push_back(values_.size());
+        else
+            values_ += separates ? ';' : c;
+    }
+    ends_.push_back(values_.size());
+}
+
+}  // namespace vexlator::importer

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/CodePages.h"
+#include "util/Files.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vexlator::importer {
+
+/// The rows of attribute values beside a MapInfo interchange file (.MID). The text outlives the object.
+class MidRows {
+public:
+    MidRows(std::string_view text, std::string delimiter, platform::Decoder& decoder);
+
+    /// Whether rows are left; blank lines at the end are none.
+    bool AtEnd() const;
+    /// The next row as it stands; "" behind the last.
+    std::string ReadRow();
+    /// The values of the next row, good until the next call: quotes are taken away, a "," that does not
+    /// separate becomes "/", another delimiter inside quotes ";".
+    std::span<const std::string_view> ReadValues();
+
+    std::size_t Position() const { return lines_.Position(); }
+    std::uint64_t Line() const { return lines_.Line(); }
+
+private:
+    void Transform(std::string_view row);
+
+    std::string_view text_;
+    std::string delimiter_;
+    platform::Decoder& decoder_;
+    util::LineReader lines_;
+    std::size_t end_;  ///< of the last row that is not blank
+    std::string decoded_, values_;
+    std::vector<std::size_t> ends_;  ///< of each value in values_
+    std::vector<std::string_view> views_;
+};
+
+}  // namespace vexlator::importer

@@ -1,0 +1,325 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "import/mif/MifToDrawing.h"
+
+#include "import/mif/MifShapes.h"
+#include "platform/Paths.h"
+#include "util/Numbers.h"
+#include "util/Text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace vexlator::importer {
+
+using util::PlanePoint;
+
+namespace {
+
+constexpr std::int32_t lineWeight = 30;
+constexpr std::int32_t textAlignment = 24;
+constexpr std::size_t shortestCoordinates = 5;  // a shorter line before a polyline's vertices is their count
+constexpr std::size_t longestShownLine = 500;
+
+std::vector<std::string> NamesOf(const MifHeader& header) {
+    std::vector<std::string> names;
+    for (const MifColumn& column : header.columns) names.push_back(column.name);
+    return names;
+}
+
+bool HasWord(std::string_view upper, std::string_view word) {
+    return upper.find(word) != std::string_view::npos;
+}
+
+/// The whole number that follows a word; 0 when there is none.
+std::int64_t CountAfter(std::string_view word, std::string_view upper) {
+    return HasWord(upper, word) ? util::IntegerOf(upper.substr(upper.find(word) + word.size())) : 0;
+}
+
+MifBox BoxOf(std::string_view line) {
+    auto numbers = MifNumbers(line);
+    return {numbers[1], numbers[2], numbers[3], numbers[4]};
+}
+
+bool IsObject(MifKeyword keyword) {
+    return keyword != MifKeyword::Data && keyword != MifKeyword::Style && keyword != MifKeyword::Unknown;
+}
+
+}  // namespace
+
+MifToDrawing::MifToDrawing(const Target& target, const MifHeader& header, const MifLines& lines,
+                           std::optional<std::string_view> mid)
+    : drawing_(target.drawing),
+      ui_(target.ui),
+      symbol_(target.symbol),
+      extended_(target.extended),
+      charset_(header.charset),
+      columnCount_(header.columns.size()),
+      set_(drawing_.attributeSet(NamesOf(header))),
+      plainStyle_(drawing_.activeStyle()),
+      lineStyle_(plainStyle_),
+      lines_(lines),
+      decoder_(MifDecoder(header.charset)),
+      missing_(lines.Size() + (mid ? mid->size() : 0)) {
+    if (mid) rows_.emplace(*mid, header.delimiter, decoder_);
+    lineStyle_.lineWeight = lineWeight;
+    areaStyle_ = lineStyle_;
+    areaStyle_.fillColour = areaStyle_.colour;
+    areaStyle_.outlineColour = drawing::defaultColour;
+}
+
+bool MifToDrawing::ReadObject() {
+    std::uint64_t before = objects_;
+    while (objects_ == before && !lines_.AtEnd()) HandleLine(lines_.ReadTextLine());
+    return objects_ > before;
+}
+
+void MifToDrawing::HandleLine(std::string_view line) {
+    std::string upper = platform::UpperAscii(line);
+    MifKeyword keyword = MifKeywordOf(upper, extended_);
+    if (keyword == MifKeyword::Data) started_ = true;
+    if (!started_) return;
+    switch (keyword) {
+        case MifKeyword::Point:
+            return AddPoint(line);
+        case MifKeyword::Ellipse:
+            return AddEllipse(line);
+        case MifKeyword::Polyline:
+            return AddPolyline(upper);
+        case MifKeyword::Region:
+            return AddRegion(upper);
+        case MifKeyword::Text:
+            return AddText(line);
+        case MifKeyword::Line:
+            return AddLine(line);
+        case MifKeyword::None:
+            return SkipRow();
+        case MifKeyword::Arc:
+            return AddArc(line);
+        case MifKeyword::Rectangle:
+            return AddRectangle(line, false);
+        case MifKeyword::RoundedRectangle:
+            return AddRectangle(line, true);
+        case MifKeyword::PointSet:
+            return AddPointSet();
+        case MifKeyword::Collection:
+            partsLeft_ = CountAfter("COLLECTION", upper);
+            partSharesRow_ = false;
+            return;
+        case MifKeyword::Data:
+        case MifKeyword::Style:
+            return;
+        case MifKeyword::Unknown:
+            return ShowUnknownLine(line);
+    }
+}
+
+// --- Objects
+
+void MifToDrawing::AddPoint(std::string_view line) {
+    auto numbers = MifNumbers(line);
+    AddInsert({numbers[1], numbers[2]});
+    FinishObject();
+}
+
+void MifToDrawing::AddLine(std::string_view line) {
+    MifBox ends = BoxOf(line);
+    BeginLine();
+    AddVertices(std::array<PlanePoint, 2>{{{ends.x1, ends.y1}, {ends.x2, ends.y2}}});
+    FinishObject();
+}
+
+void MifToDrawing::AddEllipse(std::string_view line) {
+    BeginLine();
+    AddVertices(EllipseVertices(BoxOf(line)));
+    FinishObject();
+}
+
+void MifToDrawing::AddPolyline(std::string_view upper) {
+    BeginLine();
+    std::int64_t sections = 1;
+    if (HasWord(upper, "MULTIPLE")) {
+        sections = CountAfter("MULTIPLE", upper);
+        lines_.ReadTextLine();
+    }
+    for (std::int64_t section = 1; section <= sections && !lines_.AtEnd(); ++section) {
+        if (section > 1) lines_.ReadTextLine();
+        std::string_view next = lines_.PeekTextLine();
+        if (next.size() < shortestCoordinates && !IsCoordinateLine(next)) lines_.ReadTextLine();
+        AddCoordinateLines();
+    }
+    if (sections > 1) ++multiSection_;
+    FinishObject();
+}
+
+/// All rings go into one polyline; each further one is reached from, and returns to, the end of the first.
+void MifToDrawing::AddRegion(std::string_view upper) {
+    BeginArea();
+    std::int64_t rings = std::max<std::int64_t>(CountAfter("REGION", upper), 1);
+    std::optional<PlanePoint> anchor;
+    for (std::int64_t i = 0; i < rings && !lines_.AtEnd(); ++i) {
+        lines_.ReadTextLine();
+        Course ring = AddCoordinateLines();
+        if (ring.count == 0) continue;
+        AddVertices({&ring.first, 1});
+        if (anchor) AddVertices({&*anchor, 1});
+        if (!anchor) anchor = ring.last;
+    }
+    FinishObject();
+}
+
+void MifToDrawing::AddText(std::string_view line) {
+    if (line.find('"') == std::string_view::npos) line = lines_.ReadTextLine();
+    std::string text = decoder_.Decode(util::GetField(1, line, "\""));
+    auto box = MifNumbers(lines_.ReadTextLine());
+    double rotation = ReadTextRotation();
+    drawing_.setActiveStyle(plainStyle_);
+    drawing::Entity entity =
+        drawing_.addText({box[0], box[1], 0}, text, util::Distance(box[0], box[1], box[2], box[3]), rotation);
+    drawing::Shape shape = entity.shape();
+    shape.alignment = textAlignment;
+    entity.setShape(shape);
+    FinishObject();
+}
+
+/// Reads the lines about a text's looks, which end with an empty line.
+double MifToDrawing::ReadTextRotation() {
+    double rotation = 0;
+    while (!lines_.AtEnd()) {
+        std::string_view line = TrimmedLine(lines_.PeekTextLine());
+        std::string upper = platform::UpperAscii(line);
+        if (extended_ && IsObject(MifKeywordOf(upper, extended_))) break;
+        lines_.ReadTextLine();
+        if (line.empty()) break;
+        if (HasWord(upper, "ANGLE")) rotation = MifNumbers(line)[1] / util::degreesPerRadian;
+    }
+    return rotation;
+}
+
+void MifToDrawing::AddArc(std::string_view line) {
+    auto angles = MifNumbers(lines_.ReadTextLine());
+    BeginLine();
+    AddVertices(ArcVertices(BoxOf(line), angles[0], angles[1]));
+    FinishObject();
+}
+
+void MifToDrawing::AddRectangle(std::string_view line, bool rounded) {
+    double rounding = MifNumbers(line)[5];
+    if (rounded && rounding == 0) rounding = MifNumbers(lines_.ReadTextLine())[0];
+    BeginArea();
+    AddVertices(RectangleVertices(BoxOf(line), rounded ? rounding : 0));
+    FinishObject();
+}
+
+void MifToDrawing::AddPointSet() {
+    std::array<PlanePoint, 64> points;
+    bool first = true;
+    while (std::size_t count = lines_.ReadCoordinates(points)) {
+        for (const PlanePoint& at : std::span(points).first(count)) {
+            AddInsert(at);
+            if (first)
+                AddAttributes();
+            else if (rows_)
+                drawing_.shareValues();
+            first = false;
+        }
+    }
+    if (first) return SkipRow();
+    ++objects_;
+}
+
+void MifToDrawing::SkipRow() {
+    if (rows_) rows_->ReadRow();
+    ++none_;
+}
+
+// --- Entities
+
+void MifToDrawing::AddInsert(const PlanePoint& at) {
+    drawing_.setActiveStyle(plainStyle_);
+    drawing_.addInsert({at.x, at.y, 0}, symbol_, 1, 1, 0);
+}
+
+void MifToDrawing::BeginLine() {
+    drawing_.setActiveStyle(lineStyle_);
+    drawing_.addPolyline();
+}
+
+void MifToDrawing::BeginArea() {
+    drawing_.setActiveStyle(areaStyle_);
+    drawing_.addPolyline().setFilled(true);
+}
+
+void MifToDrawing::AddVertices(std::span<const PlanePoint> vertices) {
+    std::ranges::copy(vertices, drawing_.extendPlan(vertices.size()).begin());
+}
+
+MifToDrawing::Course MifToDrawing::AddCoordinateLines() {
+    std::array<PlanePoint, 256> points;
+    Course course;
+    while (std::size_t count = lines_.ReadCoordinates(points)) {
+        if (course.count == 0) course.first = points[0];
+        course.last = points[count - 1];
+        course.count += count;
+        AddVertices(std::span(points).first(count));
+    }
+    return course;
+}
+
+void MifToDrawing::FinishObject() {
+    AddAttributes();
+    ++objects_;
+}
+
+// --- Attributes
+
+/// The parts of a collection follow one another and have one row.
+void MifToDrawing::AddAttributes() {
+    if (!rows_) return;
+    bool isPart = partsLeft_ > 0;
+    if (isPart) --partsLeft_;
+    if (isPart && partSharesRow_)
+        drawing_.shareValues();
+    else
+        ReadMidAttributes();
+    partSharesRow_ = isPart;
+}
+
+void MifToDrawing::ReadMidAttributes() {
+    std::span<const std::string_view> values = rows_->ReadValues();
+    std::size_t present = std::min(values.size(), columnCount_);
+    missing_.Count(columnCount_ - present, rows_->Line());
+    drawing_.beginValues(set_);
+    for (std::string_view value : values.first(present)) drawing_.appendValue(value);
+    for (std::size_t i = present; i < columnCount_; ++i) drawing_.appendValue("");
+}
+
+// --- What is told
+
+void MifToDrawing::ShowUnknownLine(std::string_view line) {
+    if (TrimmedLine(line).empty()) return;
+    if (++unknown_ > mostUnknownLines) return;
+    std::string text = platform::UpperAscii(decoder_.Decode(line));
+    ui_.ShowMessage("unknown line <" + std::string(platform::CutUtf8(text, longestShownLine)) +
+                    "> at Position " + std::to_string(lines_.Position()));
+}
+
+void MifToDrawing::ShowRemainingRows() {
+    if (rows_ && !rows_->AtEnd()) ui_.ShowMessage("Remaining MID Entries Starting with\n" + rows_->ReadRow());
+}
+
+std::vector<std::string> MifToDrawing::Remarks() const {
+    std::vector<std::string> remarks;
+    if (unknown_ > mostUnknownLines)
+        remarks.push_back(util::GroupedCount(unknown_ - mostUnknownLines) + " more lines are not known");
+    if (!decoder_.IsKnown())
+        remarks.push_back("its character set \"" + charset_ +
+                          "\" is not known; its text was read as Windows-1252");
+    if (decoder_.Misfits() > 0 && !IsNeutralCharset(charset_))
+        remarks.push_back(util::GroupedCount(decoder_.Misfits()) +
+                          " texts are not valid in its character set " + charset_ +
+                          " and were read as Windows-1252");
+    return remarks;
+}
+
+}  // namespace vexlator::importer

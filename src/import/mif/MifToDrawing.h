@@ -1,0 +1,109 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "drawing/Drawing.h"
+#include "import/TextSource.h"
+#include "import/mif/MidRows.h"
+#include "import/mif/MifHeader.h"
+#include "import/mif/MifKeyword.h"
+#include "import/mif/MifLines.h"
+#include "ui/UserInterface.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vexlator::importer {
+
+/// Makes entities of the objects of a MapInfo interchange file, on the active layer of a drawing in its
+/// active colour. Layout facts: the published MapInfo interchange format.
+class MifToDrawing {
+public:
+    struct Target {
+        drawing::Drawing& drawing;
+        ui::UserInterface& ui;  ///< hears of lines that are no object
+        std::string symbol;     ///< block that draws points
+        /// Arcs, rectangles, sets of points and collections become entities too, and the line of an object
+        /// ends the text before it.
+        bool extended = false;
+    };
+
+    /// `lines` stand behind the header. `mid`, the text of the .MID file, outlives the object; without it
+    /// entities get no attributes.
+    MifToDrawing(const Target& target, const MifHeader& header, const MifLines& lines,
+                 std::optional<std::string_view> mid);
+
+    /// Reads to the end of the next object; false at the end of the file. Lines that are no object are shown
+    /// as messages, at most mostUnknownLines of them.
+    /// @throws platform::ReadError, without a file name, when rows lack too much
+    bool ReadObject();
+    /// Shows the first row that no object is left for, when there is one.
+    void ShowRemainingRows();
+    /// What the person should know about the file, a line each.
+    std::vector<std::string> Remarks() const;
+
+    std::uint64_t ObjectCount() const { return objects_; }
+    std::uint64_t MultiSectionCount() const { return multiSection_; }  ///< polylines of several sections
+    std::uint64_t NoneCount() const { return none_; }                  ///< objects without geometry
+    const MifLines& Lines() const { return lines_; }
+    /// Where the next row begins in the .MID file.
+    std::size_t RowPosition() const { return rows_ ? rows_->Position() : 0; }
+
+    static constexpr std::uint64_t mostUnknownLines = 1000;
+
+private:
+    /// Vertices of a run of coordinate lines.
+    struct Course {
+        std::size_t count = 0;
+        util::PlanePoint first, last;
+    };
+
+    void HandleLine(std::string_view line);
+    void AddPoint(std::string_view line);
+    void AddLine(std::string_view line);
+    void AddEllipse(std::string_view line);
+    void AddPolyline(std::string_view upper);
+    void AddRegion(std::string_view upper);
+    void AddText(std::string_view line);
+    void AddArc(std::string_view line);
+    void AddRectangle(std::string_view line, bool rounded);
+    void AddPointSet();
+    void SkipRow();
+    void ShowUnknownLine(std::string_view line);
+
+    void AddInsert(const util::PlanePoint& at);
+    void BeginLine();
+    void BeginArea();
+    void AddVertices(std::span<const util::PlanePoint> vertices);
+    void FinishObject();
+    Course AddCoordinateLines();
+    double ReadTextRotation();
+    void AddAttributes();
+    void ReadMidAttributes();
+
+    drawing::Drawing& drawing_;
+    ui::UserInterface& ui_;
+    std::string symbol_;
+    bool extended_;
+    std::string charset_;
+    std::size_t columnCount_;
+    drawing::AttributeSet set_;
+    drawing::Style plainStyle_, lineStyle_, areaStyle_;
+
+    MifLines lines_;
+    platform::Decoder decoder_;
+    std::optional<MidRows> rows_;
+    MissingValues missing_;
+
+    bool started_ = false;  ///< the "Data" line was read
+    std::uint64_t objects_ = 0, multiSection_ = 0, none_ = 0, unknown_ = 0;
+    std::int64_t partsLeft_ = 0;  ///< of a collection
+    bool partSharesRow_ = false;  ///< the next part has the attributes of the one before it
+};
+
+}  // namespace vexlator::importer

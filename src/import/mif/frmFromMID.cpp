@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "import/mif/frmFromMID.h"
+
+#include "drawing/AttributeTemplate.h"
+#include "drawing/SymbolBlock.h"
+#include "import/FeatureCode.h"
+#include "import/FeatureLayer.h"
+#include "import/SourceFiles.h"
+#include "import/TextSource.h"
+#include "import/mif/MifHeader.h"
+#include "import/mif/MifToDrawing.h"
+#include "util/Files.h"
+#include "util/Paths.h"
+#include "util/Text.h"
+
+#include <optional>
+
+namespace vexlator::importer {
+
+namespace {
+
+void GenerateTemplate(config::Session& session, const std::string& code, const MifHeader& header) {
+    std::vector<std::string> names;
+    std::vector<int> widths;
+    for (const MifColumn& column : header.columns) {
+        names.push_back(column.name);
+        widths.push_back(column.width);
+    }
+    drawing::GenerateAtp(session, FeatureTemplatePath(session, code), names, widths);
+}
+
+}  // namespace
+
+config::Outcome frmFromMID::Start(std::string_view sourcePath, std::string_view sourceFolder,
+                                  std::string_view fileList) {
+    view_ = session_.Ui().ShowForm("frmFromMID");
+    config::Outcome outcome;
+    outcome.target = util::JoinPath(sourceFolder, util::BaseNameOf(sourcePath) + ".VDF");
+    for (const std::string& path : SourceFiles(sourcePath, fileList))
+        if (!ImportMifFile(path)) outcome.status = config::Outcome::Status::Failed;
+    drawing_.saveAs(outcome.target);
+    session_.Ui().Settle(1.0);
+    outcome.layers = drawing_.layerCount() - 1;  // without "0", which every drawing has
+    outcome.features = features_;
+    return outcome;
+}
+
+bool frmFromMID::ImportMifFile(const std::string& path) {
+    auto mif = OpenTextSource(util::ChangeExtension(path, "MIF"), session_.Ui());
+    if (!mif) return false;
+    auto mid = util::OpenFile(util::ChangeExtension(path, "MID"), &session_.Ui());
+    std::string code = Capitals(util::BaseNameOf(path));
+    view_->SetLabel(code);
+    std::string style = SelectFeatureLayer(session_, drawing_, code);
+
+    MifLines lines(WithoutByteOrderMark(mif->Text()));
+    MifHeader header = ReadMifHeader(lines);
+    if (!header.complete) {
+        session_.Ui().Report(mif->Name() + ": has no \"Columns\" line; nothing was imported from it");
+        return false;
+    }
+    GenerateTemplate(session_, code, header);
+    std::string symbol = drawing::EnsureSymbolBlock(session_, util::GetCommaField(1, style), drawing_);
+    MifToDrawing objects({drawing_, session_.Ui(), symbol, session_.ReadIniFlag("MIDIN", "Extended")}, header,
+                         lines, mid ? std::optional(WithoutByteOrderMark(mid->Text())) : std::nullopt);
+    ReadObjects(objects, *mif, mid ? &*mid : nullptr);
+    for (const std::string& remark : objects.Remarks()) session_.Ui().Report(mif->Name() + ": " + remark);
+    view_->SetLabel("Completed!");
+    return mid.has_value();
+}
+
+void frmFromMID::ReadObjects(MifToDrawing& objects, platform::MappedFile& mif, platform::MappedFile* mid) {
+    constexpr std::uint64_t refreshStep = 500;
+    std::uint64_t threshold = refreshStep, refreshed = objects.Lines().Line();
+    try {
+        while (objects.ReadObject()) {
+            mif.DoneBefore(objects.Lines().Position());
+            if (mid) mid->DoneBefore(objects.RowPosition());
+            if (objects.Lines().Line() - refreshed <= threshold) continue;
+            ShowProgress(objects);
+            refreshed = objects.Lines().Line();
+            threshold += refreshStep;
+        }
+    } catch (const platform::ReadError& error) {
+        throw error.InFile(mid ? mid->Name() : mif.Name());
+    }
+    ShowProgress(objects);
+    objects.ShowRemainingRows();
+    features_ += objects.ObjectCount();
+}
+
+void frmFromMID::ShowProgress(const MifToDrawing& objects) {
+    drawing_.zoomExtents();
+    view_->Progress(objects.ObjectCount(), 0);
+    if (objects.MultiSectionCount() > 0 || objects.NoneCount() > 0)
+        view_->SetLabel("M:" + std::to_string(objects.MultiSectionCount()) +
+                        "  N:" + std::to_string(objects.NoneCount()));
+}
+
+}  // namespace vexlator::importer

@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Outcome.h"
+#include "config/Session.h"
+#include "drawing/Drawing.h"
+#include "platform/Files.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace vexlator::importer {
+
+class MifToDrawing;
+
+/// MapInfo interchange files become one drawing, one layer for each pair of .MIF and .MID: points become
+/// symbols, lines and areas become polylines, the columns of the .MID rows become text attributes.
+class frmFromMID {
+public:
+    explicit frmFromMID(config::Session& session) : session_(session) {}
+
+    /// Imports `sourcePath` and the files of `fileList` (each preceded by "|"; names without a folder lie
+    /// beside `sourcePath`) and saves the drawing in `sourceFolder` under the first one's base name. The
+    /// extensions do not count. A file that cannot be opened is reported; without its .MID a .MIF is imported
+    /// without attributes; in both cases the outcome is Failed.
+    /// @throws platform::ReadError for a damaged file, platform::WriteError; then nothing is saved
+    config::Outcome Start(std::string_view sourcePath, std::string_view sourceFolder,
+                          std::string_view fileList);
+
+private:
+    /// False when one of the two files could not be read.
+    bool ImportMifFile(const std::string& path);
+    void ReadObjects(MifToDrawing& objects, platform::MappedFile& mif, platform::MappedFile* mid);
+    void ShowProgress(const MifToDrawing& objects);
+
+    config::Session& session_;
+    drawing::Drawing drawing_;
+    std::unique_ptr<ui::FormView> view_;
+    std::uint64_t features_ = 0;
+};
+
+}  // namespace vexlator::importer

@@ -1,0 +1,160 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "import/csv/CsvRecords.h"
+#include "import/csv/frmFromCSV.h"
+#include "support/ImportOffice.h"
+
+#include <gtest/gtest.h>
+
+namespace vexlator {
+namespace {
+
+using Messages = std::vector<std::string>;
+using config::Outcome;
+
+struct Office : test::ImportOffice<importer::frmFromCSV> {
+    Office() { Columns("ID", "E", "N"); }
+    void Columns(const std::string& key, const std::string& east, const std::string& north,
+                 const std::string& more = "") {
+        Ini("[CSVIN]\nKey=" + key + "\nEast=" + east + "\nNorth=" + north + "\n" + more);
+    }
+    std::string Text(std::string_view text) {
+        folder.Write("code.csv", text);
+        return Import("code.csv");
+    }
+};
+
+TEST(CsvImport, RecordsBecomeSymbols) {
+    struct Case {
+        const char *text, *wanted;
+    };
+    const Case cases[] = {
+        {"ID,E,N,TYPE,\n17,1.5,2.5,VALVE,x\n", "CODE VDINSERT 1.5,2.5 | ID=17 | TYPE=VALVE\n"},
+        {"TYPE,N,E,ID, DEPTH <m>\n\"Smith, J\",2,1,A1,\"a\"\"b\n",
+         "CODE VDINSERT 1,2 | ID=A1 | TYPE=Smith; J | DEPTH=a\"b\n"},
+        {"ID,E,N,A\r\n,1,2,x\r\n\r\n   \r\nk,3,4\r\n  ,5,6,z",
+         "CODE VDINSERT 1,2 | ID=gvw1 | A=x\n"
+         "CODE VDINSERT 3,4 | ID=k | A=\n"
+         "CODE VDINSERT 5,6 | ID=gvw3 | A=z\n"},
+        {"E,N,ID,ID,A\n7m,x,first,second,5\" pipe\n",
+         "CODE VDINSERT 7,0 | ID=second | ID=first | A=5\" pipe\n"},
+        {"\"ID\",\"E\",\"N\",\"A, B\",C\n1,2,3,4,5\n", "CODE VDINSERT 2,3 | ID=1 | A; B=4 | C=5\n"},
+        {"ID,E,N,5\",6\"\n1,2,3,4,5\n", "CODE VDINSERT 2,3 | ID=1 | 5\"=4 | 6\"=5\n"},
+        {"\xEF\xBB\xBFID,E,N,caf\xC3\xA9\n1,2,3,na\xC3\xAFve\n",
+         "CODE VDINSERT 2,3 | ID=1 | caf\xC3\xA9=na\xC3\xAFve\n"},
+        {"ID,E,N,caf\xE9\r1,2,3,\x80\r", "CODE VDINSERT 2,3 | ID=1 | caf\xC3\xA9=\xE2\x82\xAC\n"},
+        {"ID,E,N\n", ""},
+    };
+    for (const Case& c : cases) {
+        Office run;
+        EXPECT_EQ(run.Text(c.text), c.wanted) << c.text;
+        EXPECT_EQ(run.ui.messages, Messages{});
+        EXPECT_EQ(run.outcome.status, Outcome::Status::Done);
+    }
+}
+
+TEST(CsvImport, SymbolsLookAsTheirCodeSays) {
+    Office run;
+    run.folder.Write("ATP/CODE.ATP", "'STYLE=0,,77\n");
+    run.Text("ID,E,N\n1,2,3\n");
+    EXPECT_EQ(run.drawing.entityAt(0).blockName(), "default");
+    EXPECT_EQ(run.drawing.entityAt(0).style().colour, 77U);
+    EXPECT_EQ(run.ui.labels.back(), "Completed!");
+}
+
+TEST(CsvImport, WithoutAHeaderColumnsAreNumbered) {
+    Office run;
+    run.Columns("0", "1", "2", "header=0\n");
+    EXPECT_EQ(run.Text("P7,412000.5,108000.25,MH\n"), "CODE VDINSERT 412000.5,108000.25\n");
+    run.Columns("", "", "5", "header=0\n");
+    EXPECT_EQ(run.Text("3,4\n"), "CODE VDINSERT 3,0\n");
+}
+
+TEST(CsvImport, TabsSeparateAndCommasStay) {
+    Office run;
+    run.Columns("ID", "E", "N", "Separator=tab\n");
+    EXPECT_EQ(run.Text("ID\tE\tN\tA\tB\n1\t2\t3\ta,b\t\"c,d\"\n"),
+              "CODE VDINSERT 2,3 | ID=1 | A=a,b | B=c;d\n");
+}
+
+TEST(CsvImport, AFixedFeatureTakesEveryFile) {
+    Office run;
+    run.Columns("ID", "E", "N", "FixedFeature=water\n");
+    run.folder.Write("A.CSV", "ID,E,N,X\n1,2,3,x\n");
+    run.folder.Write("B.TXT", "E,N,ID,Y\n4,5,6,y\n");
+    EXPECT_EQ(run.Import("A.CSV|B.TXT"),
+              "WATER VDINSERT 2,3 | ID=1 | X=x\nWATER VDINSERT 4,5 | ID=6 | Y=y\n");
+    EXPECT_EQ(run.outcome.layers, 1U);
+    EXPECT_EQ(run.outcome.features, 2U);
+}
+
+TEST(CsvImport, MissingColumnsAreAskedAboutOrTold) {
+    Office run;
+    run.ui.answers = {true, false};
+    const std::string question = "East or North Field 'E/N' Not Found\n\nContinue with No Coords?";
+    EXPECT_EQ(run.Text("ID,E,A\n1,2,3\n"), "CODE VDINSERT 2,0 | ID=1 | A=3\n");
+    EXPECT_EQ(run.outcome.status, Outcome::Status::Done);
+    EXPECT_EQ(run.Text("ID,E,A\n1,2,3\n"), "");
+    EXPECT_EQ(run.outcome.status, Outcome::Status::Failed);
+    EXPECT_EQ(run.ui.questions, (Messages{question, question}));
+    EXPECT_EQ(run.Text("id,E,N\n1,2,3\n"), "");
+    EXPECT_EQ(run.ui.messages, Messages{"Key Field 'ID' Not Found"});
+    EXPECT_EQ(run.outcome.status, Outcome::Status::Failed);
+}
+
+TEST(CsvImport, PositionsStayForFilesWhoseHeaderSaysNothingElse) {
+    Office run;
+    run.folder.Write("A.CSV", "ID,E,N,X\n1,2,3,x\n");
+    run.folder.Write("B.CSV", "what,E2,N2,Y\n4,5,6,y\n");
+    EXPECT_EQ(run.Import("A.CSV|B.CSV"), "A VDINSERT 2,3 | ID=1 | X=x\nB VDINSERT 5,6 | ID=4 | Y=y\n");
+}
+
+TEST(CsvImport, AFileThatCannotBeOpenedIsLeftOut) {
+    Office run;
+    run.folder.Write("EMPTY.CSV", "");
+    run.folder.Write("A.CSV", "ID,E,N\n1,2,3\n");
+    EXPECT_EQ(run.Import("GONE.CSV|EMPTY.CSV|A.CSV"), "A VDINSERT 2,3 | ID=1\n");
+    ASSERT_EQ(run.ui.messages.size(), 2U);
+    EXPECT_TRUE(run.ui.messages[0].starts_with("Error Opening "));
+    EXPECT_TRUE(run.ui.messages[1].ends_with("EMPTY.CSV\nThe file is empty"));
+    EXPECT_EQ(run.outcome.status, Outcome::Status::Failed);
+}
+
+TEST(CsvImport, ATemplateIsOffered) {
+    Office run;
+    run.Columns("ID", "E", "N", "[GENERICIN]\nGenATP=1\n");
+    run.ui.answers = {true};
+    run.Text("ID,E,N,TYPE,\n17,1.5,2.5,VALVE,x\n");
+    EXPECT_EQ(run.ui.questions, Messages{"Generate ATP For CODE"});
+    EXPECT_EQ(test::TempFolder::Read(run.folder / "ATP/CODE.ATP"),
+              "[26,09]\r\n[01,01]ID          ,C16.00\r\n[01,02]TYPE        ,C64.00\r\n");
+}
+
+TEST(CsvImport, WithoutASymbolNothingIsAdded) {
+    Office run;
+    std::filesystem::remove(run.folder / "Symbols/DEFAULT.VDF");
+    EXPECT_EQ(run.Text("ID,E,N\n1,2,3\n"), "");
+    EXPECT_EQ(run.ui.messages, Messages{"No Default Sym"});
+    EXPECT_EQ(run.outcome.status, Outcome::Status::Failed);
+}
+
+TEST(CsvImport, RecordsThatLackNearlyEveryColumnAreDamage) {
+    Office run;
+    std::string text = "ID,E,N" + std::string(10000, ',');
+    for (std::size_t i = 6; i + 1 < text.size(); i += 2) text[i + 1] = 'a';
+    text += "\n";
+    for (int i = 0; i < 10000; ++i) text += "1\n";
+    EXPECT_THROW(run.Text(text), platform::ReadError);
+}
+
+TEST(CsvImport, PairsOfQuotesGoAndTakeCommasAlong) {
+    for (auto [line, wanted] : {std::pair{"A1,\"Smith, J\",3", "A1,Smith; J,3"},
+                                {"\"a,b\",\"c,d\"", "a;b,c;d"},
+                                {"a\",b", "a\",b"},
+                                {"\"a\",\"b,c", "a,\"b,c"},
+                                {"\"\"", ""}})
+        EXPECT_EQ(importer::UnquoteCsvLine(line), wanted);
+}
+
+}  // namespace
+}  // namespace vexlator
