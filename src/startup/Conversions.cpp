@@ -3,17 +3,21 @@
 #include "startup/Conversions.h"
 
 #include "export/csv/frmCSV.h"
+#include "export/fmo/frmFMO.h"
+#include "export/fmo/frmMDB.h"
 #include "export/kml/frmKML.h"
 #include "export/meter/frmCAW.h"
 #include "export/mif/frmMID.h"
 #include "export/shapefile/frmSHP.h"
 #include "import/csv/frmFromCSV.h"
+#include "import/fmo/frmFromFMO.h"
 #include "import/job/frmFromJOB.h"
 #include "import/mif/frmFromMID.h"
 #include "import/shapefile/frmFromSHP.h"
 
 #include <algorithm>
 #include <array>
+#include <string>
 
 namespace vexlator::startup {
 
@@ -37,11 +41,16 @@ config::Outcome ExportText(config::Session& session, const ExportCommand& comman
     return exporter::frmCSV(session).Start(command.drawingPath, command.targetPath, asc);
 }
 
+config::Outcome ImportTablet(config::Session& session, const ImportCommand& command) {
+    std::string fileList;
+    return importer::frmFromFMO(session).StartTablet(command.sourcePath, command.sourceFolder, fileList);
+}
+
 constexpr std::array importRows{
     ImportRow{"MID", "frmFromMID", Import<importer::frmFromMID>},
     ImportRow{"SHP", "frmFromSHP", Import<importer::frmFromSHP>},
-    ImportRow{"FMO", "frmFromFMO", nullptr},
-    ImportRow{"TPK", "frmFromFMO", nullptr},
+    ImportRow{"FMO", "frmFromFMO", Import<importer::frmFromFMO>},
+    ImportRow{"TPK", "frmFromFMO", ImportTablet},
     ImportRow{"CSV", "frmFromCSV", Import<importer::frmFromCSV>},
     ImportRow{"TAB", "frmFromTAB", nullptr},
     ImportRow{"PPS", "frmFromCAW", nullptr},
@@ -72,14 +81,14 @@ constexpr std::array exportRows{
     ExportRow{"PDF", "frmPDF", nullptr},
     ExportRow{"STY", "frmPDF", nullptr},
     ExportRow{"TAB", "frmTAB", nullptr},
-    ExportRow{"MDB", "frmMDB", nullptr},
+    ExportRow{"MDB", "frmMDB", Export<exporter::frmMDB>},
     ExportRow{"ENV", "frmENV", nullptr},
     ExportRow{"CAW", "frmCAW", Export<exporter::frmCAW>},
     ExportRow{"XLS", "frmXLS", nullptr},
     ExportRow{"PDB", "frmESRI", nullptr},
     ExportRow{"MXD", "frmESRI", nullptr},
     ExportRow{"SWD", "frmSWD", nullptr},
-    ExportRow{.code = "FMO", .form = "frmFMO", .call = nullptr, .intoFmoDirectory = true},
+    ExportRow{.code = "FMO", .form = "frmFMO", .call = Export<exporter::frmFMO>, .intoFmoDirectory = true},
 };
 
 template <typename Row>
