@@ -23,11 +23,16 @@ bool IsPoint(Entity entity) {
     return entity.kindCode() == Kind::Point || entity.kindCode() == Kind::Insert;
 }
 
-drawing::XProperties MostProperties(const ExportLayer& layer) {
-    auto fewer = [&](std::uint32_t a, std::uint32_t b) {
-        return layer.set.entity(a).xproperties().count() < layer.set.entity(b).xproperties().count();
-    };
-    return layer.set.entity(*std::ranges::max_element(layer.set.indexes(), fewer)).xproperties();
+/// The first entity that has most attributes.
+Entity RichestOf(const ExportLayer& layer) {
+    Entity richest = layer.set.item(0);
+    for (std::uint32_t index : layer.set.indexes()) {
+        Entity entity = layer.set.entity(index);
+        if (entity.attributeSet() != richest.attributeSet() &&
+            entity.xproperties().count() > richest.xproperties().count())
+            richest = entity;
+    }
+    return richest;
 }
 
 }  // namespace
@@ -39,7 +44,7 @@ CsvLayer::CsvLayer(config::Session& session, const CsvSettings& settings, coords
       converter_(converter),
       layer_(layer),
       writer_(writer),
-      columns_(MostProperties(layer)),
+      columns_(RichestOf(layer).xproperties()),
       replaced_(columns_.count()) {}
 
 std::uint64_t CsvLayer::Write(ui::FormView& view) {

@@ -39,7 +39,10 @@ CsvWriter::CsvWriter(platform::OutputFile& file, const CsvLayout& layout)
 }
 
 void CsvWriter::BeginField() {
-    if (rowBegun_) file_.Write({&layout_.separator, 1});
+    if (rowBegun_) {
+        *file_.Reserve(1) = layout_.separator;
+        file_.Advance(1);
+    }
     rowBegun_ = true;
 }
 
@@ -91,13 +94,15 @@ void CsvWriter::AddHyperlink(std::string_view target) {
     Write(layout_.safeFormulas ? MadeSafe(formula_, true) : formula_);
 }
 
-void CsvWriter::AddPosition(const util::PlanePoint& point, double height, int decimals, char between) {
-    char* begin = file_.Reserve(3 * util::longestFixed + 2);
-    char* out = util::WriteFixed(begin, point.x, decimals);
+void CsvWriter::AddPosition(const util::PlanePoint& point, double height, const CsvCoordinates& as,
+                            char between) {
+    char* begin = file_.Reserve(3 * util::longestFixed + 3);
+    char* out = util::WriteFixed(begin, point.x, as.decimals);
     *out++ = between;
-    out = util::WriteFixed(out, point.y, decimals);
+    out = util::WriteFixed(out, point.y, as.decimals);
     *out++ = between;
     out = util::WriteFixed(out, height, heightDecimals);
+    if (as.list) *out++ = ':';
     file_.Advance(static_cast<std::size_t>(out - begin));
 }
 
@@ -106,8 +111,7 @@ void CsvWriter::AddCoordinates(const CsvCoordinates& coordinates, bool spread) {
     char between = spread ? layout_.separator : ' ';
     for (std::size_t i = 0; i < coordinates.points.size(); ++i) {
         double height = coordinates.heights.empty() ? 0 : coordinates.heights[i];
-        AddPosition(coordinates.points[i], height, coordinates.decimals, between);
-        if (coordinates.list) file_.Write(":");
+        AddPosition(coordinates.points[i], height, coordinates, between);
     }
 }
 

@@ -50,7 +50,7 @@ public:
 
 private:
     void BeginField();
-    void AddPosition(const util::PlanePoint& point, double height, int decimals, char between);
+    void AddPosition(const util::PlanePoint& point, double height, const CsvCoordinates& as, char between);
     void Write(std::string_view text);
     /// Puts a ' before what a spreadsheet would run.
     std::string_view MadeSafe(std::string_view text, bool isFormula);

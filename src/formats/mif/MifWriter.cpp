@@ -76,7 +76,10 @@ void MifWriter::AddRegion(std::span<const util::PlanePoint> points) {
 }
 
 void MifWriter::AddValue(std::string_view value) {
-    if (rowBegun_) mid_.Write({&delimiter, 1});
+    if (rowBegun_) {
+        *mid_.Reserve(1) = delimiter;
+        mid_.Advance(1);
+    }
     rowBegun_ = true;
     value = encoder_.Encode(value);
     if (NeedsQuotes(value, delimiter)) {
