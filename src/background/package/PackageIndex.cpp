@@ -26,8 +26,7 @@ GrpIndexRecord MakeRecord(std::string_view nameBytes, std::int16_t kind, const B
 }  // namespace
 
 PackageIndex::PackageIndex() {
-    constexpr Box unset{unsetExtent, unsetExtent, -unsetExtent, -unsetExtent};
-    records_.push_back(MakeRecord("", member::header, unset));
+    records_.push_back(MakeRecord("", member::header, unsetBox));
 }
 
 void PackageIndex::AddIndexEntry(std::string_view memberName, const Box& box, std::int16_t kind) {

@@ -28,9 +28,12 @@ struct Box {
         if (x > maxX) maxX = x;
         if (y > maxY) maxY = y;
     }
+    /// A box that holds nothing widens nothing.
     void Widen(const Box& other) {
-        Widen(other.minX, other.minY);
-        Widen(other.maxX, other.maxY);
+        if (other.minX < minX) minX = other.minX;
+        if (other.minY < minY) minY = other.minY;
+        if (other.maxX > maxX) maxX = other.maxX;
+        if (other.maxY > maxY) maxY = other.maxY;
     }
     /// The larger of width and height.
     double Size() const {
@@ -103,7 +106,9 @@ struct GrpIndexRecord {
 namespace member {
 constexpr std::int16_t header = 0, tile = 5, package = 6;
 }
-constexpr double unsetExtent = 9999999999;  ///< minima of an index without members; maxima are its negative
+constexpr double unsetExtent = 9999999999;
+/// The box of an index without members.
+constexpr Box unsetBox{unsetExtent, unsetExtent, -unsetExtent, -unsetExtent};
 
 struct BagEntry {
     char name[20];  ///< Windows-1252, a zero byte, then spaces

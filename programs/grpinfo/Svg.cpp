@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "grpinfo/Svg.h"
+
+#include "formats/xml/XmlText.h"
+#include "grpinfo/Features.h"
+#include "platform/Files.h"
+#include "util/Numbers.h"
+
+#include <algorithm>
+#include <string>
+
+namespace vexlator::grpinfo {
+
+namespace {
+
+using namespace background;
+
+/// Ground units right and down from the north-west corner of the package.
+class Picture {
+public:
+    Picture(const Box& box, platform::OutputFile& file) : box_(box), file_(file) {}
+
+    void Begin() {
+        double width = std::max(box_.maxX - box_.minX, 1.0), height = std::max(box_.maxY - box_.minY, 1.0);
+        double margin = std::max(width, height) / 50;
+        file_.Write("<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"" + Pair(-margin, -margin) + " " +
+                    Pair(width + 2 * margin, height + 2 * margin) +
+                    "\" fill=\"none\" stroke-linejoin=\"round\" font-family=\"sans-serif\">\n" +
+                    "<style>path,circle{vector-effect:non-scaling-stroke}</style>\n");
+        pointRadius_ = Number(std::max(width, height) / 1000);
+    }
+    void End() { file_.Write("</svg>\n"); }
+
+    void DrawArea(const PackageReader& package, const Element& area) {
+        std::string path;
+        for (const auto& ring : RingsOf(package, area)) path += Path(ring) + "Z";
+        file_.Write("<path fill-rule=\"evenodd\" fill=\"" + LookOf(area.header).colour +
+                    "\" fill-opacity=\"0.35\" d=\"" + path + "\"/>\n");
+    }
+    void DrawLine(const Element& line) {
+        Look look = LookOf(line.header);
+        if (line.points.size() == 1)
+            file_.Write("<circle fill=\"" + look.colour + "\" r=\"" + pointRadius_ + "\" cx=\"" +
+                        Number(Right(line.points[0].x)) + "\" cy=\"" + Number(Down(line.points[0].y)) +
+                        "\"/>\n");
+        else
+            file_.Write("<path stroke=\"" + look.colour + "\" stroke-width=\"" + (look.isThick ? "3" : "1") +
+                        "\" d=\"" + Path(line.points) + "\"/>\n");
+    }
+    void DrawText(const Element& text) {
+        file_.Write("<text dominant-baseline=\"text-before-edge\" fill=\"" + LookOf(text.header).colour +
+                    "\" font-size=\"" + Number(text.text.height / 10.0) + "\" transform=\"translate(" +
+                    Pair(Right(text.text.x), Down(text.text.y)) + ") rotate(" +
+                    Number(-text.text.rotation / 10.0) + ")\">");
+        formats::WriteXmlText(file_, text.characters);
+        file_.Write("</text>\n");
+    }
+
+private:
+    static std::string Number(double value) { return util::FormatFixed(value, 2); }
+    static std::string Pair(double x, double y) { return Number(x) + " " + Number(y); }
+    double Right(double x) const { return x - box_.minX; }
+    double Down(double y) const { return box_.maxY - y; }
+    std::string Path(const std::vector<util::PlanePoint>& points) const {
+        std::string path;
+        for (util::PlanePoint point : points)
+            path += (path.empty() ? "M" : "L") + Pair(Right(point.x), Down(point.y));
+        return path;
+    }
+
+    Box box_;
+    platform::OutputFile& file_;
+    std::string pointRadius_;
+};
+
+}  // namespace
+
+void WriteSvg(const PackageReader& package, std::string_view path) {
+    platform::OutputFile file(path);
+    Picture picture(package.Extents(), file);
+    picture.Begin();
+    ForEachElement(package, "A", [&](const PackageReader& member, const Tile&, const Element& area) {
+        picture.DrawArea(member, area);
+    });
+    ForEachElement(package, "LR",
+                   [&](const PackageReader&, const Tile&, const Element& line) { picture.DrawLine(line); });
+    ForEachElement(package, "T",
+                   [&](const PackageReader&, const Tile&, const Element& text) { picture.DrawText(text); });
+    picture.End();
+    file.Commit();
+}
+
+}  // namespace vexlator::grpinfo

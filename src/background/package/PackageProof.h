@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "background/package/PackageReader.h"
+
+#include <cstdint>
+#include <string>
+
+namespace vexlator::background {
+
+/// What a package holds.
+struct PackageCounts {
+    std::uint64_t packages = 0;  ///< of a mosaic
+    std::uint64_t tiles = 0;
+    std::uint64_t lines = 0, points = 0, vertices = 0;
+    std::uint64_t areas = 0, rings = 0;
+    std::uint64_t texts = 0;
+    std::uint64_t layerRecords = 0, searchValues = 0;
+};
+
+/// Proves a whole package: every tile file is in the index with its box and in the container; every box
+/// covers its elements and no more; every ring reference reaches a line element with the keys of its area,
+/// and the rings of an area fill its box; the lines of the layer file and the gazetteer are whole and in
+/// order. Coordinates of lines are compared with the tolerance of their steps, half a hundredth each. The
+/// packages of a mosaic are proved in turn.
+/// @throws ReadError for the first fault
+PackageCounts ProvePackage(const PackageReader& package);
+
+/// The path of a package that a mosaic names.
+std::string MemberPackage(const PackageReader& mosaic, const IndexEntry& entry);
+
+}  // namespace vexlator::background
