@@ -29,7 +29,7 @@ inline void AppendText(PodVector<char>& target, std::string_view text) {
     char* begin = out;
     for (; length >= 0x80; length >>= 7) *out++ = static_cast<char>(length | 0x80);
     *out++ = static_cast<char>(length);
-    std::memcpy(out, text.data(), text.size());
+    if (!text.empty()) std::memcpy(out, text.data(), text.size());
     target.extend(static_cast<std::size_t>(out - begin) + text.size());
 }
 

@@ -84,7 +84,7 @@ TEST(Vdf, SeveralChunksAndSharedValues) {
 /// Bytes at a multiple of 8, as a memory map has them.
 struct Aligned {
     explicit Aligned(const std::string& bytes) : storage((bytes.size() + 7) / 8), size(bytes.size()) {
-        std::memcpy(storage.data(), bytes.data(), size);
+        if (!bytes.empty()) std::memcpy(storage.data(), bytes.data(), size);
     }
     std::span<const std::byte> Bytes() const { return std::as_bytes(std::span(storage)).first(size); }
     std::vector<std::uint64_t> storage;
