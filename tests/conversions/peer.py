@@ -26,7 +26,7 @@ def table_lines(path):
     lines = [" | ".join([ogr.GeometryTypeToName(layer.GetGeomType()), *columns])]
     for feature in layer:
         shape = feature.GetGeometryRef()
-        values = [feature.GetFieldAsString(i) if feature.IsFieldSetAndNotNull(i) else "-"
+        values = [feature.GetFieldAsString(i).replace("\n", "\\n") if feature.IsFieldSetAndNotNull(i) else "-"
                   for i in range(feature.GetFieldCount())]
         lines.append(" | ".join([shape.ExportToWkt() if shape else "no geometry", *values]))
     return lines
