@@ -11,6 +11,7 @@
 #include "export/shapefile/frmSHP.h"
 #include "import/csv/frmFromCSV.h"
 #include "import/fmo/frmFromFMO.h"
+#include "import/gml/frmFromGML.h"
 #include "import/job/frmFromJOB.h"
 #include "import/mif/frmFromMID.h"
 #include "import/shapefile/frmFromSHP.h"
@@ -60,7 +61,8 @@ constexpr std::array importRows{
     ImportRow{"MXD", "frmFromESRI", nullptr},
     ImportRow{"SWD", "frmFromSWD", nullptr},
     ImportRow{"XML", "frmFromXML", nullptr},
-    ImportRow{"GML", "frmFromGML", nullptr},
+    ImportRow{"GML", "frmFromGML", Import<importer::frmFromGML>},
+    ImportRow{"GZ", "frmFromGML", Import<importer::frmFromGML>},
     ImportRow{"ADT", "frmFromADT", nullptr},
 };
 

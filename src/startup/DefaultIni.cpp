@@ -163,6 +163,13 @@ LL=0
 ; Flag: shapefile imports are in feet. Default: off.
 USFT=0
 
+[GML]
+; 1: GML imports keep every ring and part of a feature; 0: only the one that is read last. Default: 1, but 0
+; for files of FME translators with one element a line.
+FullRings=
+; Most megabytes that a compressed GML file may unpack to. Default: 16384.
+MaxMB=
+
 [GRPin]
 ; Flag: background sources are in feet. Default: off.
 ft=0

@@ -1,0 +1,1 @@
+vexlator_fuzz(gml LINK vexlator_import)

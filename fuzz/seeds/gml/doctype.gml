@@ -1,0 +1,1 @@
+<!DOCTYPE c [<!ELEMENT c ANY><!ATTLIST c k CDATA "v">]><c><member><F><gml:Arc><gml:pos>1 2</gml:pos></gml:Arc></F></member></c>

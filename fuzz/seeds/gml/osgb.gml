@@ -1,0 +1,1 @@
+<osgb:FeatureCollection><osgb:topographicMember><osgb:TopographicArea fid="osgb1000000347615112"><osgb:theme>Land</osgb:theme><gml:Polygon><gml:outerBoundaryIs><gml:LinearRing><gml:coordinates decimal="." cs="," ts=" ">0,0 9,0 0,0</gml:coordinates></gml:LinearRing></gml:outerBoundaryIs></gml:Polygon></osgb:TopographicArea></osgb:topographicMember></osgb:FeatureCollection>

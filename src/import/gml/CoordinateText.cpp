@@ -1,0 +1,127 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "import/gml/CoordinateText.h"
+
+#include "platform/Errors.h"
+#include "util/Numbers.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+namespace vexlator::importer {
+
+namespace {
+
+/// Far longer than any number; a text without separators must not fill the memory.
+constexpr std::size_t longestToken = 4096;
+constexpr std::size_t mostShown = 40;
+
+bool IsSpace(char c) {
+    return c == ' ' || c == '\n' || c == '\r' || c == '\t';
+}
+
+[[noreturn]] void Fail(const std::string& reason) {
+    throw platform::ReadError("", "", reason);
+}
+
+}  // namespace
+
+void CoordinateText::Begin(const CoordinateFormat& format, std::vector<util::PlanePoint>& points) {
+    format_ = format;
+    if (!format_.marked) format_.tuple = ' ';
+    points_ = &points;
+    before_ = points.size();
+    index_ = 0;
+    rest_.clear();
+}
+
+bool CoordinateText::Separates(char c) const {
+    return format_.tuple == ' ' ? IsSpace(c) : c == format_.tuple;
+}
+
+void CoordinateText::Append(std::string_view piece) {
+    auto separates = [this](char c) { return Separates(c); };
+    const char* at = piece.data();
+    const char* end = at + piece.size();
+    while (true) {
+        const char* stop = std::find_if(at, end, separates);
+        if (stop == end) break;
+        if (!rest_.empty()) {
+            rest_.append(at, stop);
+            Take(rest_);
+            rest_.clear();
+        } else if (stop > at) {
+            Take({at, static_cast<std::size_t>(stop - at)});
+        }
+        at = stop + 1;
+    }
+    rest_.append(at, at + std::min<std::ptrdiff_t>(end - at, longestToken + 1));
+    if (rest_.size() <= longestToken) return;
+    if (format_.strict) Fail("a coordinate of more than 4,096 characters");
+    rest_.resize(longestToken);
+}
+
+void CoordinateText::Take(std::string_view token) {
+    if (format_.marked)
+        TakeTuple(token);
+    else
+        TakeValue(NumberIn(token));
+}
+
+void CoordinateText::TakeTuple(std::string_view token) {
+    while (!token.empty() && IsSpace(token.front())) token.remove_prefix(1);
+    while (!token.empty() && IsSpace(token.back())) token.remove_suffix(1);
+    if (token.empty()) return;
+    index_ = 0;
+    for (std::string_view left = token; !left.empty();) {
+        std::size_t size = std::min(left.find(format_.component), left.size());
+        TakeValue(NumberIn(left.substr(0, size)));
+        left.remove_prefix(std::min(size + 1, left.size()));
+    }
+    if (index_ < 2) Fail("the point \"" + std::string(token.substr(0, mostShown)) + "\" has one value only");
+}
+
+void CoordinateText::TakeValue(double value) {
+    if (index_ == 0) x_ = value;
+    if (index_ == 1) points_->push_back({x_, value});
+    if (++index_ == format_.valuesPerPoint && !format_.marked) index_ = 0;
+}
+
+double CoordinateText::NumberIn(std::string_view token) {
+    std::string replaced;
+    if (format_.decimal != '.') {
+        replaced = token;
+        std::replace(replaced.begin(), replaced.end(), format_.decimal, '.');
+        token = replaced;
+    }
+    const char* begin = token.data();
+    const char* end = begin + token.size();
+    if (begin < end && *begin == '+') ++begin;
+    double value = 0;
+    auto [stop, error] = std::from_chars(begin, end, value);
+    if (stop == end && error == std::errc() && std::isfinite(value)) return value;
+    if (!format_.strict) return util::NumberOf(token);
+    Fail("\"" + std::string(token.substr(0, mostShown)) + "\" is not a coordinate");
+}
+
+void CoordinateText::End() {
+    if (!rest_.empty()) Take(rest_);
+    rest_.clear();
+    if (format_.marked || index_ == 0) return;
+    bool whole = format_.valuesPerPoint == CoordinateFormat::allInOne && index_ >= 2;
+    if (whole) return;
+    if (format_.strict)
+        Fail("the last of " + util::GroupedCount(points_->size() - before_ + 1) + " points lacks values");
+    RoundLastPoint();
+}
+
+void CoordinateText::RoundLastPoint() {
+    // Half a point more rounds to the even number of points; a third rounds down, two thirds are there
+    // already.
+    bool single = format_.valuesPerPoint == CoordinateFormat::allInOne;
+    bool half = format_.valuesPerPoint == 2 && (points_->size() - before_) % 2 == 1;
+    if (index_ == 1 && (single || half)) points_->push_back({x_, 0});
+}
+
+}  // namespace vexlator::importer

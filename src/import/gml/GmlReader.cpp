@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "import/gml/GmlReader.h"
+
+#include "import/gml/ByteBlocks.h"
+#include "import/gml/GmlXmlReader.h"
+#include "import/gml/LineLayoutReader.h"
+#include "util/Files.h"
+
+#include <algorithm>
+
+namespace vexlator::importer {
+
+namespace {
+
+/// Coordinates that only the XML reader understands.
+bool HasForeignCoordinates(std::string_view line) {
+    return line.starts_with("<gml:coord") || line.starts_with("<gml:pos ") ||
+           line.starts_with("<gml:posList ");
+}
+
+/// A tag alone, or an element without child elements.
+bool HoldsOneElement(std::string_view line) {
+    if (!line.starts_with('<') || !line.ends_with('>')) return false;
+    auto tags = std::count(line.begin(), line.end(), '<');
+    return tags == 1 || (tags == 2 && !line.starts_with("</") && line.find("</") != std::string_view::npos);
+}
+
+}  // namespace
+
+bool HasLineLayout(std::string_view beginning) {
+    util::LineReader lines(beginning);
+    while (!lines.AtEnd() && lines.ReadTextLine() != featureStartLine) {
+    }
+    bool typed = false, located = false;
+    while (!lines.AtEnd()) {
+        std::string_view line = lines.ReadTextLine();
+        if (line == featureEndLine || lines.AtEnd()) break;
+        if (HasForeignCoordinates(line) || !HoldsOneElement(line)) return false;
+        typed |= line.starts_with("<fme:");
+        located |= line.starts_with("<gml:pos>") || line.starts_with("<gml:posList>");
+    }
+    return typed && located;
+}
+
+OpenedGml OpenGml(std::span<const std::byte> file, const GmlOptions& options) {
+    std::string beginning(BlocksOf(file, options.mostUnpacked)->Next());
+    OpenedGml opened;
+    opened.lineLayout = HasLineLayout(beginning);
+    bool fullRings = options.fullRings.value_or(!opened.lineLayout);
+    if (opened.lineLayout && !fullRings && !IsGzip(file)) {
+        std::string_view text(reinterpret_cast<const char*>(file.data()), file.size());
+        opened.reader = std::make_unique<LineLayoutReader>(text);
+        return opened;
+    }
+    GmlXmlRules rules{.lineLayout = opened.lineLayout, .fullRings = fullRings};
+    opened.reader = std::make_unique<GmlXmlReader>(BlocksOf(file, options.mostUnpacked), beginning, rules);
+    return opened;
+}
+
+}  // namespace vexlator::importer

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "import/gml/GmlFeature.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+/// Reading GML (OGC Geography Markup Language 2 and 3) feature by feature. Files of FME translators with one
+/// element a line are read by lines; all others, and compressed ones, by an XML parser.
+namespace vexlator::importer {
+
+struct GmlOptions {
+    /// Keep every ring and every part of a feature. Off: the coordinates read last are the feature's only
+    /// ones. Not set: on, except for files in the line layout.
+    std::optional<bool> fullRings;
+    /// Bytes that a compressed file may unpack to.
+    std::uint64_t mostUnpacked = std::uint64_t{16} << 30;
+};
+
+class GmlReader {
+public:
+    virtual ~GmlReader() = default;
+    /// False at the end of the file. @throws platform::ReadError with line or byte, without a file name
+    virtual bool ReadNextFeature(GmlFeature& feature) = 0;
+    /// How many bytes of the file are not needed any more.
+    virtual std::size_t Consumed() const = 0;
+};
+
+/// Whether a file that begins like this is in the line layout: its first feature stands between the lines
+/// <gml:featureMember> and </gml:featureMember>, is one of the "fme" namespace, has coordinates that the line
+/// layout knows, and every line of it holds one element, from the line's first character on.
+bool HasLineLayout(std::string_view beginning);
+
+/// A reader that suits the file, and whether the file is in the line layout. The bytes must outlive it.
+struct OpenedGml {
+    std::unique_ptr<GmlReader> reader;
+    bool lineLayout = false;
+};
+/// @throws platform::ReadError for damaged compressed data
+OpenedGml OpenGml(std::span<const std::byte> file, const GmlOptions& options);
+
+}  // namespace vexlator::importer

@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "import/gml/frmFromGML.h"
+
+#include "import/SourceFiles.h"
+#include "import/TextSource.h"
+#include "import/gml/GmlReader.h"
+#include "util/Numbers.h"
+#include "util/Paths.h"
+#include "util/Text.h"
+
+#include <algorithm>
+
+namespace vexlator::importer {
+
+namespace {
+
+/// "Roads" for Roads.GML and for Roads.gml.gz.
+std::string DrawingNameOf(std::string_view path) {
+    std::string name = util::BaseNameOf(path);
+    bool isGml = util::InStrNoCase(util::ExtensionOf(name), "gml") == 1;
+    return isGml ? util::BaseNameOf(name) : name;
+}
+
+GmlOptions OptionsOf(const config::Session& session) {
+    GmlOptions options;
+    std::string fullRings = session.ReadIni("GML", "FullRings");
+    if (!fullRings.empty()) options.fullRings = fullRings == "1";
+    std::int64_t megabytes = util::IntegerOf(session.ReadIni("GML", "MaxMB"));
+    if (megabytes > 0)
+        options.mostUnpacked = std::min<std::uint64_t>(megabytes, std::uint64_t{1} << 30) << 20;
+    return options;
+}
+
+}  // namespace
+
+config::Outcome frmFromGML::Start(std::string_view sourcePath, std::string_view sourceFolder,
+                                  std::string_view fileList) {
+    view_ = session_.Ui().ShowForm("frmFromGML");
+    config::Outcome outcome;
+    outcome.target = util::JoinPath(sourceFolder, DrawingNameOf(sourcePath) + ".VDF");
+    for (const std::string& path : SourceFiles(sourcePath, fileList))
+        if (!ImportGmlFile(path)) outcome.status = config::Outcome::Status::Failed;
+    drawing_.zoomExtents();
+    drawing_.saveAs(outcome.target);
+    view_->SetLabel("Completed!");
+    session_.Ui().Settle(1.0);
+    outcome.layers = drawing_.layerCount() - 1;  // without "0", which every drawing has
+    outcome.features = features_;
+    return outcome;
+}
+
+bool frmFromGML::ImportGmlFile(const std::string& path) {
+    auto file = OpenTextSource(path, session_.Ui());
+    if (!file) return false;
+    try {
+        OpenedGml gml = OpenGml(file->Bytes(), OptionsOf(session_));
+        entities_.BeginFile(gml.lineLayout);
+        GmlFeature feature;
+        std::string shownType;
+        while (gml.reader->ReadNextFeature(feature)) {
+            if (feature.type != shownType) view_->SetLabel(shownType = feature.type);
+            entities_.Add(feature, gml.reader->Consumed());
+            view_->Progress(entities_.Features(), 0);
+            file->DoneBefore(gml.reader->Consumed());
+        }
+    } catch (const platform::ReadError& error) {
+        throw error.InFile(file->Name());
+    }
+    Report(file->Name());
+    return true;
+}
+
+void frmFromGML::Report(const std::string& file) {
+    features_ += entities_.Features();
+    auto report = [&](std::uint64_t count, const std::string& text) {
+        if (count > 0) session_.Ui().Report(file + ": " + util::GroupedCount(count) + text);
+    };
+    report(entities_.FeaturesWithoutPoints(), " features have no coordinates and were left out");
+    report(entities_.FeaturesWithArcs(),
+           " features have arcs, which were drawn straight between their points");
+    if (entities_.Features() + entities_.FeaturesWithoutPoints() == 0)
+        session_.Ui().Report(file + ": no features were found");
+}
+
+}  // namespace vexlator::importer

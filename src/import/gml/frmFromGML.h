@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Outcome.h"
+#include "config/Session.h"
+#include "drawing/Drawing.h"
+#include "import/gml/GmlEntities.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace vexlator::importer {
+
+/// GML files, compressed ones too, become one drawing, with a layer for each feature type.
+class frmFromGML {
+public:
+    explicit frmFromGML(config::Session& session) : session_(session), entities_(session, drawing_) {}
+
+    /// Imports `sourcePath` and the files of `fileList` (each preceded by "|"; names without a folder lie
+    /// beside `sourcePath`) and saves the drawing in `sourceFolder` under the first one's base name.
+    /// A file that is missing or empty is reported and left out, and the outcome is Failed.
+    /// @throws platform::ReadError for a damaged file, platform::WriteError; then nothing is saved
+    config::Outcome Start(std::string_view sourcePath, std::string_view sourceFolder,
+                          std::string_view fileList);
+
+private:
+    /// False when the file cannot be opened.
+    bool ImportGmlFile(const std::string& path);
+    void Report(const std::string& file);
+
+    config::Session& session_;
+    drawing::Drawing drawing_;
+    GmlEntities entities_;
+    std::unique_ptr<ui::FormView> view_;
+    std::uint64_t features_ = 0;
+};
+
+}  // namespace vexlator::importer

@@ -1,0 +1,275 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "import/gml/ByteBlocks.h"
+#include "import_gml/GmlOffice.h"
+#include "platform/Errors.h"
+
+#include <gtest/gtest.h>
+
+namespace vexlator {
+namespace {
+
+using platform::ReadError;
+using test::GmlOffice;
+
+std::string Collection(const std::string& members) {
+    return "<?xml version=\"1.0\"?><c:FeatureCollection xmlns:c=\"urn:c\" "
+           "xmlns:gml=\"http://www.opengis.net/gml\">\n  " +
+           members + "</c:FeatureCollection>";
+}
+
+std::string Member(const std::string& content) {
+    return Collection("<gml:featureMember> <a:F gml:id=\"i\">" + content + "</a:F> </gml:featureMember>");
+}
+
+TEST(GmlXml, GeometryOfEveryLayout) {
+    const std::string square =
+        "<gml:exterior><gml:LinearRing><gml:posList>0 0 9 0 9 9 0 0</gml:posList>"
+        "</gml:LinearRing></gml:exterior>";
+    const std::string hole =
+        "<gml:interior><gml:LinearRing><gml:posList>1 1 2 1 2 2 1 1</gml:posList>"
+        "</gml:LinearRing></gml:interior>";
+    const std::pair<std::string, const char*> cases[] = {
+        {"<gml:Point><gml:coordinates>1.5,2.5,9</gml:coordinates></gml:Point>", "F * 1.5,2.5\n"},
+        {"<gml:Point><gml:coord><gml:X>1</gml:X>\n<gml:Y>2</gml:Y><gml:Z>3</gml:Z></gml:coord></gml:Point>",
+         "F * 1,2\n"},
+        {"<gml:LineString><gml:coordinates>1,2\n 3,4\t5,6 </gml:coordinates></gml:LineString>",
+         "F 1,2 3,4 5,6\n"},
+        {"<gml:LineString><gml:coordinates decimal=',' cs=';' ts='|'>1,5;2|+3;4e1</gml:coordinates>"
+         "</gml:LineString>",
+         "F 1.5,2 3,40\n"},
+        {"<gml:LineString><gml:pos>1 2 9</gml:pos><gml:pos>3 4 9</gml:pos></gml:LineString>", "F 1,2 3,4\n"},
+        {"<gml:LineString srsDimension='3'><gml:posList>1 2 9 3 4 9</gml:posList></gml:LineString>",
+         "F 1,2 3,4\n"},
+        {"<gml:LineString><gml:posList srsDimension='3'>1 2 9 3<!-- c --> 4<![CDATA[ 9]]></gml:posList>"
+         "</gml:LineString>",
+         "F 1,2 3,4\n"},
+        {"<Point xmlns='http://www.opengis.net/gml/3.2'><pos>1 2</pos></Point>", "F * 1,2\n"},
+        {"<gml:MultiPoint><gml:pointMember><gml:Point><gml:pos>1 2</gml:pos></gml:Point></gml:pointMember>"
+         "<gml:pointMember><gml:Point><gml:pos>3 4</gml:pos></gml:Point></gml:pointMember></gml:MultiPoint>",
+         "F * 1,2\nF * 3,4\n"},
+        {"<gml:Polygon>" + square + "</gml:Polygon>", "F 0,0 9,0 9,9 0,0\n"},
+        {"<gml:Polygon><gml:outerBoundaryIs><gml:LinearRing><gml:coordinates>0,0 9,0 9,9 "
+         "0,0</gml:coordinates>"
+         "</gml:LinearRing></gml:outerBoundaryIs><gml:innerBoundaryIs><gml:LinearRing><gml:coordinates>1,1 "
+         "2,1 "
+         "2,2 1,1</gml:coordinates></gml:LinearRing></gml:innerBoundaryIs></gml:Polygon>",
+         "F 0,0 9,0 9,9 0,0\nF 1,1 2,1 2,2 1,1 ISHOLE=1\n"},
+        {"<gml:MultiSurface><gml:surfaceMember><gml:Polygon>" + square + hole + hole +
+             "</gml:Polygon></"
+             "gml:surfaceMember><gml:surfaceMember><gml:Surface><gml:patches><gml:PolygonPatch>" +
+             square +
+             "</gml:PolygonPatch></gml:patches></gml:Surface></gml:surfaceMember></gml:MultiSurface>",
+         "F 0,0 9,0 9,9 0,0 MPOLY=1\nF 1,1 2,1 2,2 1,1 MPOLY=1 ISHOLE=1\nF 1,1 2,1 2,2 1,1 MPOLY=1 ISHOLE=1\n"
+         "F 0,0 9,0 9,9 0,0 MPOLY=2\n"},
+        {"<gml:Curve><gml:segments><gml:LineStringSegment><gml:posList>1 2 3 4</gml:posList>"
+         "</gml:LineStringSegment><gml:LineStringSegment><gml:posList>3 4 5 6</gml:posList>"
+         "</gml:LineStringSegment></gml:segments></gml:Curve>",
+         "F 1,2 3,4 5,6\n"},
+        {"<gml:Polygon><gml:exterior><gml:Ring><gml:curveMember><gml:LineString><gml:posList>0 0 9 0 9 9"
+         "</gml:posList></gml:LineString></gml:curveMember><gml:curveMember><gml:OrientableCurve "
+         "orientation='-'>"
+         "<gml:baseCurve><gml:LineString><gml:posList>0 0 0 9 9 "
+         "9</gml:posList></gml:LineString></gml:baseCurve>"
+         "</gml:OrientableCurve></gml:curveMember></gml:Ring></gml:exterior></gml:Polygon>",
+         "F 0,0 9,0 9,9 0,9 0,0\n"},
+        {"<gml:boundedBy><gml:Box><gml:coordinates>0,0 1,1</gml:coordinates></gml:Box></gml:boundedBy>"
+         "<a:extent><gml:Polygon><gml:boundedBy><gml:Envelope><gml:pos>7 7</gml:pos></gml:Envelope>"
+         "</gml:boundedBy>" +
+             square + "</gml:Polygon></a:extent>",
+         "F 0,0 9,0 9,9 0,0\n"},
+    };
+    GmlOffice office;
+    for (const auto& [geometry, entities] : cases) {
+        EXPECT_EQ(office.Import(Member("<a:geometry>" + geometry + "</a:geometry>")), entities) << geometry;
+        EXPECT_TRUE(office.ui.messages.empty());
+        EXPECT_EQ(office.imported.layerCount(), 2U);
+    }
+}
+
+TEST(GmlXml, OnlyTheLastPartWhenRingsAreOff) {
+    GmlOffice office;
+    EXPECT_EQ(
+        office.Import(Member("<gml:Polygon><gml:exterior><gml:LinearRing><gml:posList>0 0 9 0 0 0"
+                             "</gml:posList></gml:LinearRing></gml:exterior><gml:interior><gml:LinearRing>"
+                             "<gml:pos>1 1</gml:pos><gml:pos>2 2</gml:pos></gml:LinearRing></gml:interior>"
+                             "</gml:Polygon>"),
+                      false),
+        "F 1,1 2,2\n");
+}
+
+TEST(GmlXml, ElementsWithoutChildrenAreProperties) {
+    const std::string point = "<gml:Point><gml:pos>1 2</gml:pos></gml:Point>";
+    const std::pair<std::string, const char*> cases[] = {
+        {"<a:name>\n  High St &amp; 2:30 </a:name><gml:description>d</gml:description><a:at>" + point +
+             "</a:at>",
+         "F * 1,2 name=High St & 2:30 description=d\n"},
+        {"<a:history><a:date>2001</a:date><a:why>New</a:why></a:history><a:Point>x</a:Point>" + point +
+             "<a:empty/><a:kind xlink:href='#k'/>",
+         "F * 1,2 date=2001 why=New Point=x empty= kind=#k\n"},
+        {"<a:t>1</a:t>" + point + "<a:t>2</a:t>", "F * 1,2 t=1 t=2\n"},
+    };
+    GmlOffice office;
+    for (const auto& [content, entities] : cases) {
+        EXPECT_EQ(office.Import(Member(content)), entities) << content;
+    }
+}
+
+TEST(GmlXml, MembersOfEveryKind) {
+    const std::string f = "<a:F><gml:Point><gml:pos>1 2</gml:pos></gml:Point></a:F>";
+    const std::pair<std::string, const char*> cases[] = {
+        {"<gml:featureMembers>" + f + f + "</gml:featureMembers>", "F * 1,2\nF * 1,2\n"},
+        {"<wfs:member><wfs:FeatureCollection><wfs:member>" + f +
+             "</wfs:member></wfs:FeatureCollection></wfs:member>"
+             "<member>" +
+             f + "</member>",
+         "F * 1,2\nF * 1,2\n"},
+        {"<osgb:topographicMember><osgb:TopographicArea "
+         "fid='osgb1000000347615112'><osgb:theme>Land</osgb:theme>"
+         "<osgb:make>Natural</osgb:make><osgb:polygon><gml:Polygon srsName='osgb:BNG'><gml:outerBoundaryIs>"
+         "<gml:LinearRing><gml:coordinates>0,0 9,0 "
+         "0,0</gml:coordinates></gml:LinearRing></gml:outerBoundaryIs>"
+         "</gml:Polygon></osgb:polygon></osgb:TopographicArea></osgb:topographicMember>",
+         "TopographicArea 0,0 9,0 0,0 theme=Land make=Natural TOID=1000000347615112\n"},
+        {"<gml:boundedBy><gml:Envelope/></gml:boundedBy>", ""},
+    };
+    GmlOffice office;
+    for (const auto& [members, entities] : cases) {
+        EXPECT_EQ(office.Import(Collection(members)), entities) << members;
+    }
+}
+
+TEST(GmlXml, Encodings) {
+    auto document = [](const std::string& declaration, const std::string& value) {
+        return declaration + "<c><member><F><n>" + value +
+               "</n><gml:Point><gml:pos>1 2</gml:pos></gml:Point></F></member></c>";
+    };
+    const std::string expected = "F * 1,2 n=\xC3\xA9\xE2\x82\xAC\n";
+    std::string wide = "\xFF\xFE";
+    for (char c : document("", "##")) wide += std::string(c == '#' ? "\xE9" : std::string(1, c)) + '\0';
+    GmlOffice office;
+    for (const std::string& text : {
+             document("\xEF\xBB\xBF", "\xC3\xA9\xE2\x82\xAC"),
+             document("", "\xC3\xA9&#8364;"),
+             document("", "\xE9\x80"),
+             document("<?xml version='1.0' encoding='windows-1252'?>", "\xE9\x80"),
+             document("<?xml version='1.0' encoding='ISO-8859-15'?>", "\xE9\xA4"),
+         }) {
+        EXPECT_EQ(office.Import(text), expected) << text;
+    }
+    EXPECT_EQ(office.Import(wide), "F * 1,2 n=\xC3\xA9\xC3\xA9\n");
+}
+
+/// Place and reason for which the file is refused, "" when it is not.
+std::string Refusal(GmlOffice& office, const std::string& bytes) {
+    try {
+        office.Import(bytes);
+        return "";
+    } catch (const ReadError& error) {
+        EXPECT_NE(error.Place(), "");
+        return error.Place() + ": " + error.Reason();
+    }
+}
+
+TEST(GmlXml, WhatIsRefused) {
+    auto line = [](const std::string& points) {
+        return Member("<gml:LineString>\n<gml:posList>" + points + "</gml:posList></gml:LineString>");
+    };
+    std::string deep, good = Member("<gml:Point><gml:pos>1 2</gml:pos></gml:Point>");
+    for (int i = 0; i < 300; ++i) deep += "<a>";
+    std::string packed = test::Gzip(good), damaged = packed;
+    damaged[packed.size() - 6] = static_cast<char>(damaged[packed.size() - 6] ^ 1);
+    const std::pair<std::string, std::string> cases[] = {
+        {"<!DOCTYPE c [<!ENTITY x SYSTEM 'file:///etc/passwd'>]><c>&x;</c>", "declares an entity"},
+        {"<!DOCTYPE c [<!ENTITY % x 'y'>]><c/>", "declares an entity"},
+        {"<!DOCTYPE c SYSTEM 'http://example.org/c.dtd'><c/>", "external document type"},
+        {"<c>&unknown;</c>", "undefined entity"},
+        {deep, "nested more than 256"},
+        {good.substr(0, good.size() - 5), "line 2: "},
+        {"no GML at all", "syntax error"},
+        {line("1 2 3 4x"), "line 3: \"4x\" is not a coordinate"},
+        {line("1 2 3 nan"), "\"nan\" is not a coordinate"},
+        {line("1 2 3"), "line 3: the last of 2 points lacks values"},
+        {line(std::string(5000, '1')), "more than 4,096 characters"},
+        {Member("<gml:Point><gml:coordinates>1 2</gml:coordinates></gml:Point>"), "has one value only"},
+        {Member("<gml:Point srsDimension='1000000'><gml:pos>1 2</gml:pos></gml:Point>"), "dimensions"},
+        {"<c a='" + std::string(3 << 20, 'x') + "'/>", "more than 1 MB"},
+        {"<?xml version='1.0' encoding='Shift_JIS'?><c/>", "unknown encoding"},
+        {packed.substr(0, packed.size() - 9), "ends too early"},
+        {damaged, "damaged"},
+        {test::Gzip(good) + test::Gzip(std::string(200 << 20, ' ')), "1,000 times its size"},
+        {Member("<n>" + std::string(1 << 20, 'x') + "</n><gml:MultiSurface>" +
+                [] {
+                    std::string surfaces;
+                    for (int i = 0; i < 500; ++i)
+                        surfaces +=
+                            "<gml:Polygon><gml:exterior><gml:LinearRing><gml:pos>1 2</gml:pos>"
+                            "</gml:LinearRing></gml:exterior></gml:Polygon>";
+                    return surfaces;
+                }() +
+                "</gml:MultiSurface>"),
+         "too many surfaces"},
+    };
+    GmlOffice office;
+    for (const auto& [bytes, reason] : cases) {
+        std::string refusal = Refusal(office, bytes);
+        EXPECT_NE(refusal.find(reason), std::string::npos) << refusal << " for " << bytes.substr(0, 200);
+    }
+}
+
+TEST(GmlXml, ErrorsNameTheFileAndLeaveTheOldDrawing) {
+    GmlOffice office;
+    office.session.WriteIni("GML", "MaxMB", "1");
+    std::string padding(2 << 20, ' ');
+    for (std::size_t i = 0; i < padding.size(); i += 7) padding[i] = '\n';
+    office.folder.Write("a.gml.gz", test::Gzip(Collection(padding)));
+    std::string old = office.folder.Write("a.VDF", "old");
+    try {
+        office.Start("a.gml.gz");
+        ADD_FAILURE() << "unpacked more than it may";
+    } catch (const ReadError& error) {
+        EXPECT_TRUE(error.File().ends_with("a.gml.gz")) << error.what();
+        EXPECT_EQ(error.Reason(), "unpacks to more than 1 MB");
+    }
+    EXPECT_EQ(test::TempFolder::Read(old), "old");
+}
+
+TEST(GmlXml, CompressedFilesGiveTheirDrawingTheirOwnName) {
+    GmlOffice office;
+    std::string text = Member("<gml:Point><gml:pos>1 2</gml:pos></gml:Point>");
+    std::size_t half = text.size() / 2;  // a file of two members
+    office.folder.Write("Roads.gml.gz", test::Gzip(text.substr(0, half)) + test::Gzip(text.substr(half)));
+    EXPECT_TRUE(office.Start("Roads.gml.gz").target.ends_with("\\Roads.VDF"));
+    EXPECT_EQ(office.Entities(), "F * 1,2\n");
+}
+
+TEST(GmlXml, TextMayBeCutAnywhere) {
+    // Longer than a block, so that blocks end within numbers and names.
+    std::string members, entities;
+    for (int i = 0; i < 9000; ++i) {
+        std::string n = std::to_string(i);
+        members += "<m:member><a:F><a:n>v" + n + "</a:n><gml:LineString><gml:posList>" + n + ".25 1 " + n +
+                   " 7</gml:posList></gml:LineString></a:F></m:member>";
+        entities += "F " + n + ".25,1 " + n + ",7 n=v" + n + "\n";
+    }
+    ASSERT_GT(members.size(), 3 * importer::ByteBlocks::blockSize);
+    GmlOffice office;
+    EXPECT_EQ(office.Import(Collection(members)), entities);
+}
+
+TEST(GmlXml, DamagedBytesGiveAnErrorOrADrawing) {
+    const std::string text = Member(
+        "<a:n k='v'>&amp;</a:n><gml:Polygon><gml:exterior><gml:LinearRing><gml:posList>"
+        "0 0 9 0 0 0</gml:posList></gml:LinearRing></gml:exterior></gml:Polygon>");
+    const std::string packed = test::Gzip(text);
+    GmlOffice office;
+    for (std::size_t i = 0; i < packed.size(); ++i) {
+        std::string flipped = packed;
+        flipped[i] = static_cast<char>(flipped[i] ^ 0x11);
+        for (const std::string& bytes : {flipped, packed.substr(0, i + 1)}) Refusal(office, bytes);
+    }
+    for (std::size_t i = 1; i < text.size(); ++i) EXPECT_NE(Refusal(office, text.substr(0, i)), "") << i;
+}
+
+}  // namespace
+}  // namespace vexlator
