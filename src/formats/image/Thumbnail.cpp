@@ -45,7 +45,7 @@ private:
 }
 
 void CheckSize(ImageSize size) {
-    if (size.width <= 0 || size.height <= 0) Refuse("the picture has no size");
+    if (size.width <= 0 || size.height <= 0) Refuse("damaged: it holds no picture");
     if (static_cast<long long>(size.width) * size.height > mostPhotoPixels)
         Refuse("a picture of " + std::to_string(size.width) + " x " + std::to_string(size.height) +
                " pixels is too large");

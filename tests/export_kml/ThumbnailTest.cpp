@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "formats/Bytes.h"
+#include "formats/image/Thumbnail.h"
+#include "support/Pictures.h"
+#include "support/TempFolder.h"
+
+#include <gtest/gtest.h>
+#include <random>
+
+namespace vexlator::formats {
+namespace {
+
+using test::JpegOf;
+using test::TempFolder;
+
+std::int32_t Int(const std::string& bmp, std::size_t at) {
+    return LittleAt<std::int32_t>(std::as_bytes(std::span(bmp)), at);
+}
+
+/// Width, height and the colour of the first pixel from the top left, "blue,green,red".
+std::string Summary(const std::string& bmp) {
+    std::size_t row = (static_cast<std::size_t>(Int(bmp, 18)) * 3 + 3) / 4 * 4;
+    std::size_t top = 54 + row * static_cast<std::size_t>(Int(bmp, 22) - 1);
+    EXPECT_EQ(bmp.size(), 54 + row * static_cast<std::size_t>(Int(bmp, 22)));
+    EXPECT_EQ(static_cast<std::size_t>(Int(bmp, 2)), bmp.size());
+    std::string text = std::to_string(Int(bmp, 18)) + "x" + std::to_string(Int(bmp, 22));
+    for (std::size_t c = 0; c < 3; ++c)
+        text += (c == 0 ? " " : ",") + std::to_string(static_cast<unsigned char>(bmp[top + c]));
+    return text;
+}
+
+/// Why there is no thumbnail of these bytes; "" when there is one.
+std::string Refusal(const std::string& bytes) {
+    TempFolder folder;
+    try {
+        ThumbnailBmp(folder.Write("a.jpg", bytes), {240, 180});
+        return "";
+    } catch (const platform::ReadError& error) {
+        EXPECT_EQ(error.File(), folder / "a.jpg");
+        return error.Reason();
+    }
+}
+
+TEST(Thumbnail, KeepsProportionsAndColours) {
+    TempFolder folder;
+    const struct {
+        int width, height;
+        std::string wanted;
+    } cases[] = {
+        {4000, 3000, "240x180"}, {3000, 4000, "135x180"}, {241, 100, "240x99"},
+        {100, 50, "100x50"},     {1, 1, "1x1"},           {6000, 1, "240x1"},
+    };
+    for (const auto& [width, height, wanted] : cases) {
+        std::string jpeg = folder.Write("a.jpg", JpegOf(width, height));
+        EXPECT_EQ(Summary(ThumbnailBmp(jpeg, {240, 180})).substr(0, wanted.size()), wanted);
+    }
+    // A thumbnail is itself a picture that can be made smaller; the top half of the picture is red.
+    std::string large =
+        folder.Write("b.bmp", ThumbnailBmp(folder.Write("b.jpg", JpegOf(2000, 1000)), {200, 200}));
+    EXPECT_EQ(Summary(ThumbnailBmp(large, {10, 10})), "10x5 0,0,254");
+}
+
+TEST(Thumbnail, RefusesWhatCannotBeShown) {
+    std::string jpeg = JpegOf(640, 480);
+    EXPECT_EQ(Refusal(jpeg), "");
+    EXPECT_EQ(Refusal(""), "is neither a JPEG nor a BMP file");
+    EXPECT_EQ(Refusal("GIF89a"), "is neither a JPEG nor a BMP file");
+    EXPECT_TRUE(Refusal(jpeg.substr(0, jpeg.size() / 2)).starts_with("damaged JPEG: "));
+    EXPECT_EQ(Refusal("\xFF\xD8"), "damaged: it holds no picture");
+    // The size that its header announces: height and width stand behind the frame's mark.
+    std::size_t frame = jpeg.find("\xFF\xC0");
+    std::string huge = jpeg;
+    huge.replace(frame + 5, 4, "\xFF\xDC\xFF\xDC");
+    EXPECT_EQ(Refusal(huge), "a picture of 65500 x 65500 pixels is too large");
+    std::string bmp = test::BmpHeader(8001, 8000);
+    EXPECT_EQ(Refusal(bmp), "a picture of 8001 x 8000 pixels is too large");
+    EXPECT_EQ(Refusal(bmp.substr(0, 53)), "damaged BMP: it ends in its header");
+    EXPECT_EQ(Refusal(test::BmpHeader(-1, 5)), "damaged: it holds no picture");
+    EXPECT_TRUE(Refusal(test::BmpHeader(80, 80)).starts_with("damaged BMP: "));
+}
+
+TEST(Thumbnail, SurvivesDamagedBytes) {
+    TempFolder folder;
+    std::string jpeg = JpegOf(64, 48), bmp = ThumbnailBmp(folder.Write("a.jpg", jpeg), {64, 48});
+    std::mt19937 random(7);
+    for (int i = 0; i < 400; ++i) {
+        std::string bytes = i % 2 ? jpeg : bmp;
+        for (int n = 0; n < 3; ++n)
+            bytes[random() % (i % 4 < 2 ? 64 : bytes.size())] = static_cast<char>(random());
+        Refusal(bytes);
+    }
+}
+
+}  // namespace
+}  // namespace vexlator::formats
