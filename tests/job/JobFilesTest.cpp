@@ -18,8 +18,11 @@ protected:
     std::vector<std::string> Saved(const std::string& name) {
         drawing::Drawing drawing;
         drawing.open(folder / ("out/" + name));
+        EXPECT_EQ(drawing.properties().size(), 1U);
+        source = drawing.properties()[0].second;
         return test::EntityTexts(drawing);
     }
+    std::string source;  ///< of the drawing that Saved() opened
     void SetUp() override { fs::create_directories(folder / "out"); }
 };
 
@@ -38,6 +41,7 @@ TEST_F(JobFiles, GoIntoOneDrawing) {
                                     "VDINSERT NONE c3 (3,3,0) [default] {FOID=1}"};
     wanted[1].replace(wanted[1].find("A-"), 2, "a-");
     EXPECT_EQ(Saved("a.VDF"), wanted);
+    EXPECT_EQ(source, folder / "in/a.job");
     EXPECT_EQ(ui.labels[ui.labels.size() - 2], "1 positions, 1 entities");
     EXPECT_EQ(ui.labels.back(), "Completed!");
     EXPECT_TRUE(ui.messages.empty());
@@ -45,6 +49,7 @@ TEST_F(JobFiles, GoIntoOneDrawing) {
 
 TEST_F(JobFiles, AddToTheDrawingThatIsThere) {
     drawing::Drawing drawing;
+    drawing.properties().emplace_back("Source", "C:\\work\\W.JOB");
     drawing.addPolyline().setLabel("WALL(1)");
     drawing.setActiveLayer("REFLINE");
     drawing.addPoint({});
@@ -53,6 +58,7 @@ TEST_F(JobFiles, AddToTheDrawingThatIsThere) {
     EXPECT_EQ(Start("A.JOB").status, Status::Done);
     EXPECT_EQ(Saved("A.VDF"), (std::vector<std::string>{"VDPOLYLINE 0 c7  WALL(1) closed {}",
                                                         "VDINSERT NONE c4 (1,1,0) [default] {FOID=1}"}));
+    EXPECT_EQ(source, "C:\\work\\W.JOB");
 }
 
 TEST_F(JobFiles, OptionsComeFromTheConfiguration) {

@@ -6,9 +6,12 @@
 #include "import/SourceFiles.h"
 #include "import/job/JobText.h"
 #include "import/job/SupersededRecords.h"
+#include "platform/Paths.h"
 #include "util/Files.h"
 #include "util/Numbers.h"
 #include "util/Paths.h"
+
+#include <algorithm>
 
 namespace vexlator::importer {
 
@@ -19,6 +22,13 @@ JobSettings ReadSettings(const config::Session& session) {
     settings.importQA = session.ReadIniFlag("JOB", "ImportQA");
     settings.forceClose = session.ReadIni("JOB", "ForceClose") != "0";
     return settings;
+}
+
+/// Exports find the photographs of a drawing, and the job to record, by the job that it came from.
+void NameSource(drawing::Drawing& drawing, std::string_view jobPath) {
+    auto isSource = [](const auto& property) { return property.first == "Source"; };
+    if (std::ranges::none_of(drawing.properties(), isSource))
+        drawing.properties().emplace_back("Source", platform::AbsolutePath(jobPath));
 }
 
 }  // namespace
@@ -33,6 +43,7 @@ config::Outcome frmFromJOB::Start(std::string_view sourcePath, std::string_view 
     bool complete = true;
     for (const std::string& path : SourceFiles(sourcePath, fileList))
         complete &= ImportJobFile(path, importer, outcome);
+    NameSource(drawing_, sourcePath);
     complete &= gpx::frmGPX(session_).ProcessAnyTrailData(util::FolderOf(sourcePath));
     drawing_.saveAs(outcome.target);
     session_.Ui().Settle(1.0);

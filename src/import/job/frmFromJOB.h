@@ -21,8 +21,9 @@ public:
 
     /// Imports `sourcePath` and the files of `fileList` (each preceded by "|"; names without a folder lie
     /// beside `sourcePath`) into the drawing in `sourceFolder` that has the first one's base name. A drawing
-    /// that is there already is added to. A file that cannot be opened, or a trail that cannot be converted,
-    /// is reported and left out, and the outcome is Failed.
+    /// that is there already is added to. A drawing without the property "Source" gets `sourcePath` as that.
+    /// A file that cannot be opened, or a trail that cannot be converted, is reported and left out, and the
+    /// outcome is Failed.
     /// @throws platform::ReadError for a damaged drawing, template or job, platform::WriteError; then no
     /// drawing is saved
     config::Outcome Start(std::string_view sourcePath, std::string_view sourceFolder,
