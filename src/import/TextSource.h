@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 /// What the imports of text files share.
@@ -19,6 +20,9 @@ std::optional<platform::MappedFile> OpenTextSource(std::string_view path, ui::Us
 
 /// The text behind its UTF-8 byte-order mark, if it has one.
 std::string_view WithoutByteOrderMark(std::string_view text);
+/// The same; a text whose mark is that of UTF-16 is decoded as a whole into `decoded`.
+/// @throws platform::ReadError, without a file name, for bytes that are no UTF-16
+std::string_view TextBehindMark(std::string_view bytes, std::string& decoded);
 
 /// Counts values that rows lack and that the drawing has to hold as empty ones. A few bytes could announce
 /// thousands of columns, and millions of rows have none of them: that is damage, not data.

@@ -62,6 +62,17 @@ TEST(CsvImport, SymbolsLookAsTheirCodeSays) {
     EXPECT_EQ(run.ui.labels.back(), "Completed!");
 }
 
+TEST(CsvImport, Utf16IsKnownByItsMark) {
+    for (std::string_view mark : {"\xFF\xFE", "\xFE\xFF"}) {
+        Office run;
+        std::string text(mark);
+        for (char c : std::string_view("ID,E,N,A\n1,2,3,\xE9\n"))
+            text += mark[0] == '\xFF' ? std::string{c, '\0'} : std::string{'\0', c};
+        EXPECT_EQ(run.Text(text), "CODE VDINSERT 2,3 | ID=1 | A=\xC3\xA9\n");
+        EXPECT_THROW(run.Text(text + "x"), platform::ReadError);
+    }
+}
+
 TEST(CsvImport, WithoutAHeaderColumnsAreNumbered) {
     Office run;
     run.Columns("0", "1", "2", "header=0\n");

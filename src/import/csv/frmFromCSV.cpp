@@ -14,6 +14,18 @@
 
 namespace vexlator::importer {
 
+namespace {
+
+std::string_view TextOf(const platform::MappedFile& file, std::string& decoded) {
+    try {
+        return TextBehindMark(file.Text(), decoded);
+    } catch (const platform::ReadError& error) {
+        throw error.InFile(file.Name());
+    }
+}
+
+}  // namespace
+
 frmFromCSV::frmFromCSV(config::Session& session)
     : session_(session), settings_(ReadCsvSettings(session)), columns_(settings_) {}
 
@@ -38,7 +50,8 @@ bool frmFromCSV::ImportCsvFile(const std::string& path) {
         settings_.fixedFeature.empty() ? Capitals(util::BaseNameOf(path)) : settings_.fixedFeature;
     view_->SetLabel(code);
     std::string style = SelectFeatureLayer(session_, drawing_, code);
-    CsvRecords records(WithoutByteOrderMark(file->Text()), settings_.delimiter);
+    std::string decoded;
+    CsvRecords records(TextOf(*file, decoded), settings_.delimiter);
     if (settings_.header) columns_.ReadCsvHeader(records.ReadLine());
     if (!HasItsColumns()) return false;
     drawing::GenerateAtp(session_, FeatureTemplatePath(session_, code), columns_.AttributeNames(),

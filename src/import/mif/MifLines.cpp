@@ -4,6 +4,8 @@
 
 #include "util/Numbers.h"
 
+#include <algorithm>
+
 namespace vexlator::importer {
 
 namespace {
@@ -25,6 +27,38 @@ std::string_view TakeField(std::string_view& line) {
     return field;
 }
 
+/// Takes a number that is written in plain digits and ends at a blank or with the line. Up to 15 digits make
+/// a whole number that a double holds, as it does the power of ten that the point stands for: their quotient
+/// is the nearest double. False, and nothing taken, for any other text.
+bool TakePlainNumber(std::string_view& line, double& number) {
+    constexpr std::array<double, 16> powersOfTen = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                    1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    const char *at = line.data(), *const end = at + line.size();
+    while (at < end && IsBlank(*at)) ++at;
+    bool negative = at < end && *at == '-';
+    if (negative) ++at;
+    std::uint64_t digits = 0;
+    const char* const begin = at;
+    for (; at < end && IsDigit(*at); ++at) digits = digits * 10 + static_cast<unsigned>(*at - '0');
+    std::ptrdiff_t count = at - begin, decimals = 0;
+    if (at < end && *at == '.') {
+        const char* const point = ++at;
+        for (; at < end && IsDigit(*at); ++at) digits = digits * 10 + static_cast<unsigned>(*at - '0');
+        decimals = at - point;
+        count += decimals;
+    }
+    if (count == 0 || count > 15 || (at < end && !IsBlank(*at))) return false;
+    number = static_cast<double>(digits) / powersOfTen[static_cast<std::size_t>(decimals)];
+    if (negative) number = -number;
+    line.remove_prefix(static_cast<std::size_t>(at - line.data()));
+    return true;
+}
+
+double TakeNumber(std::string_view& line) {
+    double number;
+    return TakePlainNumber(line, number) ? number : util::NumberOf(TakeField(line));
+}
+
 }  // namespace
 
 std::string_view TrimmedLine(std::string_view line) {
@@ -34,15 +68,17 @@ std::string_view TrimmedLine(std::string_view line) {
 }
 
 bool IsCoordinateLine(std::string_view line) {
-    std::string_view rest = line;
-    std::string_view first = TakeField(rest);
-    if (first.starts_with('-')) first.remove_prefix(1);
-    return !first.empty() && IsDigit(first[0]) && !TakeField(rest).empty();
+    line.remove_prefix(std::min(line.find_first_not_of(mifBlanks), line.size()));
+    std::size_t sign = line.starts_with('-') ? 1 : 0;
+    if (line.size() <= sign || !IsDigit(line[sign])) return false;
+    std::size_t blank = line.find_first_of(mifBlanks);
+    return blank != std::string_view::npos &&
+           line.find_first_not_of(mifBlanks, blank) != std::string_view::npos;
 }
 
 std::array<double, 6> MifNumbers(std::string_view line) {
     std::array<double, 6> numbers{};
-    for (double& number : numbers) number = util::NumberOf(TakeField(line));
+    for (double& number : numbers) number = TakeNumber(line);
     return numbers;
 }
 
@@ -57,8 +93,8 @@ std::size_t MifLines::ReadCoordinates(std::span<util::PlanePoint> target) {
         util::LineReader ahead = lines_;
         std::string_view line = ahead.ReadTextLine();
         if (!IsCoordinateLine(line)) break;
-        double x = util::NumberOf(TakeField(line));
-        target[count++] = {x, util::NumberOf(TakeField(line))};
+        double x = TakeNumber(line);
+        target[count++] = {x, TakeNumber(line)};
         lines_ = ahead;
     }
     return count;
