@@ -116,7 +116,9 @@ void CreateMissingDatabase(const FmoDefinition& definition) {
     platform::OutputFile file(definition.database);
     try {
         Connection connection(SqliteConnectionString(file.TemporaryName()));
-        connection.Execute("PRAGMA user_version=1");  // a file without any content is no database
+        // A file is a database only when something has been written to it.
+        connection.Execute("CREATE TABLE made (yes INTEGER)");
+        connection.Execute("DROP TABLE made");
     } catch (const DatabaseError& error) {
         throw platform::WriteError(file.Name(), error.what());
     }

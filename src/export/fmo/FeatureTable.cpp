@@ -46,6 +46,19 @@ void LockCreation(Connection& connection) {
 constexpr std::size_t fewFeatures = 100;
 constexpr std::string_view ownIndex = "vexlator_export_key";
 
+/// The index that tables of our making have.
+std::string KeyIndexName(const database::FmoDefinition& definition) {
+    return definition.table + "_" + definition.key + "_key";
+}
+
+bool HasIndex(Connection& connection, const std::string& name) {
+    bool sqlite = connection.Kind() == Connection::Product::Sqlite;
+    database::Statement find(connection, sqlite ? "SELECT 1 FROM sqlite_master WHERE type='index' AND name=?"
+                                                : "SELECT 1 FROM pg_indexes WHERE indexname=?");
+    find.Execute({name});
+    return find.Next();
+}
+
 }  // namespace
 
 FeatureTable::FeatureTable(Connection& connection, database::Transaction& transaction,
@@ -201,13 +214,21 @@ FeatureTable::Value FeatureTable::ValueFor(std::size_t column, std::string_view 
 
 void FeatureTable::IndexKeys() {
     if (connection_.Kind() == Connection::Product::Other) return;
-    connection_.Execute("CREATE INDEX " + connection_.Quoted(ownIndex) + " ON " + table_->Name() + " (" +
-                        table_->Column(definition_.key) + ")");
+    if (HasIndex(connection_, KeyIndexName(definition_))) return;
+    CreateIndex(ownIndex);
     hasOwnIndex_ = true;
+}
+
+void FeatureTable::CreateIndex(std::string_view name) {
+    connection_.Execute("CREATE INDEX " + connection_.Quoted(name) + " ON " + table_->Name() + " (" +
+                        table_->Column(definition_.key) + ")");
 }
 
 void FeatureTable::Finish() {
     if (hasOwnIndex_) connection_.Execute("DROP INDEX " + connection_.Quoted(ownIndex));
+    std::string index = KeyIndexName(definition_);
+    bool wanted = isNew_ && connection_.Kind() != Connection::Product::Other;
+    if (wanted && !HasIndex(connection_, index)) CreateIndex(index);
     insert_.reset();
     update_.reset();
     delete_.reset();

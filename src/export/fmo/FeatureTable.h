@@ -43,6 +43,7 @@ private:
     void SetAttributes(drawing::Entity entity);
     Value ValueFor(std::size_t column, std::string_view text) const;
     void IndexKeys();
+    void CreateIndex(std::string_view name);
 
     database::Connection& connection_;
     const database::FmoDefinition& definition_;

@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "formats/Bytes.h"
+#include "formats/fmo/GeometryValue.h"
+#include "platform/Errors.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace vexlator::formats {
+
+using Points = std::vector<util::PlanePoint>;
+
+/// A value made by hand from its numbers.
+std::string ValueOf(std::initializer_list<float> numbers, std::size_t bytesBehind = 1) {
+    std::string value;
+    for (float number : numbers) {
+        value.resize(value.size() + sizeof number);
+        PutLittle(value.data() + value.size() - sizeof number, number);
+    }
+    return value + std::string(bytesBehind, '\0');
+}
+
+TEST(GeometryValue, PacksLinesAndClosesRings) {
+    struct Case {
+        Points points;
+        bool close, stillSet;
+        std::string value;
+    };
+    for (const Case& c : {
+             Case{{{1, 2}, {3, 4.5}, {7, 8}}, false, false, ValueOf({4, 0, 1, 2, 3, 4.5, 7, 8})},
+             Case{{{1, 2}, {3, 4.5}, {7, 8}}, true, true, ValueOf({5, 0, 1, 2, 3, 4.5, 7, 8, 1, 2})},
+             Case{{{1, 2}, {3, 4.5}, {1.0005, 2}}, true, false, ValueOf({4, 0, 1, 2, 3, 4.5, 1.0005F, 2})},
+             Case{{{1, 2}, {3, 4}, {1.0011, 2}}, true, true, ValueOf({5, 0, 1, 2, 3, 4, 1.0011F, 2, 1, 2})},
+             Case{{{9, 9}}, true, false, ValueOf({2, 0, 9, 9})},
+             Case{{}, true, false, ValueOf({1, 0})},
+         }) {
+        bool close = c.close;
+        EXPECT_EQ(vArraytoBLOB(c.points, close), c.value);
+        EXPECT_EQ(close, c.stillSet);
+    }
+    bool close = true;
+    EXPECT_EQ(vArraytoBLOB(Points{{1, 2}, {3, 4.5}, {7, 8}}, close).size(), 41U);
+}
+
+TEST(GeometryValue, ReadsAllBytesButTheLast) {
+    EXPECT_EQ(BLOBtoNodeMemory(ValueOf({4, 0, 1})), (std::vector<float>{4, 0, 1, 0}));
+    EXPECT_EQ(BLOBtoNodeMemory(std::string(1, 'x')), (std::vector<float>{0}));
+    EXPECT_EQ(BLOBtoNodeMemory("").size(), 0U);
+    EXPECT_EQ(BlobToVertexList(ValueOf({3.4F, 0, 1, 2, 3, 4})), (Points{{1, 2}, {3, 4}}));
+    EXPECT_EQ(BlobToVertexList(ValueOf({2, 0, 1, 2, 3, 4}, 9)), (Points{{1, 2}}));
+    for (float none : {1.0F, 0.0F, -5.0F}) EXPECT_EQ(BlobToVertexList(ValueOf({none, 0})).size(), 0U);
+}
+
+TEST(GeometryValue, RefusesWhatItCannotHold) {
+    constexpr float infinity = std::numeric_limits<float>::infinity();
+    for (const std::string& value :
+         {ValueOf({4, 0, 1, 2, 3, 4}), ValueOf({3, 0, 1, 2, 3, 4}, 0), ValueOf({1e30F, 0, 1, 2}),
+          ValueOf({infinity, 0}), ValueOf({3, 0, 1, 2, 3, infinity}),
+          ValueOf({3, 0, std::numeric_limits<float>::quiet_NaN(), 2, 3, 4})})
+        EXPECT_THROW(BlobToVertexList(value), platform::ReadError);
+    try {
+        BlobToVertexList(ValueOf({9, 0, 1, 2, 3, 4}));
+        ADD_FAILURE() << "no error";
+    } catch (const platform::ReadError& error) {
+        EXPECT_STREQ(error.what(), "byte 0: 8 vertices announced, room for 2");
+    }
+}
+
+}  // namespace vexlator::formats
