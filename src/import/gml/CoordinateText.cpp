@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 
 namespace vexlator::importer {
 
@@ -19,6 +20,30 @@ constexpr std::size_t mostShown = 40;
 
 bool IsSpace(char c) {
     return c == ' ' || c == '\n' || c == '\r' || c == '\t';
+}
+
+/// Sets the value of a plain decimal number, as in "-123.45", of at most 15 digits. Both the digits and the
+/// power of ten are whole numbers that a double holds, so their quotient is the nearest double.
+bool ReadShortDecimal(const char* at, const char* end, double& value) {
+    static constexpr double powers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                        1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    bool negative = at < end && *at == '-';
+    if (negative) ++at;
+    std::int64_t digits = 0;
+    int count = 0, decimals = -1;  // -1: no decimal point so far
+    for (; at < end; ++at) {
+        if (*at == '.' && decimals < 0) {
+            decimals = 0;
+            continue;
+        }
+        if (*at < '0' || *at > '9' || ++count > 15) return false;
+        digits = digits * 10 + (*at - '0');
+        if (decimals >= 0) ++decimals;
+    }
+    if (count == 0) return false;
+    double magnitude = static_cast<double>(digits) / powers[std::max(decimals, 0)];
+    value = negative ? -magnitude : magnitude;
+    return true;
 }
 
 [[noreturn]] void Fail(const std::string& reason) {
@@ -99,6 +124,7 @@ double CoordinateText::NumberIn(std::string_view token) {
     const char* end = begin + token.size();
     if (begin < end && *begin == '+') ++begin;
     double value = 0;
+    if (ReadShortDecimal(begin, end, value)) return value;
     auto [stop, error] = std::from_chars(begin, end, value);
     if (stop == end && error == std::errc() && std::isfinite(value)) return value;
     if (!format_.strict) return util::NumberOf(token);

@@ -106,6 +106,7 @@ void GmlXmlReader::StartElement(std::string_view name, XmlAttributes attributes)
             break;
     }
     open_.push_back(open);
+    parser_.WantText(inCoordinates_ || inProperty_);
 }
 
 void GmlXmlReader::EndElement() {
@@ -114,6 +115,7 @@ void GmlXmlReader::EndElement() {
     if (open.scope == Scope::Feature) EndFeature();
     if (open.scope == Scope::Property) EndProperty();
     if (open.scope == Scope::Geometry) EndGeometry(open);
+    parser_.WantText(inCoordinates_ || inProperty_);
 }
 
 void GmlXmlReader::Text(std::string_view text) {

@@ -7,6 +7,7 @@
 
 #include <expat.h>
 #include <new>
+#include <utility>
 
 namespace vexlator::importer {
 
@@ -91,7 +92,6 @@ XmlParser::XmlParser(std::unique_ptr<ByteBlocks> blocks, const std::string& enco
     if (!parser_) throw std::bad_alloc();
     XML_SetUserData(parser_, this);
     XML_SetElementHandler(parser_, Callbacks::Start, Callbacks::End);
-    XML_SetCharacterDataHandler(parser_, Callbacks::Text);
     XML_SetStartDoctypeDeclHandler(parser_, Callbacks::Doctype);
     XML_SetEntityDeclHandler(parser_, Callbacks::Entity);
     XML_SetUnknownEncodingHandler(parser_, DescribeEncoding, nullptr);
@@ -104,6 +104,11 @@ XmlParser::~XmlParser() {
 void XmlParser::Pause() {
     paused_ = true;
     XML_StopParser(parser_, XML_TRUE);
+}
+
+void XmlParser::WantText(bool wanted) {
+    if (std::exchange(wantsText_, wanted) == wanted) return;
+    XML_SetCharacterDataHandler(parser_, wanted ? Callbacks::Text : nullptr);
 }
 
 bool XmlParser::ParseOn() {

@@ -42,6 +42,8 @@ public:
     /// @throws platform::ReadError with line, without a file name; what the handler throws
     bool ParseOn();
     void Pause();
+    /// Whether the handler's Text() is called from now on; at first it is not.
+    void WantText(bool wanted);
     std::size_t Consumed() const { return blocks_->Consumed(); }
 
 private:
@@ -57,7 +59,7 @@ private:
     std::exception_ptr thrown_;
     std::size_t depth_ = 0;
     long long fed_ = 0;
-    bool paused_ = false, lastFed_ = false;
+    bool wantsText_ = false, paused_ = false, lastFed_ = false;
 };
 
 }  // namespace vexlator::importer
