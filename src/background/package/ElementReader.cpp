@@ -5,10 +5,22 @@
 #include "platform/CodePages.h"
 
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <string_view>
 
 namespace vexlator::background {
+
+namespace {
+
+/// Sub-steps are whole units, 320 on the longer axis.
+bool MayBeSubStep(Step step) {
+    constexpr int whole = 100, longest = 320 * whole;
+    bool isLong = std::abs(step.dx) == longest || std::abs(step.dy) == longest;
+    return isLong && step.dx % whole == 0 && step.dy % whole == 0;
+}
+
+}  // namespace
 
 void ElementReader::Fail(std::uint64_t at, const std::string& reason) const {
     package_.FailInContainer(tile_.file->offset + at, tile_.file->name + ": " + reason);
@@ -57,11 +69,14 @@ void ElementReader::ReadLine(Element& element) {
     util::PlanePoint point{line.x, line.y};
     if (!std::isfinite(point.x) || !std::isfinite(point.y)) Fail(start + 2, "the position is not a number");
     element.points.push_back(point);
+    element.pointBox = element.vertexBox = Box::At(point.x, point.y);
     while (steps-- > 0) {
         auto step = Take<Step>("step");
         point.x += step.dx / 100.0;
         point.y += step.dy / 100.0;
         element.points.push_back(point);
+        element.pointBox.Widen(point.x, point.y);
+        if (!MayBeSubStep(step)) element.vertexBox.Widen(point.x, point.y);
     }
 }
 

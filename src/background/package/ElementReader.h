@@ -19,6 +19,9 @@ struct Element {
     std::uint64_t offset = 0;  ///< in its tile file
     ElementHeader header{};
     std::vector<util::PlanePoint> points;  ///< of a line: vertices and the ends of sub-steps
+    /// Of a line: the box of its points, and of those that are certainly vertices. Where a long step is cut
+    /// into sub-steps of whole units, their ends may lie beside the line.
+    Box pointBox = Box::Empty(), vertexBox = Box::Empty();
     TextRecord text{};
     std::string characters;  ///< of a text, UTF-8
     AreaRecord area{};

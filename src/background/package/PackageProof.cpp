@@ -26,12 +26,6 @@ constexpr double floatTolerance = 1e-6;
 /// By how much a step of a line may miss its true vertex.
 constexpr double stepTolerance = 0.005;
 
-Box BoxOf(const std::vector<util::PlanePoint>& points) {
-    Box box = Box::Empty();
-    for (util::PlanePoint point : points) box.Widen(point.x, point.y);
-    return box;
-}
-
 double ToleranceOf(const std::vector<util::PlanePoint>& points) {
     return floatTolerance + stepTolerance * static_cast<double>(points.size());
 }
@@ -44,7 +38,7 @@ bool SameClasses(const ElementHeader& a, const ElementHeader& b) {
 struct Ring {
     std::uint64_t offset;
     ElementHeader header;
-    Box box;
+    Box pointBox, vertexBox;
     double tolerance;
 };
 
@@ -124,12 +118,12 @@ void Proof::ProveLines(const Tile& tile) {
     Box all = Box::Empty();
     double most = 0;
     for (Element line; reader.Next(line);) {
-        Box box = BoxOf(line.points);
         double tolerance = ToleranceOf(line.points);
-        if (!tile.header.box.Contains(box, tolerance))
+        if (!tile.header.box.Contains(line.vertexBox, tolerance))
             Fail(tile, line.offset, "the line leaves the box of its file");
-        if (tile.letter == 'L') rings.push_back({line.offset, line.header, box, tolerance});
-        all.Widen(box);
+        if (tile.letter == 'L')
+            rings.push_back({line.offset, line.header, line.pointBox, line.vertexBox, tolerance});
+        all.Widen(line.pointBox);
         most = std::max(most, tolerance);
         counts_.vertices += line.points.size();
         ++(line.points.size() == 1 ? counts_.points : counts_.lines);
@@ -161,23 +155,25 @@ void Proof::ProveAreas(const Tile& tile) {
 }
 
 void Proof::ProveArea(const Tile& tile, const Element& area) {
-    Box all = Box::Empty();
+    Box points = Box::Empty(), vertices = Box::Empty();
     double tolerance = 0;
-    std::uint64_t at = area.offset + sizeof(ElementHeader) + sizeof(AreaRecord);
+    const std::uint64_t first = area.offset + sizeof(ElementHeader) + sizeof(AreaRecord);
+    std::uint64_t at = first;
     for (const RingReference& reference : area.rings) {
         const Ring& ring = FindRing(tile, at, reference);
-        if (at == area.offset + sizeof(ElementHeader) + sizeof(AreaRecord)) {
+        if (at == first) {
             if (reference.tile != tile.number) Fail(tile, at + 14, "the first ring lies in another tile");
             if (!SameClasses(ring.header, area.header)) Fail(tile, at + 10, "the ring has other classes");
             if (reference.keyHigh != area.header.keyHigh || reference.keyLow != area.header.keyLow)
                 Fail(tile, at + 2, "the keys are not those of the area");
         }
-        all.Widen(ring.box);
+        points.Widen(ring.pointBox);
+        vertices.Widen(ring.vertexBox);
         tolerance = std::max(tolerance, ring.tolerance);
         at += sizeof(RingReference);
     }
     Box box = area.area.box;
-    if (!all.Contains(box, tolerance) || !box.Contains(all, tolerance))
+    if (!points.Contains(box, tolerance) || !box.Contains(vertices, tolerance))
         Fail(tile, area.offset + 14, "the box is not that of the rings");
     counts_.rings += area.rings.size();
     ++counts_.areas;

@@ -1,0 +1,1 @@
+vexlator_fuzz(grp LINK vexlator_grpinfo vexlator_background vexlator_platform)
