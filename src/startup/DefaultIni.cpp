@@ -288,6 +288,10 @@ ToPDF=0
 ; Renames feature codes and their fields in exports: a key per code, and the code followed by _Fields.
 ; Default: nothing is renamed.
 
+[ZIP]
+; Most megabytes that a tablet package or job archive may unpack to. Default: 2048.
+MaxMB=
+
 [WORKFLOW]
 ; ODBC connection of a workflow database that machines share, as in Driver=PostgreSQL Unicode;Server=...
 ; Default: the database in WorkFlowSystem.

@@ -1,0 +1,1 @@
+vexlator_fuzz(geometry LINK vexlator_formats)

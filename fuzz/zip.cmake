@@ -1,0 +1,1 @@
+vexlator_fuzz(zip LINK vexlator_workflow)
