@@ -4,8 +4,6 @@
 
 #include "util/Numbers.h"
 
-#include <algorithm>
-
 namespace vexlator::importer {
 
 namespace {
@@ -18,11 +16,17 @@ bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-std::string_view TakeField(std::string_view& line) {
-    std::size_t begin = 0, end;
+void SkipBlanks(std::string_view& line) {
+    std::size_t begin = 0;
     while (begin < line.size() && IsBlank(line[begin])) ++begin;
-    for (end = begin; end < line.size() && !IsBlank(line[end]);) ++end;
-    std::string_view field = line.substr(begin, end - begin);
+    line.remove_prefix(begin);
+}
+
+std::string_view TakeField(std::string_view& line) {
+    SkipBlanks(line);
+    std::size_t end = 0;
+    while (end < line.size() && !IsBlank(line[end])) ++end;
+    std::string_view field = line.substr(0, end);
     line.remove_prefix(end);
     return field;
 }
@@ -68,12 +72,12 @@ std::string_view TrimmedLine(std::string_view line) {
 }
 
 bool IsCoordinateLine(std::string_view line) {
-    line.remove_prefix(std::min(line.find_first_not_of(mifBlanks), line.size()));
+    SkipBlanks(line);
     std::size_t sign = line.starts_with('-') ? 1 : 0;
     if (line.size() <= sign || !IsDigit(line[sign])) return false;
-    std::size_t blank = line.find_first_of(mifBlanks);
-    return blank != std::string_view::npos &&
-           line.find_first_not_of(mifBlanks, blank) != std::string_view::npos;
+    TakeField(line);
+    SkipBlanks(line);
+    return !line.empty();
 }
 
 std::array<double, 6> MifNumbers(std::string_view line) {
