@@ -74,6 +74,11 @@ std::vector<std::string> TemplateNames(const FmoDefinition& definition, const da
     return names;
 }
 
+std::string PlaceOf(const drawing::Entity& last, const FeatureTable& table) {
+    if (table.Pending() <= 1) return ", feature " + last.handle();
+    return ", one of the " + std::to_string(table.Pending()) + " features up to " + last.handle();
+}
+
 }  // namespace
 
 /// Where the features of one layer go.
@@ -184,12 +189,14 @@ void DatabaseExport::WriteRows(const ExportLayer& layer, LayerTarget& target) {
         try {
             if (table.Write(entity)) ++written;
         } catch (const DatabaseError&) {
-            place_ = ", feature " + entity.handle();
+            place_ = PlaceOf(entity, table);
             throw;
         }
         view_.Progress(++done, layer.set.count());
     }
+    place_ = PlaceOf(layer.set.item(layer.set.count() - 1), table);
     table.Finish();
+    place_.clear();
     if (!target.newText.empty()) files_.Add(target.definition.definitionPath).Write(target.newText);
     ++outcome_.layers;
     outcome_.features += written;

@@ -5,6 +5,7 @@
 #include "formats/fmo/GeometryValue.h"
 #include "util/Text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -44,6 +45,9 @@ void LockCreation(Connection& connection) {
 
 /// Searching an existing table for each feature's key costs its whole length where it has no index.
 constexpr std::size_t fewFeatures = 100;
+/// One statement for several records costs a database much less than one for each.
+constexpr std::size_t valuesAtOnce = 400, mostRowsAtOnce = 50;
+
 constexpr std::string_view ownIndex = "vexlator_export_key";
 
 /// The index that tables of our making have.
@@ -130,14 +134,14 @@ void FeatureTable::PrepareStatements() {
         written_.push_back(i);
         quoted_.push_back(column->quoted);
     }
-    std::string names, marks, changes;
-    for (const std::string& name : quoted_) {
-        names += (names.empty() ? "" : ", ") + name;
-        marks += marks.empty() ? "?" : ", ?";
-        changes += (changes.empty() ? "" : ", ") + name + "=?";
-    }
+    std::string changes;
+    for (const std::string& name : quoted_) changes += (changes.empty() ? "" : ", ") + name + "=?";
     std::string ofKey = " WHERE " + table_->Column(definition_.key) + "=?";
-    insert_.emplace(connection_, "INSERT INTO " + table_->Name() + " (" + names + ") VALUES (" + marks + ")");
+    if (connection_.Kind() != Connection::Product::Other)
+        rowsAtOnce_ = std::clamp<std::size_t>(valuesAtOnce / quoted_.size(), 1, mostRowsAtOnce);
+    geometries_.resize(rowsAtOnce_);
+    keys_.resize(rowsAtOnce_);
+    insert_.emplace(connection_, InsertStatement(rowsAtOnce_));
     update_.emplace(connection_, "UPDATE " + table_->Name() + " SET " + changes + ofKey);
     delete_.emplace(connection_, "DELETE FROM " + table_->Name() + ofKey);
     values_.resize(quoted_.size() + 1);
@@ -146,15 +150,34 @@ void FeatureTable::PrepareStatements() {
 bool FeatureTable::Write(Entity entity) {
     if (!SetPlace(entity)) return false;
     SetAttributes(entity);
-    std::span<const Value> record(values_.data(), quoted_.size());
-    if (!isNew_ && keys_.insert(key_).second) {
-        if (keys_.size() == fewFeatures) IndexKeys();
+    if (!isNew_ && keysWritten_.insert(keys_[pending_]).second) {
+        if (keysWritten_.size() == fewFeatures) IndexKeys();
         update_->Execute(values_);
         if (update_->RowsAffected() == 1) return true;
         if (update_->RowsAffected() > 1) delete_->Execute({values_.back()});
     }
-    insert_->Execute(record);
+    batch_.insert(batch_.end(), values_.begin(), values_.end() - 1);
+    if (++pending_ == rowsAtOnce_) Flush();
     return true;
+}
+
+std::string FeatureTable::InsertStatement(std::size_t rows) const {
+    std::string names, marks, records;
+    for (const std::string& name : quoted_) {
+        names += (names.empty() ? "" : ", ") + name;
+        marks += marks.empty() ? "?" : ", ?";
+    }
+    for (std::size_t i = 0; i < rows; ++i) records += (i > 0 ? ", (" : "(") + marks + ")";
+    return "INSERT INTO " + table_->Name() + " (" + names + ") VALUES " + records;
+}
+
+void FeatureTable::Flush() {
+    if (pending_ == rowsAtOnce_)
+        insert_->Execute(batch_);
+    else if (pending_ > 0)
+        database::Statement(connection_, InsertStatement(pending_)).Execute(batch_);
+    batch_.clear();
+    pending_ = 0;
 }
 
 bool FeatureTable::SetPlace(Entity entity) {
@@ -162,8 +185,8 @@ bool FeatureTable::SetPlace(Entity entity) {
     if (kind != Kind::Point && kind != Kind::Insert && kind != Kind::Polyline) return false;
     if (definition_.IsLineTable()) {
         bool close = entity.isClosed();
-        formats::vArraytoBLOB(entity.planVertices(), close, geometry_);
-        values_[0] = database::Blob{geometry_};
+        formats::vArraytoBLOB(entity.planVertices(), close, geometries_[pending_]);
+        values_[0] = database::Blob{geometries_[pending_]};
         return true;
     }
     if (kind == Kind::Polyline) return false;
@@ -180,19 +203,19 @@ void FeatureTable::SetAttributes(Entity entity) {
     const std::vector<std::size_t>& sources = columns_.SourcesFor(entity);
     bool hasKey = sources[0] != FeatureColumns::none && !texts_[sources[0]].empty();
     if (hasKey)
-        key_ = texts_[sources[0]];
+        keys_[pending_] = texts_[sources[0]];
     else
-        key_ = entity.handle();
+        keys_[pending_] = entity.handle();
     std::size_t at = quoted_.size() - written_.size();
     for (std::size_t column : written_) {
         if (column == 0)
-            values_[at++] = ValueFor(0, key_);
+            values_[at++] = ValueFor(0, keys_[pending_]);
         else if (sources[column] == FeatureColumns::none)
             values_[at++] = nullptr;
         else
             values_[at++] = ValueFor(column, texts_[sources[column]]);
     }
-    values_.back() = ValueFor(0, key_);
+    values_.back() = ValueFor(0, keys_[pending_]);
 }
 
 /// What the column's type can take: numbers for a column of numbers, NULL for an empty text where only text
@@ -225,6 +248,7 @@ void FeatureTable::CreateIndex(std::string_view name) {
 }
 
 void FeatureTable::Finish() {
+    Flush();
     if (hasOwnIndex_) connection_.Execute("DROP INDEX " + connection_.Quoted(ownIndex));
     std::string index = KeyIndexName(definition_);
     bool wanted = isNew_ && connection_.Kind() != Connection::Product::Other;

@@ -32,6 +32,8 @@ public:
     bool Write(drawing::Entity entity);
     /// To be called behind the last feature.
     void Finish();
+    /// How many of the features written last are not in the database yet: an error may be about any of them.
+    std::size_t Pending() const { return pending_; }
 
 private:
     using Value = database::Value;
@@ -41,6 +43,9 @@ private:
     void PrepareStatements();
     bool SetPlace(drawing::Entity entity);
     void SetAttributes(drawing::Entity entity);
+    void Insert();
+    void Flush();
+    std::string InsertStatement(std::size_t rows) const;
     Value ValueFor(std::size_t column, std::string_view text) const;
     void IndexKeys();
     void CreateIndex(std::string_view name);
@@ -54,10 +59,14 @@ private:
     std::vector<std::size_t> written_;         ///< attribute columns among them, into columns_
     std::vector<database::ColumnType> types_;  ///< of all of columns_
     std::optional<database::Statement> insert_, update_, delete_;
-    std::vector<Value> values_;            ///< one for each of quoted_, then the key again
-    std::vector<std::string_view> texts_;  ///< of the current feature's attributes
-    std::string geometry_, key_;
-    std::unordered_set<std::string> keys_;  ///< written so far
+    std::size_t rowsAtOnce_ = 1;
+    std::size_t pending_ = 0;
+    std::vector<Value> batch_;             ///< the records of pending features
+    std::vector<std::string> geometries_;  ///< that they refer to, as do keys_: one for each
+    std::vector<std::string> keys_;
+    std::vector<Value> values_;             ///< of the current feature: one for each of quoted_, then the key
+    std::vector<std::string_view> texts_;   ///< of its attributes
+    std::unordered_set<std::string> keysWritten_;
     bool hasOwnIndex_ = false;
 };
 
