@@ -77,7 +77,8 @@ TEST(Thumbnail, RefusesWhatCannotBeShown) {
     EXPECT_EQ(Refusal(bmp), "a picture of 8001 x 8000 pixels is too large");
     EXPECT_EQ(Refusal(bmp.substr(0, 53)), "damaged BMP: it ends in its header");
     EXPECT_EQ(Refusal(test::BmpHeader(-1, 5)), "damaged: it holds no picture");
-    EXPECT_TRUE(Refusal(test::BmpHeader(80, 80)).starts_with("damaged BMP: "));
+    EXPECT_EQ(Refusal(test::BmpHeader(80, 80)), "damaged BMP: it ends before its last pixel");
+    EXPECT_TRUE(Refusal(test::BmpHeader(80, 80) + std::string(6400, 'x')).starts_with("damaged BMP: "));
 }
 
 TEST(Thumbnail, SurvivesDamagedBytes) {

@@ -58,28 +58,32 @@ ImageSize Fit(ImageSize size, ImageSize most) {
             std::max(1, static_cast<int>(size.height * scale))};
 }
 
+/// The part of `from` pixels that pixel number `i` of `to` covers; none is left out or counted twice.
+struct Stretch {
+    Stretch(int i, int from, int to) : begin(Edge(i, from, to)), end(Edge(i + 1, from, to)) {}
+    static int Edge(int i, int from, int to) {
+        return static_cast<int>(static_cast<long long>(i) * from / to);
+    }
+    int begin, end;
+};
+
+void PutMean(const Image& image, Stretch columns, Stretch rows, unsigned char* pixel) {
+    std::array<std::uint64_t, bytesPerPixel> sums{};
+    for (int y = rows.begin; y < rows.end; ++y)
+        for (int x = columns.begin; x < columns.end; ++x)
+            for (std::size_t c = 0; c < bytesPerPixel; ++c) sums[c] += image.At(x, y)[c];
+    auto covered = static_cast<std::uint64_t>(columns.end - columns.begin) *
+                   static_cast<std::uint64_t>(rows.end - rows.begin);
+    for (std::size_t c = 0; c < bytesPerPixel; ++c) pixel[c] = static_cast<unsigned char>(sums[c] / covered);
+}
+
 /// Each new pixel is the mean of those that it covers; `wanted` is nowhere larger than the image.
 Image Reduced(const Image& image, ImageSize wanted) {
     Image small(wanted);
-    auto edge = [](int i, int from, int to) {
-        return static_cast<int>(static_cast<long long>(i) * from / to);
-    };
-    for (int y = 0; y < wanted.height; ++y) {
-        int top = edge(y, image.size.height, wanted.height),
-            bottom = edge(y + 1, image.size.height, wanted.height);
-        for (int x = 0; x < wanted.width; ++x) {
-            int left = edge(x, image.size.width, wanted.width),
-                right = edge(x + 1, image.size.width, wanted.width);
-            std::array<std::uint64_t, bytesPerPixel> sums{};
-            for (int row = top; row < bottom; ++row)
-                for (int column = left; column < right; ++column)
-                    for (std::size_t c = 0; c < bytesPerPixel; ++c) sums[c] += image.At(column, row)[c];
-            auto covered =
-                static_cast<std::uint64_t>(bottom - top) * static_cast<std::uint64_t>(right - left);
-            for (std::size_t c = 0; c < bytesPerPixel; ++c)
-                small.At(x, y)[c] = static_cast<unsigned char>(sums[c] / covered);
-        }
-    }
+    for (int y = 0; y < wanted.height; ++y)
+        for (int x = 0; x < wanted.width; ++x)
+            PutMean(image, {x, image.size.width, wanted.width}, {y, image.size.height, wanted.height},
+                    small.At(x, y));
     return small;
 }
 
@@ -129,8 +133,11 @@ constexpr std::size_t bmpHeaders = 54;  // file header and BITMAPINFOHEADER
 Image DecodeBmp(const platform::MappedFile& file, ImageSize most) {
     std::span<const std::byte> bytes = file.Bytes();
     if (bytes.size() < bmpHeaders) Refuse("damaged BMP: it ends in its header");
-    CheckSize({LittleAt<std::int32_t>(bytes, 18), LittleAt<std::int32_t>(bytes, 22)});
-    ImageSize size;
+    ImageSize size{LittleAt<std::int32_t>(bytes, 18), LittleAt<std::int32_t>(bytes, 22)};
+    CheckSize(size);
+    // No kind that is read packs more than one pixel into a byte.
+    if (static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height) > bytes.size())
+        Refuse("damaged BMP: it ends before its last pixel");
     int format = TJPF_BGR;
     std::unique_ptr<unsigned char, void (*)(unsigned char*)> pixels(
         tjLoadImage(file.Name().c_str(), &size.width, 1, &size.height, &format, 0), tjFree);
