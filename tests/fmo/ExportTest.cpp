@@ -5,8 +5,11 @@
 #include "platform/Errors.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <random>
+#include <sys/wait.h>
 #include <thread>
+#include <unistd.h>
 
 namespace vexlator {
 
@@ -217,6 +220,31 @@ TEST_P(DatabaseFileTest, OneDatabaseForEachJobAndPrefixes) {
     EXPECT_EQ(session_.ReadIni("DEF", "TABLE", folder_ / "FMO/J12/north_PIPES.FMO"), "north_PIPES");
     Import(folder_ / "FMO/J12/north_VALVES.FMO");
     EXPECT_EQ(imported_.entityCount(), 1U);
+}
+
+TEST_P(DatabaseFileTest, SeveralProgramsMakeOneDatabase) {
+    AddLayers();
+    std::vector<pid_t> children;
+    for (int i = 0; i < 4; ++i) {
+        pid_t child = ::fork();
+        if (child == 0) {
+            try {
+                exporter::frmFMO(session_).Start(folder_ / "a.VDF", folder_ / "FMO");
+                ::_exit(0);
+            } catch (const std::exception& error) {
+                std::fprintf(stderr, "%s\n", error.what());
+                ::_exit(1);
+            }
+        }
+        children.push_back(child);
+    }
+    for (pid_t child : children) {
+        int status = -1;
+        ::waitpid(child, &status, 0);
+        EXPECT_EQ(status, 0);
+    }
+    Import(folder_ / "FMO/VALVES.FMO", "|PIPES.FMO");
+    EXPECT_EQ(imported_.entityCount(), 3U);
 }
 
 TEST_P(DatabaseFileTest, FeaturesAreRenamedFirst) {

@@ -31,7 +31,7 @@ public:
 
 private:
     config::Session& session_;
-    std::map<std::string, Open> byConnectionString_;
+    std::map<std::string, Open> byName_;
 };
 
 }  // namespace vexlator::exporter

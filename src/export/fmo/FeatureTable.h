@@ -43,7 +43,6 @@ private:
     void PrepareStatements();
     bool SetPlace(drawing::Entity entity);
     void SetAttributes(drawing::Entity entity);
-    void Insert();
     void Flush();
     std::string InsertStatement(std::size_t rows) const;
     Value ValueFor(std::size_t column, std::string_view text) const;
@@ -64,8 +63,8 @@ private:
     std::vector<Value> batch_;             ///< the records of pending features
     std::vector<std::string> geometries_;  ///< that they refer to, as do keys_: one for each
     std::vector<std::string> keys_;
-    std::vector<Value> values_;             ///< of the current feature: one for each of quoted_, then the key
-    std::vector<std::string_view> texts_;   ///< of its attributes
+    std::vector<Value> values_;            ///< of the current feature: one for each of quoted_, then the key
+    std::vector<std::string_view> texts_;  ///< of its attributes
     std::unordered_set<std::string> keysWritten_;
     bool hasOwnIndex_ = false;
 };
