@@ -179,6 +179,10 @@ TEST_F(CsvExport, TextThatWindowsLacksIsCountedOrTheFileIsUtf8) {
     EXPECT_TRUE(session.Losses().Empty());
     EXPECT_EQ(Value("\xD0\x96 \xD0\x97", ""), "? ?");
     EXPECT_EQ(session.Losses().Line(), "characters replaced: CODE.A 2");
+    Give(On("\xD0\x96").addPoint({}), {{"\xD0\x97", "x"}});
+    Csv("Coords=0");
+    EXPECT_TRUE(Out("Survey.CSV").ends_with("Geometry,Feature,?,\r\nPoint,?,x\r\n"));
+    EXPECT_TRUE(session.Losses().Line().ends_with(", \xD0\x96 2")) << session.Losses().Line();
     Value("caf\xC3\xA9 \xD0\x96", "BOM=1");
     EXPECT_EQ(Out("Survey.CSV"), "\xEF\xBB\xBFPoint,CODE,caf\xC3\xA9 \xD0\x96\r\n");
 }

@@ -45,6 +45,7 @@ CsvLayer::CsvLayer(config::Session& session, const CsvSettings& settings, coords
       layer_(layer),
       writer_(writer),
       columns_(RichestOf(layer).xproperties()),
+      replacedBefore_(writer.Replaced()),
       replaced_(columns_.count()) {}
 
 std::uint64_t CsvLayer::Write(ui::FormView& view) {
@@ -166,9 +167,13 @@ void CsvLayer::AddValue(std::string_view value) {
 }
 
 void CsvLayer::Report() {
-    for (std::size_t column = 0; column < replaced_.size(); ++column)
-        session_.Losses().Count(config::LossReport::Kind::Replaced, layer_.layer.name, columns_.name(column),
-                                replaced_[column]);
+    using enum config::LossReport::Kind;
+    std::uint64_t inNames = writer_.Replaced() - replacedBefore_;
+    for (std::size_t column = 0; column < replaced_.size(); ++column) {
+        session_.Losses().Count(Replaced, layer_.layer.name, columns_.name(column), replaced_[column]);
+        inNames -= replaced_[column];
+    }
+    session_.Losses().Count(Replaced, layer_.layer.name, "", inNames);
     if (unconverted_ > 0)
         session_.Ui().Report(layer_.layer.name + ": " + util::GroupedCount(unconverted_) +
                              " points lie outside the coordinate conversion and keep their grid coordinates");

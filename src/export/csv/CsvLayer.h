@@ -56,6 +56,7 @@ private:
     std::vector<Converted> converted_;
     std::size_t nextConverted_ = 0;
     std::uint64_t unconverted_ = 0;
+    std::uint64_t replacedBefore_;         ///< characters replaced in the file before this layer
     std::vector<std::uint64_t> replaced_;  ///< characters, by column
 };
 
