@@ -38,22 +38,26 @@ void AppendPositions(std::string& out, const std::vector<util::PlanePoint>& poin
     out += ']';
 }
 
+/// A ring as GeoJSON has them: four positions or more, the last of them the first. Ends that differ by the
+/// rounding of steps are one vertex.
+void CloseRing(std::vector<util::PlanePoint>& ring) {
+    util::PlanePoint first = ring.front(), last = ring.back();
+    double tolerance = 0.01 + 0.005 * static_cast<double>(ring.size());
+    if (std::hypot(first.x - last.x, first.y - last.y) > tolerance)
+        ring.push_back(first);
+    else
+        ring.back() = first;
+    while (ring.size() < 4) ring.push_back(first);
+}
+
 void AppendPolygon(std::string& out, const PackageReader& package, const Element& area) {
-    out += R"("type":"Polygon","coordinates":[)";
-    bool isFirst = true;
+    out += R"("type":"Polygon","coordinates":)";
+    char separator = '[';
     for (std::vector<util::PlanePoint>& ring : RingsOf(package, area)) {
-        // Ends that differ by the rounding of steps are one vertex.
-        util::PlanePoint first = ring.front();
-        double tolerance = 0.01 + 0.005 * static_cast<double>(ring.size());
-        bool isClosed = std::hypot(first.x - ring.back().x, first.y - ring.back().y) <= tolerance;
-        if (isClosed && ring.size() > 3) ring.back() = first;
-        while (!isClosed || ring.size() < 4) {
-            ring.push_back(first);
-            isClosed = true;
-        }
-        if (!isFirst) out += ',';
-        isFirst = false;
+        CloseRing(ring);
+        out += separator;
         AppendPositions(out, ring);
+        separator = ',';
     }
     out += ']';
 }

@@ -118,12 +118,11 @@ TEST(Elements, WhatHasNoPlaceIsRefusedAndCounted) {
     writer.WriteLineElement(Points{{0.5, 0.5}, {0.75, 3}, {0.5, 0.5}});
     writer.WriteAreaRing();
     writer.Commit();
-    EXPECT_EQ(
-        build.ui.messages,
-        (std::vector<std::string>{
-            "LOW Element Line 0", "unk Digi Pos 42", "suspicious 1 VSmall min made",
-            "suspicious 2 VSmall min made", "2 features have negative coordinates and are not in the package",
-            "2 features lie outside the grid of tiles and are not in the package",
-            "1 lines are too long for the package and are not in it", "1 texts were cut"}));
+    EXPECT_EQ(build.ui.messages,
+              (std::vector<std::string>{
+                  "LOW Element Line 0", "unk Digi Pos 42", "suspicious 1 VSmall min made",
+                  "suspicious 2 VSmall min made", "Features with negative coordinates, not in the package: 2",
+                  "Features outside the grid of tiles, not in the package: 2",
+                  "Lines with too many vertices, not in the package: 1", "Texts that were cut: 1"}));
     EXPECT_EQ(build.Prove().texts, 1U);
 }

@@ -12,14 +12,12 @@
 
 #include <algorithm>
 #include <cstring>
-#include <limits>
 
 // The part of PackageWriter that makes files of what has been gathered.
 namespace vexlator::background {
 
 namespace {
 
-constexpr std::uint64_t mostBytes = std::numeric_limits<std::int32_t>::max();
 /// A tile file without elements once had this maximum, and readers still take it for empty.
 constexpr double emptyMaximum = -1;
 
@@ -50,7 +48,7 @@ Box ReadExtents(const std::string& file) {
 }
 
 void Report(ui::UserInterface& ui, std::uint64_t count, std::string_view what) {
-    if (count > 0) ui.ShowMessage(util::GroupedCount(count) + " " + std::string(what));
+    if (count > 0) ui.ShowMessage(std::string(what) + ": " + util::GroupedCount(count));
 }
 
 }  // namespace
@@ -79,12 +77,11 @@ std::vector<const PackageWriter::TileFile*> PackageWriter::SortedTiles() const {
     return sorted;
 }
 
-void PackageWriter::WriteContainer(platform::OutputFile& file) {
-    std::vector<const TileFile*> tiles = SortedTiles();
+void PackageWriter::WriteContainer(std::span<const TileFile* const> tiles, platform::OutputFile& file) {
     std::uint64_t offset = tiles.size() * sizeof(BagEntry);
     for (const TileFile* tile : tiles) {
         std::uint64_t length = sizeof(PmmHeader) + tile->content.Size();
-        if (offset + length > mostBytes)
+        if (offset + length > mostFileBytes)
             throw platform::WriteError(file.Name(),
                                        "the package would exceed 2 GB, the reach of its offsets");
         WriteRecord(file, MakeEntry(TileFileName(tile->number, tile->letter), offset, length));
@@ -96,9 +93,8 @@ void PackageWriter::WriteContainer(platform::OutputFile& file) {
     }
 }
 
-void PackageWriter::WriteIndex(platform::OutputFile& file) const {
+void PackageWriter::WriteIndex(std::span<const TileFile* const> tiles, platform::OutputFile& file) const {
     PackageIndex index;
-    std::vector<const TileFile*> tiles = SortedTiles();
     for (char letter : {'A', 'T', 'L'})
         for (const TileFile* tile : tiles)
             if (tile->letter == letter && tile->box.maxX != emptyMaximum)
@@ -111,10 +107,11 @@ void PackageWriter::WriteIndex(platform::OutputFile& file) const {
 
 void PackageWriter::Commit() {
     FinishArea();
-    WriteContainer(files_.Add(util::ChangeExtension(packageFile_, "BAG")));
+    std::vector<const TileFile*> tiles = SortedTiles();
+    WriteContainer(tiles, files_.Add(util::ChangeExtension(packageFile_, "BAG")));
     if (!gazetteer_.IsEmpty())
         files_.Add(util::ChangeExtension(packageFile_, "GAZ")).Write(gazetteer_.Text());
-    WriteIndex(files_.Add(packageFile_));
+    WriteIndex(tiles, files_.Add(packageFile_));
     bool hasLayers = !layers_.IsEmpty();
     files_.Commit();
     RemoveOldFiles(hasLayers);
@@ -133,11 +130,11 @@ void PackageWriter::RemoveOldFiles(bool hasLayers) const {
 void PackageWriter::ReportRefusals() {
     Refusals& counts = refused_;
     counts.replaced += layers_.Replaced() + gazetteer_.Replaced();
-    Report(ui_, counts.negative, "features have negative coordinates and are not in the package");
-    Report(ui_, counts.tooFar, "features lie outside the grid of tiles and are not in the package");
-    Report(ui_, counts.tooLong, "lines are too long for the package and are not in it");
-    Report(ui_, counts.textsCut, "texts were cut");
-    Report(ui_, counts.replaced, "characters are not in Windows-1252 and were written as \"?\"");
+    Report(ui_, counts.negative, "Features with negative coordinates, not in the package");
+    Report(ui_, counts.tooFar, "Features outside the grid of tiles, not in the package");
+    Report(ui_, counts.tooLong, "Lines with too many vertices, not in the package");
+    Report(ui_, counts.textsCut, "Texts that were cut");
+    Report(ui_, counts.replaced, "Characters that Windows-1252 lacks, written as \"?\"");
 }
 
 }  // namespace vexlator::background

@@ -78,28 +78,27 @@ private:
 };
 
 void Proof::ProveIndex() const {
-    std::unordered_map<std::string, const IndexEntry*> byName;
+    std::map<std::string, const IndexEntry*> byName;
     for (const IndexEntry& entry : package_.Entries()) {
         if (entry.kind != member::tile)
             package_.FailInIndex(entry.offset + 40, "tiles and packages are mixed");
         if (!byName.emplace(entry.name, &entry).second)
             package_.FailInIndex(entry.offset, entry.name + " is there twice");
     }
-    std::size_t found = 0;
     for (const Tile& tile : package_.Tiles()) {
         auto it = byName.find(tile.file->name);
         bool isIndexed = tile.header.box.maxX != -1;
         if ((it != byName.end()) != isIndexed)
             package_.FailInContainer(tile.file->entryOffset, tile.file->name + " is not in the index");
         if (!isIndexed) continue;
-        ++found;
         if (!(it->second->box == tile.header.box))
             package_.FailInIndex(it->second->offset + 48, "the box differs from that of " + tile.file->name);
+        byName.erase(it);
     }
-    if (found == byName.size()) return ProveExtents();
-    for (const auto& [name, entry] : byName)
-        if (std::ranges::none_of(package_.Files(), [&](const auto& file) { return file.name == name; }))
-            package_.FailInIndex(entry->offset, name + " is not in the container");
+    if (!byName.empty())
+        package_.FailInIndex(byName.begin()->second->offset,
+                             byName.begin()->first + " is not a tile file of the container");
+    ProveExtents();
 }
 
 /// The index covers its members, or has the box that the .BME file gives it.

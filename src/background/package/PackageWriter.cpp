@@ -19,7 +19,6 @@ namespace {
 
 using util::PlanePoint;
 
-constexpr std::uint64_t mostBytes = std::numeric_limits<std::int32_t>::max();
 constexpr std::size_t longestText = std::numeric_limits<std::int16_t>::max() - sizeof(TextRecord);
 constexpr int mostParts = 255 - element::firstAreaPart;
 constexpr double tenthsOfDegreesPerTurn = 3600;
@@ -71,7 +70,7 @@ ElementHeader PackageWriter::Header(std::uint8_t type) const {
 }
 
 /// Whether the element lies outside the positive grid, which tile numbers ask for.
-bool PackageWriter::Refuse(const Box& box) {
+bool PackageWriter::RefuseNegative(const Box& box) {
     bool isNegative = box.minX < 0 || box.minY < 0;
     if (isNegative) ++refused_.negative;
     return isNegative;
@@ -90,7 +89,7 @@ PackageWriter::TileFile& PackageWriter::SelectTileFile(std::int32_t number, char
 /// Where the next element of the file begins.
 std::int32_t PackageWriter::PlaceFor(const TileFile& tile, std::uint64_t elementSize) const {
     std::uint64_t offset = sizeof(PmmHeader) + tile.content.Size();
-    if (offset + elementSize > mostBytes)
+    if (offset + elementSize > mostFileBytes)
         throw platform::WriteError(platform::NativePath(packageFile_), "a tile file would exceed 2 GB");
     return static_cast<std::int32_t>(offset);
 }
@@ -101,7 +100,7 @@ std::optional<std::int32_t> PackageWriter::WriteLineElement(std::span<const Plan
         return std::nullopt;
     }
     Outline outline = Measure(points);
-    if (Refuse(outline.box)) return std::nullopt;
+    if (RefuseNegative(outline.box)) return std::nullopt;
     double size = outline.box.Size();
     PlanePoint anchor = outline.mean;
     if (isHole && lastLine_) {
@@ -183,7 +182,7 @@ bool PackageWriter::WriteTextElement(const TextPlacement& placement, std::string
         ui_.ShowMessage("unk Digi Pos " + std::to_string(placement.positionCode));
         anchor = TextAnchor(placement.insertion, -1, height, rotation, text.size());
     }
-    if (Refuse(Box::At(anchor->x, anchor->y))) return false;
+    if (RefuseNegative(Box::At(anchor->x, anchor->y))) return false;
     auto number = TileNumber(tileSize_, *anchor);
     if (!number) {
         ++refused_.tooFar;

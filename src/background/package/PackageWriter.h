@@ -39,7 +39,7 @@ struct Refusals {
 
 /// Writes one background package: elements, layer records and search values in; the package's files out.
 ///
-/// Set feature() for each feature, then write its elements: WriteLineElement() for lines and points and, when
+/// Set Feature() for each feature, then write its elements: WriteLineElement() for lines and points and, when
 /// it is an area too, WriteAreaRing() right behind. Nothing of the package is seen before Commit(), which
 /// puts each file in place in one step, the index last, and takes away what an earlier package left in the
 /// folder. Without Commit() the old package stays.
@@ -71,7 +71,8 @@ public:
 
     enum class AreaRing { StartsArea, JoinsArea };
     /// The line written last is the ring of an area: of a new one, or of the area whose ring was written
-    /// before. `part` makes a new area that part (0 to 245) of a multi-part feature.
+    /// before, with no other area in between. Not for a line that was refused. `part` makes a new area that
+    /// part (0 to 245) of a multi-part feature.
     void WriteAreaRing(AreaRing ring = AreaRing::StartsArea, std::optional<int> part = std::nullopt);
 
     /// False when it was refused.
@@ -106,7 +107,7 @@ private:
         std::vector<RingReference> rings;
     };
 
-    bool Refuse(const Box& box);
+    bool RefuseNegative(const Box& box);
     ElementHeader Header(std::uint8_t type) const;
     TileFile& SelectTileFile(std::int32_t number, char letter, util::PlanePoint anchor, double tileSize);
     std::int32_t PlaceFor(const TileFile& tile, std::uint64_t elementSize) const;
@@ -114,8 +115,8 @@ private:
     void CheckForSmallCoordinates();
     void FinishArea();
     std::vector<const TileFile*> SortedTiles() const;
-    void WriteContainer(platform::OutputFile& file);
-    void WriteIndex(platform::OutputFile& file) const;
+    void WriteContainer(std::span<const TileFile* const> tiles, platform::OutputFile& file);
+    void WriteIndex(std::span<const TileFile* const> tiles, platform::OutputFile& file) const;
     void RemoveOldFiles(bool hasLayers) const;
     void ReportRefusals();
 

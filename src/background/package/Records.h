@@ -10,6 +10,9 @@
 /// anything that takes a reference: they are not aligned.
 namespace vexlator::background {
 
+/// The reach of the 32-bit offsets in tile files and containers.
+constexpr std::uint64_t mostFileBytes = std::numeric_limits<std::int32_t>::max();
+
 #pragma pack(push, 1)
 
 /// Ground units, the drawing's own.
