@@ -84,7 +84,7 @@ void DbfWriter::SetField(std::size_t column, std::string_view value) {
         value = Cut(value, width, encoding_);
         ++cut_[column];
     }
-    std::memcpy(record_ + offsets_[column], value.data(), value.size());
+    if (!value.empty()) std::memcpy(record_ + offsets_[column], value.data(), value.size());
 }
 
 void DbfWriter::EndRecord() {
