@@ -86,7 +86,7 @@ public:
     /// Native path of the temporary file, for libraries that write by path.
     const std::string& TemporaryName() const { return temporary_; }
 
-    static constexpr std::size_t BufferSize = std::size_t{1} << 20;
+    static constexpr std::size_t BufferSize = std::size_t{1} << 17;  ///< stays in the cache
 
 private:
     friend class OutputSet;
