@@ -28,6 +28,14 @@ bool TextAt(std::span<const std::byte> bytes, std::size_t offset, std::string_vi
     return std::memcmp(bytes.data() + offset, text.data(), text.size()) == 0;
 }
 
+/// The verifier looks at the place of a vector's length only, not at that of elements that need more. Where a
+/// vector without elements ends does not matter.
+template <typename Element, typename Vector>
+bool IsAligned(const Vector* vector) {
+    if (!vector || vector->size() == 0) return true;
+    return reinterpret_cast<std::uintptr_t>(vector->Data()) % alignof(Element) == 0;
+}
+
 /// A column of which one element may stand for all entities.
 template <typename T>
 class Column {
@@ -196,6 +204,7 @@ private:
     }
 
     void ReadChunks(const vdf::Index& index) {
+        if (!IsAligned<vdf::ChunkEntry>(index.chunks())) Damaged("index", "the structure is damaged");
         std::size_t chunks = index.chunks() ? index.chunks()->size() : 0;
         std::size_t expected = vdf::headerSize;
         std::uint64_t entities = 0;
@@ -238,6 +247,7 @@ private:
         bool complete = flags.Fits(count) && layers.Fits(count) && styles.Fits(count) && shapes.Fits(count) &&
                         sets.Fits(count) && handles.Fits(count) && vertexCounts.Fits(count);
         if (!complete) Damaged(place, "a column is too short or too long");
+        if (!IsAligned<std::uint64_t>(chunk.handles())) Damaged(place, "the structure is damaged");
         if (!kinds.AllBelow(static_cast<std::size_t>(Kind::Other) + 1) ||
             !layers.AllBelow(drawing_.layerCount()) || !styles.AllBelow(drawing_.styles_.size()) ||
             !shapes.AllBelow(drawing_.shapes_.size()) || !sets.AllBelow(sets_.size()) ||

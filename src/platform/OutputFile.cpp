@@ -132,7 +132,7 @@ void OutputFile::Write(std::string_view bytes) {
     bool large = bytes.size() > BufferSize / 2;
     if (large || bytes.size() > BufferSize - used_) Flush();
     if (large) return Put(bytes.data(), bytes.size());
-    std::memcpy(buffer_.get() + used_, bytes.data(), bytes.size());
+    if (!bytes.empty()) std::memcpy(buffer_.get() + used_, bytes.data(), bytes.size());
     used_ += bytes.size();
 }
 
