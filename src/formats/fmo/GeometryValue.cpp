@@ -33,8 +33,8 @@ std::size_t CheckedCount(float announced, std::size_t pairs) {
     if (count < 1) return 1;
     if (count > static_cast<float>(pairs))
         throw ReadError("", ReadError::AtByte(0),
-                        util::FormatShortest(static_cast<double>(count) - 1) + " vertices announced, room for " +
-                            std::to_string(pairs > 0 ? pairs - 1 : 0));
+                        util::FormatShortest(static_cast<double>(count) - 1) +
+                            " vertices announced, room for " + std::to_string(pairs > 0 ? pairs - 1 : 0));
     // From 2^24 on a single-precision number may stand a little above the count that it was made from.
     return std::min(static_cast<std::size_t>(count), pairs);
 }
