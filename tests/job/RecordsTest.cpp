@@ -33,7 +33,7 @@ protected:
     }
 
     std::vector<std::string> layers;
-    const JobSettings plain{}, quality{.importQA = true}, openAreas{.forceClose = false};
+    JobSettings plain, quality{.importQA = true}, openAreas{.forceClose = false};
 };
 
 TEST_F(JobRecords, Points) {
