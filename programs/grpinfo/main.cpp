@@ -7,9 +7,10 @@
 #include "grpinfo/GeoJson.h"
 #include "grpinfo/Summary.h"
 #include "grpinfo/Svg.h"
+#include "platform/StandardOutput.h"
+#include "platform/Terminal.h"
 
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <exception>
@@ -36,15 +37,6 @@ constexpr std::string_view help =
     "line.\n"
     "Exit status: 0 whole; 1 damaged (file, place and reason on standard error) or not written; 2 wrong "
     "use.\n";
-
-/// Standard output cannot take more.
-struct OutputError {
-    int reason;
-};
-
-void Print(std::string_view text) {
-    if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) throw OutputError{errno};
-}
 
 enum class Wanted { Text, Json, GeoJson, Svg };
 
@@ -78,25 +70,26 @@ bool Parse(const std::vector<std::string>& arguments, Command& command) {
 void Show(const Command& command) {
     background::PackageReader package(command.package);
     background::PackageCounts counts = ProvePackage(package);
-    if (command.wanted == Wanted::GeoJson) return PrintGeoJson(package, Print);
+    if (command.wanted == Wanted::GeoJson) return PrintGeoJson(package, platform::Print);
     if (command.wanted == Wanted::Svg) WriteSvg(package, command.svg);
-    Print(command.wanted == Wanted::Json ? SummaryJson(package, counts) : SummaryText(package, counts));
+    platform::Print(command.wanted == Wanted::Json ? SummaryJson(package, counts)
+                                                   : SummaryText(package, counts));
 }
 
 int Run(const std::vector<std::string>& arguments) {
     Command command;
     if (arguments == std::vector<std::string>{"--version"}) {
-        Print("grpinfo " VEXLATOR_VERSION "\n");
+        platform::Print("grpinfo " VEXLATOR_VERSION "\n");
     } else if (arguments == std::vector<std::string>{"--help"}) {
-        Print(usage);
-        Print(help);
+        platform::Print(usage);
+        platform::Print(help);
     } else if (Parse(arguments, command)) {
         Show(command);
     } else {
         std::fwrite(usage.data(), 1, usage.size(), stderr);
         return wrongUse;
     }
-    if (std::fflush(stdout) != 0) throw OutputError{errno};
+    platform::FinishPrinting();
     return done;
 }
 
@@ -109,10 +102,8 @@ int Fail(const std::string& reason) {
 int RunAndReport(const std::vector<std::string>& arguments) {
     try {
         return Run(arguments);
-    } catch (const OutputError& error) {
-        // Whoever read the output has had enough and needs no message.
-        return error.reason == EPIPE ? failed
-                                     : Fail("standard output: " + std::string(std::strerror(error.reason)));
+    } catch (const platform::OutputError& error) {
+        return error.reason.empty() ? failed : Fail("standard output: " + error.reason);
     } catch (const std::exception& error) {
         return Fail(error.what());
     }
@@ -123,8 +114,6 @@ int RunAndReport(const std::vector<std::string>& arguments) {
 }  // namespace vexlator::grpinfo
 
 int main(int argc, char** argv) {
-#ifdef SIGPIPE
-    std::signal(SIGPIPE, SIG_IGN);  // a closed pipe is then an ordinary error of writing
-#endif
+    vexlator::platform::IgnoreWriteSignals();
     return vexlator::grpinfo::RunAndReport({argv + 1, argv + argc});
 }

@@ -4,13 +4,14 @@
 // vdfjson: drawings as JSON and back.
 #include "drawing/Drawing.h"
 #include "platform/Files.h"
+#include "platform/StandardOutput.h"
+#include "platform/Terminal.h"
 #include "util/Paths.h"
 #include "vdfjson/DrawingToJson.h"
 #include "vdfjson/JsonToDrawing.h"
 
 #include <array>
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <exception>
@@ -44,24 +45,11 @@ constexpr std::string_view help =
     "\n"
     "Exit status: 0 done; 1 failed, and OUT.VDF is as it was; 2 wrong use.\n";
 
-/// Standard output cannot take more.
-struct OutputError {
-    int reason;
-};
-
-void Print(std::string_view text) {
-    if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) throw OutputError{errno};
-}
-
-void FinishPrinting() {
-    if (std::fflush(stdout) != 0) throw OutputError{errno};
-}
-
 void Dump(const std::string& path) {
     drawing::Drawing drawing;
     drawing.open(path);
-    DrawingToJson(drawing, Print);
-    FinishPrinting();
+    DrawingToJson(drawing, platform::Print);
+    platform::FinishPrinting();
 }
 
 std::string ReadStandardInput() {
@@ -102,12 +90,12 @@ int Run(const std::vector<std::string>& arguments) {
     } else if (is("load", 3)) {
         Load(arguments[1], arguments[2]);
     } else if (is("--version", 1)) {
-        Print("vdfjson " VEXLATOR_VERSION "\n");
-        FinishPrinting();
+        platform::Print("vdfjson " VEXLATOR_VERSION "\n");
+        platform::FinishPrinting();
     } else if (is("--help", 1)) {
-        Print(usage);
-        Print(help);
-        FinishPrinting();
+        platform::Print(usage);
+        platform::Print(help);
+        platform::FinishPrinting();
     } else {
         std::fwrite(usage.data(), 1, usage.size(), stderr);
         return wrongUse;
@@ -129,9 +117,8 @@ int RunAndReport(const std::vector<std::string>& arguments) {
         return Fail("", error.what());
     } catch (const platform::WriteError& error) {
         return Fail("", error.what());
-    } catch (const OutputError& error) {
-        // Whoever read the output has had enough and needs no message.
-        return error.reason == EPIPE ? failed : Fail("standard output", std::strerror(error.reason));
+    } catch (const platform::OutputError& error) {
+        return error.reason.empty() ? failed : Fail("standard output", error.reason);
     } catch (const std::bad_alloc&) {
         return Fail(file, "not enough memory");
     } catch (const std::exception& error) {
@@ -144,8 +131,6 @@ int RunAndReport(const std::vector<std::string>& arguments) {
 }  // namespace vexlator::vdfjson
 
 int main(int argc, char** argv) {
-#ifdef SIGPIPE
-    std::signal(SIGPIPE, SIG_IGN);  // a closed pipe is then an ordinary error of writing
-#endif
+    vexlator::platform::IgnoreWriteSignals();
     return vexlator::vdfjson::RunAndReport({argv + 1, argv + argc});
 }

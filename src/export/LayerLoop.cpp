@@ -27,14 +27,19 @@ std::string UniqueFileName(std::set<std::string>& taken, std::string_view layerN
 
 }  // namespace
 
-bool OpenForExport(config::Session& session, drawing::Drawing& drawing, std::string_view drawingPath,
-                   std::string_view targetPath) {
+OpenExport::OpenExport(config::Session& session, std::string_view formName, std::string_view drawingPath,
+                       std::string_view targetPath)
+    : view(session.Ui().ShowForm(formName)) {
+    view->SetCaption(":" + util::BaseNameOf(drawingPath));
+    outcome.target = targetPath;
     drawing.open(drawingPath);
     ReadJobSource(session, drawing.properties());
-    if (!workflow::ConfirmExportAllowed(session)) return false;
+    if (!workflow::ConfirmExportAllowed(session)) {
+        outcome.status = config::Outcome::Status::StoppedByUser;
+        return;
+    }
     const std::string& source = session.Settings().JobSourcePath;
     GatherPhotos(session, drawing, util::FolderOf(source), util::BaseNameOf(source), targetPath);
-    return true;
 }
 
 std::uint64_t ForEachLayer(config::Session& session, drawing::Drawing& drawing, ui::FormView& view,

@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "config/Outcome.h"
 #include "config/Session.h"
 #include "drawing/Drawing.h"
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -21,11 +23,19 @@ struct ExportLayer {
 
 enum class LayerZero { Export, Skip };
 
-/// What every exporter does before its layers: opens the drawing, finds the job it came from, asks whether
-/// the job may be exported again and gathers its photographs. False when the answer was No.
-/// @throws platform::ReadError when the drawing cannot be read
-bool OpenForExport(config::Session& session, drawing::Drawing& drawing, std::string_view drawingPath,
-                   std::string_view targetPath);
+/// An export that has begun: its form is shown, its drawing open. Every exporter makes one first.
+struct OpenExport {
+    /// Opens the drawing, finds the job it came from, asks whether the job may be exported again and gathers
+    /// its photographs. @throws platform::ReadError when the drawing cannot be read
+    OpenExport(config::Session& session, std::string_view formName, std::string_view drawingPath,
+               std::string_view targetPath);
+    /// The answer was No: nothing may be written, and `outcome` says so.
+    bool IsStopped() const { return outcome.status == config::Outcome::Status::StoppedByUser; }
+
+    std::unique_ptr<ui::FormView> view;
+    drawing::Drawing drawing;
+    config::Outcome outcome;  ///< its target is `targetPath` until the exporter says otherwise
+};
 
 /// Visits the layers that are not frozen and not empty, in order. Returns how many.
 std::uint64_t ForEachLayer(config::Session& session, drawing::Drawing& drawing, ui::FormView& view,

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "gpx/GpxWriter.h"
 
+#include "formats/xml/XmlText.h"
 #include "util/Numbers.h"
 
 namespace vexlator::gpx {
@@ -9,27 +10,6 @@ namespace vexlator::gpx {
 namespace {
 
 constexpr std::string_view lineEnd = "\r\n";
-
-void AppendEscaped(std::string& target, std::string_view text) {
-    for (char c : text) {
-        switch (c) {
-            case '&':
-                target += "&amp;";
-                break;
-            case '<':
-                target += "&lt;";
-                break;
-            case '>':
-                target += "&gt;";
-                break;
-            case '"':
-                target += "&quot;";
-                break;
-            default:
-                target += c;
-        }
-    }
-}
 
 }  // namespace
 
@@ -45,10 +25,9 @@ void GpxWriter::Begin(const GpxPosition& start, const GpxPosition& end) {
                             "xmlns=\"http://www.topografix.com/GPX/1/1\">"
                           : "<gpx creator=\"Gorvane WorkFlow\">");
     Line(" <metadata>");
-    line_ = "  <link href=\"";
-    AppendEscaped(line_, settings_.webBase);
-    line_ += "\">";
-    Line(line_);
+    file_.Write("  <link href=\"");
+    formats::WriteXmlText(file_, settings_.webBase);
+    Line("\">");
     Line("   <text>Veltrom Professional Services</text>");
     Line("  </link>");
     Time("  ", start.time);
@@ -95,11 +74,10 @@ void GpxWriter::Element(std::string_view tag, const GpxPosition& position) {
 
 void GpxWriter::Time(std::string_view indent, const TrailTime& time) {
     if (settings_.strict && !time.IsValid()) return;
-    line_ = indent;
-    line_ += "<time>";
-    AppendEscaped(line_, time.Text());
-    line_ += "</time>";
-    Line(line_);
+    file_.Write(indent);
+    file_.Write("<time>");
+    formats::WriteXmlText(file_, time.Text());
+    Line("</time>");
 }
 
 void GpxWriter::Line(std::string_view text) {

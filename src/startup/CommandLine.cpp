@@ -77,7 +77,8 @@ Mode ModeOf(std::string_view text) {
 }
 
 ImportCommand ParseImport(std::string_view text) {
-    std::string_view argument = From(text, importWord.size() + 1);
+    // Switches that stood before the path leave blanks behind.
+    std::string_view argument = util::Trim(From(text, importWord.size() + 1));
     std::size_t bar = argument.find('|');
     std::string_view first = argument.substr(0, bar);
     ImportCommand command;

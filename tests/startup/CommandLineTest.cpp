@@ -103,6 +103,7 @@ TEST(Import, ArgumentIsSplitAtItsFirstBar) {
              {"IMPORT /p/x", "", "/p/x", "/p", ""},
              {"IMPORT ", "", "", "", ""},
              {"IMPORT", "", "", "", ""},
+             {"IMPORT   /p/a.shp", "SHP", "/p/a.shp", "/p", ""},  // a switch was taken out
          }) {
         ImportCommand command = ParseImport(c.text);
         EXPECT_EQ(command.code, c.code) << c.text;

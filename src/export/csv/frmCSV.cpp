@@ -4,6 +4,7 @@
 
 #include "coords/frmLatLng.h"
 #include "export/LayerLoop.h"
+#include "export/ProjectPrefix.h"
 #include "export/csv/CsvLayer.h"
 #include "export/csv/CsvSettings.h"
 #include "platform/OutputSet.h"
@@ -21,14 +22,6 @@
 namespace vexlator::exporter {
 
 namespace {
-
-/// The project of the drawing's job and "_": jobs lie in engineer\project\..., so that drawings of the same
-/// name from several projects can be told apart. "" when the drawing belongs to no project.
-std::string Prefix(const config::Session& session) {
-    const std::string& job = session.Settings().JobRelativePath;
-    if (!session.ReadIniFlag("GENERAL", "PrefixExport") || util::CountOf(job, "\\") < 2) return "";
-    return util::SafeFileName(util::GetField(1, job, "\\")) + "_";
-}
 
 /// The files of one export.
 class CsvFiles {
@@ -74,30 +67,25 @@ private:
 }  // namespace
 
 config::Outcome frmCSV::Start(std::string_view drawingPath, std::string_view targetPath, int asc) {
-    std::unique_ptr<ui::FormView> view = session_.Ui().ShowForm("frmCSV");
-    view->SetCaption(":" + util::BaseNameOf(drawingPath));
-    config::Outcome outcome;
-    outcome.target = targetPath;
-    drawing::Drawing drawing;
-    if (!OpenForExport(session_, drawing, drawingPath, targetPath)) {
-        outcome.status = config::Outcome::Status::StoppedByUser;
-        return outcome;
-    }
+    OpenExport run(session_, "frmCSV", drawingPath, targetPath);
+    if (run.IsStopped()) return run.outcome;
     CsvSettings settings = ReadCsvSettings(session_, asc == 1 ? CsvFlavour::Asc : CsvFlavour::Csv);
     std::unique_ptr<coords::frmLatLng> converter;
     if (settings.latLng) converter = std::make_unique<coords::frmLatLng>(session_);
 
-    CsvFiles files(settings, targetPath, Prefix(session_) + util::BaseNameOf(drawingPath));
-    outcome.layers = ForEachLayer(session_, drawing, *view, LayerZero::Skip, [&](const ExportLayer& layer) {
-        files.ForLayer(layer, [&](formats::CsvWriter& writer) {
-            outcome.features += CsvLayer(session_, settings, converter.get(), layer, writer).Write(*view);
+    CsvFiles files(settings, targetPath, ProjectPrefix(session_) + util::BaseNameOf(drawingPath));
+    run.outcome.layers =
+        ForEachLayer(session_, run.drawing, *run.view, LayerZero::Skip, [&](const ExportLayer& layer) {
+            files.ForLayer(layer, [&](formats::CsvWriter& writer) {
+                run.outcome.features +=
+                    CsvLayer(session_, settings, converter.get(), layer, writer).Write(*run.view);
+            });
         });
-    });
     files.Commit();
     if (session_.Settings().AutoLaunchExport)
         for (const std::string& path : files.Paths()) util::OpenDocument(path);
     session_.Ui().Settle(1);
-    return outcome;
+    return run.outcome;
 }
 
 }  // namespace vexlator::exporter

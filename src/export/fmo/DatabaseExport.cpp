@@ -208,16 +208,10 @@ void DatabaseExport::WriteRows(const ExportLayer& layer, LayerTarget& target) {
 config::Outcome ExportToDatabase(config::Session& session, std::string_view form,
                                  std::string_view drawingPath, std::string_view targetPath,
                                  const std::function<DefinitionFolders()>& folders) {
-    std::unique_ptr<ui::FormView> view = session.Ui().ShowForm(form);
-    view->SetCaption(":" + util::BaseNameOf(drawingPath));
-    drawing::Drawing drawing;
-    if (!OpenForExport(session, drawing, drawingPath, targetPath)) {
-        config::Outcome outcome;
-        outcome.status = config::Outcome::Status::StoppedByUser;
-        return outcome;
-    }
-    drawing::ApplyFeatureChanges(session, drawing, "");
-    return DatabaseExport(session, drawing, folders(), *view).Run();
+    OpenExport run(session, form, drawingPath, targetPath);
+    if (run.IsStopped()) return run.outcome;
+    drawing::ApplyFeatureChanges(session, run.drawing, "");
+    return DatabaseExport(session, run.drawing, folders(), *run.view).Run();
 }
 
 std::string JobDatabaseName(const config::Session& session, std::string_view drawingPath) {

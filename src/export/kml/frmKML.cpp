@@ -36,29 +36,24 @@ KmlSettings ReadSettings(const config::Session& session) {
 }  // namespace
 
 config::Outcome frmKML::Start(std::string_view drawingPath, std::string_view targetPath) {
-    std::unique_ptr<ui::FormView> view = session_.Ui().ShowForm("frmKML");
+    OpenExport run(session_, "frmKML", drawingPath, targetPath);
+    if (run.IsStopped()) return run.outcome;
     std::string name = util::BaseNameOf(drawingPath);
-    view->SetCaption(":" + name);
-    config::Outcome outcome;
-    outcome.target = util::JoinPath(targetPath, name + ".KML");
-    drawing::Drawing drawing;
-    if (!OpenForExport(session_, drawing, drawingPath, targetPath)) {
-        outcome.status = config::Outcome::Status::StoppedByUser;
-        return outcome;
-    }
+    run.outcome.target = util::JoinPath(targetPath, name + ".KML");
     KmlSettings settings = ReadSettings(session_);
     if (settings.web) MakeThumbnails(session_, targetPath);
     coords::frmLatLng converter(session_);
-    platform::OutputFile file(outcome.target);
+    platform::OutputFile file(run.outcome.target);
     formats::KmlWriter writer(file, name, converter.HeightDecimals());
-    outcome.layers = ForEachLayer(session_, drawing, *view, LayerZero::Skip, [&](const ExportLayer& layer) {
-        outcome.features += KmlLayer(session_, settings, converter, layer, writer).Write(*view);
-    });
+    run.outcome.layers =
+        ForEachLayer(session_, run.drawing, *run.view, LayerZero::Skip, [&](const ExportLayer& layer) {
+            run.outcome.features += KmlLayer(session_, settings, converter, layer, writer).Write(*run.view);
+        });
     writer.Finish();
     file.Commit();
-    if (session_.Settings().AutoLaunchExport) Launch(settings.web, outcome.target);
+    if (session_.Settings().AutoLaunchExport) Launch(settings.web, run.outcome.target);
     util::Pause(session_.Ui(), 1);
-    return outcome;
+    return run.outcome;
 }
 
 void frmKML::Launch(bool web, std::string_view kmlPath) {

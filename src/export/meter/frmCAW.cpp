@@ -20,26 +20,21 @@ constexpr std::string_view meterLayer = "METER";
 }  // namespace
 
 config::Outcome frmCAW::Start(std::string_view drawingPath, std::string_view targetPath) {
-    std::unique_ptr<ui::FormView> view = session_.Ui().ShowForm("frmCAW");
+    OpenExport run(session_, "frmCAW", drawingPath, targetPath);
+    if (run.IsStopped()) return run.outcome;
     std::string name = util::BaseNameOf(drawingPath);
-    view->SetCaption(":" + name);
-    config::Outcome outcome;
-    outcome.target = util::JoinPath(targetPath, name + ".TXT");
-    drawing::Drawing drawing;
-    if (!OpenForExport(session_, drawing, drawingPath, targetPath)) {
-        outcome.status = config::Outcome::Status::StoppedByUser;
-        return outcome;
-    }
-    ForEachLayer(session_, drawing, *view, LayerZero::Skip, [&](const ExportLayer& layer) {
+    run.outcome.target = util::JoinPath(targetPath, name + ".TXT");
+    ForEachLayer(session_, run.drawing, *run.view, LayerZero::Skip, [&](const ExportLayer& layer) {
         if (!platform::SameNoCase(layer.layer.name, meterLayer)) return;
-        platform::OutputFile file(outcome.target);
-        outcome.features = WriteMeterReadings(session_, layer, name, file);
-        outcome.layers = 1;
+        platform::OutputFile file(run.outcome.target);
+        run.outcome.features = WriteMeterReadings(session_, layer, name, file);
+        run.outcome.layers = 1;
         file.Commit();
     });
-    if (session_.Settings().AutoLaunchExport && outcome.layers > 0) util::OpenDocument(outcome.target);
+    if (session_.Settings().AutoLaunchExport && run.outcome.layers > 0)
+        util::OpenDocument(run.outcome.target);
     util::Pause(session_.Ui(), 1);
-    return outcome;
+    return run.outcome;
 }
 
 }  // namespace vexlator::exporter

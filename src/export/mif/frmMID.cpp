@@ -24,24 +24,18 @@ MifSettings ReadSettings(const config::Session& session) {
 }  // namespace
 
 config::Outcome frmMID::Start(std::string_view drawingPath, std::string_view targetPath) {
-    std::unique_ptr<ui::FormView> view = session_.Ui().ShowForm("frmMID");
-    view->SetCaption(":" + util::BaseNameOf(drawingPath));
-    config::Outcome outcome;
-    outcome.target = targetPath;
-    drawing::Drawing drawing;
-    if (!OpenForExport(session_, drawing, drawingPath, targetPath)) {
-        outcome.status = config::Outcome::Status::StoppedByUser;
-        return outcome;
-    }
+    OpenExport run(session_, "frmMID", drawingPath, targetPath);
+    if (run.IsStopped()) return run.outcome;
     MifSettings settings = ReadSettings(session_);
     platform::OutputSet files;
-    outcome.layers = ForEachLayer(session_, drawing, *view, LayerZero::Skip, [&](const ExportLayer& layer) {
-        outcome.features += MifLayer(session_, settings, layer, targetPath, files).Write(*view);
-        files.FinishSoFar();
-    });
+    run.outcome.layers =
+        ForEachLayer(session_, run.drawing, *run.view, LayerZero::Skip, [&](const ExportLayer& layer) {
+            run.outcome.features += MifLayer(session_, settings, layer, targetPath, files).Write(*run.view);
+            files.FinishSoFar();
+        });
     files.Commit();
     session_.Ui().Settle(1);
-    return outcome;
+    return run.outcome;
 }
 
 }  // namespace vexlator::exporter

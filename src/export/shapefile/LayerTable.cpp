@@ -84,15 +84,23 @@ std::string_view LayerTable::Shown(std::string_view value) const {
     return drawing::ShortenValue(session_.Settings(), value);
 }
 
+void LayerTable::CountLost(std::string_view field, std::uint64_t values) {
+    session_.Losses().Count(config::LossReport::Kind::Cut, layer_.layer.name, field, values);
+}
+
 void LayerTable::Add(drawing::Entity entity) {
     writer_.BeginRecord();
     drawing::ValueCursor values = entity.xproperties().values();
     bool single = values.Left() <= 1;
     bool empty = true;
+    const std::size_t columns = writer_.Columns().size();
     for (std::size_t column = 0; !values.AtEnd(); ++column) {
         std::string_view value = Shown(values.Next());
         empty = empty && value.empty();
-        writer_.SetField(column, value);
+        if (column < columns)
+            writer_.SetField(column, value);
+        else if (!value.empty())
+            CountLost(entity.xproperties().name(column), 1);
     }
     if (single && empty) writer_.SetField(0, entity.handle());
     writer_.EndRecord();
@@ -101,9 +109,7 @@ void LayerTable::Add(drawing::Entity entity) {
 void LayerTable::Finish() {
     writer_.Finish();
     for (std::size_t i = 0; i < writer_.Columns().size(); ++i)
-        if (writer_.ValuesCut()[i] > 0)
-            session_.Losses().Count(config::LossReport::Kind::Cut, layer_.layer.name,
-                                    writer_.Columns()[i].name, writer_.ValuesCut()[i]);
+        if (writer_.ValuesCut()[i] > 0) CountLost(writer_.Columns()[i].name, writer_.ValuesCut()[i]);
 }
 
 }  // namespace vexlator::exporter

@@ -9,6 +9,7 @@
 #include "formats/dbf/DbfWriter.h"
 #include "platform/OutputSet.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,13 +27,15 @@ public:
     LayerTable(config::Session& session, const ExportLayer& layer, bool suppressNA,
                const std::string& basePath, platform::OutputSet& files);
 
-    /// One record; an entity without values gives its handle.
+    /// One record; an entity without values gives its handle. Values that the table has no column for are
+    /// counted in the session's losses.
     void Add(drawing::Entity entity);
     /// Ends the table and counts what was cut in the session's losses.
     void Finish();
 
 private:
     std::string_view Shown(std::string_view value) const;
+    void CountLost(std::string_view field, std::uint64_t values);
 
     config::Session& session_;
     const ExportLayer& layer_;

@@ -34,30 +34,24 @@ std::string ReadProjection(const config::Session& session, const std::string& na
 }  // namespace
 
 config::Outcome frmSHP::Start(std::string_view drawingPath, std::string_view targetPath) {
-    std::unique_ptr<ui::FormView> view = session_.Ui().ShowForm("frmSHP");
-    view->SetCaption(":" + util::BaseNameOf(drawingPath));
-    config::Outcome outcome;
-    outcome.target = targetPath;
-    drawing::Drawing drawing;
-    if (!OpenForExport(session_, drawing, drawingPath, targetPath)) {
-        outcome.status = config::Outcome::Status::StoppedByUser;
-        return outcome;
-    }
+    OpenExport run(session_, "frmSHP", drawingPath, targetPath);
+    if (run.IsStopped()) return run.outcome;
     ShapefileSettings settings = ReadSettings(session_);
     std::string projection = ReadProjection(session_, settings.projection);
     std::unique_ptr<coords::frmLatLng> converter;
     if (settings.latLng) converter = std::make_unique<coords::frmLatLng>(session_);
 
     platform::OutputSet files;
-    outcome.layers = ForEachLayer(session_, drawing, *view, LayerZero::Export, [&](const ExportLayer& layer) {
-        ShapefileLayer shapefile(session_, settings, converter.get(), layer, targetPath, files);
-        outcome.features += shapefile.Write(*view);
-        if (!projection.empty())
-            files.Add(util::JoinPath(targetPath, layer.fileName + ".PRJ")).Write(projection);
-        files.FinishSoFar();
-    });
+    run.outcome.layers =
+        ForEachLayer(session_, run.drawing, *run.view, LayerZero::Export, [&](const ExportLayer& layer) {
+            ShapefileLayer shapefile(session_, settings, converter.get(), layer, targetPath, files);
+            run.outcome.features += shapefile.Write(*run.view);
+            if (!projection.empty())
+                files.Add(util::JoinPath(targetPath, layer.fileName + ".PRJ")).Write(projection);
+            files.FinishSoFar();
+        });
     files.Commit();
-    return outcome;
+    return run.outcome;
 }
 
 }  // namespace vexlator::exporter

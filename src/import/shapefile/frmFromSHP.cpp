@@ -7,6 +7,7 @@
 #include "drawing/SymbolBlock.h"
 #include "formats/shapefile/ShapefileReader.h"
 #include "import/FeatureCode.h"
+#include "import/FeatureLayer.h"
 #include "import/SourceFiles.h"
 #include "import/shapefile/TableAttributes.h"
 #include "platform/Paths.h"
@@ -81,15 +82,12 @@ bool frmFromSHP::ImportShapefile(const std::string& path) {
     if (latLng_ && !converter_) converter_ = std::make_unique<coords::frmLatLng>(session_);
 
     Source source(pipes ? "PIPES" : mkCodeNameFromFile(path), std::move(*shp), std::move(*shx));
-    SelectShapefileLayer(source.code);
-    source.symbol = drawing::EnsureSymbolBlock(
-        session_, util::GetCommaField(1, drawing::ReadAtpStyle(session_, source.code)), drawing_);
+    source.symbol = SelectShapefileLayer(source.code);
     std::string dbfPath = util::ChangeExtension(path, "DBF");
     if (util::FileSize(dbfPath) > 0) {
         source.table.emplace(dbfPath, drawing_);
-        std::string atp =
-            util::JoinPath(session_.Settings().ATPDirectory, util::SafeFileName(source.code) + ".ATP");
-        drawing::GenerateAtp(session_, atp, source.table->FieldNames(), source.table->FieldWidths());
+        drawing::GenerateAtp(session_, FeatureTemplatePath(session_, source.code), source.table->FieldNames(),
+                             source.table->FieldWidths());
     }
     auto firstEntity = static_cast<std::uint32_t>(drawing_.entityCount());
     ReadRecords(source);
@@ -99,16 +97,10 @@ bool frmFromSHP::ImportShapefile(const std::string& path) {
     return true;
 }
 
-void frmFromSHP::SelectShapefileLayer(const std::string& code) {
-    drawing_.setActiveLayer(code);
-    std::string style = drawing::ReadAtpStyle(session_, code);
-    drawing_.setActiveStyle({});
-    if (style.empty()) {
-        drawing_.setActiveColourIndex(static_cast<drawing::Colour>(drawing_.layerCount()));
-        return;
-    }
-    drawing_.setActiveColour(StyleColour(style));
-    drawing_.setActiveFillColour(drawing_.activeColour());
+std::string frmFromSHP::SelectShapefileLayer(const std::string& code) {
+    std::string style = SelectFeatureLayer(session_, drawing_, code);
+    if (!style.empty()) drawing_.setActiveFillColour(drawing_.activeColour());
+    return drawing::EnsureSymbolBlock(session_, util::GetCommaField(1, style), drawing_);
 }
 
 void frmFromSHP::ReadRecords(Source& source) {

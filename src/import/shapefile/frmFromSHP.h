@@ -48,7 +48,8 @@ private:
     void AddParts(Source& source, const formats::ShapeRecord& record);
     void AddAttributes(Source& source, const formats::ShapeRecord& record);
     void ShowUnknownType(const Source& source, const formats::ShapeRecord& record);
-    void SelectShapefileLayer(const std::string& code);
+    /// Returns the symbol of the code's points.
+    std::string SelectShapefileLayer(const std::string& code);
     void UseStyleFor(const formats::ShapeRecord& record);
     void ConvertShapePoints(const std::string& code, std::uint32_t firstEntity);
     void Report(const Source& source);
