@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "background/package/FeatureHeader.h"
 #include "background/package/Gazetteer.h"
 #include "background/package/LayerFile.h"
 #include "background/package/Records.h"
@@ -21,12 +22,6 @@
 #include <vector>
 
 namespace vexlator::background {
-
-/// What the header of an element says of its feature.
-struct FeatureHeader {
-    std::int32_t keyHigh = 0, keyLow = 0;
-    std::uint8_t classA = 255, classB = 0, classC = 0;
-};
 
 /// What a package could not take, counted.
 struct Refusals {

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+
+namespace vexlator::background {
+
+/// What the header of an element says of its feature.
+struct FeatureHeader {
+    std::int32_t keyHigh = 0, keyLow = 0;
+    std::uint8_t classA = 255, classB = 0, classC = 0;
+    bool operator==(const FeatureHeader&) const = default;
+};
+
+}  // namespace vexlator::background
