@@ -78,6 +78,13 @@ Place Find(std::string_view text, std::string_view section, std::string_view key
     return place;
 }
 
+/// What a stored value means.
+std::string_view PlainValue(std::string_view value) {
+    value = value.substr(0, value.find('\0'));
+    if (IsQuoted(value)) value = value.substr(1, value.size() - 2);
+    return platform::FirstCharacters(value, longestIniValue);
+}
+
 // --- Writing
 
 bool CanBeSection(std::string_view name) {
@@ -147,10 +154,7 @@ std::string Recoded(std::string_view text, const std::string& section, const std
 
 std::string IniValue(std::string_view text, std::string_view section, std::string_view key) {
     std::string decoded = platform::DecodeText(text);
-    std::string_view value = Find(decoded, Name(section), Name(key)).value;
-    value = value.substr(0, value.find('\0'));
-    if (IsQuoted(value)) value = value.substr(1, value.size() - 2);
-    return std::string(platform::FirstCharacters(value, longestIniValue));
+    return std::string(PlainValue(Find(decoded, Name(section), Name(key)).value));
 }
 
 std::string WithIniValue(std::string_view text, std::string_view section, std::string_view key,
@@ -183,6 +187,35 @@ bool WriteIniFile(std::string_view file, std::string_view section, std::string_v
     } catch (const platform::WriteError&) {
         return false;
     }
+}
+
+IniText::IniText(std::string_view text) : text_(platform::DecodeText(text)) {
+    Keys* keys = nullptr;  // null in a section whose name an earlier one has: it does not count
+    std::string_view name, value;
+    for (util::LineReader lines(text_); !lines.AtEnd();) {
+        std::string_view line = lines.ReadTextLine();
+        if (IsSectionLine(line, name)) {
+            auto [section, isNew] = sections_.try_emplace(name);
+            keys = isNew ? &section->second : nullptr;
+        } else if (keys && IsKeyLine(line, name, value)) {
+            keys->try_emplace(name, value);
+        }
+    }
+}
+
+std::string_view IniText::Value(std::string_view section, std::string_view key) const {
+    auto keys = sections_.find(WithoutBlanks(section));
+    if (keys == sections_.end()) return {};
+    auto found = keys->second.find(WithoutBlanks(key));
+    return found == keys->second.end() ? std::string_view() : PlainValue(found->second);
+}
+
+void AppendIniSection(std::string& text, std::string_view section) {
+    text.append("[").append(section).append("]\r\n");
+}
+
+void AppendIniValue(std::string& text, std::string_view key, std::string_view value) {
+    text.append(key).append("=").append(StoredValue(value)).append("\r\n");
 }
 
 }  // namespace vexlator::config

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "util/NoCaseMap.h"
+
 #include <string>
 #include <string_view>
 
@@ -26,5 +28,26 @@ bool WriteIniFile(std::string_view file, std::string_view section, std::string_v
 std::string IniValue(std::string_view text, std::string_view section, std::string_view key);
 std::string WithIniValue(std::string_view text, std::string_view section, std::string_view key,
                          std::string_view value);
+
+/// A file's text, read once for all of its values.
+class IniText {
+public:
+    explicit IniText(std::string_view text);
+    IniText(const IniText&) = delete;
+    IniText& operator=(const IniText&) = delete;
+
+    /// What IniValue() gives, names in UTF-8; good as long as this object. A hash look-up.
+    std::string_view Value(std::string_view section, std::string_view key) const;
+
+private:
+    using Keys = util::NoCaseMap<std::string_view>;
+    std::string text_;
+    util::NoCaseMap<Keys> sections_;
+};
+
+/// Adds lines to the text of a new file: that of a section, and that of a key whose name holds letters and
+/// digits only, with a value that reads back the same.
+void AppendIniSection(std::string& text, std::string_view section);
+void AppendIniValue(std::string& text, std::string_view key, std::string_view value);
 
 }  // namespace vexlator::config
