@@ -241,24 +241,35 @@ SelectionSet& Drawing::selectLayer(std::string_view setName, std::string_view la
     return set;
 }
 
+void Box::widen(const Box& other) {
+    minX = std::min(minX, other.minX);
+    minY = std::min(minY, other.minY);
+    maxX = std::max(maxX, other.maxX);
+    maxY = std::max(maxY, other.maxY);
+}
+
+Box Drawing::extentsOf(const Record& record) const {
+    double reach = record.kind == Kind::Circle || record.kind == Kind::Arc ? shapes_[record.shape].size : 0;
+    Box box;
+    for (std::uint32_t v = 0; v < record.vertexCount; ++v) {
+        const PlanePoint& p = vertices_[record.vertexBegin + v];
+        Box reached{p.x - reach, p.y - reach, p.x + reach, p.y + reach};
+        if (v == 0) box = reached;
+        box.widen(reached);
+    }
+    return box;
+}
+
 Box Drawing::extents() const {
     Box box;
     bool first = true;
-    auto include = [&](double minX, double minY, double maxX, double maxY) {
-        box = first ? Box{minX, minY, maxX, maxY}
-                    : Box{std::min(box.minX, minX), std::min(box.minY, minY), std::max(box.maxX, maxX),
-                          std::max(box.maxY, maxY)};
-        first = false;
-    };
     for (std::size_t i = 0; i < entities_.size(); ++i) {
         const Record& record = entities_[i];
-        if (record.flags & Record::Erased) continue;
-        double reach =
-            record.kind == Kind::Circle || record.kind == Kind::Arc ? shapes_[record.shape].size : 0;
-        for (std::uint32_t v = 0; v < record.vertexCount; ++v) {
-            const PlanePoint& p = vertices_[record.vertexBegin + v];
-            include(p.x - reach, p.y - reach, p.x + reach, p.y + reach);
-        }
+        if (record.flags & Record::Erased || record.vertexCount == 0) continue;
+        Box reached = extentsOf(record);
+        if (first) box = reached;
+        box.widen(reached);
+        first = false;
     }
     return box;
 }

@@ -78,6 +78,7 @@ struct Shape {
 struct Box {
     double minX = 0, minY = 0, maxX = 0, maxY = 0;
     bool operator==(const Box&) const = default;
+    void widen(const Box& other);
 };
 
 constexpr std::int32_t textTypeCode = 1000;
@@ -204,6 +205,8 @@ public:
 
     /// Length of the vertices' course, a closing side included; circumference of a circle, length of an arc.
     double length() const;
+    /// Bounding box of the vertices; of a circle or arc, that of the whole circle. All 0 without vertices.
+    Box extents() const;
 
     std::uint32_t index() const { return index_; }
     bool operator==(const Entity&) const = default;
@@ -361,6 +364,7 @@ private:
 
     enum class TextChange { Insert, Replace, Remove };
 
+    Box extentsOf(const Record& record) const;
     Entity add(Kind kind, const Shape& shape);
     Entity add(Kind kind, const Shape& shape, const Point& at);
     std::uint32_t layerIndex(std::string_view name);

@@ -338,6 +338,10 @@ void Entity::setHyperlink(std::string_view hyperlink) {
     drawing_->setOptionalText(index_, index, Drawing::Record::HasHyperlink, hyperlink);
 }
 
+Box Entity::extents() const {
+    return drawing_->extentsOf(drawing_->entities_[index_]);
+}
+
 double Entity::length() const {
     if (kindCode() == Kind::Circle) return 2 * std::numbers::pi * radius();
     if (kindCode() == Kind::Arc) {

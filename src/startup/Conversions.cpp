@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "startup/Conversions.h"
 
+#include "background/build/frmGRP.h"
 #include "export/csv/frmCSV.h"
 #include "export/fmo/frmFMO.h"
 #include "export/fmo/frmMDB.h"
@@ -42,6 +43,12 @@ config::Outcome ExportText(config::Session& session, const ExportCommand& comman
     return exporter::frmCSV(session).Start(command.drawingPath, command.targetPath, asc);
 }
 
+/// The command names no style; the settings may.
+config::Outcome BuildPackage(config::Session& session, const ExportCommand& command) {
+    return background::frmGRP(session).Start(command.drawingPath, command.targetPath,
+                                             session.ReadIni("GRP", "STYLEFILE"));
+}
+
 config::Outcome ImportTablet(config::Session& session, const ImportCommand& command) {
     std::string fileList;
     return importer::frmFromFMO(session).StartTablet(command.sourcePath, command.sourceFolder, fileList);
@@ -72,7 +79,7 @@ constexpr std::array exportRows{
     ExportRow{"DWG", "frmDWG", nullptr},
     ExportRow{"DXF", "frmDWG", nullptr},
     ExportRow{"DGN", "frmDWG", nullptr},
-    ExportRow{"GRP", "frmGRP", nullptr},
+    ExportRow{"GRP", "frmGRP", BuildPackage},
     ExportRow{"CSV", "frmCSV", ExportText<0>},
     ExportRow{"ASC", "frmCSV", ExportText<1>},
     ExportRow{"KML", "frmKML", Export<exporter::frmKML>},

@@ -251,6 +251,10 @@ MMBACKUP=
 MMMAINTAINCOU=0
 ; Flag: one colour for points, lines and areas in background styles. Default: off.
 SimpleStyling=0
+; Background style file (.BSF) of packages that are built from the command line. Default: none.
+STYLEFILE=
+; Megabytes of memory for a package's tiles; what is beyond goes to a temporary file. Default: 512.
+MEMORYMB=512
 
 [FIXEDANNO]
 ; Height of every annotation of a background package. Default: each its own.

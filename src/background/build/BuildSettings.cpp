@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "background/build/BuildSettings.h"
+
+#include "background/package/PackageWriter.h"
+#include "platform/Paths.h"
+#include "util/Files.h"
+#include "util/Numbers.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace vexlator::background {
+
+namespace {
+
+constexpr std::int64_t mostMegabytes = 1 << 20;
+constexpr std::size_t fewLayers = 4;
+constexpr int optimisedWidth = 64;
+
+std::size_t MemoryFrom(const std::string& megabytes) {
+    if (megabytes.empty()) return PackageWriter::usualMemory;
+    std::int64_t number = std::clamp<std::int64_t>(util::IntegerOf(megabytes), 0, mostMegabytes);
+    return static_cast<std::size_t>(number) << 20;
+}
+
+}  // namespace
+
+BuildSettings::BuildSettings(config::Session& session, std::string_view drawingPath,
+                             std::string_view styleFile)
+    : createDxf(session.ReadIniFlag("GRP", "CREATEDXF")),
+      keepSymbols(session.ReadIniFlag("GRP", "DONTEXPLODE")),
+      fullPolygons(session.ReadIniFlag("GRP", "GENFULLPOLYS") ||
+                   util::FileSize(std::string(drawingPath) + ".info") > 0),
+      memoryBytes(MemoryFrom(session.ReadIni("GRP", "MEMORYMB"))),
+      attributes(session.ReadIni("GRP", "AttributeList")),
+      mobileStyles(ReadStyleText(session.ReadIni("MOBILESTYLING", "FILE"))) {
+    if (styleFile.empty()) return;
+    if (util::FileSize(styleFile) > 0)
+        style = LoadBackgroundStyle(styleFile);
+    else
+        session.Ui().ShowMessage("Style file not found: " + platform::NativePath(styleFile));
+}
+
+void BuildSettings::ListOptimisedAttributes(const drawing::Drawing& drawing) {
+    std::vector<std::string> fields;
+    for (const ListedName& attribute : style.optimisedAttributes)
+        if (attribute.selected) fields.push_back(attribute.name);
+    if (fields.empty() || drawing.layerCount() >= fewLayers) return;
+    const auto& layers = drawing.layers();
+    auto layer = std::ranges::find_if(layers, [](const drawing::Layer& each) { return each.name != "0"; });
+    attributes.Add(layer == layers.end() ? "0" : layer->name, optimisedWidth, fields);
+}
+
+}  // namespace vexlator::background

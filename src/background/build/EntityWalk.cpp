@@ -1,0 +1,226 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "background/build/EntityWalk.h"
+
+#include "util/Numbers.h"
+#include "util/Text.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace vexlator::background {
+
+namespace {
+
+using drawing::Kind;
+using util::PlanePoint;
+
+constexpr double leastTileSize = 300;
+/// A symbol that holds itself would unfold for ever, and a few levels of a thousand symbols for years.
+constexpr int deepestSymbol = 16;
+constexpr std::uint64_t mostSymbolsInSymbols = 10'000'000;
+
+/// The one alignment of a drawing's text that the device has a position code for.
+constexpr std::int32_t centredAlignment = 106;
+constexpr int centredPosition = 9, noPosition = -1;
+
+/// Annotation of a symbol is a third of its size.
+constexpr double annotationPerSymbol = 1.0 / 3;
+
+PlanePoint Plane(const drawing::Point& point) {
+    return {point.x, point.y};
+}
+
+std::optional<double> PositiveOnly(std::optional<double> height) {
+    return height && *height > 0 ? height : std::nullopt;
+}
+
+}  // namespace
+
+EntityWalk::EntityWalk(config::Session& session, const BuildSettings& settings, drawing::Drawing& drawing,
+                       FeatureHeaders& headers, PackageWriter& writer, ui::FormView& view)
+    : session_(session),
+      settings_(settings),
+      drawing_(drawing),
+      headers_(headers),
+      writer_(writer),
+      view_(view),
+      symbols_(drawing, session.Ui()),
+      annotation_(settings.style.annotationFields),
+      annotationHeight_(PositiveOnly(settings.style.FixedAnnotationHeight())) {}
+
+std::uint64_t EntityWalk::Run() {
+    if (!headers_.IsClassifiedMode()) SetTileSizeByDensity();
+    std::uint64_t taken = 0, total = drawing_.entityCount();
+    auto itemOf = [&](drawing::Entity entity) { return Item{entity, &entity.layerName(), &drawing_}; };
+    drawing_.forEach([&](drawing::Entity entity) {
+        view_.Progress(++taken, total);
+        if (!IsUnfolded(entity.kindCode())) Take(itemOf(entity));
+    });
+    drawing_.forEach([&](drawing::Entity entity) {
+        if (IsUnfolded(entity.kindCode())) Unfold(itemOf(entity));
+    });
+    for (; !inSymbols_.empty(); inSymbols_.pop_front()) Unfold(inSymbols_.front());
+    ReportSkipped();
+    return taken;
+}
+
+/// So that a tile holds a hundred entities, were they spread evenly.
+void EntityWalk::SetTileSizeByDensity() {
+    if (drawing_.entityCount() == 0) return;
+    drawing::Box box = drawing_.extents();
+    double side = std::max(box.maxX - box.minX, box.maxY - box.minY);
+    double tiles = std::max(static_cast<double>(drawing_.entityCount()) / 100, 1.0);
+    double size = std::max(std::floor(side / std::sqrt(tiles)), leastTileSize);
+    if (!std::isfinite(size)) return;
+    writer_.SetDefaultTileSize(size);
+    session_.Ui().Beep();
+}
+
+bool EntityWalk::IsUnfolded(Kind kind) const {
+    switch (kind) {
+        case Kind::Insert:
+            return !settings_.keepSymbols;
+        case Kind::Circle:
+        case Kind::Arc:
+        case Kind::Other:
+            return true;
+        default:
+            return false;
+    }
+}
+
+void EntityWalk::Take(const Item& item) {
+    if (headers_.IsHidden(*item.layer)) return;
+    switch (item.entity.kindCode()) {
+        case Kind::Polyline:
+            return WritePolyline(item);
+        case Kind::Line:
+            return WriteLine(item);
+        case Kind::Text:
+            return WriteText(item);
+        default:
+            return WritePoint(item);
+    }
+}
+
+void EntityWalk::Unfold(const Item& item) {
+    if (headers_.IsHidden(*item.layer)) return;
+    switch (item.entity.kindCode()) {
+        case Kind::Circle:
+        case Kind::Arc:
+            return WriteCurve(item);
+        case Kind::Insert:
+            return UnfoldInsert(item);
+        default:
+            ++withoutParts_;
+    }
+}
+
+void EntityWalk::UnfoldInsert(const Item& item) {
+    drawing::Drawing* content = symbols_.ContentOf(item.entity.blockName(), *item.owner);
+    if (content == nullptr || content->entityCount() == 0) {
+        ++withoutParts_;
+        return;
+    }
+    if (item.depth == deepestSymbol || unfolded_ == mostSymbolsInSymbols) {
+        ++tooDeep_;
+        return;
+    }
+    if (item.IsPart()) ++unfolded_;
+    Placement placement = PlacementOf(item.entity, item.placement);
+    content->forEach([&](drawing::Entity entity) {
+        Item part{entity, item.layer, content, item.depth + 1, placement};
+        if (IsUnfolded(entity.kindCode()))
+            inSymbols_.push_back(part);
+        else
+            Take(part);
+    });
+}
+
+void EntityWalk::SetHeader(const Item& item, StyleCell cell) {
+    writer_.Feature() = item.IsPart() ? headers_.OfPart(*item.layer, cell) : headers_.Of(item.entity, cell);
+}
+
+EntityWalk::RingMarks EntityWalk::MarksOf(const Item& item) {
+    if (item.IsPart()) return {};
+    const RingColumns& columns = ringColumns_.Of(item.entity, [](const drawing::XProperties& attributes) {
+        RingColumns found;
+        for (std::size_t i = attributes.count(); i-- > 0;) {
+            if (attributes.name(i) == "MPOLY") found.part = i;
+            if (attributes.name(i) == "ISHOLE") found.hole = i;
+        }
+        return found;
+    });
+    RingMarks marks{.part = std::nullopt, .isHole = columns.hole.has_value()};
+    if (!columns.part) return marks;
+    drawing::XProperty part = item.entity.xproperties().item(*columns.part);
+    if (!util::Trim(part.value()).empty())
+        marks.part = static_cast<int>(std::clamp<std::int64_t>(util::IntegerOf(part.value()), 0, 255));
+    return marks;
+}
+
+void EntityWalk::WriteOutline(const RingMarks& marks) {
+    if (!writer_.WriteLineElement(outline_.Points(), marks.isHole)) return;
+    if (settings_.fullPolygons || headers_.IsClassifiedMode()) {
+        if (outline_.IsClosed()) writer_.WriteAreaRing(PackageWriter::AreaRing::StartsArea, marks.part);
+    }
+}
+
+void EntityWalk::WritePolyline(const Item& item) {
+    SetHeader(item, CellOf(item.entity));
+    outline_.TakePolyline(item.entity, item.PlacementOrNone());
+    WriteOutline(MarksOf(item));
+    std::span<const PlanePoint> points = outline_.Points();
+    if (!points.empty())
+        Annotate(item, outline_.IsClosed() ? PlaceInOutline(points) : PlaceAlongLine(points));
+}
+
+/// All that the polyline has of its circle or arc is the layer.
+void EntityWalk::WriteCurve(const Item& item) {
+    bool isCircle = item.entity.kindCode() == Kind::Circle;
+    writer_.Feature() = headers_.OfPart(*item.layer, isCircle ? StyleCell::Areas : StyleCell::Lines);
+    outline_.TakeCurve(item.entity, item.PlacementOrNone());
+    WriteOutline({});
+}
+
+void EntityWalk::WriteLine(const Item& item) {
+    SetHeader(item, StyleCell::Lines);
+    outline_.TakePolyline(item.entity, item.PlacementOrNone());
+    writer_.WriteLineElement(outline_.Points());
+}
+
+void EntityWalk::WritePoint(const Item& item) {
+    SetHeader(item, StyleCell::Points);
+    PlanePoint at = item.placement(Plane(item.entity.position()));
+    writer_.WriteLineElement(std::array{at});
+    bool isSymbol = item.entity.kindCode() == Kind::Insert;
+    Annotate(item, {at, isSymbol ? symbols_.SizeOf(item.entity) * annotationPerSymbol : 1});
+}
+
+void EntityWalk::WriteText(const Item& item) {
+    SetHeader(item, StyleCell::Points);
+    bool isCentred = item.entity.shape().alignment == centredAlignment;
+    writer_.WriteTextElement({.insertion = item.placement(Plane(item.entity.insertionPoint())),
+                              .height = item.entity.height() * item.placement.ScaleY(),
+                              .angle = item.entity.rotation() + item.placement.Rotation(),
+                              .positionCode = isCentred ? centredPosition : noPosition},
+                             item.entity.text());
+}
+
+void EntityWalk::Annotate(const Item& item, AnnotationPlace place) {
+    if (item.IsPart() || settings_.style.annotationFields.empty()) return;
+    if (annotationHeight_) place.height = *annotationHeight_;
+    WriteAnnotation(writer_, place, annotation_.BuildAnnotationText(item.entity));
+}
+
+void EntityWalk::ReportSkipped() const {
+    auto report = [&](std::uint64_t count, std::string_view what) {
+        if (count > 0) session_.Ui().ShowMessage(std::string(what) + ": " + util::GroupedCount(count));
+    };
+    report(withoutParts_, "Symbols and entities that draw nothing, not in the package");
+    report(tooDeep_, "Symbols too deep in other symbols, not in the package");
+}
+
+}  // namespace vexlator::background

@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "background/PerAttributeSet.h"
+#include "background/build/Annotation.h"
+#include "background/build/BuildSettings.h"
+#include "background/build/FeatureHeaders.h"
+#include "background/build/Outline.h"
+#include "background/build/Placement.h"
+#include "background/build/Symbols.h"
+#include "background/package/PackageWriter.h"
+#include "background/styling/AnnotationText.h"
+#include "config/Session.h"
+#include "drawing/Drawing.h"
+
+#include <cstdint>
+#include <deque>
+#include <optional>
+#include <string>
+
+namespace vexlator::background {
+
+/// Takes the entities of a drawing to a package: first those that are written as they stand, in order; then
+/// what symbols and curves among them are made of, again in order; then what is in the symbols of symbols.
+class EntityWalk {
+public:
+    EntityWalk(config::Session& session, const BuildSettings& settings, drawing::Drawing& drawing,
+               FeatureHeaders& headers, PackageWriter& writer, ui::FormView& view);
+    /// Returns how many entities were taken, parts not counted.
+    /// @throws platform::WriteError
+    std::uint64_t Run();
+
+private:
+    /// An entity of the drawing, or a part of a symbol in it.
+    struct Item {
+        drawing::Entity entity;
+        const std::string* layer;       ///< a part is on the layer of its insert
+        const drawing::Drawing* owner;  ///< whose blocks its name refers to
+        int depth = 0;                  ///< how many symbols it lies in
+        Placement placement = {};       ///< of the innermost of them
+        bool IsPart() const { return depth > 0; }
+        const Placement* PlacementOrNone() const { return IsPart() ? &placement : nullptr; }
+    };
+    /// Where the attributes stand that tell of rings.
+    struct RingColumns {
+        std::optional<std::size_t> part, hole;
+    };
+    struct RingMarks {
+        std::optional<int> part;  ///< of a multi-part feature
+        bool isHole = false;
+    };
+
+    void SetTileSizeByDensity();
+    bool IsUnfolded(drawing::Kind kind) const;
+    void Take(const Item& item);
+    void Unfold(const Item& item);
+    void UnfoldInsert(const Item& item);
+    void WriteCurve(const Item& item);
+    void WritePolyline(const Item& item);
+    void WriteLine(const Item& item);
+    void WritePoint(const Item& item);
+    void WriteText(const Item& item);
+    void WriteOutline(const RingMarks& marks);
+    void SetHeader(const Item& item, StyleCell cell);
+    RingMarks MarksOf(const Item& item);
+    void Annotate(const Item& item, AnnotationPlace place);
+    void ReportSkipped() const;
+
+    config::Session& session_;
+    const BuildSettings& settings_;
+    drawing::Drawing& drawing_;
+    FeatureHeaders& headers_;
+    PackageWriter& writer_;
+    ui::FormView& view_;
+    Symbols symbols_;
+    AnnotationText annotation_;
+    std::optional<double> annotationHeight_;
+    PerAttributeSet<RingColumns> ringColumns_;
+    Outline outline_;
+    std::deque<Item> inSymbols_;  ///< symbols and curves in symbols, still to be unfolded
+    std::uint64_t unfolded_ = 0;
+    std::uint64_t withoutParts_ = 0, tooDeep_ = 0;
+};
+
+}  // namespace vexlator::background

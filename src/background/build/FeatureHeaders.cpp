@@ -1,0 +1,112 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "background/build/FeatureHeaders.h"
+
+#include <optional>
+
+namespace vexlator::background {
+
+namespace {
+
+std::optional<drawing::Entity> FirstPolyline(drawing::Drawing& drawing) {
+    for (std::size_t i = 0; i < drawing.entityCount(); ++i)
+        if (auto entity = drawing.entityAt(i); entity.kindCode() == drawing::Kind::Polyline) return entity;
+    return std::nullopt;
+}
+
+bool FirstPolylineIsClassified(Classifier& classifier, drawing::Drawing& drawing) {
+    FeatureHeader header;
+    auto polyline = FirstPolyline(drawing);
+    return polyline && classifier.ClassifyEntity(*polyline, header);
+}
+
+const ClassBytes& BytesOf(const LayerStyle& style, StyleCell cell) {
+    switch (cell) {
+        case StyleCell::Points:
+            return style.points;
+        case StyleCell::Lines:
+            return style.lines;
+        default:
+            return style.areas;
+    }
+}
+
+}  // namespace
+
+DrawingKind KindOf(drawing::Drawing& drawing) {
+    if (drawing.entityCount() == 0) return DrawingKind::Empty;
+    drawing::Entity first = drawing.entityAt(0);
+    if (first.xproperties().count() == 0) return DrawingKind::Plain;
+    return IsClassifiedDrawing(first) ? DrawingKind::Classified : DrawingKind::Attributed;
+}
+
+StyleCell CellOf(const drawing::Entity& entity) {
+    switch (entity.kindCode()) {
+        case drawing::Kind::Polyline:
+            return entity.isClosed() ? StyleCell::Areas : StyleCell::Lines;
+        case drawing::Kind::Line:
+            return StyleCell::Lines;
+        default:
+            return StyleCell::Points;
+    }
+}
+
+FeatureHeaders::FeatureHeaders(config::Session& session, const BuildSettings& settings,
+                               drawing::Drawing& drawing, PackageWriter& writer)
+    : kind_(KindOf(drawing)),
+      classifier_(session),
+      records_(settings.attributes, settings.style.searchOnField, writer),
+      styles_(settings.style.rows, settings.mobileStyles),
+      isClassifiedMode_(settings.style.rows.empty() && FirstPolylineIsClassified(classifier_, drawing)) {
+    if (kind_ == DrawingKind::Plain) WriteLayers(drawing, writer);
+    if (kind_ == DrawingKind::Attributed) records_.Write(drawing);
+}
+
+void FeatureHeaders::WriteLayers(const drawing::Drawing& drawing, PackageWriter& writer) {
+    for (const drawing::Layer& layer : drawing.layers())
+        layerNumbers_[&layer.name] = writer.Layers().AddLayer(layer.name);
+}
+
+const FeatureHeaders::LayerLook& FeatureHeaders::LookOf(const std::string& layer) {
+    if (lastLayer_ == &layer) return lastLook_;
+    auto [known, isNew] = looks_.try_emplace(&layer);
+    if (isNew) {
+        auto number = layerNumbers_.find(&layer);
+        const LayerStyle* style = styles_.StyleFor(layer);
+        known->second = {number == layerNumbers_.end() ? 0 : number->second, style, style && style->hidden};
+    }
+    lastLayer_ = &layer;
+    return lastLook_ = known->second;
+}
+
+void FeatureHeaders::ApplyStyle(const LayerLook& look, StyleCell cell, FeatureHeader& header) const {
+    if (look.style == nullptr) return;
+    ClassBytes bytes = BytesOf(*look.style, cell);
+    header.classB = bytes.b;
+    header.classC = bytes.c;
+}
+
+FeatureHeader FeatureHeaders::Of(const drawing::Entity& entity, StyleCell cell) {
+    FeatureHeader header;
+    if (isClassifiedMode_ || kind_ == DrawingKind::Classified) classifier_.ClassifyEntity(entity, header);
+    if (isClassifiedMode_) return header;
+    // A styled drawing looks as its style says, but its features keep their identifiers.
+    header.classA = FeatureHeader{}.classA;
+    header.classB = header.classC = 0;
+    const LayerLook& look = LookOf(entity.layerName());
+    if (kind_ == DrawingKind::Plain) header.keyLow = look.number;
+    if (kind_ == DrawingKind::Attributed) header.keyLow = records_.NumberOf(entity);
+    ApplyStyle(look, cell, header);
+    return header;
+}
+
+FeatureHeader FeatureHeaders::OfPart(const std::string& layer, StyleCell cell) {
+    FeatureHeader header;
+    if (isClassifiedMode_) return header;
+    const LayerLook& look = LookOf(layer);
+    if (kind_ == DrawingKind::Plain) header.keyLow = look.number;
+    ApplyStyle(look, cell, header);
+    return header;
+}
+
+}  // namespace vexlator::background

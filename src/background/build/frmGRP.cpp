@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "background/build/frmGRP.h"
+
+#include "background/build/BuildSettings.h"
+#include "background/build/EntityWalk.h"
+#include "background/build/FeatureHeaders.h"
+#include "background/package/PackageWriter.h"
+#include "background/styling/DrawingTools.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "util/Files.h"
+#include "util/Paths.h"
+#include "util/Programs.h"
+
+#include <memory>
+#include <string>
+
+namespace vexlator::background {
+
+namespace {
+
+/// The index, and what lies beside the package under its name.
+struct Target {
+    std::string index, dxf;
+};
+
+Target TargetOf(std::string_view path) {
+    std::string name = util::FileNameOf(path);
+    if (name.find('.') != name.npos && !platform::FolderExists(path))
+        return {std::string(path), util::ChangeExtension(path, "DXF")};
+    return {util::JoinPath(path, name + ".GRP"), std::string(path) + ".DXF"};
+}
+
+}  // namespace
+
+config::Outcome frmGRP::Start(std::string_view drawingPath, std::string_view targetPath,
+                              std::string_view styleFile) {
+    ui::UserInterface& ui = session_.Ui();
+    std::unique_ptr<ui::FormView> view = ui.ShowForm("frmGRP");
+    BuildSettings settings(session_, drawingPath, styleFile);
+    Target target = TargetOf(targetPath);
+    util::MakeFolder(util::FolderOf(target.index));
+    if (settings.createDxf) ConvertVDFtoDXF(session_, drawingPath, target.dxf);
+    drawing::Drawing drawing;
+    drawing.open(drawingPath);
+    ui.Settle(0.5);
+    settings.ListOptimisedAttributes(drawing);
+
+    PackageWriter writer(target.index, ui, settings.memoryBytes);
+    FeatureHeaders headers(session_, settings, drawing, writer);
+    RelayerByAttribute(settings.style.layerOnField, drawing);
+    config::Outcome outcome{.layers = drawing.layerCount(), .target = target.index};
+    outcome.features = EntityWalk(session_, settings, drawing, headers, writer, *view).Run();
+    view->SetLabel("Completed!");
+    ui.Settle(1);
+    view->SetLabel("Building GRP");
+    writer.Commit();
+    ui.Settle(1);
+    return outcome;
+}
+
+void ConvertVDFtoDXF(config::Session& session, std::string_view drawingPath, std::string_view dxfPath) {
+    std::string converter = util::VectorDrawConverterPath(session.Settings().ProgramFolder);
+    if (util::FileSize(converter) == 0) return session.Ui().ShowMessage("No VDCONV application located");
+    platform::RemoveFile(dxfPath);
+    // The converter takes its parameters separated by question marks: version, size and what to draw.
+    util::RunAndWait(converter + " ? " + std::string(drawingPath) + " ? " + std::string(dxfPath) +
+                         " ? 500 ? 1024 ? 768 ? 0 ? 0 ? 0 ? 1",
+                     session.Ui());
+    if (util::FileSize(dxfPath) == 0) session.Ui().ShowMessage("No Converted File Located");
+}
+
+}  // namespace vexlator::background
