@@ -43,6 +43,9 @@ TEST(CsvImport, RecordsBecomeSymbols) {
         {"\xEF\xBB\xBFID,E,N,caf\xC3\xA9\n1,2,3,na\xC3\xAFve\n",
          "CODE VDINSERT 2,3 | ID=1 | caf\xC3\xA9=na\xC3\xAFve\n"},
         {"ID,E,N,caf\xE9\r1,2,3,\x80\r", "CODE VDINSERT 2,3 | ID=1 | caf\xC3\xA9=\xE2\x82\xAC\n"},
+        {"ID,E,N,A\n1,2,3,\"two\n\"\"lines\"\n4,5,6,\"open\n7,8,9,x\n",
+         "CODE VDINSERT 2,3 | ID=1 | A=two\nlines\nCODE VDINSERT 5,6 | ID=4 | A=\"open\n"
+         "CODE VDINSERT 8,9 | ID=7 | A=x\n"},
         {"ID,E,N\n", ""},
     };
     for (const Case& c : cases) {
@@ -164,7 +167,7 @@ TEST(CsvImport, PairsOfQuotesGoAndTakeCommasAlong) {
                                 {"a\",b", "a\",b"},
                                 {"\"a\",\"b,c", "a,\"b,c"},
                                 {"\"\"", ""}})
-        EXPECT_EQ(importer::UnquoteCsvLine(line), wanted);
+        EXPECT_EQ(importer::UnquoteCsvLine(line, ','), wanted);
 }
 
 }  // namespace

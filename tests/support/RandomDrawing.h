@@ -4,6 +4,7 @@
 
 #include "drawing/Drawing.h"
 
+#include <iterator>
 #include <random>
 #include <string>
 
@@ -12,7 +13,7 @@ namespace vexlator::test {
 /// A drawing with entities of every kind in random order, on several layers, some erased, with odd texts.
 inline void FillRandomly(drawing::Drawing& drawing, unsigned seed, int entities) {
     std::mt19937 random(seed);
-    auto number = [&](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
+    auto number = [&](std::size_t below) { return static_cast<int>(random() % below); };
     auto place = [&] {
         return drawing::Point{number(700000) / 10.0, number(1300000) / 10.0,
                               number(4) == 0 ? number(900) / 10.0 : 0};
@@ -25,8 +26,12 @@ inline void FillRandomly(drawing::Drawing& drawing, unsigned seed, int entities)
                                         "\xD0\x96",
                                         std::string(300, 'n'),
                                         "two\r\nlines",
-                                        "'quoted'"};
-    auto text = [&] { return texts[number(9)]; };
+                                        "'quoted'",
+                                        "\"",
+                                        "5\" pipe,",
+                                        "\n\"\r",
+                                        "\ttabs\t, blanks "};
+    auto text = [&] { return texts[number(std::size(texts))]; };
     drawing.properties().emplace_back("Source", "C:\\jobs\\a.job");
     for (int i = 0; i < entities; ++i) {
         drawing.setActiveLayer("LAYER" + std::to_string(number(5)));

@@ -66,7 +66,8 @@ CsvColumns::CsvColumns(const CsvSettings& settings) : settings_(settings) {
 
 void CsvColumns::ReadCsvHeader(std::string_view line) {
     std::string unquoted;
-    if (HasQuotedFields(line, settings_.delimiter)) line = unquoted = UnquoteCsvLine(line);
+    if (HasQuotedFields(line, settings_.delimiter))
+        line = unquoted = UnquoteCsvLine(line, settings_.delimiter);
     std::vector<std::string_view> fields;
     SplitCsvLine(line, settings_.delimiter, fields);
     FindPositions(fields);

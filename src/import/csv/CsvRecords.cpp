@@ -5,11 +5,9 @@
 #include "util/Numbers.h"
 #include "util/Text.h"
 
-#include <algorithm>
-
 namespace vexlator::importer {
 
-std::string UnquoteCsvLine(std::string_view line) {
+std::string UnquoteCsvLine(std::string_view line, char delimiter) {
     std::string unquoted;
     unquoted.reserve(line.size());
     for (;;) {
@@ -17,27 +15,26 @@ std::string UnquoteCsvLine(std::string_view line) {
         std::size_t close = open == std::string_view::npos ? open : line.find('"', open + 1);
         if (close == std::string_view::npos) return unquoted.append(line);
         unquoted.append(line.substr(0, open));
-        std::size_t begin = unquoted.size();
-        unquoted.append(line.substr(open + 1, close - open - 1));
-        std::replace(unquoted.begin() + static_cast<std::ptrdiff_t>(begin), unquoted.end(), ',', ';');
+        for (char c : line.substr(open + 1, close - open - 1))
+            unquoted += c == ',' ? ';' : c == delimiter ? ' ' : c;
         line.remove_prefix(close + 1);
     }
 }
 
-std::string_view CsvRecords::ReadLine() {
-    std::string_view line = lines_.ReadTextLine();
-    if (platform::IsAscii(line)) return line;
+std::string_view CsvRecords::ReadRow() {
+    std::string_view row = rows_.ReadRow();
+    if (platform::IsAscii(row)) return row;
     decoded_.clear();
-    decoder_.Append(decoded_, line);
+    decoder_.Append(decoded_, row);
     return decoded_;
 }
 
 bool CsvRecords::Next(const CsvColumns& columns, CsvRecord& record) {
-    while (!lines_.AtEnd()) {
-        std::string_view line = ReadLine();
+    while (!rows_.AtEnd()) {
+        std::string_view line = ReadRow();
         if (util::Trim(line).empty()) continue;
         ++count_;
-        if (line.find('"') != std::string_view::npos) line = unquoted_ = UnquoteCsvLine(line);
+        if (line.find('"') != std::string_view::npos) line = unquoted_ = UnquoteCsvLine(line, delimiter_);
         ParseCsvRecord(line, columns, record);
         return true;
     }

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "import/RowReader.h"
 #include "import/csv/CsvColumns.h"
 #include "platform/CodePages.h"
-#include "util/Files.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -15,9 +15,9 @@
 
 namespace vexlator::importer {
 
-/// The line without its pairs of double quotes; every "," between the two of a pair becomes ";". A quote that
-/// is left over stays.
-std::string UnquoteCsvLine(std::string_view line);
+/// The line without its pairs of double quotes; between the two of a pair every "," becomes ";", and a tab
+/// that would separate a blank. A quote that is left over stays.
+std::string UnquoteCsvLine(std::string_view line, char delimiter);
 
 /// One point of a table.
 struct CsvRecord {
@@ -30,23 +30,23 @@ struct CsvRecord {
 /// else Windows-1252. The text outlives the object.
 class CsvRecords {
 public:
-    CsvRecords(std::string_view text, char delimiter) : delimiter_(delimiter), lines_(text) {}
+    CsvRecords(std::string_view text, char delimiter) : delimiter_(delimiter), rows_(text, {&delimiter, 1}) {}
 
-    /// The next line, decoded, whatever it holds; good until the next call.
-    std::string_view ReadLine();
+    /// The next row, decoded, whatever it holds; good until the next call.
+    std::string_view ReadRow();
     /// False at the end of the text. A record without a key gets "gvw" and its number, from 1.
     bool Next(const CsvColumns& columns, CsvRecord& record);
 
     std::uint64_t Count() const { return count_; }
-    std::size_t Position() const { return lines_.Position(); }
-    std::uint64_t Line() const { return lines_.Line(); }
+    std::size_t Position() const { return rows_.Position(); }
+    std::uint64_t Line() const { return rows_.Line(); }
 
 private:
     void ParseCsvRecord(std::string_view line, const CsvColumns& columns, CsvRecord& record);
     std::string_view Field(int column) const;
 
     char delimiter_;
-    util::LineReader lines_;
+    RowReader rows_;
     platform::Decoder decoder_{"UTF-8"};
     std::string decoded_, unquoted_, madeKey_;
     std::vector<std::string_view> fields_, values_;

@@ -52,7 +52,7 @@ bool frmFromCSV::ImportCsvFile(const std::string& path) {
     std::string style = SelectFeatureLayer(session_, drawing_, code);
     std::string decoded;
     CsvRecords records(TextOf(*file, decoded), settings_.delimiter);
-    if (settings_.header) columns_.ReadCsvHeader(records.ReadLine());
+    if (settings_.header) columns_.ReadCsvHeader(records.ReadRow());
     if (!HasItsColumns()) return false;
     drawing::GenerateAtp(session_, FeatureTemplatePath(session_, code), columns_.AttributeNames(),
                          columns_.AttributeWidths());

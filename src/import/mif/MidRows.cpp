@@ -16,18 +16,18 @@ std::size_t EndOfRows(std::string_view text) {
 }  // namespace
 
 MidRows::MidRows(std::string_view text, std::string delimiter, platform::Decoder& decoder)
-    : text_(text), delimiter_(std::move(delimiter)), decoder_(decoder), lines_(text), end_(EndOfRows(text)) {}
+    : delimiter_(std::move(delimiter)), decoder_(decoder), rows_(text, delimiter_), end_(EndOfRows(text)) {}
 
 bool MidRows::AtEnd() const {
-    return lines_.Position() >= end_;
+    return rows_.Position() >= end_;
 }
 
 std::string MidRows::ReadRow() {
-    return decoder_.Decode(lines_.ReadTextLine());
+    return decoder_.Decode(rows_.ReadRow());
 }
 
 std::span<const std::string_view> MidRows::ReadValues() {
-    std::string_view row = lines_.ReadTextLine();
+    std::string_view row = rows_.ReadRow();
     if (!platform::IsAscii(row)) {
         decoded_.clear();
         decoder_.Append(decoded_, row);

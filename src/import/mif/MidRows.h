@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "import/RowReader.h"
 #include "platform/CodePages.h"
-#include "util/Files.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -27,16 +27,15 @@ public:
     /// separate becomes "/", another delimiter inside quotes ";".
     std::span<const std::string_view> ReadValues();
 
-    std::size_t Position() const { return lines_.Position(); }
-    std::uint64_t Line() const { return lines_.Line(); }
+    std::size_t Position() const { return rows_.Position(); }
+    std::uint64_t Line() const { return rows_.Line(); }
 
 private:
     void Transform(std::string_view row);
 
-    std::string_view text_;
     std::string delimiter_;
     platform::Decoder& decoder_;
-    util::LineReader lines_;
+    RowReader rows_;
     std::size_t end_;  ///< of the last row that is not blank
     std::string decoded_, values_;
     std::vector<std::size_t> ends_;  ///< of each value in values_
