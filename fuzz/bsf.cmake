@@ -1,0 +1,1 @@
+vexlator_fuzz(bsf LINK vexlator_background vexlator_config vexlator_platform)

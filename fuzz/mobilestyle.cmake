@@ -1,0 +1,1 @@
+vexlator_fuzz(mobilestyle LINK vexlator_background vexlator_platform)
