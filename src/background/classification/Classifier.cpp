@@ -8,9 +8,8 @@
 #include "util/Paths.h"
 #include "util/Text.h"
 
-#include <algorithm>
-#include <iterator>
 #include <span>
+#include <utility>
 
 namespace vexlator::background {
 

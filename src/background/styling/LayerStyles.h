@@ -6,7 +6,6 @@
 #include "background/styling/modGRPstyling.h"
 #include "util/NoCaseMap.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>

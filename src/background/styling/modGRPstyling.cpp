@@ -8,7 +8,6 @@
 #include "platform/Paths.h"
 #include "util/Numbers.h"
 #include "util/Paths.h"
-#include "util/Text.h"
 
 #include <algorithm>
 #include <initializer_list>
