@@ -1,8 +1,9 @@
 # SPDX-FileCopyrightText: The Vexlator authors
 # SPDX-License-Identifier: MIT
-"""Shapefiles as GDAL reads them, and their comparison with drawings, feature by feature."""
-from osgeo import ogr
+"""Files as GDAL reads them, and their comparison with drawings, feature by feature."""
+from osgeo import gdal, ogr
 
+gdal.UseExceptions()
 ogr.UseExceptions()
 
 
@@ -77,6 +78,43 @@ def check_import(path, entities):
                     f"feature {feature.GetFID()}: {name} is \"{text}\", GDAL reads {feature.GetField(i)!r}"
     assert position == len(entities), f"{len(entities)} entities for {position} parts"
     assert position > 0, "no features"
+
+
+def marks_of(shape):
+    """What the import of GML adds to each part: the number of its surface, when there are several, and holes."""
+    surfaces = [shape]
+    if shape.GetGeometryName() in ("MULTIPOLYGON", "MULTISURFACE"):
+        surfaces = [shape.GetGeometryRef(i) for i in range(shape.GetGeometryCount())]
+    if surfaces[0].GetGeometryName() != "POLYGON":
+        return [[] for _ in parts_of(shape)]
+    number = [[("MPOLY", str(i))] if len(surfaces) > 1 else [] for i in range(1, len(surfaces) + 1)]
+    return [number[i] + ([("ISHOLE", "1")] if ring else [])
+            for i, surface in enumerate(surfaces) for ring in range(surface.GetGeometryCount())]
+
+
+def check_gml(path, entities):
+    """The layers of the drawing hold what GDAL reads from those of the file, feature for feature."""
+    source = gdal.OpenEx(path, gdal.OF_VECTOR, open_options=["EXPOSE_FID=NO", "EXPOSE_GML_ID=NO"])
+    count = 0
+    for layer in (source.GetLayer(i) for i in range(source.GetLayerCount())):
+        own = [entity for entity in entities if entity["layer"] == layer.GetName()]
+        fields = fields_of(layer)
+        for feature in layer:
+            shape, name = feature.GetGeometryRef(), f"{layer.GetName()} {feature.GetFID()}"
+            parts, marks = parts_of(shape), marks_of(shape)
+            found, own, count = own[:len(parts)], own[len(parts):], count + len(parts)
+            assert [points_of(entity) for entity in found] == parts, name + ": other points"
+            present = [i for i in range(len(fields)) if feature.IsFieldSet(i)]
+            for entity, more in zip(found, marks):
+                pairs = [tuple(pair[:2]) for pair in entity["xproperties"]]
+                if ("TOID", str(feature.GetFID())) in pairs:
+                    pairs.remove(("TOID", str(feature.GetFID())))
+                assert pairs[len(present):] == more, f"{name}: {pairs[len(present):]} instead of {more}"
+                for i, (field, text) in zip(present, pairs):
+                    same = float(text) == feature.GetField(i) if fields[i].GetType() != ogr.OFTString else \
+                        text == feature.GetField(i)
+                    assert field == fields[i].GetName() and same, f"{name}: {field}={text}"
+    assert count == len(entities) > 0, f"{len(entities)} entities for {count} parts"
 
 
 def closed(points, is_area):
