@@ -79,11 +79,20 @@ bool PackageWriter::RefuseNegative(const Box& box) {
 PackageWriter::TileFile& PackageWriter::SelectTileFile(std::int32_t number, char letter, PlanePoint anchor,
                                                        double tileSize) {
     if (lastTile_ && lastTile_->number == number && lastTile_->letter == letter) return *lastTile_;
-    std::uint64_t key =
-        std::uint64_t{static_cast<std::uint32_t>(number)} << 8 | static_cast<unsigned char>(letter);
-    TileFile*& tile = tileByName_[key];
+    TileFile*& tile = tileTable_.At(number, letter);
     if (tile == nullptr) tile = &tiles_.emplace_back(number, letter, Box::At(anchor.x, anchor.y), tileSize);
     return *(lastTile_ = tile);
+}
+
+/// Of the tile of the line written last.
+PackageWriter::TileFile& PackageWriter::SelectAreaFile() {
+    TileFile*& areas = lastLine_->tile->areas;
+    if (areas == nullptr) {
+        double tileSize = tileSize_ / 2 < lastLine_->box.Size() ? tileSize_ * 10 : tileSize_;
+        PlanePoint anchor = lastLine_->anchor;
+        areas = &tiles_.emplace_back(lastLine_->tile->number, 'A', Box::At(anchor.x, anchor.y), tileSize);
+    }
+    return *areas;
 }
 
 /// Where the next element of the file begins.
@@ -126,16 +135,14 @@ std::optional<std::int32_t> PackageWriter::WriteLineElement(std::span<const Plan
     memory_.Append(tile.content, steps);
     tile.box.Widen(outline.box);
     largestCount_ = std::max(largestCount_, count);
-    lastLine_ = {feature_.keyHigh, feature_.keyLow, offset, *number, anchor, size, outline.box};
+    lastLine_ = {&tile, feature_.keyHigh, feature_.keyLow, offset, anchor, size, outline.box};
     return offset;
 }
 
 void PackageWriter::OpenNewArea(std::optional<int> part) {
     FinishArea();
     int type = part ? element::firstAreaPart + std::clamp(*part, 0, mostParts) : element::area;
-    double tileSize = tileSize_ / 2 < lastLine_->box.Size() ? tileSize_ * 10 : tileSize_;
-    TileFile& tile = SelectTileFile(lastLine_->tile, 'A', lastLine_->anchor, tileSize);
-    openArea_ = {&tile, Header(static_cast<std::uint8_t>(type)), {lastLine_->box, 0}, {}};
+    openArea_ = {&SelectAreaFile(), Header(static_cast<std::uint8_t>(type)), {lastLine_->box, 0}, {}};
 }
 
 void PackageWriter::CheckForSmallCoordinates() {
@@ -152,7 +159,7 @@ void PackageWriter::WriteAreaRing(AreaRing ring, std::optional<int> part) {
     CheckForSmallCoordinates();
     openArea_->tile->box.Widen(lastLine_->box);
     openArea_->rings.push_back(
-        {1, lastLine_->keyHigh, lastLine_->keyLow, lastLine_->offset, lastLine_->tile});
+        {1, lastLine_->keyHigh, lastLine_->keyLow, lastLine_->offset, lastLine_->tile->number});
 }
 
 /// An area is written when all its rings are known, so that its references follow it.

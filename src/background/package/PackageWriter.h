@@ -8,6 +8,7 @@
 #include "background/package/Records.h"
 #include "background/package/TextAnchor.h"
 #include "background/package/TileMemory.h"
+#include "background/package/TileTable.h"
 #include "platform/OutputSet.h"
 #include "ui/UserInterface.h"
 #include "util/Angles.h"
@@ -18,7 +19,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace vexlator::background {
@@ -87,10 +87,12 @@ private:
         char letter;
         Box box;
         double tileSize;
-        TileContent content;  ///< without the file's header
+        TileFile* areas = nullptr;  ///< of a file of lines: that of the areas whose rings they are
+        TileContent content;        ///< without the file's header
     };
     struct LastLine {
-        std::int32_t keyHigh, keyLow, offset, tile;
+        TileFile* tile;
+        std::int32_t keyHigh, keyLow, offset;
         util::PlanePoint anchor;
         double size;
         Box box;
@@ -105,6 +107,7 @@ private:
     bool RefuseNegative(const Box& box);
     ElementHeader Header(std::uint8_t type) const;
     TileFile& SelectTileFile(std::int32_t number, char letter, util::PlanePoint anchor, double tileSize);
+    TileFile& SelectAreaFile();
     std::int32_t PlaceFor(const TileFile& tile, std::uint64_t elementSize) const;
     void OpenNewArea(std::optional<int> part);
     void CheckForSmallCoordinates();
@@ -127,7 +130,7 @@ private:
     std::int16_t textLength_ = 0;
     double tileSize_ = usualTileSize;
     std::deque<TileFile> tiles_;
-    std::unordered_map<std::uint64_t, TileFile*> tileByName_;
+    TileTable<TileFile> tileTable_;
     TileFile* lastTile_ = nullptr;
     std::optional<LastLine> lastLine_;
     std::optional<OpenArea> openArea_;

@@ -4,62 +4,83 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 #include <utility>
 
 namespace vexlator::background {
 
-TileMemory::TileMemory(std::string folder, std::size_t limit)
-    : folder_(std::move(folder)), mostBlocks_(std::max(limit / sizeof(Block), blocksPerSlab)) {}
+namespace {
+
+constexpr std::size_t mostPieces = std::numeric_limits<std::uint32_t>::max();
+
+}  // namespace
+
+TileMemory::TileMemory(std::string folder, std::size_t limit) : folder_(std::move(folder)), limit_(limit) {}
 
 void TileMemory::Append(TileContent& content, std::string_view bytes) {
+    if (content.number_ == 0) {
+        files_.push_back(&content);
+        content.number_ = static_cast<std::uint32_t>(files_.size());
+    }
+    content.size_ += bytes.size();
     while (!bytes.empty()) {
-        if (content.room_ == 0) AddBlock(content);
-        std::size_t piece = std::min(bytes.size(), content.room_);
-        std::memcpy(At(content.lastBlock_).bytes + (blockBytes - content.room_), bytes.data(), piece);
-        content.room_ -= piece;
-        content.inMemory_ += piece;
-        bytes.remove_prefix(piece);
+        bool continues = room_ > 0 && !pieces_.empty() && pieces_.back().file == content.number_;
+        if (room_ == 0) AddRoom();
+        std::size_t length = std::min(bytes.size(), room_);
+        std::memcpy(slabs_[end_ / slabBytes].get() + end_ % slabBytes, bytes.data(), length);
+        if (continues)
+            pieces_.back().length += static_cast<std::uint32_t>(length);
+        else
+            pieces_.push_back({content.number_, static_cast<std::uint32_t>(length), end_});
+        end_ += length;
+        room_ -= length;
+        bytes.remove_prefix(length);
     }
 }
 
-void TileMemory::AddBlock(TileContent& content) {
-    if (usedBlocks_ == mostBlocks_) Spill();
-    if (usedBlocks_ == slabs_.size() * blocksPerSlab)
-        slabs_.push_back(std::make_unique_for_overwrite<Block[]>(blocksPerSlab));
-    std::uint32_t block = usedBlocks_++;
-    if (content.inMemory_ == 0) {
-        content.firstBlock_ = block;
-        inMemory_.push_back(&content);
-    } else {
-        At(content.lastBlock_).next = block;
-    }
-    content.lastBlock_ = block;
-    content.room_ = blockBytes;
+void TileMemory::AddRoom() {
+    std::size_t bookkeeping = pieces_.capacity() * (sizeof(Piece) + sizeof(std::uint32_t));
+    if (end_ > 0 && (end_ + bookkeeping + slabBytes > limit_ || pieces_.size() + slabBytes > mostPieces))
+        Spill();
+    if (end_ == slabs_.size() * slabBytes)
+        slabs_.push_back(std::make_unique_for_overwrite<char[]>(slabBytes));
+    room_ = slabBytes;
+}
+
+/// A counting sort: what belongs to one file stays in order.
+void TileMemory::GroupByFile() {
+    firstOfFile_.assign(files_.size() + 2, 0);
+    for (const Piece& piece : pieces_) ++firstOfFile_[piece.file + 1];
+    for (std::size_t i = 1; i < firstOfFile_.size(); ++i) firstOfFile_[i] += firstOfFile_[i - 1];
+    order_.resize(pieces_.size());
+    std::vector<std::uint32_t> next = firstOfFile_;
+    for (std::uint32_t i = 0; i < pieces_.size(); ++i) order_[next[pieces_[i].file]++] = i;
 }
 
 template <typename Take>
-void TileMemory::VisitBlocks(const TileContent& content, Take take) {
-    std::uint32_t block = content.firstBlock_;
-    for (std::uint64_t left = content.inMemory_; left > 0; block = At(block).next) {
-        std::size_t piece = std::min<std::uint64_t>(left, blockBytes);
-        take(std::string_view(At(block).bytes, piece));
-        left -= piece;
+void TileMemory::VisitPieces(const TileContent& content, Take take) const {
+    for (std::uint32_t i = firstOfFile_[content.number_]; i < firstOfFile_[content.number_ + 1]; ++i) {
+        const Piece& piece = pieces_[order_[i]];
+        take(std::string_view(slabs_[piece.offset / slabBytes].get() + piece.offset % slabBytes,
+                              piece.length));
     }
 }
 
 void TileMemory::Spill() {
     if (!scratch_) scratch_.emplace(folder_);
-    for (TileContent* content : inMemory_) {
-        content->spilled_.push_back({scratch_->Size(), content->inMemory_});
-        VisitBlocks(*content, [&](std::string_view bytes) { scratch_->Append(bytes); });
-        content->spilledSize_ += std::exchange(content->inMemory_, 0);
-        content->room_ = 0;
+    GroupByFile();
+    for (TileContent* content : files_) {
+        std::uint64_t offset = scratch_->Size();
+        VisitPieces(*content, [&](std::string_view bytes) { scratch_->Append(bytes); });
+        if (scratch_->Size() > offset) content->spilled_.push_back({offset, scratch_->Size() - offset});
     }
-    inMemory_.clear();
-    usedBlocks_ = 0;
+    pieces_.clear();
+    order_.clear();
+    end_ = 0;
 }
 
 void TileMemory::Copy(const TileContent& content, platform::OutputFile& file) {
+    if (firstOfFile_.empty() || order_.size() != pieces_.size()) GroupByFile();
     for (auto [offset, length] : content.spilled_) {
         for (std::uint64_t done = 0; done < length;) {
             std::size_t piece = std::min<std::uint64_t>(length - done, platform::OutputFile::BufferSize);
@@ -68,7 +89,7 @@ void TileMemory::Copy(const TileContent& content, platform::OutputFile& file) {
             done += piece;
         }
     }
-    VisitBlocks(content, [&](std::string_view bytes) { file.Write(bytes); });
+    VisitPieces(content, [&](std::string_view bytes) { file.Write(bytes); });
 }
 
 }  // namespace vexlator::background

@@ -20,22 +20,22 @@ public:
     TileContent() = default;
     TileContent(const TileContent&) = delete;
     TileContent& operator=(const TileContent&) = delete;
-    std::uint64_t Size() const { return spilledSize_ + inMemory_; }
+    std::uint64_t Size() const { return size_; }
 
 private:
     friend class TileMemory;
-    struct Piece {
+    struct Range {
         std::uint64_t offset, length;
     };
-    std::vector<Piece> spilled_;
-    std::uint64_t spilledSize_ = 0;
-    std::uint64_t inMemory_ = 0;
-    std::uint32_t firstBlock_ = 0, lastBlock_ = 0;
-    std::size_t room_ = 0;  ///< left in the last block
+    std::vector<Range> spilled_;
+    std::uint64_t size_ = 0;
+    std::uint32_t number_ = 0;  ///< counted from 1; 0 before the first bytes
 };
 
-/// Holds many growing files at once, in blocks of memory up to a limit. When the limit is reached, all of
-/// them move to a scratch file.
+/// Holds many growing files at once, in memory up to a limit; beyond it they move to a scratch file.
+///
+/// Bytes are kept in the order in which they come, whatever file they belong to, and put together by file
+/// only when they leave: appending touches no memory of other files, of which there may be tens of thousands.
 class TileMemory {
 public:
     /// The scratch file lies in `folder`. At least 1 MB of memory is used, whatever the limit.
@@ -51,24 +51,27 @@ public:
     void Copy(const TileContent& content, platform::OutputFile& file);
 
 private:
-    static constexpr std::size_t blockBytes = 1020;
-    struct Block {
-        std::uint32_t next;
-        char bytes[blockBytes];
+    static constexpr std::size_t slabBytes = std::size_t{1} << 20;
+    /// Bytes of one file, within one slab.
+    struct Piece {
+        std::uint32_t file, length;
+        std::uint64_t offset;  ///< in all slabs
     };
-    static constexpr std::size_t blocksPerSlab = 1024;
 
-    Block& At(std::uint32_t index) { return slabs_[index / blocksPerSlab][index % blocksPerSlab]; }
-    void AddBlock(TileContent& content);
+    void AddRoom();
     void Spill();
+    void GroupByFile();
     template <typename Take>
-    void VisitBlocks(const TileContent& content, Take take);
+    void VisitPieces(const TileContent& content, Take take) const;
 
     std::string folder_;
-    std::size_t mostBlocks_;
-    std::vector<std::unique_ptr<Block[]>> slabs_;
-    std::uint32_t usedBlocks_ = 0;
-    std::vector<TileContent*> inMemory_;
+    std::size_t limit_;
+    std::vector<std::unique_ptr<char[]>> slabs_;
+    std::uint64_t end_ = 0, room_ = 0;  ///< of what is in memory, up to the end of the slab
+    std::vector<Piece> pieces_;
+    std::vector<TileContent*> files_;         ///< by number - 1
+    std::vector<std::uint32_t> order_;        ///< numbers of pieces, by file; made by GroupByFile()
+    std::vector<std::uint32_t> firstOfFile_;  ///< in order_, by number; one more than there are files
     std::optional<platform::ScratchFile> scratch_;
 };
 
