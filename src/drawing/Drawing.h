@@ -309,8 +309,8 @@ public:
     /// hexadecimal.
     bool setHandle(Entity entity, std::string_view handle);
 
-    /// Multiplies every coordinate, radius and text height about the origin (0, 0, 0). Symbols keep their scale,
-    /// which says nothing about the ground.
+    /// Multiplies every coordinate, radius and text height about the origin (0, 0, 0). Symbols keep their
+    /// scale, which says nothing about the ground.
     void scale(double factor);
 
     // --- For importers, which add millions of entities with the same attribute names.
