@@ -237,13 +237,15 @@ GRIDSIZE=1000
 MAXENTITIES=
 ; Layers of PDF backgrounds, joined by backslashes. Default: those found beside the PDF.
 PDFlayers=
-; Flag: background packages keep symbols whole. Default: off.
+; Flag: symbols become points of a background package; else they are taken apart. Default: off.
 DONTEXPLODE=0
-; Attributes that go into background packages. Default: none.
+; Layers whose attributes go into background packages in records of one width: {LAYER,WIDTH,NAME,NAME}{...}.
+; Default: every attribute of other layers goes with its name.
 AttributeList=
 ; Flag: also write a DXF file with a background package. Default: off.
 CREATEDXF=0
-; Flag: closed polylines become areas too. Default: off.
+; Flag: closed polylines become areas too, not only those of classified drawings. A file DRAWING.VDF.info
+; beside the drawing does the same. Default: off.
 GENFULLPOLYS=0
 ; MasterMap backup folder. Default: c:\MMbackup.
 MMBACKUP=
@@ -256,6 +258,7 @@ STYLEFILE=
 ; Megabytes of memory for a package's tiles; what is beyond goes to a temporary file. Default: 512.
 MEMORYMB=512
 
+; What stands in the next three sections holds for packages that are built without a style file, which has them too.
 [FIXEDANNO]
 ; Height of every annotation of a background package. Default: each its own.
 HGT=

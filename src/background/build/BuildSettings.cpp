@@ -36,11 +36,15 @@ BuildSettings::BuildSettings(config::Session& session, std::string_view drawingP
       memoryBytes(MemoryFrom(session.ReadIni("GRP", "MEMORYMB"))),
       attributes(session.ReadIni("GRP", "AttributeList")),
       mobileStyles(ReadStyleText(session.ReadIni("MOBILESTYLING", "FILE"))) {
-    if (styleFile.empty()) return;
-    if (util::FileSize(styleFile) > 0)
+    if (util::FileSize(styleFile) > 0) {
         style = LoadBackgroundStyle(styleFile);
-    else
+        return;
+    }
+    if (!styleFile.empty())
         session.Ui().ShowMessage("Style file not found: " + platform::NativePath(styleFile));
+    style.layerOnField = session.ReadIni("LAYERON", "FIELD");
+    style.searchOnField = session.ReadIni("SEARCHON", "FIELD");
+    style.fixedAnnotationHeight = session.ReadIni("FIXEDANNO", "HGT");
 }
 
 void BuildSettings::ListOptimisedAttributes(const drawing::Drawing& drawing) {

@@ -16,7 +16,7 @@ namespace vexlator::background {
 /// What decides how a package is built, beside the drawing itself.
 struct BuildSettings {
     /// Reads [GRP] and [MOBILESTYLING] of gv.ini and a background styling file ("" for none). One that is
-    /// not there is told and counts as none.
+    /// not there is told and counts as none. Without one, what gv.ini says of layers and search is taken.
     /// @throws platform::ReadError for a style file, or mobile style file, that cannot be read
     BuildSettings(config::Session& session, std::string_view drawingPath, std::string_view styleFile);
 
