@@ -6,6 +6,7 @@
 #include "platform/Paths.h"
 #include "util/Files.h"
 #include "util/Numbers.h"
+#include "util/Paths.h"
 
 #include <algorithm>
 #include <string>
@@ -19,6 +20,12 @@ constexpr std::int64_t mostMegabytes = 1 << 20;
 constexpr std::size_t fewLayers = 4;
 constexpr int optimisedWidth = 64;
 
+/// A file beside the drawing that some importers of areas leave: AREA.VDF.info, or AREA.info.
+bool HasInfoFile(std::string_view drawingPath) {
+    return util::FileSize(std::string(drawingPath) + ".info") > 0 ||
+           util::FileSize(util::ChangeExtension(drawingPath, "info")) > 0;
+}
+
 std::size_t MemoryFrom(const std::string& megabytes) {
     if (megabytes.empty()) return PackageWriter::usualMemory;
     std::int64_t number = std::clamp<std::int64_t>(util::IntegerOf(megabytes), 0, mostMegabytes);
@@ -31,8 +38,7 @@ BuildSettings::BuildSettings(config::Session& session, std::string_view drawingP
                              std::string_view styleFile)
     : createDxf(session.ReadIniFlag("GRP", "CREATEDXF")),
       keepSymbols(session.ReadIniFlag("GRP", "DONTEXPLODE")),
-      fullPolygons(session.ReadIniFlag("GRP", "GENFULLPOLYS") ||
-                   util::FileSize(std::string(drawingPath) + ".info") > 0),
+      fullPolygons(session.ReadIniFlag("GRP", "GENFULLPOLYS") || HasInfoFile(drawingPath)),
       memoryBytes(MemoryFrom(session.ReadIni("GRP", "MEMORYMB"))),
       attributes(session.ReadIni("GRP", "AttributeList")),
       mobileStyles(ReadStyleText(session.ReadIni("MOBILESTYLING", "FILE"))) {
