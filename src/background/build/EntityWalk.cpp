@@ -17,9 +17,9 @@ using drawing::Kind;
 using util::PlanePoint;
 
 constexpr double leastTileSize = 300;
-/// A symbol that holds itself would unfold for ever, and a few levels of a thousand symbols for years.
+/// A symbol that holds itself would unfold for ever, and a few depths of a thousand symbols for years.
 constexpr int deepestSymbol = 16;
-constexpr std::uint64_t mostSymbolsInSymbols = 10'000'000;
+constexpr std::uint64_t mostDescents = 1'000'000'000;
 
 /// The one alignment of a drawing's text that the device has a position code for.
 constexpr std::int32_t centredAlignment = 106;
@@ -58,10 +58,13 @@ std::uint64_t EntityWalk::Run() {
         view_.Progress(++taken, total);
         if (!IsUnfolded(entity.kindCode())) Take(itemOf(entity));
     });
-    drawing_.forEach([&](drawing::Entity entity) {
-        if (IsUnfolded(entity.kindCode())) Unfold(itemOf(entity));
-    });
-    for (; !inSymbols_.empty(); inSymbols_.pop_front()) Unfold(inSymbols_.front());
+    hasDeeper_ = true;
+    for (int depth = 0; depth <= deepestSymbol && hasDeeper_; ++depth) {
+        hasDeeper_ = false;
+        drawing_.forEach([&](drawing::Entity entity) {
+            if (IsUnfolded(entity.kindCode())) Descend(itemOf(entity), depth);
+        });
+    }
     ReportSkipped();
     return taken;
 }
@@ -105,8 +108,31 @@ void EntityWalk::Take(const Item& item) {
     }
 }
 
-void EntityWalk::Unfold(const Item& item) {
+template <typename Visit>
+void EntityWalk::ForEachPart(const Item& insert, drawing::Drawing& content, Visit visit) {
+    Placement placement = PlacementOf(insert.entity, insert.placement);
+    content.forEach([&](drawing::Entity entity) {
+        visit(Item{entity, insert.layer, &content, insert.depth + 1, placement});
+    });
+}
+
+/// Unfolds what lies in so many symbols, counted from the drawing, within this one.
+void EntityWalk::Descend(const Item& item, int depth) {
     if (headers_.IsHidden(*item.layer)) return;
+    if (++descents_ > mostDescents) {
+        ++tooDeep_;
+        return;
+    }
+    if (item.depth == depth) return Unfold(item);
+    if (item.entity.kindCode() != Kind::Insert) return;
+    drawing::Drawing* content = symbols_.ContentOf(item.entity.blockName(), *item.owner);
+    if (content == nullptr) return;
+    ForEachPart(item, *content, [&](const Item& part) {
+        if (IsUnfolded(part.entity.kindCode())) Descend(part, depth);
+    });
+}
+
+void EntityWalk::Unfold(const Item& item) {
     switch (item.entity.kindCode()) {
         case Kind::Circle:
         case Kind::Arc:
@@ -124,18 +150,10 @@ void EntityWalk::UnfoldInsert(const Item& item) {
         ++withoutParts_;
         return;
     }
-    if (item.depth == deepestSymbol || unfolded_ == mostSymbolsInSymbols) {
-        ++tooDeep_;
-        return;
-    }
-    if (item.IsPart()) ++unfolded_;
-    Placement placement = PlacementOf(item.entity, item.placement);
-    content->forEach([&](drawing::Entity entity) {
-        Item part{entity, item.layer, content, item.depth + 1, placement};
-        if (IsUnfolded(entity.kindCode()))
-            inSymbols_.push_back(part);
-        else
-            Take(part);
+    ForEachPart(item, *content, [&](const Item& part) {
+        if (!IsUnfolded(part.entity.kindCode())) return Take(part);
+        hasDeeper_ = true;
+        if (part.depth > deepestSymbol) ++tooDeep_;
     });
 }
 

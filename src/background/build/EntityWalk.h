@@ -15,14 +15,16 @@
 #include "drawing/Drawing.h"
 
 #include <cstdint>
-#include <deque>
 #include <optional>
 #include <string>
 
 namespace vexlator::background {
 
 /// Takes the entities of a drawing to a package: first those that are written as they stand, in order; then
-/// what symbols and curves among them are made of, again in order; then what is in the symbols of symbols.
+/// what symbols and curves among them are made of, again in order; then what is in the symbols of symbols,
+/// one depth after the other. So are they in a queue that unfolded parts join at its end; but each depth
+/// walks from the drawing's symbols down once more instead of keeping the queue, which would outgrow the
+/// drawing.
 class EntityWalk {
 public:
     EntityWalk(config::Session& session, const BuildSettings& settings, drawing::Drawing& drawing,
@@ -54,6 +56,9 @@ private:
     void SetTileSizeByDensity();
     bool IsUnfolded(drawing::Kind kind) const;
     void Take(const Item& item);
+    template <typename Visit>
+    void ForEachPart(const Item& insert, drawing::Drawing& content, Visit visit);
+    void Descend(const Item& item, int depth);
     void Unfold(const Item& item);
     void UnfoldInsert(const Item& item);
     void WriteCurve(const Item& item);
@@ -78,8 +83,8 @@ private:
     std::optional<double> annotationHeight_;
     PerAttributeSet<RingColumns> ringColumns_;
     Outline outline_;
-    std::deque<Item> inSymbols_;  ///< symbols and curves in symbols, still to be unfolded
-    std::uint64_t unfolded_ = 0;
+    bool hasDeeper_ = false;  ///< symbols were unfolded that hold symbols or curves
+    std::uint64_t descents_ = 0;
     std::uint64_t withoutParts_ = 0, tooDeep_ = 0;
 };
 
