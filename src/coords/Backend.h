@@ -4,6 +4,7 @@
 
 #include "util/Angles.h"
 
+#include <cstddef>
 #include <optional>
 #include <span>
 #include <string>
@@ -17,6 +18,10 @@ enum class Direction { ToLatLng, ToGrid };
 struct Coordinates {
     std::span<util::PlanePoint> points;
     std::span<double> heights;
+
+    Coordinates Part(std::size_t begin, std::size_t count) const {
+        return {points.subspan(begin, count), heights.empty() ? heights : heights.subspan(begin, count)};
+    }
 };
 
 /// One way to convert.

@@ -121,10 +121,7 @@ std::size_t ConvertArray(Backend& backend, Direction direction, Coordinates coor
     std::size_t failed = 0;
     for (std::size_t begin = 0; begin < coordinates.points.size(); begin += blockSize) {
         std::size_t size = std::min(blockSize, coordinates.points.size() - begin);
-        bool hasHeights = !coordinates.heights.empty();
-        failed += block.Convert(
-            backend, {coordinates.points.subspan(begin, size),
-                      hasHeights ? coordinates.heights.subspan(begin, size) : std::span<double>()});
+        failed += block.Convert(backend, coordinates.Part(begin, size));
     }
     return failed;
 }

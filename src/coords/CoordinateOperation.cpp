@@ -19,11 +19,6 @@ struct FactoryDeleter {
 };
 using Factory = std::unique_ptr<PJ_OPERATION_FACTORY_CONTEXT, FactoryDeleter>;
 
-struct ListDeleter {
-    void operator()(PJ_OBJ_LIST* list) const { proj_list_destroy(list); }
-};
-using ObjectList = std::unique_ptr<PJ_OBJ_LIST, ListDeleter>;
-
 std::string_view WithoutBlanks(std::string_view text) {
     constexpr std::string_view blanks(" \t\r\n\0", 5);
     std::size_t begin = text.find_first_not_of(blanks);
@@ -64,15 +59,14 @@ bool HasHeights(PJ* system) {
     return type == PJ_TYPE_COMPOUND_CRS || type == PJ_TYPE_GEOGRAPHIC_3D_CRS;
 }
 
-/// The operations from best to worst, whether their grids are there or not.
-ObjectList KnownOperations(PJ_CONTEXT* context, PJ* from, PJ* to) {
+/// The operations from best to worst.
+ProjList KnownOperations(PJ_CONTEXT* context, PJ* from, PJ* to, PROJ_GRID_AVAILABILITY_USE grids) {
     Factory factory(proj_create_operation_factory_context(context, nullptr));
     proj_operation_factory_context_set_spatial_criterion(context, factory.get(),
                                                          PROJ_SPATIAL_CRITERION_PARTIAL_INTERSECTION);
-    proj_operation_factory_context_set_grid_availability_use(context, factory.get(),
-                                                             PROJ_GRID_AVAILABILITY_IGNORED);
+    proj_operation_factory_context_set_grid_availability_use(context, factory.get(), grids);
     proj_operation_factory_context_set_allow_ballpark_transformations(context, factory.get(), 0);
-    return ObjectList(proj_create_operations(context, from, to, factory.get()));
+    return ProjList(proj_create_operations(context, from, to, factory.get()));
 }
 
 std::string MissingGrid(PJ_CONTEXT* context, PJ* operation) {
@@ -88,31 +82,38 @@ std::string MissingGrid(PJ_CONTEXT* context, PJ* operation) {
     return "";
 }
 
-/// Easting and northing, longitude and latitude in this order, in degrees.
-ProjObject Normalized(PJ_CONTEXT* context, const ProjObject& operation) {
-    return ProjObject(operation ? proj_normalize_for_visualization(context, operation.get()) : nullptr);
+/// The coordinate system with easting and northing, or longitude and latitude, in this order.
+ProjObject Normalized(PJ_CONTEXT* context, PJ* system) {
+    return ProjObject(system ? proj_normalize_for_visualization(context, system) : nullptr);
 }
 
 CoordinateOperation FromSystem(ProjContext& context, PJ* system) {
     CoordinateOperation result;
     PJ_CONTEXT* proj = context.Get();
-    ProjObject target = context.Create(HasHeights(system) ? "EPSG:4979" : "EPSG:4326");
-    ObjectList known = target ? KnownOperations(proj, system, target.get()) : nullptr;
+    ProjObject from = Normalized(proj, system);
+    ProjObject to = Normalized(proj, context.Create(HasHeights(system) ? "EPSG:4979" : "EPSG:4326").get());
+    bool isUsable = from && to;
+    ProjList known =
+        isUsable ? KnownOperations(proj, from.get(), to.get(), PROJ_GRID_AVAILABILITY_IGNORED) : nullptr;
     if (!known || proj_list_get_count(known.get()) == 0) {
-        result.reason = target ? "no transformation to WGS 84 is known" : context.Reason();
+        result.reason = isUsable ? "no transformation to WGS 84 is known" : context.Reason();
         return result;
     }
     ProjObject best(proj_list_get(proj, known.get(), 0));
+    ProjList choices;
     result.missingGrid = MissingGrid(proj, best.get());
     bool bestHasGrids = proj_coordoperation_get_grid_used_count(proj, best.get()) > 0;
     if (!bestHasGrids || !result.missingGrid.empty()) {
         // Several may share the area: the library takes for each point the one that is made for its place.
         const char* const options[] = {"ALLOW_BALLPARK=NO", nullptr};
-        best.reset(proj_create_crs_to_crs_from_pj(proj, system, target.get(), nullptr, options));
+        best.reset(proj_create_crs_to_crs_from_pj(proj, from.get(), to.get(), nullptr, options));
+        choices = KnownOperations(proj, from.get(), to.get(),
+                                  PROJ_GRID_AVAILABILITY_DISCARD_OPERATION_IF_MISSING_GRID);
     }
-    result.operation = Normalized(proj, best);
-    if (result.operation && !context.CanReadGrids(*result.operation)) result.operation.reset();
-    if (!result.operation) result.reason = context.Reason();
+    if (best && context.CanReadGrids(*best))
+        result.operation = ArrayOperation(context, std::move(best), std::move(choices));
+    else
+        result.reason = context.Reason();
     return result;
 }
 
@@ -146,7 +147,7 @@ CoordinateOperation OperationFor(ProjContext& context, const std::string& defini
     else if (!IsOperation(object.get()))
         result.reason = "neither a coordinate system nor an operation";
     else
-        result.operation = std::move(object);
+        result.operation = ArrayOperation(context, std::move(object));
     return result;
 }
 

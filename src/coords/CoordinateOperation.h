@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "coords/ArrayOperation.h"
 #include "coords/ProjContext.h"
 
 #include <string>
@@ -11,9 +12,9 @@ namespace vexlator::coords {
 
 /// What the text of a definition file leads to.
 struct CoordinateOperation {
-    ProjObject operation;     ///< from the grid to longitude and latitude; null when there is none
-    std::string reason;       ///< why there is no operation
-    std::string missingGrid;  ///< file that the best operation needs and that is not there; else ""
+    ArrayOperation operation;  ///< from the grid to longitude and latitude; none when there is a reason
+    std::string reason;        ///< why there is no operation
+    std::string missingGrid;   ///< file that the best operation needs and that is not there; else ""
 };
 
 /// The definition in a file's bytes: without byte-order mark, blanks at both ends, and enclosing quotes.

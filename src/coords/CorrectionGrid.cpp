@@ -52,13 +52,13 @@ void CorrectionGrid::LoadShifts(ui::UserInterface& userInterface) {
     for (const char* name : {"OSTN02.INT", "OSTN97.INT", publishedShifts, publishedShiftsNtv2}) {
         shiftFile_ = context_.FindInFolders(name);
         if (shiftFile_.empty()) continue;
-        shifts_ = CreateShifts(context_, name);
+        shifts_ = ArrayOperation(context_, CreateShifts(context_, name));
         if (!shifts_) userInterface.ShowMessage(Unusable(shiftFile_, context_));
         return;
     }
     for (const char* name : {publishedShifts, publishedShiftsNtv2}) {
         shiftFile_ = name;
-        shifts_ = CreateShifts(context_, name);
+        shifts_ = ArrayOperation(context_, CreateShifts(context_, name));
         if (shifts_) return;
     }
     userInterface.ShowMessage("No Correction File Found");
@@ -78,7 +78,7 @@ void CorrectionGrid::Convert(Direction direction, Coordinates coordinates) {
     }
     bool geoid = geoid_ && !coordinates.heights.empty();
     if (geoid && direction == Direction::ToGrid) Transform(*geoid_, Direction::ToGrid, coordinates);
-    Transform(*shifts_, direction, {coordinates.points, {}});
+    shifts_.Convert(direction, {coordinates.points, {}});
     if (geoid && direction == Direction::ToLatLng) Transform(*geoid_, direction, coordinates);
 }
 

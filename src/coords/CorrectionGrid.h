@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "coords/ArrayOperation.h"
 #include "coords/Backend.h"
 #include "coords/ProjContext.h"
 #include "ui/UserInterface.h"
@@ -31,7 +32,8 @@ private:
     void LoadGeoid(ui::UserInterface& userInterface);
 
     ProjContext context_;
-    ProjObject shifts_, geoid_;
+    ArrayOperation shifts_;
+    ProjObject geoid_;
     std::string shiftFile_, geoidFile_;
 };
 

@@ -80,8 +80,8 @@ void Transform(PJ& operation, Direction direction, Coordinates coordinates) {
     std::size_t count = points.size(), heightCount = hasHeights ? count : 1;
     constexpr std::size_t step = sizeof(util::PlanePoint), heightStep = sizeof(double);
     proj_errno_reset(&operation);
-    proj_trans_generic(&operation, direction == Direction::ToLatLng ? PJ_FWD : PJ_INV, &points[0].x, step,
-                       count, &points[0].y, step, count, heights, heightStep, heightCount, &now, 0, 1);
+    proj_trans_generic(&operation, ProjDirection(direction), &points[0].x, step, count, &points[0].y, step,
+                       count, heights, heightStep, heightCount, &now, 0, 1);
 }
 
 }  // namespace vexlator::coords

@@ -18,6 +18,11 @@ struct ProjDeleter {
 };
 using ProjObject = std::unique_ptr<PJ, ProjDeleter>;
 
+struct ProjListDeleter {
+    void operator()(PJ_OBJ_LIST* list) const { proj_list_destroy(list); }
+};
+using ProjList = std::unique_ptr<PJ_OBJ_LIST, ProjListDeleter>;
+
 /// The library's state for one thread. It looks for grids in our folders first, then in its own data folders
 /// (PROJ_DATA, the user's, the system's), and never in the network. It prints nothing.
 /// Everything made with it must go before it.
@@ -48,6 +53,11 @@ private:
     std::string reason_;
     PJ_CONTEXT* context_;
 };
+
+/// The library's word for a direction of operations that lead from the grid to longitude and latitude.
+constexpr PJ_DIRECTION ProjDirection(Direction direction) {
+    return direction == Direction::ToLatLng ? PJ_FWD : PJ_INV;
+}
 
 /// Applies an operation that leads from the grid to longitude and latitude, or its inverse. Degrees outside
 /// 360 by 90 and grid values beyond 10^9, which the library would wrap around the world, count as impossible.

@@ -41,7 +41,7 @@ void Transformer::Convert(Direction direction, Coordinates coordinates) {
         for (util::PlanePoint& point : coordinates.points) point = {HUGE_VAL, HUGE_VAL};
         return;
     }
-    Transform(*instance.operation, direction, coordinates);
+    instance.operation.Convert(direction, coordinates);
 }
 
 void Transformer::Load(Instance& instance) {

@@ -29,7 +29,7 @@ private:
     enum class State { NotLoaded, Failed, Loaded };
     struct Instance {
         State state = State::NotLoaded;
-        ProjObject operation;
+        ArrayOperation operation;
     };
 
     void Load(Instance& instance);
