@@ -19,7 +19,7 @@ using formats::KmlShape;
 
 namespace {
 
-constexpr std::size_t batchPoints = 65536;
+constexpr std::size_t batchPoints = 16384;
 
 bool IsOnGlobe(const util::PlanePoint& degrees) {
     return std::fabs(degrees.x) <= 180 && std::fabs(degrees.y) <= 90;
@@ -89,7 +89,7 @@ void KmlLayer::CloseRing(std::size_t begin) {
 /// Positions that cannot be converted are marked as being nowhere: metres must not pass for degrees.
 void KmlLayer::ConvertBatch() {
     const std::vector<util::PlanePoint> grid = points_;
-    if (converter_.GridToLatLng(points_, heights_) == 0) return;
+    if (converter_.GridToLatLng(points_, heights_, coords::Rounding::None) == 0) return;  // the writer rounds
     for (std::size_t i = 0; i < points_.size(); ++i)
         if (points_[i] == grid[i] && !converter_.GridToLatLng(grid[i].x, grid[i].y, heights_[i], false))
             points_[i].x = std::numeric_limits<double>::quiet_NaN();
