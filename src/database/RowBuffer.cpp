@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 
 namespace vexlator::database {
 
@@ -21,7 +22,6 @@ RowBuffer::RowBuffer(const odbc::Handle& statement, const std::string& sql, std:
     Check(SQLSetStmtAttr(statement.Get(), SQL_ATTR_ROW_ARRAY_SIZE, odbc::Number(rowsPerBlock), 0));
     Check(SQLSetStmtAttr(statement.Get(), SQL_ATTR_ROWS_FETCHED_PTR, &fetched_, 0));
     for (std::size_t i = 0; i < columns; ++i) {
-        columns_[i].cells.resize(cellSize * rowsPerBlock);
         columns_[i].lengths.resize(rowsPerBlock);
         Describe(i);
         Bind(i);
@@ -41,8 +41,10 @@ void RowBuffer::Describe(std::size_t index) {
 
 void RowBuffer::Bind(std::size_t index) {
     Column& column = columns_[index];
+    column.cellSize = column.wantedSize;
+    column.cells.resize(column.cellSize * column.lengths.size());
     Check(SQLBindCol(statement_.Get(), static_cast<SQLUSMALLINT>(index + 1), column.inMemory,
-                     column.cells.data(), cellSize, column.lengths.data()));
+                     column.cells.data(), static_cast<SQLLEN>(column.cellSize), column.lengths.data()));
 }
 
 void RowBuffer::Restart() {
@@ -53,29 +55,34 @@ void RowBuffer::Restart() {
 
 bool RowBuffer::Next() {
     if (atEnd_) return false;
-    if (++row_ >= fetched_) {
-        row_ = 0;
-        SQLRETURN result = SQLFetch(statement_.Get());
-        atEnd_ = result == SQL_NO_DATA;
-        if (atEnd_) return false;
-        Check(result);
-    }
+    if (++row_ >= fetched_ && !FetchBlock()) return false;
     for (std::size_t i = 0; i < columns_.size(); ++i)
         if (!FitsCell(columns_[i])) FetchLongValue(i);
     return true;
 }
 
+bool RowBuffer::FetchBlock() {
+    for (std::size_t i = 0; i < columns_.size(); ++i)
+        if (columns_[i].wantedSize > columns_[i].cellSize) Bind(i);
+    row_ = 0;
+    SQLRETURN result = SQLFetch(statement_.Get());
+    atEnd_ = result == SQL_NO_DATA;
+    if (!atEnd_) Check(result);
+    return !atEnd_;
+}
+
 bool RowBuffer::FitsCell(const Column& column) const {
     SQLLEN length = column.lengths[row_];
     std::size_t ending = column.inMemory == SQL_C_CHAR ? 1 : 0;
-    return length == SQL_NULL_DATA || (length >= 0 && static_cast<std::size_t>(length) + ending <= cellSize);
+    return length == SQL_NULL_DATA ||
+           (length >= 0 && static_cast<std::size_t>(length) + ending <= column.cellSize);
 }
 
 std::string_view RowBuffer::Text(std::size_t index) const {
     const Column& column = columns_[index];
     if (!FitsCell(column)) return column.longValue;
     SQLLEN length = std::max<SQLLEN>(column.lengths[row_], 0);
-    return {column.cells.data() + row_ * cellSize, static_cast<std::size_t>(length)};
+    return {column.cells.data() + row_ * column.cellSize, static_cast<std::size_t>(length)};
 }
 
 void RowBuffer::FetchLongValue(std::size_t index) {
@@ -95,8 +102,10 @@ void RowBuffer::FetchLongValue(std::size_t index) {
         bool more = result == SQL_SUCCESS_WITH_INFO;
         std::size_t piece = more ? pieceSize - ending : static_cast<std::size_t>(std::max<SQLLEN>(left, 0));
         column.longValue.resize(got + piece);
-        if (!more) return;
+        if (!more) break;
     }
+    std::size_t size = std::bit_ceil(std::min(column.longValue.size() + ending, largestCellSize));
+    column.wantedSize = std::max(column.wantedSize, size);
 }
 
 }  // namespace vexlator::database

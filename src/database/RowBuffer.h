@@ -10,8 +10,9 @@
 
 namespace vexlator::database {
 
-/// The rows of a result, fetched in blocks into buffers that the driver fills. Values that do not fit are
-/// fetched one by one; a driver that cannot do that within a block gives one row at a time.
+/// The rows of a result, fetched in blocks into buffers that the driver fills. Values that do not fit their
+/// cell are fetched one by one, and the cells of their column grow; a driver that cannot do that within a
+/// block gives one row at a time.
 class RowBuffer {
 public:
     /// @param statement has run and outlives this object, as does `sql`
@@ -31,20 +32,25 @@ public:
     std::string_view Text(std::size_t column) const;
 
 private:
+    // Drivers clear what a value leaves of its cell.
+    static constexpr std::size_t firstCellSize = 64, largestCellSize = 4096;
+
     struct Column {
         std::string name;
         SQLSMALLINT inDatabase = SQL_VARCHAR, inMemory = SQL_C_CHAR;
-        std::vector<char> cells;      ///< cellSize bytes for each row of the block
-        std::vector<SQLLEN> lengths;  ///< of the whole value, or SQL_NULL_DATA, or SQL_NO_TOTAL
-        std::string longValue;        ///< of the current row, when it does not fit its cell
+        std::size_t cellSize = firstCellSize;
+        std::size_t wantedSize = firstCellSize;  ///< from the next block on
+        std::vector<char> cells;                 ///< cellSize bytes for each row of the block
+        std::vector<SQLLEN> lengths;             ///< of the whole value, or SQL_NULL_DATA, or SQL_NO_TOTAL
+        std::string longValue;                   ///< of the current row, when it does not fit its cell
     };
     void Describe(std::size_t index);
     void Bind(std::size_t index);
+    bool FetchBlock();
     bool FitsCell(const Column& column) const;
     void FetchLongValue(std::size_t index);
     void Check(SQLRETURN result) const { statement_.Check(result, sql_); }
 
-    static constexpr std::size_t cellSize = 256;
     const odbc::Handle& statement_;
     const std::string& sql_;
     std::vector<Column> columns_;
