@@ -36,6 +36,9 @@ Connection::Impl::Impl(const std::string& connectionString) {
     SQLUINTEGER extensions = 0;
     SQLGetInfo(handle.Get(), SQL_GETDATA_EXTENSIONS, &extensions, sizeof extensions, nullptr);
     if (extensions & SQL_GD_BLOCK) rowsPerBlock = largestBlock;
+    SQLUSMALLINT supported = SQL_TRUE;
+    SQLGetFunctions(handle.Get(), SQL_API_SQLNUMPARAMS, &supported);
+    takesParameters = supported == SQL_TRUE;
     dbaseFolder = DbaseFolderOf(connectionString);
 }
 
@@ -77,6 +80,8 @@ std::string Connection::Quoted(std::string_view identifier) const {
 // SQLite's transactions begin by statement, because only so can they take the write lock at once: one that
 // takes it later fails, instead of waiting, when another program has written in between.
 Transaction::Transaction(Connection& connection) : connection_(connection) {
+    if (!connection.impl_->takesParameters)
+        throw DatabaseError("25006", "the driver for such a database only reads");
     if (connection.Kind() == Connection::Product::Sqlite) {
         connection.Execute("BEGIN IMMEDIATE");
         return;

@@ -19,6 +19,7 @@ struct Connection::Impl {
     odbc::Handle handle{SQL_HANDLE_DBC, environment.Get()};
     Product product = Product::Other;
     std::size_t rowsPerBlock = 1;
+    bool takesParameters = true;                     ///< not so the driver for Access files, which only reads
     std::string dbaseFolder;                         ///< whose tables are copied in as they are asked for
     std::set<std::string, std::less<>> dbaseTables;  ///< those that have been
     std::string quote;  ///< around identifiers; empty when the database knows no quotes

@@ -19,8 +19,10 @@ bool IsBinary(SQLSMALLINT type) {
 RowBuffer::RowBuffer(const odbc::Handle& statement, const std::string& sql, std::size_t columns,
                      std::size_t rowsPerBlock)
     : statement_(statement), sql_(sql), columns_(columns) {
-    Check(SQLSetStmtAttr(statement.Get(), SQL_ATTR_ROW_ARRAY_SIZE, odbc::Number(rowsPerBlock), 0));
-    Check(SQLSetStmtAttr(statement.Get(), SQL_ATTR_ROWS_FETCHED_PTR, &fetched_, 0));
+    if (rowsPerBlock > 1) {  // the driver for Access files knows no such attributes
+        Check(SQLSetStmtAttr(statement.Get(), SQL_ATTR_ROW_ARRAY_SIZE, odbc::Number(rowsPerBlock), 0));
+        Check(SQLSetStmtAttr(statement.Get(), SQL_ATTR_ROWS_FETCHED_PTR, &fetched_, 0));
+    }
     for (std::size_t i = 0; i < columns; ++i) {
         columns_[i].lengths.resize(rowsPerBlock);
         Describe(i);
@@ -65,6 +67,7 @@ bool RowBuffer::FetchBlock() {
     for (std::size_t i = 0; i < columns_.size(); ++i)
         if (columns_[i].wantedSize > columns_[i].cellSize) Bind(i);
     row_ = 0;
+    fetched_ = 1;
     SQLRETURN result = SQLFetch(statement_.Get());
     atEnd_ = result == SQL_NO_DATA;
     if (!atEnd_) Check(result);

@@ -35,7 +35,8 @@ struct Statement::Impl {
     Impl(Connection& connection, std::string text)
         : sql(std::move(text)),
           handle(SQL_HANDLE_STMT, connection.impl_->handle.Get()),
-          rowsPerBlock(connection.impl_->rowsPerBlock) {}
+          rowsPerBlock(connection.impl_->rowsPerBlock),
+          takesParameters(connection.impl_->takesParameters) {}
 
     void Check(SQLRETURN result) const { handle.Check(result, sql); }
     void Prepare();
@@ -44,6 +45,7 @@ struct Statement::Impl {
     std::string sql;
     odbc::Handle handle;
     std::size_t rowsPerBlock;
+    bool takesParameters;
     std::vector<ParameterBuffer> parameters;
     std::optional<RowBuffer> rows;
 };
@@ -51,7 +53,7 @@ struct Statement::Impl {
 void Statement::Impl::Prepare() {
     Check(SQLPrepare(handle.Get(), odbc::Text(sql), SQL_NTS));
     SQLSMALLINT count = 0;
-    Check(SQLNumParams(handle.Get(), &count));
+    if (takesParameters) Check(SQLNumParams(handle.Get(), &count));
     parameters.resize(static_cast<std::size_t>(count));
 }
 
