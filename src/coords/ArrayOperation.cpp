@@ -14,29 +14,33 @@ namespace {
 /// Points that are converted in one go: few enough that a copy of them stays in the cache.
 constexpr std::size_t mostInRun = 4096;
 
+/// Before as many points have come, the library has them converted in less time than it takes to prepare.
+constexpr std::size_t manyPoints = 20000;
+
 }  // namespace
 
-ArrayOperation::ArrayOperation(ProjContext& context, ProjObject operation, ProjList choices)
-    : context_(context.Get()), operation_(std::move(operation)), choices_(std::move(choices)) {
-    if (!operation_) return;
+void ArrayOperation::Prepare() {
+    if (listChoices_) choices_ = listChoices_();
     int count = choices_ ? proj_list_get_count(choices_.get()) : 1;
     if (count == 1) choices_.reset();
     for (int i = 0; i < count; ++i) {
-        ProjObject choice(choices_ ? proj_list_get(context_, choices_.get(), i) : nullptr);
-        pipelines_.push_back(ArrayPipeline::From(context, choice ? *choice : *operation_));
+        ProjObject choice(choices_ ? proj_list_get(context_->Get(), choices_.get(), i) : nullptr);
+        pipelines_.push_back(ArrayPipeline::From(*context_, choice ? *choice : *operation_));
     }
 }
 
 const ArrayPipeline* ArrayOperation::PipelineFor(Direction direction, const util::PlanePoint& point) const {
-    int choice = 0;
-    if (choices_)
-        choice = proj_get_suggested_operation(context_, choices_.get(), ProjDirection(direction),
-                                              proj_coord(point.x, point.y, 0, 0));
-    return choice >= 0 && pipelines_[choice] ? &*pipelines_[choice] : nullptr;
+    std::size_t choice = 0;
+    if (choices_)  // none becomes a large number
+        choice = static_cast<std::size_t>(proj_get_suggested_operation(
+            context_->Get(), choices_.get(), ProjDirection(direction), proj_coord(point.x, point.y, 0, 0)));
+    return choice < pipelines_.size() && pipelines_[choice] ? &*pipelines_[choice] : nullptr;
 }
 
 void ArrayOperation::Convert(Direction direction, Coordinates coordinates) {
     std::size_t count = coordinates.points.size();
+    points_ += count;
+    if (points_ >= manyPoints && pipelines_.empty()) Prepare();
     for (std::size_t begin = 0, end = 0; begin < count; begin = end) {
         const ArrayPipeline* pipeline = PipelineFor(direction, coordinates.points[begin]);
         std::size_t most = std::min(count, begin + mostInRun);
@@ -51,13 +55,13 @@ void ArrayOperation::Convert(Direction direction, Coordinates coordinates) {
 }
 
 void ArrayOperation::ConvertRun(const ArrayPipeline& pipeline, Direction direction, Coordinates run) {
-    points_.assign(run.points.begin(), run.points.end());
-    heights_.assign(run.heights.begin(), run.heights.end());
+    runPoints_.assign(run.points.begin(), run.points.end());
+    runHeights_.assign(run.heights.begin(), run.heights.end());
     pipeline.Convert(direction, run);
-    for (std::size_t i = 0; i < points_.size(); ++i) {
+    for (std::size_t i = 0; i < runPoints_.size(); ++i) {
         if (std::isfinite(run.points[i].x) && std::isfinite(run.points[i].y)) continue;
-        run.points[i] = points_[i];
-        if (!heights_.empty()) run.heights[i] = heights_[i];
+        run.points[i] = runPoints_[i];
+        if (!runHeights_.empty()) run.heights[i] = runHeights_[i];
         Transform(*operation_, direction, run.Part(i, 1));
     }
 }

@@ -82,36 +82,43 @@ std::string MissingGrid(PJ_CONTEXT* context, PJ* operation) {
     return "";
 }
 
-/// The coordinate system with easting and northing, or longitude and latitude, in this order.
-ProjObject Normalized(PJ_CONTEXT* context, PJ* system) {
-    return ProjObject(system ? proj_normalize_for_visualization(context, system) : nullptr);
+/// Easting and northing, longitude and latitude in this order, in degrees.
+ProjObject Normalized(PJ_CONTEXT* context, const ProjObject& object) {
+    return ProjObject(object ? proj_normalize_for_visualization(context, object.get()) : nullptr);
 }
 
-CoordinateOperation FromSystem(ProjContext& context, PJ* system) {
+/// The operations among which one made by proj_create_crs_to_crs chooses.
+ProjList AvailableOperations(PJ_CONTEXT* context, const ProjObject& from, const ProjObject& to) {
+    ProjObject source = Normalized(context, from), target = Normalized(context, to);
+    if (!source || !target) return nullptr;
+    return KnownOperations(context, source.get(), target.get(),
+                           PROJ_GRID_AVAILABILITY_DISCARD_OPERATION_IF_MISSING_GRID);
+}
+
+CoordinateOperation FromSystem(ProjContext& context, ProjObject system) {
     CoordinateOperation result;
     PJ_CONTEXT* proj = context.Get();
-    ProjObject from = Normalized(proj, system);
-    ProjObject to = Normalized(proj, context.Create(HasHeights(system) ? "EPSG:4979" : "EPSG:4326").get());
-    bool isUsable = from && to;
+    ProjObject target = context.Create(HasHeights(system.get()) ? "EPSG:4979" : "EPSG:4326");
     ProjList known =
-        isUsable ? KnownOperations(proj, from.get(), to.get(), PROJ_GRID_AVAILABILITY_IGNORED) : nullptr;
+        target ? KnownOperations(proj, system.get(), target.get(), PROJ_GRID_AVAILABILITY_IGNORED) : nullptr;
     if (!known || proj_list_get_count(known.get()) == 0) {
-        result.reason = isUsable ? "no transformation to WGS 84 is known" : context.Reason();
+        result.reason = target ? "no transformation to WGS 84 is known" : context.Reason();
         return result;
     }
     ProjObject best(proj_list_get(proj, known.get(), 0));
-    ProjList choices;
+    ArrayOperation::ListChoices choices;
     result.missingGrid = MissingGrid(proj, best.get());
     bool bestHasGrids = proj_coordoperation_get_grid_used_count(proj, best.get()) > 0;
     if (!bestHasGrids || !result.missingGrid.empty()) {
         // Several may share the area: the library takes for each point the one that is made for its place.
         const char* const options[] = {"ALLOW_BALLPARK=NO", nullptr};
-        best.reset(proj_create_crs_to_crs_from_pj(proj, from.get(), to.get(), nullptr, options));
-        choices = KnownOperations(proj, from.get(), to.get(),
-                                  PROJ_GRID_AVAILABILITY_DISCARD_OPERATION_IF_MISSING_GRID);
+        best.reset(proj_create_crs_to_crs_from_pj(proj, system.get(), target.get(), nullptr, options));
+        auto ends = std::make_shared<std::pair<ProjObject, ProjObject>>(std::move(system), std::move(target));
+        choices = [proj, ends] { return AvailableOperations(proj, ends->first, ends->second); };
     }
-    if (best && context.CanReadGrids(*best))
-        result.operation = ArrayOperation(context, std::move(best), std::move(choices));
+    ProjObject operation = Normalized(proj, best);
+    if (operation && context.CanReadGrids(*operation))
+        result.operation = ArrayOperation(context, std::move(operation), std::move(choices));
     else
         result.reason = context.Reason();
     return result;
@@ -138,7 +145,7 @@ CoordinateOperation OperationFor(ProjContext& context, const std::string& defini
         return result;
     }
     ProjObject object = context.Create(text);
-    if (object && proj_is_crs(object.get())) return FromSystem(context, object.get());
+    if (object && proj_is_crs(object.get())) return FromSystem(context, std::move(object));
     if (object && proj_angular_output(object.get(), PJ_FWD))
         object = context.Create(text + " +step +proj=unitconvert +xy_in=rad +xy_out=deg");
     if (object && IsOperation(object.get()) && !context.CanReadGrids(*object)) object.reset();

@@ -68,7 +68,7 @@ protected:
                                              {0, NAN},  {HUGE_VAL, 50}, {0, -HUGE_VAL}, {361, 0},
                                              {0, 90.1}, {1e300, 1e300}};
         std::uniform_real_distribution near(-7.0, 7.0), longitude(-180.0, 180.0), latitude(-90.0, 90.0);
-        for (int i = 0; i < 3000; ++i)
+        for (int i = 0; i < 20000; ++i)
             points.push_back({system.longitude + near(random), system.latitude + near(random)});
         for (int i = 0; i < 1000; ++i) points.push_back({longitude(random), latitude(random)});
         return points;
