@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "background/build/Annotation.h"
 
-#include "util/Text.h"
+#include "background/styling/AnnotationText.h"
 
 #include <cmath>
 #include <numbers>
@@ -48,13 +48,12 @@ AnnotationPlace PlaceAlongLine(std::span<const PlanePoint> points) {
 }
 
 void WriteAnnotation(PackageWriter& writer, const AnnotationPlace& place, std::string_view text) {
-    if (text.empty()) return;
     TextPlacement line{.insertion = place.at, .height = place.height, .angle = place.angle};
-    for (std::size_t i = 0, lines = util::CountOf(text, ",") + 1; i < lines; ++i) {
-        writer.WriteTextElement(line, util::GetCommaField(i, text));
+    ForEachAnnotationLine(text, [&](std::string_view characters, std::size_t) {
+        writer.WriteTextElement(line, characters);
         line.insertion.x += std::sin(place.angle) * place.height;
         line.insertion.y -= std::cos(place.angle) * place.height;
-    }
+    });
 }
 
 }  // namespace vexlator::background

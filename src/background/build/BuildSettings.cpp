@@ -3,6 +3,7 @@
 #include "background/build/BuildSettings.h"
 
 #include "background/package/PackageWriter.h"
+#include "platform/Files.h"
 #include "platform/Paths.h"
 #include "util/Files.h"
 #include "util/Numbers.h"
@@ -42,7 +43,7 @@ BuildSettings::BuildSettings(config::Session& session, std::string_view drawingP
       memoryBytes(MemoryFrom(session.ReadIni("GRP", "MEMORYMB"))),
       attributes(session.ReadIni("GRP", "AttributeList")),
       mobileStyles(ReadStyleText(session.ReadIni("MOBILESTYLING", "FILE"))) {
-    if (util::FileSize(styleFile) > 0) {
+    if (platform::FileExists(styleFile)) {
         style = LoadBackgroundStyle(styleFile);
         return;
     }

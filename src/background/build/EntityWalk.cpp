@@ -205,7 +205,7 @@ void EntityWalk::WriteCurve(const Item& item) {
 
 void EntityWalk::WriteLine(const Item& item) {
     SetHeader(item, StyleCell::Lines);
-    outline_.TakePolyline(item.entity, item.PlacementOrNone());
+    outline_.TakeLine(item.entity, item.PlacementOrNone());
     writer_.WriteLineElement(outline_.Points());
 }
 

@@ -58,6 +58,10 @@ void Outline::TakePolyline(const drawing::Entity& polyline, const Placement* pla
     Take(polyline.planVertices(), placement, polyline.isClosed());
 }
 
+void Outline::TakeLine(const drawing::Entity& line, const Placement* placement) {
+    Take(line.planVertices(), placement, false);
+}
+
 void Outline::TakeCurve(const drawing::Entity& curve, const Placement* placement) {
     bool isCircle = curve.kindCode() == drawing::Kind::Circle;
     double length = curve.length(), radius = curve.radius();

@@ -19,6 +19,8 @@ public:
     /// apart; one whose ends lie further apart is led back to its first vertex.
     /// @param placement where the symbol stands that the polyline is part of; nullptr for none
     void TakePolyline(const drawing::Entity& polyline, const Placement* placement);
+    /// The vertices of a line, which has no closed side.
+    void TakeLine(const drawing::Entity& line, const Placement* placement);
     /// The course of a circle or an arc: a vertex for every 0.25 units of its length, 20 when that gives
     /// none, 65,000 at most; then as for a polyline. A circle is closed.
     void TakeCurve(const drawing::Entity& curve, const Placement* placement);

@@ -15,23 +15,31 @@ struct Placement {
     util::PlanePoint origin;
 
     util::PlanePoint operator()(util::PlanePoint p) const {
-        return {origin.x + xAxis.x * p.x + yAxis.x * p.y, origin.y + xAxis.y * p.x + yAxis.y * p.y};
+        util::PlanePoint moved = Turned(p);
+        return {origin.x + moved.x, origin.y + moved.y};
     }
     /// A symbol at `at`, within a symbol that stands here.
     Placement Within(util::PlanePoint at, double scaleX, double scaleY, double rotation) const {
         double cosine = std::cos(rotation), sine = std::sin(rotation);
-        auto turned = [&](util::PlanePoint p) {
-            util::PlanePoint moved = (*this)({p.x, p.y});
-            return util::PlanePoint{moved.x - origin.x, moved.y - origin.y};
-        };
-        return {turned({scaleX * cosine, scaleX * sine}), turned({-scaleY * sine, scaleY * cosine}),
+        return {Turned({scaleX * cosine, scaleX * sine}), Turned({-scaleY * sine, scaleY * cosine}),
                 (*this)(at)};
     }
     /// Radians, of what ran along the x axis.
     double Rotation() const { return std::atan2(xAxis.y, xAxis.x); }
-    double ScaleX() const { return std::hypot(xAxis.x, xAxis.y); }
-    double ScaleY() const { return std::hypot(yAxis.x, yAxis.y); }
+    double ScaleX() const { return LengthOf(xAxis); }
+    double ScaleY() const { return LengthOf(yAxis); }
     double LargerScale() const { return std::max(ScaleX(), ScaleY()); }
+
+private:
+    /// Scaled and turned, not moved.
+    util::PlanePoint Turned(util::PlanePoint p) const {
+        return {xAxis.x * p.x + yAxis.x * p.y, xAxis.y * p.x + yAxis.y * p.y};
+    }
+    /// Never short by what sine and cosine round away: heights and counts are cut to whole numbers.
+    static double LengthOf(util::PlanePoint axis) {
+        constexpr double rounding = 1e-14;
+        return std::hypot(axis.x, axis.y) * (1 + rounding);
+    }
 };
 
 }  // namespace vexlator::background

@@ -49,7 +49,7 @@ config::Outcome frmGRP::Start(std::string_view drawingPath, std::string_view tar
 
     PackageWriter writer(target.index, ui, settings.memoryBytes);
     FeatureHeaders headers(session_, settings, drawing, writer);
-    RelayerByAttribute(settings.style.layerOnField, drawing);
+    if (!settings.style.layerOnField.empty()) RelayerByAttribute(settings.style.layerOnField, drawing);
     config::Outcome outcome{.layers = drawing.layerCount(), .target = target.index};
     outcome.features = EntityWalk(session_, settings, drawing, headers, writer, *view).Run();
     view->SetLabel("Completed!");

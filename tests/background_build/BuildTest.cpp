@@ -1,0 +1,216 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "background/build/frmGRP.h"
+#include "background/package/PackageProof.h"
+#include "background/package/PackageReader.h"
+#include "background_build/RandomMap.h"
+#include "background_build/ReferenceBuild.h"
+#include "support/ImportOffice.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <functional>
+#include <gtest/gtest.h>
+#include <numbers>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace vexlator::background {
+namespace {
+
+using test::PlainPackage;
+using test::PlainSettings;
+
+/// An installation, a drawing, and the package MAP in the folder "MAP".
+struct Office : test::ImportOffice<frmGRP> {
+    std::string index = folder / "MAP/MAP.GRP";
+
+    void Build(const std::string& target = "MAP", const std::string& style = "") {
+        drawing.saveAs(folder / "area.VDF");
+        outcome = frmGRP(session).Start(folder / "area.VDF", folder / target, style);
+    }
+    PackageCounts Counts() const { return ProvePackage(PackageReader(index)); }
+    std::string File(const std::string& extension) const {
+        return test::TempFolder::Read(folder / ("MAP/MAP." + extension));
+    }
+    bool IsTold(const std::string& text) const {
+        return std::ranges::any_of(ui.messages,
+                                   [&](const auto& each) { return each.find(text) != each.npos; });
+    }
+    drawing::Entity Polyline(const std::vector<drawing::Point>& points, bool isClosed) {
+        drawing::Entity polyline = drawing.addPolyline(points);
+        polyline.setClosed(isClosed);
+        return polyline;
+    }
+};
+
+constexpr std::string_view mobileStyles = "Hedge=S,1\r\nWALL=A,2\r\nfield=P\r\n";
+
+/// "" when both are the same, else the first line that differs, of both.
+std::string DifferenceOf(const std::string& expected, const std::string& found) {
+    if (expected == found) return "";
+    auto [at, other] = std::ranges::mismatch(expected, found);
+    std::size_t begin = expected.rfind('\n', static_cast<std::size_t>(at - expected.begin()));
+    begin = begin == expected.npos ? 0 : begin + 1;
+    return "expected " + expected.substr(begin, expected.find('\n', begin + 1) - begin) + "\nfound    " +
+           found.substr(begin, found.find('\n', begin + 1) - begin);
+}
+
+void ExpectSame(PlainPackage expected, PlainPackage found) {
+    for (const auto& [name, elements] : found.tiles) expected.tiles[name];
+    for (const auto& [name, elements] : expected.tiles)
+        EXPECT_EQ(DifferenceOf(elements, found.tiles[name]), "") << name;
+    EXPECT_EQ(found.layers, expected.layers);
+    EXPECT_EQ(found.gazetteer, expected.gazetteer);
+}
+
+void BuildBothWays(unsigned seed) {
+    std::mt19937 random(seed);
+    test::RandomMap map([&](unsigned limit) { return static_cast<unsigned>(random() % limit); });
+    Office office;
+    map.Fill(office.drawing, office.folder, seed % 20 == 0 ? 0 : 20 + seed % 200);
+    PlainSettings settings{map.OneIn(3), map.OneIn(3), map.AttributeList(), {}, std::string(mobileStyles)};
+    std::string style;
+    if (!map.OneIn(3)) {
+        // The extension TXT says that a style has no rows.
+        style = office.folder / (map.OneIn(4) ? "style.TXT" : "style.BSF");
+        SaveBackgroundStyle(style, map.Style(), false);
+        settings.style = LoadBackgroundStyle(style);
+    }
+    office.Ini("[GRP]\r\nDONTEXPLODE=" + std::string(settings.keepSymbols ? "1" : "0") +
+               "\r\nGENFULLPOLYS=" + std::string(settings.fullPolygons ? "1" : "0") +
+               "\r\nAttributeList=" + settings.attributeList +
+               "\r\n[MOBILESTYLING]\r\nFILE=" + office.folder.Write("mobile.txt", mobileStyles) + "\r\n");
+    office.Build("MAP", style);
+    EXPECT_NO_THROW(office.Counts());
+    Classifier classifier(office.session);
+    ExpectSame(test::BuildPlainly(office.drawing, settings, classifier), test::ReadBack(office.index));
+}
+
+TEST(Build, SameAsOneEntityAtATime) {
+    for (unsigned seed = 1; seed <= 150 && !testing::Test::HasFailure(); ++seed) {
+        SCOPED_TRACE(seed);
+        BuildBothWays(seed);
+    }
+}
+
+TEST(Build, VerticesOfLongLinesAndCurves) {
+    const double around = 2 * std::numbers::pi;
+    struct Case {
+        const char* what;
+        std::function<void(Office&)> add;
+        std::uint64_t vertices;
+    };
+    const Case cases[] = {
+        {"circle of circumference 10, led back",
+         [&](auto& o) {
+             o.drawing.addCircle({50, 50}, 10 / around);
+         },
+         41},
+        {"circle too small for a vertex",
+         [](auto& o) {
+             o.drawing.addCircle({50, 50}, .039);
+         },
+         21},
+        {"half of a circle",
+         [&](auto& o) {
+             o.drawing.addArc({50, 50}, 10 / around, 1, 1 + around / 2);
+         },
+         20},
+        {"arc over angle 0",
+         [&](auto& o) {
+             o.drawing.addArc({50, 50}, 40 / around, 6, 6.5 - around);
+         },
+         12},
+        {"16,000 vertices",
+         [](auto& o) {
+             o.Polyline(std::vector<drawing::Point>(16000, {5, 5}), false);
+         },
+         16000},
+        {"16,001 vertices",
+         [](auto& o) {
+             o.Polyline(std::vector<drawing::Point>(16001, {5, 5}), false);
+         },
+         8002},
+        {"no vertex", [](auto& o) { o.drawing.addPolyline(); }, 0},
+    };
+    for (const Case& each : cases) {
+        Office office;
+        each.add(office);
+        office.Build();
+        EXPECT_EQ(office.Counts().vertices, each.vertices) << each.what;
+    }
+}
+
+TEST(Build, NothingGivesAnIndexOfItsHeader) {
+    Office office;
+    office.Build();
+    ASSERT_EQ(office.File("GRP").size(), 96U);
+    EXPECT_EQ(PackageReader(office.index).Extents(), unsetBox);
+    EXPECT_EQ(office.File("BAG") + office.File("LAY") + office.File("GAZ"), "");
+}
+
+TEST(Build, InfoFileAsksForAreas) {
+    for (const char* name : {"area.VDF.info", "area.info"}) {
+        Office office;
+        office.Polyline({{5, 5}, {9, 5}, {9, 9}}, true);
+        office.Polyline({{5, 5}, {9, 5}, {9, 9}}, false);
+        office.folder.Write(name, "");
+        office.Build();
+        EXPECT_EQ(office.Counts().areas, 0U);
+        office.folder.Write(name, "x");
+        office.Build();
+        EXPECT_EQ(office.Counts().areas, 1U);
+    }
+}
+
+TEST(Build, SearchValueFarApartIsOneSquare) {
+    Office office;
+    for (double x : {1000., 2000.}) office.drawing.addPoint({x, 700}).xproperties().add("NAME", "Mill");
+    office.Ini("[SEARCHON]\r\nFIELD=NAME\r\n");
+    office.Build();
+    EXPECT_EQ(office.File("GAZ"), "Mill,1500,700,1000\r\n");
+}
+
+/// Symbols that hold themselves, once and many times over, end.
+TEST(Build, SymbolsThatHoldThemselves) {
+    Office office;
+    drawing::Drawing symbol;
+    symbol.addPoint({1, 1});
+    for (int i = 0; i < 2; ++i) symbol.addInsert({}, "SELF", 1, 1, 0);
+    symbol.saveAs(office.folder / "SELF.VDF");
+    office.drawing.addBlock({"SELF", test::TempFolder::Read(office.folder / "SELF.VDF")});
+    office.drawing.addInsert({5, 5}, "SELF", 1, 1, 0);
+    office.Build();
+    EXPECT_EQ(office.Counts().points, (1U << 17) - 1);
+    EXPECT_TRUE(office.IsTold("too deep"));
+}
+
+TEST(Build, TargetIsAFolderOrAnIndex) {
+    Office office;
+    office.drawing.addPoint({5, 5});
+    std::filesystem::create_directory(office.folder / "v1.2");
+    const std::pair<const char*, const char*> cases[] = {
+        {"MAP", "MAP/MAP.GRP"}, {"maps/x.GRP", "maps/x.GRP"}, {"v1.2", "v1.2/v1.2.GRP"}};
+    for (const auto& [target, index] : cases) {
+        office.Build(target);
+        EXPECT_EQ(ProvePackage(PackageReader(office.folder / index)).points, 1U) << target;
+        EXPECT_EQ(office.outcome.features, 1U);
+    }
+}
+
+TEST(Build, WhatIsMissingIsToldAndTheBuildGoesOn) {
+    Office office;
+    office.Ini("[GRP]\r\nCREATEDXF=1\r\n[LAYERON]\r\nFIELD=\r\n");
+    drawing::Entity point = office.drawing.addPoint({5, 5});
+    point.xproperties().add("", "a layer that no field names");
+    office.Build("MAP", office.folder / "none.BSF");
+    EXPECT_EQ(office.outcome.layers, 1U);
+    EXPECT_EQ(office.Counts().points, 1U);
+    for (const char* text : {"VDCONV", "none.BSF"}) EXPECT_TRUE(office.IsTold(text)) << text;
+}
+
+}  // namespace
+}  // namespace vexlator::background
