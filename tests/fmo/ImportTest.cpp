@@ -110,14 +110,6 @@ TEST_P(FmoImportTest, GeometryValuesBecomePolylines) {
     EXPECT_EQ(ui_.messages, Texts{});
 }
 
-TEST_P(FmoImportTest, MoreRowsThanSixteenBits) {
-    Sql("CREATE TABLE many (id INTEGER, e INTEGER, n INTEGER)");
-    Sql("INSERT INTO many WITH RECURSIVE c(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM c WHERE i<40000)"
-        " SELECT i, i, 5 FROM c");
-    Define("MANY", "TABLE=many\nEAST=e\nNORTH=n\nKEY=id\nKEYTYPE=numeric\n");
-    EXPECT_EQ(Import(folder_ / "FMO/MANY.FMO").features, 40000U);
-}
-
 TEST_P(FmoImportTest, IncompleteDefinitionsLeaveTheirLayer) {
     std::string path = folder_.Write("FMO/EMPTY.FMO", "[DEF]\nMDB=C:\\none.mdb\nKEY=ID\nENBLOB=G\n");
     EXPECT_EQ(Import(path).status, config::Outcome::Status::Failed);

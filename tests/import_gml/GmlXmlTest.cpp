@@ -45,16 +45,6 @@ TEST(GmlXml, GeometryOfEveryLayout) {
          "</gml:LineString>",
          "F 1,2 3,4\n"},
         {"<Point xmlns='http://www.opengis.net/gml/3.2'><pos>1 2</pos></Point>", "F * 1,2\n"},
-        {"<gml:MultiPoint><gml:pointMember><gml:Point><gml:pos>1 2</gml:pos></gml:Point></gml:pointMember>"
-         "<gml:pointMember><gml:Point><gml:pos>3 4</gml:pos></gml:Point></gml:pointMember></gml:MultiPoint>",
-         "F * 1,2\nF * 3,4\n"},
-        {"<gml:Polygon>" + square + "</gml:Polygon>", "F 0,0 9,0 9,9 0,0\n"},
-        {"<gml:Polygon><gml:outerBoundaryIs><gml:LinearRing><gml:coordinates>0,0 9,0 9,9 "
-         "0,0</gml:coordinates>"
-         "</gml:LinearRing></gml:outerBoundaryIs><gml:innerBoundaryIs><gml:LinearRing><gml:coordinates>1,1 "
-         "2,1 "
-         "2,2 1,1</gml:coordinates></gml:LinearRing></gml:innerBoundaryIs></gml:Polygon>",
-         "F 0,0 9,0 9,9 0,0\nF 1,1 2,1 2,2 1,1 ISHOLE=1\n"},
         {"<gml:MultiSurface><gml:surfaceMember><gml:Polygon>" + square + hole + hole +
              "</gml:Polygon></"
              "gml:surfaceMember><gml:surfaceMember><gml:Surface><gml:patches><gml:PolygonPatch>" +
@@ -124,13 +114,6 @@ TEST(GmlXml, MembersOfEveryKind) {
              "<member>" +
              f + "</member>",
          "F * 1,2\nF * 1,2\n"},
-        {"<osgb:topographicMember><osgb:TopographicArea "
-         "fid='osgb1000000347615112'><osgb:theme>Land</osgb:theme>"
-         "<osgb:make>Natural</osgb:make><osgb:polygon><gml:Polygon srsName='osgb:BNG'><gml:outerBoundaryIs>"
-         "<gml:LinearRing><gml:coordinates>0,0 9,0 "
-         "0,0</gml:coordinates></gml:LinearRing></gml:outerBoundaryIs>"
-         "</gml:Polygon></osgb:polygon></osgb:TopographicArea></osgb:topographicMember>",
-         "TopographicArea 0,0 9,0 0,0 theme=Land make=Natural TOID=1000000347615112\n"},
         {"<gml:boundedBy><gml:Envelope/></gml:boundedBy>", ""},
     };
     GmlOffice office;
