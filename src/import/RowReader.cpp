@@ -2,30 +2,40 @@
 // SPDX-License-Identifier: MIT
 #include "import/RowReader.h"
 
+#include <algorithm>
+
 namespace vexlator::importer {
 
 namespace {
 
 enum class LineEnd { OfRow, InsideQuotes, AfterStrayQuote };
 
-/// How a line ends that begins a row or, with `quoted`, goes on with a quoted value.
+/// Takes the rest of a quoted value, its last quote included; false when the line ends before.
+bool TakeQuoted(std::string_view& line) {
+    for (;;) {
+        std::size_t quote = line.find('"');
+        if (quote == std::string_view::npos) return false;
+        line.remove_prefix(quote + 1);
+        if (!line.starts_with('"')) return true;
+        line.remove_prefix(1);  // doubled: a quote of the value
+    }
+}
+
+/// How a line ends that begins a row or, with `quoted`, goes on with a quoted value. When it ends inside
+/// quotes, it holds an odd number of them in the first case and an even one in the second: so no line is
+/// looked at for many rows.
 LineEnd EndOf(std::string_view line, std::string_view delimiter, bool quoted) {
     for (;;) {
         if (!quoted && line.starts_with('"')) {
             line.remove_prefix(1);
             quoted = true;
         }
-        std::size_t end = quoted ? line.find('"') : line.find(delimiter);
-        if (end == std::string_view::npos) return quoted ? LineEnd::InsideQuotes : LineEnd::OfRow;
-        line.remove_prefix(end + (quoted ? 1 : delimiter.size()));
-        if (!quoted) continue;
-        if (line.starts_with('"')) {  // doubled: a quote of the value
-            line.remove_prefix(1);
-            continue;
-        }
-        if (line.empty()) return LineEnd::OfRow;
-        if (!line.starts_with(delimiter)) return LineEnd::AfterStrayQuote;
-        line.remove_prefix(delimiter.size());
+        if (quoted && !TakeQuoted(line)) return LineEnd::InsideQuotes;
+        std::size_t end = std::min(line.find(delimiter), line.size());
+        bool stray = quoted ? end > 0 : line.substr(0, end).find('"') != std::string_view::npos;
+        if (stray) return LineEnd::AfterStrayQuote;
+        if (end == line.size()) return LineEnd::OfRow;
+        line.remove_prefix(end + delimiter.size());
         quoted = false;
     }
 }

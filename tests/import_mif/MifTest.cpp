@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "config/Session.h"
 #include "drawing/Drawing.h"
+#include "import/RowReader.h"
 #include "import/mif/MifHeader.h"
 #include "import/mif/frmFromMID.h"
 #include "support/ImportOffice.h"
@@ -283,6 +284,16 @@ TEST(MifImport, CountsOfDamagedFilesAreNotBelieved) {
     run.folder.Write("C.MIF", wide);
     run.folder.Write("C.MID", mid);
     EXPECT_THROW(run.Import("C.MID"), platform::ReadError);
+}
+
+TEST(MifImport, RowsOfStrayQuotesCostWhatTheyHold) {
+    for (std::string line : {"a\",x,\"\n", "\",a\",\"\n"}) {  // ends inside quotes, wherever it begins
+        std::string text;
+        for (int i = 0; i < 1000000; ++i) text += line;
+        importer::RowReader rows(text, ",");
+        while (!rows.AtEnd()) rows.ReadRow();
+        EXPECT_EQ(rows.Line(), 1000000U);
+    }
 }
 
 }  // namespace
