@@ -21,13 +21,18 @@ namespace {
 
 using platform::ReadError;
 
-/// Coordinates are doubles; sums of steps lose their last digits.
-constexpr double floatTolerance = 1e-6;
+/// Coordinates are doubles; sums of steps and means of vertices lose their last digits.
+constexpr double floatTolerance = 1e-6, relativeTolerance = 1e-11;
 /// By how much a step of a line may miss its true vertex.
 constexpr double stepTolerance = 0.005;
 
+double RoundingAt(double x, double y) {
+    return floatTolerance + relativeTolerance * std::max(std::abs(x), std::abs(y));
+}
+
 double ToleranceOf(const std::vector<util::PlanePoint>& points) {
-    return floatTolerance + stepTolerance * static_cast<double>(points.size());
+    return RoundingAt(points.front().x, points.front().y) +
+           stepTolerance * static_cast<double>(points.size());
 }
 
 bool SameClasses(const ElementHeader& a, const ElementHeader& b) {
@@ -150,7 +155,8 @@ void Proof::ProveAreas(const Tile& tile) {
             Fail(tile, area.offset + 14, "the area leaves the box of its file");
         all.Widen(box);
     }
-    if (!all.Contains(tile.header.box, floatTolerance)) Fail(tile, 1, "the box is larger than its areas");
+    if (!all.Contains(tile.header.box, RoundingAt(all.maxX, all.maxY)))
+        Fail(tile, 1, "the box is larger than its areas");
 }
 
 void Proof::ProveArea(const Tile& tile, const Element& area) {

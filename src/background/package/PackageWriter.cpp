@@ -40,7 +40,9 @@ Outline Measure(std::span<const PlanePoint> points) {
     return outline;
 }
 
+/// 0 for what is no number.
 std::int16_t Cut16(double value) {
+    if (std::isnan(value)) return 0;
     constexpr double most = std::numeric_limits<std::int16_t>::max();
     return static_cast<std::int16_t>(std::clamp(std::trunc(value), -most, most));
 }

@@ -1,0 +1,1 @@
+vexlator_fuzz(grpbuild LINK vexlator_background)
