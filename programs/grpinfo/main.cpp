@@ -7,8 +7,8 @@
 #include "grpinfo/GeoJson.h"
 #include "grpinfo/Summary.h"
 #include "grpinfo/Svg.h"
+#include "platform/Signals.h"
 #include "platform/StandardOutput.h"
-#include "platform/Terminal.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -114,6 +114,6 @@ int RunAndReport(const std::vector<std::string>& arguments) {
 }  // namespace vexlator::grpinfo
 
 int main(int argc, char** argv) {
-    vexlator::platform::IgnoreWriteSignals();
+    vexlator::platform::HandleFileSignals();
     return vexlator::grpinfo::RunAndReport({argv + 1, argv + argc});
 }

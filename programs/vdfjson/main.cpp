@@ -4,8 +4,8 @@
 // vdfjson: drawings as JSON and back.
 #include "drawing/Drawing.h"
 #include "platform/Files.h"
+#include "platform/Signals.h"
 #include "platform/StandardOutput.h"
-#include "platform/Terminal.h"
 #include "util/Paths.h"
 #include "vdfjson/DrawingToJson.h"
 #include "vdfjson/JsonToDrawing.h"
@@ -131,6 +131,6 @@ int RunAndReport(const std::vector<std::string>& arguments) {
 }  // namespace vexlator::vdfjson
 
 int main(int argc, char** argv) {
-    vexlator::platform::IgnoreWriteSignals();
+    vexlator::platform::HandleFileSignals();
     return vexlator::vdfjson::RunAndReport({argv + 1, argv + argc});
 }

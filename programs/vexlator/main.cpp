@@ -5,6 +5,7 @@
 #include "Options.h"
 #include "platform/Files.h"
 #include "platform/Process.h"
+#include "platform/Signals.h"
 #include "platform/Terminal.h"
 #include "startup/Check.h"
 #include "startup/Installation.h"
@@ -106,7 +107,7 @@ ExitStatus Perform(const Options& options) {
 
 int main(int argc, char** argv) {
     using namespace vexlator;
-    platform::IgnoreWriteSignals();
+    platform::HandleFileSignals();
     std::span<const char* const> arguments(argv, static_cast<std::size_t>(argc));
     return static_cast<int>(Perform(ParseOptions(arguments.subspan(argc > 0 ? 1 : 0))));
 }

@@ -17,8 +17,7 @@
 namespace vexlator::platform {
 
 /// The bytes of a file, mapped into memory while the object lives. An empty file gives empty bytes.
-/// A file that shrinks while it is mapped is not guarded against: sources are not written while they are
-/// read.
+/// A file that shrinks while it is mapped ends the process, with a message after HandleFileSignals().
 class MappedFile {
 public:
     /// @throws ReadError: no such file, no right to read it, a folder.

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Terminal.h"
 
-#include <csignal>
 #include <cstdlib>
 #include <string_view>
 #include <sys/ioctl.h>
@@ -20,11 +19,6 @@ std::size_t TerminalWidth(std::FILE* stream) {
     winsize size{};
     bool told = ::ioctl(::fileno(stream), TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
     return told ? size.ws_col : 80;
-}
-
-void IgnoreWriteSignals() {
-    std::signal(SIGPIPE, SIG_IGN);
-    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 }  // namespace vexlator::platform

@@ -13,8 +13,4 @@ bool IsTerminal(std::FILE* stream);
 /// Columns of the terminal behind the stream; 80 when it does not tell.
 std::size_t TerminalWidth(std::FILE* stream);
 
-/// Writing to a pipe that nobody reads, or past the largest size that a file may have, is an error of that
-/// write from here on, not the end of this process.
-void IgnoreWriteSignals();
-
 }  // namespace vexlator::platform

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 #include "platform/Files.h"
+#include "platform/Signals.h"
 #include "support/TempFolder.h"
 
 #include <csignal>
@@ -154,6 +155,18 @@ TEST(OutputFile, CleaningAndWritingAtOnce) {
         ASSERT_NO_THROW(OutputFile(folder / "a", OutputFile::OtherCases::Keep).Commit());
     ::kill(child, SIGKILL);
     ::waitpid(child, nullptr, 0);
+}
+
+TEST(MappedFile, ShortenedWhileItIsRead) {
+    TempFolder folder;
+    std::string path = folder.Write("file", std::string(1 << 20, 'x'));
+    auto readOn = [&] {
+        HandleFileSignals();
+        MappedFile file(path);
+        if (::truncate(path.c_str(), 0) != 0) return;
+        std::exit(file.Text()[1 << 19]);
+    };
+    EXPECT_EXIT(readOn(), testing::ExitedWithCode(1), "made shorter by another program");
 }
 
 TEST(MappedFile, OnlyRegularFiles) {
