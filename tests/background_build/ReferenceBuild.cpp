@@ -2,19 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "background_build/ReferenceBuild.h"
 
-#include "background/package/ElementReader.h"
-#include "background/package/LineSteps.h"
-#include "background/package/PackageReader.h"
-#include "background/package/TextAnchor.h"
 #include "background/styling/AnnotationText.h"
 #include "background/styling/MobileStyles.h"
+#include "background_build/PlainWriter.h"
 #include "drawing/Vdf.h"
 #include "platform/CodePages.h"
 #include "platform/Paths.h"
-#include "support/TempFolder.h"
 #include "util/Numbers.h"
-#include "util/Paths.h"
-#include "util/Text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -22,7 +16,6 @@
 #include <list>
 #include <numbers>
 #include <optional>
-#include <sstream>
 #include <vector>
 
 namespace vexlator::test {
@@ -30,53 +23,11 @@ namespace vexlator::test {
 namespace {
 
 using background::Box;
-using background::ElementHeader;
 using background::StyleRow;
 using drawing::Kind;
 using util::PlanePoint;
 using Points = std::vector<PlanePoint>;
 using Fields = std::vector<std::string>;
-
-// --- Elements as text. Coordinates with four digits and rotations without whole turns: symbols are placed
-// with a rounding of their own.
-
-std::string HeaderText(const ElementHeader& header) {
-    std::ostringstream text;
-    text << int{header.type} << " key " << header.keyHigh << "/" << header.keyLow << " length "
-         << header.length << " class " << int{header.classA} << "," << int{header.classB} << ","
-         << int{header.classC} << ":";
-    return text.str();
-}
-
-std::string NumbersText(const std::vector<double>& numbers) {
-    std::ostringstream text;
-    text << std::fixed;
-    text.precision(4);
-    for (double number : numbers) text << " " << number + 0.0;
-    return text.str();
-}
-
-std::string LineText(const ElementHeader& header, PlanePoint first,
-                     const std::vector<background::Step>& steps) {
-    std::string text = HeaderText(header) + NumbersText({first.x, first.y});
-    for (background::Step step : steps) text += " " + std::to_string(step.dx) + "," + std::to_string(step.dy);
-    return text + "\n";
-}
-
-std::string TextText(const ElementHeader& header, PlanePoint anchor, int height, int rotation,
-                     const std::string& characters) {
-    return HeaderText(header) + NumbersText({anchor.x, anchor.y}) + " height " + std::to_string(height) +
-           " rotation " + std::to_string((rotation + 3600) % 3600) + " \"" + characters + "\"\n";
-}
-
-std::string AreaText(const ElementHeader& header, const Box& box, int rings, int tile) {
-    return HeaderText(header) + NumbersText({box.minX, box.minY, box.maxX, box.maxY}) + " rings " +
-           std::to_string(rings) + " of tile " + std::to_string(tile) + "\n";
-}
-
-std::string TileText(double size) {
-    return "tiles of" + NumbersText({size}) + "\n";
-}
 
 // --- The drawing as a list.
 
@@ -155,11 +106,11 @@ public:
         DecideKind();
         ListOptimised();
         if (kind_ == 1)
-            for (const std::string& layer : layers_) package_.layers += Encoded(layer) + "\r\n";
+            for (const std::string& layer : layers_) writer_.package.layers += Encoded(layer) + "\r\n";
         if (kind_ == 2) WriteRecords();
         Relayer();
         Walk();
-        return package_;
+        return writer_.package;
     }
 
 private:
@@ -202,20 +153,21 @@ private:
             if (!HasAttributes(entity)) continue;
             entity.record = records_++;
             Fields group = GroupOf(entity.layer);
-            package_.layers += (group.empty() ? FreeRecord(entity) : ListedRecord(entity, group)) + "\r\n";
+            writer_.package.layers +=
+                (group.empty() ? FreeRecord(entity) : ListedRecord(entity, group)) + "\r\n";
             std::string value = ValueOf(entity, settings_.style.searchOnField).value_or("");
             if (!settings_.style.searchOnField.empty() && !value.empty()) AddSearchValue(entity, value);
         }
         for (const auto& [value, square] : search_)
-            package_.gazetteer += Encoded(value) + "," + std::to_string(static_cast<long>(square[0])) + "," +
-                                  std::to_string(static_cast<long>(square[1])) + "," +
-                                  std::to_string(static_cast<long>(square[2])) + "\r\n";
+            writer_.package.gazetteer += Encoded(value) + "," + std::to_string(static_cast<long>(square[0])) +
+                                         "," + std::to_string(static_cast<long>(square[1])) + "," +
+                                         std::to_string(static_cast<long>(square[2])) + "\r\n";
     }
 
     std::string ListedRecord(const PlainEntity& entity, const Fields& group) {
         std::size_t width = std::stoul(group[1]);
-        if (package_.layers.empty())
-            package_.layers =
+        if (writer_.package.layers.empty())
+            writer_.package.layers =
                 Fit("***," + Join({group.begin() + 1, group.end()}, ",") + ",", width - 6) + "\r\n";
         Fields values;
         for (std::size_t i = 2; i < group.size(); ++i)
@@ -274,11 +226,11 @@ private:
     }
 
     void Process(const PlainEntity& entity) {
-        header_ = {};
+        writer_.header = {};
         if (isClassified_) {
-            if (entity.origin) classifier_.ClassifyEntity(*entity.origin, header_);
+            if (entity.origin) classifier_.ClassifyEntity(*entity.origin, writer_.header);
         } else {
-            if (tileSize_ == 250) SetTileSizeByDensity();
+            if (writer_.tileSize == 250) SetTileSizeByDensity();
             SetKeys(entity);
             if (const StyleRow* row = RowOf(entity.layer)) {
                 if (util::IntegerOf(row->hide) == -1) return;
@@ -289,19 +241,19 @@ private:
             case Kind::Polyline:
                 return WritePolyline(entity);
             case Kind::Line:
-                WriteLine(
+                writer_.WriteLine(
                     {entity.vertices.begin(),
                      entity.vertices.begin() + std::min<std::ptrdiff_t>(2, std::ssize(entity.vertices))});
                 return;
             case Kind::Insert:
                 if (!settings_.keepSymbols) return Explode(entity);
-                WriteLine({entity.vertices.at(0)});
+                writer_.WriteLine({entity.vertices.at(0)});
                 return Annotate(entity, entity.vertices.at(0), SymbolSize(entity) / 3, 0);
             case Kind::Text:
-                return WriteText(entity.vertices.at(0), entity.shape.size, entity.shape.rotation,
-                                 entity.shape.alignment == 106 ? 9 : -1, entity.text);
+                return writer_.WriteText(entity.vertices.at(0), entity.shape.size, entity.shape.rotation,
+                                         entity.shape.alignment == 106 ? 9 : -1, entity.text);
             case Kind::Point:
-                WriteLine({entity.vertices.at(0)});
+                writer_.WriteLine({entity.vertices.at(0)});
                 return Annotate(entity, entity.vertices.at(0), 1, 0);
             case Kind::Circle:
             case Kind::Arc:
@@ -315,17 +267,17 @@ private:
         drawing::Box box = drawing_.extents();
         double k = std::max(1.0, static_cast<double>(drawing_.entityCount()) / 100);
         double side = std::max(box.maxX - box.minX, box.maxY - box.minY);
-        tileSize_ = std::max(300.0, std::floor(side / std::sqrt(k)));
+        writer_.tileSize = std::max(300.0, std::floor(side / std::sqrt(k)));
     }
 
     void SetKeys(const PlainEntity& entity) {
-        if (kind_ == 1) header_.keyLow = LayerNumber(entity.layer);
-        if (kind_ == 2) header_.keyLow = entity.record;
+        if (kind_ == 1) writer_.header.keyLow = LayerNumber(entity.layer);
+        if (kind_ == 2) writer_.header.keyLow = entity.record;
         if (kind_ == 3 && entity.origin) {
             background::FeatureHeader classified;
             classifier_.ClassifyEntity(*entity.origin, classified);
-            header_.keyHigh = classified.keyHigh;
-            header_.keyLow = classified.keyLow;
+            writer_.header.keyHigh = classified.keyHigh;
+            writer_.header.keyLow = classified.keyLow;
         }
     }
 
@@ -355,8 +307,8 @@ private:
         int b = colour ? 0 : static_cast<int>(mobileStyles_.NumberOf(cell)), c = colour ? *colour : 1;
         if (util::IntegerOf(row.thick) == -1) c += 16;
         if (util::IntegerOf(row.zoom) == -1) c += 32;
-        header_.classB = static_cast<std::uint8_t>(b);
-        header_.classC = static_cast<std::uint8_t>(c);
+        writer_.header.classB = static_cast<std::uint8_t>(b);
+        writer_.header.classC = static_cast<std::uint8_t>(c);
     }
 
     void WritePolyline(const PlainEntity& entity) {
@@ -368,9 +320,9 @@ private:
         double gap = DistanceOf(points.front(), points.back());
         bool isClosed = entity.isClosed || gap < 0.01;
         if (isClosed && gap > 0.01) points.push_back(points.front());
-        if (WriteLine(points, ValueOf(entity, "ISHOLE").has_value()) && isClosed &&
+        if (writer_.WriteLine(points, ValueOf(entity, "ISHOLE").has_value()) && isClosed &&
             (isClassified_ || settings_.fullPolygons))
-            WriteArea(points, ValueOf(entity, "MPOLY").value_or(""));
+            writer_.WriteArea(points, ValueOf(entity, "MPOLY").value_or(""));
         AnnotatePolyline(entity, points, isClosed);
     }
 
@@ -443,7 +395,7 @@ private:
             if (std::cos(angle) < -1e-9) angle += std::numbers::pi;
             return Annotate(entity, at, 1, angle);
         }
-        Box box = BoxOf(points);
+        Box box = PlainWriter::BoxOf(points);
         double area = 0;
         PlanePoint origin = points[0];
         for (std::size_t i = 1; i < points.size(); ++i)
@@ -461,82 +413,9 @@ private:
         auto fixed = settings_.style.FixedAnnotationHeight();
         if (fixed && *fixed > 0) height = *fixed;
         for (const std::string& line : Split(text, ',')) {
-            WriteText(at, height, angle, -1, line);
+            writer_.WriteText(at, height, angle, -1, line);
             at = {at.x + height * std::sin(angle), at.y - height * std::cos(angle)};
         }
-    }
-
-    // --- The writer
-
-    ElementHeader Header(int type) const {
-        return {static_cast<std::uint8_t>(type),
-                header_.keyHigh,
-                header_.keyLow,
-                length_,
-                header_.classA,
-                header_.classB,
-                header_.classC};
-    }
-
-    static Box BoxOf(const Points& points) {
-        Box box = Box::Empty();
-        for (PlanePoint point : points) box.Widen(point.x, point.y);
-        return box;
-    }
-
-    static std::string TileOf(PlanePoint at, double size) {
-        std::size_t digits = size <= 999 ? 5 : size <= 9999 ? 4 : 3;
-        auto padded = [&](double coordinate) {
-            std::string number = std::to_string(static_cast<long>(std::floor(coordinate / size)));
-            return std::string(digits - std::min(digits, number.size()), '0') + number;
-        };
-        return std::to_string(std::stoi(padded(at.x) + padded(at.y)));
-    }
-
-    void AddTo(const std::string& tile, double size, const std::string& element) {
-        std::string& elements = package_.tiles[tile];
-        if (elements.empty()) elements = TileText(size);
-        elements += element;
-    }
-
-    bool WriteLine(const Points& points, bool isHole = false) {
-        if (points.empty()) return false;
-        Box box = BoxOf(points);
-        if (box.minX < 0 || box.minY < 0) return false;
-        std::vector<background::Step> steps;
-        if (!EncodeSteps(points, steps)) return false;
-        PlanePoint mean{};
-        for (PlanePoint point : points) mean = {mean.x + point.x, mean.y + point.y};
-        if (!isHole || lastTile_.empty()) {
-            double count = static_cast<double>(points.size()), tile = tileSize_;
-            if (box.Size() > 2 * tileSize_)
-                tile *= 100;
-            else if (box.Size() > tileSize_ / 2)
-                tile *= 10;
-            lastTile_ = TileOf({mean.x / count, mean.y / count}, tile);
-            lastTileSize_ = tile;
-        }
-        AddTo(lastTile_ + "L.PMM", lastTileSize_, LineText(Header(2), points[0], steps));
-        return true;
-    }
-
-    void WriteArea(const Points& points, const std::string& part) {
-        bool isPart = part.find_first_not_of(' ') != part.npos;
-        int type = isPart ? 10 + static_cast<int>(util::IntegerOf(part)) : 4;
-        Box box = BoxOf(points);
-        AddTo(lastTile_ + "A.PMM", tileSize_ / 2 < box.Size() ? tileSize_ * 10 : tileSize_,
-              AreaText(Header(type), box, 1, std::stoi(lastTile_)));
-    }
-
-    void WriteText(PlanePoint at, double height, double angle, int position, const std::string& text) {
-        std::string characters = Encoded(text);
-        int tenths = static_cast<int>(height * 10 * (1 + 1e-12));
-        int rotation = static_cast<int>(std::nearbyint(angle * 57.2957795130823 * 10));
-        PlanePoint anchor = *background::TextAnchor(at, position, tenths, rotation, characters.size());
-        if (anchor.x < 0 || anchor.y < 0) return;
-        length_ = static_cast<std::int16_t>(20 + characters.size());
-        AddTo(TileOf(anchor, tileSize_) + "T.PMM", tileSize_,
-              TextText(Header(3), anchor, tenths, rotation, text));
     }
 
     drawing::Drawing& drawing_;
@@ -544,7 +423,7 @@ private:
     background::Classifier& classifier_;
     background::MobileStyles mobileStyles_;
     background::AnnotationText annotation_;
-    PlainPackage package_;
+    PlainWriter writer_;
     std::vector<PlainEntity> entities_;
     std::list<drawing::Drawing> contents_;
     Fields layers_, addedLayers_;
@@ -552,47 +431,13 @@ private:
     std::map<std::string, std::vector<double>> search_;
     int kind_ = 0, records_ = 0;
     bool isClassified_ = false;
-    background::FeatureHeader header_;
-    std::int16_t length_ = 0;
-    double tileSize_ = 250;
-    std::string lastTile_;
-    double lastTileSize_ = 0;
 };
-
-std::string ElementText(const background::Element& element) {
-    const ElementHeader& header = element.header;
-    if (element.IsText())
-        return TextText(header, {element.text.x, element.text.y}, element.text.height, element.text.rotation,
-                        element.characters);
-    if (element.IsArea())
-        return AreaText(header, element.area.box, element.area.rings, element.rings.at(0).tile);
-    std::vector<background::Step> steps;
-    for (std::size_t i = 1; i < element.points.size(); ++i) {
-        PlanePoint from = element.points[i - 1], to = element.points[i];
-        steps.push_back({static_cast<std::int16_t>(std::lround((to.x - from.x) * 100)),
-                         static_cast<std::int16_t>(std::lround((to.y - from.y) * 100))});
-    }
-    return LineText(header, element.points.at(0), steps);
-}
 
 }  // namespace
 
 PlainPackage BuildPlainly(drawing::Drawing& drawing, const PlainSettings& settings,
                           background::Classifier& classifier) {
     return Reference(drawing, settings, classifier).Build();
-}
-
-PlainPackage ReadBack(const std::string& packageFile) {
-    background::PackageReader reader(packageFile);
-    PlainPackage package{
-        {}, TempFolder::Read(reader.Companion("LAY")), TempFolder::Read(reader.Companion("GAZ"))};
-    for (const background::Tile& tile : reader.Tiles()) {
-        package.tiles[tile.file->name] = TileText(tile.header.tileSize);
-        background::ElementReader elements(reader, tile);
-        for (background::Element element; elements.Next(element);)
-            package.tiles[tile.file->name] += ElementText(element);
-    }
-    return package;
 }
 
 }  // namespace vexlator::test

@@ -4,9 +4,9 @@
 
 #include "background/classification/Classifier.h"
 #include "background/styling/modGRPstyling.h"
+#include "background_build/PlainPackage.h"
 #include "drawing/Drawing.h"
 
-#include <map>
 #include <string>
 
 namespace vexlator::test {
@@ -19,18 +19,9 @@ struct PlainSettings {
     std::string mobileStyles;  ///< text of the file
 };
 
-/// A package as texts to compare.
-struct PlainPackage {
-    std::map<std::string, std::string> tiles;  ///< by name of the tile file: its elements, one a line
-    std::string layers, gazetteer;             ///< the files as they are
-};
-
 /// What a build has to come to, found the slow way: the entities in a list, of which the first is taken,
 /// erased, and its parts appended at the end, until none is left.
 PlainPackage BuildPlainly(drawing::Drawing& drawing, const PlainSettings& settings,
                           background::Classifier& classifier);
-
-/// What the files of a package hold.
-PlainPackage ReadBack(const std::string& packageFile);
 
 }  // namespace vexlator::test
