@@ -174,6 +174,22 @@ TEST(Build, SearchValueFarApartIsOneSquare) {
     EXPECT_EQ(office.File("GAZ"), "Mill,1500,700,1000\r\n");
 }
 
+TEST(Build, SymbolInASymbolThatIsScaledUnevenly) {
+    Office office;
+    const double quarter = std::numbers::pi / 2;
+    drawing::Drawing inner, outer;
+    inner.addLine({0, 0}, {3, 0});
+    inner.saveAs(office.folder / "INNER.VDF");
+    outer.addInsert({10, 0}, "INNER", 1, 1, quarter);
+    outer.saveAs(office.folder / "OUTER.VDF");
+    for (const char* name : {"INNER", "OUTER"})
+        office.drawing.addBlock({name, test::TempFolder::Read(office.folder / (std::string(name) + ".VDF"))});
+    office.drawing.addInsert({100, 100}, "OUTER", 2, 1, quarter);
+    office.Build();
+    std::string lines = test::ReadBack(office.index).tiles["0L.PMM"];
+    EXPECT_NE(lines.find(" 100.0000 120.0000 -300,0\n"), lines.npos) << lines;
+}
+
 /// Symbols that hold themselves, once and many times over, end.
 TEST(Build, SymbolsThatHoldThemselves) {
     Office office;
