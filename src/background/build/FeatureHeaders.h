@@ -10,6 +10,7 @@
 #include "config/Session.h"
 #include "drawing/Drawing.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <unordered_map>
@@ -41,6 +42,8 @@ public:
 
     bool IsClassifiedMode() const { return isClassifiedMode_; }
     bool IsHidden(const std::string& layer) { return LookOf(layer).isHidden; }
+    /// How many layers have been asked about.
+    std::size_t LayersMet() const { return looks_.size(); }
     /// The header of an entity of the drawing.
     FeatureHeader Of(const drawing::Entity& entity, StyleCell cell);
     /// The header of a part of a symbol, and of what a curve becomes: all that they have is a layer.

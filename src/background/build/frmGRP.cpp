@@ -50,8 +50,9 @@ config::Outcome frmGRP::Start(std::string_view drawingPath, std::string_view tar
     PackageWriter writer(target.index, ui, settings.memoryBytes);
     FeatureHeaders headers(session_, settings, drawing, writer);
     if (!settings.style.layerOnField.empty()) RelayerByAttribute(settings.style.layerOnField, drawing);
-    config::Outcome outcome{.layers = drawing.layerCount(), .target = target.index};
+    config::Outcome outcome{.target = target.index};
     outcome.features = EntityWalk(session_, settings, drawing, headers, writer, *view).Run();
+    outcome.layers = headers.LayersMet();
     view->SetLabel("Completed!");
     ui.Settle(1);
     view->SetLabel("Building GRP");
