@@ -105,7 +105,7 @@ private:
     std::uint64_t pushed_ = 0;
 };
 
-/// Deletes temporary files that killed runs left in a folder. Those of running programs stay.
+/// Deletes temporary files and folders that killed runs left in a folder. Those of running programs stay.
 void RemoveLeftovers(std::string_view folder);
 
 /// The content of a small file that other programs may write meanwhile. @throws ReadError

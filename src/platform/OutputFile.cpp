@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 #include "platform/Files.h"
+#include "platform/FolderSwap.h"
 #include "platform/NativeFiles.h"
 #include "platform/OutputSet.h"
 #include "platform/Paths.h"
@@ -26,11 +27,13 @@ namespace {
 
 constexpr std::uint64_t writeBackStep = std::uint64_t{8} << 20;
 
-/// Deletes a temporary file unless a running program writes it: every writer holds a lock on its own.
+/// Deletes a temporary file or folder unless a running program writes it: every writer holds a lock on its
+/// own.
 void RemoveIfAbandoned(const std::string& native) {
     int descriptor = ::open(native.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
     if (descriptor < 0) return;
-    if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0) ::unlink(native.c_str());
+    bool isAbandoned = ::flock(descriptor, LOCK_EX | LOCK_NB) == 0;
+    if (isAbandoned && ::unlink(native.c_str()) != 0) RemoveFlatFolder(native);
     ::close(descriptor);
 }
 
@@ -182,6 +185,24 @@ void OutputSet::Commit() {
     for (const std::string& folder : folders) SyncFolder(folder);
     files_.clear();
     finished_ = 0;
+}
+
+bool OutputSet::CommitAsFolder(std::string_view folder, const std::vector<std::string>& replaced) {
+    FinishSoFar();
+    std::string native = FindExisting(folder);
+    std::set<std::string> known(replaced.begin(), replaced.end());
+    for (const OutputFile& file : files_) known.insert(NamePart(file.temporary_));
+    for (const std::string& name : EntriesOf(native))
+        if (!known.contains(name)) return false;
+    FolderSwap swap(native);
+    if (!swap.IsPossible()) return false;
+    for (const OutputFile& file : files_)
+        if (!swap.Link(file.temporary_, NamePart(file.target_))) return false;
+    if (!swap.TakePlace()) return false;
+    SyncFolder(FolderPart(native));
+    files_.clear();
+    finished_ = 0;
+    return true;
 }
 
 void ReplaceFile(std::string_view path, std::string_view content) {

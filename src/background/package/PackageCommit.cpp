@@ -113,8 +113,10 @@ void PackageWriter::Commit() {
         files_.Add(util::ChangeExtension(packageFile_, "GAZ")).Write(gazetteer_.Text());
     WriteIndex(tiles, files_.Add(packageFile_));
     bool hasLayers = !layers_.IsEmpty();
-    files_.Commit();
-    RemoveOldFiles(hasLayers);
+    if (!files_.CommitAsFolder(folder_, oldFiles_)) {
+        files_.Commit();
+        RemoveOldFiles(hasLayers);
+    }
     ReportRefusals();
 }
 

@@ -6,6 +6,7 @@
 #include "background/package/TileGrid.h"
 #include "platform/CodePages.h"
 #include "platform/Errors.h"
+#include "platform/Files.h"
 #include "platform/Paths.h"
 #include "util/Paths.h"
 
@@ -64,7 +65,10 @@ PackageWriter::PackageWriter(std::string_view packageFile, ui::UserInterface& us
       ui_(userInterface),
       oldFiles_(PackageFilesIn(folder_)),
       memory_(folder_, memoryBytes),
-      layers_(files_, util::ChangeExtension(packageFile, "LAY")) {}
+      layers_(files_, util::ChangeExtension(packageFile, "LAY")) {
+    // Where a killed run was swapping the folder.
+    platform::RemoveLeftovers(util::FolderOf(folder_));
+}
 
 ElementHeader PackageWriter::Header(std::uint8_t type) const {
     return {type,           feature_.keyHigh, feature_.keyLow, textLength_, feature_.classA, feature_.classB,

@@ -36,8 +36,9 @@ struct Refusals {
 ///
 /// Set Feature() for each feature, then write its elements: WriteLineElement() for lines and points and, when
 /// it is an area too, WriteAreaRing() right behind. Nothing of the package is seen before Commit(), which
-/// puts each file in place in one step, the index last, and takes away what an earlier package left in the
-/// folder. Without Commit() the old package stays.
+/// puts all files in place in one step and takes away what an earlier package left in the folder. Where the
+/// folder holds other files too, or cannot be swapped, each file takes its place in a step of its own, the
+/// index last. Without Commit() the old package stays.
 ///
 /// Tiles are kept in memory up to a limit; beyond it they move to a scratch file beside the package.
 /// @throws WriteError: when the disk fails, and when the package outgrows 2 GB, the reach of its offsets;

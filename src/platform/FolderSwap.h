@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <sys/types.h>
+#include <vector>
+
+/// For the files of this folder only.
+namespace vexlator::platform {
+
+/// A new folder beside another one, to take its place in one step. Until then, and when it cannot, nothing of
+/// the other changes; the one that has been replaced goes with the object. What a killed run leaves beside is
+/// an abandoned folder of a temporary name, which RemoveLeftovers() takes away.
+class FolderSwap {
+public:
+    /// @param native a folder. It cannot be replaced when it is a link, when it belongs to somebody else or
+    /// has access rules beyond its mode, which a new folder would lack.
+    explicit FolderSwap(std::string native);
+    ~FolderSwap();
+    FolderSwap(const FolderSwap&) = delete;
+    FolderSwap& operator=(const FolderSwap&) = delete;
+
+    bool IsPossible() const { return descriptor_ >= 0; }
+    /// Gives a file of the other folder a name in the new one. False when the file system does not.
+    bool Link(const std::string& nativeFile, const std::string& name);
+    /// False when the file system does not know the step.
+    bool TakePlace();
+
+private:
+    bool IsPlain() const;
+
+    std::string native_, beside_;
+    int descriptor_ = -1;
+};
+
+/// The names of what a folder holds.
+std::vector<std::string> EntriesOf(const std::string& native);
+
+/// Deletes a folder and the files in it; folders in it stay, and keep it.
+void RemoveFlatFolder(const std::string& native);
+
+}  // namespace vexlator::platform
