@@ -19,6 +19,19 @@ std::string SpelledName(Connection& connection, std::string_view name) {
     return found;
 }
 
+/// As `columns`, every column of the table, has them. SQLite's driver takes what stands before a full stop in
+/// a name for that of a table.
+std::vector<std::string> ColumnNames(Connection& connection, std::string_view table,
+                                     const Statement& columns) {
+    std::vector<std::string> names;
+    if (connection.Kind() == Connection::Product::Sqlite) {
+        Statement found(connection, "SELECT name FROM pragma_table_xinfo(?) WHERE hidden<>1 ORDER BY cid");
+        for (found.Execute({table}); found.Next();) names.emplace_back(found.Text(0));
+    }
+    for (std::size_t i = names.size(); i < columns.ColumnCount(); ++i) names.push_back(columns.ColumnName(i));
+    return names;
+}
+
 }  // namespace
 
 std::optional<Table> Table::Find(Connection& connection, std::string_view name) {
@@ -29,9 +42,9 @@ std::optional<Table> Table::Find(Connection& connection, std::string_view name) 
     table.name_ = connection.Quoted(spelled);
     Statement columns(connection, "SELECT * FROM " + table.name_ + " WHERE 1=0");
     columns.Execute();
+    std::vector<std::string> names = ColumnNames(connection, spelled, columns);
     for (std::size_t i = 0; i < columns.ColumnCount(); ++i)
-        table.columns_.push_back(
-            {columns.ColumnName(i), connection.Quoted(columns.ColumnName(i)), columns.TypeOf(i)});
+        table.columns_.push_back({names[i], connection.Quoted(names[i]), columns.TypeOf(i)});
     return table;
 }
 
@@ -44,8 +57,8 @@ const Table::ColumnInfo* Table::FindColumn(std::string_view name) const {
     return found;
 }
 
-const std::string& Table::Column(std::string_view name) const {
-    if (const ColumnInfo* column = FindColumn(name)) return column->quoted;
+const Table::ColumnInfo& Table::Required(std::string_view name) const {
+    if (const ColumnInfo* column = FindColumn(name)) return *column;
     throw DatabaseError("42S22", "the table " + name_ + " has no column \"" + std::string(name) + "\"");
 }
 

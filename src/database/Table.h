@@ -21,14 +21,16 @@ public:
 
     /// In quotes, for statements.
     const std::string& Name() const { return name_; }
-    /// A column's name in quotes, for statements. @throws DatabaseError when the table lacks it.
-    const std::string& Column(std::string_view name) const;
-    bool HasColumn(std::string_view name) const { return FindColumn(name) != nullptr; }
 
     struct ColumnInfo {
-        std::string plain, quoted;  ///< its name
+        std::string plain, quoted;  ///< its name; in quotes, for statements
         ColumnType type;
     };
+    /// @throws DatabaseError when the table lacks the column
+    const ColumnInfo& Required(std::string_view name) const;
+    /// A column's name in quotes. @throws DatabaseError when the table lacks it.
+    const std::string& Column(std::string_view name) const { return Required(name).quoted; }
+    bool HasColumn(std::string_view name) const { return FindColumn(name) != nullptr; }
     const std::vector<ColumnInfo>& Columns() const { return columns_; }
     /// nullptr when there is none.
     const ColumnInfo* FindColumn(std::string_view name) const;

@@ -107,14 +107,14 @@ TEST_P(StatementTest, TransactionsHappenWholeOrNotAtAll) {
 
 TEST_P(StatementTest, QuotesNamesAndFindsThemInAnyCase) {
     Connection connection(ConnectionString());
-    std::string table = R"(Lampen; "süd")", column = "Höhe \"m\" ?";
+    std::string table = R"(Lampen; "süd")", column = "No. Höhe \"m\" ?";
     connection.Execute("CREATE TABLE " + connection.Quoted(table) + " (" + connection.Quoted(column) +
                        " TEXT)");
     connection.Execute("CREATE TABLE Plain (ID INTEGER)");
     auto found = Table::Find(connection, R"(LAMPEN; "SüD")");
     ASSERT_TRUE(found);
-    Statement insert(connection,
-                     "INSERT INTO " + found->Name() + " (" + found->Column("höhe \"M\" ?") + ") VALUES (?)");
+    Statement insert(connection, "INSERT INTO " + found->Name() + " (" + found->Column("NO. höhe \"M\" ?") +
+                                     ") VALUES (?)");
     insert.Execute({"4,5"});
     EXPECT_EQ(Rows("SELECT * FROM " + connection.Quoted(table)), std::vector<std::string>{"4,5"});
     ASSERT_TRUE(Table::Find(connection, "PLAIN"));

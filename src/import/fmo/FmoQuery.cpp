@@ -6,6 +6,9 @@
 #include "database/Table.h"
 #include "util/Numbers.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace vexlator::importer {
 
 using database::Connection;
@@ -64,22 +67,27 @@ FmoQuery FmoQuery::Lines(const database::FmoDefinition& definition) {
     return query;
 }
 
-std::string FmoQuery::For(Connection& connection) const {
+FmoQuery::Statement FmoQuery::For(Connection& connection) const {
     std::optional<Table> table = Table::Find(connection, table_);
     if (!table) throw database::DatabaseError("42S02", "there is no table \"" + table_ + "\"", shown_);
-    std::vector<std::string> columns;
-    for (const std::string& name : first_) columns.push_back(table->Column(name));
-    for (const std::string& name : list_.names) columns.push_back(table->Column(name));
+    std::vector<std::string> names, columns;
+    auto add = [&](const Table::ColumnInfo& column, const std::string& value) {
+        names.push_back(column.plain);
+        columns.push_back(value);
+    };
+    auto addNamed = [&](const std::string& name) { add(table->Required(name), table->Column(name)); };
+    std::ranges::for_each(first_, addNamed);
+    std::ranges::for_each(list_.names, addNamed);
     bool leaveOut = !geometryColumn_.empty() && connection.Kind() != Connection::Product::Other;
     const auto* geometry = leaveOut ? table->FindColumn(geometryColumn_) : nullptr;
     if (list_.everything)
         for (const Table::ColumnInfo& column : table->Columns())
-            columns.push_back(&column == geometry ? "NULL AS " + column.quoted : column.quoted);
+            add(column, &column == geometry ? "NULL" : column.quoted);
     std::string where;
     if (extent_.maxX != 0)
         where = Condition(AsNumber(connection, table->Column(east_)),
                           AsNumber(connection, table->Column(north_)), extent_);
-    return "SELECT " + Joined(columns) + " FROM " + table->Name() + where;
+    return {"SELECT " + Joined(columns) + " FROM " + table->Name() + where, std::move(names)};
 }
 
 }  // namespace vexlator::importer

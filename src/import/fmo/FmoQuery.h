@@ -29,8 +29,12 @@ public:
     static FmoQuery Lines(const database::FmoDefinition& definition);
 
     const std::string& Shown() const { return shown_; }
+    struct Statement {
+        std::string sql;
+        std::vector<std::string> columns;  ///< names of those that it returns
+    };
     /// @throws database::DatabaseError when table or columns are missing
-    std::string For(database::Connection& connection) const;
+    Statement For(database::Connection& connection) const;
 
 private:
     std::string table_, shown_, east_, north_, geometryColumn_;

@@ -54,11 +54,11 @@ std::string_view FieldValueText(const Statement& rows, std::size_t column, std::
     return buffer;
 }
 
-RowAttributes::RowAttributes(drawing::Drawing& drawing, const Statement& rows, std::size_t firstColumn)
+RowAttributes::RowAttributes(drawing::Drawing& drawing, const Statement& rows,
+                             std::span<const std::string> columns, std::size_t firstColumn)
     : rows_(rows), firstColumn_(firstColumn) {
     std::vector<std::string> names;
-    for (std::size_t i = firstColumn; i < rows.ColumnCount(); ++i)
-        names.push_back(platform::AsUtf8(rows.ColumnName(i)));
+    for (const std::string& column : columns.subspan(firstColumn)) names.push_back(platform::AsUtf8(column));
     set_ = drawing.attributeSet(names);
 }
 

@@ -6,6 +6,7 @@
 #include "drawing/Drawing.h"
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -15,7 +16,9 @@ namespace vexlator::importer {
 class RowAttributes {
 public:
     /// @param rows has run and outlives this object
-    RowAttributes(drawing::Drawing& drawing, const database::Statement& rows, std::size_t firstColumn);
+    /// @param columns names of all columns of `rows`
+    RowAttributes(drawing::Drawing& drawing, const database::Statement& rows,
+                  std::span<const std::string> columns, std::size_t firstColumn);
 
     /// Gives the entity added last the values of the current row.
     void AttachTo(drawing::Drawing& drawing);

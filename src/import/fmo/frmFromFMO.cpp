@@ -169,9 +169,11 @@ void frmFromFMO::ShowError(const std::string& reason, const FmoQuery& query) {
 
 void frmFromFMO::ImportPoints(Connection& connection, const FmoQuery& query, const std::string& symbol) {
     session_.DebugMessage(query.Shown());
+    FmoQuery::Statement statement;
     std::optional<Statement> rows;
     try {
-        rows.emplace(connection, query.For(connection));
+        statement = query.For(connection);
+        rows.emplace(connection, statement.sql);
         rows->Execute();
     } catch (const DatabaseError& error) {
         ShowError(error.what(), query);
@@ -179,7 +181,7 @@ void frmFromFMO::ImportPoints(Connection& connection, const FmoQuery& query, con
     }
     std::string problem;
     try {
-        RowAttributes attributes(drawing_, *rows, 2);
+        RowAttributes attributes(drawing_, *rows, statement.columns, 2);
         while (problem.empty() && rows->Next()) {
             std::optional<double> east = Coordinate(*rows, 0), north = Coordinate(*rows, 1);
             if (!east || !north) {
@@ -209,9 +211,10 @@ void frmFromFMO::ImportLines(Connection& connection, const FmoQuery& query, cons
     session_.DebugMessage(query.Shown());
     DamagedRows damaged;
     try {
-        Statement rows(connection, query.For(connection));
+        FmoQuery::Statement statement = query.For(connection);
+        Statement rows(connection, statement.sql);
         rows.Execute();
-        RowAttributes attributes(drawing_, rows, 1);
+        RowAttributes attributes(drawing_, rows, statement.columns, 1);
         for (; rows.Next(); view_->Progress(++count_, 0)) {
             std::string value = rows.Bytes(0);
             if (value.empty()) continue;
