@@ -71,12 +71,16 @@ TEST_F(JobFiles, OptionsComeFromTheConfiguration) {
                                   "{PtId=1;Feature=OPEN(1);NumSats=1;DOP=1;DiffMode=1;RealTimeAcc=1.000}"}));
 }
 
-TEST_F(JobFiles, TextIsWindows1252UnlessItIsUtf8) {
+TEST_F(JobFiles, TextIsWindows1252UnlessItIsUtf8OrMarked) {
     folder.Write("in/A.JOB", "\xEF\xBB\xBF DB,1,\xC3\xA9,\"a\nx$GIS\n$GIS,P,1,b\xC3\xA9,1,1\n");
     folder.Write("in/B.JOB", " DB,1,\xE9,\"b\r$GIS,P,1,b\xE9,1,1\r");
-    Start("A.JOB", "|B.JOB");
+    std::string wide = "\xFE\xFF";
+    for (char c : std::string(" DB,1,\xE9,\"c\nx$GIS\n$GIS,P,1,b\xE9,1,1\n"))
+        wide.append(1, '\0').append(1, c);
+    folder.Write("in/C.JOB", wide);
+    Start("A.JOB", "|B.JOB|C.JOB");
     std::vector<std::string> wanted;
-    for (const char* quoted : {"\"a", "\"b"})
+    for (const char* quoted : {"\"a", "\"b", "\"c"})
         wanted.push_back("VDINSERT B\xC3\x89 c2 (1,1,0) [default] {FIELD1=\xC3\xA9;FIELD2=" +
                          std::string(quoted) + ";FIELD3=;FIELD4=}");
     EXPECT_EQ(Saved("A.VDF"), wanted);

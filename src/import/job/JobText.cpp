@@ -2,15 +2,16 @@
 // SPDX-License-Identifier: MIT
 #include "import/job/JobText.h"
 
+#include "import/TextSource.h"
 #include "platform/CodePages.h"
 
 namespace vexlator::importer {
 
-JobText::JobText(const platform::MappedFile& file) : text_(file.Text()) {
-    constexpr std::string_view zipSignature = "PK\x03\x04", byteOrderMark = "\xEF\xBB\xBF";
-    if (text_.starts_with(zipSignature))
+JobText::JobText(const platform::MappedFile& file) {
+    constexpr std::string_view zipSignature = "PK\x03\x04";
+    if (file.Text().starts_with(zipSignature))
         throw platform::ReadError("", "", "is a ZIP archive; unpack it and import the job inside");
-    if (text_.starts_with(byteOrderMark)) text_.remove_prefix(byteOrderMark.size());
+    text_ = TextBehindMark(file.Text(), decoded_);
     if (platform::IsUtf8(text_)) return;
     decoded_ = platform::Utf8FromWindows1252(text_);
     text_ = decoded_;

@@ -10,10 +10,11 @@
 namespace vexlator::importer {
 
 /// The text of a job file in UTF-8: the file's own bytes where they are UTF-8 already, else decoded from
-/// Windows-1252. The file must outlive the object.
+/// UTF-16 where they begin with its mark, else from Windows-1252. The file must outlive the object.
 class JobText {
 public:
-    /// @throws platform::ReadError for an archive, which holds its job packed
+    /// @throws platform::ReadError, without a file name, for an archive, which holds its job packed, and for
+    /// bytes that are no UTF-16 behind its mark
     explicit JobText(const platform::MappedFile& file);
     JobText(const JobText&) = delete;
     JobText& operator=(const JobText&) = delete;
