@@ -149,8 +149,11 @@ TEST(PhotoNames, LeadNowhereElse) {
         {"a]]>&'.jpg", "a%5D%5D%3E%26%27.jpg"},
         {"caf\xC3\xA9#1%.jpg", "caf%C3%A9%231%25.jpg"},
         {"a\n.jpg", "a%0A.jpg"},
+        {"c:/JOBS/out\\sub\\a.jpg", "sub/a.jpg"},
+        {"C:\\jobs\\out\\..\\a.jpg", "a.jpg"},
+        {"C:\\jobs\\outer\\sub\\a.jpg", "a.jpg"},
     };
-    for (auto [value, address] : cases) EXPECT_EQ(EncodedPath(PhotoName(value)), address);
+    for (auto [value, address] : cases) EXPECT_EQ(EncodedPath(PhotoName(value, "C:\\jobs\\out")), address);
     EXPECT_EQ(ThumbnailName("IMG_1.JPG"), "s_IMG_1.BMP");
     EXPECT_EQ(ThumbnailName("sub/a.b.jpg"), "sub/s_a.b.BMP");
 }
@@ -174,11 +177,13 @@ TEST_F(KmlExport, PhotographsOnTheWeb) {
     drawing.properties().emplace_back("Source", folder / "job/a.JOB");
     for (const char* value : {"a b.jpg", "sub\\c.JPG", "broken.jpg"})
         drawing.addPoint({1, 2, 0}).xproperties().add("A", value);
-    Settings(
-        "[PHOTO]\nGoogleMaps=1\n[GENERAL]\nCompany=A & B\n[KML]\nWebBase=https://example.org/x?a=1&b=\"2\n");
+    const std::string web =
+        "[GENERAL]\nCompany=A & B\n[KML]\nWebBase=https://example.org/x?a=1&b=\"2\n[PHOTO]\nGoogleMaps=1\n";
+    Settings(web);
     Export();
     const std::string base = "https://example.org/x?a=1&amp;b=%222/A%20%26%20B/";
-    EXPECT_EQ(Images(), (Texts{base + "s_a%20b.BMP", base + "sub/s_c.BMP", base + "s_broken.BMP"}));
+    const Texts images{base + "s_a%20b.BMP", base + "sub/s_c.BMP", base + "s_broken.BMP"};
+    EXPECT_EQ(Images(), images);
     EXPECT_EQ(All("<a href=\"", "</a>")[1], base + "sub/c.JPG\" target=\"_blank\">Open FullSize");
     EXPECT_EQ(platform::ListFiles(folder / "out"),
               (Texts{"a b.jpg", "broken.jpg", "s_a b.BMP", "s_old.BMP", "Survey.KML"}));
@@ -187,6 +192,9 @@ TEST_F(KmlExport, PhotographsOnTheWeb) {
     ASSERT_EQ(ui.reports.size(), 1U);
     EXPECT_TRUE(ui.reports[0].starts_with("no thumbnail of " + (folder / "out") + "/broken.jpg: damaged: "))
         << ui.reports[0];
+    Settings(web + "FullPath=1\n");
+    Export();
+    EXPECT_EQ(Images(), images);
 }
 
 TEST_F(KmlExport, PublishesWhenAskedTo) {

@@ -81,7 +81,9 @@ TEST_F(MeterExport, WithoutMetersThereIsNoFile) {
     drawing.findLayer("METER")->frozen = true;
     drawing.setActiveLayer("OTHER");
     drawing.addPoint({1, 1, 0});
-    EXPECT_EQ(Export().layers, 0U);
+    config::Outcome outcome = Export();
+    EXPECT_EQ(outcome.layers, 0U);
+    EXPECT_EQ(outcome.target, folder / "out");
     EXPECT_FALSE(std::filesystem::exists(folder / "out/Round 7.TXT"));
     EXPECT_TRUE(ui.messages.empty() && ui.reports.empty());
 }

@@ -132,7 +132,7 @@ void KmlLayer::CountReplaced(Entity entity, std::size_t value, std::uint64_t cha
 }
 
 void KmlLayer::WritePhoto(std::string_view value) {
-    std::string name = PhotoName(value), address = EncodedPath(name);
+    std::string name = PhotoName(value, settings_.folder), address = EncodedPath(name);
     if (!settings_.web) {
         writer_.AddImage(address);
         writer_.EndDescription();

@@ -17,6 +17,7 @@ namespace vexlator::exporter {
 
 /// What the KML export is set to, from [GENERAL], [PHOTO] and [KML] of gv.ini.
 struct KmlSettings {
+    std::string folder;        ///< of the export; absolute and native, as photographs' full paths are
     bool web = false;          ///< photographs lie on a web server, with thumbnails beside them
     std::string photoAddress;  ///< web: what stands before a photograph's name; encoded, ends in "/" or empty
 };

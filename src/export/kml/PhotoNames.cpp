@@ -32,9 +32,10 @@ std::string PercentEncoded(std::string_view text, std::string_view plain) {
 
 }  // namespace
 
-std::string PhotoName(std::string_view value) {
-    std::string name;
-    for (std::string_view part : PhotoPathParts(value)) name.append(name.empty() ? "" : "/").append(part);
+std::string PhotoName(std::string_view value, std::string_view exportFolder) {
+    std::string below = PathBelow(value, exportFolder), name;
+    for (std::string_view part : PhotoPathParts(below.empty() ? value : below))
+        name.append(name.empty() ? "" : "/").append(part);
     return name.empty() ? util::FileNameOf(value) : name;
 }
 

@@ -9,9 +9,9 @@
 namespace vexlator::exporter {
 
 /// The photograph's path below the folder of the export, "/" between folders, from the attribute value that
-/// names it. A value that leads outside the folder, or means something else than a file, gives its last
-/// component only.
-std::string PhotoName(std::string_view value);
+/// names it, with or without that folder. A value that leads outside the folder, or means something else than
+/// a file, gives its last component only.
+std::string PhotoName(std::string_view value, std::string_view exportFolder);
 
 /// The name of a photograph's thumbnail: "s_", the base name and ".BMP", in the same folder.
 std::string ThumbnailName(std::string_view photoName);

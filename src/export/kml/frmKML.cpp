@@ -13,7 +13,6 @@
 #include "util/Paths.h"
 #include "util/Programs.h"
 
-#include <memory>
 #include <string>
 
 namespace vexlator::exporter {
@@ -25,8 +24,9 @@ std::string WithSlash(std::string text) {
     return text;
 }
 
-KmlSettings ReadSettings(const config::Session& session) {
+KmlSettings ReadSettings(const config::Session& session, std::string_view targetPath) {
     KmlSettings settings;
+    settings.folder = platform::NativePath(platform::AbsolutePath(targetPath));
     settings.web = session.ReadIniFlag("PHOTO", "GoogleMaps");
     settings.photoAddress = WithSlash(EncodedAddress(session.ReadIni("KML", "WebBase"))) +
                             WithSlash(EncodedPath(session.ReadIni("GENERAL", "Company")));
@@ -40,7 +40,7 @@ config::Outcome frmKML::Start(std::string_view drawingPath, std::string_view tar
     if (run.IsStopped()) return run.outcome;
     std::string name = util::BaseNameOf(drawingPath);
     run.outcome.target = util::JoinPath(targetPath, name + ".KML");
-    KmlSettings settings = ReadSettings(session_);
+    KmlSettings settings = ReadSettings(session_, targetPath);
     if (settings.web) MakeThumbnails(session_, targetPath);
     coords::frmLatLng converter(session_);
     platform::OutputFile file(run.outcome.target);

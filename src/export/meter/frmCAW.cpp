@@ -8,7 +8,6 @@
 #include "util/Paths.h"
 #include "util/Programs.h"
 
-#include <memory>
 #include <string>
 
 namespace vexlator::exporter {
@@ -23,16 +22,16 @@ config::Outcome frmCAW::Start(std::string_view drawingPath, std::string_view tar
     OpenExport run(session_, "frmCAW", drawingPath, targetPath);
     if (run.IsStopped()) return run.outcome;
     std::string name = util::BaseNameOf(drawingPath);
-    run.outcome.target = util::JoinPath(targetPath, name + ".TXT");
+    std::string path = util::JoinPath(targetPath, name + ".TXT");
     ForEachLayer(session_, run.drawing, *run.view, LayerZero::Skip, [&](const ExportLayer& layer) {
         if (!platform::SameNoCase(layer.layer.name, meterLayer)) return;
-        platform::OutputFile file(run.outcome.target);
+        platform::OutputFile file(path);
         run.outcome.features = WriteMeterReadings(session_, layer, name, file);
-        run.outcome.layers = 1;
         file.Commit();
+        run.outcome.layers = 1;
+        run.outcome.target = path;
     });
-    if (session_.Settings().AutoLaunchExport && run.outcome.layers > 0)
-        util::OpenDocument(run.outcome.target);
+    if (session_.Settings().AutoLaunchExport && run.outcome.layers > 0) util::OpenDocument(path);
     util::Pause(session_.Ui(), 1);
     return run.outcome;
 }

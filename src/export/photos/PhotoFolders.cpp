@@ -12,6 +12,10 @@ namespace vexlator::exporter {
 
 namespace {
 
+bool IsSeparator(char c) {
+    return c == '\\' || c == '/';
+}
+
 bool IsControl(char c) {
     return static_cast<unsigned char>(c) < ' ' || c == '\x7F';
 }
@@ -56,6 +60,20 @@ std::vector<std::string_view> PhotoPathParts(std::string_view name) {
         begin = end + 1;
     }
     return parts;
+}
+
+std::string WithBackslashes(std::string_view path) {
+    std::string text(path);
+    std::replace(text.begin(), text.end(), '/', '\\');
+    return text;
+}
+
+std::string PathBelow(std::string_view path, std::string_view folder) {
+    while (!folder.empty() && IsSeparator(folder.back())) folder.remove_suffix(1);
+    if (folder.empty() || path.size() <= folder.size() || !IsSeparator(path[folder.size()])) return "";
+    bool below =
+        platform::SameNoCase(WithBackslashes(path.substr(0, folder.size())), WithBackslashes(folder));
+    return below ? WithBackslashes(path.substr(folder.size() + 1)) : "";
 }
 
 bool DropLink(std::string_view path) {

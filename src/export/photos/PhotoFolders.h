@@ -16,6 +16,12 @@ namespace vexlator::exporter {
 /// when it holds a control character.
 std::vector<std::string_view> PhotoPathParts(std::string_view name);
 
+std::string WithBackslashes(std::string_view path);
+
+/// The part of `path` below `folder`, "\" between its folders; "" when it lies elsewhere. Letter case and the
+/// kind of separator do not count.
+std::string PathBelow(std::string_view path, std::string_view folder);
+
 /// Deletes the link that stands under a name, so that a file written there does not land where it points.
 /// True when there was one.
 bool DropLink(std::string_view path);

@@ -19,16 +19,6 @@ namespace vexlator::exporter {
 
 namespace {
 
-bool IsSeparator(char c) {
-    return c == '\\' || c == '/';
-}
-
-std::string WithBackslashes(std::string_view path) {
-    std::string text(path);
-    std::replace(text.begin(), text.end(), '/', '\\');
-    return text;
-}
-
 /// Four bytes as a number, letters made small.
 std::uint32_t LowerFour(const char* text) {
     std::uint32_t word;
@@ -143,15 +133,6 @@ private:
 void WritePhotoList(std::string_view path, const std::string& list) {
     DropLink(path);
     platform::ReplaceFile(path, platform::FitsWindows1252(list) ? platform::Windows1252FromUtf8(list) : list);
-}
-
-/// The part of `path` below `folder`; nothing when it lies elsewhere. Both separators are the same.
-std::string PathBelow(std::string_view path, std::string_view folder) {
-    while (!folder.empty() && IsSeparator(folder.back())) folder.remove_suffix(1);
-    if (folder.empty() || path.size() <= folder.size() || !IsSeparator(path[folder.size()])) return "";
-    bool below =
-        platform::SameNoCase(WithBackslashes(path.substr(0, folder.size())), WithBackslashes(folder));
-    return below ? WithBackslashes(path.substr(folder.size() + 1)) : "";
 }
 
 }  // namespace
