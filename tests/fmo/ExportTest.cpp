@@ -100,19 +100,24 @@ TEST_P(FmoExportTest, TwoExportsAtOnceBothArrive) {
         config::Session session(ui);
         session.Settings() = session_.Settings();
         Drawing drawing;
-        drawing.setActiveLayer("VALVES");
-        for (int i = first; i < first + 300; ++i)
-            Add(drawing.addPoint({double(i), 2, 0}), {{"HANDLE", std::to_string(i)}});
+        for (const char* layer : {first == 0 ? "VALVES" : "WELLS", first == 0 ? "WELLS" : "VALVES"}) {
+            drawing.setActiveLayer(layer);
+            for (int i = first; i < first + 300; ++i)
+                Add(drawing.addPoint({double(i), 2, 0}), {{"HANDLE", std::to_string(i)}});
+        }
         std::string path = folder_ / ("many" + std::to_string(first) + ".VDF");
         drawing.saveAs(path);
         exporter::frmFMO(session).Start(path, folder_ / "FMO");
     };
     DefineValves();
+    Define("WELLS", "TABLE=wells\nEAST=E\nNORTH=N\nKEY=ID\n");
     for (int round = 0; round < 3; ++round) {
         std::thread one(exportMany, 0), two(exportMany, 200);
         one.join();
         two.join();
-        EXPECT_EQ(Query("SELECT count(*), count(DISTINCT \"ID\") FROM \"Valves\""), Texts{"500|500"});
+        for (const char* table : {"Valves", "wells"})
+            EXPECT_EQ(Query("SELECT count(*), count(DISTINCT \"ID\") FROM \"" + std::string(table) + "\""),
+                      Texts{"500|500"});
     }
 }
 
@@ -174,13 +179,17 @@ TEST_P(FmoExportTest, WhatWasExportedComesBack) {
 }
 
 TEST_P(FmoExportTest, ATemplateIsMadeFromTheTable) {
-    Sql("CREATE TABLE valves (e DOUBLE PRECISION, n DOUBLE PRECISION, id TEXT, owner TEXT)");
+    Sql("CREATE TABLE valves (e DOUBLE PRECISION, n DOUBLE PRECISION, id TEXT, owner TEXT, "
+        "remark TEXT NOT NULL DEFAULT 'none')");
+    Sql("INSERT INTO valves VALUES (0, 0, '2', 'y', 'office')");
     Define("VALVES", "TABLE=Valves\nEAST=E\nNORTH=N\nKEY=ID\n");
     drawing_.setActiveLayer("VALVES");
-    Add(drawing_.addPoint({1, 2, 0}), {{"ID", "1"}, {"OWNER", "x"}});
+    for (const char* key : {"1", "2"}) Add(drawing_.addPoint({1, 2, 0}), {{"ID", key}, {"OWNER", "x"}});
     Export();
     EXPECT_EQ(test::TempFolder::Read(folder_ / "ATP/VALVES.ATP"),
-              "[26,09]\r\n[01,01]ID        ,C32.00\r\n[01,02]owner     ,C32.00\r\n");
+              "[26,09]\r\n[01,01]ID        ,C32.00\r\n[01,02]owner     ,C32.00\r\n"
+              "[01,03]remark    ,C32.00\r\n");
+    EXPECT_EQ(Query("SELECT id, owner, remark FROM valves ORDER BY id"), (Texts{"1|x|none", "2|x|office"}));
 }
 
 VEXLATOR_ON_EACH_DATABASE(FmoExportTest);

@@ -81,12 +81,6 @@ std::string PlaceOf(const drawing::Entity& last, const FeatureTable& table) {
 
 }  // namespace
 
-/// Where the features of one layer go.
-struct DatabaseExport::LayerTarget {
-    FmoDefinition definition;
-    std::string newText;  ///< of the definition's file, when it has to be written
-};
-
 DatabaseExport::DatabaseExport(config::Session& session, drawing::Drawing& drawing, DefinitionFolders folders,
                                ui::FormView& view)
     : session_(session), drawing_(drawing), folders_(std::move(folders)), view_(view), databases_(session) {}
@@ -94,8 +88,12 @@ DatabaseExport::DatabaseExport(config::Session& session, drawing::Drawing& drawi
 config::Outcome DatabaseExport::Run() {
     outcome_.target = folders_.target;
     ForEachLayer(session_, drawing_, view_, LayerZero::Skip,
-                 [&](const ExportLayer& layer) { ExportLayerRows(layer); });
+                 [&](const ExportLayer& layer) { AddTarget(layer); });
+    if (outcome_.status == config::Outcome::Status::Done && !databases_.OpenAll())
+        outcome_.status = config::Outcome::Status::Failed;
     if (outcome_.status != config::Outcome::Status::Done) return outcome_;
+    ForEachLayer(session_, drawing_, view_, LayerZero::Skip,
+                 [&](const ExportLayer& layer) { ExportLayerRows(layer); });
     files_.FinishSoFar();
     try {
         databases_.Commit();
@@ -107,30 +105,38 @@ config::Outcome DatabaseExport::Run() {
     return outcome_;
 }
 
-void DatabaseExport::ExportLayerRows(const ExportLayer& layer) {
+void DatabaseExport::AddTarget(const ExportLayer& layer) {
     if (!HasKind(layer.set, {Kind::Point, Kind::Insert, Kind::Polyline})) return;
-    LayerTarget target;
-    ChooseTarget(layer, target);
+    LayerTarget target = TargetOf(layer);
     if (!IsComplete(target.definition)) {
         outcome_.status = config::Outcome::Status::Failed;
         return;
     }
+    target.databaseName = databases_.Add(target.definition);
+    targets_.emplace(layer.layer.name, std::move(target));
+}
+
+void DatabaseExport::ExportLayerRows(const ExportLayer& layer) {
+    auto found = targets_.find(layer.layer.name);
+    if (found == targets_.end()) return;
+    const FmoDefinition& definition = found->second.definition;
     try {
-        WriteRows(layer, target);
+        WriteRows(layer, found->second);
     } catch (const DatabaseError& error) {
-        throw platform::WriteError(platform::NativePath(target.definition.database),
-                                   "table " + target.definition.table + place_ + ": " + error.what());
+        throw platform::WriteError(platform::NativePath(definition.database),
+                                   "table " + definition.table + place_ + ": " + error.what());
     }
 }
 
-void DatabaseExport::ChooseTarget(const ExportLayer& layer, LayerTarget& target) {
+DatabaseExport::LayerTarget DatabaseExport::TargetOf(const ExportLayer& layer) const {
     std::string prefix = ProjectPrefix(session_);
     std::string own = util::JoinPath(folders_.target, util::SafeFileName(prefix + layer.fileName) + ".FMO");
     std::string shared = util::JoinPath(folders_.existing, layer.fileName + ".FMO");
+    LayerTarget target;
     FmoDefinition& definition = target.definition;
     if (util::FileSize(own) > 0) {
         definition = database::ReadFmoDefinition(session_, own);
-        return;
+        return target;
     }
     if (util::FileSize(shared) == 0) {
         definition = NewDefinition(layer, prefix);
@@ -145,6 +151,7 @@ void DatabaseExport::ChooseTarget(const ExportLayer& layer, LayerTarget& target)
         target.newText = config::WithIniValue(target.newText, "DEF", "MDB", definition.database);
     }
     definition.definitionPath = own;
+    return target;
 }
 
 FmoDefinition DatabaseExport::NewDefinition(const ExportLayer& layer, const std::string& prefix) const {
@@ -173,16 +180,12 @@ std::vector<AtpField> DatabaseExport::FieldsOf(const ExportLayer& layer, const F
     return drawing::ReadAtpFields(TemplateFor(session_, layer));
 }
 
-void DatabaseExport::WriteRows(const ExportLayer& layer, LayerTarget& target) {
+void DatabaseExport::WriteRows(const ExportLayer& layer, const LayerTarget& target) {
     place_.clear();
-    ExportDatabases::Open* open = databases_.For(target.definition);
-    if (!open) {
-        outcome_.status = config::Outcome::Status::Failed;
-        return;
-    }
-    FeatureColumns columns(target.definition, FieldsOf(layer, target.definition, *open->connection),
+    ExportDatabases::Open& open = databases_.Named(target.databaseName);
+    FeatureColumns columns(target.definition, FieldsOf(layer, target.definition, *open.connection),
                            layer.set);
-    FeatureTable table(*open->connection, *open->transaction, target.definition, columns);
+    FeatureTable table(*open.connection, *open.transaction, target.definition, columns);
     std::uint64_t done = 0, written = 0;
     for (std::uint32_t index : layer.set.indexes()) {
         drawing::Entity entity = layer.set.entity(index);

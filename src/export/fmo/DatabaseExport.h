@@ -12,6 +12,7 @@
 #include "platform/OutputSet.h"
 
 #include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,21 +38,28 @@ public:
     config::Outcome Run();
 
 private:
-    struct LayerTarget;
+    /// Where the features of a layer go.
+    struct LayerTarget {
+        database::FmoDefinition definition;
+        std::string newText;       ///< of the definition's file, when it has to be written
+        std::string databaseName;  ///< in databases_
+    };
 
+    void AddTarget(const ExportLayer& layer);
+    LayerTarget TargetOf(const ExportLayer& layer) const;
     void ExportLayerRows(const ExportLayer& layer);
-    void ChooseTarget(const ExportLayer& layer, LayerTarget& target);
     database::FmoDefinition NewDefinition(const ExportLayer& layer, const std::string& prefix) const;
     std::vector<drawing::AtpField> FieldsOf(const ExportLayer& layer,
                                             const database::FmoDefinition& definition,
                                             database::Connection& connection);
-    void WriteRows(const ExportLayer& layer, LayerTarget& target);
+    void WriteRows(const ExportLayer& layer, const LayerTarget& target);
 
     config::Session& session_;
     drawing::Drawing& drawing_;
     DefinitionFolders folders_;
     ui::FormView& view_;
     config::Outcome outcome_;
+    std::map<std::string, LayerTarget> targets_;  ///< by layer
     ExportDatabases databases_;
     platform::OutputSet files_;
     std::vector<std::string> remarks_;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "export/fmo/ExportDatabases.h"
 
+#include "database/DatabaseError.h"
+#include "platform/Errors.h"
 #include "platform/Paths.h"
 #include "util/Files.h"
 #include "util/Paths.h"
@@ -27,23 +29,43 @@ std::string NameOf(const database::FmoDefinition& definition, const std::string&
     return platform::RealPath(definition.database);
 }
 
+/// One export after the other, as in SQLite, where one program writes at a time: two could lock tables in
+/// opposite order, and tables that are still to be made cannot be locked. The number is ours and means
+/// nothing.
+void KeepOthersOut(database::Connection& connection) {
+    if (connection.Kind() != database::Connection::Product::PostgreSql) return;
+    connection.Execute("SET LOCAL lock_timeout = '600s'");
+    connection.Execute("SELECT pg_advisory_xact_lock(7360912)");
+}
+
 }  // namespace
 
-ExportDatabases::Open* ExportDatabases::For(database::FmoDefinition& definition) {
+std::string ExportDatabases::Add(database::FmoDefinition& definition) {
     MakeDatabase(definition);
     std::string text = database::BuildConnectionString(session_, definition);
     std::string name = NameOf(definition, text);
-    auto known = byName_.find(name);
-    if (known != byName_.end()) return &known->second;
-    Open open;
-    open.connection = database::OpenFmoConnection(session_, definition, text);
-    if (!open.connection) return nullptr;
-    open.transaction = std::make_unique<database::Transaction>(*open.connection);
-    return &(byName_[name] = std::move(open));
+    byName_.try_emplace(name, Database{definition, text, {}});
+    return name;
+}
+
+bool ExportDatabases::OpenAll() {
+    for (auto& [name, each] : byName_) {
+        Open& open = each.open;
+        open.connection = database::OpenFmoConnection(session_, each.definition, each.connectionString);
+        if (!open.connection) return false;
+        try {
+            open.transaction = std::make_unique<database::Transaction>(*open.connection);
+            KeepOthersOut(*open.connection);
+        } catch (const database::DatabaseError& error) {
+            throw platform::WriteError(platform::NativePath(each.definition.database),
+                                       "table " + each.definition.table + ": " + error.what());
+        }
+    }
+    return true;
 }
 
 void ExportDatabases::Commit() {
-    for (auto& [text, open] : byName_) open.transaction->Commit();
+    for (auto& [name, each] : byName_) each.open.transaction->Commit();
 }
 
 }  // namespace vexlator::exporter

@@ -23,15 +23,26 @@ public:
 
     explicit ExportDatabases(config::Session& session) : session_(session) {}
 
-    /// The definition's database; a database file that is missing is made. nullptr when it cannot be opened,
-    /// which is shown. @throws database::DatabaseError, platform::WriteError
-    Open* For(database::FmoDefinition& definition);
+    /// Adds the definition's database and returns its name here; a database file that is missing is made.
+    /// @throws platform::WriteError
+    std::string Add(database::FmoDefinition& definition);
+    /// Opens all, and keeps other exports out of them to the end. Their order is always the same: else two
+    /// exports could wait for each other. False when one cannot be opened, which is shown.
+    /// @throws platform::WriteError when one cannot be written to
+    bool OpenAll();
+    Open& Named(const std::string& name) { return byName_.at(name).open; }
     /// @throws database::DatabaseError
     void Commit();
 
 private:
+    struct Database {
+        database::FmoDefinition definition;
+        std::string connectionString;
+        Open open;
+    };
+
     config::Session& session_;
-    std::map<std::string, Open> byName_;
+    std::map<std::string, Database> byName_;
 };
 
 }  // namespace vexlator::exporter

@@ -22,6 +22,10 @@ FeatureColumns::FeatureColumns(const database::FmoDefinition& definition,
     for (auto& [attributes, sources] : sources_) sources.resize(names_.size(), none);
 }
 
+bool FeatureColumns::HasSource(std::size_t column) const {
+    return std::ranges::any_of(sources_, [&](const auto& known) { return known.second[column] != none; });
+}
+
 std::size_t FeatureColumns::Find(std::string_view name) const {
     auto found = std::ranges::find_if(names_, [&](const std::string& n) { return SameNoCase(n, name); });
     return found == names_.end() ? none : static_cast<std::size_t>(found - names_.begin());

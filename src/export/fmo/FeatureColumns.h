@@ -28,6 +28,9 @@ public:
     /// Names; the first is the key column's.
     const std::vector<std::string>& Names() const { return names_; }
 
+    /// Whether any entity has an attribute for the column.
+    bool HasSource(std::size_t column) const;
+
     static constexpr std::size_t none = static_cast<std::size_t>(-1);
     /// For each column the position of the entity's attribute that goes there, or `none`.
     const std::vector<std::size_t>& SourcesFor(const drawing::Entity& entity) const {

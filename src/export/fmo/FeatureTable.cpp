@@ -35,14 +35,6 @@ TypeNames TypeNamesOf(Connection::Product product) {
     return {"TEXT", "INTEGER", "DOUBLE", "LONGBINARY"};
 }
 
-/// Makes programs that would create the same table at once wait for each other: there is nothing to lock yet.
-/// The number is ours and means nothing. SQLite lets one program write at a time anyway.
-void LockCreation(Connection& connection) {
-    if (connection.Kind() != Connection::Product::PostgreSql) return;
-    connection.Execute("SET LOCAL lock_timeout = '60s'");
-    connection.Execute("SELECT pg_advisory_xact_lock(7360912)");
-}
-
 /// Searching an existing table for each feature's key costs its whole length where it has no index.
 constexpr std::size_t fewFeatures = 100;
 /// One statement for several records costs a database much less than one for each.
@@ -69,10 +61,6 @@ FeatureTable::FeatureTable(Connection& connection, database::Transaction& transa
                            const database::FmoDefinition& definition, const FeatureColumns& columns)
     : connection_(connection), definition_(definition), columns_(columns) {
     table_ = Table::Find(connection, definition.table);
-    if (!table_) {
-        LockCreation(connection);
-        table_ = Table::Find(connection, definition.table);
-    }
     if (table_)
         AddMissingColumns(transaction);
     else
@@ -130,7 +118,8 @@ void FeatureTable::PrepareStatements() {
         const Table::ColumnInfo* column = table_->FindColumn(columns_.Names()[i]);
         if (!column) throw database::DatabaseError("42S22", "no column \"" + columns_.Names()[i] + "\"");
         types_.push_back(column->type);
-        if (i > 0 && column->type == ColumnType::Bytes) continue;
+        bool unwritten = column->type == ColumnType::Bytes || !columns_.HasSource(i);
+        if (i > 0 && unwritten) continue;  // the database keeps what it has, or its default
         written_.push_back(i);
         quoted_.push_back(column->quoted);
     }
