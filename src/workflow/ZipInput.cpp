@@ -9,7 +9,7 @@
 
 #include <algorithm>
 #include <memory>
-#include <set>
+#include <utility>
 #include <zip.h>
 
 namespace vexlator::workflow {
@@ -17,6 +17,7 @@ namespace vexlator::workflow {
 namespace {
 
 constexpr std::uint64_t largestRatio = 1000;  ///< unpacked to packed bytes; real data stays far below
+constexpr std::size_t longestPath = 1024, longestName = 255;  ///< bytes
 
 struct CloseFile {
     void operator()(zip_file_t* file) const { zip_fclose(file); }
@@ -28,10 +29,27 @@ std::string_view NameFault(std::string_view name) {
     if (name.front() == '/' || name.find(':') != std::string_view::npos) return "has an absolute path";
     auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; };
     if (std::any_of(name.begin(), name.end(), isControl)) return "has control characters in its name";
-    for (std::size_t i = 0; i <= util::CountOf(name, "/"); ++i)
-        if (std::string_view part = util::GetField(i, name, "/"); part == ".." || part == "." || part.empty())
-            return "has a path that leads elsewhere";
+    if (name.size() > longestPath) return "has a path that is too long";
+    for (std::size_t begin = 0; begin <= name.size();) {
+        std::string_view part = name.substr(begin, name.find('/', begin) - begin);
+        if (part == ".." || part == "." || part.empty()) return "has a path that leads elsewhere";
+        if (part.size() > longestName) return "has a name that is too long";
+        begin += part.size() + 1;
+    }
     return "";
+}
+
+/// A path in small letters, its separator before every other character: so the names in a folder follow it.
+std::string SortKey(const std::string& path) {
+    return util::ReplaceAll(platform::LowerAscii(path), "/", "\1");
+}
+
+/// How much of two paths is the same file or the same folders, whatever the letter case.
+std::size_t CommonPart(std::string_view a, std::string_view b) {
+    auto ends = [](std::string_view key, std::size_t at) { return at == key.size() || key[at] == '\1'; };
+    std::size_t common = std::ranges::mismatch(a, b).in1 - a.begin();
+    while (common > 0 && !(ends(a, common) && ends(b, common))) --common;
+    return common;
 }
 
 bool IsLinkEntry(zip_t* archive, std::uint64_t index) {
@@ -68,12 +86,9 @@ ZipInput::ZipInput(std::string_view path) : name_(platform::MappedFile(path).Nam
         throw platform::ReadError(name_, "", reason);
     }
     try {
-        std::set<std::string> seen;
-        for (std::uint64_t i = 0; i < static_cast<std::uint64_t>(zip_get_num_entries(archive_, 0)); ++i) {
+        for (std::uint64_t i = 0; i < static_cast<std::uint64_t>(zip_get_num_entries(archive_, 0)); ++i)
             ReadEntry(i);
-            if (!seen.insert(platform::LowerAscii(entries_.back().path)).second)
-                Refuse(entries_.back().path, "occurs twice, in whatever letter case");
-        }
+        RefuseTwins();
     } catch (...) {
         zip_discard(archive_);
         throw;
@@ -97,8 +112,24 @@ void ZipInput::ReadEntry(std::uint64_t index) {
     entries_.push_back(std::move(entry));
 }
 
+/// Files or folders of one name, or of names that differ only by letter case, are neighbours in the order of
+/// their keys.
+void ZipInput::RefuseTwins() const {
+    std::vector<std::pair<std::string, const Entry*>> sorted;
+    for (const Entry& entry : entries_) sorted.emplace_back(SortKey(entry.path), &entry);
+    std::ranges::sort(sorted);
+    for (std::size_t i = 1; i < sorted.size(); ++i) {
+        const auto& [key, entry] = sorted[i - 1];
+        const auto& [nextKey, next] = sorted[i];
+        std::size_t common = CommonPart(key, nextKey);
+        if (key == nextKey || entry->path.compare(0, common, next->path, 0, common) != 0)
+            Refuse(next->path, "occurs twice, in whatever letter case");
+        if (common == key.size() && !entry->isFolder) Refuse(next->path, "lies in a folder that is a file");
+    }
+}
+
 void ZipInput::Refuse(std::string_view entry, const std::string& reason) const {
-    throw platform::ReadError(name_, std::string(entry), reason);
+    throw platform::ReadError(name_, std::string(platform::CutUtf8(entry, longestName)), reason);
 }
 
 template <typename Take>

@@ -39,6 +39,7 @@ private:
         std::uint64_t packedSize = 0;
     };
     void ReadEntry(std::uint64_t index);
+    void RefuseTwins() const;
     void RefuseLinks(const std::string& folder, const Entry& entry) const;
     /// Gives the content piece by piece.
     template <typename Take>

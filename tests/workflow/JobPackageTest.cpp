@@ -4,6 +4,7 @@
 #include "support/TempFolder.h"
 #include "support/TestUi.h"
 #include "workflow/JobPackage.h"
+#include "util/Text.h"
 #include "workflow/ZipInput.h"
 
 #include <array>
@@ -185,6 +186,11 @@ TEST_F(JobPackageTest, RefusesHostileArchivesBeforeWriting) {
              Case{{{"a.txt", "1"}, {"C:\\escaped.txt", "2"}}, "absolute"},
              Case{{{"a.txt", "1"}, {"sub/", ""}, {"SUB", "2"}}, "occurs twice"},
              Case{{{"a.txt", "1"}, {"A.TXT", "2"}}, "occurs twice"},
+             Case{{{"Sub/a.txt", "1"}, {"Sub b/x", "2"}, {"sub/b.txt", "3"}}, "occurs twice"},
+             Case{{{"a/b/x", "1"}, {"a.txt", "2"}, {"a/b", "3"}}, "a/b/x: lies in a folder that is a file"},
+             Case{{{"a.txt", "1"}, {std::string(300, 'n'), "2"}}, "has a name that is too long"},
+             Case{{{"a.txt", "1"}, {util::ReplaceAll(std::string(30'000, 'n'), "n", "n/") + "x", "2"}},
+                  "has a path that is too long"},
              Case{{{"a.txt", "1"}, {"link", "../..", true}, {"link/x", "2"}}, "link: is a link"},
              Case{{{"a.txt", "1"}, {"zeros", zeros}}, "more than 1000 times"},
              Case{{{"a.txt", noise}, {"b.txt", noise}}, "b.txt: goes beyond 3145728 bytes"},
