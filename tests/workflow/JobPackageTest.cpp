@@ -3,8 +3,8 @@
 #include "platform/Errors.h"
 #include "support/TempFolder.h"
 #include "support/TestUi.h"
-#include "workflow/JobPackage.h"
 #include "util/Text.h"
+#include "workflow/JobPackage.h"
 #include "workflow/ZipInput.h"
 
 #include <array>
