@@ -30,6 +30,13 @@ std::string Encoding(const std::string& dbfPath, const DbfTable& table) {
                                 table.LanguageByte());
 }
 
+/// Values of other types than text are null when they are blank; some programs write "*" into numbers and 0
+/// into dates for that.
+bool IsNull(std::string_view value, char type) {
+    if (type == 'C') return false;
+    return value.empty() || value.starts_with('*') || (type == 'D' && value == "00000000");
+}
+
 /// 20240305 as 2024-03-05; anything else as it is.
 std::string DateText(std::string text) {
     auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
@@ -70,7 +77,7 @@ public:
 private:
     Value Take(std::string_view record, const DbfField& field, std::string& text) {
         std::string_view bytes = DbfTable::Value(record, field);
-        if (bytes.empty() && field.type != 'C') return nullptr;
+        if (IsNull(bytes, field.type)) return nullptr;
         text = decoder_.Decode(bytes);
         if (field.type == 'D') text = DateText(text);
         return std::string_view(text);

@@ -77,9 +77,10 @@ TEST_P(DefinitionTest, ConnectionStrings) {
 TEST_P(DefinitionTest, DbaseFoldersCanBeReadOnly) {
     std::filesystem::create_directories(folder_ / "tables");
     platform::OutputFile file(folder_ / "tables/Lamps.dbf");
-    formats::DbfWriter table(file, {{"E", 'N', 10, 2}, {"N", 'N', 10, 2}, {"ID", 'C', 5}, {"NAME", 'C', 20}},
-                             formats::DbfWriter::Encoding::Windows1252);
-    for (const Texts& row : {Texts{"5.50", "6", "1", "Größe"}, Texts{"40", "6", "2", ""}}) {
+    formats::DbfWriter table(
+        file, {{"E", 'N', 10, 2}, {"N", 'N', 10, 2}, {"ID", 'C', 5}, {"NAME", 'C', 20}, {"D", 'D', 8}},
+        formats::DbfWriter::Encoding::Windows1252);
+    for (const Texts& row : {Texts{"5.50", "6", "1", "Größe", "00000000"}, Texts{"40", "6", "2", "", ""}}) {
         table.BeginRecord();
         for (std::size_t i = 0; i < row.size(); ++i) table.SetField(i, row[i]);
         table.EndRecord();
@@ -91,7 +92,7 @@ TEST_P(DefinitionTest, DbaseFoldersCanBeReadOnly) {
                   "[DEF]\nMDB=" + (folder_ / "tables") + "\nTABLE=LAMPS\nEAST=E\nNORTH=N\nKEY=ID\n");
     Import(folder_ / "FMO/LAMPS.FMO");
     ASSERT_EQ(imported_.entityCount(), 1U);
-    EXPECT_EQ(TextOf(imported_.entityAt(0)), "VDINSERT ID=1 E=5.5 N=6 ID=1 NAME=Größe");
+    EXPECT_EQ(TextOf(imported_.entityAt(0)), "VDINSERT ID=1 E=5.5 N=6 ID=1 NAME=Größe D=");
 
     drawing_.setActiveLayer("LAMPS");
     drawing_.addPoint({1, 2, 0});

@@ -48,16 +48,17 @@ TEST_P(FmoExportTest, MakesTheTableAndReplacesByKey) {
     AddValve(5, "7", "2", "new");
     AddValve(6, "9", "3", "other");
     AddValve(7, "9", "4", "the same key");
-    Add(drawing_.addPoint({8, 2, 0}), {{"HANDLE", "10"}, {"OWNER", "o"}, {"DEPTH", "d"}, {"EXTRA", "e"}});
+    Add(drawing_.addPoint({8, 2, 0}),
+        {{"HANDLE", "10"}, {"OWNER", "o"}, {"DEPTH", "d"}, {"EXTRA", "e"}, {"extra", "f"}});
     drawing_.addText({1, 1, 0}, "no record", 1, 0);
     drawing_.addPolyline(std::vector<Point>{{1, 1, 0}, {2, 2, 0}});
     for (int again = 0; again < 2; ++again) {
         EXPECT_EQ(Export().features, 4U);
         EXPECT_EQ(ui_.reports.back(), "VALVES: 2 entities left out, for which the table has no place");
-        EXPECT_EQ(Query("SELECT \"ID\", \"DEPTH\", \"OWNER\", remark, \"EXTRA\" FROM \"Valves\""
+        EXPECT_EQ(Query("SELECT \"ID\", \"DEPTH\", \"OWNER\", remark, \"EXTRA\", \"extra1\" FROM \"Valves\""
                         " ORDER BY CAST(\"ID\" AS INTEGER), \"E\""),
-                  (Texts{"7|2|new|of the office|NULL", "8||Größe|of the office|NULL", "9|3|other|NULL|NULL",
-                         "9|4|the same key|NULL|NULL", "10|d|o|NULL|e"}));
+                  (Texts{"7|2|new|of the office|NULL|NULL", "8||Größe|of the office|NULL|NULL",
+                         "9|3|other|NULL|NULL|NULL", "9|4|the same key|NULL|NULL|NULL", "10|d|o|NULL|e|f"}));
     }
 }
 

@@ -59,18 +59,30 @@ std::vector<std::size_t> FeatureColumns::MapAttributes(const drawing::XPropertie
     constexpr std::string_view nameless = "FIELD";
     std::vector<std::size_t> sources(names_.size(), none), unnamed;
     for (std::size_t i = 0; i < attributes.count(); ++i) {
-        std::size_t column = Find(attributes.name(i));
-        if (column == none && !IsPlace(attributes.name(i))) unnamed.push_back(i);
-        if (column != none && sources[column] == none) sources[column] = i;
+        std::string_view name = attributes.name(i);
+        std::size_t column = Find(name);
+        if (column != none && sources[column] == none)
+            sources[column] = i;
+        else if (column == none ? !IsPlace(name) : attributes.name(sources[column]) != name)
+            unnamed.push_back(i);
     }
     for (std::size_t i : unnamed) {
         std::size_t column = i < fieldColumns_.size() ? fieldColumns_[i] : none;
         if (column == none || sources[column] != none)
-            column = Add(std::string(attributes.name(i).empty() ? nameless : attributes.name(i)));
+            column = AddFree(attributes.name(i).empty() ? nameless : attributes.name(i), sources);
         sources.resize(names_.size(), none);
-        if (sources[column] == none) sources[column] = i;
+        sources[column] = i;
     }
     return sources;
+}
+
+/// The column of a name, or of that name and a number when an attribute of other letter case has it.
+std::size_t FeatureColumns::AddFree(std::string_view name, const std::vector<std::size_t>& sources) {
+    std::string candidate(name);
+    std::size_t column = Add(candidate);
+    for (int n = 1; column < sources.size() && sources[column] != none; ++n)
+        column = Add(candidate = std::string(name) + std::to_string(n));
+    return column;
 }
 
 }  // namespace vexlator::exporter

@@ -40,6 +40,7 @@ public:
 private:
     std::size_t Find(std::string_view name) const;
     std::size_t Add(const std::string& name);
+    std::size_t AddFree(std::string_view name, const std::vector<std::size_t>& sources);
     bool IsPlace(std::string_view name) const;
     void AddFields(const std::vector<drawing::AtpField>& fields);
     std::vector<std::size_t> MapAttributes(const drawing::XProperties& attributes);
