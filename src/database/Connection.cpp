@@ -49,7 +49,10 @@ std::string Connection::Impl::Info(SQLUSMALLINT what) const {
 }
 
 Connection::Connection(const std::string& connectionString)
-    : impl_(std::make_unique<Impl>(connectionString)) {}
+    : impl_(std::make_unique<Impl>(connectionString)) {
+    // SQLite opens any file, and only says what it is when something is read from it.
+    if (Kind() == Product::Sqlite) Execute("SELECT count(*) FROM sqlite_master");
+}
 
 Connection::~Connection() = default;
 

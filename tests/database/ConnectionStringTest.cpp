@@ -32,6 +32,7 @@ TEST(ConnectionString, RefusesWhatCannotBeOpened) {
     test::TempFolder folder;
     std::string text = folder.Write("text.mdb", "not a database"), empty = folder.Write("empty.mdb", "");
     std::string semicolon = folder.Write("a;b.mdb", std::string("SQLite format 3\0", 16));
+    std::string damaged = folder.Write("c.mdb", std::string("SQLite format 3\0", 16) + std::string(500, 'x'));
     struct Case {
         std::string connection, reason;
     };
@@ -41,6 +42,7 @@ TEST(ConnectionString, RefusesWhatCannotBeOpened) {
              Case{AccessConnectionString(text), "text.mdb: neither an SQLite nor an Access database"},
              Case{AccessConnectionString(empty), "empty.mdb: neither"},
              Case{AccessConnectionString(semicolon), "semicolon"},
+             Case{AccessConnectionString(damaged), "file is not a database"},
              Case{"Driver={Microsoft Access Driver (*.mdb)};Provider=MS Remote", "only database files"},
              Case{"Driver={Microsoft dBASE Driver (*.dbf)};Dbq=" + (folder / "none"), "no such folder"},
              Case{"Driver={No Such Driver};Server=x", "No Such Driver"},
