@@ -4,32 +4,27 @@
 
 #include "platform/NativeFiles.h"
 
-#include <atomic>
-#include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
-#include <filesystem>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
-#include <system_error>
 #include <unistd.h>
 #include <utility>
 
 namespace vexlator::platform {
 
-namespace fs = std::filesystem;
-
 FolderSwap::FolderSwap(std::string native) : native_(std::move(native)) {
     struct stat info {};
     if (::lstat(native_.c_str(), &info) != 0 || !S_ISDIR(info.st_mode) || !IsPlain()) return;
     if (info.st_uid != ::geteuid() || info.st_gid != ::getegid()) return;
-    static std::atomic<unsigned> counter{0};
-    beside_ = FolderPart(native_) + "/." + NamePart(native_).substr(0, 200) + "." +
-              std::to_string(::getpid()) + "-" + std::to_string(counter++) + std::string(temporaryEnding);
+    beside_ = NewTemporaryName(native_);
     if (::mkdir(beside_.c_str(), 0700) != 0) return;
     descriptor_ = ::open(beside_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor_ < 0) return;
+    if (descriptor_ < 0) {
+        ::rmdir(beside_.c_str());
+        return;
+    }
     ::flock(descriptor_, LOCK_EX);
     ::fchmod(descriptor_, info.st_mode & 07777);
 }
@@ -52,14 +47,6 @@ bool FolderSwap::Link(const std::string& nativeFile, const std::string& name) {
 bool FolderSwap::TakePlace() {
     ::fsync(descriptor_);
     return ::renameat2(AT_FDCWD, beside_.c_str(), AT_FDCWD, native_.c_str(), RENAME_EXCHANGE) == 0;
-}
-
-std::vector<std::string> EntriesOf(const std::string& native) {
-    std::vector<std::string> names;
-    std::error_code error;
-    for (fs::directory_iterator it(native, error), end; !error && it != end; it.increment(error))
-        names.push_back(it->path().filename().string());
-    return names;
 }
 
 void RemoveFlatFolder(const std::string& native) {

@@ -3,8 +3,6 @@
 #pragma once
 
 #include <string>
-#include <sys/types.h>
-#include <vector>
 
 /// For the files of this folder only.
 namespace vexlator::platform {
@@ -33,9 +31,6 @@ private:
     std::string native_, beside_;
     int descriptor_ = -1;
 };
-
-/// The names of what a folder holds.
-std::vector<std::string> EntriesOf(const std::string& native);
 
 /// Deletes a folder and the files in it; folders in it stay, and keep it.
 void RemoveFlatFolder(const std::string& native);

@@ -4,8 +4,10 @@
 
 #include "platform/Paths.h"
 
+#include <atomic>
 #include <filesystem>
 #include <system_error>
+#include <unistd.h>
 
 namespace vexlator::platform {
 
@@ -28,6 +30,20 @@ std::string NamePart(const std::string& native) {
 
 bool IsTemporaryName(std::string_view name) {
     return name.size() > temporaryEnding.size() && name.front() == '.' && name.ends_with(temporaryEnding);
+}
+
+std::string NewTemporaryName(const std::string& native) {
+    static std::atomic<unsigned> counter{0};
+    return FolderPart(native) + "/." + NamePart(native).substr(0, 200) + "." + std::to_string(::getpid()) +
+           "-" + std::to_string(counter++) + std::string(temporaryEnding);
+}
+
+std::vector<std::string> EntriesOf(const std::string& native) {
+    std::vector<std::string> names;
+    std::error_code error;
+    for (fs::directory_iterator it(native, error), end; !error && it != end; it.increment(error))
+        names.push_back(it->path().filename().string());
+    return names;
 }
 
 void RemoveOtherCases(const std::string& native) {

@@ -6,7 +6,6 @@
 #include "platform/OutputSet.h"
 #include "platform/Paths.h"
 
-#include <atomic>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -70,15 +69,12 @@ mode_t ModeFor(const std::string& target) {
 
 OutputFile::OutputFile(std::string_view path, OtherCases otherCases)
     : target_(FollowLink(PathToWrite(path))), otherCases_(otherCases) {
-    static std::atomic<unsigned> counter{0};
     std::error_code ignored;
     if (fs::is_directory(target_, ignored)) throw WriteError(target_, Reason(EISDIR));
     // Replacing a file needs no right to write it, but who made it read-only wants to keep it.
     if (::faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0 && errno != ENOENT) Fail(errno);
-    std::string stem = FolderPart(target_) + "/." + NamePart(target_).substr(0, 200) + "." +
-                       std::to_string(::getpid()) + "-";
     for (int attempt = 0; descriptor_ < 0 && attempt < 1000; ++attempt) {
-        temporary_ = stem + std::to_string(counter++) + std::string(temporaryEnding);
+        temporary_ = NewTemporaryName(target_);
         descriptor_ = CreateTemporary(temporary_);
         if (descriptor_ < 0 && errno != EEXIST) break;
     }
@@ -213,11 +209,8 @@ void ReplaceFile(std::string_view path, std::string_view content) {
 
 void RemoveLeftovers(std::string_view folder) {
     std::string native = FindExisting(folder);
-    std::error_code error;
-    for (fs::directory_iterator it(native, error), end; !error && it != end; it.increment(error)) {
-        std::string name = it->path().filename().string();
-        if (IsTemporaryName(name)) RemoveIfAbandoned(it->path().string());
-    }
+    for (const std::string& name : EntriesOf(native))
+        if (IsTemporaryName(name)) RemoveIfAbandoned(native + "/" + name);
 }
 
 // --- FileLock

@@ -258,9 +258,10 @@ STYLEFILE=
 ; Megabytes of memory for a package's tiles; what is beyond goes to a temporary file. Default: 512.
 MEMORYMB=512
 
-; What stands in the next three sections holds for packages that are built without a style file, which has them too.
+; Style files of background packages have the next three sections too. LAYERON and SEARCHON hold for packages that are
+; built without one.
 [FIXEDANNO]
-; Height of every annotation of a background package. Default: each its own.
+; Height of every annotation; what is annotated only a style file says, so that it is read there. Default: each its own.
 HGT=
 
 [LAYERON]

@@ -51,7 +51,6 @@ BuildSettings::BuildSettings(config::Session& session, std::string_view drawingP
         session.Ui().ShowMessage("Style file not found: " + platform::NativePath(styleFile));
     style.layerOnField = session.ReadIni("LAYERON", "FIELD");
     style.searchOnField = session.ReadIni("SEARCHON", "FIELD");
-    style.fixedAnnotationHeight = session.ReadIni("FIXEDANNO", "HGT");
 }
 
 void BuildSettings::ListOptimisedAttributes(const drawing::Drawing& drawing) {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "background/build/EntityWalk.h"
 
+#include "background/ShowCount.h"
 #include "util/Numbers.h"
 #include "util/Text.h"
 
@@ -180,10 +181,10 @@ EntityWalk::RingMarks EntityWalk::MarksOf(const Item& item) {
 }
 
 void EntityWalk::WriteOutline(const RingMarks& marks) {
-    if (!writer_.WriteLineElement(outline_.Points(), marks.isHole)) return;
-    if (settings_.fullPolygons || headers_.IsClassifiedMode()) {
-        if (outline_.IsClosed()) writer_.WriteAreaRing(PackageWriter::AreaRing::StartsArea, marks.part);
-    }
+    bool isWritten = writer_.WriteLineElement(outline_.Points(), marks.isHole).has_value();
+    bool wantsAreas = settings_.fullPolygons || headers_.IsClassifiedMode();
+    if (isWritten && wantsAreas && outline_.IsClosed())
+        writer_.WriteAreaRing(PackageWriter::AreaRing::StartsArea, marks.part);
 }
 
 void EntityWalk::WritePolyline(const Item& item) {
@@ -191,7 +192,7 @@ void EntityWalk::WritePolyline(const Item& item) {
     outline_.TakePolyline(item.entity, item.PlacementOrNone());
     WriteOutline(MarksOf(item));
     std::span<const PlanePoint> points = outline_.Points();
-    if (!points.empty())
+    if (!points.empty() && IsAnnotated(item))
         Annotate(item, outline_.IsClosed() ? PlaceInOutline(points) : PlaceAlongLine(points));
 }
 
@@ -213,6 +214,7 @@ void EntityWalk::WritePoint(const Item& item) {
     SetHeader(item, StyleCell::Points);
     PlanePoint at = item.placement(Plane(item.entity.position()));
     writer_.WriteLineElement(std::array{at});
+    if (!IsAnnotated(item)) return;
     bool isSymbol = item.entity.kindCode() == Kind::Insert;
     Annotate(item, {at, isSymbol ? symbols_.SizeOf(item.entity) * annotationPerSymbol : 1});
 }
@@ -227,18 +229,19 @@ void EntityWalk::WriteText(const Item& item) {
                              item.entity.text());
 }
 
+/// To be asked first: to find the place costs a look at every vertex.
+bool EntityWalk::IsAnnotated(const Item& item) const {
+    return !item.IsPart() && !settings_.style.annotationFields.empty();
+}
+
 void EntityWalk::Annotate(const Item& item, AnnotationPlace place) {
-    if (item.IsPart() || settings_.style.annotationFields.empty()) return;
     if (annotationHeight_) place.height = *annotationHeight_;
     WriteAnnotation(writer_, place, annotation_.BuildAnnotationText(item.entity));
 }
 
 void EntityWalk::ReportSkipped() const {
-    auto report = [&](std::uint64_t count, std::string_view what) {
-        if (count > 0) session_.Ui().ShowMessage(std::string(what) + ": " + util::GroupedCount(count));
-    };
-    report(withoutParts_, "Symbols and entities that draw nothing, not in the package");
-    report(tooDeep_, "Symbols too deep in other symbols, not in the package");
+    ShowCount(session_.Ui(), withoutParts_, "Symbols and entities that draw nothing, not in the package");
+    ShowCount(session_.Ui(), tooDeep_, "Symbols too deep in other symbols, not in the package");
 }
 
 }  // namespace vexlator::background

@@ -69,6 +69,7 @@ private:
     void WriteOutline(const RingMarks& marks);
     void SetHeader(const Item& item, StyleCell cell);
     RingMarks MarksOf(const Item& item);
+    bool IsAnnotated(const Item& item) const;
     void Annotate(const Item& item, AnnotationPlace place);
     void ReportSkipped() const;
 

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
+#include "background/ShowCount.h"
 #include "background/package/PackageIndex.h"
 #include "background/package/PackageWriter.h"
 #include "background/package/TileGrid.h"
@@ -45,10 +46,6 @@ Box ReadExtents(const std::string& file) {
     std::string line = util::ReadFirstLine(file);
     auto field = [&](std::size_t index) { return util::GetCommaNumber(index, line); };
     return {field(0), field(1), field(2), field(3)};
-}
-
-void Report(ui::UserInterface& ui, std::uint64_t count, std::string_view what) {
-    if (count > 0) ui.ShowMessage(std::string(what) + ": " + util::GroupedCount(count));
 }
 
 }  // namespace
@@ -132,11 +129,11 @@ void PackageWriter::RemoveOldFiles(bool hasLayers) const {
 void PackageWriter::ReportRefusals() {
     Refusals& counts = refused_;
     counts.replaced += layers_.Replaced() + gazetteer_.Replaced();
-    Report(ui_, counts.negative, "Features with negative coordinates, not in the package");
-    Report(ui_, counts.tooFar, "Features outside the grid of tiles, not in the package");
-    Report(ui_, counts.tooLong, "Lines with too many vertices, not in the package");
-    Report(ui_, counts.textsCut, "Texts that were cut");
-    Report(ui_, counts.replaced, "Characters that Windows-1252 lacks, written as \"?\"");
+    ShowCount(ui_, counts.negative, "Features with negative coordinates, not in the package");
+    ShowCount(ui_, counts.tooFar, "Features outside the grid of tiles, not in the package");
+    ShowCount(ui_, counts.tooLong, "Lines with too many vertices, not in the package");
+    ShowCount(ui_, counts.textsCut, "Texts that were cut");
+    ShowCount(ui_, counts.replaced, "Characters that Windows-1252 lacks, written as \"?\"");
 }
 
 }  // namespace vexlator::background
