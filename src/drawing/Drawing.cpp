@@ -60,8 +60,7 @@ Drawing::Drawing() {
 void Drawing::clear() {
     properties_.clear();
     layers_.clear();
-    onLayer_.clear();
-    layerDirty_.clear();
+    layersIndexed_ = false;
     layerByName_.clear();
     blocks_.clear();
     blockByName_.clear();
@@ -84,6 +83,19 @@ void Drawing::clear() {
     handlesIndexed_ = false;
     selections_.clear();
     addLayer("0");
+}
+
+void Drawing::clearEntities() {
+    entities_.truncate(0);
+    vertices_.truncate(0);
+    heights_.truncate(0);
+    texts_.truncate(0);
+    erased_ = 0;
+    orderStale_ = true;
+    layersIndexed_ = false;
+    byHandle_.clear();
+    handlesIndexed_ = false;
+    selections_.clear();
 }
 
 void Drawing::open(std::string_view path) {
@@ -114,8 +126,10 @@ std::uint32_t Drawing::layerIndex(std::string_view name) {
         layerByName_.try_emplace(platform::LowerAscii(name), static_cast<std::uint32_t>(layers_.size()));
     if (isNew) {
         layers_.push_back(Layer{std::string(name)});
-        onLayer_.emplace_back();
-        layerDirty_.push_back(false);
+        if (layersIndexed_) {
+            onLayer_.emplace_back();
+            layerDirty_.push_back(false);
+        }
     }
     return place->second;
 }
@@ -137,8 +151,7 @@ void Drawing::eraseLayer(std::string_view name) {
         }
     }
     layers_.erase(layers_.begin() + gone);
-    onLayer_.erase(onLayer_.begin() + gone);
-    layerDirty_.erase(layerDirty_.begin() + gone);
+    layersIndexed_ = false;
     layerByName_.erase(found);
     for (auto& [key, layer] : layerByName_)
         if (layer > gone) --layer;
@@ -221,12 +234,21 @@ bool Drawing::setHandle(Entity entity, std::string_view handle) {
     return true;
 }
 
+void Drawing::indexLayers() {
+    if (layersIndexed_) return;
+    onLayer_.assign(layers_.size(), {});
+    layerDirty_.assign(layers_.size(), false);
+    forEach([this](Entity entity) { onLayer_[entities_[entity.index()].layer].push_back(entity.index()); });
+    layersIndexed_ = true;
+}
+
 SelectionSet& Drawing::selectLayer(std::string_view setName, std::string_view layerName) {
     SelectionSet& set = selections_[std::string(setName)];
     set.drawing_ = this;
     set.entities_.clear();
     auto found = layerByName_.find(platform::LowerAscii(layerName));
     if (found == layerByName_.end()) return set;
+    indexLayers();
     std::uint32_t layer = found->second;
     std::vector<std::uint32_t>& members = onLayer_[layer];
     if (layerDirty_[layer]) {
@@ -260,18 +282,20 @@ Box Drawing::extentsOf(const Record& record) const {
     return box;
 }
 
-Box Drawing::extents() const {
-    Box box;
-    bool first = true;
+std::optional<Box> Drawing::extentsOfAny() const {
+    std::optional<Box> box;
     for (std::size_t i = 0; i < entities_.size(); ++i) {
         const Record& record = entities_[i];
         if (record.flags & Record::Erased || record.vertexCount == 0) continue;
         Box reached = extentsOf(record);
-        if (first) box = reached;
-        box.widen(reached);
-        first = false;
+        if (!box) box = reached;
+        box->widen(reached);
     }
     return box;
+}
+
+Box Drawing::extents() const {
+    return extentsOfAny().value_or(Box{});
 }
 
 void Drawing::scale(double factor) {
@@ -304,7 +328,7 @@ Entity Drawing::add(Kind kind, const Shape& shape) {
     record.shape = shapeIndex(shape);
     record.kind = kind;
     entities_.push_back(record);
-    onLayer_[activeLayer_].push_back(index);
+    if (layersIndexed_) onLayer_[activeLayer_].push_back(index);
     if (handlesIndexed_) byHandle_.emplace(record.handle, index);
     orderStale_ = true;
     return {*this, index};
@@ -454,7 +478,6 @@ void Drawing::reserve(std::size_t entities, std::size_t vertices, std::size_t te
     entities_.reserveMore(entities);
     vertices_.reserveMore(vertices);
     texts_.reserveMore(textBytes);
-    onLayer_[activeLayer_].reserve(onLayer_[activeLayer_].size() + entities);
 }
 
 }  // namespace vexlator::drawing

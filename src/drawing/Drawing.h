@@ -338,6 +338,7 @@ private:
     friend class XProperties;
     friend class VdfWriter;
     friend class VdfReader;
+    friend class DrawingFile;
 
     struct Record {
         enum Flag : std::uint8_t {
@@ -366,6 +367,8 @@ private:
     enum class TextChange { Insert, Replace, Remove };
 
     Box extentsOf(const Record& record) const;
+    /// None when there are no entities with vertices.
+    std::optional<Box> extentsOfAny() const;
     Entity add(Kind kind, const Shape& shape);
     Entity add(Kind kind, const Shape& shape, const Point& at);
     std::uint32_t layerIndex(std::string_view name);
@@ -389,11 +392,15 @@ private:
     void setOptionalText(std::uint32_t entity, std::size_t index, std::uint8_t flag, std::string_view value);
     void moveVerticesToEnd(Record& record);
     void needHeights();
+    /// Layers, blocks and what entities have in common stay.
+    void clearEntities();
+    void indexLayers();
     void indexHandles();
     std::optional<std::uint32_t> indexOfHandle(std::uint64_t handle);
 
     std::vector<std::pair<std::string, std::string>> properties_;
     std::deque<Layer> layers_;
+    bool layersIndexed_ = false;  ///< the next two are complete; built when a layer is first selected
     std::vector<std::vector<std::uint32_t>> onLayer_;  ///< entities by layer; may hold some that left it
     std::vector<bool> layerDirty_;                     ///< onLayer_ is out of order or holds strangers
     std::unordered_map<std::string, std::uint32_t> layerByName_;  ///< by the name in small letters

@@ -216,9 +216,11 @@ void Entity::setLayerName(std::string_view name) {
     std::uint32_t layer = drawing_->layerIndex(name);
     Drawing::Record& record = drawing_->entities_[index_];
     if (record.layer == layer) return;
-    drawing_->layerDirty_[record.layer] = true;
-    drawing_->layerDirty_[layer] = true;
-    drawing_->onLayer_[layer].push_back(index_);
+    if (drawing_->layersIndexed_) {
+        drawing_->layerDirty_[record.layer] = true;
+        drawing_->layerDirty_[layer] = true;
+        drawing_->onLayer_[layer].push_back(index_);
+    }
     record.layer = layer;
 }
 
@@ -226,7 +228,7 @@ void Entity::erase() {
     Drawing::Record& record = drawing_->entities_[index_];
     if (record.flags & Drawing::Record::Erased) return;
     record.flags |= Drawing::Record::Erased;
-    drawing_->layerDirty_[record.layer] = true;
+    if (drawing_->layersIndexed_) drawing_->layerDirty_[record.layer] = true;
     drawing_->orderStale_ = true;
     ++drawing_->erased_;
 }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 #include "drawing/Drawing.h"
+#include "drawing/DrawingFile.h"
 #include "drawing/TextBlock.h"
 #include "drawing/Vdf.h"
 #include "platform/Paths.h"
@@ -56,19 +57,39 @@ private:
 
 }  // namespace
 
+/// Reads the index at once and chunk after chunk as it is asked to.
 class VdfReader {
 public:
-    VdfReader(std::span<const std::byte> bytes, Drawing& drawing, platform::MappedFile* file)
-        : bytes_(bytes), drawing_(drawing), file_(file) {}
-
-    void Read() {
+    VdfReader(std::span<const std::byte> bytes, Drawing& drawing) : bytes_(bytes), drawing_(drawing) {
         CheckHeader();
         const vdf::Index& index = FindIndex();
         ReadIndex(index);
-        ReadChunks(index);
-        drawing_.nextHandle_ = std::max(drawing_.nextHandle_, index.next_handle());
-        // The index comes last in the file but is read first: only now are handles known.
-        CheckHandles();
+        CountEntities(index);
+    }
+
+    std::uint64_t EntityCount() const { return entities_; }
+    /// Everything before it in the file has been read.
+    std::size_t Offset() const { return offset_; }
+
+    /// All entities, added to the drawing. `afterChunk` is called behind each chunk.
+    template <typename AfterChunk>
+    void ReadAll(AfterChunk afterChunk) {
+        drawing_.entities_.reserveMore(entities_);
+        while (ReadNextChunk()) afterChunk();
+        if (!handlesRise_) CheckHandlesDiffer();
+    }
+
+    /// The chunk's entities, in place of those that are in the drawing; false after the last.
+    bool ReplaceByNextChunk() {
+        drawing_.clearEntities();
+        return ReadNextChunk();
+    }
+
+    void Rewind() {
+        offset_ = vdf::headerSize;
+        chunk_ = 0;
+        lastHandle_ = 0;
+        handlesRise_ = true;
     }
 
 private:
@@ -159,9 +180,8 @@ private:
     }
 
     void ReadLayers(const vdf::Index& index) {
+        drawing_.layersIndexed_ = false;
         drawing_.layers_.clear();
-        drawing_.onLayer_.clear();
-        drawing_.layerDirty_.clear();
         drawing_.layerByName_.clear();
         ForEach(index.layers(), [&](const vdf::LayerEntry& entry) {
             Layer& layer = drawing_.addLayer(TakeString(entry.name()));
@@ -203,22 +223,26 @@ private:
         return static_cast<AttributeSet>(drawing_.sets_.size() - 1);
     }
 
-    void ReadChunks(const vdf::Index& index) {
+    void CountEntities(const vdf::Index& index) {
         if (!IsAligned<vdf::ChunkEntry>(index.chunks())) Damaged("index", "the structure is damaged");
-        std::size_t chunks = index.chunks() ? index.chunks()->size() : 0;
-        std::size_t expected = vdf::headerSize;
-        std::uint64_t entities = 0;
-        for (flatbuffers::uoffset_t i = 0; i < chunks; ++i) entities += index.chunks()->Get(i)->entities();
-        if (entities > bytes_.size()) Damaged("index", "more entities are announced than the file can hold");
-        drawing_.entities_.reserveMore(entities);
-        for (flatbuffers::uoffset_t i = 0; i < chunks; ++i) {
-            const vdf::ChunkEntry& entry = *index.chunks()->Get(i);
-            std::string place = "chunk " + std::to_string(i + 1);
-            if (entry.offset() != expected) Damaged(place, "it does not follow the chunk before it");
-            expected = ReadChunk(place, expected, entry.entities());
-            if (file_) file_->DoneBefore(expected);
+        chunks_ = index.chunks();
+        for (flatbuffers::uoffset_t i = 0; i < ChunkCount(); ++i) entities_ += chunks_->Get(i)->entities();
+        if (entities_ > bytes_.size()) Damaged("index", "more entities are announced than the file can hold");
+        drawing_.nextHandle_ = std::max(drawing_.nextHandle_, index.next_handle());
+    }
+
+    flatbuffers::uoffset_t ChunkCount() const { return chunks_ ? chunks_->size() : 0; }
+
+    bool ReadNextChunk() {
+        if (chunk_ == ChunkCount()) {
+            if (offset_ != indexOffset_) Damaged("index", "it does not follow the last chunk");
+            return false;
         }
-        if (expected != indexOffset_) Damaged("index", "it does not follow the last chunk");
+        const vdf::ChunkEntry& entry = *chunks_->Get(chunk_++);
+        std::string place = "chunk " + std::to_string(chunk_);
+        if (entry.offset() != offset_) Damaged(place, "it does not follow the chunk before it");
+        offset_ = ReadChunk(place, offset_, entry.entities());
+        return true;
     }
 
     /// Returns the offset behind the chunk.
@@ -265,6 +289,7 @@ private:
             record.shape = shapes[i];
             record.set = sets_[sets[i]];
             record.handle = handles.IsSingle() ? handles[0] + i : handles[i];
+            CheckHandle(place, record.handle);
             record.vertexBegin = cursor.vertex;
             record.vertexCount = vertexCounts[i];
             if (record.vertexCount > cursor.vertexEnd - cursor.vertex) Damaged(place, "vertices are missing");
@@ -273,7 +298,6 @@ private:
                 ShareTexts(place, record, i);
             else
                 TakeTexts(place, record, cursor);
-            drawing_.onLayer_[record.layer].push_back(static_cast<std::uint32_t>(drawing_.entities_.size()));
             drawing_.entities_.push_back(record);
         }
         if (cursor.vertex != cursor.vertexEnd || cursor.text != cursor.textEnd)
@@ -329,38 +353,79 @@ private:
         before.flags |= Record::SharesTexts;
     }
 
-    void CheckHandles() {
-        const PodVector<Record>& entities = drawing_.entities_;
-        bool rising = true;
-        std::uint64_t last = 0;
-        for (std::size_t i = 0; i < entities.size(); ++i) {
-            if (entities[i].handle >= drawing_.nextHandle_) Damaged("index", "a handle is too large");
-            rising = rising && entities[i].handle > last;
-            last = entities[i].handle;
-        }
-        if (rising) return;
+    void CheckHandle(const std::string& place, std::uint64_t handle) {
+        if (handle >= drawing_.nextHandle_) Damaged(place, "a handle is too large");
+        handlesRise_ = handlesRise_ && handle > lastHandle_;
+        lastHandle_ = handle;
+    }
+
+    void CheckHandlesDiffer() {
         drawing_.indexHandles();
-        if (drawing_.byHandle_.size() != entities.size()) Damaged("index", "two entities have one handle");
+        if (drawing_.byHandle_.size() != drawing_.entities_.size())
+            Damaged("index", "two entities have one handle");
     }
 
     std::span<const std::byte> bytes_;
     Drawing& drawing_;
-    platform::MappedFile* file_;
     std::size_t indexOffset_ = 0;
     std::uint64_t taken_ = 0;
     std::vector<AttributeSet> sets_;  ///< the drawing's number of each set of the file
+    const flatbuffers::Vector<const vdf::ChunkEntry*>* chunks_ = nullptr;
+    std::uint64_t entities_ = 0;
+    flatbuffers::uoffset_t chunk_ = 0;  ///< the next one
+    std::size_t offset_ = vdf::headerSize;
+    std::uint64_t lastHandle_ = 0;
+    bool handlesRise_ = true;
 };
 
 void ReadVdf(std::span<const std::byte> bytes, Drawing& drawing) {
-    VdfReader(bytes, drawing, nullptr).Read();
+    VdfReader(bytes, drawing).ReadAll([] {});
 }
 
 void ReadVdf(std::string_view path, Drawing& drawing) {
     platform::MappedFile file(path);
     try {
-        VdfReader(file.Bytes(), drawing, &file).Read();
+        VdfReader reader(file.Bytes(), drawing);
+        reader.ReadAll([&] { file.DoneBefore(reader.Offset()); });
     } catch (const ReadError& error) {
         throw error.InFile(file.Name());
+    }
+}
+
+DrawingFile::DrawingFile(std::string_view path) : file_(path) {
+    try {
+        reader_ = std::make_unique<VdfReader>(file_.Bytes(), drawing_);
+    } catch (const ReadError& error) {
+        throw error.InFile(file_.Name());
+    }
+}
+
+DrawingFile::~DrawingFile() = default;
+
+std::uint64_t DrawingFile::EntityCount() const {
+    return reader_->EntityCount();
+}
+
+Box DrawingFile::Extents() {
+    std::optional<Box> box;
+    ForEachChunk([&](const Drawing& chunk) {
+        std::optional<Box> reached = chunk.extentsOfAny();
+        if (!box) box = reached;
+        if (reached) box->widen(*reached);
+    });
+    return box.value_or(Box{});
+}
+
+void DrawingFile::Rewind() {
+    reader_->Rewind();
+}
+
+bool DrawingFile::ReadChunk() {
+    try {
+        file_.DoneBefore(reader_->Offset());
+        return reader_->ReplaceByNextChunk();
+    } catch (const ReadError& error) {
+        throw error.InFile(file_.Name());
     }
 }
 

@@ -94,7 +94,8 @@ MappedFile& MappedFile::operator=(MappedFile&& other) noexcept {
 void MappedFile::DoneBefore(std::size_t offset) {
     constexpr std::size_t step = std::size_t{4} << 20;
     std::size_t end = std::min(offset, size_) / step * step;
-    if (end <= released_) return;
+    released_ = std::min(released_, end);
+    if (end == released_) return;
     ::madvise(const_cast<std::byte*>(data_) + released_, end - released_, MADV_DONTNEED);
     released_ = end;
 }

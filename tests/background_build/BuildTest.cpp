@@ -5,6 +5,7 @@
 #include "background/package/PackageReader.h"
 #include "background_build/RandomMap.h"
 #include "background_build/ReferenceBuild.h"
+#include "drawing/Vdf.h"
 #include "support/ImportOffice.h"
 
 #include <algorithm>
@@ -66,11 +67,18 @@ void ExpectSame(PlainPackage expected, PlainPackage found) {
     EXPECT_EQ(found.gazetteer, expected.gazetteer);
 }
 
+/// Long texts that are no part of a package end a chunk of the drawing's file.
+void EndChunksWithin(drawing::Drawing& drawing) {
+    for (std::size_t i = 0; i < drawing.entityCount(); i += 40)
+        drawing.entityAt(i).setHyperlink(std::string(drawing::vdf::bytesPerChunk, 'x'));
+}
+
 void BuildBothWays(unsigned seed) {
     std::mt19937 random(seed);
     test::RandomMap map([&](unsigned limit) { return static_cast<unsigned>(random() % limit); });
     Office office;
     map.Fill(office.drawing, office.folder, seed % 20 == 0 ? 0 : 20 + seed % 200);
+    if (map.OneIn(4)) EndChunksWithin(office.drawing);
     PlainSettings settings{map.OneIn(3), map.OneIn(3), map.AttributeList(), {}, std::string(mobileStyles)};
     std::string style;
     if (!map.OneIn(3)) {
@@ -215,6 +223,24 @@ TEST(Build, TargetIsAFolderOrAnIndex) {
         EXPECT_EQ(ProvePackage(PackageReader(office.folder / index)).points, 1U) << target;
         EXPECT_EQ(office.outcome.features, 1U);
     }
+}
+
+TEST(Build, ADrawingDamagedFarInsideLeavesThePackage) {
+    Office office;
+    for (int i = 0; i < 100; ++i) office.drawing.addPoint({5, 5});
+    office.Build();
+    EndChunksWithin(office.drawing);
+    office.drawing.saveAs(office.folder / "area.VDF");
+    std::string bytes = test::TempFolder::Read(office.folder / "area.VDF");
+    bytes[bytes.size() - drawing::vdf::bytesPerChunk] ^= 1;
+    office.folder.Write("area.VDF", bytes);
+    try {
+        frmGRP(office.session).Start(office.folder / "area.VDF", office.folder / "MAP", "");
+        FAIL();
+    } catch (const platform::ReadError& error) {
+        EXPECT_NE(std::string(error.what()).find("area.VDF: chunk 3"), std::string::npos) << error.what();
+    }
+    EXPECT_EQ(office.Counts().points, 100U);
 }
 
 TEST(Build, WhatIsMissingIsToldAndTheBuildGoesOn) {

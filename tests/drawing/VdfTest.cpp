@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 #include "drawing/Drawing.h"
+#include "drawing/DrawingFile.h"
 #include "drawing/Vdf.h"
 #include "support/RandomDrawing.h"
 #include "support/TempFolder.h"
@@ -14,13 +15,9 @@ namespace {
 
 using test::TempFolder;
 
-/// Everything that a drawing holds, as text; erased entities are no part of it.
-std::string Describe(Drawing& drawing) {
-    std::string text = drawing.activeLayerName() + "\n";
-    for (const auto& [name, value] : drawing.properties()) text += name + "=" + value + "\n";
-    for (const Layer& layer : drawing.layers())
-        text += layer.name + "/" + std::to_string(layer.frozen) + "/" + std::to_string(layer.colour) + "\n";
-    for (const Block& block : drawing.blocks()) text += block.name + "/" + block.content + "\n";
+/// Erased entities are no part of it.
+std::string DescribeEntities(Drawing& drawing) {
+    std::string text;
     drawing.forEach([&](Entity entity) {
         const Shape& shape = entity.shape();
         text += entity.handle() + "|" + std::string(entity.kind()) + "|" + entity.layerName() + "|" +
@@ -39,6 +36,16 @@ std::string Describe(Drawing& drawing) {
         text += "\n";
     });
     return text;
+}
+
+/// Everything that a drawing holds, as text.
+std::string Describe(Drawing& drawing) {
+    std::string text = drawing.activeLayerName() + "\n";
+    for (const auto& [name, value] : drawing.properties()) text += name + "=" + value + "\n";
+    for (const Layer& layer : drawing.layers())
+        text += layer.name + "/" + std::to_string(layer.frozen) + "/" + std::to_string(layer.colour) + "\n";
+    for (const Block& block : drawing.blocks()) text += block.name + "/" + block.content + "\n";
+    return text + DescribeEntities(drawing);
 }
 
 TEST(Vdf, WhatIsSavedIsOpened) {
@@ -79,6 +86,36 @@ TEST(Vdf, SeveralChunksAndSharedValues) {
         EXPECT_EQ(again.entityAt(i).xproperties().item(0).value(), std::to_string(i / 3 * 3));
     EXPECT_EQ(again.entityAt(140000).position(), (Point{140000, 280000, 3.5}));
     EXPECT_EQ(again.entityAt(140001).position().z, 0);
+}
+
+TEST(Vdf, EveryPassOverAFileGivesTheWholeDrawing) {
+    TempFolder folder;
+    Drawing drawing;
+    test::FillRandomly(drawing, 3, 200);
+    for (std::size_t i = 0; i < drawing.entityCount(); i += 40)
+        drawing.entityAt(i).setHyperlink(std::string(vdf::bytesPerChunk, 'x'));
+    drawing.saveAs(folder / "a.VDF");
+    DrawingFile file(folder / "a.VDF");
+    EXPECT_EQ(file.EntityCount(), drawing.entityCount());
+    EXPECT_EQ(file.Extents(), drawing.extents());
+    const std::string whole = DescribeEntities(drawing),
+                      last = drawing.entityAt(drawing.entityCount() - 1).handle();
+    EXPECT_TRUE(file.FindFirst([&](const Entity& entity) { return entity.handle() == last; }));
+    for (int pass = 0; pass < 2; ++pass) {
+        std::string text;
+        std::size_t chunks = 0;
+        file.ForEachChunk([&](Drawing& chunk) {
+            text += DescribeEntities(chunk);
+            std::size_t onLayers = 0;
+            for (const Layer& layer : chunk.layers())
+                onLayers += chunk.selectLayer("all", layer.name).count();
+            EXPECT_EQ(onLayers, chunk.entityCount());
+            chunk.entityAt(0).setLayerName("NEW " + std::to_string(++chunks));
+        });
+        EXPECT_EQ(text, whole);
+        EXPECT_GE(chunks, 5U);
+    }
+    EXPECT_TRUE(file.Current().findLayer("NEW 5"));
 }
 
 /// Bytes at a multiple of 8, as a memory map has them.

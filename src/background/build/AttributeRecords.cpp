@@ -13,10 +13,10 @@ Box BoxOf(const drawing::Entity& entity) {
 
 }  // namespace
 
-void AttributeRecords::Write(drawing::Drawing& drawing) {
-    drawing.forEach([&](drawing::Entity entity) {
+void AttributeRecords::Write(drawing::Drawing& chunk) {
+    numbers_.assign(chunk.entityCount(), 0);
+    chunk.forEach([&](drawing::Entity entity) {
         if (entity.xproperties().count() == 0) return;
-        if (numbers_.size() <= entity.index()) numbers_.resize(entity.index() + 1);
         if (auto number = WriteRecord(entity)) numbers_[entity.index()] = *number;
     });
 }

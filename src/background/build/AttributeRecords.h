@@ -21,10 +21,10 @@ public:
     AttributeRecords(const AttributeList& list, std::string_view searchField, PackageWriter& writer)
         : list_(list), searchField_(searchField), writer_(writer) {}
 
-    /// Writes a record for every entity that has attributes: those of a listed layer have the values of the
-    /// layer's fields, all others every attribute with its name.
-    void Write(drawing::Drawing& drawing);
-    /// The number of the entity's record; 0 when it has none.
+    /// Writes a record for every entity of the chunk that has attributes: those of a listed layer have the
+    /// values of the layer's fields, all others every attribute with its name.
+    void Write(drawing::Drawing& chunk);
+    /// The number of the record of an entity of that chunk; 0 when it has none.
     std::int32_t NumberOf(const drawing::Entity& entity) const {
         return entity.index() < numbers_.size() ? numbers_[entity.index()] : 0;
     }

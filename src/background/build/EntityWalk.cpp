@@ -3,6 +3,7 @@
 #include "background/build/EntityWalk.h"
 
 #include "background/ShowCount.h"
+#include "background/styling/DrawingTools.h"
 #include "util/Numbers.h"
 #include "util/Text.h"
 
@@ -39,7 +40,7 @@ std::optional<double> PositiveOnly(std::optional<double> height) {
 
 }  // namespace
 
-EntityWalk::EntityWalk(config::Session& session, const BuildSettings& settings, drawing::Drawing& drawing,
+EntityWalk::EntityWalk(config::Session& session, const BuildSettings& settings, drawing::DrawingFile& drawing,
                        FeatureHeaders& headers, PackageWriter& writer, ui::FormView& view)
     : session_(session),
       settings_(settings),
@@ -47,35 +48,47 @@ EntityWalk::EntityWalk(config::Session& session, const BuildSettings& settings, 
       headers_(headers),
       writer_(writer),
       view_(view),
-      symbols_(drawing, session.Ui()),
+      symbols_(drawing.Current(), session.Ui()),
       annotation_(settings.style.annotationFields),
       annotationHeight_(PositiveOnly(settings.style.FixedAnnotationHeight())) {}
 
 std::uint64_t EntityWalk::Run() {
     if (!headers_.IsClassifiedMode()) SetTileSizeByDensity();
-    std::uint64_t taken = 0, total = drawing_.entityCount();
-    auto itemOf = [&](drawing::Entity entity) { return Item{entity, &entity.layerName(), &drawing_}; };
-    drawing_.forEach([&](drawing::Entity entity) {
-        view_.Progress(++taken, total);
-        if (!IsUnfolded(entity.kindCode())) Take(itemOf(entity));
+    std::uint64_t taken = 0;
+    drawing_.ForEachChunk([&](drawing::Drawing& chunk) {
+        headers_.WriteRecords(chunk);
+        ForEachItem(chunk, [&](const Item& item) {
+            view_.Progress(++taken, drawing_.EntityCount());
+            if (IsUnfolded(item.entity.kindCode()))
+                hasDeeper_ = true;
+            else
+                Take(item);
+        });
     });
-    hasDeeper_ = true;
     for (int depth = 0; depth <= deepestSymbol && hasDeeper_; ++depth) {
         hasDeeper_ = false;
-        drawing_.forEach([&](drawing::Entity entity) {
-            if (IsUnfolded(entity.kindCode())) Descend(itemOf(entity), depth);
+        drawing_.ForEachChunk([&](drawing::Drawing& chunk) {
+            ForEachItem(chunk, [&](const Item& item) {
+                if (IsUnfolded(item.entity.kindCode())) Descend(item, depth);
+            });
         });
     }
     ReportSkipped();
     return taken;
 }
 
+template <typename Visit>
+void EntityWalk::ForEachItem(drawing::Drawing& chunk, Visit visit) {
+    if (!settings_.style.layerOnField.empty()) RelayerByAttribute(settings_.style.layerOnField, chunk);
+    chunk.forEach([&](drawing::Entity entity) { visit(Item{entity, &entity.layerName(), &chunk}); });
+}
+
 /// So that a tile holds a hundred entities, were they spread evenly.
 void EntityWalk::SetTileSizeByDensity() {
-    if (drawing_.entityCount() == 0) return;
-    drawing::Box box = drawing_.extents();
+    if (drawing_.EntityCount() == 0) return;
+    drawing::Box box = drawing_.Extents();
     double side = std::max(box.maxX - box.minX, box.maxY - box.minY);
-    double tiles = std::max(static_cast<double>(drawing_.entityCount()) / 100, 1.0);
+    double tiles = std::max(static_cast<double>(drawing_.EntityCount()) / 100, 1.0);
     double size = std::max(std::floor(side / std::sqrt(tiles)), leastTileSize);
     if (!std::isfinite(size)) return;
     writer_.SetDefaultTileSize(size);

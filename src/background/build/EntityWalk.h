@@ -12,7 +12,7 @@
 #include "background/package/PackageWriter.h"
 #include "background/styling/AnnotationText.h"
 #include "config/Session.h"
-#include "drawing/Drawing.h"
+#include "drawing/DrawingFile.h"
 
 #include <cstdint>
 #include <optional>
@@ -27,7 +27,7 @@ namespace vexlator::background {
 /// drawing.
 class EntityWalk {
 public:
-    EntityWalk(config::Session& session, const BuildSettings& settings, drawing::Drawing& drawing,
+    EntityWalk(config::Session& session, const BuildSettings& settings, drawing::DrawingFile& drawing,
                FeatureHeaders& headers, PackageWriter& writer, ui::FormView& view);
     /// Returns how many entities were taken, parts not counted.
     /// @throws platform::WriteError
@@ -53,6 +53,9 @@ private:
         bool isHole = false;
     };
 
+    /// Every entity of the chunk, on the layer that the style's attribute names.
+    template <typename Visit>
+    void ForEachItem(drawing::Drawing& chunk, Visit visit);
     void SetTileSizeByDensity();
     bool IsUnfolded(drawing::Kind kind) const;
     void Take(const Item& item);
@@ -75,7 +78,7 @@ private:
 
     config::Session& session_;
     const BuildSettings& settings_;
-    drawing::Drawing& drawing_;
+    drawing::DrawingFile& drawing_;
     FeatureHeaders& headers_;
     PackageWriter& writer_;
     ui::FormView& view_;

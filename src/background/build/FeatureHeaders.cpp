@@ -8,15 +8,10 @@ namespace vexlator::background {
 
 namespace {
 
-std::optional<drawing::Entity> FirstPolyline(drawing::Drawing& drawing) {
-    for (std::size_t i = 0; i < drawing.entityCount(); ++i)
-        if (auto entity = drawing.entityAt(i); entity.kindCode() == drawing::Kind::Polyline) return entity;
-    return std::nullopt;
-}
-
-bool FirstPolylineIsClassified(Classifier& classifier, drawing::Drawing& drawing) {
+bool FirstPolylineIsClassified(Classifier& classifier, drawing::DrawingFile& drawing) {
     FeatureHeader header;
-    auto polyline = FirstPolyline(drawing);
+    auto polyline = drawing.FindFirst(
+        [](const drawing::Entity& entity) { return entity.kindCode() == drawing::Kind::Polyline; });
     return polyline && classifier.ClassifyEntity(*polyline, header);
 }
 
@@ -33,11 +28,11 @@ const ClassBytes& BytesOf(const LayerStyle& style, StyleCell cell) {
 
 }  // namespace
 
-DrawingKind KindOf(drawing::Drawing& drawing) {
-    if (drawing.entityCount() == 0) return DrawingKind::Empty;
-    drawing::Entity first = drawing.entityAt(0);
-    if (first.xproperties().count() == 0) return DrawingKind::Plain;
-    return IsClassifiedDrawing(first) ? DrawingKind::Classified : DrawingKind::Attributed;
+DrawingKind KindOf(drawing::DrawingFile& drawing) {
+    auto first = drawing.FindFirst([](const drawing::Entity&) { return true; });
+    if (!first) return DrawingKind::Empty;
+    if (first->xproperties().count() == 0) return DrawingKind::Plain;
+    return IsClassifiedDrawing(*first) ? DrawingKind::Classified : DrawingKind::Attributed;
 }
 
 StyleCell CellOf(const drawing::Entity& entity) {
@@ -52,14 +47,17 @@ StyleCell CellOf(const drawing::Entity& entity) {
 }
 
 FeatureHeaders::FeatureHeaders(config::Session& session, const BuildSettings& settings,
-                               drawing::Drawing& drawing, PackageWriter& writer)
+                               drawing::DrawingFile& drawing, PackageWriter& writer)
     : kind_(KindOf(drawing)),
       classifier_(session),
       records_(settings.attributes, settings.style.searchOnField, writer),
       styles_(settings.style.rows, settings.mobileStyles),
       isClassifiedMode_(settings.style.rows.empty() && FirstPolylineIsClassified(classifier_, drawing)) {
-    if (kind_ == DrawingKind::Plain) WriteLayers(drawing, writer);
-    if (kind_ == DrawingKind::Attributed) records_.Write(drawing);
+    if (kind_ == DrawingKind::Plain) WriteLayers(drawing.Current(), writer);
+}
+
+void FeatureHeaders::WriteRecords(drawing::Drawing& chunk) {
+    if (kind_ == DrawingKind::Attributed) records_.Write(chunk);
 }
 
 void FeatureHeaders::WriteLayers(const drawing::Drawing& drawing, PackageWriter& writer) {

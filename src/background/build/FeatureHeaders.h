@@ -8,7 +8,7 @@
 #include "background/package/FeatureHeader.h"
 #include "background/styling/LayerStyles.h"
 #include "config/Session.h"
-#include "drawing/Drawing.h"
+#include "drawing/DrawingFile.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -24,7 +24,7 @@ enum class DrawingKind {
     Attributed,  ///< elements refer to a record of their feature's attributes
     Classified   ///< elements carry the identifier of their feature
 };
-DrawingKind KindOf(drawing::Drawing& drawing);
+DrawingKind KindOf(drawing::DrawingFile& drawing);
 
 /// What elements look like: the cell of a style row that serves them.
 enum class StyleCell { Points, Lines, Areas };
@@ -36,9 +36,12 @@ StyleCell CellOf(const drawing::Entity& entity);
 /// classes say; else as the style row of their layer says.
 class FeatureHeaders {
 public:
-    /// Writes the layer file and gathers the gazetteer.
-    FeatureHeaders(config::Session& session, const BuildSettings& settings, drawing::Drawing& drawing,
+    /// Writes the layers into the layer file, where elements refer to them.
+    FeatureHeaders(config::Session& session, const BuildSettings& settings, drawing::DrawingFile& drawing,
                    PackageWriter& writer);
+    /// Writes the records of a chunk's entities into the layer file, and gathers the gazetteer. Each chunk in
+    /// turn, before the headers of its entities are asked for.
+    void WriteRecords(drawing::Drawing& chunk);
 
     bool IsClassifiedMode() const { return isClassifiedMode_; }
     bool IsHidden(const std::string& layer) { return LookOf(layer).isHidden; }

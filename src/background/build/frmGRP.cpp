@@ -6,7 +6,7 @@
 #include "background/build/EntityWalk.h"
 #include "background/build/FeatureHeaders.h"
 #include "background/package/PackageWriter.h"
-#include "background/styling/DrawingTools.h"
+#include "drawing/DrawingFile.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "util/Files.h"
@@ -42,14 +42,12 @@ config::Outcome frmGRP::Start(std::string_view drawingPath, std::string_view tar
     Target target = TargetOf(targetPath);
     util::MakeFolder(util::FolderOf(target.index));
     if (settings.createDxf) ConvertVDFtoDXF(session_, drawingPath, target.dxf);
-    drawing::Drawing drawing;
-    drawing.open(drawingPath);
+    drawing::DrawingFile drawing(drawingPath);
     ui.Settle(0.5);
-    settings.ListOptimisedAttributes(drawing);
+    settings.ListOptimisedAttributes(drawing.Current());
 
     PackageWriter writer(target.index, ui, settings.memoryBytes);
     FeatureHeaders headers(session_, settings, drawing, writer);
-    if (!settings.style.layerOnField.empty()) RelayerByAttribute(settings.style.layerOnField, drawing);
     config::Outcome outcome{.target = target.index};
     outcome.features = EntityWalk(session_, settings, drawing, headers, writer, *view).Run();
     outcome.layers = headers.LayersMet();
