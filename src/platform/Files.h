@@ -32,8 +32,8 @@ public:
     std::string_view Text() const { return {reinterpret_cast<const char*>(data_), size_}; }
     /// Native path, for messages.
     const std::string& Name() const { return name_; }
-    /// Tells that the bytes before `offset` are not needed soon, so that they need not stay in memory. A smaller
-    /// offset than before begins another pass over the file.
+    /// Tells that the bytes before `offset` are not needed soon, so that they need not stay in memory. A
+    /// smaller offset than before begins another pass over the file.
     void DoneBefore(std::size_t offset);
 
 private:
