@@ -474,10 +474,4 @@ std::span<PlanePoint> Drawing::planFrom(std::uint32_t first) {
     return {vertices_.data() + begin, vertices_.size() - begin};
 }
 
-void Drawing::reserve(std::size_t entities, std::size_t vertices, std::size_t textBytes) {
-    entities_.reserveMore(entities);
-    vertices_.reserveMore(vertices);
-    texts_.reserveMore(textBytes);
-}
-
 }  // namespace vexlator::drawing

@@ -327,7 +327,6 @@ public:
     void shareValues();
     /// Adds vertices without heights to the entity added last; to be filled at once.
     std::span<PlanePoint> extendPlan(std::size_t count);
-    void reserve(std::size_t entities, std::size_t vertices, std::size_t textBytes);
     /// The vertices of entity number `first` and all added after it, to convert at once. Only while each of
     /// them was built up before the next was added.
     std::span<PlanePoint> planFrom(std::uint32_t first);
@@ -339,6 +338,7 @@ private:
     friend class VdfWriter;
     friend class VdfReader;
     friend class DrawingFile;
+    friend class DrawingOutput;
 
     struct Record {
         enum Flag : std::uint8_t {

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 #include "drawing/Drawing.h"
+#include "drawing/DrawingOutput.h"
 #include "drawing/Vdf.h"
 #include "vdf_generated.h"
 
@@ -28,25 +29,31 @@ void WriteNumbers(platform::OutputFile& file, std::initializer_list<std::uint64_
 
 class VdfWriter {
 public:
-    VdfWriter(const Drawing& drawing, platform::OutputFile& file) : drawing_(drawing), file_(file) {}
+    VdfWriter(const Drawing& drawing, platform::OutputFile& file) : drawing_(drawing), file_(file) {
+        file_.Write(vdf::magic);
+        WriteNumbers(file_, {vdf::version});
+    }
 
-    void Write() {
-        WriteHeader();
+    void WriteEntities() {
         std::size_t next = 0;
         while (next < drawing_.entities_.size()) {
             next = TakeRecords(next);
             if (!records_.empty()) WriteChunk();
         }
-        WriteIndex();
+    }
+
+    /// Behind all entities.
+    void WriteIndex() {
+        std::uint64_t offset = file_.Size();
+        BuildIndex();
+        std::string_view bytes = BytesOf(builder_);
+        file_.Write(bytes);
+        WriteNumbers(file_, {offset, bytes.size(), XXH3_64bits(bytes.data(), bytes.size())});
+        file_.Write(vdf::endMagic);
     }
 
 private:
     using Record = Drawing::Record;
-
-    void WriteHeader() {
-        file_.Write(vdf::magic);
-        WriteNumbers(file_, {vdf::version});
-    }
 
     /// Gathers the records of one chunk, from `next` on; returns where the following one starts.
     std::size_t TakeRecords(std::size_t next) {
@@ -195,7 +202,7 @@ private:
         return builder_.CreateVector(offsets);
     }
 
-    void WriteIndex() {
+    void BuildIndex() {
         builder_.Clear();
         auto properties = Table(drawing_.properties_, [&](const auto& p) {
             return vdf::CreateProperty(builder_, builder_.CreateString(p.first),
@@ -218,11 +225,6 @@ private:
         auto chunks = builder_.CreateVectorOfStructs(chunks_);
         builder_.Finish(vdf::CreateIndex(builder_, properties, layers, drawing_.activeLayer_, active, blocks,
                                          styles, shapes, names, sets, drawing_.nextHandle_, chunks));
-        std::uint64_t offset = file_.Size();
-        std::string_view bytes = BytesOf(builder_);
-        file_.Write(bytes);
-        WriteNumbers(file_, {offset, bytes.size(), XXH3_64bits(bytes.data(), bytes.size())});
-        file_.Write(vdf::endMagic);
     }
 
     const Drawing& drawing_;
@@ -233,7 +235,28 @@ private:
 };
 
 void WriteVdf(const Drawing& drawing, platform::OutputFile& file) {
-    VdfWriter(drawing, file).Write();
+    VdfWriter writer(drawing, file);
+    writer.WriteEntities();
+    writer.WriteIndex();
+}
+
+DrawingOutput::DrawingOutput(Drawing& drawing, std::string_view path) : drawing_(drawing), path_(path) {}
+
+DrawingOutput::~DrawingOutput() = default;
+
+void DrawingOutput::WriteEntities() {
+    if (!file_) {
+        file_.emplace(path_);
+        writer_ = std::make_unique<VdfWriter>(drawing_, *file_);
+    }
+    writer_->WriteEntities();
+    drawing_.clearEntities();
+}
+
+void DrawingOutput::Commit() {
+    WriteEntities();
+    writer_->WriteIndex();
+    file_->Commit();
 }
 
 }  // namespace vexlator::drawing

@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "drawing/Drawing.h"
 #include "drawing/DrawingFile.h"
+#include "drawing/DrawingOutput.h"
 #include "drawing/Vdf.h"
 #include "support/RandomDrawing.h"
 #include "support/TempFolder.h"
 
+#include <algorithm>
 #include <cstring>
 #include <gtest/gtest.h>
 #include <vector>
@@ -116,6 +118,33 @@ TEST(Vdf, EveryPassOverAFileGivesTheWholeDrawing) {
         EXPECT_GE(chunks, 5U);
     }
     EXPECT_TRUE(file.Current().findLayer("NEW 5"));
+}
+
+TEST(Vdf, ADrawingIsWrittenWhileItIsMade) {
+    TempFolder folder;
+    folder.Write("a.VDF", "old");
+    Drawing expected, drawing;
+    DrawingOutput output(drawing, folder / "a.VDF");
+    const std::vector<std::string> names{"ID", "NAME"};
+    std::size_t most = 0;
+    for (int i = 0; i < 70000; ++i) {
+        for (Drawing* each : {&expected, &drawing}) {
+            each->setActiveLayer("L" + std::to_string(i / 30000));
+            each->addPolyline(
+                std::vector<Point>(static_cast<std::size_t>(i % 3), {double(i), 1, i / 69000.}));
+            each->beginValues(each->attributeSet(names));
+            each->appendValue(std::to_string(i));
+            each->appendValue(std::string(static_cast<std::size_t>(i % 50), 'n'));
+        }
+        most = std::max(most, drawing.entityCount());
+        output.WriteFullChunk();
+    }
+    EXPECT_LE(most, vdf::entitiesPerChunk);
+    EXPECT_EQ(TempFolder::Read(folder / "a.VDF"), "old");
+    output.Commit();
+    Drawing again;
+    again.open(folder / "a.VDF");
+    EXPECT_TRUE(Describe(again) == Describe(expected));
 }
 
 /// Bytes at a multiple of 8, as a memory map has them.

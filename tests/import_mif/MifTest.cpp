@@ -150,6 +150,19 @@ TEST(MifImport, ExtendedTakesMoreKindsOfObjects) {
         << text;
 }
 
+/// Long enough a row to end a chunk of the drawing's file.
+TEST(MifImport, PartsOfACollectionShareALongRow) {
+    Office run;
+    run.Ini("[MIDIN]\nExtended=1\n");
+    std::string row = std::string(3 << 20, 'x');
+    run.Objects(
+        "Point 0 0\nCollection 3\nPline 2\n1 1\n2 2\nMultipoint 1\n9 9\nPline 2\n1 1\n2 2\nPoint 1 1\n",
+        "a,1\n" + row + ",2\nb,3\n");
+    ASSERT_EQ(run.drawing.entityCount(), 5U);
+    for (std::size_t i = 1; i < 4; ++i) EXPECT_EQ(run.At(i).xproperties().item(0).value(), row);
+    EXPECT_EQ(run.At(4).xproperties().item(0).value(), "b");
+}
+
 TEST(MifImport, RowsAreReadByTheDelimiter) {
     struct Case {
         const char *delimiter, *row, *a, *b;

@@ -34,9 +34,10 @@ config::Outcome frmFromCSV::Start(std::string_view sourcePath, std::string_view 
     view_ = session_.Ui().ShowForm("frmFromCSV");
     config::Outcome outcome;
     outcome.target = util::JoinPath(sourceFolder, util::BaseNameOf(sourcePath) + ".VDF");
+    output_.emplace(drawing_, outcome.target);
     for (const std::string& path : SourceFiles(sourcePath, fileList))
         if (!ImportCsvFile(path)) outcome.status = config::Outcome::Status::Failed;
-    drawing_.saveAs(outcome.target);
+    output_->Commit();
     session_.Ui().Settle(1.0);
     outcome.layers = drawing_.layerCount() - 1;  // without "0", which every drawing has
     outcome.features = features_;
@@ -86,6 +87,7 @@ void frmFromCSV::ReadRecords(CsvRecords& records, const std::string& symbol, pla
                 missing.Count(names - record.values.size(), records.Line());
                 AttachCsvAttributes(record);
             }
+            output_->WriteFullChunk();
             file.DoneBefore(records.Position());
             if (records.Count() % refreshStep == 0) ShowCsvProgress(records.Count());
         }

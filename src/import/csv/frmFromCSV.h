@@ -4,12 +4,13 @@
 
 #include "config/Outcome.h"
 #include "config/Session.h"
-#include "drawing/Drawing.h"
+#include "drawing/DrawingOutput.h"
 #include "import/csv/CsvColumns.h"
 #include "import/csv/CsvRecords.h"
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -41,6 +42,7 @@ private:
     CsvSettings settings_;
     CsvColumns columns_;
     drawing::Drawing drawing_;
+    std::optional<drawing::DrawingOutput> output_;
     drawing::AttributeSet set_ = 0;
     std::unique_ptr<ui::FormView> view_;
     std::uint64_t features_ = 0;

@@ -47,6 +47,8 @@ public:
     /// What the person should know about the file, a line each.
     std::vector<std::string> Remarks() const;
 
+    /// The next object may share the attributes of the one read last.
+    bool IsWithinCollection() const { return partSharesRow_ && partsLeft_ > 0; }
     std::uint64_t ObjectCount() const { return objects_; }
     std::uint64_t MultiSectionCount() const { return multiSection_; }  ///< polylines of several sections
     std::uint64_t NoneCount() const { return none_; }                  ///< objects without geometry

@@ -37,9 +37,10 @@ config::Outcome frmFromMID::Start(std::string_view sourcePath, std::string_view 
     view_ = session_.Ui().ShowForm("frmFromMID");
     config::Outcome outcome;
     outcome.target = util::JoinPath(sourceFolder, util::BaseNameOf(sourcePath) + ".VDF");
+    output_.emplace(drawing_, outcome.target);
     for (const std::string& path : SourceFiles(sourcePath, fileList))
         if (!ImportMifFile(path)) outcome.status = config::Outcome::Status::Failed;
-    drawing_.saveAs(outcome.target);
+    output_->Commit();
     session_.Ui().Settle(1.0);
     outcome.layers = drawing_.layerCount() - 1;  // without "0", which every drawing has
     outcome.features = features_;
@@ -75,6 +76,7 @@ void frmFromMID::ReadObjects(MifToDrawing& objects, platform::MappedFile& mif, p
     std::uint64_t threshold = refreshStep, refreshed = objects.Lines().Line();
     try {
         while (objects.ReadObject()) {
+            if (!objects.IsWithinCollection()) output_->WriteFullChunk();
             mif.DoneBefore(objects.Lines().Position());
             if (mid) mid->DoneBefore(objects.RowPosition());
             if (objects.Lines().Line() - refreshed <= threshold) continue;

@@ -24,7 +24,6 @@ public:
 
     const std::vector<std::string>& FieldNames() const { return names_; }
     std::vector<int> FieldWidths() const;
-    std::uint64_t ByteSize() const { return file_.Bytes().size(); }
 
     /// Gives the entity added last the values of row `number`; empty ones when there is no such row.
     /// "," becomes ";;" in them.

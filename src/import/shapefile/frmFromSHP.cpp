@@ -58,10 +58,11 @@ config::Outcome frmFromSHP::Start(std::string_view sourcePath, std::string_view 
     view_ = session_.Ui().ShowForm("frmFromSHP");
     config::Outcome outcome;
     outcome.target = util::JoinPath(sourceFolder, util::BaseNameOf(sourcePath) + ".VDF");
+    output_.emplace(drawing_, outcome.target);
     bool complete = true;
     for (const std::string& path : SourceFiles(sourcePath, fileList)) complete &= ImportShapefile(path);
     if (surveyFeet_) drawing_.scale(metresPerFoot);
-    drawing_.saveAs(outcome.target);
+    output_->Commit();
     view_->SetLabel("Completed!");
     session_.Ui().Settle(1.0);
     if (!complete) outcome.status = config::Outcome::Status::Failed;
@@ -104,15 +105,15 @@ std::string frmFromSHP::SelectShapefileLayer(const std::string& code) {
 }
 
 void frmFromSHP::ReadRecords(Source& source) {
-    // A first guess at the room that is needed; the drawing grows where it is too small.
     std::size_t records = std::min(source.reader.RecordCount(), source.shp.Bytes().size() / 12);
-    drawing_.reserve(records, source.shp.Bytes().size() / 28,
-                     source.table ? source.table->ByteSize() / 2 : 0);
+    // Coordinates that are converted as a whole, when all are there, have to stay until then.
+    bool stay = latLng_ || surveyFeet_;
     view_->SetLabel(source.code);
     ShapeRecord record;
     try {
         while (source.reader.Next(record)) {
             AddShape(source, record);
+            if (!stay) output_->WriteFullChunk();
             view_->Progress(++source.count, records);
             source.shp.DoneBefore(record.offset);
         }

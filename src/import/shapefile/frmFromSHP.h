@@ -4,11 +4,12 @@
 
 #include "config/Outcome.h"
 #include "config/Session.h"
-#include "drawing/Drawing.h"
+#include "drawing/DrawingOutput.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -56,6 +57,7 @@ private:
 
     config::Session& session_;
     drawing::Drawing drawing_;
+    std::optional<drawing::DrawingOutput> output_;
     std::unique_ptr<ui::FormView> view_;
     std::unique_ptr<coords::frmLatLng> converter_;
     bool latLng_ = false;
