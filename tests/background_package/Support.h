@@ -30,14 +30,6 @@ inline std::string I16(int value) {
 inline std::string I32(int value) {
     return Bytes(static_cast<std::int32_t>(value));
 }
-inline std::string F64(double value) {
-    return Bytes(value);
-}
-inline std::string Header(int type, int high, int low, int length, int a, int b, int c) {
-    return std::string(1, static_cast<char>(type)) + I32(high) + I32(low) + I16(length) +
-           std::string{static_cast<char>(a), static_cast<char>(b), static_cast<char>(c)};
-}
-
 template <typename T>
 T Number(std::string_view bytes, std::size_t offset) {
     T value{};

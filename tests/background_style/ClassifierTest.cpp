@@ -99,11 +99,6 @@ TEST_F(ClassifierTest, AttributesBecomeHeader) {
         }
 }
 
-TEST_F(ClassifierTest, FeatureCodesWithoutFile) {
-    Classifier classifier(InFolder(folder_ / "none"));
-    EXPECT_FALSE(classifier.LookupFeatureCode("C1"));
-}
-
 TEST_F(ClassifierTest, FirstEntityTellsTheDrawing) {
     const std::pair<Attributes, bool> cases[] = {
         {{{"TOID", ""}, {"THEME", ""}, {"MAKE", ""}}, true},
