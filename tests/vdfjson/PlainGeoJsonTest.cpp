@@ -36,18 +36,13 @@ TEST(PlainGeoJson, GeometriesBecomeEntities) {
         {R"({"type":"LineString","coordinates":[[1,2],[3,4,5]]})", {"VDPOLYLINE 1,2 3,4,5"}},
         {R"({"type":"Polygon","coordinates":[[[0,0],[9,0],[9,9],[0,0]],[[1,1],[2,2],[2,1],[1,1]]]})",
          {"VDPOLYLINE closed 0,0 9,0 9,9 0,0", "VDPOLYLINE closed 1,1 2,2 2,1 1,1"}},
-        {R"({"type":"MultiPoint","coordinates":[[1,2],[3,4]]})", {"VDPOINT 1,2", "VDPOINT 3,4"}},
-        {R"({"type":"MultiLineString","coordinates":[[[1,2],[3,4]],[[5,6],[7,8]]]})",
-         {"VDPOLYLINE 1,2 3,4", "VDPOLYLINE 5,6 7,8"}},
         {R"({"type":"MultiPolygon","coordinates":[[[[0,0],[9,0],[9,9],[0,0]]],[[[1,1],[2,2],[2,1],[1,1]]]]})",
          {"VDPOLYLINE closed 0,0 9,0 9,9 0,0", "VDPOLYLINE closed 1,1 2,2 2,1 1,1"}},
         {R"({"type":"GeometryCollection","geometries":[{"type":"Point","coordinates":[1,2]},
              {"type":"GeometryCollection","geometries":[{"type":"LineString","coordinates":[[1,2],[3,4]]}]}]})",
          {"VDPOINT 1,2", "VDPOLYLINE 1,2 3,4"}},
         {"null", {"VDPOLYLINE"}},
-        {R"({"type":"Point","coordinates":[]})", {"VDPOLYLINE"}},
         {R"({"type":"MultiPolygon","coordinates":[]})", {"VDPOLYLINE"}},
-        {R"({"type":"GeometryCollection","geometries":[]})", {"VDPOLYLINE"}},
     };
     for (const Case& c : cases) {
         std::string feature =
