@@ -7,13 +7,13 @@
 #include "startup/Main.h"
 #include "support/TempFolder.h"
 #include "support/TestUi.h"
+#include "util/Text.h"
 #include "workflow/WorkflowDatabase.h"
 
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -89,13 +89,6 @@ protected:
         }
         return lines;
     }
-    /// Lets the conversion keep the settings that it sees.
-    void KeepSettings() {
-        stub.act = [this](config::Session& session) {
-            settings = session.Settings();
-            return Outcome{};
-        };
-    }
 
     test::TempFolder home;
     test::TestUi ui;
@@ -141,34 +134,26 @@ TEST_F(MainTest, GoOptionsAreKeptInTheSettings) {
 TEST_F(MainTest, SettingsOfARun) {
     SetIni("GENERAL", "AutoLaunchExport", "1");
     SetIni("GENERAL", "VEXLATORDEBUG", "yes");
-    SetIni("HOUSEKEEPING", "ReProcessFieldNames", "1");
     SetIni("GENERICOUT", "SHORTENFIELDSON", "/");
-    SetIni("GENERICIN", "INOUTLOG", "/log");
-    KeepSettings();
+    stub.act = [this](config::Session& session) {
+        settings = session.Settings();
+        return Outcome{};
+    };
     EXPECT_EQ(Run("IMPORT /p/a.SHP -quiet.SHP ?BOX 1,2,3,4 ?"), 0);
     EXPECT_EQ(stub.calls, Lines{"1 /p/a.SHP -quiet.SHP /p "});
-    EXPECT_EQ(settings.ProgramFolder, home.Path());
     EXPECT_EQ(settings.ConfigFolder, home.Path());
-    EXPECT_EQ(settings.ATPDirectory, "/atp");
-    EXPECT_TRUE(settings.AutoLaunchExport && settings.ReProcessFieldNames && settings.Quiet);
-    EXPECT_FALSE(settings.DebugMode || settings.CreateZip);
-    EXPECT_EQ(settings.SHORTENFIELDSON + settings.InOutLog, "//log");
+    EXPECT_TRUE(settings.AutoLaunchExport && settings.Quiet);
+    EXPECT_FALSE(settings.DebugMode || settings.CreateZip) << "only 1 switches on";
+    EXPECT_EQ(settings.SHORTENFIELDSON, "/");
     EXPECT_EQ(settings.ImportExtent.minX + settings.ImportExtent.maxY, 5);
     EXPECT_TRUE(fs::is_directory(home / "temp"));
 }
 
-TEST_F(MainTest, DebugModeShowsTemplatesAndCommand) {
-    SetIni("GENERAL", "VEXLATORDEBUG", "1");
-    EXPECT_EQ(Run("IMPORT /p/a.SHP"), 0);
-    EXPECT_EQ(ui.messages, (Lines{"ATP:/atp", "IMPORT /p/a.SHP"}));
-}
-
 TEST_F(MainTest, SwitchesInFrontOfACommand) {
+    SetIni("GENERAL", "VEXLATORDEBUG", "1");
     EXPECT_EQ(Run("-QUIET IMPORT /p/a.SHP|/p/b.SHP"), 0);
     EXPECT_EQ(stub.calls, Lines{"1 /p/a.SHP /p |/p/b.SHP"});
-    // A quoted command that a blank follows keeps its last quote.
-    EXPECT_EQ(Run("\"IMPORT /p/a.SHP\" "), 3);
-    EXPECT_EQ(ui.reports, Lines{"vexlator: nothing imports \"SHP\"\""});
+    EXPECT_EQ(ui.messages, (Lines{"ATP:/atp", "-QUIET IMPORT /p/a.SHP|/p/b.SHP"}));
 }
 
 TEST_F(MainTest, TextFilesAreTablesOrMeterReadings) {
@@ -179,36 +164,31 @@ TEST_F(MainTest, TextFilesAreTablesOrMeterReadings) {
 }
 
 TEST_F(MainTest, AShortJobStandsForTheAdtFileBesideIt) {
-    std::string job = home / "a.JOB";
-    std::string adt = home.Path() + "/a.ADT";
-    auto called = [&](std::size_t jobSize, std::string_view adtContent) {
-        home.Write("a.JOB", std::string(jobSize, 'x'));
-        home.Write("a.ADT", adtContent);
-        stub.calls.clear();
-        EXPECT_EQ(Run("IMPORT " + job), 0);
-        return stub.calls.at(0);
+    struct Case {
+        std::size_t jobSize;
+        std::string adt, called;
     };
-    EXPECT_EQ(called(40, "adt"), "5 " + adt + " " + home.Path() + " ");
-    EXPECT_EQ(called(63, "adt"), "5 " + adt + " " + home.Path() + " ");
-    EXPECT_EQ(called(64, "adt"), "4 " + job + " " + home.Path() + " ");
-    EXPECT_EQ(called(40, ""), "4 " + job + " " + home.Path() + " ");
+    for (const Case& c : {Case{63, "adt", "5 a.ADT"}, {64, "adt", "4 a.JOB"}, {40, "", "4 a.JOB"}}) {
+        home.Write("a.JOB", std::string(c.jobSize, 'x'));
+        home.Write("a.ADT", c.adt);
+        EXPECT_EQ(Run("IMPORT " + (home / "a.JOB")), 0);
+        EXPECT_EQ(stub.calls.back(),
+                  util::ReplaceAll(c.called, " ", " " + home.Path() + "/") + " " + home.Path() + " ");
+    }
 }
 
 TEST_F(MainTest, NothingToDoIsOnePlainLine) {
-    struct Case {
-        std::string command, line;
-    };
     std::string p = home / "p";
-    for (const Case& c : std::vector<Case>{
-             {"IMPORT /p/a.GML", "vexlator: GML import is not available yet"},
-             {"IMPORT /p/a.XYZ", "vexlator: nothing imports \"XYZ\""},
-             {"IMPORT", "vexlator: nothing imports \"\""},
-             {p + ".DWG", "vexlator: DWG export is not available yet"},
-             {p + ".xyz", "vexlator: nothing exports to \"XYZ\""},
-             {p, "vexlator: \"" + p + "\" names no format to export to"},
-         }) {
-        EXPECT_EQ(Run(c.command), 3) << c.command;
-        EXPECT_EQ(ui.reports, Lines{c.line});
+    const std::pair<std::string, std::string> cases[] = {
+        {"IMPORT /p/a.GML", "vexlator: GML import is not available yet"},
+        {"IMPORT", "vexlator: nothing imports \"\""},
+        {"\"IMPORT /p/a.SHP\" ", "vexlator: nothing imports \"SHP\"\""},  // a blank saves the last quote
+        {p + ".DWG", "vexlator: DWG export is not available yet"},
+        {p, "vexlator: \"" + p + "\" names no format to export to"},
+    };
+    for (const auto& [command, line] : cases) {
+        EXPECT_EQ(Run(command), 3) << command;
+        EXPECT_EQ(ui.reports, Lines{line});
         EXPECT_TRUE(ui.messages.empty());
     }
 }
@@ -221,60 +201,26 @@ TEST_F(MainTest, StepsAfterAnExportFollowAnUnknownCodeToo) {
     EXPECT_TRUE(fs::is_directory(home / "b"));
 }
 
-TEST_F(MainTest, SummaryCountsWhatWasDone) {
-    stub.act = [](config::Session& session) {
-        session.Losses().Count(config::LossReport::Kind::Cut, "FENCE", "NOTES", 3);
-        return Outcome{.layers = 3, .features = 12345, .target = "/p\\a"};
-    };
-    EXPECT_EQ(Run(home / "a.shp"), 0);
-    ASSERT_EQ(ui.reports.size(), 2u);
-    EXPECT_EQ(ui.reports[0], "exported 3 layers, 12,345 features to /p/a");
-    EXPECT_NE(ui.reports[1].find("FENCE.NOTES 3"), std::string::npos);
-    stub.act = [](config::Session&) { return Outcome{.layers = 1, .features = 1, .target = "/p/a.VDF"}; };
-    EXPECT_EQ(Run("IMPORT /p/a.SHP"), 0);
-    EXPECT_EQ(ui.reports, Lines{"imported 1 layer, 1 feature to /p/a.VDF"});
-}
-
-TEST_F(MainTest, MissingPhotographsAreListed) {
+/// The results of an FMO export lie in FMODirectory, and so does what follows it.
+TEST_F(MainTest, WhatFollowsAnFmoExportLiesWithIt) {
     stub.act = [](config::Session& session) {
         session.Settings().MissingPhotos = "A.JPG missing from 7\r\n";
         return Outcome{};
     };
-    EXPECT_EQ(Run(home / "a.SHP"), 0);
-    EXPECT_EQ(test::TempFolder::Read(home / "a/MissingPhotos.LST"), "A.JPG missing from 7\r\n\r\n");
-    // The results of an FMO export lie in FMODirectory, and so does what follows it.
     fs::create_directory(home / "fmo");
     EXPECT_EQ(Run(home / "a.FMO"), 0);
     EXPECT_EQ(stub.calls.back(), "FMO " + (home / "a.VDF") + " " + (home / "fmo"));
-    EXPECT_TRUE(fs::exists(home / "fmo/MissingPhotos.LST"));
+    EXPECT_EQ(test::TempFolder::Read(home / "fmo/MissingPhotos.LST"), "A.JPG missing from 7\r\n\r\n");
 }
 
-TEST_F(MainTest, ExportsOfJobsAreRecorded) {
+TEST_F(MainTest, AnFmoExportOfAJobClosesIt) {
     UseWorkflow();
-    EXPECT_EQ(Run(home / "no job.SHP"), 0);
-    EXPECT_EQ(Actions(), Lines{});
     stub.act = [](config::Session& session) {
         session.Settings().JobRelativePath = "Ann\\Roads\\North\\a.JOB";
         return Outcome{};
     };
-    EXPECT_EQ(Run(home / "a.shp"), 0);
-    EXPECT_EQ(Actions(), Lines{"Exported to SHP|Ann|Roads|a"});
     EXPECT_EQ(Run(home / "b.FMO"), 0);
-    EXPECT_EQ(Actions(),
-              (Lines{"Exported to SHP|Ann|Roads|a", "Exported to FMO|Ann|Roads|b", "CLOSED|Ann|Roads|b"}));
-}
-
-TEST_F(MainTest, TheFolderIsPackedLast) {
-    SetIni("GENERICOUT", "CREATEZIP", "1");
-    stub.act = [this](config::Session& session) {
-        home.Write("a/FENCE.SHP", "shapes");
-        session.Settings().MissingPhotos = "A.JPG missing from 7\r\n";
-        return Outcome{};
-    };
-    EXPECT_EQ(Run(home / "a.SHP"), 0);
-    std::string archive = test::TempFolder::Read(home / "a/a.ZIP");
-    EXPECT_NE(archive.find("FENCE.SHP"), std::string::npos);
-    EXPECT_NE(archive.find("MissingPhotos.LST"), std::string::npos);
+    EXPECT_EQ(Actions(), (Lines{"Exported to FMO|Ann|Roads|b", "CLOSED|Ann|Roads|b"}));
 }
 
 TEST_F(MainTest, ExportsThatDoNotEndLeaveNoTrace) {
@@ -320,16 +266,6 @@ TEST_F(MainTest, ErrorsGoToTheRunLogToo) {
     stub.act = [](config::Session&) -> Outcome { throw platform::WriteError("/p/a.VDF", "no space left"); };
     EXPECT_EQ(Run("IMPORT /p/a.SHP -QUIET"), 1);
     EXPECT_NE(test::TempFolder::Read(home / "run.log").find("/p/a.VDF: no space left"), std::string::npos);
-}
-
-TEST(AllConversions, EveryCodeLeadsToOneForm) {
-    auto check = [](const auto& rows, std::size_t count) {
-        std::set<std::string_view> codes;
-        for (const auto& row : rows) EXPECT_TRUE(codes.insert(row.code).second) << row.code;
-        EXPECT_EQ(codes.size(), count);
-    };
-    check(AllConversions().imports, 16);  // .GZ is GML that is compressed
-    check(AllConversions().exports, 24);
 }
 
 }  // namespace

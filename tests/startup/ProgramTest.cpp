@@ -52,13 +52,6 @@ TEST_F(ProgramTest, WrongOptionsAreErrors) {
     }
 }
 
-TEST_F(ProgramTest, NothingWorksWithoutAnInstallation) {
-    Result run = Run("'IMPORT a.SHP'");
-    EXPECT_EQ(run.status, 2);
-    EXPECT_TRUE(run.err.starts_with("message: No ATPfolder\n")) << run.err;
-    EXPECT_EQ(Run("--check").status, 2);
-}
-
 TEST_F(ProgramTest, InitMakesAnInstallationThatWorksAtOnce) {
     Result init = Run("--init inst");
     EXPECT_EQ(init.status, 0) << init.err;
@@ -79,23 +72,6 @@ TEST_F(ProgramTest, InitMakesAnInstallationThatWorksAtOnce) {
     // No desktop program lies beside the one under test.
     for (const char* arguments : {"", "SELECT", "GO chkAll=1"}) EXPECT_EQ(Run(arguments).status, 3);
     EXPECT_EQ(config::ReadIniFile(inst + "/gv.ini", "OPTION", "chkAll"), "1");
-}
-
-TEST_F(ProgramTest, ADrawingGoesOutAndComesBack) {
-    ASSERT_EQ(Run("--init inst").status, 0);
-    drawing::Drawing drawing;
-    drawing.setActiveLayer("TREE");
-    for (int i = 0; i < 1234; ++i)
-        drawing.addPoint({i * 10.0, 0, 0}).xproperties().add("ID", std::to_string(i));
-    drawing.saveAs(folder / "survey.VDF");
-    Result out = Run("survey.SHP");
-    EXPECT_EQ(out.status, 0);
-    EXPECT_EQ(out.out, "");
-    EXPECT_EQ(out.err, "exported 1 layer, 1,234 features to " + (folder / "survey") + "\n");
-    Result in = Run("IMPORT survey/tree.shp");
-    EXPECT_EQ(in.status, 0);
-    EXPECT_EQ(in.out, "");
-    EXPECT_EQ(in.err, "imported 1 layer, 1,234 features to " + (folder / "survey/tree.VDF") + "\n");
 }
 
 TEST_F(ProgramTest, InitNeverOverwrites) {
