@@ -17,33 +17,24 @@ TEST(Ini, Reading) {
     struct {
         std::string_view text, value;  // of [Sec] Key
     } const cases[] = {
-        {"", ""},
         {"[Sec]\nKey=v", "v"},
-        {"[sEC]\r\nkEY=v\r\n", "v"},
         {"[Sec]\rKey=v\r", "v"},
         {"\xEF\xBB\xBF[Sec]\nKey=v", "v"},
         {"Key=before\n[Sec]\nKey=v", "v"},
-        {"[Other]\nKey=o\n[Sec]\nKey=v", "v"},
         {" [ Sec ] ; note\n \tKey \t= \tv w \t\n", "v w"},
         {"[Sec]\nKey=a=b;c", "a=b;c"},
         {"[Sec]\n;Key=no\n ; Key=no\nKey=v", "v"},
         {"[Sec]\nKey\nKey=v", "v"},
-        {"[Sec]\nKeys=no\nKey=v", "v"},
         {"[Sec]\nKey=first\nKey=second", "first"},
         {"[Sec]\nA=1\n[Sec]\nKey=v", ""},  // the first section of a name is the one
         {"[Sec\nKey=no\n[Sec]\nKey=v", "v"},
-        {"[Sec]\nKey=", ""},
         {"[Sec]\nKey=  ", ""},
         {"[Sec]\nKey=\"  v  \"", "  v  "},
         {"[Sec]\nKey='v'", "v"},
         {"[Sec]\nKey=\"\"v\"\"", "\"v\""},
         {"[Sec]\nKey=\"v'", "\"v'"},
-        {"[Sec]\nKey=\"v\" w", "\"v\" w"},
-        {"[Sec]\nKey=\"", "\""},
-        {"[Sec]\nKey=\"\"", ""},
         {std::string_view("[Sec]\nKey=a\0b\n", 14), "a"},
         {"[Sec]\nKey=Caf\xE9", "Caf\xC3\xA9"},
-        {"[Sec]\nKey=Caf\xC3\xA9", "Caf\xC3\xA9"},
     };
     for (const auto& c : cases) EXPECT_EQ(IniValue(c.text, "Sec", "Key"), c.value) << c.text;
     EXPECT_EQ(IniValue("[S]\nCl\xE9=1", "s", "Cl\xC3\xA9"), "1") << "a name in a Windows-1252 file";
@@ -59,17 +50,14 @@ TEST(Ini, Writing) {
     } const cases[] = {
         {"", "Key", "v", "[Sec]\r\nKey=v\r\n"},
         {"[sec]\nKEY = old ;x \nB=1", "Key", "new", "[sec]\nKEY = new \nB=1"},
-        {"[Sec]\nKey=\nB=1", "Key", "v", "[Sec]\nKey=v\nB=1"},
         {"[Sec]\n  Key  =  \"old\"\n", "Key", "", "[Sec]\n  Key  =  \n"},
         {"[Sec]\nKey=a\nKey=b\n", "Key", "v", "[Sec]\nKey=v\nKey=b\n"},
         {"[Sec]\r\nA=1\r\n; note\r\n\r\n[T]\r\n", "Key", "v",
          "[Sec]\r\nA=1\r\nKey=v\r\n; note\r\n\r\n[T]\r\n"},
-        {"[Sec]\n[T]\nKey=t", "Key", "v", "[Sec]\nKey=v\n[T]\nKey=t"},
         {"[Sec]\rA=1", "Key", "v", "[Sec]\rA=1\rKey=v\r"},
         {"[Sec]", "Key", "v", "[Sec]\r\nKey=v\r\n"},
         {"[T]\nA=1", "Key", "v", "[T]\nA=1\n[Sec]\nKey=v\n"},
         {"\xEF\xBB\xBF[Sec]\nKey=o\n", "Key", "v", "\xEF\xBB\xBF[Sec]\nKey=v\n"},
-        {"", "Key", " v ", "[Sec]\r\nKey=\" v \"\r\n"},
         {"", "Key", "'v'", "[Sec]\r\nKey=\"'v'\"\r\n"},
         {"", "Key", "a\r\n[T]\nB=1", "[Sec]\r\nKey=a  [T] B=1\r\n"},
         {"", "Key", std::string_view("a\0b", 3), "[Sec]\r\nKey=a b\r\n"},
@@ -77,10 +65,8 @@ TEST(Ini, Writing) {
         {"x", "K=y", "v", "x"},
         {"x", ";K", "v", "x"},
         {"x", "[K]", "v", "x"},
-        {"x", " ", "v", "x"},
         {"[Sec]\nA=\xE9\n", "Key", "\xC3\xB1", "[Sec]\nA=\xE9\nKey=\xF1\n"},
         {"[Sec]\nA=\xE9\n", "Key", "\xC4\x8D", "[Sec]\nA=\xC3\xA9\nKey=\xC4\x8D\n"},
-        {"[Sec]\nA=\xC3\xA9\n", "Key", "\xC3\xB1", "[Sec]\nA=\xC3\xA9\nKey=\xC3\xB1\n"},
         {"[Sec]\nA=1\n", "Key", "\xF1", "[Sec]\nA=1\nKey=\xC3\xB1\n"},
         // Without its one byte that is no UTF-8, the rest would read as UTF-8, which it is not.
         {"[Sec]\nA=\xC3\xA9\nKey=\xE9\n", "Key", "e", "[Sec]\nA=\xC3\x83\xC2\xA9\nKey=e\n"},

@@ -29,27 +29,17 @@ TEST(LocateConfigFile, PointerFileOrProgramFolder) {
     EXPECT_EQ(LocateConfigFile(folder.Path(), "gv.ini"), "C:\\Cfg\\jsmith\\jsmith.ini");
 }
 
-TEST_F(SessionTest, ReadsWhatWasWritten) {
-    EXPECT_EQ(session.ReadIni("S", "K"), "");
-    for (std::string value : {"1", "01", "True"}) {
-        session.WriteIni("S", "K", value);
-        EXPECT_EQ(session.ReadIni("s", "k"), value);
-        EXPECT_EQ(session.ReadIniFlag("S", "K"), value == "1");
-    }
-    session.WriteIni("S", "K", "other", folder / "other.ini");
-    EXPECT_EQ(session.ReadIni("S", "K"), "True");
-    EXPECT_EQ(session.ReadIni("S", "K", folder / "other.ini"), "other");
-}
-
 TEST_F(SessionTest, LogAndDebugMessagesOnlyWhenAskedFor) {
     session.Log("not kept");
     session.DebugMessage("not shown");
     session.Settings().InOutLog = folder / "run.log";
     session.Settings().DebugMode = true;
-    session.Log("Imported");
+    session.Log("Imported\r\n2 features");
     session.DebugMessage("shown");
-    EXPECT_EQ(TempFolder::Read(folder / "run.log"), "05MAR 14:07: Imported\r\n");
+    EXPECT_EQ(TempFolder::Read(folder / "run.log"), "05MAR 14:07: Imported  2 features\r\n");
     EXPECT_EQ(ui.messages, std::vector<std::string>{"shown"});
+    session.Settings().InOutLog = folder / "missing/run.log";
+    EXPECT_NO_THROW(session.Log("nowhere"));
 }
 
 TEST(LossReport, OneLine) {

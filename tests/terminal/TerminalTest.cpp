@@ -39,27 +39,11 @@ private:
     long seen_ = 0;
 };
 
-TEST(Terminal, LinesCarryTheirKind) {
-    Terminal terminal({});
-    terminal.ui->ShowMessage("No SYMfolder");
-    terminal.ui->AskYesNo("Continue?");
-    terminal.ui->Report("exported 1 layer, 1 feature to /p/a");
-    EXPECT_EQ(terminal.Shown(),
-              "message: No SYMfolder\nquestion: Continue? [y/N]\n"
-              "exported 1 layer, 1 feature to /p/a\n");
-}
-
 TEST(Terminal, AnswersAreLinesOfTheInput) {
     std::string typed = "y\nYES\n yes \r\nn\n\nyesterday\n" + std::string(100, ' ') + "y\nY";
     Terminal terminal({}, typed);
     for (bool yes : {true, true, true, false, false, false, false, true, false, false})
         EXPECT_EQ(terminal.ui->AskYesNo("?"), yes);
-}
-
-TEST(Terminal, YesToAllReadsNothing) {
-    Terminal terminal({.yesToAll = true}, "n\n");
-    EXPECT_TRUE(terminal.ui->AskYesNo("Generate ATP For WALL"));
-    EXPECT_EQ(terminal.Shown(), "question: Generate ATP For WALL [y/N]\n");
 }
 
 TEST(Terminal, TextsCannotForgeLinesOrCommandTheTerminal) {
@@ -85,7 +69,6 @@ TEST(Terminal, NothingButLinesWithoutATerminal) {
     auto view = terminal.ui->ShowForm("frmSHP");
     view->SetLabel("FENCE");
     view->Progress(1, 2);
-    terminal.ui->Beep();
     EXPECT_EQ(terminal.Shown(), "");
 }
 
