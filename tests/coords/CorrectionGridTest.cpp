@@ -87,36 +87,22 @@ TEST_F(CorrectionGridTest, ADamagedFileIsToldAndNotReplacedByAnother) {
         ASSERT_EQ(ui.messages.size(), 1U);
         EXPECT_EQ(ui.messages[0].find(path + ": cannot be used as a grid"), 0U) << ui.messages[0];
     }
-}
-
-TEST_F(CorrectionGridTest, AGridCutInItsNodesGivesNoResult) {
-    std::string whole = Grid(1);
-    folder.Write("inst/OSTN02.INT", whole.substr(0, whole.size() - 200));
-    frmLatLng form(session);
-    EXPECT_EQ(LatLng(form, 440000, 330000), "");
+    folder.Write("inst/OSTN02.INT", Grid(1).substr(0, Grid(1).size() - 200));
+    frmLatLng cutInItsNodes(session);
+    EXPECT_EQ(LatLng(cutInItsNodes, 440000, 330000), "");
 }
 
 /// A wrong place is worse than none.
 TEST_F(CorrectionGridTest, OutsideTheGridThereIsNoResult) {
     folder.Write("inst/OSTN02.INT", Grid(1));
     frmLatLng form(session);
-    for (util::PlanePoint point : {util::PlanePoint{400000, 100000},
-                                   {400000, 500000},
-                                   {100000, 300000},
-                                   {-5e6, 300000},
-                                   {easting, 1e300},
-                                   {-1e300, northing},
-                                   {NAN, northing},
-                                   {easting, INFINITY}})
+    const util::PlanePoint outside[] = {{400000, 100000}, {100000, 300000}, {-5e6, 300000},
+                                        {easting, 1e300}, {NAN, northing},  {easting, INFINITY}};
+    for (util::PlanePoint point : outside)
         EXPECT_EQ(LatLng(form, point.x, point.y), "") << point.x << " " << point.y;
-    for (auto [latitude, longitude] : {std::pair{"50", "-2"},
-                                       {"52", "-4"},
-                                       {"91", "-2"},
-                                       {"1e300", "-2"},
-                                       {"52", "1e300"},
-                                       {"nan", "-2"},
-                                       {"", ""},
-                                       {"52 N", "-2"}})
+    const std::pair<const char*, const char*> places[] = {
+        {"50", "-2"}, {"52", "-4"}, {"91", "-2"}, {"52", "1e300"}, {"nan", "-2"}, {"", ""}, {"52 N", "-2"}};
+    for (auto [latitude, longitude] : places)
         EXPECT_FALSE(form.LatLngToGrid(latitude, longitude, "0")) << latitude << " " << longitude;
 }
 
@@ -143,11 +129,8 @@ TEST_F(CorrectionGridTest, AnglesReadBackAsTheSameDegrees) {
 
 TEST_F(CorrectionGridTest, AMissingDefinitionIsToldAndTheGridServes) {
     folder.Write("inst/OSTN02.INT", Grid(2));
-    for (const char* content : {"", static_cast<const char*>(nullptr)}) {
-        if (content)
-            Define(content);
-        else
-            session.WriteIni("GPS", "TRANSFORMATION", folder / "nowhere.dat");
+    for (std::string path : {folder.Write("empty.dat", ""), folder / "nowhere.dat"}) {
+        session.WriteIni("GPS", "TRANSFORMATION", path);
         ui.messages.clear();
         frmLatLng form(session);
         EXPECT_EQ(LatLng(form, easting, northing), Shifted(2));

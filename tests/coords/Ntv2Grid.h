@@ -14,50 +14,45 @@ namespace vexlator::test {
 class Ntv2Grid {
 public:
     Ntv2Grid(float northSeconds, float eastSeconds) {
-        Whole("NUM_OREC", 11);
-        Whole("NUM_SREC", 11);
-        Whole("NUM_FILE", 1);
-        Text("GS_TYPE ", "SECONDS ");
-        Text("VERSION ", "1       ");
-        Text("SYSTEM_F", "OSGB36  ");
-        Text("SYSTEM_T", "ETRS89  ");
-        Number("MAJOR_F ", 6377563.396);
-        Number("MINOR_F ", 6356256.909);
-        Number("MAJOR_T ", 6378137.0);
-        Number("MINOR_T ", 6356752.314);
-        Text("SUB_NAME", "MIDDLE  ");
-        Text("PARENT  ", "NONE    ");
-        Text("CREATED ", "        ");
-        Text("UPDATED ", "        ");
-        Number("S_LAT   ", 51 * 3600);
-        Number("N_LAT   ", 53 * 3600);
-        Number("E_LONG  ", -3 * 3600);  // longitudes and their shifts are positive to the west
-        Number("W_LONG  ", 3 * 3600);
-        Number("LAT_INC ", 3600);
-        Number("LONG_INC", 3600);
         constexpr int nodes = 3 * 7;
+        for (auto [name, value] : {Field{"NUM_OREC", 11}, {"NUM_SREC", 11}, {"NUM_FILE", 1}})
+            Whole(name, value);
+        bytes_ += "GS_TYPE SECONDS VERSION 1       SYSTEM_FOSGB36  SYSTEM_TETRS89  ";
+        for (auto [name, value] : {Field{"MAJOR_F ", 6377563.396},
+                                   {"MINOR_F ", 6356256.909},
+                                   {"MAJOR_T ", 6378137.0},
+                                   {"MINOR_T ", 6356752.314}})
+            Number(name, value);
+        bytes_ += "SUB_NAMEMIDDLE  PARENT  NONE    CREATED         UPDATED         ";
+        // Longitudes and their shifts are positive to the west.
+        for (auto [name, value] : {Field{"S_LAT   ", 51 * 3600},
+                                   {"N_LAT   ", 53 * 3600},
+                                   {"E_LONG  ", -3 * 3600},
+                                   {"W_LONG  ", 3 * 3600},
+                                   {"LAT_INC ", 3600},
+                                   {"LONG_INC", 3600}})
+            Number(name, value);
         Whole("GS_COUNT", nodes);
-        for (int i = 0; i < nodes; ++i) {
-            Raw(northSeconds);
-            Raw(-eastSeconds);
-            Raw(0.0F);
-            Raw(0.0F);
-        }
+        for (int i = 0; i < nodes; ++i)
+            for (float shift : {northSeconds, -eastSeconds, 0.0F, 0.0F}) Raw(shift);
         Number("END     ", 0);
     }
     const std::string& Bytes() const { return bytes_; }
 
 private:
+    struct Field {
+        std::string_view name;
+        double value;
+    };
     template <typename T>
     void Raw(T value) {
         char bytes[sizeof value];
         std::memcpy(bytes, &value, sizeof value);
         bytes_.append(bytes, sizeof value);
     }
-    void Text(std::string_view name, std::string_view text) { bytes_.append(name).append(text); }
-    void Whole(std::string_view name, std::int32_t value) {
+    void Whole(std::string_view name, double value) {
         bytes_.append(name);
-        Raw(value);
+        Raw(static_cast<std::int32_t>(value));
         Raw(std::int32_t{0});
     }
     void Number(std::string_view name, double value) {
