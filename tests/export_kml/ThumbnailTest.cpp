@@ -62,22 +62,22 @@ TEST(Thumbnail, KeepsProportionsAndColours) {
 }
 
 TEST(Thumbnail, RefusesWhatCannotBeShown) {
-    std::string jpeg = JpegOf(640, 480);
-    EXPECT_EQ(Refusal(jpeg), "");
-    EXPECT_EQ(Refusal(""), "is neither a JPEG nor a BMP file");
-    EXPECT_EQ(Refusal("GIF89a"), "is neither a JPEG nor a BMP file");
-    EXPECT_TRUE(Refusal(jpeg.substr(0, jpeg.size() / 2)).starts_with("damaged JPEG: "));
-    EXPECT_EQ(Refusal("\xFF\xD8"), "damaged: it holds no picture");
+    std::string jpeg = JpegOf(640, 480), huge = jpeg;
     // The size that its header announces: height and width stand behind the frame's mark.
-    std::size_t frame = jpeg.find("\xFF\xC0");
-    std::string huge = jpeg;
-    huge.replace(frame + 5, 4, "\xFF\xDC\xFF\xDC");
-    EXPECT_EQ(Refusal(huge), "a picture of 65500 x 65500 pixels is too large");
-    std::string bmp = test::BmpHeader(8001, 8000);
-    EXPECT_EQ(Refusal(bmp), "a picture of 8001 x 8000 pixels is too large");
-    EXPECT_EQ(Refusal(bmp.substr(0, 53)), "damaged BMP: it ends in its header");
-    EXPECT_EQ(Refusal(test::BmpHeader(-1, 5)), "damaged: it holds no picture");
-    EXPECT_EQ(Refusal(test::BmpHeader(80, 80)), "damaged BMP: it ends before its last pixel");
+    huge.replace(jpeg.find("\xFF\xC0") + 5, 4, "\xFF\xDC\xFF\xDC");
+    const std::pair<std::string, std::string> cases[] = {
+        {"", "is neither a JPEG nor a BMP file"},
+        {"GIF89a", "is neither a JPEG nor a BMP file"},
+        {"\xFF\xD8", "damaged: it holds no picture"},
+        {huge, "a picture of 65500 x 65500 pixels is too large"},
+        {test::BmpHeader(8001, 8000), "a picture of 8001 x 8000 pixels is too large"},
+        {test::BmpHeader(8, 8).substr(0, 53), "damaged BMP: it ends in its header"},
+        {test::BmpHeader(-1, 5), "damaged: it holds no picture"},
+        {test::BmpHeader(80, 80), "damaged BMP: it ends before its last pixel"},
+    };
+    for (const auto& [bytes, reason] : cases) EXPECT_EQ(Refusal(bytes), reason);
+    EXPECT_EQ(Refusal(jpeg), "");
+    EXPECT_TRUE(Refusal(jpeg.substr(0, jpeg.size() / 2)).starts_with("damaged JPEG: "));
     EXPECT_TRUE(Refusal(test::BmpHeader(80, 80) + std::string(6400, 'x')).starts_with("damaged BMP: "));
 }
 

@@ -1,46 +1,31 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "drawing/Drawing.h"
-#include "export/meter/MeterReadings.h"
 #include "export/meter/frmCAW.h"
-#include "support/TempFolder.h"
-#include "support/TestUi.h"
+#include "support/ExportTest.h"
 
-#include <gtest/gtest.h>
 #include <limits>
 
 namespace vexlator::exporter {
 namespace {
 
-using drawing::Drawing;
 using drawing::Entity;
-using test::TempFolder;
 
-class MeterExport : public testing::Test {
+class MeterExport : public test::ExportTest {
 protected:
-    MeterExport() {
-        session.Settings().IniFilePath = folder.Write("gv.ini", "");
-        std::filesystem::create_directories(folder / "out");
-        drawing.setActiveLayer("METER");
-    }
+    MeterExport() { drawing.setActiveLayer("METER"); }
     void SetValues(Entity entity, const std::string& ref, const std::string& remarks,
                    const std::string& gps) {
-        entity.xproperties().add("GPS", gps);
-        entity.xproperties().add("Date", "01/02/2024");
-        entity.xproperties().add("MeterRef", ref);
-        entity.xproperties().add("Reading", "00417");
-        entity.xproperties().add("Remarks", remarks);
+        Give(entity, {{"GPS", gps},
+                      {"Date", "01/02/2024"},
+                      {"MeterRef", ref},
+                      {"Reading", "00417"},
+                      {"Remarks", remarks}});
     }
     config::Outcome Export() {
         drawing.saveAs(folder / "Round 7.VDF");
         return frmCAW(session).Start(folder / "Round 7.VDF", folder / "out");
     }
-    std::string Text() const { return TempFolder::Read(folder / "out/Round 7.TXT"); }
-
-    TempFolder folder;
-    test::TestUi ui;
-    config::Session session{ui, [] { return platform::DateTime{.year = 2024, .month = 3, .day = 5}; }};
-    Drawing drawing;
+    std::string Text() const { return Out("Round 7.TXT"); }
 };
 
 TEST_F(MeterExport, EveryByte) {
@@ -67,12 +52,14 @@ TEST_F(MeterExport, EveryByte) {
 
 TEST_F(MeterExport, LinesHoldTogetherWhateverTheValues) {
     SetValues(drawing.addPoint({0, 0, 0}), "M,1\xC5\x91", "two\r\nlines", "");
-    drawing.addPoint({300000, 200000, 0});  // without attributes
+    drawing.addPoint({-5.9, 200000, 0});  // without attributes
+    drawing.addPoint({std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(), 0});
     Export();
     EXPECT_EQ(Text(),
-              "mr,05/03/2024,Round 7,2,mr\r\n"
+              "mr,05/03/2024,Round 7,3,mr\r\n"
               "cr,M 1?,00417,01/02/2024,two  lines\r\n"
-              "cr,,,,300000200000\r\n");
+              "cr,,,,-000005200000\r\n"
+              "cr,,,,0000001000000000000000\r\n");
     EXPECT_EQ(session.Losses().Line(), "characters replaced: METER.MeterRef 2, METER.Remarks 2");
 }
 
@@ -86,14 +73,6 @@ TEST_F(MeterExport, WithoutMetersThereIsNoFile) {
     EXPECT_EQ(outcome.target, folder / "out");
     EXPECT_FALSE(std::filesystem::exists(folder / "out/Round 7.TXT"));
     EXPECT_TRUE(ui.messages.empty() && ui.reports.empty());
-}
-
-TEST(MeterGridReference, SixDigitsEach) {
-    const double far = std::numeric_limits<double>::infinity(),
-                 none = std::numeric_limits<double>::quiet_NaN();
-    EXPECT_EQ(MeterGridReference({7, 99.999, 0}), "000007000099");
-    EXPECT_EQ(MeterGridReference({-5.9, -0.9, 0}), "-000005000000");
-    EXPECT_EQ(MeterGridReference({none, far, 0}), "0000001000000000000000");
 }
 
 }  // namespace

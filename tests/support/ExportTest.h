@@ -19,7 +19,8 @@ namespace vexlator::test {
 
 using Attributes = std::vector<std::pair<std::string, std::string>>;
 
-/// A drawing, an installation without settings, and the folder "out" that an export writes to.
+/// A drawing, an installation without settings, and the folder "out" that an export writes to on 5 March
+/// 2024.
 class ExportTest : public testing::Test {
 protected:
     ExportTest() {
@@ -51,7 +52,7 @@ protected:
 
     TempFolder folder;
     TestUi ui;
-    config::Session session{ui};
+    config::Session session{ui, [] { return platform::DateTime{2024, 3, 5, 14, 7, 0}; }};
     drawing::Drawing drawing;
 };
 
