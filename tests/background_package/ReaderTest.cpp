@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 #include "Support.h"
-#include "platform/Errors.h"
+#include "support/Errors.h"
 
 #include <gtest/gtest.h>
 #include <sstream>
@@ -14,13 +14,7 @@ namespace {
 
 /// "" when the package is whole, else the error.
 std::string FaultOf(const std::string& file) {
-    try {
-        ProvePackage(PackageReader(file));
-    } catch (const platform::ReadError& error) {
-        EXPECT_FALSE(error.File().empty() || error.Place().empty() || error.Reason().empty());
-        return error.what();
-    }
-    return "";
+    return ErrorOf([&] { ProvePackage(PackageReader(file)); });
 }
 
 /// The bytes of a worked dump: per line an offset, bytes and, behind ";", a remark.

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 #include "background/styling/modGRPstyling.h"
-#include "platform/Errors.h"
+#include "support/Errors.h"
 #include "support/TempFolder.h"
 
 #include <filesystem>
@@ -125,12 +125,10 @@ TEST_F(StyleFile, WhatIsSavedIsLoaded) {
 TEST_F(StyleFile, NamesThatDoNotFitAreRefused) {
     std::string file = folder_.Write("a.bsf", "[LAYERS]\n1=X\n");
     for (const std::string& name : {std::string("A,B"), std::string("A\nB"), std::string(2040, 'x')}) {
-        try {
+        std::string error = test::ErrorOf<platform::WriteError>([&] {
             SaveStyleRows(file, {{name, "Red", "", ""}}, false);
-            ADD_FAILURE() << name;
-        } catch (const platform::WriteError& error) {
-            EXPECT_NE(std::string(error.what()).find("a.bsf: \"" + name.substr(0, 100)), std::string::npos);
-        }
+        });
+        EXPECT_NE(error.find("a.bsf: \"" + name.substr(0, 100)), std::string::npos) << error;
         EXPECT_EQ(test::TempFolder::Read(file), "[LAYERS]\n1=X\n");
     }
 }

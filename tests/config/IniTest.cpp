@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 #include "config/Ini.h"
+#include "support/Processes.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace vexlator::config {
@@ -111,18 +111,12 @@ TEST(Ini, ManyProcessesLoseNoKey) {
     auto name = [](int process, int key) {
         return "K" + std::to_string(process) + "_" + std::to_string(key);
     };
-    for (int p = 0; p < processes; ++p) {
-        if (::fork() != 0) continue;
+    test::RunAtOnce(processes, [&](int p) {
         bool good = true;
         for (int k = 0; k < keys; ++k)
             good &= WriteIniFile(file, p % 2 ? "Odd" : "Even", name(p, k), name(k, p));
-        ::_exit(good ? 0 : 1);
-    }
-    for (int p = 0; p < processes; ++p) {
-        int status = -1;
-        ::wait(&status);
-        EXPECT_EQ(status, 0);
-    }
+        return good;
+    });
     std::string text = TempFolder::Read(file);
     for (int p = 0; p < processes; ++p)
         for (int k = 0; k < keys; ++k)

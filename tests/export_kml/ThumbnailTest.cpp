@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "formats/Bytes.h"
 #include "formats/image/Thumbnail.h"
+#include "support/Errors.h"
 #include "support/Pictures.h"
 #include "support/TempFolder.h"
 
@@ -33,13 +34,10 @@ std::string Summary(const std::string& bmp) {
 /// Why there is no thumbnail of these bytes; "" when there is one.
 std::string Refusal(const std::string& bytes) {
     TempFolder folder;
-    try {
-        ThumbnailBmp(folder.Write("a.jpg", bytes), {240, 180});
-        return "";
-    } catch (const platform::ReadError& error) {
-        EXPECT_EQ(error.File(), folder / "a.jpg");
-        return error.Reason();
-    }
+    std::string path = folder.Write("a.jpg", bytes), error = test::ErrorOf([&] {
+                                                         ThumbnailBmp(path, {240, 180});
+                                                     });
+    return error.empty() ? "" : error.substr(path.size() + 2);
 }
 
 TEST(Thumbnail, KeepsProportionsAndColours) {

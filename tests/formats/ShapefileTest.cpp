@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "formats/shapefile/ShapefileReader.h"
 #include "formats/shapefile/ShapefileWriter.h"
+#include "support/Errors.h"
 #include "support/TempFolder.h"
 
 #include <cstring>
@@ -90,14 +91,7 @@ TEST(ShapefileReader, DamageIsRefusedWithItsPlace) {
         Files files = whole;
         files.shp.replace(c.offset, c.bytes.size(), c.bytes);
         ShapeRecord record;
-        try {
-            ShapefileReader reader = files.Reader();
-            reader.Next(record);
-            ADD_FAILURE() << c.reason;
-        } catch (const platform::ReadError& error) {
-            EXPECT_EQ(error.Place(), "byte 100, record 1");
-            EXPECT_EQ(error.Reason(), c.reason);
-        }
+        EXPECT_EQ(test::ErrorOf([&] { files.Reader().Next(record); }), "byte 100, record 1: " + c.reason);
     }
 }
 

@@ -4,7 +4,7 @@
 #include "import/job/RecordAttributes.h"
 #include "import/job/SupersededRecords.h"
 #include "job/JobTest.h"
-#include "platform/Errors.h"
+#include "support/Errors.h"
 
 namespace vexlator::importer {
 namespace {
@@ -70,12 +70,7 @@ TEST_F(JobRecords, ALineOfVeryManyFieldsIsAnErrorWhenFeaturesWouldTakeThemOver) 
     std::string wide = "note" + std::string(40000, ',') + "\n";
     EXPECT_EQ(Import("note" + std::string(40000, ',') + "\n$GIS,P,1,NONE,1,1\n").size(), 1U);
     for (const std::string& job : {points + wide, points + "x" + std::string(1 << 20, ',') + "\n"}) {
-        try {
-            Import(job);
-            FAIL();
-        } catch (const platform::ReadError& error) {
-            EXPECT_EQ(error.Place(), "line 4001");
-        }
+        EXPECT_TRUE(test::ErrorOf([&] { Import(job); }).starts_with("line 4001: "));
     }
 }
 

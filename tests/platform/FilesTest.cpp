@@ -2,13 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Files.h"
 #include "platform/Signals.h"
+#include "support/Errors.h"
+#include "support/Processes.h"
 #include "support/TempFolder.h"
 
 #include <csignal>
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/file.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -83,38 +82,22 @@ TEST(OutputFile, TellsWhereItCannotWrite) {
     TempFolder folder;
     std::string file = folder.Write("file", "x");
     for (std::string path : {folder.Path(), folder / "none/a", file + "/a"}) {
-        try {
-            OutputFile output(path);
-            FAIL() << path;
-        } catch (const WriteError& error) {
-            EXPECT_EQ(error.File(), path);
-            EXPECT_TRUE(std::string_view(error.what()).starts_with(path + ": ")) << error.what();
-        }
+        std::string error = test::ErrorOf<WriteError>([&] { OutputFile output(path); });
+        EXPECT_TRUE(error.starts_with(path + ": ")) << error;
     }
     EXPECT_EQ(Entries(folder), 1U);
 }
 
-/// The limit on a file's size stands in for a full disk: both let writes fail late.
 TEST(OutputFile, FullDiskLeavesTheOldFile) {
     TempFolder folder;
     std::string path = folder.Write("a.shp", "old");
-    pid_t child = ::fork();
-    if (child == 0) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        rlimit limit{1'500'000, 1'500'000};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-        try {
-            OutputFile file(path);
-            for (int i = 0; i < 40; ++i) file.Write(std::string(50'000, 'x'));
-            file.Commit();
-        } catch (const WriteError& error) {
-            ::_exit(error.File() == path ? 7 : 8);
-        }
-        ::_exit(0);
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    EXPECT_EQ(WEXITSTATUS(status), 7);
+    std::string error = test::ErrorOf<WriteError>([&] {
+        test::SmallDisk full(1'500'000);
+        OutputFile file(path);
+        for (int i = 0; i < 40; ++i) file.Write(std::string(50'000, 'x'));
+        file.Commit();
+    });
+    EXPECT_TRUE(error.starts_with(path + ": ")) << error;
     EXPECT_EQ(TempFolder::Read(path), "old");
     EXPECT_EQ(Entries(folder), 1U);
 }
@@ -179,12 +162,7 @@ TEST(MappedFile, OnlyRegularFiles) {
                                                          {folder.Path(), "is not a file"},
                                                          {folder / "pipe", "is not a file"}};
     for (const auto& [path, reason] : cases) {
-        try {
-            MappedFile file(path);
-            FAIL() << path;
-        } catch (const ReadError& error) {
-            EXPECT_EQ(error.what(), path + ": " + reason);
-        }
+        EXPECT_EQ(test::ErrorOf([&] { MappedFile file(path); }), path + ": " + reason);
     }
 }
 
@@ -232,16 +210,14 @@ TEST(Files, Folders) {
 TEST(FileLock, OneHolderAtATime) {
     TempFolder folder;
     std::string counter = folder.Write("counter", "0");
-    for (int p = 0; p < 4; ++p) {
-        if (::fork() != 0) continue;
+    test::RunAtOnce(4, [&](int) {
         for (int i = 0; i < 100; ++i) {
             FileLock lock(counter);
             std::string old = TempFolder::Read(counter);
             std::ofstream(counter) << std::stoi(old) + 1;
         }
-        ::_exit(0);
-    }
-    for (int p = 0; p < 4; ++p) ::wait(nullptr);
+        return true;
+    });
     EXPECT_EQ(TempFolder::Read(counter), "400");
     EXPECT_EQ(Entries(folder), 1U);
     EXPECT_THROW(FileLock(folder / "none/x"), WriteError);

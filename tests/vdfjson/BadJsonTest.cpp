@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 #include "Json.h"
-#include "platform/Errors.h"
+#include "support/Errors.h"
 
 #include <gtest/gtest.h>
 
@@ -12,12 +12,7 @@ namespace {
 /// What loading fails with; "" when it succeeds.
 std::string ErrorOf(std::string_view json) {
     drawing::Drawing drawing;
-    try {
-        Load(json, drawing);
-        return "";
-    } catch (const platform::ReadError& error) {
-        return error.what();
-    }
+    return test::ErrorOf([&] { Load(json, drawing); });
 }
 
 TEST(BadJson, ErrorsNamePlaceAndReason) {

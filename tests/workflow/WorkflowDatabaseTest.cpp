@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Errors.h"
 #include "platform/Process.h"
+#include "support/Processes.h"
 #include "support/TestDatabase.h"
 #include "support/TestUi.h"
 #include "workflow/WorkflowDatabase.h"
 
 #include <algorithm>
 #include <filesystem>
-#include <functional>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -39,37 +39,10 @@ protected:
         }
         session_.Settings().IniFilePath = folder_ / "gv.ini";
     }
-    void RunAtOnce(int processes, const std::function<void()>& action);
 
     test::TestUi ui_;
     config::Session session_{ui_};
 };
-
-/// Forks; all start when the last is there. Each must end quietly.
-void WorkflowTest::RunAtOnce(int processes, const std::function<void()>& action) {
-    int gate[2];
-    ASSERT_EQ(::pipe(gate), 0);
-    std::vector<pid_t> children;
-    for (int i = 0; i < processes; ++i) {
-        pid_t child = ::fork();
-        if (child == 0) {
-            ::close(gate[1]);
-            char c = 0;
-            if (::read(gate[0], &c, 1) != 0) ::_exit(2);
-            action();
-            for (const std::string& message : ui_.messages) std::fprintf(stderr, "%s\n", message.c_str());
-            ::_exit(ui_.messages.empty() ? 0 : 1);
-        }
-        children.push_back(child);
-    }
-    ::close(gate[0]);
-    ::close(gate[1]);
-    for (pid_t child : children) {
-        int status = -1;
-        ::waitpid(child, &status, 0);
-        EXPECT_EQ(status, 0);
-    }
-}
 
 TEST_P(WorkflowTest, RecordsWhatWasDoneWithAJob) {
     const Job jobs[] = {{"smith", "P1", "Survey"},
@@ -111,8 +84,12 @@ TEST_P(WorkflowTest, CountsAClosingAsAnExportAndLeavesSystemJobsAlone) {
 }
 
 TEST_P(WorkflowTest, SixteenExportsAtOnceLoseNoRow) {
-    auto record = [this] { RecordJobAction(session_, "P'1", "Jøb", "e", "Exported to SHP", morning); };
-    RunAtOnce(16, record);
+    auto record = [this](int) {
+        RecordJobAction(session_, "P'1", "Jøb", "e", "Exported to SHP", morning);
+        for (const std::string& message : ui_.messages) std::fprintf(stderr, "%s\n", message.c_str());
+        return ui_.messages.empty();
+    };
+    test::RunAtOnce(16, record);
     EXPECT_EQ(Rows(R"(SELECT count(*) FROM "ActionTbl")"), Texts{"16"});
     EXPECT_EQ(Rows(R"(SELECT count(*) FROM "JobHdr")"), Texts{"1"});
 
@@ -121,7 +98,7 @@ TEST_P(WorkflowTest, SixteenExportsAtOnceLoseNoRow) {
     database::Connection(ConnectionString())
         .Execute(
             R"(CREATE TABLE jobhdr (id INTEGER, engineer TEXT, project TEXT, job TEXT, "CURRENT STATUS" TEXT, lastchange TIMESTAMP))");
-    RunAtOnce(16, record);
+    test::RunAtOnce(16, record);
     EXPECT_EQ(Rows(R"(SELECT count(*) FROM "ActionTbl")"), Texts{"32"});
     EXPECT_EQ(Rows(R"(SELECT job, "CURRENT STATUS" FROM jobhdr)"), Texts{"Jøb|Exported to SHP"});
 }
