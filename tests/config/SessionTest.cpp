@@ -55,51 +55,50 @@ TEST(LossReport, OneLine) {
     EXPECT_NE(losses.Line().find("L.28 1 and 6 more fields; characters"), std::string::npos) << losses.Line();
 }
 
-TEST_F(SessionTest, FormStateComesBack) {
-    const std::vector<FormControl> saved = {
-        {.name = "chkAll", .number = 2},
-        {.name = "txtPath", .text = " C:\\a "},
-        {.name = "cboFormat", .number = -1, .listSize = 3},
-        {.name = "optShape", .selected = true},
-        {.name = "gtxtGRP_GRIDSIZE", .text = "500"},
-        {.name = "lblNothing", .text = "kept"},
+/// A form's controls as texts, after they were saved or `ini` was written, and restored.
+struct FormCase {
+    std::string ini;
+    FormControl control;
+    std::string restored;
+};
+
+TEST_F(SessionTest, FormStateComesBackUnlessItIsMissingOrRefused) {
+    const FormControl list{.name = "cboFormat", .number = 1, .listSize = 3},
+        check{.name = "chkAll", .number = 1}, option{.name = "optShape", .selected = true},
+        text{.name = "txtPath", .text = "x"};
+    const FormCase cases[] = {
+        {"cboFormat=-1", list, "-1"},
+        {"cboFormat=3", list, "1"},
+        {"", list, "0"},
+        {"chkAll=2", check, "2"},
+        {"chkAll=7", check, "1"},
+        {"", check, "0"},
+        {"optShape=True", option, "selected"},
+        {"optShape=true", option, ""},
+        {"txtPath=\" C:\\a \"", text, " C:\\a "},
+        {"", text, ""},
     };
-    SaveFormState(session, saved);
-    EXPECT_EQ(session.ReadIni("GRP", "GRIDSIZE"), "500");
-    EXPECT_EQ(session.ReadIni("OPTION", "cboFormat"), "-1");
-    std::vector<FormControl> restored = saved;
-    for (FormControl& control : restored) {
-        control.number = 1;
-        control.selected = false;
-        control.text = "x";
+    for (const FormCase& c : cases) {
+        folder.Write("gv.ini", "[OPTION]\n" + c.ini + "\n");
+        std::vector<FormControl> controls{c.control};
+        RestoreFormState(session, controls);
+        const FormControl& found = controls[0];
+        bool isNumber = c.control.name == list.name || c.control.name == check.name;
+        EXPECT_EQ(found.selected ? "selected"
+                  : isNumber     ? std::to_string(found.number)
+                                 : found.text,
+                  c.restored)
+            << c.control.name << ": " << c.ini;
     }
-    RestoreFormState(session, restored);
-    EXPECT_EQ(restored[0].number, 2);
-    EXPECT_EQ(restored[1].text, " C:\\a ");
-    EXPECT_EQ(restored[2].number, -1);
-    EXPECT_TRUE(restored[3].selected);
-    EXPECT_EQ(restored[4].text, "500");
-    EXPECT_EQ(restored[5].text, "x");
 }
 
-TEST_F(SessionTest, FormStateThatIsMissingOrRefused) {
-    folder.Write("gv.ini", "[OPTION]\ncboLong=3\nchkBad=7\noptBad=true\n");
-    std::vector<FormControl> controls = {
-        {.name = "cboLong", .number = 1, .listSize = 3},
-        {.name = "chkBad", .number = 1},
-        {.name = "optBad", .selected = true},
-        {.name = "cboNew", .number = 1, .listSize = 3},
-        {.name = "chkNew", .number = 1},
-        {.name = "txtNew", .text = "x"},
-        {.name = "gtxtNOKEY", .text = "x"},
-    };
-    RestoreFormState(session, controls);
-    EXPECT_EQ(controls[0].number, 1) << "no such entry";
-    EXPECT_EQ(controls[1].number, 1) << "no such state";
-    EXPECT_FALSE(controls[2].selected) << "only the exact text True selects";
-    EXPECT_EQ(controls[3].number, 0);
-    EXPECT_EQ(controls[4].number, 0);
-    EXPECT_EQ(controls[5].text, "");
+TEST_F(SessionTest, FormStateIsSavedUnderItsNames) {
+    SaveFormState(session, std::vector<FormControl>{{.name = "chkAll", .number = 2},
+                                                    {.name = "optShape", .selected = true},
+                                                    {.name = "gtxtGRP_GRIDSIZE", .text = "500"},
+                                                    {.name = "lblNothing", .text = "not kept"}});
+    EXPECT_EQ(TempFolder::Read(folder / "gv.ini"),
+              "[OPTION]\r\nchkAll=2\r\noptShape=True\r\n[GRP]\r\nGRIDSIZE=500\r\n");
 }
 
 }  // namespace

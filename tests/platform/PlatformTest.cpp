@@ -3,7 +3,6 @@
 #include "platform/CodePages.h"
 #include "platform/Paths.h"
 #include "platform/Process.h"
-#include "platform/Registry.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -50,16 +49,6 @@ TEST_F(DrivesTest, LookUpWithoutCase) {
     EXPECT_FALSE(std::filesystem::exists(folder / "E"));
     PathToWrite("e:\\temp");
     EXPECT_TRUE(std::filesystem::exists(folder / "E")) << "a drive is there when it is written to";
-}
-
-TEST(Paths, RelativeLookUp) {
-    TempFolder folder;
-    folder.Write("Sub/A.txt", "");
-    std::string before = std::filesystem::current_path().string();
-    std::filesystem::current_path(folder.Path());
-    EXPECT_EQ(FindExisting("sub\\a.TXT"), "Sub/A.txt");
-    EXPECT_EQ(FindExisting(".\\sub"), "./Sub");
-    std::filesystem::current_path(before);
 }
 
 TEST(CodePages, Windows1252RoundTripOfEveryByte) {
@@ -162,16 +151,6 @@ TEST(Process, CountryOfTheLocale) {
     EXPECT_EQ(LocaleCountry(), "AT");
     ::unsetenv("LC_ALL");
     ::unsetenv("LANG");
-}
-
-TEST(Registry, ValuesAreFiles) {
-    TempFolder folder;
-    ::setenv("VEXLATOR_REGISTRY", folder.Path().c_str(), 1);
-    folder.Write("machine/Software/Maker/Path", "C:\\x\r\nrest");
-    EXPECT_EQ(RegistryValue(Hive::Machine, "SOFTWARE\\Maker", "PATH"), "C:\\x");
-    EXPECT_EQ(RegistryValue(Hive::CurrentUser, "SOFTWARE\\Maker", "PATH"), "");
-    EXPECT_EQ(RegistryValue(Hive::Machine, "SOFTWARE", "Maker"), "");
-    ::unsetenv("VEXLATOR_REGISTRY");
 }
 
 }  // namespace

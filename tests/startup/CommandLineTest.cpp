@@ -20,17 +20,6 @@ TEST(GoOptions, AreTheItemsAfterTheFourthCharacter) {
     for (const auto& [command, options] : cases) EXPECT_EQ(GoOptions(command), options) << command;
 }
 
-TEST(Quiet, AnyLetterCaseSetsItAndCapitalsAreRemoved) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"-QUIET", ""}, {"-QUIET a.SHP-QUIET", " a.SHP"}, {"a-quiet.SHP", "a-quiet.SHP"}};
-    for (std::string text : {"", "IMPORT a.SHP"}) EXPECT_FALSE(TakeQuiet(text)) << text;
-    for (auto [command, left] : cases) {
-        std::string text = command;
-        EXPECT_TRUE(TakeQuiet(text)) << command;
-        EXPECT_EQ(text, left);
-    }
-}
-
 TEST(Extent, TheBlockIsTakenOutOfTheText) {
     struct Case {
         std::string text, left;
@@ -71,23 +60,6 @@ TEST(Import, ArgumentIsSplitAtItsFirstBar) {
         ImportCommand command = ParseImport(c.text);
         EXPECT_EQ(command.code + " " + command.sourcePath, c.code + " " + c.path) << c.text;
         EXPECT_EQ(command.sourceFolder + " " + command.fileList, c.folder + " " + c.list) << c.text;
-    }
-}
-
-TEST(Export, DrawingAndFolderLieBesideThePath) {
-    struct Case {
-        std::string text, code, drawing, target;
-    };
-    const Case cases[] = {
-        {R"(C:\J\Survey.dxf)", "DXF", R"(C:\J\Survey.VDF)", R"(C:\J\Survey)"},
-        {"/p/a.b.SHP", "SHP", "/p/a.b.VDF", "/p/a.b"},
-        {"/p.q/a", "", "/p.q/a", "/p.q/a"},
-    };
-    for (const Case& c : cases) {
-        ExportCommand command = ParseExport(c.text);
-        EXPECT_EQ(command.code, c.code) << c.text;
-        EXPECT_EQ(command.drawingPath, c.drawing) << c.text;
-        EXPECT_EQ(command.targetPath, c.target) << c.text;
     }
 }
 
