@@ -63,10 +63,11 @@ std::vector<std::string> PackageFilesIn(std::string_view folder) {
 }
 
 /// In the order of a folder's listing, in which both index and container have always had them.
-std::vector<const PackageWriter::TileFile*> PackageWriter::SortedTiles() const {
+std::vector<const TileFile*> PackageWriter::SortedTiles() const {
     std::vector<std::pair<std::string, const TileFile*>> named;
-    named.reserve(tiles_.size());
-    for (const TileFile& tile : tiles_) named.emplace_back(TileFileName(tile.number, tile.letter), &tile);
+    named.reserve(tiles_.Count());
+    tiles_.ForEach(
+        [&](const TileFile& tile) { named.emplace_back(TileFileName(tile.number, tile.letter), &tile); });
     std::ranges::sort(named);
     std::vector<const TileFile*> sorted;
     sorted.reserve(named.size());

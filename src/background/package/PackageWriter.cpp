@@ -82,23 +82,20 @@ bool PackageWriter::RefuseNegative(const Box& box) {
     return isNegative;
 }
 
-PackageWriter::TileFile& PackageWriter::SelectTileFile(std::int32_t number, char letter, PlanePoint anchor,
-                                                       double tileSize) {
-    if (lastTile_ && lastTile_->number == number && lastTile_->letter == letter) return *lastTile_;
-    TileFile*& tile = tileTable_.At(number, letter);
-    if (tile == nullptr) tile = &tiles_.emplace_back(number, letter, Box::At(anchor.x, anchor.y), tileSize);
-    return *(lastTile_ = tile);
+TileFile& PackageWriter::SelectTileFile(std::int32_t number, char letter, PlanePoint anchor,
+                                        double tileSize) {
+    auto [tile, isNew] = tiles_.At(number, letter);
+    if (isNew) {
+        tile.box = Box::At(anchor.x, anchor.y);
+        tile.tileSize = tileSize;
+    }
+    return tile;
 }
 
 /// Of the tile of the line written last.
-PackageWriter::TileFile& PackageWriter::SelectAreaFile() {
-    TileFile*& areas = lastLine_->tile->areas;
-    if (areas == nullptr) {
-        double tileSize = tileSize_ / 2 < lastLine_->box.Size() ? tileSize_ * 10 : tileSize_;
-        PlanePoint anchor = lastLine_->anchor;
-        areas = &tiles_.emplace_back(lastLine_->tile->number, 'A', Box::At(anchor.x, anchor.y), tileSize);
-    }
-    return *areas;
+TileFile& PackageWriter::SelectAreaFile() {
+    double tileSize = tileSize_ / 2 < lastLine_->box.Size() ? tileSize_ * 10 : tileSize_;
+    return SelectTileFile(lastLine_->tile, 'A', lastLine_->anchor, tileSize);
 }
 
 /// Where the next element of the file begins.
@@ -128,6 +125,8 @@ std::optional<std::int32_t> PackageWriter::WriteLineElement(std::span<const Plan
         ++refused_.tooFar;
         return std::nullopt;
     }
+    tiles_.Prefetch(*number, 'L');
+    tiles_.Prefetch(*number, 'A');
     if (!EncodeSteps(points, steps_)) {
         ++refused_.tooLong;
         return std::nullopt;
@@ -141,14 +140,15 @@ std::optional<std::int32_t> PackageWriter::WriteLineElement(std::span<const Plan
     memory_.Append(tile.content, steps);
     tile.box.Widen(outline.box);
     largestCount_ = std::max(largestCount_, count);
-    lastLine_ = {&tile, feature_.keyHigh, feature_.keyLow, offset, anchor, size, outline.box};
+    lastLine_ = {*number, feature_.keyHigh, feature_.keyLow, offset, anchor, size, outline.box};
     return offset;
 }
 
 void PackageWriter::OpenNewArea(std::optional<int> part) {
     FinishArea();
     int type = part ? element::firstAreaPart + std::clamp(*part, 0, mostParts) : element::area;
-    openArea_ = {&SelectAreaFile(), Header(static_cast<std::uint8_t>(type)), {lastLine_->box, 0}, {}};
+    openArea_ = {lastLine_->tile, Header(static_cast<std::uint8_t>(type)), {lastLine_->box, 0}, {}};
+    SelectAreaFile();
 }
 
 void PackageWriter::CheckForSmallCoordinates() {
@@ -163,22 +163,23 @@ void PackageWriter::WriteAreaRing(AreaRing ring, std::optional<int> part) {
     if (ring == AreaRing::StartsArea || !openArea_ || isFull) OpenNewArea(part);
     openArea_->record.box.Widen(lastLine_->box);
     CheckForSmallCoordinates();
-    openArea_->tile->box.Widen(lastLine_->box);
+    tiles_.At(openArea_->tile, 'A').first.box.Widen(lastLine_->box);
     openArea_->rings.push_back(
-        {1, lastLine_->keyHigh, lastLine_->keyLow, lastLine_->offset, lastLine_->tile->number});
+        {1, lastLine_->keyHigh, lastLine_->keyLow, lastLine_->offset, lastLine_->tile});
 }
 
 /// An area is written when all its rings are known, so that its references follow it.
 void PackageWriter::FinishArea() {
     if (!openArea_) return;
-    auto& [tile, header, record, rings] = *openArea_;
+    auto& [number, header, record, rings] = *openArea_;
+    TileFile& tile = tiles_.At(number, 'A').first;
     std::string_view references(reinterpret_cast<const char*>(rings.data()),
                                 rings.size() * sizeof(RingReference));
-    PlaceFor(*tile, sizeof header + sizeof record + references.size());
+    PlaceFor(tile, sizeof header + sizeof record + references.size());
     record.rings = static_cast<std::int16_t>(rings.size());
-    memory_.AppendRecord(tile->content, header);
-    memory_.AppendRecord(tile->content, record);
-    memory_.Append(tile->content, references);
+    memory_.AppendRecord(tile.content, header);
+    memory_.AppendRecord(tile.content, record);
+    memory_.Append(tile.content, references);
     openArea_.reset();
 }
 

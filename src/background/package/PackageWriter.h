@@ -14,7 +14,6 @@
 #include "util/Angles.h"
 
 #include <cstdint>
-#include <deque>
 #include <optional>
 #include <span>
 #include <string>
@@ -81,25 +80,14 @@ public:
     void Commit();
 
 private:
-    struct TileFile {
-        TileFile(std::int32_t itsNumber, char itsLetter, const Box& itsBox, double itsTileSize)
-            : number(itsNumber), letter(itsLetter), box(itsBox), tileSize(itsTileSize) {}
-        std::int32_t number;
-        char letter;
-        Box box;
-        double tileSize;
-        TileFile* areas = nullptr;  ///< of a file of lines: that of the areas whose rings they are
-        TileContent content;        ///< without the file's header
-    };
     struct LastLine {
-        TileFile* tile;
-        std::int32_t keyHigh, keyLow, offset;
+        std::int32_t tile, keyHigh, keyLow, offset;
         util::PlanePoint anchor;
         double size;
         Box box;
     };
     struct OpenArea {
-        TileFile* tile;
+        std::int32_t tile;
         ElementHeader header;
         AreaRecord record;
         std::vector<RingReference> rings;
@@ -130,9 +118,7 @@ private:
     FeatureHeader feature_;
     std::int16_t textLength_ = 0;
     double tileSize_ = usualTileSize;
-    std::deque<TileFile> tiles_;
-    TileTable<TileFile> tileTable_;
-    TileFile* lastTile_ = nullptr;
+    TileTable tiles_;
     std::optional<LastLine> lastLine_;
     std::optional<OpenArea> openArea_;
     std::vector<Step> steps_;

@@ -19,10 +19,10 @@ TileMemory::TileMemory(std::string folder, std::size_t limit) : folder_(std::mov
 
 void TileMemory::Append(TileContent& content, std::string_view bytes) {
     if (content.number_ == 0) {
-        files_.push_back(&content);
-        content.number_ = static_cast<std::uint32_t>(files_.size());
+        spilled_.emplace_back();
+        content.number_ = static_cast<std::uint32_t>(spilled_.size());
     }
-    content.size_ += bytes.size();
+    content.size_ += static_cast<std::uint32_t>(bytes.size());
     while (!bytes.empty()) {
         bool continues = room_ > 0 && !pieces_.empty() && pieces_.back().file == content.number_;
         if (room_ == 0) AddRoom();
@@ -49,7 +49,7 @@ void TileMemory::AddRoom() {
 
 /// A counting sort: what belongs to one file stays in order.
 void TileMemory::GroupByFile() {
-    firstOfFile_.assign(files_.size() + 2, 0);
+    firstOfFile_.assign(spilled_.size() + 2, 0);
     for (const Piece& piece : pieces_) ++firstOfFile_[piece.file + 1];
     for (std::size_t i = 1; i < firstOfFile_.size(); ++i) firstOfFile_[i] += firstOfFile_[i - 1];
     order_.resize(pieces_.size());
@@ -58,8 +58,8 @@ void TileMemory::GroupByFile() {
 }
 
 template <typename Take>
-void TileMemory::VisitPieces(const TileContent& content, Take take) const {
-    for (std::uint32_t i = firstOfFile_[content.number_]; i < firstOfFile_[content.number_ + 1]; ++i) {
+void TileMemory::VisitPieces(std::uint32_t file, Take take) const {
+    for (std::uint32_t i = firstOfFile_[file]; i < firstOfFile_[file + 1]; ++i) {
         const Piece& piece = pieces_[order_[i]];
         take(std::string_view(slabs_[piece.offset / slabBytes].get() + piece.offset % slabBytes,
                               piece.length));
@@ -69,10 +69,10 @@ void TileMemory::VisitPieces(const TileContent& content, Take take) const {
 void TileMemory::Spill() {
     if (!scratch_) scratch_.emplace(folder_);
     GroupByFile();
-    for (TileContent* content : files_) {
+    for (std::uint32_t file = 1; file <= spilled_.size(); ++file) {
         std::uint64_t offset = scratch_->Size();
-        VisitPieces(*content, [&](std::string_view bytes) { scratch_->Append(bytes); });
-        if (scratch_->Size() > offset) content->spilled_.push_back({offset, scratch_->Size() - offset});
+        VisitPieces(file, [&](std::string_view bytes) { scratch_->Append(bytes); });
+        if (scratch_->Size() > offset) spilled_[file - 1].push_back({offset, scratch_->Size() - offset});
     }
     pieces_.clear();
     order_.clear();
@@ -81,7 +81,8 @@ void TileMemory::Spill() {
 
 void TileMemory::Copy(const TileContent& content, platform::OutputFile& file) {
     if (firstOfFile_.empty() || order_.size() != pieces_.size()) GroupByFile();
-    for (auto [offset, length] : content.spilled_) {
+    if (content.number_ == 0) return;
+    for (auto [offset, length] : spilled_[content.number_ - 1]) {
         for (std::uint64_t done = 0; done < length;) {
             std::size_t piece = std::min<std::uint64_t>(length - done, platform::OutputFile::BufferSize);
             scratch_->ReadAt(offset + done, file.Reserve(piece), piece);
@@ -89,7 +90,7 @@ void TileMemory::Copy(const TileContent& content, platform::OutputFile& file) {
             done += piece;
         }
     }
-    VisitPieces(content, [&](std::string_view bytes) { file.Write(bytes); });
+    VisitPieces(content.number_, [&](std::string_view bytes) { file.Write(bytes); });
 }
 
 }  // namespace vexlator::background

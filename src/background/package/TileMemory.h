@@ -14,22 +14,15 @@
 
 namespace vexlator::background {
 
-/// The bytes of one file that grows in a TileMemory. It must not move while the memory lives.
+/// One file that grows in a TileMemory. Small, because tens of thousands of them are looked at in no order.
 class TileContent {
 public:
-    TileContent() = default;
-    TileContent(const TileContent&) = delete;
-    TileContent& operator=(const TileContent&) = delete;
     std::uint64_t Size() const { return size_; }
 
 private:
     friend class TileMemory;
-    struct Range {
-        std::uint64_t offset, length;
-    };
-    std::vector<Range> spilled_;
-    std::uint64_t size_ = 0;
     std::uint32_t number_ = 0;  ///< counted from 1; 0 before the first bytes
+    std::uint32_t size_ = 0;
 };
 
 /// Holds many growing files at once, in memory up to a limit; beyond it they move to a scratch file.
@@ -41,7 +34,7 @@ public:
     /// The scratch file lies in `folder`. At least 1 MB of memory is used, whatever the limit.
     TileMemory(std::string folder, std::size_t limit);
 
-    /// @throws WriteError when the scratch file cannot take what memory does not
+    /// A file may reach 4 GB. @throws WriteError when the scratch file cannot take what memory does not
     void Append(TileContent& content, std::string_view bytes);
     template <typename Record>
     void AppendRecord(TileContent& content, const Record& record) {
@@ -57,21 +50,25 @@ private:
         std::uint32_t file, length;
         std::uint64_t offset;  ///< in all slabs
     };
+    /// Of the scratch file.
+    struct Range {
+        std::uint64_t offset, length;
+    };
 
     void AddRoom();
     void Spill();
     void GroupByFile();
     template <typename Take>
-    void VisitPieces(const TileContent& content, Take take) const;
+    void VisitPieces(std::uint32_t file, Take take) const;
 
     std::string folder_;
     std::size_t limit_;
     std::vector<std::unique_ptr<char[]>> slabs_;
     std::uint64_t end_ = 0, room_ = 0;  ///< of what is in memory, up to the end of the slab
     std::vector<Piece> pieces_;
-    std::vector<TileContent*> files_;         ///< by number - 1
-    std::vector<std::uint32_t> order_;        ///< numbers of pieces, by file; made by GroupByFile()
-    std::vector<std::uint32_t> firstOfFile_;  ///< in order_, by number; one more than there are files
+    std::vector<std::vector<Range>> spilled_;  ///< by the file's number - 1
+    std::vector<std::uint32_t> order_;         ///< numbers of pieces, by file; made by GroupByFile()
+    std::vector<std::uint32_t> firstOfFile_;   ///< in order_, by number; one more than there are files
     std::optional<platform::ScratchFile> scratch_;
 };
 

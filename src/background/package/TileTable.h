@@ -2,46 +2,80 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "background/package/Records.h"
+#include "background/package/TileMemory.h"
+
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace vexlator::background {
 
-/// Finds a tile's file by its number and letter. Every element of a package asks, for any of tens of
-/// thousands of tiles: an open table touches one place of memory where a map of nodes touches three.
-template <typename File>
+/// A file of a tile while it grows.
+struct TileFile {
+    std::int32_t number = 0;
+    char letter = 0;  ///< 0: none
+    Box box = Box::Empty();
+    double tileSize = 0;
+    TileContent content;  ///< without the file's header
+};
+
+/// The tile files of a package by number and letter. Every element asks for its own among tens of thousands,
+/// in no order, so that fetching it from memory is what costs: a file lies in the table itself, within one
+/// line of the processor's cache, and can be sent for before it is needed.
 class TileTable {
 public:
-    /// The place of the tile's file, nullptr when it is new; good until the next call.
-    File*& At(std::int32_t number, char letter) {
-        if (++used_ * 2 > slots_.size()) Grow();
-        Slot& slot =
-            Find(std::uint64_t{static_cast<std::uint32_t>(number)} << 8 | static_cast<unsigned char>(letter));
-        if (slot.file != nullptr) --used_;
-        return slot.file;
+    /// The tile's file, and whether it is new: it then has its name only. Good until the next call.
+    std::pair<TileFile&, bool> At(std::int32_t number, char letter) {
+        if ((used_ + 1) * 4 > slots_.size() * 3) Grow();
+        TileFile& file = Find(number, letter);
+        bool isNew = file.letter == 0;
+        if (isNew) {
+            file.number = number;
+            file.letter = letter;
+            ++used_;
+        }
+        return {file, isNew};
+    }
+    /// Lets the processor fetch the file while other work is done.
+    void Prefetch(std::int32_t number, char letter) const {
+        if (!slots_.empty()) __builtin_prefetch(&slots_[Begin(number, letter)], 1);
+    }
+    std::size_t Count() const { return used_; }
+    /// In no order.
+    template <typename Visit>
+    void ForEach(Visit visit) const {
+        for (const Slot& slot : slots_)
+            if (slot.file.letter != 0) visit(slot.file);
     }
 
 private:
-    struct Slot {
-        std::uint64_t key = 0;
-        File* file = nullptr;
+    struct alignas(64) Slot {
+        TileFile file;
     };
-    Slot& Find(std::uint64_t key) {
-        std::size_t mask = slots_.size() - 1;
-        std::size_t i = (key * 0x9E3779B97F4A7C15 >> 32) & mask;
-        while (slots_[i].file != nullptr && slots_[i].key != key) i = (i + 1) & mask;
-        slots_[i].key = key;
-        return slots_[i];
+    static_assert(sizeof(Slot) == 64);
+
+    std::size_t Begin(std::int32_t number, char letter) const {
+        std::uint64_t key =
+            std::uint64_t{static_cast<std::uint32_t>(number)} << 8 | static_cast<unsigned char>(letter);
+        return (key * 0x9E3779B97F4A7C15 >> 32) & (slots_.size() - 1);
+    }
+    /// Its place, which is free when it is new.
+    TileFile& Find(std::int32_t number, char letter) {
+        std::size_t i = Begin(number, letter);
+        for (; slots_[i].file.letter != 0; i = (i + 1) & (slots_.size() - 1))
+            if (slots_[i].file.number == number && slots_[i].file.letter == letter) break;
+        return slots_[i].file;
     }
     void Grow() {
         std::vector<Slot> old(slots_.empty() ? 64 : 2 * slots_.size());
         old.swap(slots_);
         for (const Slot& slot : old)
-            if (slot.file != nullptr) Find(slot.key) = slot;
+            if (slot.file.letter != 0) Find(slot.file.number, slot.file.letter) = slot.file;
     }
 
-    std::vector<Slot> slots_;  ///< a power of two of them, half of them empty
+    std::vector<Slot> slots_;  ///< a power of two of them, a quarter of them free
     std::size_t used_ = 0;
 };
 
