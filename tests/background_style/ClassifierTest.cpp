@@ -1,10 +1,8 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 #include "background/classification/Classifier.h"
-#include "support/TempFolder.h"
-#include "support/TestUi.h"
+#include "support/Installation.h"
 
-#include <gtest/gtest.h>
 #include <string>
 #include <utility>
 #include <vector>
@@ -14,28 +12,21 @@ namespace {
 
 using Attributes = std::vector<std::pair<std::string, std::string>>;
 
-class ClassifierTest : public testing::Test {
+class ClassifierTest : public test::InstallationTest {
 protected:
     drawing::Entity Add(const Attributes& attributes) {
         drawing::Entity entity = drawing_.addPoint({1, 2});
         for (const auto& [name, value] : attributes) entity.xproperties().add(name, value);
         return entity;
     }
-    config::Session& InFolder(const std::string& folder) {
-        session_.Settings().ProgramFolder = folder;
-        return session_;
-    }
 
-    test::TempFolder folder_;
-    test::TestUi ui_;
-    config::Session session_{ui_};
     drawing::Drawing drawing_;
 };
 
 TEST_F(ClassifierTest, AttributesBecomeHeader) {
-    folder_.Write("NIMASTERMAP.INI",
-                  "[Other]\nx=,land,natural,rail\n[NIFEATURES]\nC1= 9,LAND,Natural,Rail,more\n"
-                  "odd=0,a,b,c\nshort=0,Water\nempty=\nWater=\n\"q\"=0,land\n");
+    folder.Write("NIMASTERMAP.INI",
+                 "[Other]\nx=,land,natural,rail\n[NIFEATURES]\nC1= 9,LAND,Natural,Rail,more\n"
+                 "odd=0,a,b,c\nshort=0,Water\nempty=\nWater=\n\"q\"=0,land\n");
     struct Case {
         Attributes attributes;
         FeatureHeader header;
@@ -86,7 +77,7 @@ TEST_F(ClassifierTest, AttributesBecomeHeader) {
         {{{"THEME", "land"}, {"MAKE", "natural"}, {"FEAT_CODE", "none"}}, {0, 0, 2, 0, 1}, true},
         {{{"FEAT_CODE", "C1"}, {"THEME", "water"}}, {0, 0, 5, 15, 1}, true},
     };
-    Classifier classifier(InFolder(folder_.Path()));
+    Classifier classifier(session);
     for (int round = 0; round < 2; ++round)  // names are known in the second
         for (const Case& c : cases) {
             drawing::Entity entity = Add(c.attributes);

@@ -2,24 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "config/FormState.h"
 #include "config/LocateConfigFile.h"
-#include "config/Session.h"
-#include "support/TempFolder.h"
-#include "support/TestUi.h"
-
-#include <gtest/gtest.h>
+#include "support/Installation.h"
 
 namespace vexlator::config {
 namespace {
 
 using test::TempFolder;
 
-/// A session whose gv.ini is in a folder of its own.
-struct SessionTest : testing::Test {
-    SessionTest() { session.Settings().IniFilePath = folder / "gv.ini"; }
-    TempFolder folder;
-    test::TestUi ui;
-    Session session{ui, [] { return platform::DateTime{2024, 3, 5, 14, 7, 0}; }};
-};
+using SessionTest = test::InstallationTest;
 
 TEST(LocateConfigFile, PointerFileOrProgramFolder) {
     TempFolder folder;

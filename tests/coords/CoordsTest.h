@@ -2,16 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
 #include "coords/frmLatLng.h"
-#include "support/TempFolder.h"
-#include "support/TestUi.h"
+#include "support/Installation.h"
 
 #include <array>
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
-#include <gtest/gtest.h>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -22,7 +19,7 @@ namespace vexlator::test {
 using Triple = std::array<double, 3>;
 
 /// An installation in a folder of its own, and a projection library that knows no grids but those put there.
-class CoordsTest : public testing::Test {
+class CoordsTest : public InstallationTest {
 protected:
     CoordsTest() {
         std::filesystem::create_directories(folder / "inst");
@@ -71,10 +68,6 @@ protected:
         results.resize(points.size());
         return results;
     }
-
-    TempFolder folder;
-    TestUi ui;
-    config::Session session{ui};
 };
 
 }  // namespace vexlator::test

@@ -3,27 +3,18 @@
 #include "drawing/AttributeTemplate.h"
 #include "drawing/FieldMapping.h"
 #include "platform/Errors.h"
-#include "support/TempFolder.h"
-#include "support/TestUi.h"
-
-#include <gtest/gtest.h>
+#include "support/Installation.h"
 
 namespace vexlator::drawing {
 namespace {
 
-class AttributeTemplate : public testing::Test {
+class AttributeTemplate : public test::InstallationTest {
 protected:
     AttributeTemplate() {
-        session.Settings().IniFilePath = folder.Write("config/gv.ini", "[GENERICIN]\r\nGenATP=1\r\n");
-        session.Settings().ConfigFolder = folder / "config";
-        session.Settings().ATPDirectory = folder / "atp";
-        std::filesystem::create_directories(folder / "atp");
+        Ini("[GENERICIN]\r\nGenATP=1\r\n");
+        std::filesystem::create_directories(folder / "ATP");
     }
     std::string Read(const std::string& name) const { return test::TempFolder::Read(folder / name); }
-
-    test::TempFolder folder;
-    test::TestUi ui;
-    config::Session session{ui};
 };
 
 TEST(AtpFields, LinesAreReadByTheirCommas) {
@@ -70,42 +61,42 @@ TEST(AtpFields, TheNameThatIsUsedDecidesAboutNull) {
 
 TEST_F(AttributeTemplate, TextIsUtf8OrWindows1252) {
     for (std::string bytes : {"[01,01]H\xD6HE,C10.00", "\xEF\xBB\xBF[01,01]H\xC3\x96HE,C10.00"}) {
-        auto fields = ReadAtpFields(folder.Write("atp/X.ATP", bytes));
+        auto fields = ReadAtpFields(folder.Write("ATP/X.ATP", bytes));
         ASSERT_EQ(fields.size(), 1U);
         EXPECT_EQ(fields[0].name, "H\xC3\x96HE");
     }
 }
 
 TEST_F(AttributeTemplate, AFileTooLargeForATemplateIsAnError) {
-    std::string path = folder.Write("atp/BIG.ATP", std::string(largestTemplate + 1, ','));
+    std::string path = folder.Write("ATP/BIG.ATP", std::string(largestTemplate + 1, ','));
     EXPECT_THROW(ReadAtpFields(path), platform::ReadError);
     EXPECT_THROW(ReadAtpStyle(session, "BIG"), platform::ReadError);
-    EXPECT_TRUE(ReadAtpFields(folder / "atp/MISSING.ATP").empty());
+    EXPECT_TRUE(ReadAtpFields(folder / "ATP/MISSING.ATP").empty());
 }
 
 TEST_F(AttributeTemplate, ALocalTemplateThatIsNotEmptyGoesFirst) {
     const std::string shared = session.Settings().ATPDirectory + "\\FENCE.ATP";
     EXPECT_EQ(AtpPathFor(session, "FENCE"), shared);
-    folder.Write("config/LocalATPs/FENCE.ATP", "");
+    folder.Write("LocalATPs/FENCE.ATP", "");
     EXPECT_EQ(AtpPathFor(session, "FENCE"), shared);
-    std::filesystem::remove(folder / "config/LocalATPs/FENCE.ATP");
-    folder.Write("config/LocalATPs/fence.atp", "[26,09]");
+    std::filesystem::remove(folder / "LocalATPs/FENCE.ATP");
+    folder.Write("LocalATPs/fence.atp", "[26,09]");
     EXPECT_EQ(AtpPathFor(session, "FENCE"), session.Settings().ConfigFolder + "\\LocalATPs\\FENCE.ATP");
 }
 
 TEST_F(AttributeTemplate, CodesDoNotLeadOutOfTheFolders) {
-    folder.Write("config/SECRET.ATP", "'STYLE=secret\r\n");
-    folder.Write("SECRET.ATP", "MH2=");
     for (std::string code : {"../SECRET", "..\\SECRET", "a/../../SECRET"}) {
         EXPECT_EQ(AtpPathFor(session, code).find(session.Settings().ATPDirectory), 0U) << code;
+        folder.Write("SECRET.ATP", "'STYLE=secret\r\n");
         EXPECT_EQ(ReadAtpStyle(session, code), "") << code;
+        folder.Write("SECRET.ATP", "MH2=");
         EXPECT_EQ(ResolveAtpAlias(session, code), code);
     }
 }
 
 TEST_F(AttributeTemplate, TheLastStyleLineOfTheSharedTemplateCounts) {
-    folder.Write("config/LocalATPs/V.ATP", "'STYLE=local\r\n");
-    folder.Write("atp/V.ATP", "[26,09]\r\n'STYLE=0,OLD,1\r\n 'STYLE=no\r\n'STYLE=0,VALVE,255\r\n'other\r\n");
+    folder.Write("LocalATPs/V.ATP", "'STYLE=local\r\n");
+    folder.Write("ATP/V.ATP", "[26,09]\r\n'STYLE=0,OLD,1\r\n 'STYLE=no\r\n'STYLE=0,VALVE,255\r\n'other\r\n");
     EXPECT_EQ(ReadAtpStyle(session, "V"), "0,VALVE,255");
     EXPECT_EQ(ReadAtpStyle(session, "NONE"), "");
 }
@@ -122,7 +113,7 @@ TEST_F(AttributeTemplate, ASmallFileWithAnEqualsSignIsAnAlias) {
         {"123456789012345=", "123456789012345"},
     };
     for (const auto& [content, code] : cases) {
-        folder.Write("atp/CODE.ATP", content);
+        folder.Write("ATP/CODE.ATP", content);
         EXPECT_EQ(ResolveAtpAlias(session, "CODE"), code) << content;
     }
 }
@@ -142,15 +133,15 @@ TEST_F(AttributeTemplate, NamesReadBackWithoutWhatIsTemplateSyntax) {
                                                          {"NULL", "NULL_"},
                                                          {"x\r\ny", "x__y"}};
     for (const auto& [name, again] : names) {
-        WriteAtpFromFields(folder / "atp/A.ATP", std::vector<std::string>{"FIRST", name});
-        auto fields = ReadAtpFields(folder / "atp/A.ATP");
+        WriteAtpFromFields(folder / "ATP/A.ATP", std::vector<std::string>{"FIRST", name});
+        auto fields = ReadAtpFields(folder / "ATP/A.ATP");
         ASSERT_EQ(fields.size(), 2U) << name;
         EXPECT_EQ(fields[1].name, again);
     }
 }
 
 TEST_F(AttributeTemplate, GeneratedForAnImportWhenThePersonAgrees) {
-    const std::string path = folder / "atp/PIPE.ATP";
+    const std::string path = folder / "ATP/PIPE.ATP";
     const std::vector<std::string> names = {"FIFTEEN_LETTERS", "ID",
                                             "\xC3\x96\xC3\x96\xC3\x96\xC3\x96LONGERTHAN"};
     const std::vector<int> widths = {5, 254, 0};
@@ -162,20 +153,20 @@ TEST_F(AttributeTemplate, GeneratedForAnImportWhenThePersonAgrees) {
     const std::string expected =
         "[26,09]\r\n[01,01]FIFTEEN_LETT,C05.00\r\n[01,02]ID          ,C99.00\r\n"
         "[01,03]\xD6\xD6\xD6\xD6LONGERTH,C01.00\r\n";
-    EXPECT_EQ(Read("atp/PIPE.ATP"), expected);
+    EXPECT_EQ(Read("ATP/PIPE.ATP"), expected);
     GenerateAtp(session, path, {}, {});
     EXPECT_EQ(ui.questions.size(), 2U);
-    EXPECT_EQ(Read("atp/PIPE.ATP"), expected);
+    EXPECT_EQ(Read("ATP/PIPE.ATP"), expected);
 }
 
 TEST_F(AttributeTemplate, AListOfNamesBecomesATemplate) {
-    const std::string path = folder / "atp/MH.ATP";
+    const std::string path = folder / "ATP/MH.ATP";
     EXPECT_EQ(ConvertXotToAtx(path), path);
-    folder.Write("atp/MH.XOT", "COVER,1\r\nDEPTH\nLEVEL<LVL>");
-    EXPECT_EQ(ConvertXotToAtx(path), folder / "atp/MH.ATX");
-    EXPECT_EQ(Read("atp/MH.ATX"),
+    folder.Write("ATP/MH.XOT", "COVER,1\r\nDEPTH\nLEVEL<LVL>");
+    EXPECT_EQ(ConvertXotToAtx(path), folder / "ATP/MH.ATX");
+    EXPECT_EQ(Read("ATP/MH.ATX"),
               "[00,00]COVER,C20.00=\r\n[00,00]DEPTH,C20.00=\r\n[00,00]LEVEL<LVL>,C20.00=\r\n");
-    auto fields = ReadAtpFields(folder / "atp/MH.ATX");
+    auto fields = ReadAtpFields(folder / "ATP/MH.ATX");
     ASSERT_EQ(fields.size(), 3U);
     EXPECT_EQ(fields[2].name, "LEVEL");
     EXPECT_EQ(fields[2].Width(), 20);

@@ -2,10 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "drawing/FieldMapping.h"
 #include "drawing/SymbolBlock.h"
-#include "support/TempFolder.h"
-#include "support/TestUi.h"
-
-#include <gtest/gtest.h>
+#include "support/Installation.h"
 
 namespace vexlator::drawing {
 namespace {
@@ -46,10 +43,10 @@ TEST(SlashDate, OnlyEightDigitsHyphensAndStopsAreTurned) {
     for (const auto& [compact, slashed] : cases) EXPECT_EQ(SlashDateFromCompact(compact), slashed);
 }
 
-class FeatureChanges : public testing::Test {
+class FeatureChanges : public test::InstallationTest {
 protected:
     void Apply(std::string_view ini) {
-        session.Settings().IniFilePath = folder.Write("gv.ini", "[INOUTFEATCHANGE]\r\n" + std::string(ini));
+        Ini("[INOUTFEATCHANGE]\r\n" + std::string(ini));
         ApplyFeatureChanges(session, drawing, "");
     }
     Entity Add(std::string_view layer, std::vector<std::pair<std::string, std::string>> attributes) {
@@ -60,9 +57,6 @@ protected:
     }
     std::size_t CountOn(std::string_view layer) { return drawing.selectLayer("test", layer).count(); }
 
-    test::TempFolder folder;
-    test::TestUi ui;
-    config::Session session{ui};
     Drawing drawing;
 };
 
@@ -108,19 +102,15 @@ TEST_F(FeatureChanges, EndWhenCodesChangeIntoEachOther) {
     EXPECT_EQ(CountOn("B"), 1U);
 }
 
-class SymbolBlock : public testing::Test {
+class SymbolBlock : public test::InstallationTest {
 protected:
-    SymbolBlock() { session.Settings().SymbolsDirectory = folder / "symbols"; }
-    test::TempFolder folder;
-    test::TestUi ui;
-    config::Session session{ui};
     Drawing drawing;
 };
 
 TEST_F(SymbolBlock, IsLoadedOnceFromItsFile) {
-    folder.Write("symbols/valve.vdf", "first");
+    folder.Write("Symbols/valve.vdf", "first");
     EXPECT_EQ(EnsureSymbolBlock(session, "VALVE", drawing), "VALVE");
-    folder.Write("symbols/valve.vdf", "second");
+    folder.Write("Symbols/valve.vdf", "second");
     EXPECT_EQ(EnsureSymbolBlock(session, "VALVE", drawing), "VALVE");
     ASSERT_NE(drawing.findBlock("VALVE"), nullptr);
     EXPECT_EQ(drawing.findBlock("VALVE")->content, "first");
@@ -129,7 +119,7 @@ TEST_F(SymbolBlock, IsLoadedOnceFromItsFile) {
 TEST_F(SymbolBlock, FallsBackToTheDefaultSymbol) {
     EXPECT_EQ(EnsureSymbolBlock(session, "VALVE", drawing), "");
     EXPECT_EQ(ui.messages, std::vector<std::string>{"No Default Sym"});
-    folder.Write("symbols/DEFAULT.VDF", "default");
+    folder.Write("Symbols/DEFAULT.VDF", "default");
     folder.Write("outside.vdf", "outside");
     std::size_t blocks = drawing.blocks().size();
     for (std::string name : {"VALVE", "TAP", "..\\outside", "../outside"})
@@ -140,7 +130,7 @@ TEST_F(SymbolBlock, FallsBackToTheDefaultSymbol) {
 }
 
 TEST_F(SymbolBlock, AFileTooLargeForASymbolIsRefused) {
-    std::string path = folder.Write("symbols/HUGE.VDF", "x");
+    std::string path = folder.Write("Symbols/HUGE.VDF", "x");
     std::filesystem::resize_file(path, largestSymbol + 1);
     EXPECT_EQ(EnsureSymbolBlock(session, "HUGE", drawing), "");
     ASSERT_EQ(ui.messages.size(), 1U);

@@ -1,13 +1,10 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "config/Session.h"
 #include "gpx/frmGPX.h"
-#include "support/TempFolder.h"
-#include "support/TestUi.h"
+#include "support/Installation.h"
 #include "util/Text.h"
 
 #include <cstdlib>
-#include <gtest/gtest.h>
 
 namespace vexlator::gpx {
 namespace {
@@ -15,12 +12,9 @@ namespace {
 namespace fs = std::filesystem;
 
 /// Trails in degrees, which pass through unchanged.
-class Gpx : public testing::Test {
+class Gpx : public test::InstallationTest {
 protected:
-    Gpx() {
-        session.Settings().IniFilePath = folder / "gv.ini";
-        session.WriteIni("GPS", "TRANSFORMATION", folder.Write("LatLng.dat", "x"));
-    }
+    Gpx() { session.WriteIni("GPS", "TRANSFORMATION", folder.Write("LatLng.dat", "x")); }
     /// The GPX file made of a trail.
     std::string Convert(const std::string& trail) {
         frmGPX(session).ConvertTrailFile(folder.Write("Day.GXY", trail));
@@ -34,10 +28,6 @@ protected:
     static std::size_t Count(const std::string& text, const std::string& part) {
         return util::CountOf(text, part);
     }
-
-    test::TempFolder folder;
-    test::TestUi ui;
-    config::Session session{ui};
 };
 
 constexpr const char* twoFixes =

@@ -2,13 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
 #include "drawing/Drawing.h"
-#include "support/TempFolder.h"
-#include "support/TestUi.h"
+#include "support/Installation.h"
 #include "util/Numbers.h"
 
-#include <gtest/gtest.h>
 #include <string>
 #include <vector>
 
@@ -51,13 +48,9 @@ inline std::vector<std::string> LayerNames(const drawing::Drawing& drawing) {
 }
 
 /// An installation with a few templates and symbols, and a folder for jobs.
-class JobTest : public testing::Test {
+class JobTest : public InstallationTest {
 protected:
     JobTest() {
-        session.Settings().ConfigFolder = folder.Path();
-        session.Settings().IniFilePath = folder / "gv.ini";
-        session.Settings().ATPDirectory = folder / "ATP";
-        session.Settings().SymbolsDirectory = folder / "Symbols";
         folder.Write("Symbols/DEFAULT.VDF", "a symbol");
         folder.Write("Symbols/OAK.VDF", "a symbol");
         Template("TREE",
@@ -69,13 +62,6 @@ protected:
         Template("WALL", "[01,01]W,C08.00,\n");
         Template("TR", "TREE=\n");
     }
-    void Template(const std::string& code, const std::string& text) {
-        folder.Write("ATP/" + code + ".ATP", text);
-    }
-
-    TempFolder folder;
-    TestUi ui;
-    config::Session session{ui};
 };
 
 }  // namespace vexlator::test

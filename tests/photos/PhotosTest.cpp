@@ -2,25 +2,20 @@
 // SPDX-License-Identifier: MIT
 #include "export/photos/PhotoFolders.h"
 #include "export/photos/Photos.h"
-#include "support/TempFolder.h"
-#include "support/TestUi.h"
-
-#include <gtest/gtest.h>
+#include "support/Installation.h"
 
 namespace vexlator::exporter {
 namespace {
 
 namespace fs = std::filesystem;
 
-class Photos : public testing::Test {
+class Photos : public test::InstallationTest {
 protected:
     Photos() {
-        Settings("");
         fs::create_directories(folder / "job");
         source = fs::canonical(folder / "job").string();
         target = fs::canonical(folder.Path()).string() + "/out";
     }
-    void Settings(const std::string& ini) { session.Settings().IniFilePath = folder.Write("gv.ini", ini); }
     drawing::Entity Add(const std::vector<std::string>& values) {
         drawing::Entity entity = drawing.addPoint({1, 2, 0});
         for (const std::string& value : values)
@@ -37,9 +32,6 @@ protected:
         return count;
     }
 
-    test::TempFolder folder;
-    test::TestUi ui;
-    config::Session session{ui};
     drawing::Drawing drawing;
     std::string source, target;
 };
@@ -144,7 +136,7 @@ TEST_F(Photos, NothingIsWrittenThroughALinkInTheTarget) {
     fs::create_symlink(folder / "outside/new", target + "/b.jpg");
     fs::create_directory_symlink(folder / "outside", target + "/sub");
     fs::create_symlink(outside, target + "/Survey.CSV");
-    Settings("[THIRD]\nSSE=1\n");
+    Ini("[THIRD]\nSSE=1\n");
     Add({"a.jpg", "b.jpg", "Sub/c.jpg"});
     Gather();
     EXPECT_EQ(test::TempFolder::Read(outside), "precious");
@@ -173,7 +165,7 @@ TEST_F(Photos, FullPathsAndFalseTargetsGoIntoTheDrawing) {
     folder.Write("job/a.jpg", "a");
     drawing::Entity entity = Add({"first", "a.jpg", "gone.jpg"});
     auto value = [&](std::size_t i) { return std::string(entity.xproperties().item(i).value()); };
-    Settings("[PHOTO]\nFullPath=1\n");
+    Ini("[PHOTO]\nFullPath=1\n");
     Gather();
     EXPECT_EQ(value(0), "first");
     EXPECT_EQ(value(1), target + "/a.jpg");
@@ -181,7 +173,7 @@ TEST_F(Photos, FullPathsAndFalseTargetsGoIntoTheDrawing) {
 
     drawing.clear();
     entity = Add({"sub\\a.jpg"});
-    Settings("[PHOTO]\nFullPath=1\nFALSETARGET=https://example.org/photos\n");
+    Ini("[PHOTO]\nFullPath=1\nFALSETARGET=https://example.org/photos\n");
     session.Settings().DebugMode = true;
     Gather();
     EXPECT_EQ(value(0), "https://example.org/photos\\sub\\a.jpg");
@@ -192,23 +184,23 @@ TEST_F(Photos, SettingsDirectWhereFromAndWhereTo) {
     folder.Write("job/a.jpg", "job");
     folder.Write("archive/a.jpg", "archive");
     Add({"a.jpg"});
-    Settings("[PHOTO]\nDontCopy=1\n");
+    Ini("[PHOTO]\nDontCopy=1\n");
     Gather();
     EXPECT_EQ(Missing(), "a.jpg missing from a.jpg\r\n");
     EXPECT_EQ(FilesBelow(target), 0U);
 
-    Settings("[PHOTO]\nFIXEDSOURCE=" + (folder / "archive") +
-             "\nFixedExport=1\nFixedExportFolder=" + (folder / "web/photos") + "\n");
+    Ini("[PHOTO]\nFIXEDSOURCE=" + (folder / "archive") +
+        "\nFixedExport=1\nFixedExportFolder=" + (folder / "web/photos") + "\n");
     Gather();
     EXPECT_EQ(Missing(), "");
     EXPECT_EQ(test::TempFolder::Read(folder / "web/photos/a.jpg"), "archive");
     EXPECT_EQ(FilesBelow(target), 0U);
 
-    Settings("[PHOTO]\nFixedExport=1\nFixedExportFolder=" + source + "/../job\n");
+    Ini("[PHOTO]\nFixedExport=1\nFixedExportFolder=" + source + "/../job\n");
     Gather();
     EXPECT_EQ(Missing(), "a.jpg missing from a.jpg\r\n");
 
-    Settings("");
+    Ini("");
     source = "";
     fs::remove_all(target);
     Gather();
@@ -219,7 +211,7 @@ TEST_F(Photos, SettingsDirectWhereFromAndWhereTo) {
 TEST_F(Photos, TheListNamesEveryFeatureAndItsCopy) {
     folder.Write("job/a.jpg", "a");
     folder.Write("job/b,1.jpg", "b");
-    Settings("[THIRD]\nSSE=1\n");
+    Ini("[THIRD]\nSSE=1\n");
     Add({"1,\"2\"", "a.jpg", "gone.jpg"});
     Add({"plain", "a.jpg", "b,1.jpg"});
     Add({"\xC3\x96", "a.jpg"});
@@ -240,8 +232,8 @@ TEST(JobSource, IsTheSourcePropertyAndItsPathBelowTheWorkflow) {
         {"", "\\Eng\\Job.VDF", "before"},
     };
     for (const Case& c : cases) {
-        test::TestUi ui;
-        config::Session session{ui};
+        test::Installation office;
+        config::Session& session = office.session;
         session.Settings().WorkFlowDirectory = c.workflow;
         session.Settings().JobRelativePath = "before";
         ReadJobSource(session, {{"source", "no"}, {"Source", c.source}, {"Source", "second"}});

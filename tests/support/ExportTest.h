@@ -3,14 +3,11 @@
 #pragma once
 
 #include "config/Outcome.h"
-#include "config/Session.h"
 #include "drawing/Drawing.h"
 #include "platform/Files.h"
-#include "support/TempFolder.h"
-#include "support/TestUi.h"
+#include "support/Installation.h"
 
 #include <filesystem>
-#include <gtest/gtest.h>
 #include <string>
 #include <utility>
 #include <vector>
@@ -21,17 +18,11 @@ using Attributes = std::vector<std::pair<std::string, std::string>>;
 
 /// A drawing, an installation without settings, and the folder "out" that an export writes to on 5 March
 /// 2024.
-class ExportTest : public testing::Test {
+class ExportTest : public InstallationTest {
 protected:
-    ExportTest() {
-        Ini("");
-        session.Settings().ConfigFolder = folder.Path();
-        session.Settings().ATPDirectory = folder / "ATP";
-        std::filesystem::create_directories(folder / "out");
-    }
-    void Ini(const std::string& text) { session.Settings().IniFilePath = folder.Write("gv.ini", text); }
+    ExportTest() { std::filesystem::create_directories(folder / "out"); }
     void Template(const std::string& code, const std::string& lines) {
-        folder.Write("ATP/" + code + ".ATP", "[26,09]\r\n" + lines);
+        Installation::Template(code, "[26,09]\r\n" + lines);
     }
     /// Puts what is added next on that layer.
     drawing::Drawing& On(std::string_view layer) {
@@ -50,9 +41,6 @@ protected:
     std::string Out(const std::string& name) const { return TempFolder::Read(folder / ("out/" + name)); }
     std::vector<std::string> OutFiles() const { return platform::ListFiles(folder / "out"); }
 
-    TempFolder folder;
-    TestUi ui;
-    config::Session session{ui, [] { return platform::DateTime{2024, 3, 5, 14, 7, 0}; }};
     drawing::Drawing drawing;
 };
 

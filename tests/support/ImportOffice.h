@@ -3,28 +3,21 @@
 #pragma once
 
 #include "config/Outcome.h"
-#include "config/Session.h"
 #include "drawing/Drawing.h"
-#include "support/TempFolder.h"
-#include "support/TestUi.h"
+#include "support/Installation.h"
 
 #include <filesystem>
 #include <sstream>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace vexlator::test {
 
 /// An installation for an import, with a folder for its files, and the drawing that came of it.
 template <typename Form>
-struct ImportOffice {
+struct ImportOffice : Installation {
     ImportOffice() {
-        config::SharedSettings& settings = session.Settings();
-        settings.IniFilePath = folder.Write("gv.ini", "");
-        settings.ConfigFolder = settings.ProgramFolder = folder.Path();
-        settings.ATPDirectory = folder / "ATP";
-        settings.SymbolsDirectory = folder / "Symbols";
+        Ini("");
         std::filesystem::create_directories(folder / "Symbols");
         std::filesystem::create_directories(folder / "ATP");
         drawing::Drawing symbol;
@@ -54,11 +47,7 @@ struct ImportOffice {
         });
         return text.str();
     }
-    void Ini(std::string_view text) { folder.Write("gv.ini", text); }
 
-    TempFolder folder;
-    TestUi ui;
-    config::Session session{ui};
     config::Outcome outcome;
     drawing::Drawing drawing;
 };

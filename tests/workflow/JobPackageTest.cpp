@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Errors.h"
 #include "support/Errors.h"
+#include "support/Installation.h"
 #include "support/Processes.h"
-#include "support/TempFolder.h"
-#include "support/TestUi.h"
 #include "util/Text.h"
 #include "workflow/JobPackage.h"
 #include "workflow/ZipInput.h"
@@ -12,7 +11,6 @@
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
-#include <gtest/gtest.h>
 #include <random>
 #include <sstream>
 #include <vector>
@@ -31,15 +29,15 @@ std::string Noise(std::size_t size) {
     return noise;
 }
 
-class JobPackageTest : public testing::Test {
+class JobPackageTest : public test::InstallationTest {
 protected:
     void Zip(const std::string& pattern = "*.*") {
-        frmZip2(session_).ZipJobFolder(folder_ / "Survey\\" + pattern);
+        frmZip2(session).ZipJobFolder(folder / "Survey\\" + pattern);
     }
-    std::string Archive() const { return folder_ / "Survey/Survey.ZIP"; }
+    std::string Archive() const { return folder / "Survey/Survey.ZIP"; }
     /// What a shell command prints, by lines; the command must succeed.
     Texts Lines(const std::string& command) const {
-        test::ShellResult result = test::RunShell(folder_, "LC_ALL=C.UTF-8 " + command);
+        test::ShellResult result = test::RunShell(folder, "LC_ALL=C.UTF-8 " + command);
         EXPECT_EQ(result.status, 0) << command << result.err;
         Texts lines;
         std::istringstream text(result.out);
@@ -51,32 +49,28 @@ protected:
         Lines("unzip -tq " + Archive());
         return Lines("zipinfo -1 " + Archive());
     }
-
-    test::TempFolder folder_;
-    test::TestUi ui_;
-    config::Session session_{ui_};
 };
 
 TEST_F(JobPackageTest, HoldsTheFolderAndNeverItself) {
     std::string large;
     for (std::uint64_t i = 0; large.size() < 1'000'000; ++i) large += std::to_string(i * 7919);
-    folder_.Write("Survey/FENCE.SHP", large);
-    folder_.Write("Survey/empty.txt", "");
-    folder_.Write("Survey/Größe Ж.DBF", "x");
-    folder_.Write("Survey/MissingPhotos.LST", "none");
-    folder_.Write("Survey/Photos/Tag 1/a.JPG", "jpg");
-    folder_.Write("Survey/survey.zip", "an archive of another letter case");
-    folder_.Write("Survey/.FENCE.SHP.1-1.vxtmp", "unfinished");
-    folder_.Write("secret.txt", "outside");
-    folder_.Write("outside/photo.JPG", "outside");
-    fs::create_symlink("../secret.txt", folder_ / "Survey/link.txt");
-    fs::create_symlink("../outside", folder_ / "Survey/linked");
-    fs::create_symlink("..", folder_ / "Survey/Photos/loop");
+    folder.Write("Survey/FENCE.SHP", large);
+    folder.Write("Survey/empty.txt", "");
+    folder.Write("Survey/Größe Ж.DBF", "x");
+    folder.Write("Survey/MissingPhotos.LST", "none");
+    folder.Write("Survey/Photos/Tag 1/a.JPG", "jpg");
+    folder.Write("Survey/survey.zip", "an archive of another letter case");
+    folder.Write("Survey/.FENCE.SHP.1-1.vxtmp", "unfinished");
+    folder.Write("secret.txt", "outside");
+    folder.Write("outside/photo.JPG", "outside");
+    fs::create_symlink("../secret.txt", folder / "Survey/link.txt");
+    fs::create_symlink("../outside", folder / "Survey/linked");
+    fs::create_symlink("..", folder / "Survey/Photos/loop");
 
     const Texts expected{"empty.txt", "FENCE.SHP", "Größe Ж.DBF", "MissingPhotos.LST", "Photos/Tag 1/a.JPG"};
     Zip();
     EXPECT_EQ(Entries(), expected);
-    EXPECT_FALSE(fs::exists(folder_ / "Survey/survey.zip"));
+    EXPECT_FALSE(fs::exists(folder / "Survey/survey.zip"));
     std::string first = test::TempFolder::Read(Archive());
     Zip();
     EXPECT_EQ(Entries(), expected);
@@ -86,25 +80,25 @@ TEST_F(JobPackageTest, HoldsTheFolderAndNeverItself) {
     EXPECT_EQ(test::TempFolder::Read(Archive()), first) << "nothing to pack leaves the old archive";
 
     Lines("mkdir out && unzip -q Survey/Survey.ZIP -d out");
-    EXPECT_EQ(test::TempFolder::Read(folder_ / "out/FENCE.SHP"), large);
-    EXPECT_EQ(test::TempFolder::Read(folder_ / "out/Größe Ж.DBF"), "x");
+    EXPECT_EQ(test::TempFolder::Read(folder / "out/FENCE.SHP"), large);
+    EXPECT_EQ(test::TempFolder::Read(folder / "out/Größe Ж.DBF"), "x");
     EXPECT_LE(
-        fs::last_write_time(folder_ / "out/FENCE.SHP") - fs::last_write_time(folder_ / "Survey/FENCE.SHP"),
+        fs::last_write_time(folder / "out/FENCE.SHP") - fs::last_write_time(folder / "Survey/FENCE.SHP"),
         std::chrono::seconds(2));
 }
 
 TEST_F(JobPackageTest, AFullDiskLeavesTheOldArchive) {
-    folder_.Write("Survey/a.txt", "1");
+    folder.Write("Survey/a.txt", "1");
     Zip();
     std::string old = test::TempFolder::Read(Archive());
-    folder_.Write("Survey/noise.bin", Noise(3'000'000));
+    folder.Write("Survey/noise.bin", Noise(3'000'000));
     std::string error = test::ErrorOf<platform::WriteError>([&] {
         test::SmallDisk full(500'000);
         Zip();
     });
     EXPECT_TRUE(error.starts_with(Archive() + ": ")) << error;
     EXPECT_EQ(test::TempFolder::Read(Archive()), old);
-    Texts names = Lines("ls -A " + (folder_ / "Survey"));
+    Texts names = Lines("ls -A " + (folder / "Survey"));
     EXPECT_EQ(names.size(), 3U) << "an unfinished archive stayed";
 }
 
@@ -127,15 +121,15 @@ void WriteArchive(const std::string& path, const std::vector<TestEntry>& entries
 }
 
 TEST_F(JobPackageTest, UnpacksBesideTheArchive) {
-    folder_.Write("Survey/Größe.DBF", "x");
-    folder_.Write("Survey/Photos/a.JPG", "jpg");
+    folder.Write("Survey/Größe.DBF", "x");
+    folder.Write("Survey/Photos/a.JPG", "jpg");
     Zip();
-    fs::copy(Archive(), folder_ / "Job7.zip");
-    folder_.Write("Job7/photos/A.jpg", "old");
-    folder_.Write("Job7/other.txt", "stays");
-    frmZip2(session_).UnZipJobFolder(folder_ / "Job7.ZIP");
-    EXPECT_EQ(test::TempFolder::Read(folder_ / "Job7/Größe.DBF"), "x");
-    EXPECT_EQ(test::TempFolder::Read(folder_ / "Job7/photos/a.JPG"), "jpg");
+    fs::copy(Archive(), folder / "Job7.zip");
+    folder.Write("Job7/photos/A.jpg", "old");
+    folder.Write("Job7/other.txt", "stays");
+    frmZip2(session).UnZipJobFolder(folder / "Job7.ZIP");
+    EXPECT_EQ(test::TempFolder::Read(folder / "Job7/Größe.DBF"), "x");
+    EXPECT_EQ(test::TempFolder::Read(folder / "Job7/photos/a.JPG"), "jpg");
     EXPECT_EQ(Lines("find Job7 -type f | wc -l"), Texts{"3"});
 }
 
@@ -144,8 +138,7 @@ TEST_F(JobPackageTest, RefusesHostileArchivesBeforeWriting) {
         std::vector<TestEntry> entries;
         std::string reason;
     };
-    folder_.Write("gv.ini", "[ZIP]\nMaxMB=3\n");
-    session_.Settings().IniFilePath = folder_ / "gv.ini";
+    Ini("[ZIP]\nMaxMB=3\n");
     std::string zeros(2'000'000, '\0'), noise = Noise(2'000'000);
     const TestEntry good{"a.txt", "1"};
     const Case cases[] = {
@@ -163,17 +156,17 @@ TEST_F(JobPackageTest, RefusesHostileArchivesBeforeWriting) {
         {{{"a.txt", noise}, {"b.txt", noise}}, "b.txt: goes beyond 3145728 bytes"},
     };
     for (const Case& c : cases) {
-        WriteArchive(folder_ / "In.zip", c.entries);
-        std::string error = test::ErrorOf([&] { frmZip2(session_).UnZipJobFolder(folder_ / "In.zip"); });
-        EXPECT_TRUE(error.starts_with(folder_ / "In.zip: ")) << error;
+        WriteArchive(folder / "In.zip", c.entries);
+        std::string error = test::ErrorOf([&] { frmZip2(session).UnZipJobFolder(folder / "In.zip"); });
+        EXPECT_TRUE(error.starts_with(folder / "In.zip: ")) << error;
         EXPECT_NE(error.find(c.reason), std::string::npos) << error;
-        EXPECT_FALSE(fs::exists(folder_ / "In")) << c.reason;
-        EXPECT_FALSE(fs::exists(folder_ / "escaped.txt")) << c.reason;
+        EXPECT_FALSE(fs::exists(folder / "In")) << c.reason;
+        EXPECT_FALSE(fs::exists(folder / "escaped.txt")) << c.reason;
     }
 }
 
 TEST_F(JobPackageTest, DamagedArchivesAreReadOrRefused) {
-    std::string path = folder_ / "In.zip";
+    std::string path = folder / "In.zip";
     WriteArchive(path, {{"new.txt", "1"}, {"sub/a.txt", std::string(5000, 'a') + "b"}});
     const std::string whole = test::TempFolder::Read(path);
     std::size_t refused = 0;
@@ -181,7 +174,7 @@ TEST_F(JobPackageTest, DamagedArchivesAreReadOrRefused) {
         std::string damaged = whole;
         damaged[at] = static_cast<char>(damaged[at] ^ 0x11);
         for (const std::string& bytes : {damaged, whole.substr(0, at)}) {
-            folder_.Write("In.zip", bytes);
+            folder.Write("In.zip", bytes);
             std::string error = test::ErrorOf([&] { ZipInput(path).Check(10'000); });
             EXPECT_TRUE(error.empty() || error.starts_with(path + ": ")) << error;
             refused += !error.empty();
@@ -191,14 +184,14 @@ TEST_F(JobPackageTest, DamagedArchivesAreReadOrRefused) {
 }
 
 TEST_F(JobPackageTest, FailingHalfWayTakesBackWhatIsNew) {
-    WriteArchive(folder_ / "In.zip", {{"new.txt", "1"}, {"OLD.txt", "2"}, {"sub/a.txt", "3"}});
-    folder_.Write("In/old.txt", "before");
-    fs::create_directory(folder_ / "outside");
-    fs::create_directory_symlink("../outside", folder_ / "In/sub");
-    EXPECT_THROW(frmZip2(session_).UnZipJobFolder(folder_ / "In.zip"), platform::ReadError);
-    EXPECT_TRUE(fs::is_empty(folder_ / "outside"));
-    EXPECT_FALSE(fs::exists(folder_ / "In/new.txt"));
-    EXPECT_TRUE(fs::exists(folder_ / "In/OLD.txt"));
+    WriteArchive(folder / "In.zip", {{"new.txt", "1"}, {"OLD.txt", "2"}, {"sub/a.txt", "3"}});
+    folder.Write("In/old.txt", "before");
+    fs::create_directory(folder / "outside");
+    fs::create_directory_symlink("../outside", folder / "In/sub");
+    EXPECT_THROW(frmZip2(session).UnZipJobFolder(folder / "In.zip"), platform::ReadError);
+    EXPECT_TRUE(fs::is_empty(folder / "outside"));
+    EXPECT_FALSE(fs::exists(folder / "In/new.txt"));
+    EXPECT_TRUE(fs::exists(folder / "In/OLD.txt"));
 }
 
 }  // namespace vexlator::workflow

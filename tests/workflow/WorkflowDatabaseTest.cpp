@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Errors.h"
 #include "platform/Process.h"
+#include "support/Installation.h"
 #include "support/Processes.h"
 #include "support/TestDatabase.h"
 #include "support/TestUi.h"
@@ -122,39 +123,32 @@ TEST_P(WorkflowTest, AsksBeforeAnExportIsRepeated) {
 VEXLATOR_ON_EACH_DATABASE(WorkflowTest);
 
 /// What the person is told when a database file cannot be used; no failure may reach the export.
-class WorkflowFileTest : public testing::Test {
+class WorkflowFileTest : public test::InstallationTest {
 protected:
-    void SetUp() override {
-        folder_.Write("gv.ini", "[GENERAL]\nWorkFlowSystem=" + folder_.Path() + "\n");
-        session_.Settings().IniFilePath = folder_ / "gv.ini";
-    }
-    std::string File() const { return folder_ / "WorkFlow.MDB"; }
+    WorkflowFileTest() { Ini("[GENERAL]\nWorkFlowSystem=" + folder.Path() + "\n"); }
+    std::string File() const { return folder / "WorkFlow.MDB"; }
     /// The messages of recording and of asking.
     Texts Messages() {
-        ui_.messages.clear();
-        RecordJobAction(session_, "P", "J", "e", "CLOSED", morning);
-        EXPECT_FALSE(JobWasExported(session_, "e", "P", "J"));
-        return ui_.messages;
+        ui.messages.clear();
+        RecordJobAction(session, "P", "J", "e", "CLOSED", morning);
+        EXPECT_FALSE(JobWasExported(session, "e", "P", "J"));
+        return ui.messages;
     }
-
-    test::TempFolder folder_;
-    test::TestUi ui_;
-    config::Session session_{ui_};
 };
 
 TEST_F(WorkflowFileTest, TellsWhatIsWrongWithTheFile) {
     const std::string noConnection = "Error Opening Connection:" + File() + ": neither",
                       noAccess = "Attempted To Access " + File() + "\nQuery ";
-    folder_.Write("WorkFlow.MDB", "");
+    folder.Write("WorkFlow.MDB", "");
     EXPECT_EQ(Messages(), Texts(2, File() + " Not Found"));
-    folder_.Write("WorkFlow.MDB", "no database at all");
+    folder.Write("WorkFlow.MDB", "no database at all");
     for (const std::string& text : Messages()) EXPECT_TRUE(text.starts_with(noConnection)) << text;
 
     fs::remove(File());
     CreateWorkflowDatabase(File());
     std::string whole = test::TempFolder::Read(File());
     for (std::size_t from : {16, 100, 4096}) {
-        folder_.Write("WorkFlow.MDB", whole.substr(0, from) + std::string(whole.size() - from, '\xa5'));
+        folder.Write("WorkFlow.MDB", whole.substr(0, from) + std::string(whole.size() - from, '\xa5'));
         Texts texts = Messages();
         ASSERT_EQ(texts.size(), 2U) << from;
         EXPECT_TRUE(texts[0].starts_with(noAccess) || texts[0].starts_with("Error Opening Connection:"));
@@ -168,10 +162,10 @@ TEST_F(WorkflowFileTest, TellsWhatIsWrongWithTheFile) {
 }
 
 TEST_F(WorkflowFileTest, NothingIsConfigured) {
-    folder_.Write("gv.ini", "");
+    Ini("");
     EXPECT_EQ(Messages(), Texts{});
-    session_.Settings().JobRelativePath = "e\\P\\J.VDF";
-    EXPECT_TRUE(ConfirmExportAllowed(session_));
+    session.Settings().JobRelativePath = "e\\P\\J.VDF";
+    EXPECT_TRUE(ConfirmExportAllowed(session));
 }
 
 /// Gives root's rights up for a while, which read-only files do not bind.
@@ -184,7 +178,7 @@ public:
 TEST_F(WorkflowFileTest, ReadOnlyDatabaseLosesTheActionOnly) {
     CreateWorkflowDatabase(File());
     ASSERT_EQ(::chmod(File().c_str(), 0444), 0);
-    ASSERT_EQ(::chmod(folder_.Path().c_str(), 0555), 0);
+    ASSERT_EQ(::chmod(folder.Path().c_str(), 0555), 0);
     {
         AsNobody nobody;
         Texts texts = Messages();
@@ -192,18 +186,18 @@ TEST_F(WorkflowFileTest, ReadOnlyDatabaseLosesTheActionOnly) {
         EXPECT_TRUE(texts[0].starts_with("Attempted To Access " + File() + "\nQuery ")) << texts[0];
         EXPECT_NE(texts[0].find("readonly"), std::string::npos) << texts[0];
     }
-    ASSERT_EQ(::chmod(folder_.Path().c_str(), 0755), 0);
+    ASSERT_EQ(::chmod(folder.Path().c_str(), 0755), 0);
 }
 
 TEST_F(WorkflowFileTest, CreatingNeverOverwrites) {
     CreateWorkflowDatabase(File());
-    RecordJobAction(session_, "P", "J", "e", "CLOSED", morning);
-    CreateWorkflowDatabase(folder_ / "workflow.mdb");
-    EXPECT_TRUE(JobWasExported(session_, "E", "p", "j")) << "folder names differ by more than case";
+    RecordJobAction(session, "P", "J", "e", "CLOSED", morning);
+    CreateWorkflowDatabase(folder / "workflow.mdb");
+    EXPECT_TRUE(JobWasExported(session, "E", "p", "j")) << "folder names differ by more than case";
     std::size_t files = 0;
-    for ([[maybe_unused]] const auto& entry : fs::directory_iterator(folder_.Path())) ++files;
+    for ([[maybe_unused]] const auto& entry : fs::directory_iterator(folder.Path())) ++files;
     EXPECT_EQ(files, 2U);
-    EXPECT_THROW(CreateWorkflowDatabase(folder_ / "none/WorkFlow.MDB"), platform::WriteError);
+    EXPECT_THROW(CreateWorkflowDatabase(folder / "none/WorkFlow.MDB"), platform::WriteError);
 }
 
 }  // namespace vexlator::workflow
