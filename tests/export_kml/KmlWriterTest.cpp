@@ -72,6 +72,11 @@ TEST(KmlWriter, EveryByte) {
     writer.AddGeometry(KmlShape::Point, std::vector<PlanePoint>{{1.716074, 52.658008}},
                        std::vector<double>{12.3456});
     writer.EndPlacemark();
+    writer.BeginPlacemark("L");
+    writer.EndDescription();
+    writer.AddGeometry(KmlShape::Line, std::vector<PlanePoint>{{-1, 2}, {3, 4.5}},
+                       std::vector<double>{0, -1});
+    writer.EndPlacemark();
     writer.BeginPlacemark("A");
     writer.EndDescription();
     writer.AddGeometry(KmlShape::Area, std::vector<PlanePoint>{{0, 0}, {1, 0}, {1, 1}, {0, 0}},
@@ -106,6 +111,17 @@ TEST(KmlWriter, EveryByte) {
   <Point>
     <coordinates>1.716074,52.658008,12.346</coordinates>
    </Point>
+ </Placemark>
+ <Placemark>
+  <name>L</name>
+<description><![CDATA[
+<table border="0">
+</table>
+]]></description>
+  <LineString>
+    <coordinates>-1.000000,2.000000,0.000
+3.000000,4.500000,-1.000</coordinates>
+   </LineString>
  </Placemark>
  <Placemark>
   <name>A</name>

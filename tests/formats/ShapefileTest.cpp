@@ -71,6 +71,12 @@ TEST(ShapefileWriter, WritesTheDocumentedBytes) {
               "0000008a00000038");
 }
 
+TEST(ShapefileWriter, WithoutRecordsTheBoxStaysOpen) {
+    Files files([](ShapefileWriter&) {});
+    EXPECT_EQ(files.shp.substr(36, 32), Doubles({9999999, 9999999, -9999999, -9999999}));
+    EXPECT_EQ(files.shp.size(), 100U);
+}
+
 TEST(ShapefileReader, DamageIsRefusedWithItsPlace) {
     const Files whole([](ShapefileWriter& writer) {
         writer.AddPolyline(std::vector<PlanePoint>{{1, 2}, {3, 4}});

@@ -123,6 +123,14 @@ TEST(CsvImport, ATemplateIsOffered) {
               "[26,09]\r\n[01,01]ID          ,C16.00\r\n[01,02]TYPE        ,C64.00\r\n");
 }
 
+TEST(CsvImport, WithoutASymbolNothingIsAdded) {
+    Office run;
+    std::filesystem::remove(run.folder / "Symbols/DEFAULT.VDF");
+    EXPECT_EQ(run.Text("ID,E,N\n1,2,3\n"), "");
+    EXPECT_EQ(run.ui.messages, Messages{"No Default Sym"});
+    EXPECT_EQ(run.outcome.status, Outcome::Status::Failed);
+}
+
 TEST(CsvImport, RecordsThatLackNearlyEveryColumnAreDamage) {
     Office run;
     std::string text = "ID,E,N" + std::string(10000, ',');

@@ -120,6 +120,14 @@ TEST_P(WorkflowTest, AsksBeforeAnExportIsRepeated) {
     EXPECT_EQ(ui_.questions.size(), 2U);
 }
 
+TEST_P(WorkflowTest, DebugModeTellsWhatItDoes) {
+    session_.Settings().DebugMode = true;
+    RecordJobAction(session_, "P", "J", "e", "CLOSED", morning);
+    ASSERT_EQ(ui_.messages.size(), 2U);
+    EXPECT_EQ(ui_.messages[0], "About To Connect");
+    EXPECT_TRUE(ui_.messages[1].starts_with("INSERT INTO \"ActionTbl\"")) << ui_.messages[1];
+}
+
 VEXLATOR_ON_EACH_DATABASE(WorkflowTest);
 
 /// What the person is told when a database file cannot be used; no failure may reach the export.
