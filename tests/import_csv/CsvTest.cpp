@@ -74,13 +74,6 @@ TEST(CsvImport, WithoutAHeaderColumnsAreNumbered) {
     EXPECT_EQ(run.Text("3,4\n"), "CODE VDINSERT 3,0\n");
 }
 
-TEST(CsvImport, TabsSeparateAndCommasStay) {
-    Office run;
-    run.Columns("ID", "E", "N", "Separator=tab\n");
-    EXPECT_EQ(run.Text("ID\tE\tN\tA\tB\n1\t2\t3\ta,b\t\"c,d\"\n"),
-              "CODE VDINSERT 2,3 | ID=1 | A=a,b | B=c;d\n");
-}
-
 TEST(CsvImport, AFixedFeatureTakesEveryFile) {
     Office run;
     run.Columns("ID", "E", "N", "FixedFeature=water\n");

@@ -21,7 +21,7 @@ protected:
     }
 };
 
-/// The rules by example; every combination of them is compared with PlainImport.
+/// Some rules by example; every combination of the rules is compared with PlainImport.
 TEST_F(JobRecords, BecomeEntities) {
     const JobSettings plain, quality{.importQA = true}, openAreas{.forceClose = false};
     const std::string triangle = "$GIS,A,1,FENCE(1),0,0\n$GIS,A,2,FENCE(1),4,0\n$GIS,A,3,FENCE(1),",
@@ -37,25 +37,8 @@ TEST_F(JobRecords, BecomeEntities) {
         {" DB,7,1, b ,sub\\a.jpg\n$GIS,P,7, tr ,9,9,9\r\n=,1,2,3\r\n",
          {"VDINSERT TREE c5 (1,2,3) [OAK] ->/jobs/sub/a.jpg {ID=1;KIND=b;HOTLINK=sub\\a.jpg}"},
          plain},
-        {"$GIS,P,a7,NONE,1,2\n$GIS,P,8,TREE,x,5\n$GIS,P,A7,NONE,3,4\n",
-         {"VDINSERT NONE c2 (3,4,0) [default] {FOID=A7}"},
-         plain},
-        {"$GIS,P,1,REFPOINT,1,2\n$GIS,L,2,RefLine(1),1,2\n", {}, plain},
-        {" DB,7,x,y\n$GIS,P,7,NONE,1\n",
-         {"VDINSERT NONE c2 (1,0,0) [default] {FIELD1=x;FIELD2=y;FIELD3=}"},
-         plain},
-        {triangle + "0,1\n", {area + "(0,1,0) FENCE(1) closed filled {A=J0412-FENCE(1)}"}, plain},
         {triangle + "0,0.009\n", {area + "(0,0.009,0) FENCE(1) closed filled {A=J0412-FENCE(1)}"}, openAreas},
         {triangle + "0,0.01\n", {area + "(0,0.01,0) FENCE(1) filled {A=J0412-FENCE(1)}"}, openAreas},
-        {"*GIS,L,2,WALL(1),2,2\n$GIS,L,3,WALL(1),3,3\n$GIS,L,2,WALL(1),8,8\nCO,WALL(1),Close\n",
-         {"VDPOLYLINE WALL c2 (8,8,0)(3,3,0) WALL(1) closed {W=J0412-WALL(1)}"},
-         plain},
-        {" DB,2,x\n*GPS,P,2,NONE\n=,1,1\n$GPS,P,3,NONE\n",
-         {"VDINSERT NONE c2 (0,0,0) [default] {FOID=3}"},
-         plain},
-        {"$GPS,P,7,NONE,,,,,12/1.4/2/0.0204\n=,1,2,3\n",
-         {point, "VDCIRCLE $QA c3 (1,2,3) r0.0204 " + names + "RealTimeAcc=0.020}"},
-         quality},
         {"$GPS,P,7,NONE,,,,,12/1.4/2/0.020[0.012]\n=,1,2,3\n",
          {point, "VDCIRCLE $QA c3 (1,2,3) r0.012 " + names + "RealTimeAcc=0.020;PostProAcc=0.012}"},
          quality},

@@ -186,27 +186,6 @@ TEST(Files, WholeFiles) {
     EXPECT_TRUE(FileExists(folder / "log"));
 }
 
-TEST(Files, ListingsAreSortedWithoutCase) {
-    TempFolder folder;
-    for (std::string name : {"b.shp", "A.shp", "a.dbf", "_x", "C.shp", ".a.1-0.vxtmp"})
-        folder.Write(name, "");
-    folder.Write("Sub/x", "");
-    EXPECT_EQ(ListFiles(folder.Path()), (std::vector<std::string>{"_x", "a.dbf", "A.shp", "b.shp", "C.shp"}));
-    EXPECT_EQ(ListFolders(folder.Path()), std::vector<std::string>{"Sub"});
-    EXPECT_TRUE(ListFiles(folder / "none").empty());
-}
-
-TEST(Files, Folders) {
-    TempFolder folder;
-    folder.Write("file", "");
-    EXPECT_FALSE(CreateFolder(folder / "a/b"));
-    EXPECT_FALSE(CreateFolder(folder / "file"));
-    EXPECT_TRUE(CreateFolderTree(folder / "a\\b\\c\\"));
-    EXPECT_TRUE(CreateFolder(folder / "A/B"));
-    EXPECT_FALSE(RemoveEmptyFolder(folder / "a/b"));
-    EXPECT_TRUE(RemoveEmptyFolder(folder / "a/b/C"));
-}
-
 TEST(FileLock, OneHolderAtATime) {
     TempFolder folder;
     std::string counter = folder.Write("counter", "0");

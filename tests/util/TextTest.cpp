@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 #include "support/TempFolder.h"
-#include "util/Dates.h"
 #include "util/Paths.h"
 #include "util/Programs.h"
 #include "util/Text.h"
@@ -12,22 +11,14 @@
 namespace vexlator::util {
 namespace {
 
-TEST(Text, Fields) {
-    struct {
-        std::size_t index;
-        std::string_view text, delimiter, field;
-    } const cases[] = {
-        {0, "", ",", ""},         {1, "a,b", ",", "b"},  {2, "a,b", ",", ""},
-        {1, "a,,c", ",", ""},     {2, "a,,c", ",", "c"}, {1, "a||b|c||d", "||", "b|c"},
-        {1, "a|||b", "||", "|b"}, {0, "a,b", "", "a,b"}, {1, "a,b", "", ""},
-    };
-    for (const auto& c : cases) EXPECT_EQ(GetField(c.index, c.text, c.delimiter), c.field) << c.text;
+TEST(Text, SearchingGoesOnBehindWhatWasFound) {
+    EXPECT_EQ(GetField(1, "a||b|c||d", "||"), "b|c");
+    EXPECT_EQ(GetField(1, "a|||b", "||"), "|b");
+    EXPECT_EQ(GetField(1, "a,b", ""), "");
     EXPECT_EQ(CountOf("aaa", "aa"), 2U);
     EXPECT_EQ(CountOf("abc", ""), 0U);
-    EXPECT_EQ(InStrNoCase("job -quiet", "-QUIET"), 5U);
     EXPECT_EQ(ReplaceAll("a%u%%u%", "%u%", "%u%%u%"), "a%u%%u%%u%%u%");
     EXPECT_EQ(ReplaceAll("abc", "", "x"), "abc");
-    EXPECT_EQ(Trim("  a b\t "), "a b\t");
 }
 
 TEST(Paths, Parts) {
@@ -86,13 +77,6 @@ TEST(Paths, NextFreeName) {
     EXPECT_EQ(NextFreeName(folder / "Survey(4).VDF"), folder / "Survey(2).VDF");
     folder.Write("plain", "");
     EXPECT_EQ(NextFreeName(folder / "plain"), folder / "plain(1)");
-}
-
-TEST(Dates, Texts) {
-    EXPECT_EQ(DayMonthYearText({2024, 3, 5, 14, 7, 59}), "05MAR2024");
-    EXPECT_EQ(SlashDateText({2024, 3, 5, 14, 7, 59}), "05/03/2024");
-    for (auto [month, text] : {std::pair{0, ""}, {1, "JAN"}, {12, "DEC"}, {13, ""}})
-        EXPECT_EQ(MonthAbbrev(month), text);
 }
 
 TEST(Translation, FirstMatchElseCollected) {

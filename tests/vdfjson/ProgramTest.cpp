@@ -25,17 +25,6 @@ constexpr std::string_view point =
   {"type":"Feature","id":"1","geometry":{"type":"Point","coordinates":[1,2,0]},"properties":{"N":"v"},"vdf":{"kind":"VDPOINT",)"
     R"("layer":"0","colour":7,"lineType":"","lineWeight":0,"label":"","hyperlink":"","position":[1,2,0],"xproperties":[["N","v"]]}})";
 
-TEST_F(VdfJsonProgram, LoadsAndDumps) {
-    std::string document = Document(point);
-    folder_.Write("in.json", document);
-    EXPECT_EQ(Shell("$V load in.json a.VDF").status, 0);
-    ShellResult dump = Shell("$V dump a.VDF");
-    EXPECT_EQ(dump.status, 0);
-    EXPECT_EQ(dump.out, document);
-    EXPECT_EQ(dump.err, "");
-    EXPECT_EQ(Shell("$V dump a.VDF | $V load - b.VDF && cmp a.VDF b.VDF").status, 0);
-}
-
 TEST_F(VdfJsonProgram, TheFileNamesTheLayerOfPlainFeatures) {
     folder_.Write("FENCE.geojson", R"({"type":"Point","coordinates":[1,2]})");
     EXPECT_NE(Shell("$V load FENCE.geojson a.VDF && $V dump a.VDF").out.find(R"("layer":"FENCE")"),

@@ -63,28 +63,19 @@ TEST(RoundTrip, EveryKindWithEveryMember) {
 }
 
 TEST(RoundTrip, MembersLeftOutHaveTheirDefaults) {
-    const char* origin = R"({"type":"Point","coordinates":[0,0,0]})";
-    struct Case {
-        const char* vdf;
-        std::string expected;
-        const char* geometry;
-    };
-    const Case cases[] = {
-        {R"({})", Plain("VDPOINT", R"("position":[0,0,0])"), origin},
-        {R"({"kind":"VDINSERT","layer":null})",
-         Plain("VDINSERT", R"("position":[0,0,0],"block":"","scale":[1,1],"rotation":0)"), origin},
-        {R"({"kind":"VDPOLYLINE"})",
-         Plain("VDPOLYLINE",
-               R"("closed":false,"filled":false,"fillColour":7,"outlineColour":7,"vertices":[])"),
-         "null"},
+    const std::string origin = R"({"type":"Point","coordinates":[0,0,0]})",
+                      point = Feature("1", origin, Plain("VDPOINT", R"("position":[0,0,0])")),
+                      insert =
+                          Plain("VDINSERT", R"("position":[0,0,0],"block":"","scale":[1,1],"rotation":0)");
+    const std::pair<std::string, std::string> cases[] = {
+        {R"({})", point},
+        {R"({"kind":"VDINSERT","layer":null})", Feature("1", origin, insert)},
         // Members that mean nothing for the kind, repeated and unknown ones.
-        {R"({"kind":"VDPOINT","radius":5,"text":"x","colour":1,"colour":7,"more":[{}]})",
-         Plain("VDPOINT", R"("position":[0,0,0])"), origin},
+        {R"({"kind":"VDPOINT","radius":5,"text":"x","colour":1,"colour":7,"more":[{}]})", point},
     };
-    for (const Case& c : cases) {
-        std::string json = R"({"type":"FeatureCollection","features":[{"vdf":)" + std::string(c.vdf) + "}]}";
-        EXPECT_EQ(LoadAndDump(json), Document(Feature("1", c.geometry, c.expected))) << c.vdf;
-    }
+    for (const auto& [vdf, feature] : cases)
+        EXPECT_EQ(LoadAndDump(R"({"type":"FeatureCollection","features":[{"vdf":)" + vdf + "}]}"),
+                  Document(feature));
 }
 
 TEST(RoundTrip, ClosedPolylinesAreRings) {
