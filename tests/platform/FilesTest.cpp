@@ -161,9 +161,8 @@ TEST(MappedFile, OnlyRegularFiles) {
     std::pair<std::string, std::string> const cases[] = {{folder / "none", "No such file or directory"},
                                                          {folder.Path(), "is not a file"},
                                                          {folder / "pipe", "is not a file"}};
-    for (const auto& [path, reason] : cases) {
-        EXPECT_EQ(test::ErrorOf([&] { MappedFile file(path); }), path + ": " + reason);
-    }
+    for (const auto& c : cases)
+        EXPECT_EQ(test::ErrorOf([&] { MappedFile file(c.first); }), c.first + ": " + c.second);
 }
 
 TEST(Files, WholeFiles) {
