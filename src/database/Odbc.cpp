@@ -3,10 +3,10 @@
 #include "database/Odbc.h"
 
 #include "database/DatabaseError.h"
+#include "database/SqliteSetup.h"
 
 #include <array>
 #include <cstring>
-#include <sqlite3.h>
 
 namespace vexlator::database::odbc {
 
@@ -24,13 +24,6 @@ std::string AttributeOf(const char* list, std::string_view keyword) {
             return std::string(item.substr(keyword.size() + 1));
     }
     return "";
-}
-
-/// A connection is used by one thread at a time, and nobody asks how much memory SQLite uses: without the
-/// locks for both, rows are read a third faster. Does nothing when the library is in use already.
-void LeaveOutSqliteLocks() {
-    [[maybe_unused]] static const bool done = sqlite3_config(SQLITE_CONFIG_MULTITHREAD) == SQLITE_OK &&
-                                              sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0) == SQLITE_OK;
 }
 
 }  // namespace
@@ -63,7 +56,7 @@ void Handle::Check(SQLRETURN result, std::string_view query) const {
 }
 
 Environment::Environment() : Handle(SQL_HANDLE_ENV, SQL_NULL_HANDLE) {
-    LeaveOutSqliteLocks();
+    SetUpSqlite();
     Check(SQLSetEnvAttr(Get(), SQL_ATTR_ODBC_VERSION, Number(SQL_OV_ODBC3), 0));
 }
 

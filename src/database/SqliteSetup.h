@@ -1,0 +1,11 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace vexlator::database {
+
+/// Has the SQLite library, which its ODBC driver uses, leave out locks that nobody needs, and gives it memory
+/// of ours. Does nothing when the library is in use already.
+void SetUpSqlite();
+
+}  // namespace vexlator::database
