@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <utility>
 
 namespace vexlator::database {
 
@@ -18,7 +19,7 @@ bool IsBinary(SQLSMALLINT type) {
 
 RowBuffer::RowBuffer(const odbc::Handle& statement, const std::string& sql, std::size_t columns,
                      std::size_t rowsPerBlock)
-    : statement_(statement), sql_(sql), columns_(columns) {
+    : statement_(statement), sql_(sql), columns_(columns), values_(columns) {
     if (rowsPerBlock > 1) {  // the driver for Access files knows no such attributes
         Check(SQLSetStmtAttr(statement.Get(), SQL_ATTR_ROW_ARRAY_SIZE, odbc::Number(rowsPerBlock), 0));
         Check(SQLSetStmtAttr(statement.Get(), SQL_ATTR_ROWS_FETCHED_PTR, &fetched_, 0));
@@ -58,14 +59,14 @@ void RowBuffer::Restart() {
 bool RowBuffer::Next() {
     if (atEnd_) return false;
     if (++row_ >= fetched_ && !FetchBlock()) return false;
-    for (std::size_t i = 0; i < columns_.size(); ++i)
-        if (!FitsCell(columns_[i])) FetchLongValue(i);
+    for (std::size_t i = 0; i < columns_.size(); ++i) values_[i] = ValueOf(i);
     return true;
 }
 
 bool RowBuffer::FetchBlock() {
-    for (std::size_t i = 0; i < columns_.size(); ++i)
-        if (columns_[i].wantedSize > columns_[i].cellSize) Bind(i);
+    if (std::exchange(cellsGrow_, false))
+        for (std::size_t i = 0; i < columns_.size(); ++i)
+            if (columns_[i].wantedSize > columns_[i].cellSize) Bind(i);
     row_ = 0;
     fetched_ = 1;
     SQLRETURN result = SQLFetch(statement_.Get());
@@ -74,18 +75,15 @@ bool RowBuffer::FetchBlock() {
     return !atEnd_;
 }
 
-bool RowBuffer::FitsCell(const Column& column) const {
-    SQLLEN length = column.lengths[row_];
-    std::size_t ending = column.inMemory == SQL_C_CHAR ? 1 : 0;
-    return length == SQL_NULL_DATA ||
-           (length >= 0 && static_cast<std::size_t>(length) + ending <= column.cellSize);
-}
-
-std::string_view RowBuffer::Text(std::size_t index) const {
+std::string_view RowBuffer::ValueOf(std::size_t index) {
     const Column& column = columns_[index];
-    if (!FitsCell(column)) return column.longValue;
-    SQLLEN length = std::max<SQLLEN>(column.lengths[row_], 0);
-    return {column.cells.data() + row_ * column.cellSize, static_cast<std::size_t>(length)};
+    SQLLEN length = column.lengths[row_];
+    if (length == SQL_NULL_DATA) return {};
+    std::size_t ending = column.inMemory == SQL_C_CHAR ? 1 : 0;
+    if (length >= 0 && static_cast<std::size_t>(length) + ending <= column.cellSize)
+        return {column.cells.data() + row_ * column.cellSize, static_cast<std::size_t>(length)};
+    FetchLongValue(index);
+    return column.longValue;
 }
 
 void RowBuffer::FetchLongValue(std::size_t index) {
@@ -109,6 +107,7 @@ void RowBuffer::FetchLongValue(std::size_t index) {
     }
     std::size_t size = std::bit_ceil(std::min(column.longValue.size() + ending, largestCellSize));
     column.wantedSize = std::max(column.wantedSize, size);
+    cellsGrow_ = true;
 }
 
 }  // namespace vexlator::database

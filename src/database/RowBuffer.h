@@ -4,11 +4,15 @@
 
 #include "database/Odbc.h"
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace vexlator::database {
+
+/// The values of a row, as text or bytes. NULL has no data().
+using Row = std::span<const std::string_view>;
 
 /// The rows of a result, fetched in blocks into buffers that the driver fills. Values that do not fit their
 /// cell are fetched one by one, and the cells of their column grow; a driver that cannot do that within a
@@ -28,8 +32,8 @@ public:
     std::size_t ColumnCount() const { return columns_.size(); }
     const std::string& Name(std::size_t column) const { return columns_[column].name; }
     SQLSMALLINT Type(std::size_t column) const { return columns_[column].inDatabase; }
-    bool IsNull(std::size_t column) const { return columns_[column].lengths[row_] == SQL_NULL_DATA; }
-    std::string_view Text(std::size_t column) const;
+    /// The current row, valid until Next() or Restart().
+    Row Current() const { return values_; }
 
 private:
     // Drivers clear what a value leaves of its cell.
@@ -47,15 +51,17 @@ private:
     void Describe(std::size_t index);
     void Bind(std::size_t index);
     bool FetchBlock();
-    bool FitsCell(const Column& column) const;
+    std::string_view ValueOf(std::size_t index);
     void FetchLongValue(std::size_t index);
     void Check(SQLRETURN result) const { statement_.Check(result, sql_); }
 
     const odbc::Handle& statement_;
     const std::string& sql_;
     std::vector<Column> columns_;
+    std::vector<std::string_view> values_;  ///< of the current row
     SQLULEN fetched_ = 0;
-    std::size_t row_ = 0;  ///< within the block
+    std::size_t row_ = 0;     ///< within the block
+    bool cellsGrow_ = false;  ///< before the next block
     bool atEnd_ = false;
 };
 

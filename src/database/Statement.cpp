@@ -5,6 +5,7 @@
 #include "database/ConnectionImpl.h"
 #include "database/ParameterBuffer.h"
 #include "database/RowBuffer.h"
+#include "database/RowsAhead.h"
 #include "util/Numbers.h"
 
 #include <optional>
@@ -41,13 +42,16 @@ struct Statement::Impl {
     void Check(SQLRETURN result) const { handle.Check(result, sql); }
     void Prepare();
     void OpenRows();
+    Row Current() const { return ahead ? ahead->Current() : rows->Current(); }
 
+    std::unique_ptr<Connection> own;  ///< rows are read ahead when there is one
     std::string sql;
     odbc::Handle handle;
     std::size_t rowsPerBlock;
     bool takesParameters;
     std::vector<ParameterBuffer> parameters;
     std::optional<RowBuffer> rows;
+    std::optional<RowsAhead> ahead;
 };
 
 void Statement::Impl::Prepare() {
@@ -65,11 +69,17 @@ void Statement::Impl::OpenRows() {
         rows->Restart();
     else
         rows.emplace(handle, sql, static_cast<std::size_t>(columns), rowsPerBlock);
+    if (own) ahead.emplace(*rows);
 }
 
 Statement::Statement(Connection& connection, std::string sql)
     : impl_(std::make_unique<Impl>(connection, std::move(sql))) {
     impl_->Prepare();
+}
+
+Statement::Statement(std::unique_ptr<Connection> connection, std::string sql)
+    : Statement(*connection, std::move(sql)) {
+    impl_->own = std::move(connection);
 }
 
 Statement::Statement(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
@@ -90,7 +100,10 @@ void Statement::Execute(std::span<const Value> values) {
                             std::to_string(values.size()) + " values for " +
                                 std::to_string(impl_->parameters.size()) + " parameters",
                             impl_->sql);
+    impl_->ahead.reset();
     SQLFreeStmt(impl_->handle.Get(), SQL_CLOSE);
+    // SQLite's driver would go on where the rows of a query without parameters were left.
+    if (impl_->rows && values.empty()) impl_->Prepare();
     for (std::size_t i = 0; i < values.size(); ++i)
         impl_->Check(impl_->parameters[i].Set(impl_->handle.Get(), i, values[i]));
     SQLRETURN result = SQLExecute(impl_->handle.Get());
@@ -99,6 +112,7 @@ void Statement::Execute(std::span<const Value> values) {
 }
 
 std::int64_t Statement::RowsAffected() const {
+    if (impl_->ahead) return 0;  // the thread uses the handle
     SQLLEN count = 0;
     impl_->Check(SQLRowCount(impl_->handle.Get(), &count));
     return count;
@@ -138,13 +152,13 @@ ColumnType Statement::TypeOf(std::size_t column) const {
     }
 }
 bool Statement::Next() {
-    return impl_->rows && impl_->rows->Next();
+    return impl_->ahead ? impl_->ahead->Next() : impl_->rows && impl_->rows->Next();
 }
 bool Statement::IsNull(std::size_t column) const {
-    return impl_->rows->IsNull(column);
+    return impl_->Current()[column].data() == nullptr;
 }
 std::string_view Statement::Text(std::size_t column) const {
-    return impl_->rows->Text(column);
+    return impl_->Current()[column];
 }
 std::string Statement::Bytes(std::size_t column) const {
     std::string_view text = Text(column);

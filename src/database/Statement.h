@@ -33,6 +33,10 @@ enum class ColumnType { Text, Number, Bytes, Other };
 class Statement {
 public:
     Statement(Connection& connection, std::string sql);
+    /// For many rows: a thread of its own fetches them while the caller uses those before. The statement has
+    /// the connection to itself for that; no other of the connection may be alive. An error among the rows
+    /// is thrown where the row would have come.
+    Statement(std::unique_ptr<Connection> connection, std::string sql);
     ~Statement();
     Statement(Statement&&) noexcept;
 

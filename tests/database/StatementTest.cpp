@@ -4,8 +4,10 @@
 #include "database/Table.h"
 #include "support/TestDatabase.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <limits>
+#include <memory>
 
 namespace vexlator::database {
 
@@ -80,6 +82,66 @@ TEST_P(StatementTest, ReadsManyRowsWithLongValuesAmongThem) {
         ASSERT_EQ(select.Text(1), text(k)) << k;
     }
     EXPECT_FALSE(select.Next());
+}
+
+/// The rows that are left, and the error that ends them.
+std::vector<std::string> RowsLeft(Statement& statement, std::size_t most = std::string::npos) {
+    std::vector<std::string> rows;
+    try {
+        while (rows.size() < most && statement.Next()) {
+            std::string row;
+            for (std::size_t i = 0; i < statement.ColumnCount(); ++i)
+                row += "|" + (statement.IsNull(i) ? "NULL" : std::string(statement.Text(i)));
+            rows.push_back(std::move(row));
+        }
+    } catch (const DatabaseError& error) {
+        rows.push_back(error.State() + " " + error.what() + " in " + error.Query());
+    }
+    return rows;
+}
+
+TEST_P(StatementTest, ReadsTheSameRowsAhead) {
+    Connection connection(ConnectionString());
+    bool sqlite = connection.Kind() == Connection::Product::Sqlite;
+    connection.Execute(std::string("CREATE TABLE a (k INTEGER PRIMARY KEY, t TEXT, d DOUBLE PRECISION, b ") +
+                       (sqlite ? "BLOB)" : "BYTEA)"));
+    {
+        Transaction transaction(connection);
+        Statement insert(connection, "INSERT INTO a VALUES (?, ?, ?, ?)");
+        for (std::int64_t k = 1; k <= 9000; ++k) {
+            std::string text(k % 997 == 0  ? 100'000
+                             : k % 83 == 0 ? 3000
+                                           : k % 90,
+                             static_cast<char>('a' + k % 26));
+            insert.Execute({k, k % 5 == 0 ? Value(nullptr) : Value(text),
+                            k % 7 == 0 ? Value(nullptr) : Value(static_cast<double>(k) / 8),
+                            Blob{std::string_view("\0\x01\xff", k % 4)}});
+        }
+        transaction.Commit();
+    }
+    // A server is through with all rows before it gives the first.
+    std::string overflow = sqlite ? "abs(-9223372036854775807-(k=8500))" : "NULL";
+    struct Case {
+        std::string where;
+        std::size_t rows;  ///< the error counted
+    };
+    for (const Case& c : {Case{"", sqlite ? 8500U : 9000U}, Case{"WHERE k<8500", 8499}, Case{"WHERE k<2", 1},
+                          Case{"WHERE k<1", 0}}) {
+        std::string query = "SELECT k, t, d, b, " + overflow + " FROM a " + c.where + " ORDER BY k";
+        Statement plain(connection, query);
+        Statement ahead(std::make_unique<Connection>(ConnectionString()), query);
+        for (int run = 0; run < 2; ++run) {
+            plain.Execute();
+            ahead.Execute();
+            std::vector<std::string> expected = RowsLeft(plain);
+            EXPECT_EQ(expected.size(), c.rows) << c.where;
+            EXPECT_TRUE(RowsLeft(ahead) == expected) << c.where;
+            for (Statement* half : {&plain, &ahead}) {
+                half->Execute();
+                EXPECT_EQ(RowsLeft(*half, 2).size(), std::min<std::size_t>(2, c.rows)) << "drops the rest";
+            }
+        }
+    }
 }
 
 TEST_P(StatementTest, TransactionsHappenWholeOrNotAtAll) {

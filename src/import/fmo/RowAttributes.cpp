@@ -64,7 +64,7 @@ RowAttributes::RowAttributes(drawing::Drawing& drawing, const Statement& rows,
 
 void RowAttributes::AttachTo(drawing::Drawing& drawing) {
     drawing.beginValues(set_);
-    for (std::size_t i = firstColumn_; i < rows_.ColumnCount(); ++i)
+    for (std::size_t i = firstColumn_, end = rows_.ColumnCount(); i < end; ++i)
         drawing.appendValue(FieldValueText(rows_, i, text_));
 }
 

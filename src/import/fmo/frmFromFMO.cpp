@@ -140,9 +140,9 @@ void frmFromFMO::ImportFmoFile(const std::string& fmoPath) {
     }
     count_ = 0;
     if (definition.IsLineTable())
-        ImportLines(*connection, FmoQuery::Lines(definition), code);
+        ImportLines(std::move(connection), FmoQuery::Lines(definition), code);
     else
-        ImportPoints(*connection,
+        ImportPoints(std::move(connection),
                      FmoQuery::Points(definition, TemplateSelectList(session_, code),
                                       session_.Settings().ImportExtent),
                      symbol);
@@ -167,13 +167,14 @@ void frmFromFMO::ShowError(const std::string& reason, const FmoQuery& query) {
     session_.Ui().ShowMessage(reason + "\n" + query.Shown());
 }
 
-void frmFromFMO::ImportPoints(Connection& connection, const FmoQuery& query, const std::string& symbol) {
+void frmFromFMO::ImportPoints(std::unique_ptr<Connection> connection, const FmoQuery& query,
+                              const std::string& symbol) {
     session_.DebugMessage(query.Shown());
     FmoQuery::Statement statement;
     std::optional<Statement> rows;
     try {
-        statement = query.For(connection);
-        rows.emplace(connection, statement.sql);
+        statement = query.For(*connection);
+        rows.emplace(std::move(connection), statement.sql);
         rows->Execute();
     } catch (const DatabaseError& error) {
         ShowError(error.what(), query);
@@ -207,12 +208,13 @@ void frmFromFMO::ImportPoints(Connection& connection, const FmoQuery& query, con
     session_.Ui().Report(problem);
 }
 
-void frmFromFMO::ImportLines(Connection& connection, const FmoQuery& query, const std::string& code) {
+void frmFromFMO::ImportLines(std::unique_ptr<Connection> connection, const FmoQuery& query,
+                             const std::string& code) {
     session_.DebugMessage(query.Shown());
     DamagedRows damaged;
     try {
-        FmoQuery::Statement statement = query.For(connection);
-        Statement rows(connection, statement.sql);
+        FmoQuery::Statement statement = query.For(*connection);
+        Statement rows(std::move(connection), statement.sql);
         rows.Execute();
         RowAttributes attributes(drawing_, rows, statement.columns, 1);
         for (; rows.Next(); view_->Progress(++count_, 0)) {

@@ -40,8 +40,10 @@ public:
 private:
     void ImportFmoFile(const std::string& fmoPath);
     std::string SelectFeatureLayer(const std::string& code);
-    void ImportPoints(database::Connection& connection, const FmoQuery& query, const std::string& symbol);
-    void ImportLines(database::Connection& connection, const FmoQuery& query, const std::string& code);
+    void ImportPoints(std::unique_ptr<database::Connection> connection, const FmoQuery& query,
+                      const std::string& symbol);
+    void ImportLines(std::unique_ptr<database::Connection> connection, const FmoQuery& query,
+                     const std::string& code);
     void ShowError(const std::string& reason, const FmoQuery& query);
     config::Outcome Save(const std::string& drawingPath);
 
