@@ -22,28 +22,34 @@ bool IsSpace(char c) {
     return c == ' ' || c == '\n' || c == '\r' || c == '\t';
 }
 
-/// Sets the value of a plain decimal number, as in "-123.45", of at most 15 digits. Both the digits and the
-/// power of ten are whole numbers that a double holds, so their quotient is the nearest double.
-bool ReadShortDecimal(const char* at, const char* end, double& value) {
+/// Adds the digits that the text begins with to a number; returns their end.
+const char* ReadDigits(const char* at, const char* end, std::uint64_t& number) {
+    for (; at < end && *at >= '0' && *at <= '9'; ++at)
+        number = number * 10 + static_cast<std::uint64_t>(*at - '0');
+    return at;
+}
+
+/// Sets the value of the plain decimal number, as in "-123.45", that the text begins with, and returns its
+/// end; null when there is none of at most 15 digits. Both the digits and the power of ten are whole numbers
+/// that a double holds, so their quotient is the nearest double.
+const char* ReadShortDecimal(const char* at, const char* end, double& value) {
     static constexpr double powers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                         1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
     bool negative = at < end && *at == '-';
     if (negative) ++at;
-    std::int64_t digits = 0;
-    int count = 0, decimals = -1;  // -1: no decimal point so far
-    for (; at < end; ++at) {
-        if (*at == '.' && decimals < 0) {
-            decimals = 0;
-            continue;
-        }
-        if (*at < '0' || *at > '9' || ++count > 15) return false;
-        digits = digits * 10 + (*at - '0');
-        if (decimals >= 0) ++decimals;
+    std::uint64_t number = 0;
+    const char* stop = ReadDigits(at, end, number);
+    std::ptrdiff_t digits = stop - at, decimals = 0;
+    if (stop < end && *stop == '.') {
+        const char* fraction = stop + 1;
+        stop = ReadDigits(fraction, end, number);
+        decimals = stop - fraction;
+        digits += decimals;
     }
-    if (count == 0) return false;
-    double magnitude = static_cast<double>(digits) / powers[std::max(decimals, 0)];
+    if (digits == 0 || digits > 15) return nullptr;
+    double magnitude = static_cast<double>(static_cast<std::int64_t>(number)) / powers[decimals];
     value = negative ? -magnitude : magnitude;
-    return true;
+    return stop;
 }
 
 [[noreturn]] void Fail(const std::string& reason) {
@@ -70,6 +76,7 @@ void CoordinateText::Append(std::string_view piece) {
     const char* at = piece.data();
     const char* end = at + piece.size();
     while (true) {
+        if (!format_.marked && rest_.empty()) at = TakeShortDecimals(at, end);
         const char* stop = std::find_if(at, end, separates);
         if (stop == end) break;
         if (!rest_.empty()) {
@@ -85,6 +92,17 @@ void CoordinateText::Append(std::string_view piece) {
     if (rest_.size() <= longestToken) return;
     if (format_.strict) Fail("a coordinate of more than 4,096 characters");
     rest_.resize(longestToken);
+}
+
+/// Takes the values that need no closer look; returns where the first other one begins.
+const char* CoordinateText::TakeShortDecimals(const char* at, const char* end) {
+    double value = 0;
+    while (const char* stop = ReadShortDecimal(at, end, value)) {
+        if (stop == end || !IsSpace(*stop)) break;
+        TakeValue(value);
+        at = stop + 1;
+    }
+    return at;
 }
 
 void CoordinateText::Take(std::string_view token) {
@@ -124,7 +142,7 @@ double CoordinateText::NumberIn(std::string_view token) {
     const char* end = begin + token.size();
     if (begin < end && *begin == '+') ++begin;
     double value = 0;
-    if (ReadShortDecimal(begin, end, value)) return value;
+    if (ReadShortDecimal(begin, end, value) == end) return value;
     auto [stop, error] = std::from_chars(begin, end, value);
     if (stop == end && error == std::errc() && std::isfinite(value)) return value;
     if (!format_.strict) return util::NumberOf(token);

@@ -38,6 +38,7 @@ public:
 
 private:
     bool Separates(char c) const;
+    const char* TakeShortDecimals(const char* at, const char* end);
     void Take(std::string_view token);
     void TakeTuple(std::string_view token);
     void TakeValue(double value);
