@@ -25,8 +25,7 @@ void Check(const importer::GmlFeature& feature) {
 void Read(std::span<const std::byte> bytes, const importer::GmlOptions& options) {
     try {
         importer::OpenedGml gml = importer::OpenGml(bytes, options);
-        importer::GmlFeature feature;
-        while (gml.reader->ReadNextFeature(feature)) Check(feature);
+        gml.reader->ReadFeatures(Check);
         if (gml.reader->Consumed() > bytes.size()) std::abort();
     } catch (const platform::ReadError&) {
     }

@@ -64,8 +64,8 @@ struct GmlOffice {
             importer::OpenGml(std::as_bytes(std::span(bytes)), {.fullRings = fullRings});
         importer::GmlEntities entities(session, imported);
         entities.BeginFile(gml.lineLayout);
-        importer::GmlFeature feature;
-        while (gml.reader->ReadNextFeature(feature)) entities.Add(feature, gml.reader->Consumed());
+        gml.reader->ReadFeatures(
+            [&](const importer::GmlFeature& feature) { entities.Add(feature, gml.reader->Consumed()); });
         return Entities();
     }
     std::string Entities() {

@@ -1,10 +1,13 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 #include "import/gml/ByteBlocks.h"
+#include "import/gml/XmlParser.h"
 #include "import_gml/GmlOffice.h"
 #include "platform/Errors.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace vexlator {
 namespace {
@@ -136,7 +139,8 @@ TEST(GmlXml, Encodings) {
              document("", "\xC3\xA9&#8364;"),
              document("", "\xE9\x80"),
              document("<?xml version='1.0' encoding='windows-1252'?>", "\xE9\x80"),
-             document("<?xml version='1.0' encoding='ISO-8859-15'?>", "\xE9\xA4"),
+             document("<?xml version='1.0' encoding = 'ISO-8859-15'?>", "\xE9\xA4"),
+             document("<?xml version='1.0' encoding='GB18030'?>", "\xA8\xA6\xA2\xE3"),
          }) {
         EXPECT_EQ(office.Import(text), expected) << text;
     }
@@ -158,29 +162,45 @@ TEST(GmlXml, WhatIsRefused) {
     auto line = [](const std::string& points) {
         return Member("<gml:LineString>\n<gml:posList>" + points + "</gml:posList></gml:LineString>");
     };
-    std::string deep, good = Member("<gml:Point><gml:pos>1 2</gml:pos></gml:Point>");
+    const std::string good = Member("<gml:Point><gml:pos>1 2</gml:pos></gml:Point>"), large(2 << 20, 'x');
+    std::string deep, names;
     for (int i = 0; i < 300; ++i) deep += "<a>";
+    for (int i = 0; i < 100000; ++i) names += "<name" + std::to_string(i) + "/>";
     std::string packed = test::Gzip(good), damaged = packed;
     damaged[packed.size() - 6] = static_cast<char>(damaged[packed.size() - 6] ^ 1);
     const std::pair<std::string, std::string> cases[] = {
         {"<!DOCTYPE c [<!ENTITY x SYSTEM 'file:///etc/passwd'>]><c>&x;</c>", "declares an entity"},
         {"<!DOCTYPE c [<!ENTITY % x 'y'>]><c/>", "declares an entity"},
+        {"<!DOCTYPE c [<!ENTITY x SYSTEM 'y' NDATA z>]><c/>", "declares an entity"},
+        {"<!DOCTYPE c [<!ATTLIST c a (b|c) 'b'>]><c/>", "declares a value for attributes"},
         {"<!DOCTYPE c SYSTEM 'http://example.org/c.dtd'><c/>", "external document type"},
-        {"<c>&unknown;</c>", "undefined entity"},
+        {"<c>\n&nbsp;</c>", "line 2: Entity 'nbsp' not defined"},
         {deep, "nested more than 256"},
         {good.substr(0, good.size() - 5), "line 2: "},
-        {"no GML at all", "syntax error"},
+        {"no GML at all", "Start tag expected"},
+        {good + "more", "Extra content"},
+        {good + good, "line 2: "},
+        {good + std::string("\n\0", 2), "goes on behind the end"},
+        {"<c a='1' a='2'/>", "Attribute a redefined"},
+        {"<c>]]></c>", "']]>' not allowed"},
+        {"<?xml version='1.0' encoding='UTF-8'?><c>\xE9</c>", "not proper UTF-8"},
+        {"<?xml version='1.0' encoding='windows-1252'?><c>\x81</c>", "conversion failed"},
         {line("1 2 3 4x"), "line 3: \"4x\" is not a coordinate"},
         {line("1 2 3 nan"), "\"nan\" is not a coordinate"},
         {line("1 2 3"), "line 3: the last of 2 points lacks values"},
         {line(std::string(5000, '1')), "more than 4,096 characters"},
         {Member("<gml:Point><gml:coordinates>1 2</gml:coordinates></gml:Point>"), "has one value only"},
         {Member("<gml:Point srsDimension='1000000'><gml:pos>1 2</gml:pos></gml:Point>"), "dimensions"},
-        {"<c a='" + std::string(3 << 20, 'x') + "'/>", "more than 1 MB"},
-        {"<?xml version='1.0' encoding='Shift_JIS'?><c/>", "unknown encoding"},
+        {"<c a='" + large + "'/>", "a tag or comments of more than 64 KB"},
+        {"<c><!--" + large + "--></c>", "more than 1 MB"},
+        {"<c><![CDATA[" + large + "]]></c>", "more than 1 MB"},
+        {"<c><?p " + large + "?></c>", "more than 1 MB"},
+        {"<c/>" + std::string(large.size(), '\n'), "more than 1 MB"},
+        {"<c>" + names + "</c>", "too many different names"},
+        {"<?xml version='1.0' encoding='x-none'?><c/>", "Unsupported encoding x-none"},
         {packed.substr(0, packed.size() - 9), "ends too early"},
         {damaged, "damaged"},
-        {test::Gzip(good) + test::Gzip(std::string(200 << 20, ' ')), "1,000 times its size"},
+        {test::Gzip("<c>") + test::Gzip(std::string(200 << 20, ' ')), "1,000 times its size"},
         {Member("<n>" + std::string(1 << 20, 'x') + "</n><gml:MultiSurface>" +
                 [] {
                     std::string surfaces;
@@ -194,10 +214,68 @@ TEST(GmlXml, WhatIsRefused) {
          "too many surfaces"},
     };
     GmlOffice office;
+    testing::internal::CaptureStderr();
     for (const auto& [bytes, reason] : cases) {
         std::string refusal = Refusal(office, bytes);
         EXPECT_NE(refusal.find(reason), std::string::npos) << refusal << " for " << bytes.substr(0, 200);
     }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST(GmlXml, WhatIsWellFormed) {
+    const std::string point = "<gml:Point><gml:pos>1 2</gml:pos></gml:Point>";
+    const std::pair<std::string, const char*> cases[] = {
+        {"<n>a\r\nb\rc<![CDATA[<&\r\n]]>]]&lt;&gt;&amp;&quot;&apos;&#xE9;<?p q?><!-- c --></n>",
+         " n=a\nb\nc<&\n]]<>&\"'\xC3\xA9"},
+        {"<n xlink:href='a&amp;&#98;\r\nc'/>", " n=a&b c"},
+        {"<n>" + std::string(5 << 20, ' ') + "x</n>", " n=x"},
+        {"<none:n xml:lang='" + std::string(60000, '?') + "'>x</none:n>", " n=x"},
+        {"<n>x<!--" + std::string(1000000, 'c') + "--></n>", " n=x"},
+    };
+    GmlOffice office;
+    for (const auto& [property, entity] : cases)
+        EXPECT_EQ(office.Import(Member(property + point)), "F * 1,2" + std::string(entity) + "\n");
+    EXPECT_EQ(office.Import("<?p q?><!DOCTYPE c [<!ELEMENT c ANY><!ATTLIST c k CDATA #IMPLIED>]><!-- c -->"
+                            "<c><gml:featureMember><F>" +
+                            point + "</F></gml:featureMember></c>\n<!-- c -->"),
+              "F * 1,2\n");
+}
+
+TEST(GmlXml, FeaturesBeforeAnErrorAreTaken) {
+    std::string member = "<member><F><gml:Point><gml:pos>1 2</gml:pos></gml:Point></F></member>";
+    GmlOffice office;
+    EXPECT_NE(Refusal(office, "<c>" + member + member + "<member><F></member>"), "");
+    EXPECT_EQ(office.Entities(), "F * 1,2\nF * 1,2\n");
+}
+
+/// Blocks of a document that is one text.
+struct LongText : importer::ByteBlocks {
+    std::string_view Next() override {
+        if (count == 0) return std::exchange(end, "");
+        return --count == most - 1 ? "<c>" : std::string_view(block);
+    }
+    std::size_t Consumed() const override { return 0; }
+
+    static constexpr std::size_t most = 1000;
+    std::size_t count = most;
+    std::string block = std::string(blockSize, 'x');
+    std::string_view end = "</c>";
+};
+
+TEST(GmlXml, LongTextComesInPieces) {
+    struct : importer::XmlHandler {
+        void StartElement(std::string_view, importer::XmlAttributes) override {}
+        void EndElement() override {}
+        void Text(std::string_view text) override {
+            longest = std::max(longest, text.size());
+            size += text.size();
+        }
+        std::size_t longest = 0, size = 0;
+    } handler;
+    LongText text;
+    importer::ParseXml(text, handler);
+    EXPECT_EQ(handler.size, (LongText::most - 1) * importer::ByteBlocks::blockSize);
+    EXPECT_LE(handler.longest, importer::ByteBlocks::blockSize);
 }
 
 TEST(GmlXml, ErrorsNameTheFileAndLeaveTheOldDrawing) {

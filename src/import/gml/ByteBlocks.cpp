@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "import/gml/ByteBlocks.h"
 
+#include "platform/CodePages.h"
 #include "platform/Errors.h"
 #include "util/Numbers.h"
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 #define ZLIB_CONST
 #include <zlib.h>
@@ -98,6 +100,21 @@ private:
     z_stream stream_{};
 };
 
+class DecodedBlocks : public ByteBlocks {
+public:
+    explicit DecodedBlocks(std::unique_ptr<ByteBlocks> blocks) : blocks_(std::move(blocks)) {}
+    std::string_view Next() override {
+        text_.clear();
+        platform::AppendUtf8FromWindows1252(text_, blocks_->Next());
+        return text_;
+    }
+    std::size_t Consumed() const override { return blocks_->Consumed(); }
+
+private:
+    std::unique_ptr<ByteBlocks> blocks_;
+    std::string text_;
+};
+
 }  // namespace
 
 bool IsGzip(std::span<const std::byte> file) {
@@ -107,6 +124,10 @@ bool IsGzip(std::span<const std::byte> file) {
 std::unique_ptr<ByteBlocks> BlocksOf(std::span<const std::byte> file, std::uint64_t mostUnpacked) {
     if (IsGzip(file)) return std::make_unique<GzipBlocks>(file, mostUnpacked);
     return std::make_unique<PlainBlocks>(file);
+}
+
+std::unique_ptr<ByteBlocks> FromWindows1252(std::unique_ptr<ByteBlocks> blocks) {
+    return std::make_unique<DecodedBlocks>(std::move(blocks));
 }
 
 }  // namespace vexlator::importer

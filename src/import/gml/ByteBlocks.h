@@ -28,4 +28,7 @@ bool IsGzip(std::span<const std::byte> file);
 /// `mostUnpacked` bytes, and at most 1,000 times those of the file beyond the first 64 MB.
 std::unique_ptr<ByteBlocks> BlocksOf(std::span<const std::byte> file, std::uint64_t mostUnpacked);
 
+/// Blocks of Windows-1252 as UTF-8.
+std::unique_ptr<ByteBlocks> FromWindows1252(std::unique_ptr<ByteBlocks> blocks);
+
 }  // namespace vexlator::importer

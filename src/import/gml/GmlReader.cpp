@@ -5,9 +5,11 @@
 #include "import/gml/ByteBlocks.h"
 #include "import/gml/GmlXmlReader.h"
 #include "import/gml/LineLayoutReader.h"
+#include "platform/CodePages.h"
 #include "util/Files.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vexlator::importer {
 
@@ -24,6 +26,17 @@ bool HoldsOneElement(std::string_view line) {
     if (!line.starts_with('<') || !line.ends_with('>')) return false;
     auto tags = std::count(line.begin(), line.end(), '<');
     return tags == 1 || (tags == 2 && !line.starts_with("</") && line.find("</") != std::string_view::npos);
+}
+
+/// A file that names no encoding and is in none that XML assumes is taken for Windows-1252.
+bool IsWindows1252(std::string_view beginning) {
+    bool utf16 = beginning.starts_with("\xFF\xFE") || beginning.starts_with("\xFE\xFF") ||
+                 beginning.substr(0, 2).find('\0') != std::string_view::npos;
+    if (utf16 || !DeclaredEncoding(beginning).empty()) return false;
+    if (beginning.size() == ByteBlocks::blockSize)  // the block may cut a character
+        while (!beginning.empty() && static_cast<unsigned char>(beginning.back()) >= 0x80)
+            beginning.remove_suffix(1);
+    return !platform::IsUtf8(beginning);
 }
 
 }  // namespace
@@ -54,7 +67,9 @@ OpenedGml OpenGml(std::span<const std::byte> file, const GmlOptions& options) {
         return opened;
     }
     GmlXmlRules rules{.lineLayout = opened.lineLayout, .fullRings = fullRings};
-    opened.reader = std::make_unique<GmlXmlReader>(BlocksOf(file, options.mostUnpacked), beginning, rules);
+    std::unique_ptr<ByteBlocks> blocks = BlocksOf(file, options.mostUnpacked);
+    if (IsWindows1252(beginning)) blocks = FromWindows1252(std::move(blocks));
+    opened.reader = std::make_unique<GmlXmlReader>(std::move(blocks), rules);
     return opened;
 }
 

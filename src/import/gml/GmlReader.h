@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -27,8 +28,11 @@ struct GmlOptions {
 class GmlReader {
 public:
     virtual ~GmlReader() = default;
-    /// False at the end of the file. @throws platform::ReadError with line or byte, without a file name
-    virtual bool ReadNextFeature(GmlFeature& feature) = 0;
+    using Take = std::function<void(const GmlFeature& feature)>;
+
+    /// Calls `take` with each feature of the file. @throws platform::ReadError with line or byte, without a
+    /// file name, once the features before have been taken
+    virtual void ReadFeatures(const Take& take) = 0;
     /// How many bytes of the file are not needed any more.
     virtual std::size_t Consumed() const = 0;
 };

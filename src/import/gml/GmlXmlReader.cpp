@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "import/gml/GmlXmlReader.h"
 
-#include "import/gml/LineLayoutReader.h"
-#include "platform/CodePages.h"
 #include "platform/Errors.h"
 #include "util/Numbers.h"
 
@@ -23,17 +21,6 @@ constexpr std::size_t mostText = std::size_t{64} << 20;
 constexpr std::size_t propertyCost = sizeof(GmlProperty);
 constexpr std::string_view space = " \t\r\n";
 
-/// The encoding to assume for a file that names none and is not UTF-8; "" otherwise.
-std::string AssumedEncoding(std::string_view beginning) {
-    bool utf16 = beginning.starts_with("\xFF\xFE") || beginning.starts_with("\xFE\xFF") ||
-                 beginning.substr(0, 2).find('\0') != std::string_view::npos;
-    if (utf16 || !DeclaredEncoding(beginning).empty()) return "";
-    if (beginning.size() == ByteBlocks::blockSize)  // the block may cut a character
-        while (!beginning.empty() && static_cast<unsigned char>(beginning.back()) >= 0x80)
-            beginning.remove_suffix(1);
-    return platform::IsUtf8(beginning) ? "" : "windows-1252";
-}
-
 std::string_view Trimmed(std::string_view text) {
     std::size_t begin = text.find_first_not_of(space);
     if (begin == std::string_view::npos) return {};
@@ -41,8 +28,8 @@ std::string_view Trimmed(std::string_view text) {
 }
 
 std::string_view Attribute(XmlAttributes attributes, std::string_view name) {
-    for (; *attributes; attributes += 2)
-        if (name == *attributes) return attributes[1];
+    for (const XmlAttribute& attribute : attributes)
+        if (attribute.name == name) return attribute.value;
     return {};
 }
 
@@ -73,14 +60,9 @@ bool BeginsGeometry(GmlElement element) {
 
 }  // namespace
 
-GmlXmlReader::GmlXmlReader(std::unique_ptr<ByteBlocks> blocks, std::string_view beginning,
-                           const GmlXmlRules& rules)
-    : rules_(rules), parser_(std::move(blocks), AssumedEncoding(beginning), *this), gmlPrefixes_{"gml"} {}
-
-bool GmlXmlReader::ReadNextFeature(GmlFeature& feature) {
-    feature.Clear();
-    feature_ = &feature;
-    return parser_.ParseOn();
+void GmlXmlReader::ReadFeatures(const Take& take) {
+    take_ = &take;
+    ParseXml(*blocks_, *this);
 }
 
 void GmlXmlReader::StartElement(std::string_view name, XmlAttributes attributes) {
@@ -106,7 +88,6 @@ void GmlXmlReader::StartElement(std::string_view name, XmlAttributes attributes)
             break;
     }
     open_.push_back(open);
-    parser_.WantText(inCoordinates_ || inProperty_);
 }
 
 void GmlXmlReader::EndElement() {
@@ -115,7 +96,6 @@ void GmlXmlReader::EndElement() {
     if (open.scope == Scope::Feature) EndFeature();
     if (open.scope == Scope::Property) EndProperty();
     if (open.scope == Scope::Geometry) EndGeometry(open);
-    parser_.WantText(inCoordinates_ || inProperty_);
 }
 
 void GmlXmlReader::Text(std::string_view text) {
@@ -123,15 +103,14 @@ void GmlXmlReader::Text(std::string_view text) {
         coordinates_.Append(text);
     } else if (inProperty_) {
         CountText(text.size());
-        feature_->properties.back().value += text;
+        feature_.properties.back().value += text;
     }
 }
 
 // --- Namespaces
 
 void GmlXmlReader::NotePrefixes(XmlAttributes attributes) {
-    for (; *attributes; attributes += 2) {
-        std::string_view name = attributes[0], uri = attributes[1];
+    for (const auto& [name, uri] : attributes) {
         if (name != "xmlns" && !name.starts_with("xmlns:")) continue;
         std::string prefix(name.substr(std::min<std::size_t>(6, name.size())));
         std::erase(gmlPrefixes_, prefix);
@@ -153,11 +132,10 @@ GmlXmlReader::Scope GmlXmlReader::ScopeOutside(Scope parent, std::string_view na
 }
 
 void GmlXmlReader::BeginFeature(std::string_view name, XmlAttributes attributes) {
-    feature_->type = LocalName(name);
-    for (; *attributes; attributes += 2) {
-        std::string_view key = attributes[0];
-        if (key == "fid" || (LocalName(key) == "id" && IsGml(key))) feature_->identifier = attributes[1];
-    }
+    feature_.Clear();
+    feature_.type = LocalName(name);
+    for (const auto& [key, value] : attributes)
+        if (key == "fid" || (LocalName(key) == "id" && IsGml(key))) feature_.identifier = value;
     osgb_ = PrefixOf(name) == "osgb";
     textBytes_ = 0;
     ring_ = GmlPart::Kind::Path;
@@ -165,10 +143,10 @@ void GmlXmlReader::BeginFeature(std::string_view name, XmlAttributes attributes)
 
 void GmlXmlReader::EndFeature() {
     auto isToid = [](const GmlProperty& property) { return property.name == "TOID"; };
-    std::string_view toid = osgb_ ? ToidDigits(feature_->identifier) : std::string_view();
-    if (!toid.empty() && std::ranges::none_of(feature_->properties, isToid))
-        feature_->properties.push_back({"TOID", std::string(toid)});
-    parser_.Pause();
+    std::string_view toid = osgb_ ? ToidDigits(feature_.identifier) : std::string_view();
+    if (!toid.empty() && std::ranges::none_of(feature_.properties, isToid))
+        feature_.properties.push_back({"TOID", std::string(toid)});
+    (*take_)(feature_);
 }
 
 void GmlXmlReader::StartInFeature(std::string_view name, XmlAttributes attributes, Open& open) {
@@ -185,7 +163,7 @@ void GmlXmlReader::StartInFeature(std::string_view name, XmlAttributes attribute
 
 void GmlXmlReader::BeginProperty(std::string_view name, XmlAttributes attributes) {
     CountText(name.size() + propertyCost);
-    feature_->properties.push_back({std::string(LocalName(name)), ""});
+    feature_.properties.push_back({std::string(LocalName(name)), ""});
     reference_ = Attribute(attributes, "xlink:href");
     inProperty_ = true;
 }
@@ -194,14 +172,14 @@ void GmlXmlReader::BeginProperty(std::string_view name, XmlAttributes attributes
 void GmlXmlReader::LeaveProperty() {
     if (!std::exchange(inProperty_, false)) return;
     if (rules_.lineLayout)
-        feature_->properties.back().value.clear();
+        feature_.properties.back().value.clear();
     else
-        feature_->properties.pop_back();
+        feature_.properties.pop_back();
 }
 
 void GmlXmlReader::EndProperty() {
     if (!std::exchange(inProperty_, false) || rules_.lineLayout) return;
-    std::string& value = feature_->properties.back().value;
+    std::string& value = feature_.properties.back().value;
     std::string_view trimmed = Trimmed(value);
     if (trimmed.empty()) trimmed = reference_;
     if (trimmed.size() != value.size()) value = std::string(trimmed);
@@ -218,9 +196,9 @@ void GmlXmlReader::StartGeometry(GmlElement element, XmlAttributes attributes, O
     open.scope = Scope::Geometry;
     open.element = element;
     open.dimension = open_.back().dimension;
-    open.firstPoint = feature_->points.size();
+    open.firstPoint = feature_.points.size();
     ReadGeometryAttributes(attributes, open);
-    feature_->hasArcs |= element == GmlElement::Arc || element == GmlElement::Unsupported;
+    feature_.hasArcs |= element == GmlElement::Arc || element == GmlElement::Unsupported;
     switch (element) {
         case GmlElement::Point:
         case GmlElement::Curve:
@@ -248,12 +226,11 @@ void GmlXmlReader::StartGeometry(GmlElement element, XmlAttributes attributes, O
 }
 
 void GmlXmlReader::ReadGeometryAttributes(XmlAttributes attributes, Open& open) {
-    for (; *attributes; attributes += 2) {
-        std::string_view name = attributes[0], value = attributes[1];
+    for (const auto& [name, value] : attributes) {
         if (name == "srsDimension" || name == "dimension") open.dimension = DimensionOf(value);
         if (name == "orientation" && value == "-" && open.element == GmlElement::Curve) open.reversed = true;
     }
-    if (open.dimension == 3) feature_->threeDimensional = true;
+    if (open.dimension == 3) feature_.threeDimensional = true;
     if (open.reversed) ++reversals_;
 }
 
@@ -287,14 +264,14 @@ void GmlXmlReader::EndGeometry(const Open& open) {
 
 /// A curve of several segments repeats their common points.
 void GmlXmlReader::EndCurve(const Open& open) {
-    std::vector<util::PlanePoint>& points = feature_->points;
+    std::vector<util::PlanePoint>& points = feature_.points;
     std::size_t first = std::min(open.firstPoint, points.size());
     auto begin = points.begin() + static_cast<std::ptrdiff_t>(first);
     if (open.reversed) {
         std::reverse(begin, points.end());
         --reversals_;
     }
-    bool follows = inPart_ && !open.beginsPart && first > feature_->parts.back().begin;
+    bool follows = inPart_ && !open.beginsPart && first > feature_.parts.back().begin;
     if (follows && reversals_ == 0 && begin != points.end() && *begin == *(begin - 1)) points.erase(begin);
     EndPart(open);
 }
@@ -304,21 +281,21 @@ void GmlXmlReader::BeginCoordinates(XmlAttributes attributes, Open& open) {
         throw ReadError("", "", "a coordinate element within a coordinate element");
     BeginPart(open);
     if (rules_.lineLayout && !rules_.fullRings) {
-        feature_->points.clear();
-        feature_->parts.back() = {};
+        feature_.points.clear();
+        feature_.parts.back() = {};
     }
     CoordinateFormat format;
     format.strict = !rules_.lineLayout;
     format.valuesPerPoint = CoordinateFormat::allInOne;
     if (open.element == GmlElement::PosList)
-        format.valuesPerPoint = !rules_.lineLayout ? open.dimension : feature_->threeDimensional ? 3 : 2;
+        format.valuesPerPoint = !rules_.lineLayout ? open.dimension : feature_.threeDimensional ? 3 : 2;
     if (open.element == GmlElement::Coordinates) {
         format.marked = true;
         format.component = SeparatorOf(attributes, "cs", ',');
         format.tuple = SeparatorOf(attributes, "ts", ' ');
         format.decimal = SeparatorOf(attributes, "decimal", '.');
     }
-    coordinates_.Begin(format, feature_->points);
+    coordinates_.Begin(format, feature_.points);
 }
 
 void GmlXmlReader::EndCoordinates(const Open& open) {
@@ -331,22 +308,22 @@ void GmlXmlReader::BeginPart(Open& open) {
     if (std::exchange(inPart_, true)) return;
     open.beginsPart = true;
     if (!rules_.fullRings) {
-        feature_->points.clear();
-        feature_->parts.clear();
+        feature_.points.clear();
+        feature_.parts.clear();
         open.firstPoint = 0;
     }
-    GmlPart& part = feature_->parts.emplace_back();
-    part.begin = feature_->points.size();
+    GmlPart& part = feature_.parts.emplace_back();
+    part.begin = feature_.points.size();
     if (!rules_.fullRings) return;
     part.kind = ring_;
-    if (ring_ == GmlPart::Kind::Ring) ++feature_->surfaces;
-    part.surface = feature_->surfaces;
+    if (ring_ == GmlPart::Kind::Ring) ++feature_.surfaces;
+    part.surface = feature_.surfaces;
 }
 
 void GmlXmlReader::EndPart(const Open& open) {
     if (!open.beginsPart) return;
     inPart_ = false;
-    if (feature_->parts.back().begin == feature_->points.size()) feature_->parts.pop_back();
+    if (feature_.parts.back().begin == feature_.points.size()) feature_.parts.pop_back();
 }
 
 }  // namespace vexlator::importer

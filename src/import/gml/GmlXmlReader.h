@@ -12,6 +12,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace vexlator::importer {
@@ -28,10 +29,10 @@ struct GmlXmlRules {
 /// child elements are its properties. Features of OS MasterMap's own form get their identifier as TOID.
 class GmlXmlReader : public GmlReader, private XmlHandler {
 public:
-    /// `beginning` is that of the file, from which the encoding is guessed when the file does not tell it.
-    GmlXmlReader(std::unique_ptr<ByteBlocks> blocks, std::string_view beginning, const GmlXmlRules& rules);
-    bool ReadNextFeature(GmlFeature& feature) override;
-    std::size_t Consumed() const override { return parser_.Consumed(); }
+    GmlXmlReader(std::unique_ptr<ByteBlocks> blocks, const GmlXmlRules& rules)
+        : blocks_(std::move(blocks)), rules_(rules) {}
+    void ReadFeatures(const Take& take) override;
+    std::size_t Consumed() const override { return blocks_->Consumed(); }
 
 private:
     enum class Scope : std::uint8_t { Outside, Holder, Feature, Property, Geometry, Skipped };
@@ -67,11 +68,12 @@ private:
     void BeginPart(Open& open);
     void EndPart(const Open& open);
 
+    std::unique_ptr<ByteBlocks> blocks_;
     GmlXmlRules rules_;
-    XmlParser parser_;
+    const Take* take_ = nullptr;
     std::vector<Open> open_;
-    std::vector<std::string> gmlPrefixes_;
-    GmlFeature* feature_ = nullptr;
+    std::vector<std::string> gmlPrefixes_{"gml"};
+    GmlFeature feature_;
     bool osgb_ = false;          ///< the feature is of OS MasterMap's own form
     std::size_t textBytes_ = 0;  ///< of the feature's properties
     bool inProperty_ = false;    ///< the innermost element is the feature's last property

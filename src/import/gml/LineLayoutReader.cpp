@@ -86,20 +86,24 @@ std::string WithoutReferences(std::string_view text) {
 }
 
 std::string_view DeclaredEncoding(std::string_view text) {
-    constexpr std::string_view attribute = "encoding=";
     if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
     if (!text.starts_with("<?xml")) return {};
     text = text.substr(0, text.find('>'));
-    std::size_t begin = text.find(attribute);
-    if (begin == std::string_view::npos || begin + attribute.size() >= text.size()) return {};
-    text.remove_prefix(begin + attribute.size());
+    std::size_t begin = text.find_first_of("\"'", text.find("encoding"));
+    if (begin == std::string_view::npos) return {};
+    text.remove_prefix(begin);
     return text.substr(1, std::min(text.find(text[0], 1), text.size()) - 1);
 }
 
 LineLayoutReader::LineLayoutReader(std::string_view text)
     : lines_(text), decoder_(DeclaredEncoding(text).empty() ? "UTF-8" : DeclaredEncoding(text)) {}
 
-bool LineLayoutReader::ReadNextFeature(GmlFeature& feature) {
+void LineLayoutReader::ReadFeatures(const Take& take) {
+    GmlFeature feature;
+    while (ReadFeature(feature)) take(feature);
+}
+
+bool LineLayoutReader::ReadFeature(GmlFeature& feature) {
     feature.Clear();
     consumed_ = lines_.Position();
     while (!lines_.AtEnd() && lines_.ReadTextLine() != featureStartLine) {

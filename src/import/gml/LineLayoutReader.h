@@ -21,10 +21,11 @@ class LineLayoutReader : public GmlReader {
 public:
     /// The text must outlive the reader.
     explicit LineLayoutReader(std::string_view text);
-    bool ReadNextFeature(GmlFeature& feature) override;
+    void ReadFeatures(const Take& take) override;
     std::size_t Consumed() const override { return consumed_; }
 
 private:
+    bool ReadFeature(GmlFeature& feature);
     void ReadLine(std::string_view line, GmlFeature& feature);
     void ReadProperty(std::string_view line, GmlFeature& feature);
     void ReadPoints(std::string_view line, std::string_view startTag, std::size_t valuesPerPoint,

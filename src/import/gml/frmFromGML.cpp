@@ -56,14 +56,13 @@ bool frmFromGML::ImportGmlFile(const std::string& path) {
     try {
         OpenedGml gml = OpenGml(file->Bytes(), OptionsOf(session_));
         entities_.BeginFile(gml.lineLayout);
-        GmlFeature feature;
         std::string shownType;
-        while (gml.reader->ReadNextFeature(feature)) {
+        gml.reader->ReadFeatures([&](const GmlFeature& feature) {
             if (feature.type != shownType) view_->SetLabel(shownType = feature.type);
             entities_.Add(feature, gml.reader->Consumed());
             view_->Progress(entities_.Features(), 0);
             file->DoneBefore(gml.reader->Consumed());
-        }
+        });
     } catch (const platform::ReadError& error) {
         throw error.InFile(file->Name());
     }
