@@ -42,7 +42,7 @@ TEST(LossReport, OneLine) {
     EXPECT_NE(losses.Line().find("L.28 1 and 6 more fields; characters"), std::string::npos) << losses.Line();
 }
 
-/// A form's controls as texts, after they were saved or `ini` was written, and restored.
+/// What becomes of a form's control when the settings hold a line `ini`.
 struct FormCase {
     std::string ini;
     FormControl control;
