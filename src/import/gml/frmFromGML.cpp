@@ -39,10 +39,11 @@ config::Outcome frmFromGML::Start(std::string_view sourcePath, std::string_view 
     view_ = session_.Ui().ShowForm("frmFromGML");
     config::Outcome outcome;
     outcome.target = util::JoinPath(sourceFolder, DrawingNameOf(sourcePath) + ".VDF");
+    output_.emplace(drawing_, outcome.target);
     for (const std::string& path : SourceFiles(sourcePath, fileList))
         if (!ImportGmlFile(path)) outcome.status = config::Outcome::Status::Failed;
     drawing_.zoomExtents();
-    drawing_.saveAs(outcome.target);
+    output_->Commit();
     view_->SetLabel("Completed!");
     session_.Ui().Settle(1.0);
     outcome.layers = drawing_.layerCount() - 1;  // without "0", which every drawing has
@@ -60,6 +61,7 @@ bool frmFromGML::ImportGmlFile(const std::string& path) {
         gml.reader->ReadFeatures([&](const GmlFeature& feature) {
             if (feature.type != shownType) view_->SetLabel(shownType = feature.type);
             entities_.Add(feature, gml.reader->Consumed());
+            output_->WriteFullChunk();
             view_->Progress(entities_.Features(), 0);
             file->DoneBefore(gml.reader->Consumed());
         });

@@ -4,11 +4,12 @@
 
 #include "config/Outcome.h"
 #include "config/Session.h"
-#include "drawing/Drawing.h"
+#include "drawing/DrawingOutput.h"
 #include "import/gml/GmlEntities.h"
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -33,6 +34,7 @@ private:
 
     config::Session& session_;
     drawing::Drawing drawing_;
+    std::optional<drawing::DrawingOutput> output_;
     GmlEntities entities_;
     std::unique_ptr<ui::FormView> view_;
     std::uint64_t features_ = 0;
