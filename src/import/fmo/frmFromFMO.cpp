@@ -93,6 +93,7 @@ config::Outcome frmFromFMO::Start(std::string_view sourcePath, std::string_view 
     view_ = session_.Ui().ShowForm("frmFromFMO");
     std::string drawingPath = util::JoinPath(sourceFolder, util::BaseNameOf(sourcePath) + ".VDF");
     if (util::FileSize(drawingPath) > 0) drawing_.open(drawingPath);
+    output_.emplace(drawing_, drawingPath);
     for (const std::string& path : SourceFiles(sourcePath, fileList)) ImportFmoFile(path);
     return Save(drawingPath);
 }
@@ -111,14 +112,16 @@ config::Outcome frmFromFMO::StartTablet(std::string_view packagePath, std::strin
     }
     const std::string& folder = session_.Settings().FMODirectory;
     fileList = FmoFilesForDatabase(session_, folder, database);
+    std::string drawingPath = util::JoinPath(sourceFolder, util::BaseNameOf(packagePath) + ".VDF");
+    output_.emplace(drawing_, drawingPath);
     for (std::size_t k = 1; k <= util::CountOf(fileList, "|"); ++k)
         ImportFmoFile(util::JoinPath(folder, util::GetBarField(k, fileList)));
     package.Remove();
-    return Save(util::JoinPath(sourceFolder, util::BaseNameOf(packagePath) + ".VDF"));
+    return Save(drawingPath);
 }
 
 config::Outcome frmFromFMO::Save(const std::string& drawingPath) {
-    drawing_.saveAs(drawingPath);
+    output_->Commit();
     view_->SetLabel("Completed!");
     session_.Ui().Settle(1.0);
     config::Outcome outcome;
@@ -192,6 +195,7 @@ void frmFromFMO::ImportPoints(std::unique_ptr<Connection> connection, const FmoQ
             }
             drawing_.addInsert({*east, *north, 0}, symbol, 1, 1, 0);
             attributes.AttachTo(drawing_);
+            output_->WriteFullChunk();
             view_->Progress(++count_, 0);
         }
     } catch (const DatabaseError& error) {
@@ -227,6 +231,7 @@ void frmFromFMO::ImportLines(std::unique_ptr<Connection> connection, const FmoQu
                 if (vertices.size() > 2 && formats::AreClosed(vertices.front(), vertices.back()))
                     polyline.setClosed(true);
                 attributes.AttachTo(drawing_);
+                output_->WriteFullChunk();
                 ++features_;
             } catch (const platform::ReadError& error) {
                 damaged.Add(rows.Text(1), error.what());

@@ -5,11 +5,12 @@
 #include "config/Outcome.h"
 #include "config/Session.h"
 #include "database/FmoDefinition.h"
-#include "drawing/Drawing.h"
+#include "drawing/DrawingOutput.h"
 #include "import/fmo/FmoQuery.h"
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -49,6 +50,7 @@ private:
 
     config::Session& session_;
     drawing::Drawing drawing_;
+    std::optional<drawing::DrawingOutput> output_;
     std::unique_ptr<ui::FormView> view_;
     std::uint64_t count_ = 0;     ///< rows of the current file
     std::uint64_t features_ = 0;  ///< entities made
