@@ -30,7 +30,7 @@ public:
     EntityWalk(config::Session& session, const BuildSettings& settings, drawing::DrawingFile& drawing,
                FeatureHeaders& headers, PackageWriter& writer, ui::FormView& view);
     /// Returns how many entities were taken, parts not counted.
-    /// @throws platform::WriteError
+    /// @throws platform::ReadError for a damaged drawing, platform::WriteError
     std::uint64_t Run();
 
 private:

@@ -37,6 +37,7 @@ StyleCell CellOf(const drawing::Entity& entity);
 class FeatureHeaders {
 public:
     /// Writes the layers into the layer file, where elements refer to them.
+    /// @throws platform::ReadError for a damaged drawing
     FeatureHeaders(config::Session& session, const BuildSettings& settings, drawing::DrawingFile& drawing,
                    PackageWriter& writer);
     /// Writes the records of a chunk's entities into the layer file, and gathers the gazetteer. Each chunk in
