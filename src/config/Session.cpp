@@ -39,7 +39,7 @@ std::string LossReport::Line() const {
 }
 
 Session::Session(ui::UserInterface& userInterface, platform::Clock clock)
-    : ui_(userInterface), clock_(std::move(clock)) {}
+    : ui_(userInterface, [this](std::string_view text) { Log(text); }), clock_(std::move(clock)) {}
 
 std::string Session::ReadIni(std::string_view section, std::string_view key, std::string_view file) const {
     return ReadIniFile(file.empty() ? settings_.IniFilePath : file, section, key);

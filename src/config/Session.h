@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "config/LoggedInterface.h"
 #include "config/SharedSettings.h"
 #include "platform/Clock.h"
 #include "ui/UserInterface.h"
@@ -32,9 +33,12 @@ private:
 class Session {
 public:
     explicit Session(ui::UserInterface& userInterface, platform::Clock clock = platform::LocalTime);
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
 
     SharedSettings& Settings() { return settings_; }
     const SharedSettings& Settings() const { return settings_; }
+    /// Whatever it shows goes to the run log too.
     ui::UserInterface& Ui() { return ui_; }
     platform::DateTime Now() const { return clock_(); }
     LossReport& Losses() { return losses_; }
@@ -54,7 +58,7 @@ public:
     void DebugMessage(std::string_view text);
 
 private:
-    ui::UserInterface& ui_;
+    LoggedInterface ui_;
     platform::Clock clock_;
     SharedSettings settings_;
     LossReport losses_;

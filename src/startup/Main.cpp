@@ -67,7 +67,6 @@ ExitStatus Run(config::Session& session, std::string_view received, const MainOp
 
 ExitStatus Fail(config::Session& session, const std::string& reason) {
     session.Ui().ShowMessage(reason);
-    session.Log(reason);
     return ExitStatus::Failed;
 }
 

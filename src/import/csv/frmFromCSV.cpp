@@ -6,6 +6,7 @@
 #include "drawing/SymbolBlock.h"
 #include "import/FeatureCode.h"
 #include "import/FeatureLayer.h"
+#include "import/SaveImport.h"
 #include "import/SourceFiles.h"
 #include "import/TextSource.h"
 #include "util/Files.h"
@@ -35,13 +36,11 @@ config::Outcome frmFromCSV::Start(std::string_view sourcePath, std::string_view 
     config::Outcome outcome;
     outcome.target = util::JoinPath(sourceFolder, util::BaseNameOf(sourcePath) + ".VDF");
     output_.emplace(drawing_, outcome.target);
+    using Status = config::Outcome::Status;
     for (const std::string& path : SourceFiles(sourcePath, fileList))
-        if (!ImportCsvFile(path)) outcome.status = config::Outcome::Status::Failed;
-    output_->Commit();
-    session_.Ui().Settle(1.0);
-    outcome.layers = drawing_.layerCount() - 1;  // without "0", which every drawing has
+        if (!ImportCsvFile(path)) outcome.status = stopped_ ? Status::StoppedByUser : Status::Failed;
     outcome.features = features_;
-    return outcome;
+    return SaveImport(session_, drawing_, outcome, [&] { output_->Commit(); });
 }
 
 bool frmFromCSV::ImportCsvFile(const std::string& path) {
@@ -69,8 +68,10 @@ bool frmFromCSV::HasItsColumns() {
     bool named = settings_.header && !settings_.east.empty();
     if (named && (columns_.East() < 0 || columns_.North() < 0) &&
         !session_.Ui().AskYesNo("East or North Field '" + settings_.east + "/" + settings_.north +
-                                "' Not Found\n\nContinue with No Coords?"))
+                                "' Not Found\n\nContinue with No Coords?")) {
+        stopped_ = true;
         return false;
+    }
     if (columns_.Key() >= 0) return true;
     session_.Ui().ShowMessage("Key Field '" + settings_.key + "' Not Found");
     return false;

@@ -25,7 +25,7 @@ public:
     /// Imports `sourcePath` and the files of `fileList` (each preceded by "|"; names without a folder lie
     /// beside `sourcePath`) and saves the drawing in `sourceFolder` under the first one's base name.
     /// A file that cannot be opened, or whose columns are missing, is reported and left out, and the outcome
-    /// is Failed.
+    /// is Failed, or StoppedByUser when an answer left out all that there was.
     /// @throws platform::ReadError for a damaged file, platform::WriteError; then nothing is saved
     config::Outcome Start(std::string_view sourcePath, std::string_view sourceFolder,
                           std::string_view fileList);
@@ -46,6 +46,7 @@ private:
     drawing::AttributeSet set_ = 0;
     std::unique_ptr<ui::FormView> view_;
     std::uint64_t features_ = 0;
+    bool stopped_ = false;  ///< an answer left out a file
 };
 
 }  // namespace vexlator::importer

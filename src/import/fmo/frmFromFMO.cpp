@@ -8,6 +8,7 @@
 #include "drawing/SymbolBlock.h"
 #include "formats/fmo/GeometryValue.h"
 #include "import/FeatureCode.h"
+#include "import/SaveImport.h"
 #include "import/SourceFiles.h"
 #include "import/fmo/RowAttributes.h"
 #include "import/fmo/TabletPackage.h"
@@ -121,15 +122,12 @@ config::Outcome frmFromFMO::StartTablet(std::string_view packagePath, std::strin
 }
 
 config::Outcome frmFromFMO::Save(const std::string& drawingPath) {
-    output_->Commit();
     view_->SetLabel("Completed!");
-    session_.Ui().Settle(1.0);
     config::Outcome outcome;
     outcome.target = drawingPath;
-    outcome.layers = drawing_.layerCount() - 1;  // without "0", which every drawing has
     outcome.features = features_;
     if (!complete_) outcome.status = config::Outcome::Status::Failed;
-    return outcome;
+    return SaveImport(session_, drawing_, outcome, [&] { output_->Commit(); });
 }
 
 void frmFromFMO::ImportFmoFile(const std::string& fmoPath) {

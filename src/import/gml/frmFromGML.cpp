@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "import/gml/frmFromGML.h"
 
+#include "import/SaveImport.h"
 #include "import/SourceFiles.h"
 #include "import/TextSource.h"
 #include "import/gml/GmlReader.h"
@@ -43,12 +44,9 @@ config::Outcome frmFromGML::Start(std::string_view sourcePath, std::string_view 
     for (const std::string& path : SourceFiles(sourcePath, fileList))
         if (!ImportGmlFile(path)) outcome.status = config::Outcome::Status::Failed;
     drawing_.zoomExtents();
-    output_->Commit();
     view_->SetLabel("Completed!");
-    session_.Ui().Settle(1.0);
-    outcome.layers = drawing_.layerCount() - 1;  // without "0", which every drawing has
     outcome.features = features_;
-    return outcome;
+    return SaveImport(session_, drawing_, outcome, [&] { output_->Commit(); });
 }
 
 bool frmFromGML::ImportGmlFile(const std::string& path) {

@@ -3,6 +3,7 @@
 #include "import/job/frmFromJOB.h"
 
 #include "gpx/frmGPX.h"
+#include "import/SaveImport.h"
 #include "import/SourceFiles.h"
 #include "import/job/JobText.h"
 #include "import/job/SupersededRecords.h"
@@ -45,11 +46,8 @@ config::Outcome frmFromJOB::Start(std::string_view sourcePath, std::string_view 
         complete &= ImportJobFile(path, importer, outcome);
     NameSource(drawing_, sourcePath);
     complete &= gpx::frmGPX(session_).ProcessAnyTrailData(util::FolderOf(sourcePath));
-    drawing_.saveAs(outcome.target);
-    session_.Ui().Settle(1.0);
     if (!complete) outcome.status = config::Outcome::Status::Failed;
-    outcome.layers = drawing_.layerCount() - 1;  // without "0", which every drawing has
-    return outcome;
+    return SaveImport(session_, drawing_, outcome, [&] { drawing_.saveAs(outcome.target); });
 }
 
 bool frmFromJOB::ImportJobFile(const std::string& path, JobToDrawing& importer, config::Outcome& outcome) {

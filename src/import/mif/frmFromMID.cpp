@@ -6,6 +6,7 @@
 #include "drawing/SymbolBlock.h"
 #include "import/FeatureCode.h"
 #include "import/FeatureLayer.h"
+#include "import/SaveImport.h"
 #include "import/SourceFiles.h"
 #include "import/TextSource.h"
 #include "import/mif/MifHeader.h"
@@ -40,11 +41,8 @@ config::Outcome frmFromMID::Start(std::string_view sourcePath, std::string_view 
     output_.emplace(drawing_, outcome.target);
     for (const std::string& path : SourceFiles(sourcePath, fileList))
         if (!ImportMifFile(path)) outcome.status = config::Outcome::Status::Failed;
-    output_->Commit();
-    session_.Ui().Settle(1.0);
-    outcome.layers = drawing_.layerCount() - 1;  // without "0", which every drawing has
     outcome.features = features_;
-    return outcome;
+    return SaveImport(session_, drawing_, outcome, [&] { output_->Commit(); });
 }
 
 bool frmFromMID::ImportMifFile(const std::string& path) {

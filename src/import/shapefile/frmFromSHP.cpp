@@ -8,6 +8,7 @@
 #include "formats/shapefile/ShapefileReader.h"
 #include "import/FeatureCode.h"
 #include "import/FeatureLayer.h"
+#include "import/SaveImport.h"
 #include "import/SourceFiles.h"
 #include "import/shapefile/TableAttributes.h"
 #include "platform/Paths.h"
@@ -62,13 +63,10 @@ config::Outcome frmFromSHP::Start(std::string_view sourcePath, std::string_view 
     bool complete = true;
     for (const std::string& path : SourceFiles(sourcePath, fileList)) complete &= ImportShapefile(path);
     if (surveyFeet_) drawing_.scale(metresPerFoot);
-    output_->Commit();
     view_->SetLabel("Completed!");
-    session_.Ui().Settle(1.0);
     if (!complete) outcome.status = config::Outcome::Status::Failed;
-    outcome.layers = drawing_.layerCount() - 1;  // without "0", which every drawing has
     outcome.features = features_;
-    return outcome;
+    return SaveImport(session_, drawing_, outcome, [&] { output_->Commit(); });
 }
 
 bool frmFromSHP::ImportShapefile(const std::string& path) {

@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/UserInterface.h"
+
+#include <functional>
+#include <memory>
+#include <string_view>
+
+namespace vexlator::config {
+
+/// Hands everything over to another user interface, and every text that the person sees to the run log too,
+/// so that a night without anybody watching can be read in the morning.
+class LoggedInterface : public ui::UserInterface {
+public:
+    LoggedInterface(ui::UserInterface& shown, std::function<void(std::string_view)> log);
+
+    void ShowMessage(std::string_view text) override;
+    bool AskYesNo(std::string_view text) override;
+    void Report(std::string_view line) override;
+    std::unique_ptr<ui::FormView> ShowForm(std::string_view name) override;
+    void Settle(double seconds) override;
+    void Beep() override;
+
+private:
+    ui::UserInterface& shown_;
+    std::function<void(std::string_view)> log_;
+};
+
+}  // namespace vexlator::config
