@@ -26,7 +26,9 @@ TEST_F(SessionTest, LogAndDebugMessagesOnlyWhenAskedFor) {
     session.Settings().DebugMode = true;
     session.Log("Imported\r\n2 features");
     session.DebugMessage("shown");
-    EXPECT_EQ(TempFolder::Read(folder / "run.log"), "05MAR 14:07: Imported  2 features\r\n");
+    session.Ui().AskYesNo("More?");
+    EXPECT_EQ(TempFolder::Read(folder / "run.log"),
+              "05MAR 14:07: Imported  2 features\r\n05MAR 14:07: shown\r\n05MAR 14:07: More? [No]\r\n");
     EXPECT_EQ(ui.messages, std::vector<std::string>{"shown"});
     session.Settings().InOutLog = folder / "missing/run.log";
     EXPECT_NO_THROW(session.Log("nowhere"));

@@ -78,7 +78,7 @@ protected:
     }
     config::Outcome Import(const std::string& path, const std::string& list = "") {
         config::Outcome outcome = importer::frmFromFMO(session_).Start(path, folder_ / "out", list);
-        imported_.open(outcome.target);
+        if (!outcome.target.empty()) imported_.open(outcome.target);
         return outcome;
     }
     static std::string TextOf(drawing::Entity entity) {

@@ -92,7 +92,7 @@ TEST(CsvImport, MissingColumnsAreAskedAboutOrTold) {
     EXPECT_EQ(run.Text("ID,E,A\n1,2,3\n"), "CODE VDINSERT 2,0 | ID=1 | A=3\n");
     EXPECT_EQ(run.outcome.status, Outcome::Status::Done);
     EXPECT_EQ(run.Text("ID,E,A\n1,2,3\n"), "");
-    EXPECT_EQ(run.outcome.status, Outcome::Status::Failed);
+    EXPECT_EQ(run.outcome.status, Outcome::Status::StoppedByUser);
     EXPECT_EQ(run.ui.questions, (Messages{question, question}));
     EXPECT_EQ(run.Text("id,E,N\n1,2,3\n"), "");
     EXPECT_EQ(run.ui.messages, Messages{"Key Field 'ID' Not Found"});
