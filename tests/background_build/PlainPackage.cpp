@@ -11,7 +11,6 @@
 
 namespace vexlator::test {
 
-using background::Box;
 using background::ElementHeader;
 using util::PlanePoint;
 
@@ -33,46 +32,24 @@ std::string NumbersText(const std::vector<double>& numbers) {
     return text.str();
 }
 
-}  // namespace
-
-std::string LineText(const ElementHeader& header, PlanePoint first,
-                     const std::vector<background::Step>& steps) {
-    std::string text = HeaderText(header) + NumbersText({first.x, first.y});
-    for (background::Step step : steps) text += " " + std::to_string(step.dx) + "," + std::to_string(step.dy);
-    return text + "\n";
+std::string LineText(const std::vector<PlanePoint>& points) {
+    std::string text = NumbersText({points.at(0).x, points.at(0).y});
+    for (std::size_t i = 1; i < points.size(); ++i)
+        text += " " + std::to_string(std::lround((points[i].x - points[i - 1].x) * 100)) + "," +
+                std::to_string(std::lround((points[i].y - points[i - 1].y) * 100));
+    return text;
 }
-
-std::string TextText(const ElementHeader& header, PlanePoint anchor, int height, int rotation,
-                     const std::string& characters) {
-    return HeaderText(header) + NumbersText({anchor.x, anchor.y}) + " height " + std::to_string(height) +
-           " rotation " + std::to_string((rotation + 3600) % 3600) + " \"" + characters + "\"\n";
-}
-
-std::string AreaText(const ElementHeader& header, const Box& box, int rings, int tile) {
-    return HeaderText(header) + NumbersText({box.minX, box.minY, box.maxX, box.maxY}) + " rings " +
-           std::to_string(rings) + " of tile " + std::to_string(tile) + "\n";
-}
-
-std::string TileText(double size) {
-    return "tiles of" + NumbersText({size}) + "\n";
-}
-
-namespace {
 
 std::string ElementText(const background::Element& element) {
-    const ElementHeader& header = element.header;
+    std::string text = HeaderText(element.header);
     if (element.IsText())
-        return TextText(header, {element.text.x, element.text.y}, element.text.height, element.text.rotation,
-                        element.characters);
-    if (element.IsArea())
-        return AreaText(header, element.area.box, element.area.rings, element.rings.at(0).tile);
-    std::vector<background::Step> steps;
-    for (std::size_t i = 1; i < element.points.size(); ++i) {
-        PlanePoint from = element.points[i - 1], to = element.points[i];
-        steps.push_back({static_cast<std::int16_t>(std::lround((to.x - from.x) * 100)),
-                         static_cast<std::int16_t>(std::lround((to.y - from.y) * 100))});
-    }
-    return LineText(header, element.points.at(0), steps);
+        return text + NumbersText({element.text.x, element.text.y}) + " height " +
+               std::to_string(element.text.height) + " rotation " +
+               std::to_string((element.text.rotation + 3600) % 3600) + " \"" + element.characters + "\"\n";
+    if (!element.IsArea()) return text + LineText(element.points) + "\n";
+    const background::Box& box = element.area.box;
+    return text + NumbersText({box.minX, box.minY, box.maxX, box.maxY}) + " rings " +
+           std::to_string(element.area.rings) + " of tile " + std::to_string(element.rings.at(0).tile) + "\n";
 }
 
 }  // namespace
@@ -82,7 +59,7 @@ PlainPackage ReadBack(const std::string& packageFile) {
     PlainPackage package{
         {}, TempFolder::Read(reader.Companion("LAY")), TempFolder::Read(reader.Companion("GAZ"))};
     for (const background::Tile& tile : reader.Tiles()) {
-        package.tiles[tile.file->name] = TileText(tile.header.tileSize);
+        package.tiles[tile.file->name] = "tiles of" + NumbersText({tile.header.tileSize}) + "\n";
         background::ElementReader elements(reader, tile);
         for (background::Element element; elements.Next(element);)
             package.tiles[tile.file->name] += ElementText(element);

@@ -2,12 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "background/package/Records.h"
-#include "util/Angles.h"
-
 #include <map>
 #include <string>
-#include <vector>
 
 namespace vexlator::test {
 
@@ -17,19 +13,8 @@ struct PlainPackage {
     std::string layers, gazetteer;             ///< the files as they are
 };
 
-/// What the files of a package hold.
+/// What the files of a package hold. Coordinates have four digits and rotations no whole turns, so that the
+/// last bits of sines and cosines do not count.
 PlainPackage ReadBack(const std::string& packageFile);
-
-// Lines of a tile. Coordinates have four digits and rotations no whole turns: symbols are placed with a
-// rounding of their own.
-
-/// The first one.
-std::string TileText(double size);
-std::string LineText(const background::ElementHeader& header, util::PlanePoint first,
-                     const std::vector<background::Step>& steps);
-std::string TextText(const background::ElementHeader& header, util::PlanePoint anchor, int height,
-                     int rotation, const std::string& characters);
-std::string AreaText(const background::ElementHeader& header, const background::Box& box, int rings,
-                     int tile);
 
 }  // namespace vexlator::test

@@ -108,15 +108,9 @@ private:
             case 2:
                 return drawing.addCircle(at, Upto(size) / 4);
             case 3:
-                return drawing.addArc(at, Upto(size) / 4, Angle(), Angle());
-            case 4: {
-                drawing::Entity text =
-                    drawing.addText(at, Pick({"", "Mill", "caf\xC3\xA9"}), PickOf({.7, 2.5, 4}), Angle());
-                drawing::Shape shape = text.shape();
-                shape.alignment = OneIn(3) ? 106 : 6;
-                text.setShape(shape);
-                return text;
-            }
+                return AddArc(drawing, at, size);
+            case 4:
+                return AddText(drawing, at);
             case 5: {
                 drawing::Entity line = drawing.addLine(at, Near(at, size));
                 line.setClosed(OneIn(3));
@@ -128,6 +122,23 @@ private:
             default:
                 return AddPolyline(drawing, at, size);
         }
+    }
+
+    // One random number a statement: compilers differ in the order in which they make arguments.
+
+    drawing::Entity AddArc(drawing::Drawing& drawing, const drawing::Point& at, double size) {
+        double radius = Upto(size) / 4, start = Angle(), end = Angle();
+        return drawing.addArc(at, radius, start, end);
+    }
+
+    drawing::Entity AddText(drawing::Drawing& drawing, const drawing::Point& at) {
+        std::string characters = Pick({"", "Mill", "caf\xC3\xA9"});
+        double height = PickOf({.7, 2.5, 4}), angle = Angle();
+        drawing::Entity text = drawing.addText(at, characters, height, angle);
+        drawing::Shape shape = text.shape();
+        shape.alignment = OneIn(3) ? 106 : 6;
+        text.setShape(shape);
+        return text;
     }
 
     drawing::Entity AddInsert(drawing::Drawing& drawing, const drawing::Point& at) {
@@ -155,7 +166,8 @@ private:
         };
         if (attributes_ == Attributes::Classified && !OneIn(9)) {
             add("TOID", Pick({"1000000041355", "osgb77", "0001000000041355"}));
-            add(Pick({"THEME", "Themes"}).c_str(), Pick({"Buildings", "water", "land;water"}));
+            std::string theme = Pick({"THEME", "Themes"});
+            add(theme.c_str(), Pick({"Buildings", "water", "land;water"}));
             add("MAKE", Pick({"Manmade", "natural", ""}));
         }
         if (OneIn(2)) add("NAME", Pick({"", "Mill", " High St ", "a,b", "caf\xC3\xA9", "Mill Lane"}));
