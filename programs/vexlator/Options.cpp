@@ -2,30 +2,80 @@
 // SPDX-License-Identifier: MIT
 #include "Options.h"
 
+#include "platform/Paths.h"
+
 #include <string_view>
 
 namespace vexlator {
 
 namespace {
 
-std::string Joined(std::span<const char* const> arguments) {
-    std::string text;
-    for (const char* argument : arguments) {
-        if (!text.empty()) text += ' ';
-        text += argument;
-    }
-    return text;
-}
+using Task = Options::Task;
 
-Options TaskOptions(Options options, Options::Task task) {
-    options.task = task;
-    return options;
+struct TaskName {
+    std::string_view name;
+    Task task;
+};
+/// What people type for it, in any letter case.
+constexpr TaskName taskNames[] = {
+    {"--help", Task::Help},      {"-help", Task::Help},  {"-h", Task::Help},
+    {"-?", Task::Help},          {"/?", Task::Help},     {"--version", Task::Version},
+    {"-version", Task::Version}, {"-v", Task::Version},  {"--check", Task::Check},
+    {"-check", Task::Check},     {"--init", Task::Init}, {"-init", Task::Init},
+};
+/// These could begin a path, so they have to stand alone.
+constexpr TaskName loneNames[] = {{"help", Task::Help}, {"version", Task::Version}};
+
+constexpr std::string_view yesOption = "--yes";
+
+template <std::size_t count>
+Task TaskOf(const TaskName (&names)[count], std::string_view argument) {
+    for (const TaskName& known : names)
+        if (platform::SameNoCase(known.name, argument)) return known.task;
+    return Task::Run;
 }
 
 Options InitOptions(Options options, std::span<const char* const> arguments) {
-    options.task = Options::Task::Init;
     if (!arguments.empty()) options.initFolder = arguments[0];
-    if (options.initFolder.empty()) options.error = "--init needs a folder";
+    if (options.initFolder.empty() || options.initFolder.starts_with("--"))
+        options.error = "--init needs a folder";
+    else if (arguments.size() > 1)
+        options.error = "--init takes one folder; put quotes around a name with blanks";
+    return options;
+}
+
+void Append(std::string& text, std::string_view word) {
+    if (!text.empty()) text += ' ';
+    text += word;
+}
+
+/// Takes --yes off a command that holds it at one of its ends.
+bool TakeYes(std::string& text) {
+    const std::string before = std::string(yesOption) + " ";
+    const std::string behind = " " + std::string(yesOption);
+    if (text.starts_with(before))
+        text.erase(0, before.size());
+    else if (text.ends_with(behind))
+        text.erase(text.size() - behind.size());
+    else
+        return false;
+    return true;
+}
+
+/// The command, and the options before and behind it.
+Options CommandOptions(Options options, std::span<const char* const> arguments) {
+    bool literal = false;
+    for (std::string_view argument : arguments) {
+        if (literal)
+            Append(options.commandText, argument);
+        else if (argument == "--" && options.commandText.empty())
+            literal = true;
+        else if (platform::SameNoCase(argument, yesOption))
+            options.yesToAll = true;
+        else
+            Append(options.commandText, platform::SameNoCase(argument, "--quiet") ? "-QUIET" : argument);
+    }
+    if (!literal && TakeYes(options.commandText)) options.yesToAll = true;
     return options;
 }
 
@@ -33,23 +83,19 @@ Options InitOptions(Options options, std::span<const char* const> arguments) {
 
 Options ParseOptions(std::span<const char* const> arguments) {
     Options options;
-    while (!arguments.empty() && std::string_view(arguments[0]).starts_with("--")) {
-        std::string_view option = arguments[0];
-        arguments = arguments.subspan(1);
-        if (option == "--help") return TaskOptions(options, Options::Task::Help);
-        if (option == "--version") return TaskOptions(options, Options::Task::Version);
-        if (option == "--check") return TaskOptions(options, Options::Task::Check);
-        if (option == "--init") return InitOptions(options, arguments);
-        if (option == "--") break;
-        if (option == "--yes") {
-            options.yesToAll = true;
-        } else {
-            options.error = "unknown option " + std::string(option);
-            return options;
-        }
-    }
-    options.commandText = Joined(arguments);
-    return options;
+    if (arguments.size() == 1) options.task = TaskOf(loneNames, arguments[0]);
+    if (options.task != Task::Run) return options;
+    std::span<const char* const> rest = arguments;
+    while (!rest.empty() && platform::SameNoCase(rest[0], yesOption)) rest = rest.subspan(1);
+    if (rest.empty()) return CommandOptions(options, arguments);
+    std::string_view first = rest[0];
+    options.task = TaskOf(taskNames, first);
+    if (options.task == Task::Init) return InitOptions(options, rest.subspan(1));
+    if (options.task != Task::Run) return options;
+    bool isUnknown = first.starts_with("--") && first != "--" && !platform::SameNoCase(first, "--quiet") &&
+                     first.find(' ') == std::string_view::npos;
+    if (isUnknown) options.error = "unknown option " + std::string(first);
+    return isUnknown ? options : CommandOptions(options, arguments);
 }
 
 }  // namespace vexlator

@@ -7,18 +7,18 @@
 
 namespace vexlator {
 
-/// What stands before the command text.
+/// What stands around the command text.
 struct Options {
     enum class Task { Run, Help, Version, Init, Check };
     Task task = Task::Run;
     bool yesToAll = false;
     std::string initFolder;   ///< Init
-    std::string commandText;  ///< Run: the arguments after the options, joined by blanks
+    std::string commandText;  ///< Run: the other arguments, joined by blanks
     std::string error;        ///< why the arguments cannot be used; "" when they can
 };
 
-/// Options begin with "--" and end at the first argument that does not, or after a lone "--".
-/// The first of --help, --version, --init and --check decides the task.
+/// --help, --version, --init and --check (and what people type for them) come first and decide the task.
+/// --yes and --quiet are taken before and behind the command. After a lone "--" everything is the command.
 Options ParseOptions(std::span<const char* const> arguments);
 
 }  // namespace vexlator

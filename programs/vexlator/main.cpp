@@ -28,6 +28,7 @@ constexpr std::string_view helpText =
 
   vexlator "IMPORT P/A.SHP"         imports a file into the drawing P/A.VDF
   vexlator "IMPORT P/A.SHP|P/B.SHP" imports several files into the first one's drawing
+  vexlator "IMPORT P/*.SHP"         imports all that match into the first one's drawing
   vexlator "P/A.SHP"                exports the drawing P/A.VDF into the folder P/A
   vexlator [SELECT | GO OPTIONS]    opens the selection window
 
@@ -35,7 +36,7 @@ In a command:
   -QUIET                            asks no questions that would hold up an unattended run
   ?BOX MINX,MINY,MAXX,MAXY ?        limits an import to this extent
 
-Before a command:
+Before or behind a command:
   --yes                             answers every question with Yes
 
 Instead of a command:
@@ -49,19 +50,10 @@ Exit status: 0 done; 1 the conversion failed; 2 the installation or an option is
 
 )";
 
-/// The codes of the rows whose conversions exist.
-template <typename Rows>
-std::string Codes(const Rows& rows) {
-    std::string codes;
-    for (const auto& row : rows)
-        if (row.call) codes.append(" ").append(row.code);
-    return codes;
-}
-
 std::string HelpText() {
     startup::Conversions conversions = startup::AllConversions();
-    return std::string(helpText) + "Imports:" + Codes(conversions.imports) +
-           "\nExports:" + Codes(conversions.exports) + "\n";
+    return std::string(helpText) + "Imports: " + conversions.ImportCodes() +
+           "\nExports: " + conversions.ExportCodes() + "\n";
 }
 
 ExitStatus Print(const std::string& text) {

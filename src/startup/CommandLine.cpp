@@ -6,6 +6,9 @@
 #include "util/Paths.h"
 #include "util/Text.h"
 
+#include <charconv>
+#include <cmath>
+
 namespace vexlator::startup {
 
 namespace {
@@ -23,9 +26,41 @@ GoOption ParseGoOption(std::string_view item) {
     return {std::string(util::GetField(0, item, "=")), std::string(util::GetField(1, item, "="))};
 }
 
+/// A closed extent block in a text: its place, and the text of its values.
+struct ExtentBlock {
+    std::size_t begin, size;
+    std::string_view values;
+};
+
+std::optional<ExtentBlock> FindExtent(std::string_view text) {
+    std::size_t position = util::InStrNoCase(text, boxSwitch);
+    if (position == 0) return std::nullopt;
+    std::size_t begin = position - 1;
+    std::size_t values = begin + boxSwitch.size();
+    std::size_t end = text.find('?', values);
+    if (end == std::string_view::npos) return std::nullopt;
+    std::size_t length = end > values ? end - values - 1 : 0;
+    return ExtentBlock{begin, end + 1 - begin, text.substr(values, length)};
+}
+
 config::ImportExtentBox ParseExtent(std::string_view text) {
     return {util::GetCommaNumber(0, text), util::GetCommaNumber(1, text), util::GetCommaNumber(2, text),
             util::GetCommaNumber(3, text)};
+}
+
+bool IsNumber(std::string_view text) {
+    text = util::Trim(text);
+    double value = 0;
+    auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    return error == std::errc() && end == text.data() + text.size() && std::isfinite(value);
+}
+
+bool IsExtent(std::string_view values) {
+    if (util::CountOf(values, ",") != 3) return false;
+    for (std::size_t i = 0; i < 4; ++i)
+        if (!IsNumber(util::GetCommaField(i, values))) return false;
+    config::ImportExtentBox extent = ParseExtent(values);
+    return extent.minX <= extent.maxX && extent.minY <= extent.maxY;
 }
 
 }  // namespace
@@ -53,17 +88,18 @@ bool TakeQuiet(std::string& text) {
 }
 
 std::optional<config::ImportExtentBox> TakeExtent(std::string& text) {
-    std::size_t position = util::InStrNoCase(text, boxSwitch);
-    if (position == 0) return std::nullopt;
-    std::size_t begin = position - 1;
-    std::size_t values = begin + boxSwitch.size();
-    std::size_t end = text.find('?', values);
-    if (end == std::string::npos) return std::nullopt;
-    std::size_t length = end > values ? end - values - 1 : 0;
-    config::ImportExtentBox extent = ParseExtent(std::string_view(text).substr(values, length));
-    text.erase(begin, end + 1 - begin);
+    std::optional<ExtentBlock> block = FindExtent(text);
+    if (!block) return std::nullopt;
+    config::ImportExtentBox extent = ParseExtent(block->values);
+    text.erase(block->begin, block->size);
     text = std::string(util::Trim(text));
     return extent;
+}
+
+bool ExtentIsWrong(std::string_view text) {
+    if (util::InStrNoCase(text, boxSwitch) == 0) return false;
+    std::optional<ExtentBlock> block = FindExtent(text);
+    return !block || !IsExtent(block->values);
 }
 
 std::string_view WithoutQuotes(std::string_view text) {
@@ -76,9 +112,13 @@ Mode ModeOf(std::string_view text) {
     return text.empty() || text.starts_with("SELECT") ? Mode::Select : Mode::Export;
 }
 
-ImportCommand ParseImport(std::string_view text) {
+std::string_view ImportArgument(std::string_view text) {
     // Switches that stood before the path leave blanks behind.
-    std::string_view argument = util::Trim(From(text, importWord.size() + 1));
+    return util::Trim(From(text, importWord.size() + 1));
+}
+
+ImportCommand ParseImport(std::string_view text) {
+    std::string_view argument = ImportArgument(text);
     std::size_t bar = argument.find('|');
     std::string_view first = argument.substr(0, bar);
     ImportCommand command;

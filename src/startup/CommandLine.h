@@ -35,6 +35,10 @@ bool TakeQuiet(std::string& text);
 /// before the closing "?" belongs to the block, not to the extent: "?BOX1,2,3,4?" ends in 0, not in 4.
 std::optional<config::ImportExtentBox> TakeExtent(std::string& text);
 
+/// True for a text with an extent block that would limit nothing, or to something else than what is meant:
+/// not closed, not four numbers, or a least value above its greatest.
+bool ExtentIsWrong(std::string_view text);
+
 /// Drops the first and the last character, whatever that is, of a text that begins with a double quote.
 std::string_view WithoutQuotes(std::string_view text);
 
@@ -42,6 +46,9 @@ enum class Mode { Select, Import, Export };
 
 /// What a command asks for once its switches are off. An empty text asks for the selection window.
 Mode ModeOf(std::string_view text);
+
+/// The text behind IMPORT and the character that follows it, without the blanks around it.
+std::string_view ImportArgument(std::string_view text);
 
 /// The source of an import, as an importer takes it.
 struct ImportCommand {

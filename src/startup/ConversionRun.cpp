@@ -2,14 +2,18 @@
 // SPDX-License-Identifier: MIT
 #include "startup/ConversionRun.h"
 
+#include "drawing/DrawingFile.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
+#include "startup/CommandLine.h"
 #include "startup/PostExport.h"
+#include "startup/Slips.h"
 #include "util/Files.h"
 #include "util/Numbers.h"
 #include "util/Paths.h"
 
 #include <string>
+#include <vector>
 
 namespace vexlator::startup {
 
@@ -33,16 +37,42 @@ std::string Counted(std::uint64_t count, std::string_view noun) {
     return util::GroupedCount(count) + " " + std::string(noun) + (count == 1 ? "" : "s");
 }
 
-/// Ends a run with what it did and what it could not keep.
-void Summarise(config::Session& session, std::string_view done, const Outcome& outcome) {
-    session.Ui().Report(std::string(done) + " " + Counted(outcome.layers, "layer") + ", " +
-                        Counted(outcome.features, "feature") + " to " + platform::NativePath(outcome.target));
+/// Ends a run with what it did, as in "exported SHP", and what it could not keep.
+void Summarise(config::Session& session, const std::string& done, const Outcome& outcome,
+               const std::string& remark = "") {
+    session.Ui().Report(done + ": " + Counted(outcome.layers, "layer") + ", " +
+                        Counted(outcome.features, "feature") + " to " + platform::NativePath(outcome.target) +
+                        remark);
     if (!session.Losses().Empty()) session.Ui().Report(session.Losses().Line());
 }
 
-ExitStatus NothingToDo(config::Session& session, const std::string& reason) {
-    session.Ui().Report("vexlator: " + reason);
-    return ExitStatus::NothingToDo;
+/// Why an export that is done holds no feature.
+std::string NoFeaturesRemark(const ExportCommand& command) {
+    std::uint64_t count = drawing::DrawingFile(command.drawingPath).EntityCount();
+    std::string drawing = "; the drawing " + platform::NativePath(command.drawingPath);
+    if (count == 0) return drawing + " has no features";
+    return drawing + " has " + Counted(count, "feature") + ", none that " + command.code + " takes";
+}
+
+void ReportGuess(config::Session& session, const SourceList& sources) {
+    std::size_t count = sources.paths.size();
+    std::string last = platform::NativePath(util::FileNameOf(sources.paths.back()));
+    std::string line = "reading " + platform::NativePath(sources.paths.front());
+    if (count == 2) line += " and " + last;
+    if (count > 2) line += " to " + last + ", " + Counted(count, "file") + ",";
+    if (count > 1) line += " into one drawing";
+    session.Ui().Report(line);
+}
+
+ImportCommand CommandOf(const SourceList& sources) {
+    std::string text = "IMPORT";
+    for (const std::string& path : sources.paths) text += (text.size() == 6 ? " " : "|") + path;
+    return ParseImport(text);
+}
+
+bool HasExtent(const config::Session& session) {
+    const config::ImportExtentBox& box = session.Settings().ImportExtent;
+    return box.minX != 0 || box.minY != 0 || box.maxX != 0 || box.maxY != 0;
 }
 
 /// A text file is a table, or a meter-reading file where the installation says so. A job file too short to
@@ -77,29 +107,50 @@ private:
 
 }  // namespace
 
-ExitStatus RunImport(config::Session& session, const Conversions& conversions, ImportCommand command) {
+ExitStatus Refuse(config::Session& session, const std::string& reason, ExitStatus status) {
+    session.Ui().Report("vexlator: " + reason);
+    return status;
+}
+
+ExitStatus RunImport(config::Session& session, const Conversions& conversions, std::string_view text) {
+    SourceList sources = FindSources(conversions, ImportArgument(text));
+    if (auto slip = FindImportSlip(conversions, text, sources))
+        return Refuse(session, slip->advice, slip->status);
+    if (sources.guessed) ReportGuess(session, sources);
+    ImportCommand command = CommandOf(sources);
     ChooseSource(session, command);
     const ImportRow* row = conversions.FindImport(command.code);
-    if (!row) return NothingToDo(session, "nothing imports \"" + command.code + "\"");
-    if (!row->call) return NothingToDo(session, command.code + " import is not available yet");
+    if (!row || !row->call)
+        return Refuse(session, command.code + " import is not available yet", ExitStatus::NothingToDo);
+    if (HasExtent(session) && row->form != "frmFromFMO")
+        session.Ui().Report("?BOX limits imports of databases only; " +
+                            platform::NativePath(command.sourcePath) + " is read whole");
     platform::RemoveLeftovers(command.sourceFolder);
     Outcome outcome = row->call(session, command);
     // A drawing is saved even when one of several files could not be read.
-    if (!outcome.target.empty()) Summarise(session, "imported", outcome);
+    if (!outcome.target.empty()) Summarise(session, "imported " + command.code, outcome);
     return StatusOf(outcome);
 }
 
-ExitStatus RunExport(config::Session& session, const Conversions& conversions, ExportCommand command) {
+ExitStatus RunExport(config::Session& session, const Conversions& conversions, std::string_view text) {
+    if (auto slip = FindExportSlip(conversions, text)) return Refuse(session, slip->advice, slip->status);
+    ExportCommand command = ParseExport(text);
+    const std::string formats = "; formats are " + conversions.ExportCodes();
     if (command.code.empty())
-        return NothingToDo(
-            session, "\"" + platform::NativePath(command.targetPath) + "\" names no format to export to");
+        return Refuse(
+            session,
+            "\"" + platform::NativePath(command.targetPath) + "\" names no format to export to" + formats,
+            ExitStatus::NothingToDo);
     TargetFolder folder(command.targetPath);
     const ExportRow* row = conversions.FindExport(command.code);
     if (!row || !row->call) {
         folder.Keep();
         RunPostExportSteps(session, command);
-        return NothingToDo(session, row ? command.code + " export is not available yet"
-                                        : "nothing exports to \"" + command.code + "\"");
+        return Refuse(session,
+                      (row ? command.code + " export is not available yet"
+                           : "nothing exports to \"" + command.code + "\"") +
+                          formats,
+                      ExitStatus::NothingToDo);
     }
     if (row->intoFmoDirectory) command.targetPath = session.Settings().FMODirectory;
     platform::RemoveLeftovers(command.targetPath);
@@ -107,7 +158,8 @@ ExitStatus RunExport(config::Session& session, const Conversions& conversions, E
     if (outcome.status != Outcome::Status::Done) return StatusOf(outcome);
     folder.Keep();
     RunPostExportSteps(session, command);
-    Summarise(session, "exported", outcome);
+    Summarise(session, "exported " + command.code, outcome,
+              outcome.features == 0 ? NoFeaturesRemark(command) : "");
     return ExitStatus::Done;
 }
 

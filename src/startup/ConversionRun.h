@@ -3,18 +3,23 @@
 #pragma once
 
 #include "config/Session.h"
-#include "startup/CommandLine.h"
 #include "startup/Conversions.h"
 #include "startup/ExitStatus.h"
 
+#include <string>
+#include <string_view>
+
 namespace vexlator::startup {
 
-/// Runs the importer of the command's format. @throws whatever the importer throws.
-ExitStatus RunImport(config::Session& session, const Conversions& conversions, ImportCommand command);
+/// Ends a command that cannot be run: says why in a plain line.
+ExitStatus Refuse(config::Session& session, const std::string& reason, ExitStatus status);
 
-/// Runs the exporter of the command's format, then the steps that follow an export; those also when nothing
-/// exports this format. An export that failed or was stopped leaves neither a record nor an empty folder that
-/// it made. @throws whatever the exporter throws.
-ExitStatus RunExport(config::Session& session, const Conversions& conversions, ExportCommand command);
+/// Runs the importer of the format that an IMPORT command names. @throws whatever the importer throws.
+ExitStatus RunImport(config::Session& session, const Conversions& conversions, std::string_view text);
+
+/// Runs the exporter of the format that a path names, then the steps that follow an export; those also when
+/// nothing exports this format. An export that failed or was stopped leaves neither a record nor an empty
+/// folder that it made. @throws whatever the exporter throws.
+ExitStatus RunExport(config::Session& session, const Conversions& conversions, std::string_view text);
 
 }  // namespace vexlator::startup

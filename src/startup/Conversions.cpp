@@ -106,6 +106,14 @@ const Row* Find(std::span<const Row> rows, std::string_view code) {
     return row == rows.end() ? nullptr : &*row;
 }
 
+template <typename Row>
+std::string Codes(std::span<const Row> rows) {
+    std::string codes;
+    for (const Row& row : rows)
+        if (row.call) codes.append(codes.empty() ? "" : " ").append(row.code);
+    return codes;
+}
+
 }  // namespace
 
 const ImportRow* Conversions::FindImport(std::string_view code) const {
@@ -113,6 +121,12 @@ const ImportRow* Conversions::FindImport(std::string_view code) const {
 }
 const ExportRow* Conversions::FindExport(std::string_view code) const {
     return Find(exports, code);
+}
+std::string Conversions::ImportCodes() const {
+    return Codes(imports);
+}
+std::string Conversions::ExportCodes() const {
+    return Codes(exports);
 }
 
 Conversions AllConversions() {

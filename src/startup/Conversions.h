@@ -7,6 +7,7 @@
 #include "startup/CommandLine.h"
 
 #include <span>
+#include <string>
 #include <string_view>
 
 /// The list of formats: which conversion a format code leads to. There is no other.
@@ -36,6 +37,9 @@ struct Conversions {
     /// nullptr when the code is in no row.
     const ImportRow* FindImport(std::string_view code) const;
     const ExportRow* FindExport(std::string_view code) const;
+    /// The codes whose conversions exist, with blanks between.
+    std::string ImportCodes() const;
+    std::string ExportCodes() const;
 };
 
 /// Every format that there is.

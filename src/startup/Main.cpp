@@ -7,6 +7,7 @@
 #include "startup/CommandLine.h"
 #include "startup/ConversionRun.h"
 #include "startup/Settings.h"
+#include "startup/Slips.h"
 #include "util/Files.h"
 #include "util/Text.h"
 
@@ -53,12 +54,18 @@ ExitStatus Run(config::Session& session, std::string_view received, const MainOp
     session.DebugMessage("ATP:" + session.Settings().ATPDirectory);
     session.DebugMessage(text);
     util::MakeFolderTree(session.Settings().TempDirectory);
-    text = WithoutSwitches(session.Settings(), std::move(text));
+    if (ExtentIsWrong(text))
+        return Refuse(session,
+                      "the extent of " + text +
+                          " is not understood; it is written ?BOX minX,minY,maxX,maxY ?, with "
+                          "the blank before the last ?",
+                      ExitStatus::NotUsable);
+    text = Tidied(options.conversions, WithoutSwitches(session.Settings(), std::move(text)));
     switch (ModeOf(text)) {
         case Mode::Import:
-            return RunImport(session, options.conversions, ParseImport(text));
+            return RunImport(session, options.conversions, text);
         case Mode::Export:
-            return RunExport(session, options.conversions, ParseExport(text));
+            return RunExport(session, options.conversions, text);
         case Mode::Select:
             break;
     }

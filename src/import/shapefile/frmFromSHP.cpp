@@ -87,6 +87,9 @@ bool frmFromSHP::ImportShapefile(const std::string& path) {
         source.table.emplace(dbfPath, drawing_);
         drawing::GenerateAtp(session_, FeatureTemplatePath(session_, source.code), source.table->FieldNames(),
                              source.table->FieldWidths());
+    } else {
+        session_.Ui().Report(platform::NativePath(dbfPath) + " is missing or empty; the features of " +
+                             util::FileNameOf(source.shp.Name()) + " have no attributes");
     }
     auto firstEntity = static_cast<std::uint32_t>(drawing_.entityCount());
     ReadRecords(source);
