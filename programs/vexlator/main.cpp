@@ -46,7 +46,7 @@ Instead of a command:
 
 The environment variable VEXLATOR_HOME names the installation; without it, it is the program's folder.
 Exit status: 0 done; 1 the conversion failed; 2 the installation or an option is not usable;
-3 nothing to do for this command; 4 stopped by the answer to a question.
+3 nothing to do for this command, or it is not understood; 4 stopped by the answer to a question.
 
 )";
 

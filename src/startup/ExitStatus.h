@@ -7,9 +7,9 @@ namespace vexlator::startup {
 /// What a run tells the program that started it.
 enum class ExitStatus : int {
     Done = 0,
-    Failed = 1,         ///< the conversion failed; the person has been told
-    NotUsable = 2,      ///< the installation or the program's options cannot be used
-    NothingToDo = 3,    ///< nothing converts this format, or there is no selection window
+    Failed = 1,       ///< the conversion failed; the person has been told
+    NotUsable = 2,    ///< the installation or the program's options cannot be used
+    NothingToDo = 3,  ///< nothing converts this format, the command is not understood, or there is no window
     StoppedByUser = 4,  ///< the answer to a question ended the run
 };
 

@@ -16,6 +16,8 @@ namespace vexlator::startup {
 namespace {
 
 constexpr std::string_view importWord = "IMPORT";
+constexpr std::string_view howToExport =
+    "an export is a path alone, as in \"/data/roads.SHP\", which reads /data/roads.VDF";
 
 std::string Quoted(std::string_view text) {
     return "\"" + std::string(text) + "\"";
@@ -86,8 +88,9 @@ public:
         ExportCommand command = ParseExport(text);
         if (auto slip = InWords(text)) return slip;
         std::string_view behind = BehindFirstFile(text);
+        if (auto slip = InSigns(behind)) return slip;
         if (!behind.empty())
-            return Slip{.advice = Quoted(behind) + " is not understood; an export is one path alone"};
+            return Slip{.advice = Quoted(behind) + " is not understood; " + std::string(howToExport)};
         if (command.code == "VDF")
             return Slip{.advice = "VDF is what drawings are kept in" + NameAFormat(command.drawingPath)};
         std::string source = SourceBeside(platform::AbsolutePath(text));
@@ -110,13 +113,12 @@ private:
     static std::optional<Slip> InWords(std::string_view text) {
         std::string word = platform::UpperAscii(text.substr(0, text.find(' ')));
         std::string rest(util::Trim(text.substr(word.size())));
-        if (word == "EXPORT" || word == "CONVERT")
-            return Slip{
-                .advice =
-                    "an export is a path alone, as in \"/data/roads.SHP\", which reads /data/roads.VDF"};
+        if (word == "EXPORT" || word == "CONVERT") return Slip{.advice = std::string(howToExport)};
         if (IsOneSlipFrom(word, importWord))
             return Slip{.advice = DidYouMean("IMPORT " + (rest.empty() ? "FILE" : rest))};
         if (word == "SELECT" || word == "GO") return Slip{.advice = DidYouMean(word)};
+        if (word == "INIT" || word == "CHECK")
+            return Slip{.advice = "see vexlator --help for --init and --check"};
         if (auto slip = InSigns(text)) return slip;
         if (text.find_first_of("*?") != std::string_view::npos)
             return Slip{.advice = "one command makes one export; give a command for each drawing of " +
@@ -133,6 +135,8 @@ private:
         if (text.find('"') != std::string_view::npos)
             return Slip{.advice = "a double quote is left over in " + std::string(text) +
                                   "; put two around the whole command, or none"};
+        if (text.starts_with("~/"))
+            return Slip{.advice = "~ is no folder inside quotes; give the whole path for " + Quoted(text)};
         return std::nullopt;
     }
 
@@ -147,11 +151,14 @@ private:
             return Slip{ExitStatus::Failed, "no file that can be imported matches " + Native(path)};
         if (BehindFirstFile(argument).empty()) return std::nullopt;
         std::string_view missing = FirstMissing(argument);
+        if (auto slip = InSigns(missing)) return slip;
+        if (CodeOf(missing) == "VDF")
+            return Slip{.advice = Quoted(missing) +
+                                  " is not understood; an import's drawing is named after its first file"};
         constexpr std::string_view joined = "; several files are joined by |, as in \"IMPORT a.shp|b.shp\"";
         if (IsKnown(CodeOf(missing)))
             return Slip{ExitStatus::Failed, "there is no file " + Quoted(missing) + std::string(joined)};
-        return Slip{.advice = Quoted(missing) + " is not understood" + std::string(joined) +
-                              "; switches are -QUIET and ?BOX"};
+        return Slip{.advice = Quoted(missing) + " is not understood" + std::string(joined)};
     }
 
     Slip UnknownSource(const std::string& path, const std::string& code) const {
@@ -223,6 +230,7 @@ std::string Tidied(const Conversions& conversions, std::string_view text) {
     if (Finder(conversions).NamesFiles(text)) return tidied;
     std::erase_if(tidied, [](char c) { return c == '\r' || c == '\n'; });
     if (util::CountOf(tidied, "\"") % 2 == 0) std::erase(tidied, '"');
+    if (IsInSingleQuotes(tidied)) tidied = tidied.substr(1, tidied.size() - 2);
     return WithoutQuietWords(tidied);
 }
 

@@ -22,8 +22,7 @@ public:
 
     void AddItem(std::string_view item) {
         std::string_view name = util::Trim(item);
-        if (!Exists(name) && name.size() > 1 && name.starts_with('\'') && name.ends_with('\''))
-            name = name.substr(1, name.size() - 2);
+        if (!Exists(name) && IsInSingleQuotes(name)) name = name.substr(1, name.size() - 2);
         if (Exists(item))
             Add(std::string(item));
         else if (Exists(name) || !(AddGuessed(Matches(name)) || AddGuessed(Parts(name))))
@@ -88,6 +87,10 @@ private:
 };
 
 }  // namespace
+
+bool IsInSingleQuotes(std::string_view text) {
+    return text.size() > 1 && text.starts_with('\'') && text.ends_with('\'');
+}
 
 bool CanImport(const Conversions& conversions, std::string_view code) {
     const ImportRow* row = conversions.FindImport(code == "TXT" ? "CSV" : code);

@@ -13,6 +13,8 @@ namespace vexlator::startup {
 /// What people put between the names of several files.
 inline constexpr std::string_view nameSeparators = " ,;&";
 
+bool IsInSingleQuotes(std::string_view text);
+
 /// True for a code that an importer exists for, and for TXT, which stands for one.
 bool CanImport(const Conversions& conversions, std::string_view code);
 
