@@ -46,7 +46,8 @@ Instead of a command:
 
 The environment variable VEXLATOR_HOME names the installation; without it, it is the program's folder.
 Exit status: 0 done; 1 the conversion failed; 2 the installation or an option is not usable;
-3 nothing to do for this command, or it is not understood; 4 stopped by the answer to a question.
+3 nothing to do for this command, or it is not understood; 4 stopped by the answer to a question;
+130, 143 stopped by INT, TERM.
 
 )";
 
@@ -91,6 +92,7 @@ ExitStatus Perform(const Options& options) {
         case Options::Task::Run:
             break;
     }
+    platform::StopOnSignals();
     return startup::Main(options.commandText, terminal, {.showSelection = OpenDesktop});
 }
 
@@ -101,5 +103,7 @@ int main(int argc, char** argv) {
     using namespace vexlator;
     platform::HandleFileSignals();
     std::span<const char* const> arguments(argv, static_cast<std::size_t>(argc));
-    return static_cast<int>(Perform(ParseOptions(arguments.subspan(argc > 0 ? 1 : 0))));
+    ExitStatus status = Perform(ParseOptions(arguments.subspan(argc > 0 ? 1 : 0)));
+    if (status == ExitStatus::Interrupted) platform::EndBySignal();
+    return static_cast<int>(status);
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Files.h"
 
+#include "platform/FileRights.h"
 #include "platform/NativeFiles.h"
 #include "platform/Paths.h"
 
@@ -117,9 +118,17 @@ std::string ReadWholeFile(std::string_view path) {
 
 void AppendToFile(std::string_view path, std::string_view content) {
     std::string native = FindExisting(path);
-    if (native.empty()) native = PathToWrite(path);
-    int descriptor = ::open(native.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
-    if (descriptor < 0) throw WriteError(native, Reason(errno));
+    native = FollowLinks(native.empty() ? PathToWrite(path) : native);
+    // A named pipe must not stop us before we know what it is.
+    int descriptor = ::open(native.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK, 0666);
+    if (descriptor < 0 && errno != ENXIO) throw WriteError(native, Reason(errno));
+    struct stat info {};
+    bool isFile = descriptor >= 0 && ::fstat(descriptor, &info) == 0 &&
+                  (S_ISREG(info.st_mode) || S_ISCHR(info.st_mode));
+    if (!isFile) {
+        ::close(descriptor);
+        throw WriteError(native, "is not a file");
+    }
     ssize_t written = ::write(descriptor, content.data(), content.size());
     int error = written < 0 ? errno : static_cast<std::size_t>(written) < content.size() ? ENOSPC : 0;
     if (::close(descriptor) != 0 && error == 0) error = errno;
@@ -170,6 +179,21 @@ bool CreateFolderTree(std::string_view path) {
     return FolderExists(path);
 }
 
+void RequireFolder(std::string_view path) {
+    if (FolderExists(path)) return;
+    std::string native = PathToWrite(path);
+    std::error_code error;
+    fs::create_directories(native, error);
+    if (!FolderExists(path)) throw WriteError(native, error ? error.message() : Reason(ENOTDIR));
+}
+
+void RequireListing(std::string_view path) {
+    std::error_code error;
+    std::string native = FindExisting(path);
+    for (fs::directory_iterator it(native, error), end; !error && it != end;) it.increment(error);
+    if (error) throw ReadError(native, "", error.message());
+}
+
 bool RemoveEmptyFolder(std::string_view path) {
     std::string native = FindExisting(path);
     return !native.empty() && ::rmdir(native.c_str()) == 0;
@@ -193,7 +217,7 @@ bool RenameFile(std::string_view source, std::string_view target) {
         }
         ::unlink(from.c_str());
     }
-    RemoveOtherCases(to);
+    RemoveTwins(FindTwins({to}));
     return true;
 }
 

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <span>
 #include <string>
@@ -47,6 +48,9 @@ private:
 /// Bytes go to a temporary file beside the target; Commit() syncs it and moves it into place, and removes
 /// files of the same name in another letter case. Destroyed without Commit(), it leaves the old target as it
 /// was. What a killed program leaves behind is taken away by RemoveLeftovers().
+/// The new file has owner, group, mode and access list of the old one, as far as this process may set them;
+/// other names of the old one (hard links) keep the old bytes. A symbolic link is followed, but never one in
+/// a folder that others can write.
 /// @throws WriteError: native path, system reason; from every member that writes, and from Commit(), when the
 /// disk fills late.
 class OutputFile {
@@ -91,8 +95,11 @@ public:
 private:
     friend class OutputSet;
     void Flush();
-    /// Moves a finished file into place.
-    void Place();
+    /// Writes out what there is and lets the disk begin; needs no buffer any more.
+    void Push();
+    void StartWriteBack();
+    /// Where the file replaces another one of the same name in another letter case only.
+    void TakeRightsOfTwin(const std::multimap<std::string, std::string>& twins);
     void Put(const char* data, std::size_t size);
     [[noreturn]] void Fail(int error) const;
 
@@ -106,7 +113,8 @@ private:
     std::uint64_t pushed_ = 0;
 };
 
-/// Deletes temporary files and folders that killed runs left in a folder. Those of running programs stay.
+/// Deletes temporary files and folders that killed runs left in a folder, and ends what they were putting
+/// into place. What belongs to running programs stays.
 void RemoveLeftovers(std::string_view folder);
 
 /// The content of a small file that other programs may write meanwhile. @throws ReadError
@@ -116,7 +124,8 @@ std::string ReadWholeFile(std::string_view path);
 void ReplaceFile(std::string_view path, std::string_view content);
 
 /// Appends to a file, creating it; one write call, so that lines of several programs do not mix.
-/// @throws WriteError
+/// @throws WriteError, also for what is neither a file nor a terminal or the like: a pipe would hold up the
+/// run
 void AppendToFile(std::string_view path, std::string_view content);
 
 /// Copies a regular file atomically. @throws ReadError, WriteError
@@ -130,6 +139,10 @@ bool FolderExists(std::string_view path);
 /// Creates one folder, or every missing folder of the path. True when the folder is there afterwards.
 bool CreateFolder(std::string_view path);
 bool CreateFolderTree(std::string_view path);
+/// Creates every missing folder of the path. @throws WriteError with the system's reason
+void RequireFolder(std::string_view path);
+/// @throws ReadError when what a folder holds cannot be listed: the listings below are then empty
+void RequireListing(std::string_view path);
 /// Removes an empty folder; false when it is not empty or not there.
 bool RemoveEmptyFolder(std::string_view path);
 /// Gives a file another name, in place of a file that has that name; copies it when the target lies on
@@ -145,8 +158,8 @@ std::vector<std::string> ListFiles(std::string_view folder);
 std::vector<std::string> ListFolders(std::string_view folder);
 
 /// Holds an exclusive lock for its lifetime: on the file `path` + ".lock", which is made when missing and
-/// deleted when the last holder leaves. Waits until it is free.
-/// @throws WriteError when the lock file cannot be made.
+/// deleted when the last holder leaves. Waits until it is free, at most for 20 seconds.
+/// @throws WriteError when the lock file cannot be made, or somebody else keeps the lock.
 class FileLock {
 public:
     explicit FileLock(std::string_view path);

@@ -4,15 +4,65 @@
 
 #include "platform/NativeFiles.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <fstream>
+#include <string_view>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 namespace vexlator::platform {
+
+namespace {
+
+/// A file in the folder that is being replaced, for whoever finds that folder later. It holds texts with a
+/// NUL behind each: the folder's name, then the names of the files that go with it.
+constexpr std::string_view noteName = ".replaced.vxtmp";
+
+bool WriteNote(const std::string& folder, const std::set<std::string>& replaced) {
+    std::string note = folder + "/" + std::string(noteName), text = NamePart(folder) + '\0';
+    for (const std::string& name : replaced) text += name + '\0';
+    int descriptor = ::open(note.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0600);
+    if (descriptor < 0) return false;
+    bool isWritten = ::write(descriptor, text.data(), text.size()) == static_cast<ssize_t>(text.size());
+    ::close(descriptor);
+    if (!isWritten) ::unlink(note.c_str());
+    return isWritten;
+}
+
+/// The texts of a folder's note; none when it has none of this user's, who alone may say what is carried
+/// over.
+std::vector<std::string> ReadNote(const std::string& folder) {
+    std::string note = folder + "/" + std::string(noteName);
+    struct stat info {};
+    if (::lstat(note.c_str(), &info) != 0 || !S_ISREG(info.st_mode) || info.st_uid != ::geteuid()) return {};
+    std::ifstream file(note, std::ios::binary);
+    std::vector<std::string> texts;
+    for (std::string text; std::getline(file, text, '\0');) texts.push_back(text);
+    return texts;
+}
+
+/// Takes everything out of a folder that has been replaced: what others put into it goes to the folder that
+/// took its place.
+void Empty(const std::string& folder, const std::vector<std::string>& note) {
+    std::string successor = FolderPart(folder) + "/" + NamePart(note.front());
+    std::set<std::string> replaced(note.begin() + 1, note.end());
+    replaced.emplace(noteName);
+    for (const std::string& name : EntriesOf(folder)) {
+        std::string old = folder + "/" + name, carried = successor + "/" + name;
+        bool goes = replaced.contains(name);
+        if (!goes && ::renameat2(AT_FDCWD, old.c_str(), AT_FDCWD, carried.c_str(), RENAME_NOREPLACE) != 0)
+            goes = errno == EEXIST;  // what came under the name of a new file is older than that
+        if (goes) ::unlink(old.c_str());
+    }
+}
+
+}  // namespace
 
 FolderSwap::FolderSwap(std::string native) : native_(std::move(native)) {
     struct stat info {};
@@ -31,7 +81,7 @@ FolderSwap::FolderSwap(std::string native) : native_(std::move(native)) {
 
 FolderSwap::~FolderSwap() {
     if (descriptor_ < 0) return;
-    RemoveFlatFolder(beside_);
+    RemoveSwapFolder(beside_);
     ::close(descriptor_);
 }
 
@@ -44,14 +94,25 @@ bool FolderSwap::Link(const std::string& nativeFile, const std::string& name) {
     return ::linkat(AT_FDCWD, nativeFile.c_str(), descriptor_, name.c_str(), 0) == 0;
 }
 
-bool FolderSwap::TakePlace() {
+bool FolderSwap::TakePlace(const std::set<std::string>& replaced) {
+    if (!WriteNote(native_, replaced)) return false;
     ::fsync(descriptor_);
-    return ::renameat2(AT_FDCWD, beside_.c_str(), AT_FDCWD, native_.c_str(), RENAME_EXCHANGE) == 0;
+    if (::renameat2(AT_FDCWD, beside_.c_str(), AT_FDCWD, native_.c_str(), RENAME_EXCHANGE) == 0) return true;
+    ::unlink((native_ + "/" + std::string(noteName)).c_str());
+    return false;
 }
 
-void RemoveFlatFolder(const std::string& native) {
-    for (const std::string& name : EntriesOf(native)) ::unlink((native + "/" + name).c_str());
-    ::rmdir(native.c_str());
+void RemoveSwapFolder(const std::string& native) {
+    constexpr int mostLooks = 10;  // somebody may go on putting files into it
+    std::vector<std::string> note = ReadNote(native);
+    for (int look = 0; look < mostLooks; ++look) {
+        if (!note.empty()) {
+            Empty(native, note);
+        } else {
+            for (const std::string& name : EntriesOf(native)) ::unlink((native + "/" + name).c_str());
+        }
+        if (::rmdir(native.c_str()) == 0 || errno != ENOTEMPTY) return;
+    }
 }
 
 }  // namespace vexlator::platform

@@ -3,10 +3,18 @@
 #include "platform/NativeFiles.h"
 
 #include "platform/Paths.h"
+#include "platform/Signals.h"
 
+#include <algorithm>
 #include <atomic>
+#include <cerrno>
+#include <chrono>
+#include <fcntl.h>
 #include <filesystem>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <system_error>
+#include <thread>
 #include <unistd.h>
 
 namespace vexlator::platform {
@@ -14,6 +22,7 @@ namespace vexlator::platform {
 namespace fs = std::filesystem;
 
 std::string Reason(int error) {
+    if (error == EWOULDBLOCK) return "another program holds the lock";
     return std::generic_category().message(error);
 }
 
@@ -46,22 +55,75 @@ std::vector<std::string> EntriesOf(const std::string& native) {
     return names;
 }
 
-void RemoveOtherCases(const std::string& native) {
-    std::string folder = FolderPart(native), name = NamePart(native);
-    std::error_code error;
-    for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
-        std::string entry = it->path().filename().string();
-        std::error_code ignored;
-        if (entry != name && SameNoCase(entry, name) && !it->is_directory(ignored))
-            fs::remove(it->path(), ignored);
+Twins FindTwins(const std::vector<std::string>& targets) {
+    std::map<std::string, std::map<std::string, std::string>> byFolder;  // small letters to the name
+    for (const std::string& target : targets) {
+        std::string name = NamePart(target);
+        byFolder[FolderPart(target)].emplace(LowerAscii(name), name);
+    }
+    Twins twins;
+    for (const auto& [folder, names] : byFolder) {
+        for (const std::string& entry : EntriesOf(folder)) {
+            auto found = names.find(LowerAscii(entry));
+            if (found == names.end() || found->second == entry) continue;
+            std::string twin = folder + "/" + entry;
+            std::error_code ignored;
+            if (!fs::is_directory(twin, ignored)) twins.emplace(folder + "/" + found->second, twin);
+        }
+    }
+    return twins;
+}
+
+void RemoveTwins(const Twins& twins) {
+    std::error_code ignored;
+    for (const auto& [target, twin] : twins)
+        if (!fs::equivalent(target, twin, ignored)) ::unlink(twin.c_str());
+}
+
+namespace {
+
+/// False with a reason in errno: somebody else has had the lock for too long.
+bool WaitForLock(int descriptor) {
+    using namespace std::chrono;
+    constexpr milliseconds longestPause{20};
+    const auto end = steady_clock::now() + seconds(20);
+    for (milliseconds pause{1}; ::flock(descriptor, LOCK_EX | LOCK_NB) != 0;
+         pause = std::min(2 * pause, longestPause)) {
+        ThrowIfStopped();
+        if (errno != EWOULDBLOCK) return true;  // a file system without locks
+        if (steady_clock::now() > end) return false;
+        std::this_thread::sleep_for(pause);
+    }
+    return true;
+}
+
+bool HasName(int descriptor, const std::string& native) {
+    struct stat ours {
+    }, onDisk{};
+    return ::fstat(descriptor, &ours) == 0 && ::stat(native.c_str(), &onDisk) == 0 &&
+           ours.st_ino == onDisk.st_ino && ours.st_dev == onDisk.st_dev;
+}
+
+}  // namespace
+
+int OpenLocked(const std::string& native, int flags, unsigned mode) {
+    for (;;) {
+        int descriptor = ::open(native.c_str(), flags | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, mode);
+        if (descriptor < 0) return -1;
+        bool isLocked = WaitForLock(descriptor);
+        // The holder before us may have deleted the file while we waited; then our lock guards nothing.
+        if (isLocked && HasName(descriptor, native)) return descriptor;
+        ::close(descriptor);
+        errno = EWOULDBLOCK;
+        if (!isLocked) return -1;
     }
 }
 
-std::string FollowLink(const std::string& native) {
-    std::error_code error;
-    if (!fs::is_symlink(fs::symlink_status(native, error))) return native;
-    fs::path target = fs::weakly_canonical(native, error);
-    return error ? native : target.string();
+void SyncFolder(const std::string& folder) {
+    int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0) return;
+    ::fsync(descriptor);
+    ::close(descriptor);
 }
 
 }  // namespace vexlator::platform

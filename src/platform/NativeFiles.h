@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,10 +26,19 @@ std::string NewTemporaryName(const std::string& native);
 /// The names of what a folder holds; none when it cannot be read.
 std::vector<std::string> EntriesOf(const std::string& native);
 
-/// File systems without case rules hold "a.shp" and "A.SHP" side by side; users mean one file by both.
-void RemoveOtherCases(const std::string& native);
+/// Target files with those whose names differ by letter case only. File systems without case rules hold
+/// "a.shp" and "A.SHP" side by side; users mean one file by both.
+using Twins = std::multimap<std::string, std::string>;
+/// The twins of several files, with one look through each of their folders.
+Twins FindTwins(const std::vector<std::string>& targets);
+/// Where a file system makes no difference, a twin is the target itself, and stays.
+void RemoveTwins(const Twins& twins);
 
-/// A link is followed, so that replacing a file writes where the link points and keeps the link.
-std::string FollowLink(const std::string& native);
+/// Opens a file and waits for the lock on it, at most for 20 seconds; the file still has that name then. The
+/// descriptor, or -1 with the reason in errno. A link is not followed. @throws Stopped
+int OpenLocked(const std::string& native, int flags, unsigned mode);
+
+/// What has been renamed in a folder is on disk.
+void SyncFolder(const std::string& folder);
 
 }  // namespace vexlator::platform

@@ -1,10 +1,13 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
+#include "platform/FileRights.h"
 #include "platform/Files.h"
 #include "platform/FolderSwap.h"
 #include "platform/NativeFiles.h"
 #include "platform/OutputSet.h"
 #include "platform/Paths.h"
+#include "platform/SetJournal.h"
+#include "platform/Signals.h"
 
 #include <cerrno>
 #include <cstring>
@@ -32,13 +35,13 @@ void RemoveIfAbandoned(const std::string& native) {
     int descriptor = ::open(native.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
     if (descriptor < 0) return;
     bool isAbandoned = ::flock(descriptor, LOCK_EX | LOCK_NB) == 0;
-    if (isAbandoned && ::unlink(native.c_str()) != 0) RemoveFlatFolder(native);
+    if (isAbandoned && ::unlink(native.c_str()) != 0) RemoveSwapFolder(native);
     ::close(descriptor);
 }
 
 /// Makes and locks a temporary file. Its descriptor, or -1 with the reason in errno.
-int CreateTemporary(const std::string& native) {
-    int descriptor = ::open(native.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+int CreateTemporary(const std::string& native, mode_t mode) {
+    int descriptor = ::open(native.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
     if (descriptor < 0) return -1;
     struct stat info {};
     ::flock(descriptor, LOCK_EX);
@@ -49,37 +52,27 @@ int CreateTemporary(const std::string& native) {
     return -1;
 }
 
-void SyncFolder(const std::string& folder) {
-    int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0) return;
-    ::fsync(descriptor);
-    ::close(descriptor);
-}
-
-/// Access rights of a new file: those of the file it replaces, else the user's default.
-mode_t ModeFor(const std::string& target) {
+ino_t NumberOf(int descriptor) {
     struct stat info {};
-    if (::stat(target.c_str(), &info) == 0) return info.st_mode & 0777;
-    mode_t mask = ::umask(0);
-    ::umask(mask);
-    return 0666 & ~mask;
+    return ::fstat(descriptor, &info) == 0 ? info.st_ino : 0;
 }
 
 }  // namespace
 
 OutputFile::OutputFile(std::string_view path, OtherCases otherCases)
-    : target_(FollowLink(PathToWrite(path))), otherCases_(otherCases) {
+    : target_(FollowLinks(PathToWrite(path))), otherCases_(otherCases) {
     std::error_code ignored;
     if (fs::is_directory(target_, ignored)) throw WriteError(target_, Reason(EISDIR));
     // Replacing a file needs no right to write it, but who made it read-only wants to keep it.
-    if (::faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0 && errno != ENOENT) Fail(errno);
+    bool isNew = ::faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0;
+    if (isNew && errno != ENOENT) Fail(errno);
     for (int attempt = 0; descriptor_ < 0 && attempt < 1000; ++attempt) {
         temporary_ = NewTemporaryName(target_);
-        descriptor_ = CreateTemporary(temporary_);
+        descriptor_ = CreateTemporary(temporary_, isNew ? 0666 : 0600);
         if (descriptor_ < 0 && errno != EEXIST) break;
     }
     if (descriptor_ < 0) Fail(errno);
-    ::fchmod(descriptor_, ModeFor(target_));
+    if (!isNew) TakeRights(descriptor_, target_);
     buffer_ = std::make_unique_for_overwrite<char[]>(BufferSize);
 }
 
@@ -106,6 +99,7 @@ void OutputFile::Fail(int error) const {
 
 void OutputFile::Put(const char* data, std::size_t size) {
     while (size > 0) {
+        ThrowIfStopped();
         ssize_t written = ::write(descriptor_, data, size);
         if (written < 0 && errno == EINTR) continue;
         if (written < 0) Fail(errno);
@@ -113,14 +107,16 @@ void OutputFile::Put(const char* data, std::size_t size) {
         size -= static_cast<std::size_t>(written);
         flushed_ += static_cast<std::uint64_t>(written);
     }
+    if (flushed_ - pushed_ >= writeBackStep) StartWriteBack();
+}
+
+/// The disk starts while we go on, so that the sync at the end has little left to do.
+void OutputFile::StartWriteBack() {
 #ifdef SYNC_FILE_RANGE_WRITE
-    // The disk starts on full steps while we go on, so that the sync at the end has little left to do.
-    if (flushed_ - pushed_ >= writeBackStep) {
-        ::sync_file_range(descriptor_, static_cast<off_t>(pushed_), static_cast<off_t>(flushed_ - pushed_),
-                          SYNC_FILE_RANGE_WRITE);
-        pushed_ = flushed_;
-    }
+    ::sync_file_range(descriptor_, static_cast<off_t>(pushed_), static_cast<off_t>(flushed_ - pushed_),
+                      SYNC_FILE_RANGE_WRITE);
 #endif
+    pushed_ = flushed_;
 }
 
 void OutputFile::Flush() {
@@ -147,44 +143,70 @@ void OutputFile::WriteAt(std::uint64_t offset, std::string_view bytes) {
     }
 }
 
-void OutputFile::Finish() {
-    if (finished_) return;
+void OutputFile::Push() {
     Flush();
     buffer_.reset();
+    StartWriteBack();
+}
+
+void OutputFile::Finish() {
+    if (finished_) return;
+    Push();
     if (::fdatasync(descriptor_) != 0 && errno != EINVAL && errno != EROFS) Fail(errno);
     finished_ = true;
 }
 
 void OutputFile::Commit() {
     Finish();
-    Place();
+    Twins twins;
+    if (otherCases_ == OtherCases::Replace) twins = FindTwins({target_});
+    TakeRightsOfTwin(twins);
+    if (::rename(temporary_.c_str(), target_.c_str()) != 0) Fail(errno);
+    ::close(std::exchange(descriptor_, -1));
+    RemoveTwins(twins);
     SyncFolder(FolderPart(target_));
 }
 
-void OutputFile::Place() {
-    if (::rename(temporary_.c_str(), target_.c_str()) != 0) Fail(errno);
-    ::close(std::exchange(descriptor_, -1));
-    if (otherCases_ == OtherCases::Replace) RemoveOtherCases(target_);
+void OutputFile::TakeRightsOfTwin(const Twins& twins) {
+    auto twin = twins.find(target_);
+    if (twin != twins.end() && ::access(target_.c_str(), F_OK) != 0) TakeRights(descriptor_, twin->second);
 }
 
 void OutputSet::FinishSoFar() {
-    for (; finished_ < files_.size(); ++finished_) files_[finished_].Finish();
+    for (; pushed_ < files_.size(); ++pushed_) files_[pushed_].Push();
+}
+
+void OutputSet::Finish() {
+    FinishSoFar();
+    for (OutputFile& file : files_) file.Finish();
+}
+
+void OutputSet::Forget() {
+    files_.clear();
+    pushed_ = 0;
 }
 
 void OutputSet::Commit() {
-    FinishSoFar();
+    Finish();
+    if (files_.empty()) return;
+    std::vector<std::string> targets;
+    for (const OutputFile& file : files_) targets.push_back(file.target_);
+    Twins twins = FindTwins(targets);
+    std::vector<SetMember> members;
     std::set<std::string> folders;
     for (OutputFile& file : files_) {
-        file.Place();
-        folders.insert(FolderPart(file.Name()));
+        file.TakeRightsOfTwin(twins);
+        members.push_back({file.temporary_, file.target_, NumberOf(file.descriptor_)});
+        folders.insert(FolderPart(file.target_));
     }
+    MoveTogether(FolderPart(targets.front()), std::move(members));
+    RemoveTwins(twins);
     for (const std::string& folder : folders) SyncFolder(folder);
-    files_.clear();
-    finished_ = 0;
+    Forget();
 }
 
 bool OutputSet::CommitAsFolder(std::string_view folder, const std::vector<std::string>& replaced) {
-    FinishSoFar();
+    Finish();
     std::string native = FindExisting(folder);
     std::set<std::string> known(replaced.begin(), replaced.end());
     for (const OutputFile& file : files_) known.insert(NamePart(file.temporary_));
@@ -194,10 +216,9 @@ bool OutputSet::CommitAsFolder(std::string_view folder, const std::vector<std::s
     if (!swap.IsPossible()) return false;
     for (const OutputFile& file : files_)
         if (!swap.Link(file.temporary_, NamePart(file.target_))) return false;
-    if (!swap.TakePlace()) return false;
+    if (!swap.TakePlace(known)) return false;
     SyncFolder(FolderPart(native));
-    files_.clear();
-    finished_ = 0;
+    Forget();
     return true;
 }
 
@@ -209,28 +230,19 @@ void ReplaceFile(std::string_view path, std::string_view content) {
 
 void RemoveLeftovers(std::string_view folder) {
     std::string native = FindExisting(folder);
+    if (native.empty()) return;
+    EndAbandonedMove(native);
     for (const std::string& name : EntriesOf(native))
-        if (IsTemporaryName(name)) RemoveIfAbandoned(native + "/" + name);
+        if (IsTemporaryName(name) && !BelongsToMove(name)) RemoveIfAbandoned(native + "/" + name);
 }
 
 // --- FileLock
 
 FileLock::FileLock(std::string_view path) {
     std::string native = FindExisting(path);
-    name_ = FollowLink(native.empty() ? PathToWrite(path) : native) + ".lock";
-    for (;;) {
-        descriptor_ = ::open(name_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
-        if (descriptor_ < 0) throw WriteError(name_, Reason(errno));
-        while (::flock(descriptor_, LOCK_EX) != 0 && errno == EINTR) {
-        }
-        // The holder before us may have deleted the file while we waited; then our lock guards nothing.
-        struct stat ours {
-        }, onDisk{};
-        if (::fstat(descriptor_, &ours) == 0 && ::stat(name_.c_str(), &onDisk) == 0 &&
-            ours.st_ino == onDisk.st_ino && ours.st_dev == onDisk.st_dev)
-            return;
-        ::close(descriptor_);
-    }
+    name_ = FollowLinks(native.empty() ? PathToWrite(path) : native) + ".lock";
+    descriptor_ = OpenLocked(name_, O_RDWR | O_CREAT, 0666);
+    if (descriptor_ < 0) throw WriteError(name_, Reason(errno));
 }
 
 FileLock::~FileLock() {

@@ -13,26 +13,33 @@
 namespace vexlator::platform {
 
 /// Files that appear together: all are written and synced before the first takes its place, so that a failure
-/// while they are written leaves every old file as it was.
+/// while they are written leaves every old file as it was. A failure or a kill while they take their places
+/// leaves all old files or all new ones, the latter from the next RemoveLeftovers() on.
 class OutputSet {
 public:
-    /// A new file of the set. The reference stays good. @throws WriteError
+    /// A new file of the set; all lie in one folder. The reference stays good. @throws WriteError
     OutputFile& Add(std::string_view path) { return files_.emplace_back(path); }
-    /// Syncs what has been written, so that its buffers are free while further files are added.
+    /// Gives what has been written to the disk, so that its buffers are free while further files are added.
     void FinishSoFar();
-    /// Puts all files into place, one after the other in the order in which they were added. @throws
-    /// WriteError
+    /// Syncs what has been written; a Commit() that follows only renames. The first file that is synced takes
+    /// most of the others with it, since all are on their way to the disk.
+    void Finish();
+    /// Puts all files into place, in the order in which they were added. @throws WriteError; then every file
+    /// is as it was, unless the error names those that could not be brought back
     void Commit();
     /// Puts all files, which lie in that folder, into place in one step, by swapping the folder with a new
     /// one: whoever looks finds all old files or all new ones. Only where the folder holds nothing else but
     /// files of the names `replaced`, which go; false, and nothing has changed, where it holds more, or where
-    /// a folder of this kind, or on this file system, cannot be swapped.
+    /// a folder of this kind, or on this file system, cannot be swapped. What others put into the folder
+    /// meanwhile is carried over.
     /// @throws WriteError
     bool CommitAsFolder(std::string_view folder, const std::vector<std::string>& replaced);
 
 private:
+    void Forget();
+
     std::deque<OutputFile> files_;
-    std::size_t finished_ = 0;
+    std::size_t pushed_ = 0;
 };
 
 }  // namespace vexlator::platform

@@ -10,6 +10,12 @@ namespace vexlator::platform {
 
 namespace {
 
+volatile std::sig_atomic_t stopSignal = 0;
+
+void NoteSignal(int signal) {
+    stopSignal = signal;
+}
+
 /// Only what a signal handler may call.
 void EndForShortenedFile(int) {
     constexpr std::string_view message =
@@ -24,6 +30,27 @@ void HandleFileSignals() {
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
     std::signal(SIGBUS, EndForShortenedFile);
+}
+
+void StopOnSignals() {
+    for (int signal : {SIGINT, SIGTERM}) {
+        struct sigaction action {};
+        if (::sigaction(signal, nullptr, &action) != 0 || action.sa_handler == SIG_IGN) continue;
+        action.sa_handler = NoteSignal;
+        // Without SA_RESTART: whatever waits, for an answer or a lock, must find out.
+        action.sa_flags = static_cast<int>(SA_RESETHAND);
+        ::sigaction(signal, &action, nullptr);
+    }
+}
+
+void ThrowIfStopped() {
+    if (stopSignal != 0) throw Stopped();
+}
+
+void EndBySignal() {
+    if (stopSignal == 0) return;
+    std::signal(stopSignal, SIG_DFL);
+    std::raise(stopSignal);
 }
 
 }  // namespace vexlator::platform

@@ -10,4 +10,20 @@ namespace vexlator::platform {
 /// message and exit status 1; outputs are then as they were, since none has been put in place.
 void HandleFileSignals();
 
+/// Thrown where a run that was asked to stop can do so. No std::exception: what a conversion catches to go on
+/// with the next file must not catch this.
+struct Stopped {};
+
+/// From now on the signals INT and TERM ask the run to stop: it ends at the next ThrowIfStopped(), its
+/// temporary files go, and outputs that are not yet being put in place stay as they were. A second signal
+/// ends the process at once. A signal that the caller of this program has it ignore stays ignored.
+void StopOnSignals();
+
+/// Cheap enough for every feature. @throws Stopped
+void ThrowIfStopped();
+
+/// Ends the process by the signal that stopped the run, as its caller expects of an interrupted program. Does
+/// nothing when there was none.
+void EndBySignal();
+
 }  // namespace vexlator::platform

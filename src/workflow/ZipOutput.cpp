@@ -27,7 +27,7 @@ public:
         auto& target = *static_cast<Target*>(self);
         try {
             return target.Do(data, length, command);
-        } catch (const std::exception&) {
+        } catch (...) {
             target.failure_ = std::current_exception();
             zip_error_set(&target.error_, ZIP_ER_WRITE, EIO);
             return -1;

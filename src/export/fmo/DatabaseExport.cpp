@@ -94,7 +94,7 @@ config::Outcome DatabaseExport::Run() {
     if (outcome_.status != config::Outcome::Status::Done) return outcome_;
     ForEachLayer(session_, drawing_, view_, LayerZero::Skip,
                  [&](const ExportLayer& layer) { ExportLayerRows(layer); });
-    files_.FinishSoFar();
+    files_.Finish();
     try {
         databases_.Commit();
     } catch (const DatabaseError& error) {

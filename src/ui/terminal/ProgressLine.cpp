@@ -3,6 +3,7 @@
 #include "ui/terminal/ProgressLine.h"
 
 #include "platform/CodePages.h"
+#include "platform/Signals.h"
 #include "platform/Terminal.h"
 #include "ui/terminal/PlainText.h"
 #include "util/Numbers.h"
@@ -45,6 +46,7 @@ void ProgressView::SetLabel(std::string_view text) {
 }
 
 void ProgressView::Look(std::uint64_t done, std::uint64_t total) {
+    platform::ThrowIfStopped();
     Time now = std::chrono::steady_clock::now();
     if (now - lastLook_ > betweenLooks)
         callsPerLook_ = callsPerLook_ / 2 + 1;

@@ -3,6 +3,7 @@
 #include "ui/terminal/TerminalInterface.h"
 
 #include "platform/Paths.h"
+#include "platform/Signals.h"
 #include "ui/terminal/PlainText.h"
 #include "util/Text.h"
 
@@ -30,7 +31,7 @@ bool IsYes(std::string_view answer) {
 class SilentView : public FormView {
     void SetCaption(std::string_view) override {}
     void SetLabel(std::string_view) override {}
-    void Progress(std::uint64_t, std::uint64_t) override {}
+    void Progress(std::uint64_t, std::uint64_t) override { platform::ThrowIfStopped(); }
 };
 
 }  // namespace
@@ -48,7 +49,9 @@ void TerminalInterface::ShowMessage(std::string_view text) {
 
 bool TerminalInterface::AskYesNo(std::string_view text) {
     WriteLine("question: " + IndentedLines(text) + " [y/N]");
-    return options_.yesToAll || IsYes(ReadAnswer(input_));
+    bool isYes = options_.yesToAll || IsYes(ReadAnswer(input_));
+    platform::ThrowIfStopped();  // a signal ends the waiting too
+    return isYes;
 }
 
 void TerminalInterface::Report(std::string_view line) {
