@@ -174,19 +174,12 @@ std::string ReadIniFile(std::string_view file, std::string_view section, std::st
     }
 }
 
-bool WriteIniFile(std::string_view file, std::string_view section, std::string_view key,
+void WriteIniFile(std::string_view file, std::string_view section, std::string_view key,
                   std::string_view value) {
-    try {
-        platform::FileLock lock(file);
-        std::string text = platform::FileExists(file) ? platform::ReadWholeFile(file) : "";
-        std::string edited = WithIniValue(text, section, key, value);
-        if (edited != text) platform::ReplaceFile(file, edited);
-        return true;
-    } catch (const platform::ReadError&) {
-        return false;
-    } catch (const platform::WriteError&) {
-        return false;
-    }
+    platform::FileLock lock(file);
+    std::string text = platform::FileExists(file) ? platform::ReadWholeFile(file) : "";
+    std::string edited = WithIniValue(text, section, key, value);
+    if (edited != text) platform::ReplaceFile(file, edited);
 }
 
 IniText::IniText(std::string_view text) : text_(platform::DecodeText(text)) {

@@ -20,8 +20,8 @@ std::string ReadIniFile(std::string_view file, std::string_view section, std::st
 
 /// Writes or replaces one value; creates section and file as needed. Every other byte of the file stays, line
 /// ends included. Atomic, and safe against other programs that write the same file at the same time.
-/// False when the file cannot be written.
-bool WriteIniFile(std::string_view file, std::string_view section, std::string_view key,
+/// @throws platform::ReadError, platform::WriteError when the file cannot be written
+void WriteIniFile(std::string_view file, std::string_view section, std::string_view key,
                   std::string_view value);
 
 /// The two operations on a file's text, for tests and for callers that hold the bytes.

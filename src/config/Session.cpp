@@ -3,7 +3,10 @@
 #include "config/Session.h"
 
 #include "config/Ini.h"
+#include "platform/Errors.h"
 #include "util/Log.h"
+
+#include <stdexcept>
 
 namespace vexlator::config {
 
@@ -51,11 +54,24 @@ bool Session::ReadIniFlag(std::string_view section, std::string_view key, std::s
 
 void Session::WriteIni(std::string_view section, std::string_view key, std::string_view value,
                        std::string_view file) {
-    WriteIniFile(file.empty() ? settings_.IniFilePath : file, section, key, value);
+    std::string path(file.empty() ? settings_.IniFilePath : file);
+    if (notWritable_.contains(path)) return;
+    try {
+        WriteIniFile(path, section, key, value);
+    } catch (const std::runtime_error& error) {
+        notWritable_.insert(path);
+        ui_.Report("settings are not kept: " + std::string(error.what()));
+    }
 }
 
-void Session::Log(std::string_view text) const {
-    util::WriteRunLog(settings_.InOutLog, text, Now());
+void Session::Log(std::string_view text) {
+    if (notWritable_.contains(settings_.InOutLog)) return;
+    try {
+        util::WriteRunLog(settings_.InOutLog, text, Now());
+    } catch (const platform::WriteError& error) {
+        notWritable_.insert(settings_.InOutLog);
+        ui_.Report("no run log is written: " + std::string(error.what()));
+    }
 }
 
 void Session::DebugMessage(std::string_view text) {

@@ -8,7 +8,9 @@
 #include "ui/UserInterface.h"
 
 #include <cstdint>
+#include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -48,12 +50,12 @@ public:
     std::string ReadIni(std::string_view section, std::string_view key, std::string_view file = "") const;
     /// On only when the value is exactly "1".
     bool ReadIniFlag(std::string_view section, std::string_view key, std::string_view file = "") const;
-    /// Failures are silent: settings that cannot be kept do not stop a conversion.
+    /// A file that cannot be written does not stop a conversion; one line tells it, once.
     void WriteIni(std::string_view section, std::string_view key, std::string_view value,
                   std::string_view file = "");
 
-    /// Adds one dated line to the run log, when there is one.
-    void Log(std::string_view text) const;
+    /// Adds one dated line to the run log, when there is one. A log that cannot be written is told once.
+    void Log(std::string_view text);
     /// A message that only debug mode shows.
     void DebugMessage(std::string_view text);
 
@@ -62,6 +64,7 @@ private:
     platform::Clock clock_;
     SharedSettings settings_;
     LossReport losses_;
+    std::set<std::string, std::less<>> notWritable_;  ///< files of which the person knows that
 };
 
 }  // namespace vexlator::config

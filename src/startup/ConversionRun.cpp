@@ -5,6 +5,7 @@
 #include "drawing/DrawingFile.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
+#include "platform/Signals.h"
 #include "startup/CommandLine.h"
 #include "startup/PostExport.h"
 #include "startup/Slips.h"
@@ -12,6 +13,7 @@
 #include "util/Numbers.h"
 #include "util/Paths.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -87,6 +89,24 @@ void ChooseSource(const config::Session& session, ImportCommand& command) {
     command.sourcePath = sibling;
 }
 
+/// The drawing that an import makes.
+std::string DrawingOf(const ImportCommand& command) {
+    std::string name = util::BaseNameOf(command.sourcePath);
+    if (command.code == "GZ") name = util::BaseNameOf(name);
+    return util::JoinPath(command.sourceFolder, name + ".VDF");
+}
+
+/// Does what a signal may stop, and then says what that leaves.
+ExitStatus Stoppable(config::Session& session, const std::string& left,
+                     const std::function<ExitStatus()>& work) {
+    try {
+        return work();
+    } catch (const platform::Stopped&) {
+        session.Ui().Report("stopped; " + left);
+        return ExitStatus::Interrupted;
+    }
+}
+
 /// The folder of an export. One that this run made goes again, if it is still empty, unless it is kept.
 class TargetFolder {
 public:
@@ -99,11 +119,38 @@ public:
     TargetFolder(const TargetFolder&) = delete;
     TargetFolder& operator=(const TargetFolder&) = delete;
     void Keep() { made_ = false; }
+    /// @throws platform::WriteError: why it could not be made
+    void Require() const { platform::RequireFolder(path_); }
 
 private:
     std::string path_;
     bool made_;
 };
+
+ExitStatus RefuseExport(config::Session& session, const Conversions& conversions, const std::string& reason) {
+    return Refuse(session, reason + "; formats are " + conversions.ExportCodes(), ExitStatus::NothingToDo);
+}
+
+ExitStatus Export(config::Session& session, const ExportRow& row, ExportCommand command,
+                  TargetFolder& folder) {
+    if (row.intoFmoDirectory) command.targetPath = session.Settings().FMODirectory;
+    if (platform::FileExists(command.drawingPath)) folder.Require();
+    std::string target = platform::NativePath(command.targetPath);
+    Outcome outcome;
+    ExitStatus status = Stoppable(session, target + " is as it was", [&] {
+        platform::RemoveLeftovers(command.targetPath);
+        outcome = row.call(session, command);
+        return StatusOf(outcome);
+    });
+    if (status != ExitStatus::Done) return status;
+    folder.Keep();
+    return Stoppable(session, "the export to " + target + " is complete, but not what follows it", [&] {
+        bool isPacked = RunPostExportSteps(session, command);
+        Summarise(session, "exported " + command.code, outcome,
+                  outcome.features == 0 ? NoFeaturesRemark(command) : "");
+        return isPacked ? ExitStatus::Done : ExitStatus::Failed;
+    });
+}
 
 }  // namespace
 
@@ -125,42 +172,32 @@ ExitStatus RunImport(config::Session& session, const Conversions& conversions, s
     if (HasExtent(session) && row->form != "frmFromFMO")
         session.Ui().Report("?BOX limits imports of databases only; " +
                             platform::NativePath(command.sourcePath) + " is read whole");
-    platform::RemoveLeftovers(command.sourceFolder);
-    Outcome outcome = row->call(session, command);
-    // A drawing is saved even when one of several files could not be read.
-    if (!outcome.target.empty()) Summarise(session, "imported " + command.code, outcome);
-    return StatusOf(outcome);
+    return Stoppable(session, platform::NativePath(DrawingOf(command)) + " is as it was", [&] {
+        platform::RemoveLeftovers(command.sourceFolder);
+        Outcome outcome = row->call(session, command);
+        // A drawing is saved even when one of several files could not be read.
+        if (!outcome.target.empty()) Summarise(session, "imported " + command.code, outcome);
+        return StatusOf(outcome);
+    });
 }
 
 ExitStatus RunExport(config::Session& session, const Conversions& conversions, std::string_view text) {
     if (auto slip = FindExportSlip(conversions, text)) return Refuse(session, slip->advice, slip->status);
     ExportCommand command = ParseExport(text);
-    const std::string formats = "; formats are " + conversions.ExportCodes();
-    if (command.code.empty())
-        return Refuse(
-            session,
-            "\"" + platform::NativePath(command.targetPath) + "\" names no format to export to" + formats,
-            ExitStatus::NothingToDo);
+    if (command.code.empty()) {
+        std::string path = "\"" + platform::NativePath(command.targetPath) + "\"";
+        return RefuseExport(session, conversions, path + " names no format to export to");
+    }
     TargetFolder folder(command.targetPath);
     const ExportRow* row = conversions.FindExport(command.code);
     if (!row || !row->call) {
         folder.Keep();
         RunPostExportSteps(session, command);
-        return Refuse(session,
-                      (row ? command.code + " export is not available yet"
-                           : "nothing exports to \"" + command.code + "\"") +
-                          formats,
-                      ExitStatus::NothingToDo);
+        return RefuseExport(session, conversions,
+                            row ? command.code + " export is not available yet"
+                                : "nothing exports to \"" + command.code + "\"");
     }
-    if (row->intoFmoDirectory) command.targetPath = session.Settings().FMODirectory;
-    platform::RemoveLeftovers(command.targetPath);
-    Outcome outcome = row->call(session, command);
-    if (outcome.status != Outcome::Status::Done) return StatusOf(outcome);
-    folder.Keep();
-    RunPostExportSteps(session, command);
-    Summarise(session, "exported " + command.code, outcome,
-              outcome.features == 0 ? NoFeaturesRemark(command) : "");
-    return ExitStatus::Done;
+    return Export(session, *row, command, folder);
 }
 
 }  // namespace vexlator::startup

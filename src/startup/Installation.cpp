@@ -27,10 +27,7 @@ public:
         : folder_(std::move(folder)), ui_(userInterface) {}
 
     void Folder(std::string_view name) {
-        Make(name, [](const std::string& path) {
-            if (!platform::CreateFolderTree(path))
-                throw platform::WriteError(platform::NativePath(path), "the folder cannot be made");
-        });
+        Make(name, [](const std::string& path) { platform::RequireFolder(path); });
     }
     void File(std::string_view name, std::string_view content) {
         Make(name, [&](const std::string& path) { platform::ReplaceFile(path, content); });

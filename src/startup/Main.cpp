@@ -4,6 +4,7 @@
 
 #include "platform/Files.h"
 #include "platform/Paths.h"
+#include "platform/Signals.h"
 #include "startup/CommandLine.h"
 #include "startup/ConversionRun.h"
 #include "startup/Settings.h"
@@ -24,6 +25,16 @@ std::string AfterGo(config::Session& session, std::string_view received) {
     if (!received.empty() && !IsGo(received)) return std::string(received);
     KeepGoOptions(session, GoOptions(received));
     return "SELECT";
+}
+
+bool SettingsAreReadable(config::Session& session) {
+    try {
+        LocateSettings(session);
+        return true;
+    } catch (const platform::ReadError& error) {
+        session.Ui().ShowMessage(error.what());
+        return false;
+    }
 }
 
 /// Tells when the settings lack a folder that no conversion can do without.
@@ -47,7 +58,7 @@ std::string WithoutSwitches(config::SharedSettings& settings, std::string text) 
 }
 
 ExitStatus Run(config::Session& session, std::string_view received, const MainOptions& options) {
-    LocateSettings(session);
+    if (!SettingsAreReadable(session)) return ExitStatus::NotUsable;
     std::string text = AfterGo(session, received);
     ReadSettings(session);
     if (!InstallationIsUsable(session)) return ExitStatus::NotUsable;
@@ -84,6 +95,9 @@ ExitStatus Main(std::string_view commandText, ui::UserInterface& userInterface, 
     config::Session session(userInterface, options.clock);
     try {
         return Run(session, commandText, options);
+    } catch (const platform::Stopped&) {
+        session.Ui().Report("stopped before the conversion began");
+        return ExitStatus::Interrupted;
     } catch (const std::bad_alloc&) {
         return Fail(session, "Not enough memory");
     } catch (const std::exception& error) {

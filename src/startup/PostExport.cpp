@@ -10,6 +10,7 @@
 #include "workflow/JobPackage.h"
 #include "workflow/WorkflowDatabase.h"
 
+#include <stdexcept>
 #include <string>
 
 namespace vexlator::startup {
@@ -36,13 +37,26 @@ void ListMissingPhotos(const config::Session& session, const ExportCommand& comm
         throw platform::WriteError(platform::NativePath(path), "cannot be written");
 }
 
+/// A failure here does not touch the exports.
+bool Pack(config::Session& session, const ExportCommand& command) {
+    try {
+        workflow::frmZip2(session).ZipJobFolder(util::JoinPath(command.targetPath, "*.*"));
+        return true;
+    } catch (const std::runtime_error& error) {
+        std::string text =
+            "The export is complete, but its archive was not made: " + std::string(error.what());
+        session.Ui().ShowMessage(text);
+        session.Log(text);
+        return false;
+    }
+}
+
 }  // namespace
 
-void RunPostExportSteps(config::Session& session, const ExportCommand& command) {
+bool RunPostExportSteps(config::Session& session, const ExportCommand& command) {
     RecordExport(session, command);
     ListMissingPhotos(session, command);
-    if (session.Settings().CreateZip)
-        workflow::frmZip2(session).ZipJobFolder(util::JoinPath(command.targetPath, "*.*"));
+    return !session.Settings().CreateZip || Pack(session, command);
 }
 
 }  // namespace vexlator::startup

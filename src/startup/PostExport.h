@@ -9,7 +9,9 @@ namespace vexlator::startup {
 
 /// What follows an export, in this order: the export is recorded in the workflow database when the drawing
 /// belongs to a job; the list of missing photographs is written, or an old one removed; the folder is packed
-/// when the settings ask for it. @throws platform::WriteError
-void RunPostExportSteps(config::Session& session, const ExportCommand& command);
+/// when the settings ask for it.
+/// @returns false when no archive could be made, which the person has been told
+/// @throws platform::WriteError
+bool RunPostExportSteps(config::Session& session, const ExportCommand& command);
 
 }  // namespace vexlator::startup

@@ -22,6 +22,7 @@ void LocateSettings(config::Session& session) {
     settings.ProgramFolder = InstallationFolder();
     settings.IniFilePath = config::LocateConfigFile(settings.ProgramFolder, "gv.ini");
     settings.ConfigFolder = util::FolderOf(settings.IniFilePath);
+    if (!platform::FindExisting(settings.IniFilePath).empty()) platform::ReadWholeFile(settings.IniFilePath);
 }
 
 void KeepGoOptions(config::Session& session, std::span<const GoOption> options) {

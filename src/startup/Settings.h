@@ -14,7 +14,8 @@ namespace vexlator::startup {
 /// The installation: the folder named by the environment variable VEXLATOR_HOME, else the program's own.
 std::string InstallationFolder();
 
-/// Fills IniFilePath and the folders that follow from it.
+/// Fills IniFilePath and the folders that follow from it. @throws platform::ReadError when there is a file of
+/// settings that cannot be read: every setting would seem to be missing
 void LocateSettings(config::Session& session);
 
 /// Keeps the options of a GO command in gv.ini, where the selection window looks for them.

@@ -16,11 +16,7 @@ void WriteRunLog(std::string_view logPath, std::string_view text, const platform
     // One event, one line: a text from a file must not look like another event.
     std::replace_if(
         line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
-    try {
-        platform::AppendToFile(logPath, line + "\r\n");
-    } catch (const platform::WriteError&) {
-        // The conversion matters more than its log.
-    }
+    platform::AppendToFile(logPath, line + "\r\n");
 }
 
 }  // namespace vexlator::util

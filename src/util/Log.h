@@ -8,8 +8,8 @@
 
 namespace vexlator::util {
 
-/// Appends one line: DayMonthText, a blank, TimeText, ": " and the text. An empty path writes nothing; a log
-/// that cannot be written is no error.
+/// Appends one line: DayMonthText, a blank, TimeText, ": " and the text. An empty path writes nothing.
+/// @throws platform::WriteError
 void WriteRunLog(std::string_view logPath, std::string_view text, const platform::DateTime& when);
 
 }  // namespace vexlator::util

@@ -24,6 +24,7 @@ constexpr double settleTime = 2.5;  ///< seconds
 /// The files of a folder and, with `deep`, of all folders below; paths are relative, with "/".
 void CollectFiles(const std::string& folder, const std::string& relative, std::string_view pattern, bool deep,
                   std::vector<std::string>& files) {
+    platform::RequireListing(folder);
     for (const std::string& name : platform::ListFiles(folder))
         if (util::MatchesPattern(name, pattern) && !platform::IsLink(util::JoinPath(folder, name)))
             files.push_back(relative + name);
@@ -56,13 +57,13 @@ void frmZip2::ZipJobFolder(std::string_view pattern) {
     session_.Ui().Settle(settleTime);
 }
 
-void frmZip2::UnZipJobFolder(std::string_view archive) {
+std::vector<std::string> frmZip2::UnZipJobFolder(std::string_view archive) {
     constexpr std::int64_t defaultMegabytes = 2048;
     std::int64_t megabytes = util::IntegerOf(session_.ReadIni("ZIP", "MaxMB"));
     if (megabytes <= 0) megabytes = defaultMegabytes;
     ZipInput input(archive);
     input.Check(static_cast<std::uint64_t>(megabytes) << 20);
-    input.UnpackTo(util::ChangeExtension(archive, ""));
+    return input.UnpackTo(util::ChangeExtension(archive, ""));
 }
 
 }  // namespace vexlator::workflow

@@ -4,7 +4,9 @@
 
 #include "config/Session.h"
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace vexlator::workflow {
 
@@ -17,15 +19,17 @@ public:
     /// into the archive in that folder that is named after it: Survey\Survey.ZIP. Sub-folders are packed too
     /// when the pattern matches every name; links and unfinished files never are, nor an archive of an
     /// earlier run. The archive appears whole or not at all; an older one stays until then.
-    /// @throws platform::ReadError a file that cannot be read; platform::WriteError the archive.
+    /// @throws platform::ReadError a file that cannot be read or a folder that cannot be listed;
+    /// platform::WriteError the archive.
     void ZipJobFolder(std::string_view pattern);
 
     /// Unpacks an archive into the folder that has the archive's path without its extension. Archives come
     /// from anywhere: one that would write outside that folder, holds links or names that differ only by
     /// letter case, unpacks to more than [ZIP] MaxMB megabytes (2,048 when not set) or an entry to more than
     /// 1,000 times its size, is refused before anything is written.
+    /// @returns what RemoveUnpacked() takes: the paths of the files and folders that were not there before
     /// @throws platform::ReadError the archive, the entry and the reason; platform::WriteError
-    void UnZipJobFolder(std::string_view archive);
+    std::vector<std::string> UnZipJobFolder(std::string_view archive);
 
 private:
     config::Session& session_;

@@ -61,18 +61,31 @@ bool IsLinkEntry(zip_t* archive, std::uint64_t index) {
     return system == ZIP_OPSYS_UNIX && ((attributes >> 16) & typeMask) == link;
 }
 
-/// Files made so far; those that the folder did not have before go again unless all is well.
-class NewFiles {
+/// Files and folders that were not there before. They go again unless all is well.
+class NewPaths {
 public:
-    ~NewFiles() {
-        for (const std::string& path : paths_) platform::RemoveFile(path);
-    }
+    ~NewPaths() { RemoveUnpacked(paths_); }
     void Add(const std::string& path) { paths_.push_back(path); }
-    void Keep() { paths_.clear(); }
+    /// Makes a folder, and those above it, that are missing.
+    void Folder(const std::string& path) {
+        if (platform::FolderExists(path)) return;
+        if (std::string above = util::FolderOf(path); !above.empty()) Folder(above);
+        platform::RequireFolder(path);
+        Add(path);
+    }
+    std::vector<std::string> Keep() { return std::exchange(paths_, {}); }
 
 private:
     std::vector<std::string> paths_;
 };
+
+/// What a killed run left of the files that it was unpacking.
+void RemoveLeftoversBelow(const std::string& folder) {
+    platform::RemoveLeftovers(folder);
+    for (const std::string& name : platform::ListFolders(folder))
+        if (std::string below = util::JoinPath(folder, name); !platform::IsLink(below))
+            RemoveLeftoversBelow(below);
+}
 
 }  // namespace
 
@@ -173,26 +186,32 @@ void ZipInput::RefuseLinks(const std::string& folder, const Entry& entry) const 
     }
 }
 
-void ZipInput::UnpackTo(std::string_view folderPath) const {
+std::vector<std::string> ZipInput::UnpackTo(std::string_view folderPath) const {
     std::string folder(folderPath);
     // In a new folder nothing can stand in the way, and to look for it would cost a walk through the folder
     // for each file.
     bool fresh = platform::FindExisting(folder).empty();
-    platform::CreateFolderTree(folder);
-    NewFiles files;
+    if (!fresh) RemoveLeftoversBelow(folder);
+    NewPaths made;
+    made.Folder(folder);
     for (const Entry& entry : entries_) {
         if (!fresh) RefuseLinks(folder, entry);
         std::string path = util::JoinPath(folder, entry.path);
-        platform::CreateFolderTree(entry.isFolder ? path : util::FolderOf(path));
+        made.Folder(entry.isFolder ? path : util::FolderOf(path));
         if (entry.isFolder) continue;
         bool isNew = fresh || !platform::FileExists(path);
         platform::OutputFile file(
             path, fresh ? platform::OutputFile::OtherCases::Keep : platform::OutputFile::OtherCases::Replace);
         ReadContent(entry, [&](std::string_view piece) { file.Write(piece); });
         file.Commit();
-        if (isNew) files.Add(path);
+        if (isNew) made.Add(path);
     }
-    files.Keep();
+    return made.Keep();
+}
+
+void RemoveUnpacked(const std::vector<std::string>& paths) {
+    for (auto path = paths.rbegin(); path != paths.rend(); ++path)
+        if (!platform::RemoveFile(*path)) platform::RemoveEmptyFolder(*path);
 }
 
 }  // namespace vexlator::workflow

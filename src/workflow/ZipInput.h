@@ -27,9 +27,10 @@ public:
     void Check(std::uint64_t mostBytes) const;
 
     /// Writes all entries below `folder`, which is made when it is missing. Files of the same names are
-    /// replaced. On an error the files that were not there before are removed again.
+    /// replaced. On an error the files and folders that were not there before are removed again.
+    /// @returns the paths of those that were not there before, folders before what they hold
     /// @throws platform::WriteError; ReadError when a link in the folder stands in the way
-    void UnpackTo(std::string_view folder) const;
+    std::vector<std::string> UnpackTo(std::string_view folder) const;
 
 private:
     struct Entry {
@@ -50,5 +51,8 @@ private:
     zip* archive_ = nullptr;
     std::vector<Entry> entries_;
 };
+
+/// Removes what UnpackTo() made: the files, and the folders that are empty then.
+void RemoveUnpacked(const std::vector<std::string>& paths);
 
 }  // namespace vexlator::workflow

@@ -4,6 +4,7 @@
 
 #include "export/fmo/DatabaseExport.h"
 #include "platform/Errors.h"
+#include "platform/Files.h"
 #include "platform/Paths.h"
 #include "util/Files.h"
 #include "util/Paths.h"
@@ -21,7 +22,7 @@ config::Outcome frmFMO::Start(std::string_view drawingPath, std::string_view fmo
             database = JobDatabaseName(session_, drawingPath);
             folders.target = util::JoinPath(folders.existing, database);
         }
-        util::MakeFolderTree(folders.target);
+        platform::RequireFolder(folders.target);
         folders.database = util::JoinPath(folders.target, database + ".MDB");
         return folders;
     });

@@ -124,7 +124,7 @@ std::string PhotoSource::Find(std::span<const std::string_view> parts) {
 /// The folder that holds the last part, made when missing; "" when a link stands in the way.
 std::string PhotoTarget::FolderFor(std::span<const std::string_view> parts) {
     std::string folder = root_;
-    platform::CreateFolderTree(folder);
+    platform::RequireFolder(folder);
     for (std::string_view part : parts.first(parts.size() - 1)) {
         std::string name = names_.Folder(folder, part);
         folder = util::JoinPath(folder, name.empty() ? part : name);

@@ -4,51 +4,30 @@
 
 #include "import/FeatureCode.h"
 #include "platform/Files.h"
-#include "platform/Paths.h"
 #include "util/Files.h"
 #include "util/Paths.h"
 #include "workflow/JobPackage.h"
+#include "workflow/ZipInput.h"
 
 namespace vexlator::importer {
 
-namespace {
-
-/// Files of a folder and of all folders below; links are left alone.
-std::set<std::string> FilesBelow(const std::string& folder) {
-    std::set<std::string> files;
-    for (const std::string& name : platform::ListFiles(folder)) files.insert(util::JoinPath(folder, name));
-    for (const std::string& name : platform::ListFolders(folder)) {
-        std::string below = util::JoinPath(folder, name);
-        if (!platform::IsLink(below)) files.merge(FilesBelow(below));
-    }
-    return files;
-}
-
-void RemoveEmptyFolders(const std::string& folder) {
-    for (const std::string& name : platform::ListFolders(folder)) {
-        std::string below = util::JoinPath(folder, name);
-        if (!platform::IsLink(below)) RemoveEmptyFolders(below);
-    }
-    util::RemoveFolder(folder);
-}
-
-}  // namespace
-
 TabletPackage::TabletPackage(config::Session& session, std::string_view packagePath)
-    : folder_(util::ChangeExtension(packagePath, "")), before_(FilesBelow(folder_)) {
-    workflow::frmZip2(session).UnZipJobFolder(packagePath);
+    : folder_(util::ChangeExtension(packagePath, "")),
+      unpacked_(workflow::frmZip2(session).UnZipJobFolder(packagePath)) {}
+
+TabletPackage::~TabletPackage() {
+    workflow::RemoveUnpacked(unpacked_);
+    if (!unpacked_.empty()) util::RemoveFolder(folder_);
+}
+
+void TabletPackage::Keep() {
+    unpacked_.clear();
 }
 
 std::string TabletPackage::DatabaseName() const {
     for (const std::string& name : platform::ListFiles(folder_))
         if (util::MatchesPattern(name, "*.mdb")) return Capitals(util::BaseNameOf(name));
     return "";
-}
-
-void TabletPackage::Remove() {
-    for (const std::string& path : FilesBelow(folder_))
-        if (!before_.contains(path)) platform::RemoveFile(path);
-    RemoveEmptyFolders(folder_);
 }
 
 std::string FmoFilesForDatabase(const config::Session& session, std::string_view folder,

@@ -4,9 +4,9 @@
 
 #include "config/Session.h"
 
-#include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vexlator::importer {
 
@@ -15,16 +15,20 @@ class TabletPackage {
 public:
     /// @throws platform::ReadError, platform::WriteError
     TabletPackage(config::Session& session, std::string_view packagePath);
+    /// Removes what was unpacked, and the folder when it is empty then. What others put there stays, and so
+    /// do files that were there before: an export of the same name puts its results into this folder.
+    ~TabletPackage();
+    TabletPackage(const TabletPackage&) = delete;
+    TabletPackage& operator=(const TabletPackage&) = delete;
 
     /// Base name, in capitals, of the first database in the package; "" when there is none.
     std::string DatabaseName() const;
-    /// Removes what was unpacked, and the folder when nothing else is in it. Files that were there before
-    /// stay: an export of the same name puts its results into this folder.
-    void Remove();
+    /// Leaves what was unpacked where it is.
+    void Keep();
 
 private:
     std::string folder_;
-    std::set<std::string> before_;
+    std::vector<std::string> unpacked_;
 };
 
 /// The names of the FMO files in a folder that name a database of that base name, each preceded by "|".

@@ -106,6 +106,7 @@ config::Outcome frmFromFMO::StartTablet(std::string_view packagePath, std::strin
     fileList.clear();
     std::string database = package.DatabaseName();
     if (database.empty()) {
+        package.Keep();
         session_.Ui().ShowMessage("No MDB in Package");
         config::Outcome outcome;
         outcome.status = config::Outcome::Status::Failed;
@@ -117,7 +118,6 @@ config::Outcome frmFromFMO::StartTablet(std::string_view packagePath, std::strin
     output_.emplace(drawing_, drawingPath);
     for (std::size_t k = 1; k <= util::CountOf(fileList, "|"); ++k)
         ImportFmoFile(util::JoinPath(folder, util::GetBarField(k, fileList)));
-    package.Remove();
     return Save(drawingPath);
 }
 
