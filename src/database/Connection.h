@@ -23,6 +23,9 @@ public:
     enum class Product { Sqlite, PostgreSql, Other };
     Product Kind() const;
 
+    /// Its driver, the one for Access files, takes no parameters and writes nothing.
+    bool OnlyReads() const;
+
     /// Runs a statement that has no parameters and gives no rows. @throws DatabaseError
     void Execute(const std::string& sql);
 

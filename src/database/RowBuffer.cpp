@@ -19,8 +19,8 @@ bool IsBinary(SQLSMALLINT type) {
 
 RowBuffer::RowBuffer(const odbc::Handle& statement, const std::string& sql, std::size_t columns,
                      std::size_t rowsPerBlock)
-    : statement_(statement), sql_(sql), columns_(columns), values_(columns) {
-    if (rowsPerBlock > 1) {  // the driver for Access files knows no such attributes
+    : statement_(statement), sql_(sql), isBound_(rowsPerBlock > 1), columns_(columns), values_(columns) {
+    if (isBound_) {
         Check(SQLSetStmtAttr(statement.Get(), SQL_ATTR_ROW_ARRAY_SIZE, odbc::Number(rowsPerBlock), 0));
         Check(SQLSetStmtAttr(statement.Get(), SQL_ATTR_ROWS_FETCHED_PTR, &fetched_, 0));
     }
@@ -46,6 +46,7 @@ void RowBuffer::Bind(std::size_t index) {
     Column& column = columns_[index];
     column.cellSize = column.wantedSize;
     column.cells.resize(column.cellSize * column.lengths.size());
+    if (!isBound_) return;
     Check(SQLBindCol(statement_.Get(), static_cast<SQLUSMALLINT>(index + 1), column.inMemory,
                      column.cells.data(), static_cast<SQLLEN>(column.cellSize), column.lengths.data()));
 }
@@ -75,7 +76,19 @@ bool RowBuffer::FetchBlock() {
     return !atEnd_;
 }
 
+void RowBuffer::FetchCell(std::size_t index) {
+    Column& column = columns_[index];
+    SQLLEN& length = column.lengths[0];
+    SQLRETURN result = SQLGetData(statement_.Get(), static_cast<SQLUSMALLINT>(index + 1), column.inMemory,
+                                  column.cells.data(), static_cast<SQLLEN>(column.cellSize), &length);
+    if (result == SQL_NO_DATA)
+        length = 0;  // an empty text
+    else
+        Check(result);
+}
+
 std::string_view RowBuffer::ValueOf(std::size_t index) {
+    if (!isBound_) FetchCell(index);
     const Column& column = columns_[index];
     SQLLEN length = column.lengths[row_];
     if (length == SQL_NULL_DATA) return {};
@@ -90,9 +103,11 @@ void RowBuffer::FetchLongValue(std::size_t index) {
     constexpr std::size_t pieceSize = std::size_t{64} << 10;
     Column& column = columns_[index];
     std::size_t ending = column.inMemory == SQL_C_CHAR ? 1 : 0;
-    if (columns_[0].lengths.size() > 1)
-        Check(SQLSetPos(statement_.Get(), row_ + 1, SQL_POSITION, SQL_LOCK_NO_CHANGE));
     column.longValue.clear();
+    if (isBound_)
+        Check(SQLSetPos(statement_.Get(), row_ + 1, SQL_POSITION, SQL_LOCK_NO_CHANGE));
+    else
+        column.longValue.assign(column.cells.data(), column.cellSize - ending);
     for (;;) {
         std::size_t got = column.longValue.size();
         column.longValue.resize(got + pieceSize);

@@ -15,8 +15,9 @@ namespace vexlator::database {
 using Row = std::span<const std::string_view>;
 
 /// The rows of a result, fetched in blocks into buffers that the driver fills. Values that do not fit their
-/// cell are fetched one by one, and the cells of their column grow; a driver that cannot do that within a
-/// block gives one row at a time.
+/// cell are fetched one by one, and the cells of their column grow.
+/// A driver that cannot do that within a block gives one row at a time, and every value of it is fetched by
+/// itself: the driver for Access files takes an empty text in a buffer for the end of the rows.
 class RowBuffer {
 public:
     /// @param statement has run and outlives this object, as does `sql`
@@ -52,11 +53,14 @@ private:
     void Bind(std::size_t index);
     bool FetchBlock();
     std::string_view ValueOf(std::size_t index);
+    /// Fetches a value, or its beginning, when the driver has not filled the cell.
+    void FetchCell(std::size_t index);
     void FetchLongValue(std::size_t index);
     void Check(SQLRETURN result) const { statement_.Check(result, sql_); }
 
     const odbc::Handle& statement_;
     const std::string& sql_;
+    bool isBound_;  ///< the driver fills the cells of a whole block
     std::vector<Column> columns_;
     std::vector<std::string_view> values_;  ///< of the current row
     SQLULEN fetched_ = 0;

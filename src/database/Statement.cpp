@@ -42,6 +42,7 @@ struct Statement::Impl {
     void Check(SQLRETURN result) const { handle.Check(result, sql); }
     void Prepare();
     void OpenRows();
+    bool Next();
     Row Current() const { return ahead ? ahead->Current() : rows->Current(); }
 
     std::unique_ptr<Connection> own;  ///< rows are read ahead when there is one
@@ -52,6 +53,8 @@ struct Statement::Impl {
     std::vector<ParameterBuffer> parameters;
     std::optional<RowBuffer> rows;
     std::optional<RowsAhead> ahead;
+    std::optional<std::uint64_t> expectedRows;
+    std::uint64_t rowCount = 0;  ///< given so far
 };
 
 void Statement::Impl::Prepare() {
@@ -65,11 +68,25 @@ void Statement::Impl::OpenRows() {
     SQLSMALLINT columns = 0;
     Check(SQLNumResultCols(handle.Get(), &columns));
     if (columns == 0) return;
+    rowCount = 0;
     if (rows)
         rows->Restart();
     else
         rows.emplace(handle, sql, static_cast<std::size_t>(columns), rowsPerBlock);
     if (own) ahead.emplace(*rows);
+}
+
+bool Statement::Impl::Next() {
+    if (ahead ? ahead->Next() : rows && rows->Next()) {
+        ++rowCount;
+        return true;
+    }
+    if (expectedRows && rowCount != *expectedRows)
+        throw DatabaseError("HY000",
+                            "the driver gave " + util::GroupedCount(rowCount) + " rows, but the table counts " +
+                                util::GroupedCount(*expectedRows) + ": repair and compact the database",
+                            sql);
+    return false;
 }
 
 Statement::Statement(Connection& connection, std::string sql)
@@ -151,8 +168,11 @@ ColumnType Statement::TypeOf(std::size_t column) const {
             return ColumnType::Other;
     }
 }
+void Statement::ExpectRows(std::optional<std::uint64_t> count) {
+    impl_->expectedRows = count;
+}
 bool Statement::Next() {
-    return impl_->ahead ? impl_->ahead->Next() : impl_->rows && impl_->rows->Next();
+    return impl_->Next();
 }
 bool Statement::IsNull(std::size_t column) const {
     return impl_->Current()[column].data() == nullptr;

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -56,6 +57,10 @@ public:
     const std::string& ColumnName(std::size_t column) const;
     /// What the driver takes the column's values for; SQLite's values may be of other kinds all the same.
     ColumnType TypeOf(std::size_t column) const;
+
+    /// Has Next() throw after the last row unless there were this many, if a number is given: for drivers that have
+    /// been seen to end early.
+    void ExpectRows(std::optional<std::uint64_t> count);
 
     /// Goes to the next row, at first to the first; false after the last. Rows are not held in memory.
     bool Next();

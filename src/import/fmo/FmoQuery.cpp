@@ -37,6 +37,16 @@ std::string AsNumber(const Connection& connection, const std::string& column) {
     return "CAST(" + column + " AS DOUBLE PRECISION)";
 }
 
+/// The driver for Access files counts rows only without a condition.
+std::optional<std::uint64_t> RowCountToProve(Connection& connection, const Table& table,
+                                             const std::string& condition) {
+    if (!connection.OnlyReads() || !condition.empty()) return std::nullopt;
+    database::Statement count(connection, "SELECT COUNT(*) FROM " + table.Name());
+    count.Execute();
+    if (!count.Next()) return std::nullopt;
+    return static_cast<std::uint64_t>(count.Number(0));
+}
+
 }  // namespace
 
 FmoQuery FmoQuery::Points(const database::FmoDefinition& definition, const SelectList& list,
@@ -87,7 +97,8 @@ FmoQuery::Statement FmoQuery::For(Connection& connection) const {
     if (extent_.maxX != 0)
         where = Condition(AsNumber(connection, table->Column(east_)),
                           AsNumber(connection, table->Column(north_)), extent_);
-    return {"SELECT " + Joined(columns) + " FROM " + table->Name() + where, std::move(names)};
+    return {"SELECT " + Joined(columns) + " FROM " + table->Name() + where, std::move(names),
+            RowCountToProve(connection, *table, where)};
 }
 
 }  // namespace vexlator::importer

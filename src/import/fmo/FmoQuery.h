@@ -6,6 +6,8 @@
 #include "database/Connection.h"
 #include "database/FmoDefinition.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,6 +34,8 @@ public:
     struct Statement {
         std::string sql;
         std::vector<std::string> columns;  ///< names of those that it returns
+        /// Rows by the table's own count, where the driver has to be proved and has a count.
+        std::optional<std::uint64_t> rowCount;
     };
     /// @throws database::DatabaseError when table or columns are missing
     Statement For(database::Connection& connection) const;

@@ -177,6 +177,7 @@ void frmFromFMO::ImportPoints(std::unique_ptr<Connection> connection, const FmoQ
         statement = query.For(*connection);
         rows.emplace(std::move(connection), statement.sql);
         rows->Execute();
+        rows->ExpectRows(statement.rowCount);
     } catch (const DatabaseError& error) {
         ShowError(error.what(), query);
         return;
@@ -218,6 +219,7 @@ void frmFromFMO::ImportLines(std::unique_ptr<Connection> connection, const FmoQu
         FmoQuery::Statement statement = query.For(*connection);
         Statement rows(std::move(connection), statement.sql);
         rows.Execute();
+        rows.ExpectRows(statement.rowCount);
         RowAttributes attributes(drawing_, rows, statement.columns, 1);
         for (; rows.Next(); view_->Progress(++count_, 0)) {
             std::string value = rows.Bytes(0);
