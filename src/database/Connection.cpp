@@ -87,8 +87,7 @@ std::string Connection::Quoted(std::string_view identifier) const {
 // SQLite's transactions begin by statement, because only so can they take the write lock at once: one that
 // takes it later fails, instead of waiting, when another program has written in between.
 Transaction::Transaction(Connection& connection) : connection_(connection) {
-    if (connection.OnlyReads())
-        throw DatabaseError("25006", "the driver for such a database only reads");
+    if (connection.OnlyReads()) throw DatabaseError("25006", "the driver for such a database only reads");
     if (connection.Kind() == Connection::Product::Sqlite) {
         connection.Execute("BEGIN IMMEDIATE");
         return;

@@ -2,12 +2,17 @@
 // SPDX-License-Identifier: MIT
 #include "database/FmoDefinition.h"
 
+#include "config/Ini.h"
 #include "database/ConnectionString.h"
 #include "database/DatabaseError.h"
+#include "platform/Errors.h"
+#include "platform/Files.h"
 #include "platform/Paths.h"
 #include "util/Files.h"
 #include "util/Paths.h"
 #include "util/Text.h"
+
+#include <cstdint>
 
 namespace vexlator::database {
 
@@ -46,15 +51,27 @@ void LocateDatabase(config::Session& session, FmoDefinition& definition) {
 
 }  // namespace
 
-FmoDefinition ReadFmoDefinition(config::Session& session, std::string_view fmoPath) {
-    auto read = [&](std::string_view key) { return session.ReadIni(section, key, fmoPath); };
+FmoFile ReadFmoFile(std::string_view path) {
+    constexpr std::uint64_t largest = std::uint64_t{1} << 20;
+    if (util::FileSize(path) > largest)
+        throw platform::ReadError(platform::NativePath(path), "", "larger than 1 MB, which no FMO file is");
+    return {std::string(path), platform::ReadWholeFile(path)};
+}
+
+std::string DatabaseOf(const FmoFile& file) {
+    return config::IniValue(file.text, section, "MDB");
+}
+
+FmoDefinition ReadFmoDefinition(config::Session& session, const FmoFile& file) {
+    config::IniText values(file.text);
+    auto read = [&](std::string_view key) { return std::string(values.Value(section, key)); };
     FmoDefinition definition;
     definition.driver = read("DRIVER");
     definition.server = read("SERVER");
     definition.user = read("USER");
     definition.password = read("PASSWORD");
     if (definition.password == "*") definition.password = " ";
-    definition.definitionPath = fmoPath;
+    definition.definitionPath = file.path;
     definition.database = read("MDB");
     definition.table = read("TABLE");
     definition.east = read("EAST");
@@ -65,7 +82,7 @@ FmoDefinition ReadFmoDefinition(config::Session& session, std::string_view fmoPa
     definition.keyType = numeric ? KeyType::Numeric : KeyType::Text;
 
     if (definition.table.empty() || definition.database.empty())
-        session.Ui().ShowMessage("No Database Specification in INI File\n" + platform::NativePath(fmoPath));
+        session.Ui().ShowMessage("No Database Specification in INI File\n" + platform::NativePath(file.path));
     bool hasPlace = (!definition.east.empty() && !definition.north.empty()) || definition.IsLineTable();
     if (definition.key.empty() || !hasPlace)
         session.Ui().ShowMessage("Table Not Fully Specified in INI file");

@@ -13,6 +13,16 @@
 /// with the section [DEF].
 namespace vexlator::database {
 
+/// The text of an FMO file, read once for all that is asked of it.
+struct FmoFile {
+    std::string path, text;
+};
+/// @throws platform::ReadError a file that is missing, cannot be read, or is larger than 1 MB
+FmoFile ReadFmoFile(std::string_view path);
+
+/// MDB of a definition, before anything is checked.
+std::string DatabaseOf(const FmoFile& file);
+
 /// What the key column holds.
 enum class KeyType { Numeric = 1, Text = 2 };
 
@@ -34,8 +44,8 @@ struct FmoDefinition {
     bool IsLineTable() const { return !geometryColumn.empty(); }
 };
 
-/// Reads a definition. What it lacks is shown as messages; it is returned in any case.
-FmoDefinition ReadFmoDefinition(config::Session& session, std::string_view fmoPath);
+/// What a definition lacks is shown as messages; it is returned in any case.
+FmoDefinition ReadFmoDefinition(config::Session& session, const FmoFile& file);
 
 /// The connection string for a definition, possibly empty. When the database file is missing but lies beside
 /// the FMO file, the person is asked whether to use that; Yes changes the definition and its file.

@@ -83,8 +83,9 @@ bool Statement::Impl::Next() {
     }
     if (expectedRows && rowCount != *expectedRows)
         throw DatabaseError("HY000",
-                            "the driver gave " + util::GroupedCount(rowCount) + " rows, but the table counts " +
-                                util::GroupedCount(*expectedRows) + ": repair and compact the database",
+                            "the driver gave " + util::GroupedCount(rowCount) +
+                                " rows, but the table counts " + util::GroupedCount(*expectedRows) +
+                                ": repair and compact the database",
                             sql);
     return false;
 }

@@ -58,8 +58,8 @@ public:
     /// What the driver takes the column's values for; SQLite's values may be of other kinds all the same.
     ColumnType TypeOf(std::size_t column) const;
 
-    /// Has Next() throw after the last row unless there were this many, if a number is given: for drivers that have
-    /// been seen to end early.
+    /// Has Next() throw after the last row unless there were this many: for drivers that have been seen to
+    /// end early. Without a number it does not.
     void ExpectRows(std::optional<std::uint64_t> count);
 
     /// Goes to the next row, at first to the first; false after the last. Rows are not held in memory.

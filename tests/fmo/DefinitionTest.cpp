@@ -12,17 +12,21 @@ namespace vexlator {
 
 using database::BuildConnectionString;
 using database::FmoDefinition;
-using database::ReadFmoDefinition;
 using test::Texts;
 
-class DefinitionTest : public test::FmoOffice {};
+class DefinitionTest : public test::FmoOffice {
+protected:
+    FmoDefinition Read(const std::string& text) {
+        return ReadFmoDefinition(session_, database::ReadFmoFile(folder_.Write("FMO/a.FMO", text)));
+    }
+};
 
 TEST_P(DefinitionTest, ChecksWhatIsThere) {
     struct Case {
         std::string keys;
         bool hasDatabase, hasTable;
     };
-    std::string noDatabase = "No Database Specification in INI File\n" + (folder_ / "a.FMO");
+    std::string noDatabase = "No Database Specification in INI File\n" + (folder_ / "FMO/a.FMO");
     for (const Case& c : {
              Case{"TABLE=Pipes\nMDB=C:\\Net.mdb\nKEY=ID\nENBLOB=Geom\n", true, true},
              Case{"TABLE=Pipes\nMDB=C:\\Net.mdb\nKEY=ID\nEAST=E\nNORTH=N\n", true, true},
@@ -32,22 +36,23 @@ TEST_P(DefinitionTest, ChecksWhatIsThere) {
              Case{"", false, false},
          }) {
         ui_.messages.clear();
-        ReadFmoDefinition(session_, folder_.Write("a.FMO", "[DEF]\n" + c.keys));
+        Read("[DEF]\n" + c.keys);
         Texts expected;
         if (!c.hasDatabase) expected.push_back(noDatabase);
         if (!c.hasTable) expected.emplace_back("Table Not Fully Specified in INI file");
         EXPECT_EQ(ui_.messages, expected) << c.keys;
     }
-    std::string path = folder_.Write("a.FMO", "[def]\nkeytype=Numeric\nPASSWORD=*\n");
-    EXPECT_EQ(ReadFmoDefinition(session_, path).keyType, database::KeyType::Numeric);
-    EXPECT_EQ(ReadFmoDefinition(session_, path).password, " ");
+    FmoDefinition definition = Read("[def]\nkeytype=Numeric\nPASSWORD=*\n");
+    EXPECT_EQ(definition.keyType, database::KeyType::Numeric);
+    EXPECT_EQ(definition.password, " ");
+    EXPECT_THROW(Read(std::string((1 << 20) + 1, ';')), platform::ReadError);
     EXPECT_EQ(database::QuoteKeyValue("O'B", database::KeyType::Text), "'O''B'");
     EXPECT_EQ(database::QuoteKeyValue("12", database::KeyType::Numeric), "12");
 }
 
 TEST_P(DefinitionTest, ConnectionStrings) {
     auto build = [&](const std::string& keys) {
-        FmoDefinition definition = ReadFmoDefinition(session_, folder_.Write("FMO/a.FMO", "[DEF]\n" + keys));
+        FmoDefinition definition = Read("[DEF]\n" + keys);
         ui_.messages.clear();
         return BuildConnectionString(session_, definition);
     };

@@ -10,6 +10,7 @@
 #include "platform/Files.h"
 #include "support/TestDatabase.h"
 #include "support/TestUi.h"
+#include "util/Paths.h"
 
 #include <filesystem>
 #include <initializer_list>
@@ -78,7 +79,7 @@ protected:
     }
     config::Outcome Import(const std::string& path, const std::string& list = "") {
         config::Outcome outcome = importer::frmFromFMO(session_).Start(path, folder_ / "out", list);
-        if (!outcome.target.empty()) imported_.open(outcome.target);
+        imported_.open(folder_ / "out/" + std::string(util::BaseNameOf(path)) + ".VDF");
         return outcome;
     }
     static std::string TextOf(drawing::Entity entity) {

@@ -135,19 +135,19 @@ DatabaseExport::LayerTarget DatabaseExport::TargetOf(const ExportLayer& layer) c
     LayerTarget target;
     FmoDefinition& definition = target.definition;
     if (util::FileSize(own) > 0) {
-        definition = database::ReadFmoDefinition(session_, own);
+        definition = database::ReadFmoDefinition(session_, database::ReadFmoFile(own));
         return target;
     }
     if (util::FileSize(shared) == 0) {
         definition = NewDefinition(layer, prefix);
         target.newText = DefinitionText(definition);
     } else {
-        definition = database::ReadFmoDefinition(session_, shared);
+        database::FmoFile file = database::ReadFmoFile(shared);
+        definition = database::ReadFmoDefinition(session_, file);
         definition.table = prefix + definition.table;
         if (folders_.oneDatabase && database::IsDatabaseFile(definition))
             definition.database = folders_.database;
-        target.newText =
-            config::WithIniValue(platform::ReadWholeFile(shared), "DEF", "TABLE", definition.table);
+        target.newText = config::WithIniValue(file.text, "DEF", "TABLE", definition.table);
         target.newText = config::WithIniValue(target.newText, "DEF", "MDB", definition.database);
     }
     definition.definitionPath = own;

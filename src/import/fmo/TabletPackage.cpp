@@ -9,6 +9,8 @@
 #include "workflow/JobPackage.h"
 #include "workflow/ZipInput.h"
 
+#include <utility>
+
 namespace vexlator::importer {
 
 TabletPackage::TabletPackage(config::Session& session, std::string_view packagePath)
@@ -30,16 +32,16 @@ std::string TabletPackage::DatabaseName() const {
     return "";
 }
 
-std::string FmoFilesForDatabase(const config::Session& session, std::string_view folder,
-                                std::string_view databaseName) {
-    std::string list;
-    if (folder.empty()) return list;
+std::vector<database::FmoFile> FmoFilesForDatabase(std::string_view folder, std::string_view databaseName) {
+    std::vector<database::FmoFile> files;
+    if (folder.empty()) return files;
     for (const std::string& name : platform::ListFiles(folder)) {
         if (!util::MatchesPattern(name, "*.FMO")) continue;
-        std::string database = session.ReadIni("DEF", "MDB", util::JoinPath(folder, name));
-        if (Capitals(util::BaseNameOf(database)) == databaseName) list += "|" + name;
+        database::FmoFile file = database::ReadFmoFile(util::JoinPath(folder, name));
+        if (Capitals(util::BaseNameOf(database::DatabaseOf(file))) == databaseName)
+            files.push_back(std::move(file));
     }
-    return list;
+    return files;
 }
 
 }  // namespace vexlator::importer

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "config/Session.h"
+#include "database/FmoDefinition.h"
 
 #include <string>
 #include <string_view>
@@ -31,8 +32,7 @@ private:
     std::vector<std::string> unpacked_;
 };
 
-/// The names of the FMO files in a folder that name a database of that base name, each preceded by "|".
-std::string FmoFilesForDatabase(const config::Session& session, std::string_view folder,
-                                std::string_view databaseName);
+/// The FMO files in a folder that name a database of that base name. @throws platform::ReadError
+std::vector<database::FmoFile> FmoFilesForDatabase(std::string_view folder, std::string_view databaseName);
 
 }  // namespace vexlator::importer

@@ -30,6 +30,7 @@ namespace vexlator::importer {
 using database::Connection;
 using database::DatabaseError;
 using database::FmoDefinition;
+using database::FmoFile;
 using database::Statement;
 using util::PlanePoint;
 
@@ -95,7 +96,15 @@ config::Outcome frmFromFMO::Start(std::string_view sourcePath, std::string_view 
     std::string drawingPath = util::JoinPath(sourceFolder, util::BaseNameOf(sourcePath) + ".VDF");
     if (util::FileSize(drawingPath) > 0) drawing_.open(drawingPath);
     output_.emplace(drawing_, drawingPath);
-    for (const std::string& path : SourceFiles(sourcePath, fileList)) ImportFmoFile(path);
+    for (const std::string& path : SourceFiles(sourcePath, fileList)) {
+        try {
+            files_.push_back(database::ReadFmoFile(path));
+        } catch (const platform::ReadError& error) {
+            session_.Ui().Report(error.what());
+            complete_ = false;
+        }
+    }
+    ImportFiles();
     return Save(drawingPath);
 }
 
@@ -112,12 +121,11 @@ config::Outcome frmFromFMO::StartTablet(std::string_view packagePath, std::strin
         outcome.status = config::Outcome::Status::Failed;
         return outcome;
     }
-    const std::string& folder = session_.Settings().FMODirectory;
-    fileList = FmoFilesForDatabase(session_, folder, database);
+    files_ = FmoFilesForDatabase(session_.Settings().FMODirectory, database);
+    for (const FmoFile& file : files_) fileList += "|" + util::FileNameOf(file.path);
     std::string drawingPath = util::JoinPath(sourceFolder, util::BaseNameOf(packagePath) + ".VDF");
     output_.emplace(drawing_, drawingPath);
-    for (std::size_t k = 1; k <= util::CountOf(fileList, "|"); ++k)
-        ImportFmoFile(util::JoinPath(folder, util::GetBarField(k, fileList)));
+    ImportFiles();
     return Save(drawingPath);
 }
 
@@ -125,29 +133,37 @@ config::Outcome frmFromFMO::Save(const std::string& drawingPath) {
     view_->SetLabel("Completed!");
     config::Outcome outcome;
     outcome.target = drawingPath;
-    outcome.features = features_;
+    // Half of a table is better than nothing, but does not replace a drawing.
+    bool isHalf = !tableReadToEnd_ && util::FileSize(drawingPath) > 0;
+    outcome.features = isHalf ? 0 : features_;
     if (!complete_) outcome.status = config::Outcome::Status::Failed;
     return SaveImport(session_, drawing_, outcome, [&] { output_->Commit(); });
 }
 
-void frmFromFMO::ImportFmoFile(const std::string& fmoPath) {
-    std::string code = Capitals(util::BaseNameOf(fmoPath));
-    std::string symbol = SelectFeatureLayer(code);
-    FmoDefinition definition = database::ReadFmoDefinition(session_, fmoPath);
-    auto connection = definition.table.empty() ? nullptr : OpenFmoConnection(session_, definition);
-    if (!connection) {
-        complete_ = false;
-        return;
+void frmFromFMO::ImportFiles() {
+    for (const FmoFile& file : files_) {
+        if (ImportFmoFile(file))
+            tableReadToEnd_ = true;
+        else
+            complete_ = false;
     }
+}
+
+bool frmFromFMO::ImportFmoFile(const FmoFile& file) {
+    std::string code = Capitals(util::BaseNameOf(file.path));
+    std::string symbol = SelectFeatureLayer(code);
+    FmoDefinition definition = database::ReadFmoDefinition(session_, file);
+    auto connection = definition.table.empty() ? nullptr : OpenFmoConnection(session_, definition);
+    if (!connection) return false;
     count_ = 0;
-    if (definition.IsLineTable())
-        ImportLines(std::move(connection), FmoQuery::Lines(definition), code);
-    else
-        ImportPoints(std::move(connection),
-                     FmoQuery::Points(definition, TemplateSelectList(session_, code),
-                                      session_.Settings().ImportExtent),
-                     symbol);
+    bool toEnd = definition.IsLineTable()
+                     ? ImportLines(std::move(connection), FmoQuery::Lines(definition), code)
+                     : ImportPoints(std::move(connection),
+                                    FmoQuery::Points(definition, TemplateSelectList(session_, code),
+                                                     session_.Settings().ImportExtent),
+                                    code, symbol);
     drawing_.zoomExtents();
+    return toEnd;
 }
 
 /// Returns the name of the code's symbol.
@@ -164,12 +180,11 @@ std::string frmFromFMO::SelectFeatureLayer(const std::string& code) {
 }
 
 void frmFromFMO::ShowError(const std::string& reason, const FmoQuery& query) {
-    complete_ = false;
     session_.Ui().ShowMessage(reason + "\n" + query.Shown());
 }
 
-void frmFromFMO::ImportPoints(std::unique_ptr<Connection> connection, const FmoQuery& query,
-                              const std::string& symbol) {
+bool frmFromFMO::ImportPoints(std::unique_ptr<Connection> connection, const FmoQuery& query,
+                              const std::string& code, const std::string& symbol) {
     session_.DebugMessage(query.Shown());
     FmoQuery::Statement statement;
     std::optional<Statement> rows;
@@ -180,7 +195,7 @@ void frmFromFMO::ImportPoints(std::unique_ptr<Connection> connection, const FmoQ
         rows->ExpectRows(statement.rowCount);
     } catch (const DatabaseError& error) {
         ShowError(error.what(), query);
-        return;
+        return false;
     }
     std::string problem;
     try {
@@ -203,18 +218,19 @@ void frmFromFMO::ImportPoints(std::unique_ptr<Connection> connection, const FmoQ
     features_ += count_;
     if (problem.empty() && count_ > 0) {
         view_->SetLabel(std::to_string(count_));
-        return;
+        return true;
     }
     session_.Ui().ShowMessage("No Records Returned\n" + query.Shown());
-    if (problem.empty()) return;
-    complete_ = false;
-    session_.Ui().Report(problem);
+    if (problem.empty()) return true;
+    session_.Ui().Report(code + ": " + problem);
+    return false;
 }
 
-void frmFromFMO::ImportLines(std::unique_ptr<Connection> connection, const FmoQuery& query,
+bool frmFromFMO::ImportLines(std::unique_ptr<Connection> connection, const FmoQuery& query,
                              const std::string& code) {
     session_.DebugMessage(query.Shown());
     DamagedRows damaged;
+    bool toEnd = false;
     try {
         FmoQuery::Statement statement = query.For(*connection);
         Statement rows(std::move(connection), statement.sql);
@@ -238,13 +254,15 @@ void frmFromFMO::ImportLines(std::unique_ptr<Connection> connection, const FmoQu
             }
         }
         view_->SetLabel(std::to_string(count_));
+        toEnd = true;
     } catch (const DatabaseError& error) {
         ShowError(error.what(), query);
     }
-    if (damaged.count == 0) return;
+    if (damaged.count == 0) return toEnd;
     complete_ = false;
     session_.Ui().Report(code + ": " + util::GroupedCount(damaged.count) +
                          " rows with a damaged geometry value left out, the first with " + damaged.first);
+    return toEnd;
 }
 
 }  // namespace vexlator::importer

@@ -13,6 +13,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vexlator::importer {
 
@@ -26,7 +27,7 @@ public:
     /// Imports `sourcePath` and the files of `fileList` (each preceded by "|") into the drawing in
     /// `sourceFolder` that has the first one's base name; a drawing that is there already is added to.
     /// A file whose table cannot be read to the end is reported, what was read of it stays, and the outcome
-    /// is Failed.
+    /// is Failed. When no table gave features to its end, a drawing that is there stays as it is.
     /// @throws platform::ReadError for a drawing that cannot be read, platform::WriteError
     config::Outcome Start(std::string_view sourcePath, std::string_view sourceFolder,
                           std::string_view fileList);
@@ -39,12 +40,14 @@ public:
                                 std::string& fileList);
 
 private:
-    void ImportFmoFile(const std::string& fmoPath);
-    std::string SelectFeatureLayer(const std::string& code);
-    void ImportPoints(std::unique_ptr<database::Connection> connection, const FmoQuery& query,
-                      const std::string& symbol);
-    void ImportLines(std::unique_ptr<database::Connection> connection, const FmoQuery& query,
+    void ImportFiles();
+    // These three say whether the table was read to its end.
+    bool ImportFmoFile(const database::FmoFile& file);
+    bool ImportPoints(std::unique_ptr<database::Connection> connection, const FmoQuery& query,
+                      const std::string& code, const std::string& symbol);
+    bool ImportLines(std::unique_ptr<database::Connection> connection, const FmoQuery& query,
                      const std::string& code);
+    std::string SelectFeatureLayer(const std::string& code);
     void ShowError(const std::string& reason, const FmoQuery& query);
     config::Outcome Save(const std::string& drawingPath);
 
@@ -52,9 +55,11 @@ private:
     drawing::Drawing drawing_;
     std::optional<drawing::DrawingOutput> output_;
     std::unique_ptr<ui::FormView> view_;
-    std::uint64_t count_ = 0;     ///< rows of the current file
-    std::uint64_t features_ = 0;  ///< entities made
-    bool complete_ = true;
+    std::vector<database::FmoFile> files_;
+    std::uint64_t count_ = 0;      ///< rows of the current file
+    std::uint64_t features_ = 0;   ///< entities made
+    bool complete_ = true;         ///< nothing was left out
+    bool tableReadToEnd_ = false;  ///< of one file at least
 };
 
 }  // namespace vexlator::importer
