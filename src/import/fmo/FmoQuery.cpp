@@ -40,7 +40,8 @@ std::string AsNumber(const Connection& connection, const std::string& column) {
 /// The driver for Access files counts rows only without a condition.
 std::optional<std::uint64_t> RowCountToProve(Connection& connection, const Table& table,
                                              const std::string& condition) {
-    if (!connection.OnlyReads() || !condition.empty()) return std::nullopt;
+    bool isAccess = connection.OnlyReads() && connection.Kind() == Connection::Product::Other;
+    if (!isAccess || !condition.empty()) return std::nullopt;
     database::Statement count(connection, "SELECT COUNT(*) FROM " + table.Name());
     count.Execute();
     if (!count.Next()) return std::nullopt;
