@@ -115,10 +115,11 @@ void RowBuffer::FetchLongValue(std::size_t index) {
         SQLRETURN result = SQLGetData(statement_.Get(), static_cast<SQLUSMALLINT>(index + 1), column.inMemory,
                                       column.longValue.data() + got, pieceSize, &left);
         if (result != SQL_NO_DATA) Check(result);
-        bool more = result == SQL_SUCCESS_WITH_INFO;
-        std::size_t piece = more ? pieceSize - ending : static_cast<std::size_t>(std::max<SQLLEN>(left, 0));
-        column.longValue.resize(got + piece);
-        if (!more) break;
+        bool isEmpty = result == SQL_NO_DATA || left == SQL_NULL_DATA;
+        bool isLast = left >= 0 && static_cast<std::size_t>(left) + ending <= pieceSize;
+        std::size_t piece = isLast ? static_cast<std::size_t>(left) : pieceSize - ending;
+        column.longValue.resize(got + (isEmpty ? 0 : piece));
+        if (isEmpty || isLast) break;
     }
     std::size_t size = std::bit_ceil(std::min(column.longValue.size() + ending, largestCellSize));
     column.wantedSize = std::max(column.wantedSize, size);

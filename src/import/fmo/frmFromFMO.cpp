@@ -121,8 +121,13 @@ config::Outcome frmFromFMO::StartTablet(std::string_view packagePath, std::strin
         outcome.status = config::Outcome::Status::Failed;
         return outcome;
     }
-    files_ = FmoFilesForDatabase(session_.Settings().FMODirectory, database);
+    const std::string& folder = session_.Settings().FMODirectory;
+    files_ = FmoFilesForDatabase(folder, database);
     for (const FmoFile& file : files_) fileList += "|" + util::FileNameOf(file.path);
+    if (files_.empty()) {
+        complete_ = false;
+        session_.Ui().Report(platform::NativePath(folder) + ": no FMO file names a database " + database);
+    }
     std::string drawingPath = util::JoinPath(sourceFolder, util::BaseNameOf(packagePath) + ".VDF");
     output_.emplace(drawing_, drawingPath);
     ImportFiles();
