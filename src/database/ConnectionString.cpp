@@ -57,6 +57,15 @@ std::string DriverFor(std::string_view library) {
     return std::string(library) + ".so";
 }
 
+/// @param file a real Access file. The driver loops for ever in one that was cut off.
+std::string ForJetFile(const std::string& native, std::string_view file) {
+    constexpr std::size_t smallestPage = 2048;
+    if (file.size() % smallestPage != 0)
+        throw CannotConnect(native + ": byte " + std::to_string(file.size()) +
+                            ": the Access database is cut off");
+    return "Driver=" + DriverFor("libmdbodbc") + ";DBQ=" + Braced(native);
+}
+
 std::string ForAccessFile(std::string_view path) {
     std::string native = platform::FindExisting(path);
     if (native.empty()) throw CannotConnect(platform::NativePath(path) + ": no such file");
@@ -66,7 +75,7 @@ std::string ForAccessFile(std::string_view path) {
             return SqliteConnectionString(native);
         std::string_view mark = file.Text().substr(std::min<std::size_t>(4, file.Text().size()));
         if (mark.starts_with("Standard Jet DB") || mark.starts_with("Standard ACE DB"))
-            return "Driver=" + DriverFor("libmdbodbc") + ";DBQ=" + Braced(native);
+            return ForJetFile(native, file.Text());
     } catch (const platform::ReadError& error) {
         throw CannotConnect(error.what());
     }
