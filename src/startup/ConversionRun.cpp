@@ -185,8 +185,9 @@ ExitStatus RunExport(config::Session& session, const Conversions& conversions, s
     if (auto slip = FindExportSlip(conversions, text)) return Refuse(session, slip->advice, slip->status);
     ExportCommand command = ParseExport(text);
     if (command.code.empty()) {
-        std::string path = "\"" + platform::NativePath(command.targetPath) + "\"";
-        return RefuseExport(session, conversions, path + " names no format to export to");
+        std::string path = platform::NativePath(command.targetPath);
+        return RefuseExport(session, conversions,
+                            "\"" + path + "\" names no format, as \"" + path + ".SHP\" does");
     }
     TargetFolder folder(command.targetPath);
     const ExportRow* row = conversions.FindExport(command.code);

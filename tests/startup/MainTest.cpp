@@ -189,7 +189,7 @@ TEST_F(MainTest, NothingToDoIsOnePlainLine) {
         {"IMPORT", "vexlator: IMPORT needs a file"},
         {"\"IMPORT /p/a.SHP\" ", "vexlator: a double quote is left over"},  // a blank saves the last one
         {p + ".DWG", "vexlator: DWG export is not available yet"},
-        {p, "vexlator: \"" + p + "\" names no format to export to"},
+        {p, "vexlator: \"" + p + "\" names no format"},
     };
     for (const auto& [command, line] : cases) {
         EXPECT_EQ(Run(command), 3) << command;
