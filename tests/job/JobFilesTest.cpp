@@ -31,7 +31,7 @@ TEST_F(JobFiles, GoIntoOneDrawing) {
     folder.Write("in/C.PAK", "$GIS,P,1,NONE,3,3\nCO,WALL(1),Close\n");
     folder.Write("in/D.JOB", "");
     config::Outcome outcome = Start("a.job", "B.JOB|c.pak||D.JOB|" + (folder / "in/C.PAK"));
-    EXPECT_EQ(outcome.status, Status::Done);
+    EXPECT_EQ(outcome.status, Status::Failed) << "D.JOB is empty";
     EXPECT_EQ(outcome.features, 4U);
     EXPECT_EQ(outcome.layers, 2U);
     // Point numbers count for each job file by itself.
@@ -42,7 +42,7 @@ TEST_F(JobFiles, GoIntoOneDrawing) {
     EXPECT_EQ(source, folder / "in/a.job");
     EXPECT_EQ(ui.labels[ui.labels.size() - 2], "1 positions, 1 entities");
     EXPECT_EQ(ui.labels.back(), "Completed!");
-    EXPECT_TRUE(ui.messages.empty());
+    EXPECT_EQ(ui.messages, std::vector{folder / "in/D.JOB: holds no record of a device job"});
 }
 
 TEST_F(JobFiles, AddToTheDrawingThatIsThere) {

@@ -31,11 +31,13 @@ public:
     std::map<std::string, std::string> aliases;
     std::map<std::string, std::string> symbols;  ///< blocks by symbol name; any other gives DEFAULT
     importer::JobSettings settings;
+    std::uint64_t leftOut = 0;  ///< positions of the last job that have no place
 
     explicit PlainImport(drawing::Drawing& drawing) : drawing_(drawing) {}
 
     void ImportJobFile(const std::string& text) {
         table_.clear();
+        leftOut = 0;
         for (const std::string& line : Split(text, '\n')) table_.push_back(Split(line, ','));
         table_.pop_back();  // what follows the last line feed
         width_ = 2;
@@ -44,14 +46,15 @@ public:
         used_.clear();
         if (settings.importQA) drawing_.setActiveLayer("$QA");
         for (std::size_t r = 0; r < table_.size(); ++r) {
-            bool hasPlace = (Cell(r, 4) + Cell(r, 5)).find_first_not_of("0123456789-.") == std::string::npos;
-            bool isPosition = Begins(r, "$") && (Cell(r, 0) != "$GIS" || hasPlace);
+            bool isPosition = Begins(r, "$") && HasPlace(r);
             if (isPosition && Cell(r, 1) == "P")
                 ImportPoint(r);
             else if (isPosition)
                 ImportFeature(r);
             else if (Cell(r, 0) == "CO" && Cell(r, 2) == "Close")
                 CloseFeature(Cell(r, 1));
+            else if (Begins(r, "$"))
+                ++leftOut;
         }
         for (const char* name : {"REFLINE", "REFPOINT"}) {
             if (drawing_.activeLayerName() == name) current_ = {};
@@ -85,6 +88,10 @@ private:
     bool Begins(std::size_t r, const std::string& text) const { return Cell(r, 0).starts_with(text); }
     bool HasAttributes(std::size_t r, const std::string& key) const {
         return Cell(r, 0) == " DB" && Cell(r, 1) == key;
+    }
+    bool HasPlace(std::size_t r) const {
+        std::string place = Cell(r, 4) + Cell(r, 5);
+        return Cell(r, 0) != "$GIS" || place.find_first_not_of("0123456789-.") == std::string::npos;
     }
     void MarkAsDone(std::size_t r) { table_[r][0] = "done"; }
     bool IsFillingStyle() const { return util::NumberOf(Part(current_.style, ',', 1)) >= 0; }
@@ -153,6 +160,7 @@ private:
         AttachAttributes(polyline, id, row);
         for (std::size_t i = r; i < table_.size(); ++i) {
             if (i > r && !(Begins(i, "$") && Cell(i, 3).starts_with(id))) continue;
+            if (i > r && !HasPlace(i) && !Begins(i + 1, "=")) continue;
             polyline.appendVertex(Place(i));
             AddQualityMarker(i, id);
             MarkAsDone(i);

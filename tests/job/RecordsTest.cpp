@@ -27,6 +27,7 @@ TEST_F(JobRecords, BecomeEntities) {
     const std::string triangle = "$GIS,A,1,FENCE(1),0,0\n$GIS,A,2,FENCE(1),4,0\n$GIS,A,3,FENCE(1),",
                       area = "VDPOLYLINE FENCE c255 (0,0,0)(4,0,0)",
                       point = "VDINSERT NONE c3 (1,2,3) [default] {FOID=7}",
+                      grid = "$GIS,A,1,FENCE(1),400000.01,0\n$GIS,A,2,FENCE(1),400004,0\n",
                       names = "{PtId=7;Feature=NONE;NumSats=12;DOP=1.4;DiffMode=2;";
     struct Case {
         std::string job;
@@ -39,6 +40,10 @@ TEST_F(JobRecords, BecomeEntities) {
          plain},
         {triangle + "0,0.009\n", {area + "(0,0.009,0) FENCE(1) closed filled {A=J0412-FENCE(1)}"}, openAreas},
         {triangle + "0,0.01\n", {area + "(0,0.01,0) FENCE(1) filled {A=J0412-FENCE(1)}"}, openAreas},
+        {grid + "$GIS,A,3,FENCE(1),400000.02,0\n",
+         {"VDPOLYLINE FENCE c255 (400000.01,0,0)(400004,0,0)(400000.02,0,0) FENCE(1) filled "
+          "{A=J0412-FENCE(1)}"},
+         openAreas},
         {"$GPS,P,7,NONE,,,,,12/1.4/2/0.020[0.012]\n=,1,2,3\n",
          {point, "VDCIRCLE $QA c3 (1,2,3) r0.012 " + names + "RealTimeAcc=0.020;PostProAcc=0.012}"},
          quality},

@@ -27,7 +27,7 @@ RecordKind KindOf(std::string_view line) {
 
 }  // namespace
 
-JobTable::JobTable(std::string_view text) {
+JobTable::JobTable(std::string_view text) : text_(text) {
     // Lines of devices are seldom shorter than this; too little room only costs a move.
     constexpr std::size_t usualLine = 32;
     rows_.reserve(text.size() / usualLine + 1);
@@ -48,6 +48,13 @@ void JobTable::Append(std::string_view line, std::uint64_t number) {
     RecordKind kind = KindOf(line);
     if (kind == RecordKind::Other && !rows_.empty() && rows_.back().kind == RecordKind::Other) return;
     rows_.push_back({line.data(), static_cast<std::uint32_t>(line.size()), kind});
+}
+
+std::uint64_t JobTable::LineNumber(Row row) const {
+    util::LineReader lines(text_);
+    do lines.ReadTextLine();
+    while (!lines.AtEnd() && text_.data() + lines.Position() <= rows_[row].text);
+    return lines.Line();
 }
 
 std::string_view JobTable::Field(Row row, std::size_t index) const {

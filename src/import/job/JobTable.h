@@ -45,6 +45,8 @@ public:
     /// @throws platform::ReadError: a line of 4 GB or more, more lines than a row number can tell
     explicit JobTable(std::string_view text = {});
 
+    /// False when no line is a record.
+    bool HasRecords() const { return RowCount() > 1 || (RowCount() == 1 && Kind(0) != RecordKind::Other); }
     Row RowCount() const { return static_cast<Row>(rows_.size()); }
     /// Fields of the line that has the most, and that line's number from 1.
     std::size_t Width() const { return width_; }
@@ -57,6 +59,8 @@ public:
     }
     bool IsAbove(Row row, RecordKind kind) const { return row > 0 && rows_[row - 1].kind == kind; }
     std::string_view Line(Row row) const { return {rows_[row].text, rows_[row].size}; }
+    /// The number of the line that the row was read from, from 1. It is found by counting.
+    std::uint64_t LineNumber(Row row) const;
     /// Empty when the line has fewer fields.
     std::string_view Field(Row row, std::size_t index) const;
 
@@ -71,6 +75,7 @@ private:
     };
     void Append(std::string_view line, std::uint64_t number);
 
+    std::string_view text_;
     std::vector<Record> rows_;
     std::size_t width_ = 0;
     std::uint64_t widestLine_ = 0;

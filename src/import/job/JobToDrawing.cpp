@@ -20,8 +20,9 @@ using Row = JobTable::Row;
 
 namespace {
 
-/// First and last vertex of an area that is closed by itself are nearer than this, in drawing units.
-constexpr double closingDistance = 0.01;
+/// First and last vertex of an area that is closed by itself are nearer than 0.01 drawing units. Coordinates
+/// of a grid are doubles: ends that their texts have exactly that far apart may seem a hair nearer.
+constexpr double closingDistance = 0.01 - 1e-8;
 
 std::string_view CodeOfFeature(std::string_view id) {
     return id.substr(0, id.find('('));
@@ -56,6 +57,7 @@ private:
     void ImportPointRecord(Row row);
     void ImportFeatureRecord(Row row);
     void CloseFeature(std::string_view id);
+    void LeaveOut(Row row);
     void CloseAreaIfNeeded(drawing::Entity polyline);
     void AddMarker(Row row, std::string_view feature);
 
@@ -79,6 +81,8 @@ void JobToDrawing::Job::ImportRow(Row row) {
             ImportPointRecord(row);
         else
             ImportFeatureRecord(row);
+    } else if (table_.IsPosition(row)) {
+        LeaveOut(row);
     } else if (table_.Kind(row) == RecordKind::Command && table_.Field(row, 2) == "Close") {
         CloseFeature(table_.Field(row, 1));
     }
@@ -143,6 +147,10 @@ void JobToDrawing::Job::CloseFeature(std::string_view id) {
     // Unlike an area, a feature that is closed by command needs a style to be filled.
     const std::string& style = layers_.Current().style;
     closer_.CloseAll(std::string(id), !style.empty() && StyleFills(style));
+}
+
+void JobToDrawing::Job::LeaveOut(Row row) {
+    if (counts_.leftOut++ == 0) counts_.firstLeftOut = row;
 }
 
 JobToDrawing::JobToDrawing(config::Session& session, drawing::Drawing& drawing, JobSettings settings)

@@ -22,6 +22,8 @@ struct JobSettings {
 struct JobCounts {
     std::uint64_t entities = 0;   ///< points and features
     std::uint64_t positions = 0;  ///< points and vertices
+    std::uint64_t leftOut = 0;    ///< position records whose x or y is no number
+    JobTable::Row firstLeftOut = JobTable::noRow;
 };
 
 /// Turns the records of job files into the entities of one drawing.

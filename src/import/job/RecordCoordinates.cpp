@@ -35,6 +35,11 @@ bool IsPositionRecord(const JobTable& table, JobTable::Row row) {
            LooksNumeric(table.Field(row, ownCoordinates + 1));
 }
 
+bool IsVertexRecord(const JobTable& table, JobTable::Row row) {
+    return table.IsPosition(row) &&
+           (table.IsBelow(row, RecordKind::Coordinates) || IsPositionRecord(table, row));
+}
+
 drawing::Point GetRecordCoordinates(const JobTable& table, JobTable::Row row) {
     if (table.IsBelow(row, RecordKind::Coordinates)) return PointAt(table.Line(row + 1), 1);
     if (table.Kind(row) == RecordKind::GisPosition) return PointAt(table.Line(row), ownCoordinates);

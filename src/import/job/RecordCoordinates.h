@@ -12,6 +12,10 @@ namespace vexlator::importer {
 /// Whether a record is a position to import: not one that holds its own coordinates when they are no numbers.
 bool IsPositionRecord(const JobTable& table, JobTable::Row row);
 
+/// Whether a record below a feature's first is one of its vertices: not one that would have to be placed by
+/// its own coordinates when they are no numbers.
+bool IsVertexRecord(const JobTable& table, JobTable::Row row);
+
 /// The coordinates of the line below a position record, else those of the record itself; 0, 0, 0 without
 /// either.
 drawing::Point GetRecordCoordinates(const JobTable& table, JobTable::Row row);

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "import/job/VertexRecords.h"
 
+#include "import/job/RecordCoordinates.h"
+
 #include <algorithm>
 #include <numeric>
 
@@ -38,7 +40,7 @@ void VertexRecords::TakeBelow(Row row, std::string_view id, std::vector<Row>& fo
     for (; place < alphabetic_.size() && texts.Text(alphabetic_[place]).starts_with(id);
          place = Untaken(place + 1), ++chains) {
         for (Row next = byText_.First(alphabetic_[place]); next != JobTable::noRow; next = byText_.Next(next))
-            if (next > row && table_.IsPosition(next)) found.push_back(next);
+            if (next > row && IsVertexRecord(table_, next)) found.push_back(next);
         onward_[place] = static_cast<std::uint32_t>(place + 1);
     }
     if (chains > 1) std::sort(found.begin(), found.end());

@@ -13,6 +13,8 @@
 #include "util/Paths.h"
 
 #include <algorithm>
+#include <unordered_set>
+#include <vector>
 
 namespace vexlator::importer {
 
@@ -25,11 +27,39 @@ JobSettings ReadSettings(const config::Session& session) {
     return settings;
 }
 
+constexpr std::string_view sourceProperty = "Source";
+
+bool ComesFrom(const drawing::Drawing& drawing, std::string_view jobPath) {
+    std::string job = platform::AbsolutePath(jobPath);
+    return std::ranges::any_of(drawing.properties(), [&](const auto& property) {
+        return property.first == sourceProperty &&
+               platform::SameNoCase(platform::AbsolutePath(property.second), job);
+    });
+}
+
 /// Exports find the photographs of a drawing, and the job to record, by the job that it came from.
 void NameSource(drawing::Drawing& drawing, std::string_view jobPath) {
-    auto isSource = [](const auto& property) { return property.first == "Source"; };
+    auto isSource = [](const auto& property) { return property.first == sourceProperty; };
     if (std::ranges::none_of(drawing.properties(), isSource))
-        drawing.properties().emplace_back("Source", platform::AbsolutePath(jobPath));
+        drawing.properties().emplace_back(sourceProperty, platform::AbsolutePath(jobPath));
+}
+
+std::uint64_t LayersInUse(drawing::Drawing& drawing) {
+    std::unordered_set<const std::string*> names;
+    drawing.forEach([&](const drawing::Entity& entity) { names.insert(&entity.layerName()); });
+    return names.size();
+}
+
+std::string Counted(std::uint64_t count, std::string_view noun) {
+    return util::GroupedCount(count) + " " + std::string(noun) + (count == 1 ? "" : "s");
+}
+
+void ReportLeftOut(ui::UserInterface& ui, const std::string& file, const JobTable& table,
+                   const JobCounts& counts) {
+    if (counts.leftOut == 0) return;
+    ui.Report(file + ": " + Counted(counts.leftOut, "position") +
+              " left out because x or y is no number, the first in line " +
+              std::to_string(table.LineNumber(counts.firstLeftOut)));
 }
 
 }  // namespace
@@ -40,25 +70,49 @@ config::Outcome frmFromJOB::Start(std::string_view sourcePath, std::string_view 
     config::Outcome outcome;
     outcome.target = util::JoinPath(sourceFolder, util::BaseNameOf(sourcePath) + ".VDF");
     if (util::FileSize(outcome.target) > 0) drawing_.open(outcome.target);
+    std::uint64_t before = drawing_.entityCount();
+    std::vector<std::string> paths = SourceFiles(sourcePath, fileList);
+    bool isOfSameJob =
+        std::ranges::any_of(paths, [&](const auto& path) { return ComesFrom(drawing_, path); });
     JobToDrawing importer(session_, drawing_, ReadSettings(session_));
     bool complete = true;
-    for (const std::string& path : SourceFiles(sourcePath, fileList))
-        complete &= ImportJobFile(path, importer, outcome);
+    for (const std::string& path : paths) complete &= ImportJobFile(path, importer);
     NameSource(drawing_, sourcePath);
     complete &= gpx::frmGPX(session_).ProcessAnyTrailData(util::FolderOf(sourcePath));
     if (!complete) outcome.status = config::Outcome::Status::Failed;
-    return SaveImport(session_, drawing_, outcome, [&] { drawing_.saveAs(outcome.target); });
+    outcome.features = imported_;
+    outcome = SaveImport(session_, drawing_, outcome, [&] { drawing_.saveAs(outcome.target); });
+    if (outcome.target.empty()) return outcome;
+    outcome.layers = LayersInUse(drawing_);
+    outcome.features = drawing_.entityCount();
+    if (before > 0) ReportAddition(outcome, before, isOfSameJob);
+    return outcome;
 }
 
-bool frmFromJOB::ImportJobFile(const std::string& path, JobToDrawing& importer, config::Outcome& outcome) {
+/// A job that is imported twice has all of its features twice, and nothing else shows it.
+void frmFromJOB::ReportAddition(const config::Outcome& outcome, std::uint64_t before, bool isOfSameJob) {
+    std::uint64_t added = std::max(outcome.features, before) - before;
+    std::string line = platform::NativePath(outcome.target) + ": " + Counted(added, "feature") +
+                       " added: now " + util::GroupedCount(outcome.features);
+    if (isOfSameJob) line += ", of this very job before; remove the drawing first to have them once";
+    session_.Ui().Report(line);
+}
+
+bool frmFromJOB::ImportJobFile(const std::string& path, JobToDrawing& importer) {
     auto file = util::OpenFile(path, &session_.Ui());
     if (!file) return false;
     JobCounts counts;
     try {
         JobText text(*file);
         JobTable table(text.Text());
+        if (!table.HasRecords()) {
+            session_.Ui().ShowMessage(file->Name() + ": holds no record of a device job");
+            return false;
+        }
         ResolveSupersededRecords(table);
         counts = importer.ImportRecords(table, path, *view_);
+        imported_ += counts.entities;
+        ReportLeftOut(session_.Ui(), file->Name(), table, counts);
     } catch (const platform::ReadError& error) {
         throw error.InFile(file->Name());
     }
@@ -67,7 +121,6 @@ bool frmFromJOB::ImportJobFile(const std::string& path, JobToDrawing& importer, 
                     util::GroupedCount(counts.entities) + " entities");
     session_.Ui().Settle(0.01);
     view_->SetLabel("Completed!");
-    outcome.features += counts.entities;
     return true;
 }
 

@@ -7,6 +7,7 @@
 #include "drawing/Drawing.h"
 #include "import/job/JobToDrawing.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -21,21 +22,24 @@ public:
 
     /// Imports `sourcePath` and the files of `fileList` (each preceded by "|"; names without a folder lie
     /// beside `sourcePath`) into the drawing in `sourceFolder` that has the first one's base name. A drawing
-    /// that is there already is added to. A drawing without the property "Source" gets `sourcePath` as that.
-    /// A file that cannot be opened, or a trail that cannot be converted, is reported and left out, and the
-    /// outcome is Failed.
+    /// that is there already is added to, which is told. A drawing without the property "Source" gets
+    /// `sourcePath` as that. A file that cannot be opened or holds no record, or a trail that cannot be
+    /// converted, is reported and left out, and the outcome is Failed. The outcome counts what the drawing
+    /// holds.
     /// @throws platform::ReadError for a damaged drawing, template or job, platform::WriteError; then no
     /// drawing is saved
     config::Outcome Start(std::string_view sourcePath, std::string_view sourceFolder,
                           std::string_view fileList);
 
 private:
-    /// False when the file cannot be opened.
-    bool ImportJobFile(const std::string& path, JobToDrawing& importer, config::Outcome& outcome);
+    /// False when the file cannot be opened or holds no record.
+    bool ImportJobFile(const std::string& path, JobToDrawing& importer);
+    void ReportAddition(const config::Outcome& outcome, std::uint64_t before, bool isOfSameJob);
 
     config::Session& session_;
     drawing::Drawing drawing_;
     std::unique_ptr<ui::FormView> view_;
+    std::uint64_t imported_ = 0;  ///< entities that the jobs brought
 };
 
 }  // namespace vexlator::importer
