@@ -40,9 +40,8 @@ void GpxWriter::Begin(const GpxPosition& start, const GpxPosition& end) {
 }
 
 void GpxWriter::TrackPoint(const GpxPosition& position) {
-    if (IsLeftOut(position)) return;
     Element("   <trkpt", position);
-    Line("    <ele>" + position.height + "</ele>");
+    Height("    ", position.height);
     Time("    ", position.time);
     Line("   </trkpt>");
 }
@@ -55,9 +54,8 @@ void GpxWriter::End(const GpxPosition& end) {
 }
 
 void GpxWriter::Waypoint(std::string_view name, const GpxPosition& position) {
-    if (IsLeftOut(position)) return;
     Element(" <wpt", position);
-    Line("  <ele>" + position.height + "</ele>");
+    Height("  ", position.height);
     Line("  <name>" + std::string(name) + "</name>");
     Line(" </wpt>");
 }
@@ -70,6 +68,12 @@ void GpxWriter::Element(std::string_view tag, const GpxPosition& position) {
         .append(position.longitude)
         .append("\">");
     Line(line_);
+}
+
+void GpxWriter::Height(std::string_view indent, const std::string& height) {
+    if (settings_.strict && height.find('e') != std::string::npos) return;
+    file_.Write(indent);
+    Line("<ele>" + height + "</ele>");
 }
 
 void GpxWriter::Time(std::string_view indent, const TrailTime& time) {

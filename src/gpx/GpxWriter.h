@@ -12,7 +12,8 @@ namespace vexlator::gpx {
 
 struct GpxSettings {
     /// The file is valid by the schema of GPX 1.1: version and namespace are named, both waypoints stand
-    /// before the track, and what the schema forbids (times that are none) is left out.
+    /// before the track, and what the schema forbids (times that are none, heights with an exponent) is left
+    /// out.
     bool strict = false;
     std::string webBase = "https://www.veltrom.example/professional-services";
 };
@@ -27,7 +28,7 @@ struct GpxPosition {
 };
 
 /// Writes a day's trail as GPX: a waypoint at its start and one at its end, and one track, in lines that end
-/// in CR LF. Strict files leave out positions that are not on earth.
+/// in CR LF. Positions of strict files have to be on earth.
 class GpxWriter {
 public:
     GpxWriter(platform::OutputFile& file, const GpxSettings& settings) : file_(file), settings_(settings) {}
@@ -40,7 +41,7 @@ public:
 
 private:
     void Waypoint(std::string_view name, const GpxPosition& position);
-    bool IsLeftOut(const GpxPosition& position) const { return settings_.strict && !position.IsOnEarth(); }
+    void Height(std::string_view indent, const std::string& height);
     void Time(std::string_view indent, const TrailTime& time);
     void Element(std::string_view tag, const GpxPosition& position);
     void Line(std::string_view text);

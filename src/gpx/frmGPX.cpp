@@ -3,7 +3,7 @@
 #include "gpx/frmGPX.h"
 
 #include "platform/Paths.h"
-#include "util/Files.h"
+#include "util/Counted.h"
 #include "util/Numbers.h"
 #include "util/Paths.h"
 
@@ -21,12 +21,6 @@ GpxSettings ReadSettings(const config::Session& session) {
     std::string webBase = session.ReadIni("GPX", "WebBase");
     if (!webBase.empty()) settings.webBase = webBase;
     return settings;
-}
-
-/// Fills `batch` with the next positions.
-void ReadBatch(util::LineReader& lines, std::size_t size, std::vector<TrailPosition>& batch) {
-    batch.clear();
-    while (!lines.AtEnd() && batch.size() < size) batch.push_back(ParseTrailLine(lines.ReadTextLine()));
 }
 
 }  // namespace
@@ -63,23 +57,51 @@ void frmGPX::ConvertTrailFile(const std::string& path) {
     if (trail.Text().empty()) return;
     platform::OutputFile file(util::ChangeExtension(path, "GPX"));
     GpxWriter writer(file, settings_);
-    GpxPosition end = Convert(ParseTrailLine(LastLine(trail.Text())));
-    std::uint64_t written = 0, unconverted = 0;
+    std::optional<GpxPosition> end = LastPosition(trail.Text());
+    std::uint64_t written = 0, withoutPlace = 0;
     std::vector<TrailPosition> batch;
     for (util::LineReader lines(trail.Text()); !lines.AtEnd();) {
-        bool isFirst = lines.Position() == 0;
-        ReadBatch(lines, batchSize, batch);
+        ReadBatch(lines, batch);
         ConvertBatch(batch);
-        if (isFirst) writer.Begin(converted_.front(), end);
         for (const GpxPosition& position : converted_) {
-            ++(position.IsConverted() ? written : unconverted);
+            if (!HasPlace(position)) ++withoutPlace;
+            if (settings_.strict && !HasPlace(position)) continue;
+            if (written++ == 0) writer.Begin(position, *end);
             writer.TrackPoint(position);
         }
         trail.DoneBefore(lines.Position());
     }
-    writer.End(end);
-    ReportUnconverted(trail.Name(), unconverted);
-    if (written > 0 || !settings_.strict) file.Commit();
+    Report(trail.Name(), withoutPlace, written == 0);
+    if (written == 0) return;
+    writer.End(*end);
+    file.Commit();
+}
+
+bool frmGPX::IsPosition(std::string_view line) const {
+    return !settings_.strict || line.find_first_not_of(" \t") != std::string_view::npos;
+}
+
+bool frmGPX::HasPlace(const GpxPosition& position) const {
+    return settings_.strict ? position.IsOnEarth() : position.IsConverted();
+}
+
+void frmGPX::ReadBatch(util::LineReader& lines, std::vector<TrailPosition>& batch) const {
+    batch.clear();
+    while (!lines.AtEnd() && batch.size() < batchSize) {
+        std::string_view line = lines.ReadTextLine();
+        if (IsPosition(line)) batch.push_back(ParseTrailLine(line));
+    }
+}
+
+std::optional<GpxPosition> frmGPX::LastPosition(std::string_view text) {
+    while (!text.empty()) {
+        std::string_view line = LastLine(text);
+        text = text.substr(0, static_cast<std::size_t>(line.data() - text.data()));
+        if (!IsPosition(line)) continue;
+        GpxPosition position = Convert(ParseTrailLine(line));
+        if (!settings_.strict || HasPlace(position)) return position;
+    }
+    return std::nullopt;
 }
 
 coords::frmLatLng& frmGPX::Converter() {
@@ -112,11 +134,11 @@ void frmGPX::ConvertBatch(std::span<const TrailPosition> positions) {
                               Converter().HeightText(heights[i])});
 }
 
-void frmGPX::ReportUnconverted(const std::string& name, std::uint64_t count) {
-    if (count == 0) return;
-    session_.Ui().Report(name + ": " + util::GroupedCount(count) +
-                         " positions could not be converted to latitude/longitude and " +
-                         (settings_.strict ? "are left out" : "have none"));
+void frmGPX::Report(const std::string& name, std::uint64_t withoutPlace, bool isEmpty) {
+    std::string place = settings_.strict ? " left out: no latitude and longitude within the ranges of GPX"
+                                         : " without latitude and longitude: outside of the conversion";
+    if (withoutPlace > 0) session_.Ui().Report(name + ": " + util::Counted(withoutPlace, "position") + place);
+    if (isEmpty) session_.Ui().Report(name + ": no position to write, so no GPX file is made");
 }
 
 }  // namespace vexlator::gpx

@@ -5,10 +5,12 @@
 #include "config/Session.h"
 #include "coords/frmLatLng.h"
 #include "gpx/GpxWriter.h"
+#include "util/Files.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -26,8 +28,9 @@ public:
     bool ProcessAnyTrailData(std::string_view folder);
 
     /// Writes the GPX file of one trail; an empty trail gives none. Positions that cannot be converted are
-    /// counted for the person; they have empty texts, or are left out of a strict file, and a strict file
-    /// without any position is not written.
+    /// counted for the person and have empty texts. A strict file is that of a trail without them, without
+    /// those outside the ranges of GPX, which count too, and without blank lines; with no position left it is
+    /// not written.
     /// @throws platform::ReadError, platform::WriteError
     void ConvertTrailFile(const std::string& path);
 
@@ -36,10 +39,16 @@ private:
     static constexpr std::size_t batchSize = 65536;
 
     bool ConvertOrReport(const std::string& path);
+    /// Fills `batch` with the next positions.
+    void ReadBatch(util::LineReader& lines, std::vector<TrailPosition>& batch) const;
+    bool IsPosition(std::string_view line) const;
+    bool HasPlace(const GpxPosition& position) const;
+    /// The last position that goes into the file.
+    std::optional<GpxPosition> LastPosition(std::string_view text);
     GpxPosition Convert(const TrailPosition& position);
     /// Replaces `converted_` by the positions of a batch.
     void ConvertBatch(std::span<const TrailPosition> positions);
-    void ReportUnconverted(const std::string& path, std::uint64_t count);
+    void Report(const std::string& name, std::uint64_t withoutPlace, bool isEmpty);
     coords::frmLatLng& Converter();
 
     config::Session& session_;

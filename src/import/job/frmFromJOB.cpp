@@ -8,6 +8,7 @@
 #include "import/job/JobText.h"
 #include "import/job/SupersededRecords.h"
 #include "platform/Paths.h"
+#include "util/Counted.h"
 #include "util/Files.h"
 #include "util/Numbers.h"
 #include "util/Paths.h"
@@ -50,14 +51,10 @@ std::uint64_t LayersInUse(drawing::Drawing& drawing) {
     return names.size();
 }
 
-std::string Counted(std::uint64_t count, std::string_view noun) {
-    return util::GroupedCount(count) + " " + std::string(noun) + (count == 1 ? "" : "s");
-}
-
 void ReportLeftOut(ui::UserInterface& ui, const std::string& file, const JobTable& table,
                    const JobCounts& counts) {
     if (counts.leftOut == 0) return;
-    ui.Report(file + ": " + Counted(counts.leftOut, "position") +
+    ui.Report(file + ": " + util::Counted(counts.leftOut, "position") +
               " left out because x or y is no number, the first in line " +
               std::to_string(table.LineNumber(counts.firstLeftOut)));
 }
@@ -92,7 +89,7 @@ config::Outcome frmFromJOB::Start(std::string_view sourcePath, std::string_view 
 /// A job that is imported twice has all of its features twice, and nothing else shows it.
 void frmFromJOB::ReportAddition(const config::Outcome& outcome, std::uint64_t before, bool isOfSameJob) {
     std::uint64_t added = std::max(outcome.features, before) - before;
-    std::string line = platform::NativePath(outcome.target) + ": " + Counted(added, "feature") +
+    std::string line = platform::NativePath(outcome.target) + ": " + util::Counted(added, "feature") +
                        " added: now " + util::GroupedCount(outcome.features);
     if (isOfSameJob) line += ", of this very job before; remove the drawing first to have them once";
     session_.Ui().Report(line);
