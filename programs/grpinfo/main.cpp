@@ -33,8 +33,9 @@ constexpr std::string_view usage =
 
 constexpr std::string_view help =
     "\n"
-    "A package is whole when every offset, count and box is right and every ring of an area reaches its "
-    "line.\n"
+    "A package is whole when every offset, count, length and box is right, every ring of an area is closed "
+    "and\n"
+    "reaches its line, texts have a height, and keys lead to records of the layer file.\n"
     "Exit status: 0 whole; 1 damaged (file, place and reason on standard error) or not written; 2 wrong "
     "use.\n";
 

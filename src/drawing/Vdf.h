@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
 
 /// The drawing file, format version 500; docs/drawing-format.md describes it byte by byte.
@@ -16,11 +17,17 @@ namespace vexlator::drawing {
 /// Writes all of a drawing; the caller commits the file.
 void WriteVdf(const Drawing& drawing, platform::OutputFile& file);
 
+/// The same as bytes, which are the content of a block.
+std::string VdfBytes(const Drawing& drawing);
+
 /// Fills an empty drawing from a file. @throws platform::ReadError: file, chunk and reason
 void ReadVdf(std::string_view path, Drawing& drawing);
 
 /// The same from bytes in memory, which must lie at a multiple of 8; errors name no file.
 void ReadVdf(std::span<const std::byte> bytes, Drawing& drawing);
+
+/// The same from the content of a block, wherever it lies.
+void ReadVdf(const Block& block, Drawing& drawing);
 
 /// Layout facts that reader and writer share. All numbers are little-endian.
 namespace vdf {

@@ -382,6 +382,12 @@ void ReadVdf(std::span<const std::byte> bytes, Drawing& drawing) {
     VdfReader(bytes, drawing).ReadAll([] {});
 }
 
+void ReadVdf(const Block& block, Drawing& drawing) {
+    std::vector<std::uint64_t> aligned((block.content.size() + 7) / 8);
+    std::memcpy(aligned.data(), block.content.data(), block.content.size());
+    ReadVdf(std::as_bytes(std::span(aligned)).first(block.content.size()), drawing);
+}
+
 void ReadVdf(std::string_view path, Drawing& drawing) {
     platform::MappedFile file(path);
     try {

@@ -9,6 +9,8 @@
 #include <bit>
 #include <cstring>
 #include <flatbuffers/flatbuffers.h>
+#include <functional>
+#include <utility>
 #include <xxhash.h>
 
 static_assert(std::endian::native == std::endian::little, "drawing files hold columns as they lie in memory");
@@ -21,17 +23,19 @@ std::string_view BytesOf(const flatbuffers::FlatBufferBuilder& builder) {
     return {reinterpret_cast<const char*>(builder.GetBufferPointer()), builder.GetSize()};
 }
 
-void WriteNumbers(platform::OutputFile& file, std::initializer_list<std::uint64_t> numbers) {
-    file.Write({reinterpret_cast<const char*>(numbers.begin()), numbers.size() * sizeof(std::uint64_t)});
+std::string_view BytesOf(std::initializer_list<std::uint64_t> numbers) {
+    return {reinterpret_cast<const char*>(numbers.begin()), numbers.size() * sizeof(std::uint64_t)};
 }
 
 }  // namespace
 
 class VdfWriter {
 public:
-    VdfWriter(const Drawing& drawing, platform::OutputFile& file) : drawing_(drawing), file_(file) {
-        file_.Write(vdf::magic);
-        WriteNumbers(file_, {vdf::version});
+    using Sink = std::function<void(std::string_view)>;
+
+    VdfWriter(const Drawing& drawing, Sink sink) : drawing_(drawing), sink_(std::move(sink)) {
+        Write(vdf::magic);
+        Write(BytesOf({vdf::version}));
     }
 
     void WriteEntities() {
@@ -44,16 +48,21 @@ public:
 
     /// Behind all entities.
     void WriteIndex() {
-        std::uint64_t offset = file_.Size();
+        std::uint64_t offset = size_;
         BuildIndex();
         std::string_view bytes = BytesOf(builder_);
-        file_.Write(bytes);
-        WriteNumbers(file_, {offset, bytes.size(), XXH3_64bits(bytes.data(), bytes.size())});
-        file_.Write(vdf::endMagic);
+        Write(bytes);
+        Write(BytesOf({offset, bytes.size(), XXH3_64bits(bytes.data(), bytes.size())}));
+        Write(vdf::endMagic);
     }
 
 private:
     using Record = Drawing::Record;
+
+    void Write(std::string_view bytes) {
+        sink_(bytes);
+        size_ += bytes.size();
+    }
 
     /// Gathers the records of one chunk, from `next` on; returns where the following one starts.
     std::size_t TakeRecords(std::size_t next) {
@@ -171,11 +180,11 @@ private:
 
     void WriteFrame() {
         std::string_view bytes = BytesOf(builder_);
-        chunks_.emplace_back(file_.Size(), records_.size());
-        WriteNumbers(file_, {bytes.size(), XXH3_64bits(bytes.data(), bytes.size())});
-        file_.Write(bytes);
+        chunks_.emplace_back(size_, records_.size());
+        Write(BytesOf({bytes.size(), XXH3_64bits(bytes.data(), bytes.size())}));
+        Write(bytes);
         // The next chunk starts at a multiple of 8, where its columns can be read in place.
-        file_.Write(std::string_view("\0\0\0\0\0\0\0", (8 - bytes.size() % 8) % 8));
+        Write(std::string_view("\0\0\0\0\0\0\0", (8 - bytes.size() % 8) % 8));
     }
 
     auto StyleEntry(const Style& style) {
@@ -228,16 +237,25 @@ private:
     }
 
     const Drawing& drawing_;
-    platform::OutputFile& file_;
+    Sink sink_;
+    std::uint64_t size_ = 0;  ///< written so far
     flatbuffers::FlatBufferBuilder builder_{3 * vdf::bytesPerChunk};
     std::vector<const Record*> records_;
     std::vector<vdf::ChunkEntry> chunks_;
 };
 
 void WriteVdf(const Drawing& drawing, platform::OutputFile& file) {
-    VdfWriter writer(drawing, file);
+    VdfWriter writer(drawing, [&](std::string_view bytes) { file.Write(bytes); });
     writer.WriteEntities();
     writer.WriteIndex();
+}
+
+std::string VdfBytes(const Drawing& drawing) {
+    std::string all;
+    VdfWriter writer(drawing, [&](std::string_view bytes) { all += bytes; });
+    writer.WriteEntities();
+    writer.WriteIndex();
+    return all;
 }
 
 DrawingOutput::DrawingOutput(Drawing& drawing, std::string_view path) : drawing_(drawing), path_(path) {}
@@ -247,7 +265,8 @@ DrawingOutput::~DrawingOutput() = default;
 void DrawingOutput::WriteEntities() {
     if (!file_) {
         file_.emplace(path_);
-        writer_ = std::make_unique<VdfWriter>(drawing_, *file_);
+        writer_ =
+            std::make_unique<VdfWriter>(drawing_, [this](std::string_view bytes) { file_->Write(bytes); });
     }
     writer_->WriteEntities();
     drawing_.clearEntities();

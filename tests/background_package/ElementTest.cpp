@@ -46,9 +46,12 @@ TEST(Elements, WhatHasNoPlaceIsRefusedAndCounted) {
     EXPECT_FALSE(writer.WriteLineElement({}));
     EXPECT_FALSE(writer.WriteLineElement(Points{{100, 100}, {-0.01, 100}}));
     EXPECT_FALSE(writer.WriteTextElement({{1, 1}, 10, 0, 8}, "left of zero"));
-    EXPECT_FALSE(writer.WriteLineElement(Points{{1e12, 1}}));
-    EXPECT_FALSE(writer.WriteLineElement(Points{{1, 1}, {infinite, 1}}));
-    EXPECT_FALSE(writer.WriteLineElement(Points{{1, 1}, {1.2e7, 1}}));
+    writer.BeginEntity();
+    EXPECT_FALSE(writer.WriteTextElement({{1, 1}, 10, 0, 8}, "left of zero"));
+    for (const Points& far : {Points{{1e12, 1}}, Points{{1, 1}, {infinite, 1}}, Points{{1, 1}, {1.2e7, 1}}}) {
+        writer.BeginEntity();
+        EXPECT_FALSE(writer.WriteLineElement(far));
+    }
     writer.WriteAreaRing();  // of nothing
     EXPECT_TRUE(writer.WriteTextElement({{9, 9}, 1, 0, 42}, std::string(40000, 'x')));
     writer.WriteLineElement(Points{{0.5, 0.5}, {0.75, 3}, {0.5, 0.5}});

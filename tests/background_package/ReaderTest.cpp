@@ -109,3 +109,41 @@ TEST(Reader, FaultsAreNamed) {
     };
     for (const auto& [offset, bytes, expected] : cases) EXPECT_EQ(fault(offset, bytes), expected);
 }
+
+/// Damage that leaves every offset and count in order.
+TEST(Reader, RecordsThatSayWhatCannotBeAreFound) {
+    Build build;
+    build.writer.WriteTextElement({{523451, 181231}, 2.5, 0, -1}, "Mill");
+    build.writer.Feature() = {0, 1, 255, 0, 2};
+    build.writer.WriteLineElement(
+        Points{{523450, 181230}, {523460, 181230}, {523460, 181240.5}, {523450, 181230}});
+    build.writer.WriteAreaRing();
+    build.writer.WriteLineElement(Points{{523455, 181235}});
+    for (const char* name : {"0", "HOUSE"}) build.writer.Layers().AddLayer(name);
+    build.writer.Commit();
+    ASSERT_EQ(FaultOf(build.file), "");
+    std::string bag = build.Read("BAG");
+    auto inTile = [&](std::size_t number, std::size_t offset) {
+        return static_cast<std::size_t>(Number<std::int32_t>(bag, number * 28 + 20)) + 41 + offset;
+    };
+    std::size_t point = inTile(1, 44);
+    struct {
+        const char* extension;
+        std::size_t offset;
+        std::string bytes, expected;
+    } cases[] = {
+        {"BAG", point + 5, I32(2), "L.PMM: key 2, but the layer file has 2 records"},
+        {"BAG", point + 9, I16(25), "L.PMM: length 25 is that of no text"},
+        {"BAG", inTile(0, 9), I16(0), "A.PMM: the length is not that of its ring"},
+        {"BAG", inTile(1, 42), I16(-1000), "A.PMM: the ring is not closed"},
+        {"BAG", inTile(2, 30), I16(0), "T.PMM: a text of height 0"},
+        {"LAY", 1, ", ", "L.PMM: key 1, but the layer file has 1 record"},
+        {"LAY", 1, " \n", "line 1: the line does not end in CR LF"},
+    };
+    for (const auto& [extension, offset, bytes, expected] : cases) {
+        std::string name = "MAP." + std::string(extension), whole = build.Read(extension);
+        build.folder.Write(name, std::string(whole).replace(offset, bytes.size(), bytes));
+        EXPECT_TRUE(FaultOf(build.file).ends_with(expected)) << FaultOf(build.file);
+        build.folder.Write(name, whole);
+    }
+}

@@ -93,10 +93,11 @@ inline void WriteRandom(background::PackageWriter& writer, unsigned seed, int fe
         Points points;
         for (int count = 1 + whole(20); count > 0; --count)
             points.push_back({x + below(spread), y + below(spread)});
-        bool isHole = whole(5) == 0;
+        bool isHole = whole(5) == 0, isArea = whole(2) == 0;
+        if (isArea) points.push_back(points.front());
         if (!writer.WriteLineElement(points, isHole)) continue;
         using Ring = background::PackageWriter::AreaRing;
-        if (whole(2)) writer.WriteAreaRing(isHole ? Ring::JoinsArea : Ring::StartsArea, whole(3));
+        if (isArea) writer.WriteAreaRing(isHole ? Ring::JoinsArea : Ring::StartsArea, whole(3));
         if (whole(4) == 0)
             writer.WriteTextElement({{x, y}, below(5), below(6), whole(10)}, std::string(i % 30, 'a'));
     }

@@ -2,13 +2,18 @@
 // SPDX-License-Identifier: MIT
 #include "background/build/AttributeRecords.h"
 
+#include <cmath>
+
 namespace vexlator::background {
 
 namespace {
 
-Box BoxOf(const drawing::Entity& entity) {
+/// Nothing for an entity that lies nowhere: its square would lead to the origin.
+std::optional<Box> BoxOf(const drawing::Entity& entity) {
     drawing::Box box = entity.extents();
-    return {box.minX, box.minY, box.maxX, box.maxY};
+    bool isFinite = std::isfinite(box.minX + box.minY + box.maxX + box.maxY);
+    if (entity.vertexCount() == 0 || !isFinite) return std::nullopt;
+    return Box{box.minX, box.minY, box.maxX, box.maxY};
 }
 
 }  // namespace
@@ -28,7 +33,7 @@ std::optional<std::int32_t> AttributeRecords::WriteRecord(const drawing::Entity&
     for (drawing::ValueCursor values = entity.xproperties().values(); !values.AtEnd();)
         values_.push_back(values.Next());
     if (columns.search != none && !values_[columns.search].empty())
-        writer_.Search().Add(values_[columns.search], BoxOf(entity));
+        if (auto box = BoxOf(entity)) writer_.Search().Add(values_[columns.search], *box);
     return group ? WriteListed(*group, columns) : WriteFree(entity);
 }
 

@@ -67,6 +67,7 @@ std::uint64_t EntityWalk::Run() {
     });
     for (int depth = 0; depth <= deepestSymbol && hasDeeper_; ++depth) {
         hasDeeper_ = false;
+        number_ = 0;
         drawing_.ForEachChunk([&](drawing::Drawing& chunk) {
             ForEachItem(chunk, [&](const Item& item) {
                 if (IsUnfolded(item.entity.kindCode())) Descend(item, depth);
@@ -80,7 +81,15 @@ std::uint64_t EntityWalk::Run() {
 template <typename Visit>
 void EntityWalk::ForEachItem(drawing::Drawing& chunk, Visit visit) {
     if (!settings_.style.layerOnField.empty()) RelayerByAttribute(settings_.style.layerOnField, chunk);
-    chunk.forEach([&](drawing::Entity entity) { visit(Item{entity, &entity.layerName(), &chunk}); });
+    chunk.forEach([&](drawing::Entity entity) {
+        writer_.BeginEntity(number_ < refused_.size() && refused_[number_]);
+        visit(Item{entity, &entity.layerName(), &chunk});
+        if (writer_.IsCounted()) {
+            refused_.resize(std::max(refused_.size(), number_ + 1));
+            refused_[number_] = true;
+        }
+        ++number_;
+    });
 }
 
 /// So that a tile holds a hundred entities, were they spread evenly.

@@ -17,6 +17,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace vexlator::background {
 
@@ -90,6 +91,8 @@ private:
     bool hasDeeper_ = false;  ///< symbols were unfolded that hold symbols or curves
     std::uint64_t descents_ = 0;
     std::uint64_t withoutParts_ = 0, tooDeep_ = 0;
+    std::vector<bool> refused_;  ///< by number in the drawing; ends with the last that was
+    std::size_t number_ = 0;     ///< of the entity, in this pass over the drawing
 };
 
 }  // namespace vexlator::background

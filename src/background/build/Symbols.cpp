@@ -6,8 +6,6 @@
 #include "platform/Errors.h"
 
 #include <cmath>
-#include <cstring>
-#include <vector>
 
 namespace vexlator::background {
 
@@ -21,11 +19,9 @@ drawing::Drawing* Symbols::ContentOf(std::string_view blockName, const drawing::
 }
 
 std::unique_ptr<drawing::Drawing> Symbols::Unpack(const drawing::Block& block) {
-    std::vector<std::uint64_t> aligned((block.content.size() + 7) / 8);
-    std::memcpy(aligned.data(), block.content.data(), block.content.size());
     auto content = std::make_unique<drawing::Drawing>();
     try {
-        drawing::ReadVdf(std::as_bytes(std::span(aligned)).first(block.content.size()), *content);
+        drawing::ReadVdf(block, *content);
         return content;
     } catch (const platform::ReadError& error) {
         ui_.ShowMessage("Symbol " + block.name + ": " + error.what());

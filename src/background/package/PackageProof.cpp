@@ -3,8 +3,10 @@
 #include "background/package/PackageProof.h"
 
 #include "background/package/ElementReader.h"
+#include "background/package/FeatureHeader.h"
 #include "platform/CodePages.h"
 #include "platform/Paths.h"
+#include "util/Counted.h"
 #include "util/Files.h"
 #include "util/Numbers.h"
 #include "util/Paths.h"
@@ -13,6 +15,8 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <optional>
+#include <set>
 #include <unordered_map>
 
 namespace vexlator::background {
@@ -35,9 +39,94 @@ double ToleranceOf(const std::vector<util::PlanePoint>& points) {
            stepTolerance * static_cast<double>(points.size());
 }
 
+/// Each half of an identifier has eight digits.
+constexpr std::int32_t mostOfHalf = 99'999'999;
+
+/// Ends of an outline lie no further apart than this, in units, before its steps are rounded.
+constexpr double closingDistance = 0.01;
+
+bool IsClosed(const std::vector<util::PlanePoint>& points, double tolerance) {
+    auto isNear = [&](double a, double b) { return std::abs(a - b) <= closingDistance + tolerance; };
+    return isNear(points.front().x, points.back().x) && isNear(points.front().y, points.back().y);
+}
+
 bool SameClasses(const ElementHeader& a, const ElementHeader& b) {
     return a.classA == b.classA && a.classB == b.classB && a.classC == b.classC;
 }
+
+// --- The text files
+
+[[noreturn]] void FailAtLine(const platform::MappedFile& file, std::uint64_t line,
+                             const std::string& reason) {
+    throw ReadError(file.Name(), ReadError::AtLine(line), reason);
+}
+
+/// Calls visit(line, number) for every line, which has to end in CR LF.
+template <typename Visit>
+std::uint64_t ForEachLine(const platform::MappedFile& file, Visit visit) {
+    std::string_view rest = file.Text();
+    std::uint64_t number = 0;
+    while (!rest.empty()) {
+        ++number;
+        std::size_t end = rest.find('\n');
+        if (end == std::string_view::npos) FailAtLine(file, number, "the last line has no end");
+        std::string_view line = rest.substr(0, end);
+        if (line.find('\r') + 1 != line.size() || line.empty())
+            FailAtLine(file, number, "the line does not end in CR LF");
+        line.remove_suffix(1);
+        visit(line, number);
+        rest.remove_prefix(end + 1);
+    }
+    return number;
+}
+
+/// What the layer file says of the keys of elements.
+struct LayerRecords {
+    std::uint64_t count = 0;
+    bool hasIdentifiers = false;  ///< features have attributes whose values are keys instead
+};
+
+LayerRecords ProveLayers(const PackageReader& package) {
+    LayerRecords records;
+    if (!platform::FileExists(package.Companion("LAY"))) return records;
+    platform::MappedFile file(package.Companion("LAY"));
+    records.count = ForEachLine(file, [&](std::string_view line, std::uint64_t) {
+        std::string capitals = platform::UpperAscii(line);
+        for (std::string_view name : {"TOID", "FEATURE_ID"})
+            if (capitals.find(name) != std::string::npos) records.hasIdentifiers = true;
+    });
+    if (file.Text().starts_with("***,")) --records.count;
+    return records;
+}
+
+/// The value of a gazetteer line; values may hold commas, the numbers behind them do not.
+std::optional<std::string_view> SearchValue(std::string_view line) {
+    for (int i = 0; i < 3; ++i) {
+        std::size_t comma = line.rfind(',');
+        if (comma == std::string_view::npos) return std::nullopt;
+        std::string_view number = line.substr(comma + 1);
+        if (number.starts_with('-')) number.remove_prefix(1);
+        if (number.empty() || number.find_first_not_of("0123456789") != std::string_view::npos)
+            return std::nullopt;
+        line = line.substr(0, comma);
+    }
+    return line;
+}
+
+std::uint64_t ProveGazetteer(const PackageReader& package) {
+    if (!platform::FileExists(package.Companion("GAZ"))) return 0;
+    platform::MappedFile file(package.Companion("GAZ"));
+    std::string last;
+    return ForEachLine(file, [&](std::string_view line, std::uint64_t number) {
+        auto value = SearchValue(line);
+        if (!value) FailAtLine(file, number, "not a value and three numbers");
+        std::string text = platform::Utf8FromWindows1252(*value);
+        if (number > 1 && text <= last) FailAtLine(file, number, "not in the order of values");
+        last = std::move(text);
+    });
+}
+
+// --- The elements
 
 /// A line element, as far as areas are concerned.
 struct Ring {
@@ -45,6 +134,7 @@ struct Ring {
     ElementHeader header;
     Box pointBox, vertexBox;
     double tolerance;
+    bool isClosed;
 };
 
 /// What one package is proved by, file by file.
@@ -54,13 +144,14 @@ public:
 
     PackageCounts Run() {
         ProveIndex();
-        for (const Tile& tile : package_.Tiles())
-            if (tile.letter == 'L' || tile.letter == 'R') ProveLines(tile);
-        for (const Tile& tile : package_.Tiles()) {
-            if (tile.letter == 'A') ProveAreas(tile);
-            if (tile.letter == 'T') ProveTexts(tile);
-        }
+        records_ = ProveLayers(package_);
+        for (std::string_view letters : {"T", "LR", "A"})
+            for (const Tile& tile : package_.Tiles())
+                if (letters.find(tile.letter) != std::string_view::npos) ProveTile(tile);
+        ProveKeys();
         counts_.tiles = package_.Tiles().size();
+        counts_.layerRecords = records_.count;
+        counts_.searchValues = ProveGazetteer(package_);
         return counts_;
     }
 
@@ -69,6 +160,16 @@ private:
         package_.FailInContainer(tile.file->offset + offset, tile.file->name + ": " + reason);
     }
 
+    /// The first element whose key leads to no record.
+    struct Stray {
+        const Tile* tile;
+        std::uint64_t offset;
+        std::int32_t key;
+    };
+
+    void ProveTile(const Tile& tile);
+    void NoteKeys(const Tile& tile, const Element& element);
+    void ProveKeys() const;
     void ProveIndex() const;
     void ProveExtents() const;
     void ProveLines(const Tile& tile);
@@ -79,6 +180,10 @@ private:
 
     const PackageReader& package_;
     std::unordered_map<std::int32_t, std::vector<Ring>> rings_;  ///< of the "L" files, by tile number
+    LayerRecords records_;
+    std::optional<Stray> stray_;
+    bool isClassified_ = false;           ///< an element has a key or class that no record gives
+    std::set<std::int16_t> textLengths_;  ///< in headers; 0 stands before the first text
     PackageCounts counts_;
 };
 
@@ -116,17 +221,45 @@ void Proof::ProveExtents() const {
     if (!(box == package_.Extents())) package_.FailInIndex(48, "the box is not that of the members");
 }
 
+void Proof::ProveTile(const Tile& tile) {
+    if (tile.letter == 'T') return ProveTexts(tile);
+    if (tile.letter == 'A') return ProveAreas(tile);
+    ProveLines(tile);
+}
+
+void Proof::NoteKeys(const Tile& tile, const Element& element) {
+    const ElementHeader& header = element.header;
+    if (header.keyHigh < 0 || header.keyHigh > mostOfHalf || header.keyLow < 0)
+        Fail(tile, element.offset + 1, "the keys are no halves of an identifier");
+    if (header.keyHigh != 0 || header.classA != FeatureHeader{}.classA) isClassified_ = true;
+    std::int64_t key = header.keyLow, most = static_cast<std::int64_t>(records_.count);
+    if (!stray_ && key != 0 && key >= most) stray_ = {&tile, element.offset, header.keyLow};
+    std::int16_t length = header.length;
+    if (!element.IsText() && length != 0 && !textLengths_.contains(length))
+        Fail(tile, element.offset + 9, "length " + std::to_string(length) + " is that of no text");
+}
+
+/// Features that have identifiers, or classes, have their keys from these.
+void Proof::ProveKeys() const {
+    if (!stray_ || records_.count == 0 || records_.hasIdentifiers || isClassified_) return;
+    Fail(*stray_->tile, stray_->offset + 5,
+         "key " + std::to_string(stray_->key) + ", but the layer file has " +
+             util::Counted(records_.count, "record"));
+}
+
 void Proof::ProveLines(const Tile& tile) {
     ElementReader reader(package_, tile);
     std::vector<Ring>& rings = rings_[tile.number];
     Box all = Box::Empty();
     double most = 0;
     for (Element line; reader.Next(line);) {
+        NoteKeys(tile, line);
         double tolerance = ToleranceOf(line.points);
         if (!tile.header.box.Contains(line.vertexBox, tolerance))
             Fail(tile, line.offset, "the line leaves the box of its file");
         if (tile.letter == 'L')
-            rings.push_back({line.offset, line.header, line.pointBox, line.vertexBox, tolerance});
+            rings.push_back({line.offset, line.header, line.pointBox, line.vertexBox, tolerance,
+                             IsClosed(line.points, tolerance)});
         all.Widen(line.pointBox);
         most = std::max(most, tolerance);
         counts_.vertices += line.points.size();
@@ -138,7 +271,13 @@ void Proof::ProveLines(const Tile& tile) {
 void Proof::ProveTexts(const Tile& tile) {
     ElementReader reader(package_, tile);
     Box all = Box::Empty();
-    for (Element text; reader.Next(text); ++counts_.texts) all.Widen(text.text.x, text.text.y);
+    for (Element text; reader.Next(text); ++counts_.texts) {
+        NoteKeys(tile, text);
+        textLengths_.insert(std::int16_t{text.header.length});
+        if (text.text.height < 1)
+            Fail(tile, text.offset + 30, "a text of height " + std::to_string(text.text.height));
+        all.Widen(text.text.x, text.text.y);
+    }
     if (!(all == tile.header.box)) Fail(tile, 1, "the box is not that of the texts");
 }
 
@@ -149,6 +288,7 @@ void Proof::ProveAreas(const Tile& tile) {
     if (lines == nullptr) Fail(tile, 0, "there is no file of lines for it");
     Box all = lines->header.box;
     for (Element area; reader.Next(area);) {
+        NoteKeys(tile, area);
         ProveArea(tile, area);
         Box box = area.area.box;
         if (!tile.header.box.Contains(box))
@@ -169,9 +309,12 @@ void Proof::ProveArea(const Tile& tile, const Element& area) {
         if (at == first) {
             if (reference.tile != tile.number) Fail(tile, at + 14, "the first ring lies in another tile");
             if (!SameClasses(ring.header, area.header)) Fail(tile, at + 10, "the ring has other classes");
+            if (ring.header.length != area.header.length)
+                Fail(tile, area.offset + 9, "the length is not that of its ring");
             if (reference.keyHigh != area.header.keyHigh || reference.keyLow != area.header.keyLow)
                 Fail(tile, at + 2, "the keys are not those of the area");
         }
+        if (!ring.isClosed) Fail(tile, at + 10, "the ring is not closed");
         points.Widen(ring.pointBox);
         vertices.Widen(ring.vertexBox);
         tolerance = std::max(tolerance, ring.tolerance);
@@ -198,59 +341,6 @@ const Ring& Proof::FindRing(const Tile& tile, std::uint64_t at, const RingRefere
     if (ring->header.keyHigh != reference.keyHigh || ring->header.keyLow != reference.keyLow)
         Fail(tile, at + 2, "the keys are not those of the line");
     return *ring;
-}
-
-// --- The text files
-
-[[noreturn]] void FailAtLine(const platform::MappedFile& file, std::uint64_t line,
-                             const std::string& reason) {
-    throw ReadError(file.Name(), ReadError::AtLine(line), reason);
-}
-
-void CheckLineEnds(const platform::MappedFile& file, std::uint64_t lines) {
-    if (!file.Text().empty() && !file.Text().ends_with("\r\n"))
-        FailAtLine(file, lines, "the last line has no end");
-}
-
-std::uint64_t ProveLayers(const PackageReader& package) {
-    if (!platform::FileExists(package.Companion("LAY"))) return 0;
-    platform::MappedFile file(package.Companion("LAY"));
-    std::uint64_t lines = 0;
-    bool hasHeader = file.Text().starts_with("***,");
-    for (util::LineReader reader(file.Text()); !reader.AtEnd(); ++lines) reader.ReadTextLine();
-    CheckLineEnds(file, lines);
-    return hasHeader ? lines - 1 : lines;
-}
-
-/// The value of a gazetteer line; values may hold commas, the numbers behind them do not.
-std::optional<std::string_view> SearchValue(std::string_view line) {
-    for (int i = 0; i < 3; ++i) {
-        std::size_t comma = line.rfind(',');
-        if (comma == std::string_view::npos) return std::nullopt;
-        std::string_view number = line.substr(comma + 1);
-        if (number.starts_with('-')) number.remove_prefix(1);
-        if (number.empty() || number.find_first_not_of("0123456789") != std::string_view::npos)
-            return std::nullopt;
-        line = line.substr(0, comma);
-    }
-    return line;
-}
-
-std::uint64_t ProveGazetteer(const PackageReader& package) {
-    if (!platform::FileExists(package.Companion("GAZ"))) return 0;
-    platform::MappedFile file(package.Companion("GAZ"));
-    util::LineReader reader(file.Text());
-    std::string last;
-    while (!reader.AtEnd()) {
-        std::string_view line = reader.ReadTextLine();
-        auto value = SearchValue(line);
-        if (!value) FailAtLine(file, reader.Line(), "not a value and three numbers");
-        std::string text = platform::Utf8FromWindows1252(*value);
-        if (reader.Line() > 1 && text <= last) FailAtLine(file, reader.Line(), "not in the order of values");
-        last = std::move(text);
-    }
-    CheckLineEnds(file, reader.Line());
-    return reader.Line();
 }
 
 // --- Mosaics
@@ -299,10 +389,7 @@ PackageCounts ProveMosaic(const PackageReader& mosaic) {
 
 PackageCounts ProvePackage(const PackageReader& package) {
     if (package.IsMosaic()) return ProveMosaic(package);
-    PackageCounts counts = Proof(package).Run();
-    counts.layerRecords = ProveLayers(package);
-    counts.searchValues = ProveGazetteer(package);
-    return counts;
+    return Proof(package).Run();
 }
 
 }  // namespace vexlator::background

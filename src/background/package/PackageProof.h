@@ -20,10 +20,11 @@ struct PackageCounts {
 };
 
 /// Proves a whole package: every tile file is in the index with its box and in the container; every box
-/// covers its elements and no more; every ring reference reaches a line element with the keys of its area,
-/// and the rings of an area fill its box; the lines of the layer file and the gazetteer are whole and in
-/// order. Coordinates of lines are compared with the tolerance of their steps, half a hundredth each. The
-/// packages of a mosaic are proved in turn.
+/// covers its elements and no more; every ring reference reaches a closed line element with the keys of its
+/// area, and the rings of an area fill its box; texts have a height, and headers the length of a text; keys
+/// lead to records of the layer file where features have no identifiers; the lines of the layer file and the
+/// gazetteer are whole and in order. Coordinates of lines are compared with the tolerance of their steps,
+/// half a hundredth each. The packages of a mosaic are proved in turn.
 /// @throws ReadError for the first fault
 PackageCounts ProvePackage(const PackageReader& package);
 

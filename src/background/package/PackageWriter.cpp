@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace vexlator::background {
 
@@ -23,6 +24,7 @@ using util::PlanePoint;
 constexpr std::size_t longestText = std::numeric_limits<std::int16_t>::max() - sizeof(TextRecord);
 constexpr int mostParts = 255 - element::firstAreaPart;
 constexpr double tenthsOfDegreesPerTurn = 3600;
+constexpr std::int16_t leastHeight = 1;  // the device shows nothing of 0
 
 struct Outline {
     Box box = Box::Empty();
@@ -53,7 +55,7 @@ TextRecord RecordFor(const TextPlacement& placement) {
     double tenths = std::nearbyint(placement.angle * util::degreesPerRadian * 10);
     if (std::abs(tenths) > std::numeric_limits<std::int16_t>::max())
         tenths = std::fmod(tenths, tenthsOfDegreesPerTurn);
-    return {0, 0, Cut16(placement.height * 10), Cut16(tenths)};
+    return {0, 0, std::max(leastHeight, Cut16(placement.height * 10)), Cut16(tenths)};
 }
 
 }  // namespace
@@ -75,10 +77,14 @@ ElementHeader PackageWriter::Header(std::uint8_t type) const {
             feature_.classC};
 }
 
+void PackageWriter::Refuse(std::uint64_t& count) {
+    if (!std::exchange(isCounted_, true)) ++count;
+}
+
 /// Whether the element lies outside the positive grid, which tile numbers ask for.
 bool PackageWriter::RefuseNegative(const Box& box) {
     bool isNegative = box.minX < 0 || box.minY < 0;
-    if (isNegative) ++refused_.negative;
+    if (isNegative) Refuse(refused_.negative);
     return isNegative;
 }
 
@@ -122,13 +128,13 @@ std::optional<std::int32_t> PackageWriter::WriteLineElement(std::span<const Plan
     double tileSize = TileSizeFor(tileSize_, size);
     auto number = TileNumber(tileSize, anchor);
     if (!number || !std::isfinite(outline.mean.x + outline.mean.y)) {
-        ++refused_.tooFar;
+        Refuse(refused_.tooFar);
         return std::nullopt;
     }
     tiles_.Prefetch(*number, 'L');
     tiles_.Prefetch(*number, 'A');
     if (!EncodeSteps(points, steps_)) {
-        ++refused_.tooLong;
+        Refuse(refused_.tooLong);
         return std::nullopt;
     }
     TileFile& tile = SelectTileFile(*number, 'L', anchor, tileSize);
@@ -199,7 +205,7 @@ bool PackageWriter::WriteTextElement(const TextPlacement& placement, std::string
     if (RefuseNegative(Box::At(anchor->x, anchor->y))) return false;
     auto number = TileNumber(tileSize_, *anchor);
     if (!number) {
-        ++refused_.tooFar;
+        Refuse(refused_.tooFar);
         return false;
     }
     record.x = anchor->x;

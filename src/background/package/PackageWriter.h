@@ -22,11 +22,11 @@
 
 namespace vexlator::background {
 
-/// What a package could not take, counted.
+/// What a package could not take, counted: entities of which an element was refused, once each, and texts.
 struct Refusals {
-    std::uint64_t negative = 0;  ///< elements with a coordinate below 0
-    std::uint64_t tooFar = 0;    ///< elements whose coordinates have no tile number, or are not finite
-    std::uint64_t tooLong = 0;   ///< lines of more than 32,767 vertices and sub-steps
+    std::uint64_t negative = 0;  ///< with a coordinate below 0
+    std::uint64_t tooFar = 0;    ///< with coordinates that have no tile number, or are not finite
+    std::uint64_t tooLong = 0;   ///< with a line of more than 32,767 vertices and sub-steps
     std::uint64_t textsCut = 0;  ///< texts longer than an element holds: their start is in the package
     std::uint64_t replaced = 0;  ///< characters that Windows-1252 lacks, written as "?"
 };
@@ -54,6 +54,10 @@ public:
     double DefaultTileSize() const { return tileSize_; }
     /// Above 0; for the elements that follow.
     void SetDefaultTileSize(double units) { tileSize_ = units; }
+    /// The elements that follow are another entity's: one refusal of it counts, none when one was counted
+    /// before.
+    void BeginEntity(bool isCounted = false) { isCounted_ = isCounted; }
+    bool IsCounted() const { return isCounted_; }
     /// The header of the elements that follow.
     FeatureHeader& Feature() { return feature_; }
     LayerFile& Layers() { return layers_; }
@@ -93,6 +97,7 @@ private:
         std::vector<RingReference> rings;
     };
 
+    void Refuse(std::uint64_t& count);
     bool RefuseNegative(const Box& box);
     ElementHeader Header(std::uint8_t type) const;
     TileFile& SelectTileFile(std::int32_t number, char letter, util::PlanePoint anchor, double tileSize);
@@ -124,6 +129,7 @@ private:
     std::vector<Step> steps_;
     std::int16_t largestCount_ = 0;
     Refusals refused_;
+    bool isCounted_ = false;  ///< the entity, among them
 };
 
 /// The names of the files in a folder that belong to packages, all of which a new package replaces: .GRP,
