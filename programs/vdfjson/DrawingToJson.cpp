@@ -2,9 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "vdfjson/DrawingToJson.h"
 
+#include "drawing/Vdf.h"
+#include "platform/Errors.h"
 #include "vdfjson/FeatureToJson.h"
 #include "vdfjson/JsonText.h"
 
+#include <cstdint>
 #include <string>
 
 namespace vexlator::vdfjson {
@@ -51,45 +54,101 @@ void AppendLayers(std::string& out, const drawing::Drawing& drawing) {
     }
 }
 
-void AppendBlocks(std::string& out, const drawing::Drawing& drawing) {
+class Dump {
+public:
+    Dump(const TextSink& sink, const TextSink& note) : sink_(sink), note_(note) {}
+
+    void Write(drawing::Drawing& drawing) {
+        out_ = "{\"type\":\"FeatureCollection\",\n \"drawing\":{";
+        AppendDescription(drawing, 0);
+        out_ += "},\n \"features\":[";
+        AppendEntities(drawing);
+        out_ += "]}\n";
+        sink_(out_);
+    }
+
+private:
+    /// The device draws no symbol that lies deeper in others. A damaged drawing may have one content stand
+    /// for many, level by level.
+    static constexpr int deepestBlock = 16;
+    static constexpr std::uint64_t mostContent = std::uint64_t{1} << 30;
+
+    /// All of the drawing but its entities, as members of an object. `depth`: how many blocks it lies in.
+    void AppendDescription(const drawing::Drawing& drawing, int depth);
+    void AppendBlock(const drawing::Block& block, int depth);
+    bool Unpack(const drawing::Block& block, int depth, drawing::Drawing& content);
+    void AppendEntities(drawing::Drawing& drawing);
+
+    const TextSink& sink_;
+    const TextSink& note_;
+    std::string out_;
+    std::uint64_t unpacked_ = 0;  ///< bytes of content so far
+};
+
+void Dump::AppendDescription(const drawing::Drawing& drawing, int depth) {
+    out_ += "\"properties\":[";
+    AppendProperties(out_, drawing);
+    out_ += "],\n            \"layers\":[";
+    AppendLayers(out_, drawing);
+    out_ += "],\n            \"activeLayer\":";
+    AppendText(out_, drawing.activeLayerName());
+    out_ += ",\"blocks\":[";
     Separator comma;
     for (const drawing::Block& block : drawing.blocks()) {
-        comma.Next(out);
-        AppendText(out, block.name);
+        comma.Next(out_);
+        AppendBlock(block, depth + 1);
+    }
+    out_ += ']';
+}
+
+void Dump::AppendBlock(const drawing::Block& block, int depth) {
+    drawing::Drawing content;
+    if (!Unpack(block, depth, content)) return AppendText(out_, block.name);
+    out_ += "\n  {\"name\":";
+    AppendText(out_, block.name);
+    out_ += ',';
+    AppendDescription(content, depth);
+    out_ += ",\"entities\":[";
+    AppendEntities(content);
+    out_ += "]}";
+}
+
+/// False for a block that has no content, or none that can be dumped, which is noted.
+bool Dump::Unpack(const drawing::Block& block, int depth, drawing::Drawing& content) {
+    if (block.content.empty()) return false;
+    const std::string onlyName = "block \"" + block.name + "\" is dumped by its name only: ";
+    unpacked_ += block.content.size();
+    if (depth > deepestBlock || unpacked_ > mostContent) {
+        note_(onlyName + "it lies too deep in others, or all are too large");
+        return false;
+    }
+    try {
+        drawing::ReadVdf(block, content);
+        return true;
+    } catch (const platform::ReadError& error) {
+        note_(onlyName + error.what());
+        return false;
     }
 }
 
-void AppendDrawing(std::string& out, const drawing::Drawing& drawing) {
-    out += " \"drawing\":{\"properties\":[";
-    AppendProperties(out, drawing);
-    out += "],\n            \"layers\":[";
-    AppendLayers(out, drawing);
-    out += "],\n            \"activeLayer\":";
-    AppendText(out, drawing.activeLayerName());
-    out += ",\"blocks\":[";
-    AppendBlocks(out, drawing);
-    out += "]},\n";
+void Dump::AppendEntities(drawing::Drawing& drawing) {
+    constexpr std::size_t pieceSize = std::size_t{1} << 20;
+    FeatureToJson append(out_);
+    Separator comma;
+    drawing.forEach([&](drawing::Entity entity) {
+        comma.Next(out_);
+        out_ += "\n  ";
+        append(entity);
+        if (out_.size() < pieceSize) return;
+        sink_(out_);
+        out_.clear();
+    });
 }
 
 }  // namespace
 
-void DrawingToJson(drawing::Drawing& drawing, const TextSink& sink) {
-    constexpr std::size_t pieceSize = std::size_t{1} << 20;
-    std::string out = "{\"type\":\"FeatureCollection\",\n";
-    AppendDrawing(out, drawing);
-    out += " \"features\":[";
-    FeatureToJson append(out);
-    Separator comma;
-    drawing.forEach([&](drawing::Entity entity) {
-        comma.Next(out);
-        out += "\n  ";
-        append(entity);
-        if (out.size() < pieceSize) return;
-        sink(out);
-        out.clear();
-    });
-    out += "]}\n";
-    sink(out);
+void DrawingToJson(drawing::Drawing& drawing, const TextSink& sink, const TextSink& note) {
+    Dump(sink, note).Write(drawing);
 }
 
 }  // namespace vexlator::vdfjson

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "vdfjson/JsonToDrawing.h"
 
+#include "drawing/Vdf.h"
 #include "platform/Errors.h"
 #include "vdfjson/EntityReader.h"
 #include "vdfjson/JsonScanner.h"
@@ -9,6 +10,7 @@
 #include "vdfjson/PlainFeatureReader.h"
 
 #include <optional>
+#include <utility>
 
 namespace vexlator::vdfjson {
 
@@ -31,43 +33,29 @@ auto Placed(Place place, Step step) {
     }
 }
 
-class DocumentReader {
+/// Reads features into one drawing.
+class FeatureReader {
 public:
-    DocumentReader(std::string_view json, std::string_view plainLayer, drawing::Drawing& drawing)
-        : json_(json), drawing_(drawing), entities_(drawing), plain_(drawing, plainLayer) {}
-
-    /// Reads the document, which begins at `offset`.
-    void Read(std::size_t offset);
+    FeatureReader(drawing::Drawing& drawing, std::string_view plainLayer, PropertyColumns& columns)
+        : drawing_(drawing), entities_(drawing), plain_(drawing, plainLayer, columns) {}
+    void AddFeature(element feature);
+    void AddGeometry(element geometry) { plain_.Add(ObjectOf(geometry), std::nullopt); }
 
 private:
-    /// The outermost members, as far as they have been read.
-    struct Outline {
-        std::string type = "FeatureCollection";
-        bool isDescribed = false;  ///< the member `drawing` has been read
-        bool hasFeatures = false;
-        std::optional<std::size_t> featuresLater;  ///< where the features stand that are still to be read
-    };
-
-    void ReadMember(std::string_view quotedName, JsonScanner& scanner, Outline& outline);
-    void ReadFeatures(JsonScanner& scanner);
-    void ReadDescription(element description);
-    /// Parses a feature or geometry and adds it with `add`.
-    void ReadFeature(Part feature, void (DocumentReader::*add)(element));
-    void AddFeature(element feature);
-    void AddGeometry(element geometry);
-
-    std::string_view json_;
     drawing::Drawing& drawing_;
-    JsonParser parser_;
     EntityReader entities_;
     PlainFeatureReader plain_;
-    std::string activeLayer_ = "0";
-    std::uint64_t featureNumber_ = 0;
 };
 
-Part NextPart(JsonScanner& scanner) {
-    std::size_t offset = scanner.Position();
-    return {scanner.Value(), offset};
+void FeatureReader::AddFeature(element value) {
+    enum FeatureMember : std::size_t { Type, Id, Geometry, Properties, Vdf };
+    static constexpr std::array<std::string_view, 5> names = {"type", "id", "geometry", "properties", "vdf"};
+    Members feature(ObjectOf(value), names);
+    if (feature.Has(Type) && feature.Text(Type) != "Feature") throw BadValue("type: is not \"Feature\"");
+    std::optional vdf = feature.Object(Vdf);
+    drawing::Entity entity =
+        vdf ? entities_.Add(*vdf) : plain_.Add(feature.Object(Geometry), feature.Object(Properties));
+    if (feature.Has(Id) && feature.At(Id).is_string()) drawing_.setHandle(entity, feature.Text(Id));
 }
 
 std::vector<std::pair<std::string, std::string>> PropertiesOf(element list) {
@@ -91,6 +79,98 @@ void ReadLayer(element value, drawing::Drawing& drawing) {
     layer.colour = members.WholeNumber(Colour, drawing::defaultColour);
 }
 
+enum DescriptionMember : std::size_t { Properties, Layers, ActiveLayer, Blocks, BlockName, Entities };
+
+/// What describes a drawing: the whole one, or that of a block, which has a name and entities as well.
+Members DescriptionOf(element value, std::string_view prefix) {
+    static constexpr std::array<std::string_view, 6> names = {"properties", "layers", "activeLayer",
+                                                              "blocks",     "name",   "entities"};
+    return {ObjectOf(value), names, prefix};
+}
+
+void ReadBlock(element value, drawing::Drawing& drawing);
+
+/// All but the entities. The layer to be active is for the time when they are there.
+void ReadDescription(const Members& members, drawing::Drawing& drawing, std::string& activeLayer) {
+    if (members.Has(Properties)) drawing.properties() = members.Get(Properties, PropertiesOf);
+    if (members.Has(Layers))
+        members.Get(Layers, [&](element list) {
+            for (element layer : ArrayOf(list)) ReadLayer(layer, drawing);
+        });
+    if (members.Has(Blocks))
+        members.Get(Blocks, [&](element list) {
+            for (element block : ArrayOf(list)) ReadBlock(block, drawing);
+        });
+    if (members.Has(ActiveLayer)) activeLayer = members.Text(ActiveLayer);
+}
+
+void ReadEntities(element list, drawing::Drawing& content) {
+    PropertyColumns columns;
+    FeatureReader features(content, "0", columns);
+    std::size_t number = 0;
+    try {
+        for (element feature : ArrayOf(list)) {
+            ++number;
+            features.AddFeature(feature);
+        }
+    } catch (const BadValue& error) {
+        throw BadValue("number " + std::to_string(number), error.what());
+    }
+}
+
+/// A name, or an object with the content of the symbol.
+void ReadBlock(element value, drawing::Drawing& drawing) {
+    if (value.is_string()) return drawing.addBlock({std::string(TextOf(value)), ""});
+    Members members = DescriptionOf(value, "");
+    if (!members.Has(BlockName)) throw BadValue("holds a block without a name");
+    drawing::Block block{std::string(members.Text(BlockName)), ""};
+    if (members.Has(Entities)) {
+        drawing::Drawing content;
+        std::string activeLayer = "0";
+        ReadDescription(members, content, activeLayer);
+        members.Get(Entities, [&](element list) { ReadEntities(list, content); });
+        content.setActiveLayer(activeLayer);
+        block.content = drawing::VdfBytes(content);
+    }
+    drawing.addBlock(std::move(block));
+}
+
+class DocumentReader {
+public:
+    DocumentReader(std::string_view json, std::string_view plainLayer, PropertyColumns& columns,
+                   drawing::Drawing& drawing)
+        : json_(json), drawing_(drawing), features_(drawing, plainLayer, columns) {}
+
+    /// Reads the document, which begins at `offset`.
+    void Read(std::size_t offset);
+
+private:
+    /// The outermost members, as far as they have been read.
+    struct Outline {
+        std::string type = "FeatureCollection";
+        bool isDescribed = false;  ///< the member `drawing` has been read
+        bool hasFeatures = false;
+        std::optional<std::size_t> featuresLater;  ///< where the features stand that are still to be read
+    };
+
+    void ReadMember(std::string_view quotedName, JsonScanner& scanner, Outline& outline);
+    void ReadFeatures(JsonScanner& scanner);
+    /// Parses a feature or geometry and adds it with `add`.
+    void ReadFeature(Part feature, void (FeatureReader::*add)(element));
+
+    std::string_view json_;
+    drawing::Drawing& drawing_;
+    JsonParser parser_;
+    FeatureReader features_;
+    std::string activeLayer_ = "0";
+    std::uint64_t featureNumber_ = 0;
+};
+
+Part NextPart(JsonScanner& scanner) {
+    std::size_t offset = scanner.Position();
+    return {scanner.Value(), offset};
+}
+
 void DocumentReader::Read(std::size_t offset) {
     Outline outline;
     JsonScanner scanner(json_, offset);
@@ -98,7 +178,7 @@ void DocumentReader::Read(std::size_t offset) {
     scanner.ExpectEnd();
     if (outline.type != "FeatureCollection") {
         ReadFeature({json_.substr(offset), offset},
-                    outline.type == "Feature" ? &DocumentReader::AddFeature : &DocumentReader::AddGeometry);
+                    outline.type == "Feature" ? &FeatureReader::AddFeature : &FeatureReader::AddGeometry);
     } else if (outline.featuresLater) {
         JsonScanner features(json_, *outline.featuresLater);
         ReadFeatures(features);
@@ -126,52 +206,19 @@ void DocumentReader::ReadMember(std::string_view quotedName, JsonScanner& scanne
         element value = parser_.Parse(text);
         if (name == "type") outline.type = TextOf(value);
         if (name != "drawing") return;
-        ReadDescription(value);
+        if (!value.is_null()) ReadDescription(DescriptionOf(value, "drawing."), drawing_, activeLayer_);
         outline.isDescribed = true;
     });
 }
 
 void DocumentReader::ReadFeatures(JsonScanner& scanner) {
-    scanner.Elements([&] { ReadFeature(NextPart(scanner), &DocumentReader::AddFeature); });
+    scanner.Elements([&] { ReadFeature(NextPart(scanner), &FeatureReader::AddFeature); });
 }
 
-void DocumentReader::ReadDescription(element description) {
-    enum DrawingMember : std::size_t { Properties, Layers, ActiveLayer, Blocks };
-    static constexpr std::array<std::string_view, 4> names = {"properties", "layers", "activeLayer",
-                                                              "blocks"};
-    if (description.is_null()) return;
-    Members members(ObjectOf(description), names, "drawing.");
-    if (members.Has(Properties)) drawing_.properties() = members.Get(Properties, PropertiesOf);
-    if (members.Has(Layers))
-        members.Get(Layers, [&](element list) {
-            for (element layer : ArrayOf(list)) ReadLayer(layer, drawing_);
-        });
-    if (members.Has(Blocks))
-        members.Get(Blocks, [&](element list) {
-            for (element name : ArrayOf(list)) drawing_.addBlock({std::string(TextOf(name)), ""});
-        });
-    if (members.Has(ActiveLayer)) activeLayer_ = members.Text(ActiveLayer);
-}
-
-void DocumentReader::ReadFeature(Part feature, void (DocumentReader::*add)(element)) {
+void DocumentReader::ReadFeature(Part feature, void (FeatureReader::*add)(element)) {
     ++featureNumber_;
     auto place = [&] { return "feature " + std::to_string(featureNumber_) + " at " + feature.Place(); };
-    Placed(place, [&] { (this->*add)(parser_.Parse(feature.text)); });
-}
-
-void DocumentReader::AddFeature(element value) {
-    enum FeatureMember : std::size_t { Type, Id, Geometry, Properties, Vdf };
-    static constexpr std::array<std::string_view, 5> names = {"type", "id", "geometry", "properties", "vdf"};
-    Members feature(ObjectOf(value), names);
-    if (feature.Has(Type) && feature.Text(Type) != "Feature") throw BadValue("type: is not \"Feature\"");
-    std::optional vdf = feature.Object(Vdf);
-    drawing::Entity entity =
-        vdf ? entities_.Add(*vdf) : plain_.Add(feature.Object(Geometry), feature.Object(Properties));
-    if (feature.Has(Id) && feature.At(Id).is_string()) drawing_.setHandle(entity, feature.Text(Id));
-}
-
-void DocumentReader::AddGeometry(element value) {
-    plain_.Add(ObjectOf(value), std::nullopt);
+    Placed(place, [&] { (features_.*add)(parser_.Parse(feature.text)); });
 }
 
 }  // namespace
@@ -179,7 +226,12 @@ void DocumentReader::AddGeometry(element value) {
 void JsonToDrawing(std::string_view json, std::string_view plainLayer, drawing::Drawing& drawing) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     std::size_t begin = json.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
-    DocumentReader(json, plainLayer, drawing).Read(begin);
+    PropertyColumns columns;
+    DocumentReader(json, plainLayer, columns, drawing).Read(begin);
+    if (columns.AreComplete()) return;
+    columns.CheckRoom(json.size());
+    drawing.clear();
+    DocumentReader(json, plainLayer, columns, drawing).Read(begin);
 }
 
 }  // namespace vexlator::vdfjson

@@ -44,11 +44,12 @@ const std::array<PlainFeatureReader::GeometryType, 6> PlainFeatureReader::geomet
 
 Entity PlainFeatureReader::Add(std::optional<Object> geometry, std::optional<Object> properties) {
     first_.reset();
-    names_.Start();
-    values_.clear();
+    ownNames_.clear();
+    ownValues_.clear();
     layer_ = defaultLayer_;
     if (properties) ReadProperties(*properties);
     if (layer_ != drawing_.activeLayerName()) drawing_.setActiveLayer(layer_);
+    ArrangeValues();
     if (geometry) AddGeometry(*geometry);
     if (!first_) GiveAttributes(drawing_.addPolyline());
     return *first_;
@@ -56,10 +57,19 @@ Entity PlainFeatureReader::Add(std::optional<Object> geometry, std::optional<Obj
 
 void PlainFeatureReader::ReadProperties(Object properties) {
     for (auto [name, value] : properties) {
-        names_.Add(name);
-        values_.push_back(ValueText(value));
-        if (name == "layer" && !values_.back().empty()) layer_ = values_.back();
+        ownNames_.push_back(name);
+        ownValues_.push_back(ValueText(value));
+        if (name == "layer" && !ownValues_.back().empty()) layer_ = ownValues_.back();
     }
+}
+
+void PlainFeatureReader::ArrangeValues() {
+    PropertyColumns::Layer& layer = columns_.Of(drawing_.activeLayerName());
+    const std::vector<std::size_t>& places = layer.PlacesOf(ownNames_);
+    values_.assign(layer.Names().size(), "");
+    for (std::size_t i = 0; i < places.size(); ++i) values_[places[i]] = ownValues_[i];
+    names_.Start();
+    for (const std::string& name : layer.Names()) names_.Add(name);
 }
 
 void PlainFeatureReader::AddGeometry(Object geometry) {
@@ -104,7 +114,7 @@ void PlainFeatureReader::GiveAttributes(Entity entity) {
     }
     first_ = entity;
     names_.BeginValues();
-    for (const std::string& value : values_) drawing_.appendValue(value);
+    for (std::string_view value : values_) drawing_.appendValue(value);
 }
 
 }  // namespace vexlator::vdfjson

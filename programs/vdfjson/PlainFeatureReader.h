@@ -5,6 +5,7 @@
 #include "drawing/Drawing.h"
 #include "vdfjson/AttributeNames.h"
 #include "vdfjson/JsonValues.h"
+#include "vdfjson/PropertyColumns.h"
 
 #include <array>
 #include <optional>
@@ -19,13 +20,13 @@ namespace vexlator::vdfjson {
 /// Point becomes a VDPOINT, LineString an open VDPOLYLINE, each ring of a Polygon a closed VDPOLYLINE with
 /// the vertices as they stand, the last one, which repeats the first, included. Every part of a Multi*
 /// geometry or GeometryCollection becomes an entity of its own, and all of them have the feature's
-/// attributes. A feature without geometry becomes a VDPOLYLINE without vertices, so that its attributes are
-/// kept.
+/// attributes, and empty ones for those that only others of its layer have. A feature without geometry
+/// becomes a VDPOLYLINE without vertices, so that its attributes are kept.
 class PlainFeatureReader {
 public:
     /// `defaultLayer` is for features without a property `layer`.
-    PlainFeatureReader(drawing::Drawing& drawing, std::string_view defaultLayer)
-        : drawing_(drawing), names_(drawing), defaultLayer_(defaultLayer) {}
+    PlainFeatureReader(drawing::Drawing& drawing, std::string_view defaultLayer, PropertyColumns& columns)
+        : drawing_(drawing), columns_(columns), names_(drawing), defaultLayer_(defaultLayer) {}
 
     using Object = simdjson::dom::object;
 
@@ -43,16 +44,21 @@ private:
     static const std::array<GeometryType, 6> geometryTypes;
 
     void ReadProperties(Object properties);
+    /// Puts the values where their names stand among those of the layer.
+    void ArrangeValues();
     void AddGeometry(Object geometry);
     void AddParts(Part part, int depth, element coordinates);
     void AddPart(Part part, element coordinates);
     void GiveAttributes(drawing::Entity entity);
 
     drawing::Drawing& drawing_;
+    PropertyColumns& columns_;
     AttributeNames names_;
     std::string_view defaultLayer_;
     std::string layer_;
-    std::vector<std::string> values_;
+    std::vector<std::string_view> ownNames_;
+    std::vector<std::string> ownValues_;
+    std::vector<std::string_view> values_;  ///< of names_
     std::vector<drawing::Point> points_;
     std::optional<drawing::Entity> first_;  ///< of the current feature
 };

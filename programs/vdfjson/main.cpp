@@ -33,22 +33,29 @@ constexpr std::string_view usage =
 
 constexpr std::string_view help =
     "\n"
-    "A dump holds the whole drawing but for the content of its blocks: every feature's member \"vdf\" is "
-    "the\n"
-    "entity itself, which is what load reads; \"geometry\" and \"properties\" are there for GIS viewers.\n"
+    "A dump holds the whole drawing: every feature's member \"vdf\" is the entity itself, which is what "
+    "load\n"
+    "reads; \"geometry\" and \"properties\" are there for GIS viewers. \"blocks\" are symbols with their "
+    "entities.\n"
     "\n"
     "load also takes GeoJSON from elsewhere. Lines and the rings of polygons become polylines, each part of "
     "a\n"
     "multiple geometry becomes an entity of its own. The property \"layer\" names a feature's layer; "
     "features\n"
-    "without it go on the layer named after the file.\n"
+    "without it go on the layer named after the file. All of a layer get the properties that any of them "
+    "has.\n"
     "\n"
     "Exit status: 0 done; 1 failed, and OUT.VDF is as it was; 2 wrong use.\n";
+
+void Tell(const std::string& file, const std::string& what) {
+    std::string line = "vdfjson: " + (file.empty() ? "" : file + ": ") + what + "\n";
+    std::fwrite(line.data(), 1, line.size(), stderr);
+}
 
 void Dump(const std::string& path) {
     drawing::Drawing drawing;
     drawing.open(path);
-    DrawingToJson(drawing, platform::Print);
+    DrawingToJson(drawing, platform::Print, [&](std::string_view line) { Tell(path, std::string(line)); });
     platform::FinishPrinting();
 }
 
@@ -104,8 +111,7 @@ int Run(const std::vector<std::string>& arguments) {
 }
 
 int Fail(const std::string& file, const std::string& reason) {
-    std::string line = "vdfjson: " + (file.empty() ? "" : file + ": ") + reason + "\n";
-    std::fwrite(line.data(), 1, line.size(), stderr);
+    Tell(file, reason);
     return failed;
 }
 

@@ -83,6 +83,26 @@ TEST(PlainGeoJson, PropertiesBecomeTextInOrder) {
     EXPECT_EQ(found, expected);
 }
 
+/// Exports take values by their position.
+TEST(PlainGeoJson, FeaturesOfALayerHaveTheSameNames) {
+    drawing::Drawing drawing;
+    Load(
+        R"({"type":"FeatureCollection","features":[{"properties":{"CREW":"c"}},{"properties":{"REF":1,"CREW":"d"}},
+        {"properties":null},{"properties":{"layer":"file","REF":2,"REF":3}},{"properties":{"layer":"B","REF":4}}]})",
+        drawing);
+    std::vector<std::string> found;
+    drawing.forEach([&](drawing::Entity entity) {
+        std::string text;
+        drawing::XProperties properties = entity.xproperties();
+        for (std::size_t i = 0; i < properties.count(); ++i)
+            text.append(properties.name(i)).append("=").append(properties.item(i).value()).append(" ");
+        found.push_back(text);
+    });
+    EXPECT_EQ(found, (std::vector<std::string>{"CREW=c REF= layer= REF= ", "CREW=d REF=1 layer= REF= ",
+                                               "CREW= REF= layer= REF= ", "CREW= REF=2 layer=file REF=3 ",
+                                               "layer=B REF=4 "}));
+}
+
 TEST(PlainGeoJson, ThePropertyLayerNamesTheLayer) {
     drawing::Drawing drawing;
     Load(

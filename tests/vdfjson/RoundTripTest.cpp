@@ -25,6 +25,14 @@ std::string Plain(std::string kind, std::string_view own) {
     return "\"kind\":\"" + kind + "\"," + std::string(common) + std::string(own) + ",";
 }
 
+/// A symbol with its content.
+std::string Block(std::string_view name, std::string_view blocks, std::string_view entities) {
+    std::string json = "\n  {\"name\":\"" + std::string(name) + "\",\"properties\":[],";
+    json += "\n            \"layers\":[{\"name\":\"0\",\"frozen\":false,\"colour\":7}],";
+    json.append("\n            \"activeLayer\":\"0\",\"blocks\":[").append(blocks).append("],\"entities\":[");
+    return json.append(entities).append("]}");
+}
+
 TEST(RoundTrip, EveryKindWithEveryMember) {
     std::string features =
         Feature("1A", R"({"type":"Point","coordinates":[1.5,2.25,3]})",
@@ -58,7 +66,10 @@ TEST(RoundTrip, EveryKindWithEveryMember) {
         "," + Feature("24", "null", Plain("VDHATCH", R"("vertices":[[1,2,3]])"), R"("":"")", R"(["",""])");
     std::string document =
         Document(features, ",\n            {\"name\":\"FENCE\",\"frozen\":true,\"colour\":255}",
-                 R"(["Source","C:\\Jobs\\a.JOB"],["Source","again"])", "FENCE", R"("default","tree")");
+                 R"(["Source","C:\\Jobs\\a.JOB"],["Source","again"])", "FENCE",
+                 R"("default",)" + Block("tree", R"("plain",)" + Block("deep", "", ""),
+                                         Feature("7", R"({"type":"Point","coordinates":[1,1,0]})",
+                                                 Plain("VDCIRCLE", R"("position":[1,1,0],"radius":2)"))));
     EXPECT_EQ(LoadAndDump(document), document);
 }
 
@@ -166,6 +177,18 @@ TEST(RoundTrip, IdsAreKeptWhenTheyAreFreeHandles) {
     std::vector<std::string> handles;
     drawing.forEach([&](drawing::Entity entity) { handles.push_back(entity.handle()); });
     EXPECT_EQ(handles, (std::vector<std::string>{"FF", "100", "101", "3", "102", "103", "104"}));
+}
+
+/// Symbols that others made may be anything.
+TEST(RoundTrip, ABlockThatIsNoDrawingKeepsItsName) {
+    drawing::Drawing drawing;
+    drawing.addBlock({"odd", "no drawing"});
+    std::string json, notes;
+    vdfjson::DrawingToJson(
+        drawing, [&](std::string_view piece) { json += piece; },
+        [&](std::string_view note) { notes += note; });
+    EXPECT_EQ(json, Document("", "", "", "0", R"("odd")"));
+    EXPECT_TRUE(notes.starts_with("block \"odd\" is dumped by its name only: ")) << notes;
 }
 
 TEST(RoundTrip, OrderOfTheMembersMeansNothing) {
