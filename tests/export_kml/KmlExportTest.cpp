@@ -97,9 +97,9 @@ TEST_F(KmlExport, MetresNeverPassForDegrees) {
     // The same without any conversion: a small place in metres looks like one in degrees.
     session.Settings().IniFilePath = folder.Write("gv.ini", "");
     drawing.addPoint({50, 50, 0});
-    Export();
-    EXPECT_EQ(Coordinates(), Texts());
-    EXPECT_EQ(ui.messages, (Texts{"No Correction File Found"}));
+    EXPECT_EQ(Export().status, config::Outcome::Status::Failed);
+    EXPECT_EQ(Coordinates(), (Texts{"-180.000000,90.000000,0"})) << "the document that was there";
+    EXPECT_EQ(ui.messages.size(), 2U);
 }
 
 TEST_F(KmlExport, ManyMoreThanABatchKeepTheirOrder) {

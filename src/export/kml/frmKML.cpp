@@ -49,6 +49,12 @@ config::Outcome frmKML::Start(std::string_view drawingPath, std::string_view tar
         ForEachLayer(session_, run.drawing, *run.view, LayerZero::Skip, [&](const ExportLayer& layer) {
             run.outcome.features += KmlLayer(session_, settings, converter, layer, writer).Write(*run.view);
         });
+    if (run.outcome.features > 0 && writer.Geometries() == 0) {
+        session_.Ui().ShowMessage(platform::NativePath(run.outcome.target) +
+                                  ": not written, because none of its placemarks would have a place");
+        run.outcome.status = config::Outcome::Status::Failed;
+        return run.outcome;
+    }
     writer.Finish();
     file.Commit();
     if (session_.Settings().AutoLaunchExport) Launch(settings.web, run.outcome.target);

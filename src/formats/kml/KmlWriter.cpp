@@ -107,6 +107,7 @@ void KmlWriter::EndDescription(std::string_view fullSize) {
 
 void KmlWriter::AddGeometry(KmlShape shape, std::span<const util::PlanePoint> positions,
                             std::span<const double> heights) {
+    ++geometries_;
     const Frame& frame = FrameOf(shape);
     file_.Write(frame.begin);
     AddCoordinates(positions, heights);

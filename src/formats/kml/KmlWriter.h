@@ -39,6 +39,8 @@ public:
     void AddGeometry(KmlShape shape, std::span<const util::PlanePoint> positions,
                      std::span<const double> heights);
     void EndPlacemark();
+    /// How many placemarks have got a geometry.
+    std::uint64_t Geometries() const { return geometries_; }
     /// Ends the document.
     void Finish();
 
@@ -47,6 +49,7 @@ private:
 
     platform::OutputFile& file_;
     std::optional<int> heightDecimals_;
+    std::uint64_t geometries_ = 0;
 };
 
 }  // namespace vexlator::formats
