@@ -4,6 +4,7 @@
 
 #include "util/Angles.h"
 
+#include <cmath>
 #include <cstddef>
 #include <optional>
 #include <span>
@@ -24,6 +25,11 @@ struct Coordinates {
     }
 };
 
+/// Whether a point can be longitude and latitude; longitudes may reach around the world.
+inline bool IsDegrees(const util::PlanePoint& point) {
+    return std::fabs(point.x) <= 360 && std::fabs(point.y) <= 90;
+}
+
 /// One way to convert.
 class Backend {
 public:
@@ -33,8 +39,9 @@ public:
     virtual void Convert(Direction direction, Coordinates coordinates) = 0;
     /// Decimals of grid values and heights as text; nothing when values pass as they are.
     virtual std::optional<int> GridDecimals() const { return 3; }
-    /// For people: what converts, with the names of its files.
-    virtual std::string Description() const = 0;
+    /// For people: what converts, with the names of its files, or why nothing is converted. Loads what it
+    /// has to load, without a message.
+    virtual std::string Description() = 0;
 };
 
 }  // namespace vexlator::coords

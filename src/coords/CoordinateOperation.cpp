@@ -6,6 +6,7 @@
 #include "util/Text.h"
 
 #include <memory>
+#include <proj_experimental.h>
 #include <utility>
 
 namespace vexlator::coords {
@@ -27,7 +28,7 @@ std::string_view WithoutBlanks(std::string_view text) {
 }
 
 /// Names alone are not taken: the library would settle for a system whose name is only similar.
-bool IsDefinition(const std::string& text) {
+bool MayDefine(const std::string& text) {
     return text.find_first_of("[{=:") != std::string::npos;
 }
 
@@ -96,32 +97,23 @@ ProjList AvailableOperations(PJ_CONTEXT* context, const ProjObject& from, const 
 }
 
 CoordinateOperation FromSystem(ProjContext& context, ProjObject system) {
-    CoordinateOperation result;
-    PJ_CONTEXT* proj = context.Get();
     ProjObject target = context.Create(HasHeights(system.get()) ? "EPSG:4979" : "EPSG:4326");
-    ProjList known =
-        target ? KnownOperations(proj, system.get(), target.get(), PROJ_GRID_AVAILABILITY_IGNORED) : nullptr;
-    if (!known || proj_list_get_count(known.get()) == 0) {
-        result.reason = target ? "no transformation to WGS 84 is known" : context.Reason();
-        return result;
-    }
-    ProjObject best(proj_list_get(proj, known.get(), 0));
-    ArrayOperation::ListChoices choices;
-    result.missingGrid = MissingGrid(proj, best.get());
-    bool bestHasGrids = proj_coordoperation_get_grid_used_count(proj, best.get()) > 0;
-    if (!bestHasGrids || !result.missingGrid.empty()) {
-        // Several may share the area: the library takes for each point the one that is made for its place.
-        const char* const options[] = {"ALLOW_BALLPARK=NO", nullptr};
-        best.reset(proj_create_crs_to_crs_from_pj(proj, system.get(), target.get(), nullptr, options));
-        auto ends = std::make_shared<std::pair<ProjObject, ProjObject>>(std::move(system), std::move(target));
-        choices = [proj, ends] { return AvailableOperations(proj, ends->first, ends->second); };
-    }
-    ProjObject operation = Normalized(proj, best);
-    if (operation && context.CanReadGrids(*operation))
-        result.operation = ArrayOperation(context, std::move(operation), std::move(choices));
-    else
-        result.reason = context.Reason();
+    if (target) return OperationBetween(context, std::move(system), std::move(target));
+    CoordinateOperation result;
+    result.reason = context.Reason();
     return result;
+}
+
+/// The part of a system that says where a point lies in the plane; null: all of it.
+ProjObject PlanePart(PJ_CONTEXT* context, PJ* system) {
+    switch (proj_get_type(system)) {
+        case PJ_TYPE_COMPOUND_CRS:
+            return ProjObject(proj_crs_get_sub_crs(context, system, 0));
+        case PJ_TYPE_GEOGRAPHIC_3D_CRS:
+            return ProjObject(proj_crs_demote_to_2D(context, nullptr, system));
+        default:
+            return nullptr;
+    }
 }
 
 }  // namespace
@@ -140,7 +132,7 @@ std::string DefinitionText(std::string_view content) {
 CoordinateOperation OperationFor(ProjContext& context, const std::string& definition) {
     CoordinateOperation result;
     std::string text = Completed(definition);
-    if (!IsDefinition(text)) {
+    if (!MayDefine(text)) {
         result.reason = "neither an EPSG code nor WKT nor a PROJ string";
         return result;
     }
@@ -156,6 +148,57 @@ CoordinateOperation OperationFor(ProjContext& context, const std::string& defini
     else
         result.operation = ArrayOperation(context, std::move(object));
     return result;
+}
+
+CoordinateOperation OperationBetween(ProjContext& context, ProjObject from, ProjObject to) {
+    CoordinateOperation result;
+    PJ_CONTEXT* proj = context.Get();
+    ProjList known = KnownOperations(proj, from.get(), to.get(), PROJ_GRID_AVAILABILITY_IGNORED);
+    if (!known || proj_list_get_count(known.get()) == 0) {
+        result.reason = std::string("no transformation to ") + proj_get_name(to.get()) + " is known";
+        return result;
+    }
+    ProjObject best(proj_list_get(proj, known.get(), 0));
+    ArrayOperation::ListChoices choices;
+    result.missingGrid = MissingGrid(proj, best.get());
+    bool bestHasGrids = proj_coordoperation_get_grid_used_count(proj, best.get()) > 0;
+    if (!bestHasGrids || !result.missingGrid.empty()) {
+        // Several may share the area: the library takes for each point the one that is made for its place.
+        const char* const options[] = {"ALLOW_BALLPARK=NO", nullptr};
+        best.reset(proj_create_crs_to_crs_from_pj(proj, from.get(), to.get(), nullptr, options));
+        auto ends = std::make_shared<std::pair<ProjObject, ProjObject>>(std::move(from), std::move(to));
+        choices = [proj, ends] { return AvailableOperations(proj, ends->first, ends->second); };
+    }
+    ProjObject operation = Normalized(proj, best);
+    if (operation && context.CanReadGrids(*operation))
+        result.operation = ArrayOperation(context, std::move(operation), std::move(choices));
+    else
+        result.reason = context.Reason();
+    return result;
+}
+
+ProjObject PlaneSystem(ProjContext& context, const std::string& definition) {
+    std::string text = Completed(definition);
+    ProjObject system = MayDefine(text) ? context.Create(text) : nullptr;
+    ProjObject part = system ? PlanePart(context.Get(), system.get()) : nullptr;
+    if (part) system = std::move(part);
+    ProjObject base = WithoutShift(context, system);
+    PJ_TYPE type = base ? proj_get_type(base.get()) : PJ_TYPE_UNKNOWN;
+    if (type != PJ_TYPE_PROJECTED_CRS && type != PJ_TYPE_GEOGRAPHIC_2D_CRS) system.reset();
+    return system;
+}
+
+ProjObject WithoutShift(ProjContext& context, const ProjObject& system) {
+    if (!system) return nullptr;
+    bool bound = proj_get_type(system.get()) == PJ_TYPE_BOUND_CRS;
+    return ProjObject(bound ? proj_get_source_crs(context.Get(), system.get())
+                            : proj_clone(context.Get(), system.get()));
+}
+
+bool IsDefinition(const std::string& text) {
+    ProjContext context({});
+    std::string completed = Completed(DefinitionText(text));
+    return MayDefine(completed) && context.Create(completed) != nullptr;
 }
 
 }  // namespace vexlator::coords

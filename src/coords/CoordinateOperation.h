@@ -28,4 +28,17 @@ std::string DefinitionText(std::string_view content);
 /// missing, the next best are used and `missingGrid` is set.
 CoordinateOperation OperationFor(ProjContext& context, const std::string& definition);
 
+/// The operation from one coordinate system to another, by the same rules.
+CoordinateOperation OperationBetween(ProjContext& context, ProjObject from, ProjObject to);
+
+/// The projected or geographic coordinate system that a definition means, without what it says of heights;
+/// null when it means none.
+ProjObject PlaneSystem(ProjContext& context, const std::string& definition);
+
+/// A copy of a system without a shift to WGS 84 that its definition gives itself, as +towgs84 does.
+ProjObject WithoutShift(ProjContext& context, const ProjObject& system);
+
+/// Whether a text is the definition of a coordinate system or an operation by itself.
+bool IsDefinition(const std::string& text);
+
 }  // namespace vexlator::coords

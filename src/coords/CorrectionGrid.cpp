@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "coords/CorrectionGrid.h"
 
+#include "platform/Paths.h"
+
 #include <cmath>
 #include <utility>
 
@@ -42,8 +44,10 @@ std::string Unusable(const std::string& file, const ProjContext& context) {
 
 }  // namespace
 
-CorrectionGrid::CorrectionGrid(std::vector<std::string> folders, ui::UserInterface& userInterface)
-    : context_(std::move(folders)) {
+CorrectionGrid::CorrectionGrid(const GridFolders& folders, ui::UserInterface& userInterface)
+    : context_(folders.inOrder),
+      howToGetOne_(std::string(": put ") + publishedShifts + " (or OSTN02.INT, OSTN97.INT) into " +
+                   platform::NativePath(folders.forNew)) {
     LoadShifts(userInterface);
     if (shifts_) LoadGeoid(userInterface);
 }
@@ -61,7 +65,7 @@ void CorrectionGrid::LoadShifts(ui::UserInterface& userInterface) {
         shifts_ = ArrayOperation(context_, CreateShifts(context_, name));
         if (shifts_) return;
     }
-    userInterface.ShowMessage("No Correction File Found");
+    userInterface.ShowMessage("No Correction File Found" + howToGetOne_);
 }
 
 void CorrectionGrid::LoadGeoid(ui::UserInterface& userInterface) {
@@ -82,8 +86,8 @@ void CorrectionGrid::Convert(Direction direction, Coordinates coordinates) {
     if (geoid && direction == Direction::ToLatLng) Transform(*geoid_, direction, coordinates);
 }
 
-std::string CorrectionGrid::Description() const {
-    if (!shifts_) return "no correction grid";
+std::string CorrectionGrid::Description() {
+    if (!shifts_) return "no correction grid" + howToGetOne_;
     return "correction grid " + shiftFile_ + (geoid_ ? ", geoid " + geoidFile_ : "");
 }
 

@@ -5,10 +5,10 @@
 #include "coords/ArrayOperation.h"
 #include "coords/Backend.h"
 #include "coords/ProjContext.h"
+#include "coords/TransformationSetting.h"
 #include "ui/UserInterface.h"
 
 #include <string>
-#include <vector>
 
 namespace vexlator::coords {
 
@@ -20,12 +20,12 @@ namespace vexlator::coords {
 class CorrectionGrid : public Backend {
 public:
     /// Looks for the files in `folders`, in their order, and for the published ones then in the projection
-    /// library's own data folders. Shows "No Correction File Found" when there is none, or why the first one
-    /// found cannot be used; then no point has a result.
-    CorrectionGrid(std::vector<std::string> folders, ui::UserInterface& userInterface);
+    /// library's own data folders. Shows "No Correction File Found" and where it belongs when there is none,
+    /// or why the first one found cannot be used; then no point has a result.
+    CorrectionGrid(const GridFolders& folders, ui::UserInterface& userInterface);
 
     void Convert(Direction direction, Coordinates coordinates) override;
-    std::string Description() const override;
+    std::string Description() override;
 
 private:
     void LoadShifts(ui::UserInterface& userInterface);
@@ -35,6 +35,7 @@ private:
     ArrayOperation shifts_;
     ProjObject geoid_;
     std::string shiftFile_, geoidFile_;
+    std::string howToGetOne_;  ///< for people
 };
 
 }  // namespace vexlator::coords

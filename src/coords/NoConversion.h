@@ -9,9 +9,12 @@ namespace vexlator::coords {
 /// For drawings that are in latitude and longitude already: x is the longitude, y the latitude.
 class NoConversion : public Backend {
 public:
-    void Convert(Direction, Coordinates) override {}
+    void Convert(Direction, Coordinates coordinates) override {
+        for (util::PlanePoint& point : coordinates.points)
+            if (!IsDegrees(point)) point = {HUGE_VAL, HUGE_VAL};
+    }
     std::optional<int> GridDecimals() const override { return std::nullopt; }
-    std::string Description() const override { return "no conversion, drawings are in degrees"; }
+    std::string Description() override { return "no conversion, drawings are in degrees"; }
 };
 
 }  // namespace vexlator::coords

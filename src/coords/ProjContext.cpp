@@ -15,7 +15,7 @@ namespace {
 
 bool IsPossible(Direction direction, const util::PlanePoint& point) {
     constexpr double mostGrid = 1e9;
-    if (direction == Direction::ToGrid) return std::fabs(point.x) <= 360 && std::fabs(point.y) <= 90;
+    if (direction == Direction::ToGrid) return IsDegrees(point);
     return std::fabs(point.x) <= mostGrid && std::fabs(point.y) <= mostGrid;
 }
 

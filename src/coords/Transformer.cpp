@@ -2,37 +2,28 @@
 // SPDX-License-Identifier: MIT
 #include "coords/Transformer.h"
 
-#include "platform/Files.h"
-#include "platform/Paths.h"
+#include "platform/Errors.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <utility>
 
 namespace vexlator::coords {
 
 namespace {
 
-constexpr std::uint64_t largestDefinition = 1 << 20;
-
 std::size_t CharactersOf(std::string_view utf8) {
     return static_cast<std::size_t>(
         std::count_if(utf8.begin(), utf8.end(), [](char c) { return (c & 0xC0) != 0x80; }));
 }
 
-std::string ReadDefinition(const std::string& path) {
-    platform::MappedFile file(path);
-    if (file.Bytes().size() > largestDefinition)
-        throw platform::ReadError(file.Name(), "", "too large for a definition");
-    return DefinitionText(file.Text());
-}
-
 }  // namespace
 
-Transformer::Transformer(std::string definitionPath, std::vector<std::string> folders,
-                         ui::UserInterface& userInterface)
-    : definitionPath_(std::move(definitionPath)), ui_(userInterface), context_(std::move(folders)) {}
+Transformer::Transformer(TransformationSetting setting, GridFolders folders, ui::UserInterface& userInterface)
+    : setting_(std::move(setting)),
+      folderForGrids_(std::move(folders.forNew)),
+      ui_(userInterface),
+      context_(std::move(folders.inOrder)) {}
 
 void Transformer::Convert(Direction direction, Coordinates coordinates) {
     Instance& instance = direction == Direction::ToLatLng ? toLatLng_ : toGrid_;
@@ -44,35 +35,40 @@ void Transformer::Convert(Direction direction, Coordinates coordinates) {
     instance.operation.Convert(direction, coordinates);
 }
 
-void Transformer::Load(Instance& instance) {
-    std::string text;
+CoordinateOperation Transformer::Read(std::string& text) {
     CoordinateOperation loaded;
     try {
-        text = ReadDefinition(definitionPath_);
+        text = setting_.Definition();
         loaded = OperationFor(context_, text);
     } catch (const platform::ReadError& error) {
         loaded.reason = error.Reason();
     }
-    if (!loaded.missingGrid.empty()) TellMissingGrid(loaded.missingGrid);
+    return loaded;
+}
+
+void Transformer::Load(Instance& instance) {
+    std::string text;
+    CoordinateOperation loaded = Read(text);
+    if (!loaded.missingGrid.empty() && !std::exchange(toldMissingGrid_, true))
+        ui_.ShowMessage(setting_.Name() + ": " + MissingGridText(loaded.missingGrid, folderForGrids_));
     instance.operation = std::move(loaded.operation);
     instance.state = instance.operation ? State::Loaded : State::Failed;
     if (!instance.operation) AskAboutFailure(text, loaded.reason);
 }
 
 void Transformer::AskAboutFailure(const std::string& text, const std::string& reason) {
-    ui_.Report(platform::NativePath(definitionPath_) + ": " + reason);
+    ui_.Report(setting_.Name() + ": " + reason);
     if (ui_.AskYesNo("Veltrom Coordinate Transformer Parameters Failed To Load \nMore ?"))
         ui_.ShowMessage(std::to_string(CharactersOf(text)) + "\n" + text);
 }
 
-void Transformer::TellMissingGrid(const std::string& grid) {
-    if (std::exchange(toldMissingGrid_, true)) return;
-    ui_.ShowMessage(platform::NativePath(definitionPath_) + ": its best transformation needs the grid " +
-                    grid + ", which is missing; coordinates may be metres off");
-}
-
-std::string Transformer::Description() const {
-    return "coordinate system of " + platform::NativePath(definitionPath_);
+std::string Transformer::Description() {
+    std::string text;
+    CoordinateOperation loaded = Read(text);
+    if (!loaded.operation) return "no transformation: " + setting_.Name() + ": " + loaded.reason;
+    std::string description = "coordinate system of " + setting_.Name();
+    if (loaded.missingGrid.empty()) return description;
+    return description + "; " + MissingGridText(loaded.missingGrid, folderForGrids_);
 }
 
 }  // namespace vexlator::coords

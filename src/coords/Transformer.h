@@ -5,25 +5,24 @@
 #include "coords/Backend.h"
 #include "coords/CoordinateOperation.h"
 #include "coords/ProjContext.h"
+#include "coords/TransformationSetting.h"
 #include "ui/UserInterface.h"
 
 #include <string>
-#include <vector>
 
 namespace vexlator::coords {
 
-/// The coordinate system, or the operation, that a definition file names. Each direction loads it when it is
+/// The coordinate system, or the operation, of a definition. Each direction loads it when it is
 /// used first, and keeps what came of it.
 class Transformer : public Backend {
 public:
     /// `folders`: where its grids are looked for first.
-    Transformer(std::string definitionPath, std::vector<std::string> folders,
-                ui::UserInterface& userInterface);
+    Transformer(TransformationSetting setting, GridFolders folders, ui::UserInterface& userInterface);
 
     /// A definition that fails to load is asked about once, and then no point has a result in this direction.
     /// A missing grid is told once.
     void Convert(Direction direction, Coordinates coordinates) override;
-    std::string Description() const override;
+    std::string Description() override;
 
 private:
     enum class State { NotLoaded, Failed, Loaded };
@@ -32,11 +31,13 @@ private:
         ArrayOperation operation;
     };
 
+    /// Loads the definition, whose text is put in `text`.
+    CoordinateOperation Read(std::string& text);
     void Load(Instance& instance);
     void AskAboutFailure(const std::string& text, const std::string& reason);
-    void TellMissingGrid(const std::string& grid);
 
-    std::string definitionPath_;
+    TransformationSetting setting_;
+    std::string folderForGrids_;
     ui::UserInterface& ui_;
     ProjContext context_;
     Instance toLatLng_, toGrid_;

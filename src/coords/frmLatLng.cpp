@@ -5,11 +5,10 @@
 #include "coords/ConvertArray.h"
 #include "coords/CorrectionGrid.h"
 #include "coords/NoConversion.h"
+#include "coords/TransformationSetting.h"
 #include "coords/Transformer.h"
 #include "platform/Paths.h"
-#include "util/Files.h"
 #include "util/Numbers.h"
-#include "util/Paths.h"
 #include "util/Text.h"
 
 #include <charconv>
@@ -22,25 +21,20 @@ namespace vexlator::coords {
 
 namespace {
 
-/// Where grids are looked for, in this order.
-std::vector<std::string> GridFolders(const std::string& programFolder) {
-    return {"c:\\program files\\common files\\Gorvane", util::JoinPath(programFolder, "Resources"),
-            programFolder, "C:\\windows"};
-}
-
 std::unique_ptr<Backend> ChooseBackend(config::Session& session) {
-    std::string setting = session.ReadIni("GPS", "TRANSFORMATION");
-    std::string definition = setting.empty() ? "\\qxmCS.DAT" : setting;
-    std::vector<std::string> folders = GridFolders(session.Settings().ProgramFolder);
-    if (util::FileSize(definition) == 0) {
-        if (!setting.empty())
-            session.Ui().ShowMessage(platform::NativePath(setting) +
-                                     ": no such transformation file, or it is empty; the correction grid of "
-                                     "the British National Grid is used");
-        return std::make_unique<CorrectionGrid>(std::move(folders), session.Ui());
-    }
-    if (util::InStrNoCase(definition, "LatLng") > 0) return std::make_unique<NoConversion>();
-    return std::make_unique<Transformer>(definition, std::move(folders), session.Ui());
+    using Kind = TransformationSetting::Kind;
+    TransformationSetting setting = ReadTransformationSetting(session);
+    if (setting.kind == Kind::Degrees) return std::make_unique<NoConversion>();
+    GridFolders folders = GridFoldersOf(session);
+    if (setting.kind == Kind::Definition)
+        return std::make_unique<Transformer>(std::move(setting), std::move(folders), session.Ui());
+    std::string value = session.ReadIni("GPS", "TRANSFORMATION");
+    if (!value.empty())
+        session.Ui().ShowMessage(
+            platform::NativePath(value) +
+            ": no such transformation file, or it is empty, and no definition by itself; "
+            "the correction grid of the British National Grid is used");
+    return std::make_unique<CorrectionGrid>(folders, session.Ui());
 }
 
 /// Keeps six decimals of a degree the same on the way through text.
@@ -141,7 +135,7 @@ std::string frmLatLng::HeightText(double height) const {
     return GridText(height, backend_->GridDecimals());
 }
 
-std::string frmLatLng::Description() const {
+std::string frmLatLng::Description() {
     return backend_->Description();
 }
 

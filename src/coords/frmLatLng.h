@@ -23,10 +23,11 @@ enum class Rounding {
 };
 
 /// National grid to latitude and longitude, and back. [GPS] TRANSFORMATION of gv.ini names the definition
-/// file that decides how, once for the life of the object:
-/// - no such file, or an empty one: the British National Grid through a correction grid (CorrectionGrid.h);
+/// file that decides how, or holds the definition, once for the life of the object:
+/// - neither a definition nor a file that is there and not empty: the British National Grid through a
+///   correction grid (CorrectionGrid.h);
 /// - its path holds "LatLng", in any letter case: the drawing is in degrees already, nothing is converted;
-/// - else: the coordinate system that the file defines (Transformer.h).
+/// - else: the coordinate system that is defined (Transformer.h).
 /// What cannot be converted well (outside the grid, not a number) is never converted roughly: it gives no
 /// result. Made for one thread.
 class frmLatLng {
@@ -66,8 +67,8 @@ public:
     /// A height as the texts above have it.
     std::string HeightText(double height) const;
 
-    /// For people: what converts, with the names of its files.
-    std::string Description() const;
+    /// For people: what converts, with the names of its files, or why nothing is converted.
+    std::string Description();
 
 private:
     std::unique_ptr<Backend> backend_;

@@ -74,7 +74,10 @@ TEST_F(CorrectionGridTest, WithoutAFileSaysSoOnceAndConvertsNothing) {
     std::vector<util::PlanePoint> points{{easting, northing}};
     EXPECT_EQ(form.GridToLatLng(points), 1U);
     EXPECT_EQ(points[0], (util::PlanePoint{easting, northing}));
-    EXPECT_EQ(ui.messages, std::vector<std::string>{"No Correction File Found"});
+    EXPECT_EQ(ui.messages,
+              std::vector<std::string>{"No Correction File Found: put uk_os_OSTN15_NTv2_OSGBtoETRS.tif (or "
+                                       "OSTN02.INT, OSTN97.INT) into " +
+                                       (folder / "inst/Resources")});
 }
 
 TEST_F(CorrectionGridTest, ADamagedFileIsToldAndNotReplacedByAnother) {

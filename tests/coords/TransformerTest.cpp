@@ -125,6 +125,7 @@ TEST_F(TransformerTest, LatLngInTheNameMeansNoConversion) {
         std::vector<util::PlanePoint> points{{-1.23456789, 51.5}};
         EXPECT_EQ(form.LatLngToGrid(points) + form.GridToLatLng(points), 0U);
         EXPECT_EQ(points[0], (util::PlanePoint{-1.234568, 51.5}));
+        EXPECT_EQ(LatLng(form, 400000, 300000), "") << "metres are no degrees";
     }
     EXPECT_TRUE(ui.messages.empty());
 }

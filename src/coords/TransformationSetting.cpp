@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "coords/TransformationSetting.h"
+
+#include "coords/CoordinateOperation.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "util/Files.h"
+#include "util/Paths.h"
+#include "util/Text.h"
+
+#include <cstdint>
+
+namespace vexlator::coords {
+
+namespace {
+
+constexpr std::uint64_t largestDefinition = 1 << 20;
+
+}  // namespace
+
+GridFolders GridFoldersOf(const config::Session& session) {
+    const std::string& program = session.Settings().ProgramFolder;
+    std::string resources = util::JoinPath(program, "Resources");
+    return {{"c:\\program files\\common files\\Gorvane", resources, program, "C:\\windows"}, resources};
+}
+
+std::string MissingGridText(const std::string& grid, const std::string& folderForGrids) {
+    return "the best transformation needs the grid " + grid + ", which is missing; put it into " +
+           platform::NativePath(folderForGrids) + "; until then coordinates may be metres off";
+}
+
+TransformationSetting ReadTransformationSetting(const config::Session& session) {
+    using Kind = TransformationSetting::Kind;
+    TransformationSetting setting;
+    setting.value = session.ReadIni("GPS", "TRANSFORMATION");
+    bool isSet = !setting.value.empty();
+    if (!isSet) setting.value = "\\qxmCS.DAT";
+    setting.isFile = util::FileSize(setting.value) > 0;
+    if (setting.isFile)
+        setting.kind = util::InStrNoCase(setting.value, "LatLng") > 0 ? Kind::Degrees : Kind::Definition;
+    else if (isSet && IsDefinition(setting.value))
+        setting.kind = Kind::Definition;
+    return setting;
+}
+
+std::string TransformationSetting::Name() const {
+    return isFile ? platform::NativePath(value) : value;
+}
+
+std::string TransformationSetting::Definition() const {
+    return isFile ? ReadDefinition(value) : DefinitionText(value);
+}
+
+std::string TransformationSetting::DrawingSystem() const {
+    switch (kind) {
+        case Kind::CorrectionGrid:
+            return "EPSG:27700";
+        case Kind::Degrees:
+            return "EPSG:4326";
+        default:
+            return Definition();
+    }
+}
+
+std::string ReadDefinition(const std::string& path) {
+    platform::MappedFile file(path);
+    if (file.Bytes().size() > largestDefinition)
+        throw platform::ReadError(file.Name(), "", "too large for a definition");
+    return DefinitionText(file.Text());
+}
+
+}  // namespace vexlator::coords

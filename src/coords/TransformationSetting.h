@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Session.h"
+
+#include <string>
+#include <vector>
+
+namespace vexlator::coords {
+
+/// Where grids are looked for.
+struct GridFolders {
+    std::vector<std::string> inOrder;
+    std::string forNew;  ///< the one of them in which a person should put a grid that is missing
+};
+GridFolders GridFoldersOf(const config::Session& session);
+
+/// For people: that the best transformation lacks its grid, and what they can do.
+std::string MissingGridText(const std::string& grid, const std::string& folderForGrids);
+
+/// What [GPS] TRANSFORMATION of gv.ini says of the drawings' coordinates.
+struct TransformationSetting {
+    enum class Kind {
+        CorrectionGrid,  ///< no definition: they are in the British National Grid
+        Degrees,         ///< the path of the definition file holds "LatLng"
+        Definition       ///< a coordinate system or an operation
+    };
+    Kind kind = Kind::CorrectionGrid;
+    std::string value;  ///< path of the definition file, or the definition itself
+    bool isFile = false;
+
+    /// For people: which file, or the definition itself.
+    std::string Name() const;
+    /// The text of the definition. @throws platform::ReadError
+    std::string Definition() const;
+    /// A definition of the coordinate system that drawings are in; it may turn out to be an operation.
+    /// @throws platform::ReadError
+    std::string DrawingSystem() const;
+};
+TransformationSetting ReadTransformationSetting(const config::Session& session);
+
+/// The definition in a small file. @throws platform::ReadError
+std::string ReadDefinition(const std::string& path);
+
+}  // namespace vexlator::coords
