@@ -28,6 +28,11 @@ public:
     DrawingOutput(const DrawingOutput&) = delete;
     DrawingOutput& operator=(const DrawingOutput&) = delete;
 
+    /// Whether there are enough entities for a chunk.
+    bool IsFull() const {
+        return drawing_.entities_.size() >= vdf::entitiesPerChunk ||
+               drawing_.vertices_.size() * sizeof(PlanePoint) + drawing_.texts_.size() > vdf::bytesPerChunk;
+    }
     /// To be called between two features: when there are enough entities for a chunk, they are written and
     /// leave the drawing. All else stays: layers, styles, attribute sets, the next handle.
     void WriteFullChunk() {
@@ -37,10 +42,6 @@ public:
     void Commit();
 
 private:
-    bool IsFull() const {
-        return drawing_.entities_.size() >= vdf::entitiesPerChunk ||
-               drawing_.vertices_.size() * sizeof(PlanePoint) + drawing_.texts_.size() > vdf::bytesPerChunk;
-    }
     void WriteEntities();
 
     Drawing& drawing_;

@@ -83,8 +83,9 @@ FILE=
 ARC10=
 
 [GPS]
-; Path of the coordinate system definition (EPSG code, WKT, PROJ text); a path that holds LatLng means that
-; drawings are in latitude/longitude already. Default: British National Grid through a correction grid.
+; Coordinate system of the drawings: EPSG code, WKT or PROJ text, or the path of a file with it; the path of a
+; file that holds LatLng means that drawings are in latitude/longitude already. Default: British National Grid
+; through a correction grid, OSTN15 (uk_os_OSTN15_NTv2_OSGBtoETRS.tif), OSTN02.INT or OSTN97.INT in Resources.
 TRANSFORMATION=
 ; Flag: copy the coordinate system definition with the output. Default: off.
 CopyCoordSys=0
@@ -162,6 +163,9 @@ PRJ=
 LL=0
 ; Flag: shapefile imports are in feet. Default: off.
 USFT=0
+; Flag: where the .PRJ of a shapefile names another coordinate system than these settings, its coordinates are
+; converted from that system to the drawings'. Default: off; the difference is only told.
+FOLLOWPRJ=1
 
 [GML]
 ; 1: GML imports keep every ring and part of a feature; 0: only the one that is read last. Default: 1, but 0

@@ -35,6 +35,11 @@ public:
     virtual void ReadFeatures(const Take& take) = 0;
     /// How many bytes of the file are not needed any more.
     virtual std::size_t Consumed() const = 0;
+    /// The first srsName of the file, as far as it has been read; may be empty.
+    const std::string& SystemName() const { return systemName_; }
+
+protected:
+    std::string systemName_;
 };
 
 /// Whether a file that begins like this is in the line layout: its first feature stands between the lines

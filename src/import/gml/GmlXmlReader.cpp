@@ -111,6 +111,7 @@ void GmlXmlReader::Text(std::string_view text) {
 
 void GmlXmlReader::NotePrefixes(XmlAttributes attributes) {
     for (const auto& [name, uri] : attributes) {
+        if (name == "srsName" && systemName_.empty()) systemName_ = uri;
         if (name != "xmlns" && !name.starts_with("xmlns:")) continue;
         std::string prefix(name.substr(std::min<std::size_t>(6, name.size())));
         std::erase(gmlPrefixes_, prefix);

@@ -124,8 +124,10 @@ void LineLayoutReader::ReadLine(std::string_view line, GmlFeature& feature) {
         ReadPoints(line, posListStart, feature.threeDimensional ? 3 : 2, feature);
     } else if (line.starts_with(posStart)) {
         ReadPoints(line, posStart, CoordinateFormat::allInOne, feature);
-    } else if (SetsThreeDimensions(line)) {
-        feature.threeDimensional = true;
+    } else {
+        if (SetsThreeDimensions(line)) feature.threeDimensional = true;
+        std::size_t system = systemName_.empty() ? line.find("srsName=\"") : std::string_view::npos;
+        if (system != std::string_view::npos) systemName_ = FirstQuoted(line.substr(system));
     }
 }
 

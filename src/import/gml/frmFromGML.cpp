@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "import/gml/frmFromGML.h"
 
+#include "coords/SourceSystem.h"
 #include "import/SaveImport.h"
 #include "import/SourceFiles.h"
 #include "import/TextSource.h"
@@ -63,11 +64,22 @@ bool frmFromGML::ImportGmlFile(const std::string& path) {
             view_->Progress(entities_.Features(), 0);
             file->DoneBefore(gml.reader->Consumed());
         });
+        CompareSystem(file->Name(), gml.reader->SystemName());
     } catch (const platform::ReadError& error) {
         throw error.InFile(file->Name());
     }
     Report(file->Name());
     return true;
+}
+
+void frmFromGML::CompareSystem(const std::string& file, const std::string& srsName) {
+    if (srsName.empty()) return;
+    using coords::SourceSystem;
+    constexpr std::size_t longestShown = 100;
+    std::string difference = SourceSystem(session_, srsName).Difference(SourceSystem::Assumed::Grid);
+    if (!difference.empty())
+        session_.Ui().Report(file + ": srsName " + srsName.substr(0, longestShown) + ": " + difference +
+                             "; coordinates are taken as they stand");
 }
 
 void frmFromGML::Report(const std::string& file) {

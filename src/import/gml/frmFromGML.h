@@ -30,6 +30,8 @@ public:
 private:
     /// False when the file cannot be opened.
     bool ImportGmlFile(const std::string& path);
+    /// Tells when the coordinate system that a file names is not the drawings'.
+    void CompareSystem(const std::string& file, const std::string& srsName);
     void Report(const std::string& file);
 
     config::Session& session_;

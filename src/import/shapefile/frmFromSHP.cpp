@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "import/shapefile/frmFromSHP.h"
 
-#include "coords/frmLatLng.h"
 #include "drawing/AttributeTemplate.h"
 #include "drawing/SymbolBlock.h"
 #include "formats/shapefile/ShapefileReader.h"
@@ -27,7 +26,6 @@ using formats::ShapeRecord;
 
 namespace {
 
-constexpr double metresPerFoot = 0.3048;
 constexpr std::int32_t partLineWeight = 30;
 
 }  // namespace
@@ -39,6 +37,7 @@ struct frmFromSHP::Source {
     formats::ShapefileReader reader;
     std::optional<TableAttributes> table;
     std::uint64_t count = 0;
+    std::uint32_t firstUnconverted = 0;  ///< entity
 
     Source(std::string featureCode, platform::MappedFile&& shpFile, platform::MappedFile&& shxFile)
         : code(std::move(featureCode)),
@@ -47,7 +46,7 @@ struct frmFromSHP::Source {
           reader(shp.Bytes(), shx.Bytes()) {}
 };
 
-frmFromSHP::frmFromSHP(config::Session& session) : session_(session) {}
+frmFromSHP::frmFromSHP(config::Session& session) : session_(session), coordinates_(session) {}
 frmFromSHP::~frmFromSHP() = default;
 
 std::string frmFromSHP::mkCodeNameFromFile(std::string_view path) {
@@ -62,7 +61,6 @@ config::Outcome frmFromSHP::Start(std::string_view sourcePath, std::string_view 
     output_.emplace(drawing_, outcome.target);
     bool complete = true;
     for (const std::string& path : SourceFiles(sourcePath, fileList)) complete &= ImportShapefile(path);
-    if (surveyFeet_) drawing_.scale(metresPerFoot);
     view_->SetLabel("Completed!");
     if (!complete) outcome.status = config::Outcome::Status::Failed;
     outcome.features = features_;
@@ -74,13 +72,11 @@ bool frmFromSHP::ImportShapefile(const std::string& path) {
     if (!shp) return false;
     auto shx = util::OpenFile(util::ChangeExtension(path, "SHX"), &session_.Ui());
     if (!shx) return false;
-    latLng_ = session_.ReadIniFlag("SHPin", "LL");
-    surveyFeet_ = session_.ReadIniFlag("SHPin", "USFT");
     bool pipes = session_.ReadIni("GENERAL", "CUSTOMERMODE") == "CORVANTEX";
     session_.Log("Reading:" + platform::NativePath(path));
-    if (latLng_ && !converter_) converter_ = std::make_unique<coords::frmLatLng>(session_);
 
     Source source(pipes ? "PIPES" : mkCodeNameFromFile(path), std::move(*shp), std::move(*shx));
+    coordinates_.BeginFile(path);
     source.symbol = SelectShapefileLayer(source.code);
     std::string dbfPath = util::ChangeExtension(path, "DBF");
     if (util::FileSize(dbfPath) > 0) {
@@ -91,9 +87,7 @@ bool frmFromSHP::ImportShapefile(const std::string& path) {
         session_.Ui().Report(platform::NativePath(dbfPath) + " is missing or empty; the features of " +
                              util::FileNameOf(source.shp.Name()) + " have no attributes");
     }
-    auto firstEntity = static_cast<std::uint32_t>(drawing_.entityCount());
     ReadRecords(source);
-    if (latLng_) ConvertShapePoints(source.code, firstEntity);
     drawing_.zoomExtents();
     Report(source);
     return true;
@@ -107,20 +101,23 @@ std::string frmFromSHP::SelectShapefileLayer(const std::string& code) {
 
 void frmFromSHP::ReadRecords(Source& source) {
     std::size_t records = std::min(source.reader.RecordCount(), source.shp.Bytes().size() / 12);
-    // Coordinates that are converted as a whole, when all are there, have to stay until then.
-    bool stay = latLng_ || surveyFeet_;
+    source.firstUnconverted = static_cast<std::uint32_t>(drawing_.entityCount());
     view_->SetLabel(source.code);
     ShapeRecord record;
     try {
         while (source.reader.Next(record)) {
             AddShape(source, record);
-            if (!stay) output_->WriteFullChunk();
+            if (output_->IsFull()) {
+                ConvertShapePoints(source);
+                output_->WriteFullChunk();
+            }
             view_->Progress(++source.count, records);
             source.shp.DoneBefore(record.offset);
         }
     } catch (const platform::ReadError& error) {
         throw error.InFile(source.shp.Name());
     }
+    ConvertShapePoints(source);
 }
 
 void frmFromSHP::AddShape(Source& source, const ShapeRecord& record) {
@@ -180,15 +177,16 @@ void frmFromSHP::ShowUnknownType(const Source& source, const ShapeRecord& record
                               std::to_string(source.reader.ShpSize()));
 }
 
-void frmFromSHP::ConvertShapePoints(const std::string& code, std::uint32_t firstEntity) {
-    std::size_t left = converter_->LatLngToGrid(drawing_.planFrom(firstEntity));
-    if (left > 0)
-        session_.Ui().Report(code + ": " + util::GroupedCount(left) +
-                             " vertices could not be converted to the grid and keep their coordinates");
+void frmFromSHP::ConvertShapePoints(Source& source) {
+    coordinates_.Convert(drawing_.planFrom(source.firstUnconverted));
+    source.firstUnconverted = 0;  // what is full leaves the drawing
 }
 
 void frmFromSHP::Report(const Source& source) {
     features_ += source.count;
+    if (coordinates_.Kept() > 0)
+        session_.Ui().Report(source.code + ": " + util::GroupedCount(coordinates_.Kept()) +
+                             " vertices could not be converted to the grid and keep their coordinates");
     if (source.table)
         for (const std::string& remark : source.table->Remarks()) session_.Ui().Report(remark);
     session_.Log("        " + std::to_string(source.count) + " entites read OK");

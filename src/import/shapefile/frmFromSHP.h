@@ -5,6 +5,7 @@
 #include "config/Outcome.h"
 #include "config/Session.h"
 #include "drawing/DrawingOutput.h"
+#include "import/shapefile/ShapeCoordinates.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -13,9 +14,6 @@
 #include <string>
 #include <string_view>
 
-namespace vexlator::coords {
-class frmLatLng;
-}
 namespace vexlator::formats {
 class ShapeRecord;
 }
@@ -52,16 +50,15 @@ private:
     /// Returns the symbol of the code's points.
     std::string SelectShapefileLayer(const std::string& code);
     void UseStyleFor(const formats::ShapeRecord& record);
-    void ConvertShapePoints(const std::string& code, std::uint32_t firstEntity);
+    /// Converts the coordinates of the entities that were added since the last time.
+    void ConvertShapePoints(Source& source);
     void Report(const Source& source);
 
     config::Session& session_;
     drawing::Drawing drawing_;
     std::optional<drawing::DrawingOutput> output_;
     std::unique_ptr<ui::FormView> view_;
-    std::unique_ptr<coords::frmLatLng> converter_;
-    bool latLng_ = false;
-    bool surveyFeet_ = false;
+    ShapeCoordinates coordinates_;
     std::uint64_t features_ = 0;
 };
 

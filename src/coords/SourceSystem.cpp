@@ -1,0 +1,129 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "coords/SourceSystem.h"
+
+#include "coords/ConvertArray.h"
+#include "coords/CoordinateOperation.h"
+#include "coords/SystemComparison.h"
+#include "coords/TransformationSetting.h"
+#include "platform/Errors.h"
+#include "util/Text.h"
+
+#include <optional>
+#include <utility>
+
+namespace vexlator::coords {
+
+namespace {
+
+/// Spellings of GML that the library does not know: "osgb:BNG", ".../srs/epsg.xml#27700".
+std::string DefinitionOf(const std::string& name) {
+    if (name == "osgb:BNG") return "EPSG:27700";
+    std::size_t hash = name.find('#');
+    bool epsg = hash != std::string::npos && util::InStrNoCase(name.substr(0, hash), "epsg") > 0;
+    return epsg ? "EPSG:" + name.substr(hash + 1) : name;
+}
+
+ProjObject DrawingSystem(ProjContext& context, const config::Session& session) {
+    try {
+        return PlaneSystem(context, ReadTransformationSetting(session).DrawingSystem());
+    } catch (const platform::ReadError&) {
+        return nullptr;  // told where something is converted by it
+    }
+}
+
+}  // namespace
+
+/// The systems of source and drawings, and what leads from one to the other.
+class SourceSystem::Conversion : public Backend {
+public:
+    Conversion(const config::Session& session, const std::string& definition)
+        : folders_(GridFoldersOf(session)),
+          context_(folders_.inOrder),
+          source_(PlaneSystem(context_, DefinitionOf(definition))),
+          drawing_(DrawingSystem(context_, session)) {}
+
+    bool IsKnown() const { return source_ != nullptr; }
+
+    std::string Difference(Assumed assumed) {
+        if (!source_) return "the coordinate system is not known";
+        std::string expected = Mismatch(assumed);
+        if (expected.empty()) return "";
+        return "the coordinates are in " + NameOf(source_, "a system without a name") +
+               ", the settings say " + expected;
+    }
+
+    std::string Prepare(std::string_view sourceName, ui::UserInterface& userInterface) {
+        if (operation_) return "";
+        if (!drawing_) return "[GPS] TRANSFORMATION defines no coordinate system to convert to";
+        if (AreSame(context_, source_, drawing_)) return "";
+        // Degrees are on the side where the operation expects them.
+        bool toGrid = IsGeographic(context_, source_);
+        direction_ = toGrid ? Direction::ToGrid : Direction::ToLatLng;
+        if (IsGeographic(context_, drawing_)) decimals_.reset();
+        CoordinateOperation loaded =
+            OperationBetween(context_, Copy(toGrid ? drawing_ : source_), Copy(toGrid ? source_ : drawing_));
+        if (!loaded.missingGrid.empty())
+            userInterface.ShowMessage(std::string(sourceName) + ": " +
+                                      MissingGridText(loaded.missingGrid, folders_.forNew));
+        operation_ = std::move(loaded.operation);
+        return loaded.reason;
+    }
+
+    std::size_t ToDrawing(std::span<util::PlanePoint> points) {
+        if (!operation_) return 0;
+        return ConvertArray(*this, direction_, {points, {}}, {GridDecimals(), std::nullopt});
+    }
+
+    void Convert(Direction direction, Coordinates coordinates) override {
+        operation_.Convert(direction, coordinates);
+    }
+    std::optional<int> GridDecimals() const override { return decimals_; }
+    std::string Description() override { return "conversion to the drawings' coordinate system"; }
+
+private:
+    /// What the settings say instead; "" when the source agrees.
+    std::string Mismatch(Assumed assumed) {
+        if (assumed == Assumed::Degrees) {
+            for (const char* degrees : {"EPSG:4326", "EPSG:4258"})
+                if (AreSame(context_, source_, context_.Create(degrees))) return "";
+            return "longitude and latitude on WGS 84";
+        }
+        if (!drawing_) return "";
+        bool feet = assumed == Assumed::GridInFeet && !IsGeographic(context_, drawing_);
+        if (AreSame(context_, source_, feet ? InFeet(context_, drawing_) : Copy(drawing_))) return "";
+        return NameOf(drawing_, "that of [GPS] TRANSFORMATION") + (feet ? " in feet" : "");
+    }
+
+    ProjObject Copy(const ProjObject& system) { return ProjObject(proj_clone(context_.Get(), system.get())); }
+
+    GridFolders folders_;
+    ProjContext context_;
+    ProjObject source_, drawing_;  ///< null when they are not known
+    ArrayOperation operation_;     ///< none where nothing has to be converted
+    Direction direction_ = Direction::ToLatLng;
+    std::optional<int> decimals_ = 3;
+};
+
+SourceSystem::SourceSystem(config::Session& session, const std::string& definition)
+    : session_(session), conversion_(std::make_unique<Conversion>(session, definition)) {}
+
+SourceSystem::~SourceSystem() = default;
+
+bool SourceSystem::IsKnown() const {
+    return conversion_->IsKnown();
+}
+
+std::string SourceSystem::Difference(Assumed assumed) const {
+    return conversion_->Difference(assumed);
+}
+
+std::string SourceSystem::PrepareConversion(std::string_view sourceName) {
+    return conversion_->Prepare(sourceName, session_.Ui());
+}
+
+std::size_t SourceSystem::ToDrawing(std::span<util::PlanePoint> points) {
+    return conversion_->ToDrawing(points);
+}
+
+}  // namespace vexlator::coords
