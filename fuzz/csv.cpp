@@ -21,7 +21,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::string_view text(reinterpret_cast<const char*>(data + 1), size - 1);
     importer::CsvColumns columns(settings);
     importer::CsvRecords records(text, settings.delimiter);
-    if (settings.header) columns.ReadCsvHeader(records.ReadRow());
+    try {
+        if (settings.header) columns.ReadCsvHeader(records.ReadRow());
+    } catch (const platform::ReadError&) {
+        return 0;  // too many columns
+    }
     importer::CsvRecord record{};
     while (records.Next(columns, record)) {
         bool fits = !settings.header || record.values.size() <= columns.AttributeNames().size();

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "import/RowReader.h"
 
+#include "import/TextSource.h"
+
 #include <algorithm>
 
 namespace vexlator::importer {
@@ -43,6 +45,12 @@ LineEnd EndOf(std::string_view line, std::string_view delimiter, bool quoted) {
 }  // namespace
 
 std::string_view RowReader::ReadRow() {
+    std::string_view row = TakeRow();
+    CheckLineLength(row, Line());
+    return row;
+}
+
+std::string_view RowReader::TakeRow() {
     std::size_t begin = lines_.Position();
     std::string_view row = lines_.ReadTextLine();
     if (row.find('"') == std::string_view::npos || delimiter_ == "\"") return row;

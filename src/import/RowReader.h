@@ -20,7 +20,8 @@ public:
         : text_(text), delimiter_(delimiter), lines_(text) {}
 
     bool AtEnd() const { return lines_.AtEnd(); }
-    /// The next row without its line end; "" behind the last.
+    /// The next row without its line end; "" behind the last. @throws platform::ReadError, without a file
+    /// name, when it is longer than longestLine
     std::string_view ReadRow();
     /// Where the next row begins.
     std::size_t Position() const { return lines_.Position(); }
@@ -28,6 +29,8 @@ public:
     std::uint64_t Line() const { return lines_.Line(); }
 
 private:
+    std::string_view TakeRow();
+
     std::string_view text_;
     std::string delimiter_;
     util::LineReader lines_;

@@ -18,10 +18,18 @@ namespace vexlator::importer {
 /// the path, a line end and the reason are shown.
 std::optional<platform::MappedFile> OpenTextSource(std::string_view path, ui::UserInterface& show);
 
+/// A line of more bytes is no row of a table or a map: whoever copies or decodes it would take memory by the
+/// size of the file.
+constexpr std::size_t longestLine = std::size_t{64} << 20;
+constexpr std::string_view lineTooLong = "a line of more than 64 MB";
+/// @throws platform::ReadError, without a file name, for a longer one
+void CheckLineLength(std::string_view text, std::uint64_t line);
+
 /// The text behind its UTF-8 byte-order mark, if it has one.
 std::string_view WithoutByteOrderMark(std::string_view text);
 /// The same; a text whose mark is that of UTF-16 is decoded as a whole into `decoded`.
-/// @throws platform::ReadError, without a file name, for bytes that are no UTF-16
+/// @throws platform::ReadError, without a file name, for bytes that are no UTF-16, and then for a line of
+/// more than longestLine
 std::string_view TextBehindMark(std::string_view bytes, std::string& decoded);
 
 /// Counts values that rows lack and that the drawing has to hold as empty ones. A few bytes could announce

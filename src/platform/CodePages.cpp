@@ -79,7 +79,7 @@ std::string NameForIconv(std::string_view name) {
 }
 
 /// Character sets of MapInfo files that are not numbers, in capitals.
-constexpr std::array<std::pair<std::string_view, std::string_view>, 15> windowsNames = {{
+constexpr std::array<std::pair<std::string_view, std::string_view>, 16> mapNames = {{
     {"NEUTRAL", "CP1252"},
     {"WINDOWSLATIN1", "CP1252"},
     {"WINDOWSLATIN2", "CP1250"},
@@ -95,6 +95,7 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 15> windowsN
     {"WINDOWSSIMPCHINESE", "CP936"},
     {"WINDOWSKOREAN", "CP949"},
     {"WINDOWSTRADCHINESE", "CP950"},
+    {"PACKEDEUCJAPAESE", "EUC-JP"},  // as the programs that write it spell it
 }};
 
 bool IsDigits(std::string_view text) {
@@ -118,7 +119,7 @@ std::string IconvName(std::string_view name) {
     if (key.empty() || key.size() > longest) return "";
     key = UpperAscii(key);
     if (key == "UTF8") return "UTF-8";
-    for (const auto& [spelling, page] : windowsNames)
+    for (const auto& [spelling, page] : mapNames)
         if (key == spelling) return std::string(page);
     for (std::string_view prefix :
          {"", "ANSI", "OEM", "WINDOWS", "MSDOS", "CODEPAGE", "CP", "DOS", "IBM", "ISO"})

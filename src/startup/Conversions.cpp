@@ -56,6 +56,7 @@ config::Outcome ImportTablet(config::Session& session, const ImportCommand& comm
 
 constexpr std::array importRows{
     ImportRow{"MID", "frmFromMID", Import<importer::frmFromMID>},
+    ImportRow{"MIF", "frmFromMID", Import<importer::frmFromMID>},
     ImportRow{"SHP", "frmFromSHP", Import<importer::frmFromSHP>},
     ImportRow{"FMO", "frmFromFMO", Import<importer::frmFromFMO>},
     ImportRow{"TPK", "frmFromFMO", ImportTablet},

@@ -66,6 +66,7 @@ struct GmlOffice {
         entities.BeginFile(gml.lineLayout);
         gml.reader->ReadFeatures(
             [&](const importer::GmlFeature& feature) { entities.Add(feature, gml.reader->Consumed()); });
+        damage = entities.FirstDamage();
         return Entities();
     }
     std::string Entities() {
@@ -83,6 +84,8 @@ struct GmlOffice {
                     std::string(entity.xproperties().item(i).value());
         return line;
     }
+
+    std::string damage;  ///< why the first feature was left out that was, with its line
 
     TempFolder folder;
     TestUi ui;

@@ -113,13 +113,13 @@ TEST(MifImport, WhatIsNotKnownIsShown) {
                         "unknown line <5 6> at Position " + std::to_string(before.size() + 13),
                         "unknown line <ARC 0 0 1 1> at Position " + std::to_string(before.size() + 25),
                         "unknown line <0 90> at Position " + std::to_string(before.size() + 30),
-                        "Remaining MID Entries Starting with\nb,2"}));
+                        "Remaining MID Entries Starting with\nc,3"}));  // the arc has a row
     run.ui.messages.clear();
     std::string many;
     for (int i = 0; i < 1002; ++i) many += "Rect\n";
     run.Objects(many, "\n\n");
     EXPECT_EQ(run.ui.messages.size(), 1000U);
-    EXPECT_EQ(run.ui.reports.size(), 2U);  // with the one that the drawing stays
+    EXPECT_EQ(run.ui.reports.size(), 4U);  // with the one that the drawing stays
 }
 
 TEST(MifImport, ExtendedTakesMoreKindsOfObjects) {
@@ -176,11 +176,15 @@ TEST(MifImport, RowsAreReadByTheDelimiter) {
         {",", "5\",\"\"\n\"", "5/", ""},
         {"\"", "a\"b", "a", "b"},
         {"/", "a,b", "a", "b"},
+        {nullptr, "a\t\"x\ty\"", "a", "x;y"},
+        {nullptr, "Smith, J\tb", "Smith/ J", "b"},
+        {nullptr, "\"a\tb\",c", "a\tb", "c"},
     };
     for (const Case& c : cases) {
         Office run;
-        run.Objects("Point 1 1\n", std::string(c.row) + "\n",
-                    "Charset \"Neutral\"\ndelimiter \"" + std::string(c.delimiter) + "\"\n");
+        run.Objects(
+            "Point 1 1\n", std::string(c.row) + "\n",
+            c.delimiter ? "Charset \"Neutral\"\ndelimiter \"" + std::string(c.delimiter) + "\"\n" : "");
         EXPECT_EQ(run.At(0).xproperties().item(0).value(), c.a) << c.row;
         EXPECT_EQ(run.At(0).xproperties().item(1).value(), c.b) << c.row;
         EXPECT_EQ(run.At(0).xproperties().count(), 2U);
@@ -196,6 +200,8 @@ TEST(MifImport, TheCharacterSetIsHonoured) {
         {"WindowsLatin1", "caf\xC3\xA9", "caf\xC3\x83\xC2\xA9"},
         {"Neutral", "caf\xC3\xA9", "caf\xC3\xA9"},
         {"WindowsJapanese", "\x83\x5C", "\xE3\x82\xBD"},
+        {"PackedEUCJapaese", "\xA5\xBD", "\xE3\x82\xBD"},
+        {"ISO8859_7", "\xE1", "\xCE\xB1"},
         {"nonsense", "caf\xE9", "caf\xC3\xA9"},
     };
     for (const Case& c : cases) {

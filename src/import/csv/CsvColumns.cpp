@@ -4,6 +4,8 @@
 
 #include "import/FeatureCode.h"
 #include "import/csv/CsvRecords.h"
+#include "platform/CodePages.h"
+#include "platform/Errors.h"
 #include "platform/Paths.h"
 #include "util/Numbers.h"
 #include "util/Text.h"
@@ -18,10 +20,10 @@ namespace {
 
 constexpr int keyWidth = 16;
 constexpr int attributeWidth = 64;
+constexpr int mostColumns = std::numeric_limits<std::int16_t>::max();
 
 int PositionOf(std::string_view text) {
-    return static_cast<int>(
-        std::clamp<std::int64_t>(util::IntegerOf(text), -1, std::numeric_limits<std::int16_t>::max()));
+    return static_cast<int>(std::clamp<std::int64_t>(util::IntegerOf(text), -1, mostColumns));
 }
 
 bool HasQuotedFields(std::string_view line, char delimiter) {
@@ -31,6 +33,16 @@ bool HasQuotedFields(std::string_view line, char delimiter) {
 /// "DEPTH <m>" names the attribute DEPTH.
 std::string AttributeNameOf(std::string_view field) {
     return std::string(util::Trim(field.substr(0, field.find('<'))));
+}
+
+std::string NamesForPeople(std::span<const std::string_view> fields) {
+    constexpr std::size_t longest = 400;
+    std::string names;
+    for (std::size_t i = 0; i < fields.size() && names.size() <= longest; ++i)
+        names += (i == 0 ? "" : ", ") + std::string(util::Trim(fields[i]).substr(0, longest));
+    std::ranges::replace_if(
+        names, [](unsigned char c) { return c < ' '; }, ' ');
+    return names.size() <= longest ? names : std::string(platform::CutUtf8(names, longest)) + " ...";
 }
 
 }  // namespace
@@ -47,9 +59,10 @@ CsvSettings ReadCsvSettings(const config::Session& session) {
     return settings;
 }
 
-void SplitCsvLine(std::string_view line, char delimiter, std::vector<std::string_view>& fields) {
+void SplitCsvLine(std::string_view line, char delimiter, std::size_t most,
+                  std::vector<std::string_view>& fields) {
     fields.clear();
-    for (;;) {
+    while (fields.size() < most) {
         std::size_t end = line.find(delimiter);
         fields.push_back(line.substr(0, end));
         if (end == std::string_view::npos) return;
@@ -62,6 +75,11 @@ CsvColumns::CsvColumns(const CsvSettings& settings) : settings_(settings) {
     east_ = PositionOf(settings.east);
     north_ = PositionOf(settings.north);
     key_ = PositionOf(settings.key);
+    CountFields(0);
+}
+
+void CsvColumns::CountFields(std::size_t ofHeader) {
+    count_ = std::max(ofHeader, static_cast<std::size_t>(std::max({east_, north_, key_, -1}) + 1));
 }
 
 void CsvColumns::ReadCsvHeader(std::string_view line) {
@@ -69,8 +87,11 @@ void CsvColumns::ReadCsvHeader(std::string_view line) {
     if (HasQuotedFields(line, settings_.delimiter))
         line = unquoted = UnquoteCsvLine(line, settings_.delimiter);
     std::vector<std::string_view> fields;
-    SplitCsvLine(line, settings_.delimiter, fields);
+    SplitCsvLine(line, settings_.delimiter, mostColumns + 1, fields);
+    if (fields.size() > mostColumns) throw platform::ReadError("", "line 1", "more than 32,767 columns");
     FindPositions(fields);
+    CountFields(fields.size());
+    header_ = NamesForPeople(fields);
     names_ = {settings_.key};
     widths_ = {keyWidth};
     attributeColumns_.assign(fields.size(), false);
@@ -80,6 +101,18 @@ void CsvColumns::ReadCsvHeader(std::string_view line) {
         names_.push_back(AttributeNameOf(fields[i]));
         widths_.push_back(attributeWidth);
     }
+}
+
+std::string CsvColumns::WhatToSet() const {
+    std::string keys;
+    auto check = [&](std::string_view key, const std::string& name, int position) {
+        if (name.empty() || position < 0) keys += (keys.empty() ? "" : ", ") + std::string(key);
+    };
+    check("Key", settings_.key, key_);
+    check("East", settings_.east, east_);
+    check("North", settings_.north, north_);
+    if (keys.empty() || !settings_.header) return "";
+    return "set [CSVIN] " + keys + " in gv.ini to columns that it has: " + header_;
 }
 
 void CsvColumns::FindPositions(std::span<const std::string_view> fields) {

@@ -23,8 +23,9 @@ struct CsvSettings {
 /// From section [CSVIN].
 CsvSettings ReadCsvSettings(const config::Session& session);
 
-/// Splits a line at every delimiter.
-void SplitCsvLine(std::string_view line, char delimiter, std::vector<std::string_view>& fields);
+/// Splits a line at every delimiter into its first fields, at most `most`.
+void SplitCsvLine(std::string_view line, char delimiter, std::size_t most,
+                  std::vector<std::string_view>& fields);
 
 /// What the columns of a table of points mean. What one header says holds for the next file where its header
 /// says nothing else.
@@ -34,12 +35,17 @@ public:
 
     /// Takes the columns from a header line. Names are compared with letter case; of two equal ones the later
     /// counts. A header with fields in double quotes is read as records are.
+    /// @throws platform::ReadError, without a file name, for more columns than positions can tell
     void ReadCsvHeader(std::string_view line);
 
     /// -1: there is no such column.
     int East() const { return east_; }
     int North() const { return north_; }
     int Key() const { return key_; }
+    /// How many fields of a record can matter.
+    std::size_t Count() const { return count_; }
+    /// What to set in gv.ini where it does not name all three columns, a line; "" when it does.
+    std::string WhatToSet() const;
     /// Whether the column holds values of an attribute that is neither key nor coordinate.
     bool IsAttribute(std::size_t column) const {
         return column < attributeColumns_.size() && attributeColumns_[column];
@@ -49,6 +55,7 @@ public:
     const std::vector<int>& AttributeWidths() const { return widths_; }
 
 private:
+    void CountFields(std::size_t ofHeader);
     void FindPositions(std::span<const std::string_view> fields);
     bool IsKeyOrCoordinate(int column) const { return column == key_ || column == east_ || column == north_; }
 
@@ -57,6 +64,8 @@ private:
     std::vector<std::string> names_;
     std::vector<int> widths_;
     std::vector<bool> attributeColumns_;
+    std::size_t count_ = 0;
+    std::string header_;  ///< the names of the header line, for people
 };
 
 }  // namespace vexlator::importer

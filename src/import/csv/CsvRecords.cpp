@@ -7,6 +7,17 @@
 
 namespace vexlator::importer {
 
+namespace {
+
+/// 0 is a number only where a digit stands.
+bool IsNumber(double value, std::string_view field) {
+    if (value != 0) return true;
+    std::size_t digit = field.find_first_not_of(" \t\r\n+-.");
+    return digit != std::string_view::npos && field[digit] >= '0' && field[digit] <= '9';
+}
+
+}  // namespace
+
 std::string UnquoteCsvLine(std::string_view line, char delimiter) {
     std::string unquoted;
     unquoted.reserve(line.size());
@@ -42,9 +53,11 @@ bool CsvRecords::Next(const CsvColumns& columns, CsvRecord& record) {
 }
 
 void CsvRecords::ParseCsvRecord(std::string_view line, const CsvColumns& columns, CsvRecord& record) {
-    SplitCsvLine(line, delimiter_, fields_);
-    record.east = util::NumberOf(Field(columns.East()));
-    record.north = util::NumberOf(Field(columns.North()));
+    SplitCsvLine(line, delimiter_, columns.Count(), fields_);
+    std::string_view east = Field(columns.East()), north = Field(columns.North());
+    record.east = util::NumberOf(east);
+    record.north = util::NumberOf(north);
+    record.located = IsNumber(record.east, east) && IsNumber(record.north, north);
     std::string_view key = Field(columns.Key());
     if (util::Trim(key).empty()) key = madeKey_ = "gvw" + std::to_string(count_);
     values_.clear();

@@ -22,6 +22,7 @@ std::string UnquoteCsvLine(std::string_view line, char delimiter);
 /// One point of a table.
 struct CsvRecord {
     double east, north;
+    bool located;  ///< both coordinates are numbers; what is none counts as 0
     /// The key, then the values of the attribute columns that the record has. Good until the next is read.
     std::span<const std::string_view> values;
 };

@@ -10,22 +10,11 @@
 #include "import/SourceFiles.h"
 #include "import/TextSource.h"
 #include "util/Files.h"
+#include "util/Numbers.h"
 #include "util/Paths.h"
 #include "util/Text.h"
 
 namespace vexlator::importer {
-
-namespace {
-
-std::string_view TextOf(const platform::MappedFile& file, std::string& decoded) {
-    try {
-        return TextBehindMark(file.Text(), decoded);
-    } catch (const platform::ReadError& error) {
-        throw error.InFile(file.Name());
-    }
-}
-
-}  // namespace
 
 frmFromCSV::frmFromCSV(config::Session& session)
     : session_(session), settings_(ReadCsvSettings(session)), columns_(settings_) {}
@@ -48,18 +37,29 @@ bool frmFromCSV::ImportCsvFile(const std::string& path) {
     if (!file) return false;
     std::string code =
         settings_.fixedFeature.empty() ? Capitals(util::BaseNameOf(path)) : settings_.fixedFeature;
+    try {
+        return ImportTable(code, *file);
+    } catch (const platform::ReadError& error) {
+        throw error.InFile(file->Name());
+    }
+}
+
+bool frmFromCSV::ImportTable(const std::string& code, platform::MappedFile& file) {
     view_->SetLabel(code);
     std::string style = SelectFeatureLayer(session_, drawing_, code);
     std::string decoded;
-    CsvRecords records(TextOf(*file, decoded), settings_.delimiter);
+    CsvRecords records(TextBehindMark(file.Text(), decoded), settings_.delimiter);
     if (settings_.header) columns_.ReadCsvHeader(records.ReadRow());
-    if (!HasItsColumns()) return false;
+    bool complete = HasItsColumns();
+    if (std::string what = columns_.WhatToSet(); !what.empty())
+        session_.Ui().Report(file.Name() + ": " + what);
+    if (!complete) return false;
     drawing::GenerateAtp(session_, FeatureTemplatePath(session_, code), columns_.AttributeNames(),
                          columns_.AttributeWidths());
     std::string symbol = drawing::EnsureSymbolBlock(session_, util::GetCommaField(1, style), drawing_);
     if (symbol.empty()) return false;
     set_ = drawing_.attributeSet(columns_.AttributeNames());
-    ReadRecords(records, symbol, *file);
+    ReadRecords(records, symbol, file);
     view_->SetLabel("Completed!");
     return true;
 }
@@ -81,20 +81,21 @@ void frmFromCSV::ReadRecords(CsvRecords& records, const std::string& symbol, pla
     constexpr std::uint64_t refreshStep = 501;
     MissingValues missing(file.Bytes().size());
     CsvRecord record{};
-    try {
-        while (records.Next(columns_, record)) {
-            drawing_.addInsert({record.east, record.north, 0}, symbol, 1, 1, 0);
-            if (std::size_t names = columns_.AttributeNames().size(); names > 0) {
-                missing.Count(names - record.values.size(), records.Line());
-                AttachCsvAttributes(record);
-            }
-            output_->WriteFullChunk();
-            file.DoneBefore(records.Position());
-            if (records.Count() % refreshStep == 0) ShowCsvProgress(records.Count());
+    std::uint64_t notLocated = 0;
+    while (records.Next(columns_, record)) {
+        if (!record.located) ++notLocated;
+        drawing_.addInsert({record.east, record.north, 0}, symbol, 1, 1, 0);
+        if (std::size_t names = columns_.AttributeNames().size(); names > 0) {
+            missing.Count(names - record.values.size(), records.Line());
+            AttachCsvAttributes(record);
         }
-    } catch (const platform::ReadError& error) {
-        throw error.InFile(file.Name());
+        output_->WriteFullChunk();
+        file.DoneBefore(records.Position());
+        if (records.Count() % refreshStep == 0) ShowCsvProgress(records.Count());
     }
+    if (notLocated > 0)
+        session_.Ui().Report(file.Name() + ": rows that lack a coordinate, which counts as 0: " +
+                             util::GroupedCount(notLocated) + " of " + util::GroupedCount(records.Count()));
     ShowCsvProgress(records.Count());
     features_ += records.Count();
 }

@@ -33,6 +33,7 @@ public:
 private:
     /// False when the file is left out.
     bool ImportCsvFile(const std::string& path);
+    bool ImportTable(const std::string& code, platform::MappedFile& file);
     bool HasItsColumns();
     void ReadRecords(CsvRecords& records, const std::string& symbol, platform::MappedFile& file);
     void AttachCsvAttributes(const CsvRecord& record);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "import/gml/CoordinateText.h"
 
+#include "import/gml/GmlElements.h"
 #include "platform/Errors.h"
 #include "util/Numbers.h"
 
@@ -9,6 +10,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <utility>
 
 namespace vexlator::importer {
 
@@ -81,10 +83,15 @@ void CoordinateText::Append(std::string_view piece) {
         if (stop == end) break;
         if (!rest_.empty()) {
             rest_.append(at, stop);
-            Take(rest_);
-            rest_.clear();
+            TakeRest();
         } else if (stop > at) {
-            Take({at, static_cast<std::size_t>(stop - at)});
+            std::string_view token(at, static_cast<std::size_t>(stop - at));
+            if (format_.isGuessed) {
+                rest_ = token;
+                TakeRest();
+            } else {
+                Take(token);
+            }
         }
         at = stop + 1;
     }
@@ -105,6 +112,18 @@ const char* CoordinateText::TakeShortDecimals(const char* at, const char* end) {
     return at;
 }
 
+/// A first point that turns out to be a value goes on behind the blank.
+void CoordinateText::TakeRest() {
+    bool isPoint = rest_.find(format_.component) != std::string::npos;
+    if (std::exchange(format_.isGuessed, false) && !isPoint) {
+        std::swap(format_.component, format_.tuple);
+        rest_ += ' ';
+        return;
+    }
+    Take(rest_);
+    rest_.clear();
+}
+
 void CoordinateText::Take(std::string_view token) {
     if (format_.marked)
         TakeTuple(token);
@@ -113,15 +132,10 @@ void CoordinateText::Take(std::string_view token) {
 }
 
 void CoordinateText::TakeTuple(std::string_view token) {
-    while (!token.empty() && IsSpace(token.front())) token.remove_prefix(1);
-    while (!token.empty() && IsSpace(token.back())) token.remove_suffix(1);
+    token = TrimmedXml(token);
     if (token.empty()) return;
     index_ = 0;
-    for (std::string_view left = token; !left.empty();) {
-        std::size_t size = std::min(left.find(format_.component), left.size());
-        TakeValue(NumberIn(left.substr(0, size)));
-        left.remove_prefix(std::min(size + 1, left.size()));
-    }
+    for (std::string_view left = token; !left.empty();) TakeValue(NumberIn(NextValue(left)));
     if (index_ < 2) Fail("the point \"" + std::string(token.substr(0, mostShown)) + "\" has one value only");
 }
 
@@ -129,6 +143,16 @@ void CoordinateText::TakeValue(double value) {
     if (index_ == 0) x_ = value;
     if (index_ == 1) points_->push_back({x_, value});
     if (++index_ == format_.valuesPerPoint && !format_.marked) index_ = 0;
+}
+
+/// Takes the next value of a point that does not begin or end with white space.
+std::string_view CoordinateText::NextValue(std::string_view& tuple) const {
+    bool byBlanks = format_.component == ' ';
+    std::size_t size = byBlanks ? tuple.find_first_of(" \t\r\n") : tuple.find(format_.component);
+    std::string_view value = tuple.substr(0, size);
+    tuple.remove_prefix(std::min(value.size() + 1, tuple.size()));
+    while (byBlanks && !tuple.empty() && IsSpace(tuple.front())) tuple.remove_prefix(1);
+    return value;
 }
 
 double CoordinateText::NumberIn(std::string_view token) {

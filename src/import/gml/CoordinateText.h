@@ -20,6 +20,8 @@ struct CoordinateFormat {
     /// any white space).
     bool marked = false;
     char component = ',', tuple = ' ', decimal = '.';
+    /// Nobody said which is which: a first point without "," shows that blanks stand between values.
+    bool isGuessed = false;
     /// Every value must be a number and every point whole. Otherwise a text counts as the number that it
     /// begins with, and the number of points is rounded.
     bool strict = true;
@@ -39,8 +41,10 @@ public:
 private:
     bool Separates(char c) const;
     const char* TakeShortDecimals(const char* at, const char* end);
+    void TakeRest();
     void Take(std::string_view token);
     void TakeTuple(std::string_view token);
+    std::string_view NextValue(std::string_view& tuple) const;
     void TakeValue(double value);
     double NumberIn(std::string_view token);
     void RoundLastPoint();

@@ -63,7 +63,11 @@ GmlElement GmlElementNamed(std::string_view name) {
         {"X", Axis},
         {"Y", Axis},
         {"Z", Axis},
+        {"segments", Segments},
         {"boundedBy", BoundedBy},
+        {"Envelope", Envelope},
+        {"EnvelopeWithTimePeriod", Envelope},
+        {"Box", Envelope},
     };
     auto found = elements.find(name);
     return found == elements.end() ? Other : found->second;
@@ -75,6 +79,13 @@ bool HoldsFeatures(std::string_view name) {
 
 std::string_view LocalName(std::string_view name) {
     return name.substr(name.find(':') + 1);
+}
+
+std::string_view TrimmedXml(std::string_view text) {
+    constexpr std::string_view space = " \t\r\n";
+    std::size_t begin = text.find_first_not_of(space);
+    if (begin == std::string_view::npos) return {};
+    return text.substr(begin, text.find_last_not_of(space) - begin + 1);
 }
 
 std::string_view PrefixOf(std::string_view name) {

@@ -23,8 +23,20 @@ enum class GmlElement : std::uint8_t {
     Coordinates,
     Coord,  ///< holds axes
     Axis,   ///< one value
-    BoundedBy
+    Segments,
+    BoundedBy,
+    Envelope
 };
+
+/// Whether an element is a geometry, or a part of one that has coordinates.
+constexpr bool BeginsGeometry(GmlElement element) {
+    return element >= GmlElement::Geometry && element <= GmlElement::Unsupported;
+}
+/// Whether it stands for the content of a geometry.
+constexpr bool IsGeometryContent(GmlElement element) {
+    return (element >= GmlElement::Exterior && element <= GmlElement::Coord) ||
+           element == GmlElement::Segments;
+}
 
 /// By the name without its prefix.
 GmlElement GmlElementNamed(std::string_view name);
@@ -35,5 +47,7 @@ bool HoldsFeatures(std::string_view name);
 std::string_view LocalName(std::string_view name);
 /// "" when there is none.
 std::string_view PrefixOf(std::string_view name);
+/// Without the white space of XML at both ends.
+std::string_view TrimmedXml(std::string_view text);
 
 }  // namespace vexlator::importer

@@ -35,10 +35,14 @@ bool HaveSameAttributes(const GmlFeature& feature, const GmlPart& a, const GmlPa
 void GmlEntities::BeginFile(bool lineLayout) {
     lineLayout_ = lineLayout;
     previousType_.reset();
-    features_ = withoutPoints_ = withArcs_ = copiedBytes_ = 0;
+    features_ = withoutPoints_ = withArcs_ = damaged_ = copiedBytes_ = 0;
 }
 
 void GmlEntities::Add(const GmlFeature& feature, std::size_t bytesRead) {
+    if (!feature.damage.empty()) {
+        if (++damaged_ == 1) firstDamage_ = feature.damage;
+        return;
+    }
     if (feature.type != previousType_) SelectFeatureTypeLayer(feature.type);
     if (feature.parts.empty()) {
         ++withoutPoints_;

@@ -35,6 +35,8 @@ public:
     std::uint64_t Features() const { return features_; }
     std::uint64_t FeaturesWithoutPoints() const { return withoutPoints_; }
     std::uint64_t FeaturesWithArcs() const { return withArcs_; }
+    std::uint64_t DamagedFeatures() const { return damaged_; }
+    const std::string& FirstDamage() const { return firstDamage_; }  ///< its line and reason
 
 private:
     /// What the features of a type have in common.
@@ -59,7 +61,8 @@ private:
     std::optional<std::string> previousType_;
     std::unordered_map<std::string, Type> types_;
     Type* type_ = nullptr;
-    std::uint64_t features_ = 0, withoutPoints_ = 0, withArcs_ = 0;
+    std::uint64_t features_ = 0, withoutPoints_ = 0, withArcs_ = 0, damaged_ = 0;
+    std::string firstDamage_;
     std::uint64_t copiedBytes_ = 0;
 };
 

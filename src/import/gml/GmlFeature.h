@@ -37,6 +37,7 @@ struct GmlFeature {
     std::size_t surfaces = 0;
     bool threeDimensional = false;  ///< its points had three values
     bool hasArcs = false;           ///< curves that are not drawn as such
+    std::string damage;             ///< line and reason why it has no points, although the file gives it some
 
     std::size_t PartEnd(std::size_t part) const {
         return part + 1 < parts.size() ? parts[part + 1].begin : points.size();
@@ -48,6 +49,7 @@ struct GmlFeature {
         properties.clear();
         points.clear();
         parts.clear();
+        damage.clear();
         surfaces = 0;
         threeDimensional = hasArcs = false;
     }

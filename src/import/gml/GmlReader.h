@@ -35,11 +35,8 @@ public:
     virtual void ReadFeatures(const Take& take) = 0;
     /// How many bytes of the file are not needed any more.
     virtual std::size_t Consumed() const = 0;
-    /// The first srsName of the file, as far as it has been read; may be empty.
-    const std::string& SystemName() const { return systemName_; }
-
-protected:
-    std::string systemName_;
+    /// The first coordinate system that the file has named so far, as it stands; "" when there is none.
+    virtual const std::string& SrsName() const = 0;
 };
 
 /// Whether a file that begins like this is in the line layout: its first feature stands between the lines

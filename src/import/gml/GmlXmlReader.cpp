@@ -3,10 +3,10 @@
 #include "import/gml/GmlXmlReader.h"
 
 #include "platform/Errors.h"
-#include "util/Numbers.h"
 
 #include <algorithm>
-#include <array>
+#include <cstddef>
+#include <span>
 #include <utility>
 
 namespace vexlator::importer {
@@ -19,13 +19,6 @@ constexpr std::string_view gmlNamespace = "http://www.opengis.net/gml";
 constexpr std::size_t mostPrefixes = 16;
 constexpr std::size_t mostText = std::size_t{64} << 20;
 constexpr std::size_t propertyCost = sizeof(GmlProperty);
-constexpr std::string_view space = " \t\r\n";
-
-std::string_view Trimmed(std::string_view text) {
-    std::size_t begin = text.find_first_not_of(space);
-    if (begin == std::string_view::npos) return {};
-    return text.substr(begin, text.find_last_not_of(space) - begin + 1);
-}
 
 std::string_view Attribute(XmlAttributes attributes, std::string_view name) {
     for (const XmlAttribute& attribute : attributes)
@@ -41,23 +34,6 @@ std::string_view ToidDigits(std::string_view identifier) {
     return digits ? identifier : std::string_view();
 }
 
-std::size_t DimensionOf(std::string_view text) {
-    static constexpr std::array<std::string_view, 3> known = {"2", "3", "4"};
-    auto found = std::find(known.begin(), known.end(), Trimmed(text));
-    if (found == known.end())
-        throw ReadError("", "", "points of \"" + std::string(text.substr(0, 20)) + "\" dimensions");
-    return static_cast<std::size_t>(found - known.begin()) + 2;
-}
-
-char SeparatorOf(XmlAttributes attributes, std::string_view name, char usual) {
-    std::string_view text = Attribute(attributes, name);
-    return text.empty() ? usual : text[0];
-}
-
-bool BeginsGeometry(GmlElement element) {
-    return element >= GmlElement::Geometry && element <= GmlElement::Unsupported;
-}
-
 }  // namespace
 
 void GmlXmlReader::ReadFeatures(const Take& take) {
@@ -67,24 +43,28 @@ void GmlXmlReader::ReadFeatures(const Take& take) {
 
 void GmlXmlReader::StartElement(std::string_view name, XmlAttributes attributes) {
     NotePrefixes(attributes);
-    Scope parent = open_.empty() ? Scope::Outside : open_.back().scope;
     Open open;
     open.scope = Scope::Skipped;
+    open.isGml = IsGml(name);
+    if (!open_.empty()) open.reference = open_.back().reference;
+    Scope parent = open_.empty() ? Scope::Outside : open_.back().scope;
+    ReadReference(attributes, parent, open);
     switch (parent) {
         case Scope::Outside:
+            StartOutside(name, attributes, open);
+            break;
         case Scope::Holder:
-            open.scope = ScopeOutside(parent, LocalName(name));
-            if (open.scope == Scope::Feature) BeginFeature(name, attributes);
+            StartInHolder(name, attributes, open);
             break;
         case Scope::Feature:
         case Scope::Property:
             StartInFeature(name, attributes, open);
             break;
         case Scope::Geometry:
-            StartGeometry(IsGml(name) ? GmlElementNamed(LocalName(name)) : GmlElement::Other, attributes,
-                          open);
+            StartInGeometry(name, attributes, open);
             break;
         case Scope::Skipped:
+            StartInBoundedBy(ElementOf(name, open), open);
             break;
     }
     open_.push_back(open);
@@ -93,17 +73,20 @@ void GmlXmlReader::StartElement(std::string_view name, XmlAttributes attributes)
 void GmlXmlReader::EndElement() {
     Open open = open_.back();
     open_.pop_back();
+    if (open.scope == Scope::Outside) EndOuterElement();
     if (open.scope == Scope::Feature) EndFeature();
     if (open.scope == Scope::Property) EndProperty();
     if (open.scope == Scope::Geometry) EndGeometry(open);
+    if (open.isFeature) EndFeature();
+    if (outer_.size() > open_.size()) outer_.pop_back();
 }
 
 void GmlXmlReader::Text(std::string_view text) {
     if (inCoordinates_) {
-        coordinates_.Append(text);
+        CoordinatesText(text);
     } else if (inProperty_) {
         CountText(text.size());
-        feature_.properties.back().value += text;
+        if (!feature_.properties.empty()) feature_.properties.back().value += text;
     }
 }
 
@@ -111,7 +94,6 @@ void GmlXmlReader::Text(std::string_view text) {
 
 void GmlXmlReader::NotePrefixes(XmlAttributes attributes) {
     for (const auto& [name, uri] : attributes) {
-        if (name == "srsName" && systemName_.empty()) systemName_ = uri;
         if (name != "xmlns" && !name.starts_with("xmlns:")) continue;
         std::string prefix(name.substr(std::min<std::size_t>(6, name.size())));
         std::erase(gmlPrefixes_, prefix);
@@ -125,20 +107,126 @@ bool GmlXmlReader::IsGml(std::string_view name) const {
     return std::find(gmlPrefixes_.begin(), gmlPrefixes_.end(), prefix) != gmlPrefixes_.end();
 }
 
-// --- Features and their properties
-
-GmlXmlReader::Scope GmlXmlReader::ScopeOutside(Scope parent, std::string_view name) const {
-    if (parent == Scope::Outside) return HoldsFeatures(name) ? Scope::Holder : Scope::Outside;
-    return name.ends_with("FeatureCollection") ? Scope::Outside : Scope::Feature;
+/// The meaning of an element; that of another namespace has none.
+GmlElement GmlXmlReader::ElementOf(std::string_view name, const Open& open) {
+    return open.isGml ? GmlElementNamed(LocalName(name)) : GmlElement::Other;
 }
 
-void GmlXmlReader::BeginFeature(std::string_view name, XmlAttributes attributes) {
-    feature_.Clear();
-    feature_.type = LocalName(name);
+void GmlXmlReader::ReadReference(XmlAttributes attributes, Scope parent, Open& open) {
+    bool isRead = parent != Scope::Skipped || open_.back().element == GmlElement::BoundedBy;
+    if (attributes.empty() || rules_.lineLayout || !isRead) return;
+    try {
+        references_.Read(attributes, open.reference);
+    } catch (const ReadError& error) {
+        bool inFeature = parent == Scope::Feature || parent == Scope::Property || parent == Scope::Geometry;
+        if (inFeature) Damage(error.Reason());
+    }
+}
+
+/// The extent of a collection or a feature tells the coordinate system of all that follows in it.
+void GmlXmlReader::StartInBoundedBy(GmlElement element, const Open& open) {
+    bool isExtent = open_.back().element == GmlElement::BoundedBy && element == GmlElement::Envelope;
+    if (isExtent && open_.size() >= 2) open_[open_.size() - 2].reference = open.reference;
+}
+
+// --- Elements around features
+
+void GmlXmlReader::StartOutside(std::string_view name, XmlAttributes attributes, Open& open) {
+    GmlElement element = ElementOf(name, open);
+    open.element = element;
+    if (element == GmlElement::BoundedBy || element == GmlElement::Envelope) return;
+    bool isContent = IsGeometryContent(element) && !open_.empty() && !open_.back().isGml;
+    if (rules_.lineLayout || !(BeginsGeometry(element) || isContent)) {
+        StartOuterElement(name, attributes, open);
+        return;
+    }
+    LeaveProperty();
+    std::size_t geometryDepth = open_.size() - (isContent ? 1 : 0);
+    std::optional<GmlOwner> owner =
+        ImplyFeature(geometryDepth, isContent ? outer_.back().name : std::string(name));
+    if (!owner) return;
+    (isContent ? open_.back() : open).isFeature = owner->isGeometryItself;
+    if (isContent) BecomeGeometry(element, open_.back());
+    StartGeometry(element, attributes, open);
+}
+
+void GmlXmlReader::StartOuterElement(std::string_view name, XmlAttributes attributes, Open& open) {
+    LeaveProperty();
+    bool holdsFeatures = HoldsFeatures(LocalName(name));
+    open.scope = holdsFeatures ? Scope::Holder : Scope::Outside;
+    GmlOuterElement& element = outer_.emplace_back();
+    element.name = name;
+    element.identifier = IdentifierOf(attributes);
+    element.isGml = open.isGml;
+    element.holdsFeatures = holdsFeatures;
+    element.firstProperty = feature_.properties.size();
+    element.textBefore = textBytes_;
+    if (!holdsFeatures && !rules_.lineLayout) BeginProperty(name, attributes);
+}
+
+/// Values of what ends here can only belong to an element around it, or to none below the root.
+void GmlXmlReader::EndOuterElement() {
+    const GmlOuterElement& element = outer_.back();
+    if (inProperty_) {
+        if (outer_.size() >= 2 && !element.isGml) outer_[outer_.size() - 2].hasOwnValue = true;
+        EndProperty();
+    } else if (outer_.size() == 2 && element.firstProperty < feature_.properties.size()) {
+        feature_.properties.resize(element.firstProperty);
+        textBytes_ = element.textBefore;
+    }
+}
+
+void GmlXmlReader::StartInHolder(std::string_view name, XmlAttributes attributes, Open& open) {
+    open.element = ElementOf(name, open);
+    if (open.element == GmlElement::BoundedBy) return;
+    if (name.ends_with("FeatureCollection")) {
+        StartOuterElement(name, attributes, open);
+        return;
+    }
+    ForgetFeature();
+    BeginFeature(name, IdentifierOf(attributes));
+    open.scope = Scope::Feature;
+    if (rules_.lineLayout || !BeginsGeometry(open.element)) return;
+    open.isFeature = true;
+    StartGeometry(open.element, attributes, open);
+}
+
+/// Begins the feature of a geometry that is in no member; `depth` counts the elements around the geometry.
+std::optional<GmlOwner> GmlXmlReader::ImplyFeature(std::size_t depth, const std::string& geometryName) {
+    std::optional<GmlOwner> owner =
+        OwnerOfGeometry(std::span(outer_).first(depth), feature_.properties.size());
+    if (!owner) return owner;
+    if (owner->isGeometryItself) {
+        ForgetFeature();
+        BeginFeature(geometryName, "");
+        return owner;
+    }
+    const GmlOuterElement& element = outer_[owner->element];
+    auto begin = feature_.properties.begin();
+    auto others = std::min(element.firstProperty, feature_.properties.size());
+    feature_.properties.erase(begin, begin + static_cast<std::ptrdiff_t>(others));
+    textBytes_ -= std::min(element.textBefore, textBytes_);
+    BeginFeature(element.name, element.identifier);
+    isImplied_ = true;
+    for (std::size_t i = owner->element; i < depth; ++i) open_[i].scope = Scope::Property;
+    open_[owner->element].scope = Scope::Feature;
+    outer_.resize(owner->element + 1);
+    return owner;
+}
+
+// --- Features and their properties
+
+std::string GmlXmlReader::IdentifierOf(XmlAttributes attributes) const {
+    std::string identifier;
     for (const auto& [key, value] : attributes)
-        if (key == "fid" || (LocalName(key) == "id" && IsGml(key))) feature_.identifier = value;
+        if (key == "fid" || (LocalName(key) == "id" && IsGml(key))) identifier = value;
+    return identifier;
+}
+
+void GmlXmlReader::BeginFeature(std::string_view name, const std::string& identifier) {
+    feature_.type = LocalName(name);
+    feature_.identifier = identifier;
     osgb_ = PrefixOf(name) == "osgb";
-    textBytes_ = 0;
     ring_ = GmlPart::Kind::Path;
 }
 
@@ -147,14 +235,36 @@ void GmlXmlReader::EndFeature() {
     std::string_view toid = osgb_ ? ToidDigits(feature_.identifier) : std::string_view();
     if (!toid.empty() && std::ranges::none_of(feature_.properties, isToid))
         feature_.properties.push_back({"TOID", std::string(toid)});
+    if (!feature_.damage.empty()) {
+        feature_.points.clear();
+        feature_.parts.clear();
+        feature_.surfaces = 0;
+    }
     (*take_)(feature_);
+    ForgetFeature();
+}
+
+void GmlXmlReader::ForgetFeature() {
+    feature_.Clear();
+    textBytes_ = 0;
+    inProperty_ = isImplied_ = false;
 }
 
 void GmlXmlReader::StartInFeature(std::string_view name, XmlAttributes attributes, Open& open) {
     LeaveProperty();
-    if (LocalName(name) == "boundedBy") return;
-    GmlElement element = IsGml(name) ? GmlElementNamed(LocalName(name)) : GmlElement::Other;
-    if (BeginsGeometry(element)) {
+    Open& around = open_.back();
+    if (isImplied_ && around.scope == Scope::Feature && HoldsFeatures(LocalName(name))) {
+        EndFeature();  // what was taken for a feature is a collection
+        around.scope = Scope::Outside;
+        StartOuterElement(name, attributes, open);
+        return;
+    }
+    GmlElement element = ElementOf(name, open);
+    open.element = element;
+    if (element == GmlElement::BoundedBy || element == GmlElement::Envelope) return;
+    bool isContent = IsGeometryContent(element) && !around.isGml && !rules_.lineLayout;
+    if (isContent) BecomeGeometry(element, around);
+    if (isContent || BeginsGeometry(element)) {
         StartGeometry(element, attributes, open);
         return;
     }
@@ -181,150 +291,19 @@ void GmlXmlReader::LeaveProperty() {
 void GmlXmlReader::EndProperty() {
     if (!std::exchange(inProperty_, false) || rules_.lineLayout) return;
     std::string& value = feature_.properties.back().value;
-    std::string_view trimmed = Trimmed(value);
+    std::string_view trimmed = TrimmedXml(value);
     if (trimmed.empty()) trimmed = reference_;
     if (trimmed.size() != value.size()) value = std::string(trimmed);
 }
 
+/// Outside of features nobody may ever ask for the values.
 void GmlXmlReader::CountText(std::size_t bytes) {
     textBytes_ += bytes;
-    if (textBytes_ > mostText) throw ReadError("", "", "a feature with more than 64 MB of properties");
-}
-
-// --- Geometry
-
-void GmlXmlReader::StartGeometry(GmlElement element, XmlAttributes attributes, Open& open) {
-    open.scope = Scope::Geometry;
-    open.element = element;
-    open.dimension = open_.back().dimension;
-    open.firstPoint = feature_.points.size();
-    ReadGeometryAttributes(attributes, open);
-    feature_.hasArcs |= element == GmlElement::Arc || element == GmlElement::Unsupported;
-    switch (element) {
-        case GmlElement::Point:
-        case GmlElement::Curve:
-            BeginPart(open);
-            break;
-        case GmlElement::Exterior:
-            ring_ = GmlPart::Kind::Ring;
-            break;
-        case GmlElement::Interior:
-            ring_ = GmlPart::Kind::Hole;
-            break;
-        case GmlElement::Unsupported:
-        case GmlElement::BoundedBy:
-            open.scope = Scope::Skipped;
-            break;
-        case GmlElement::Pos:
-        case GmlElement::PosList:
-        case GmlElement::Coordinates:
-        case GmlElement::Coord:
-            BeginCoordinates(attributes, open);
-            break;
-        default:
-            break;
-    }
-}
-
-void GmlXmlReader::ReadGeometryAttributes(XmlAttributes attributes, Open& open) {
-    for (const auto& [name, value] : attributes) {
-        if (name == "srsDimension" || name == "dimension") open.dimension = DimensionOf(value);
-        if (name == "orientation" && value == "-" && open.element == GmlElement::Curve) open.reversed = true;
-    }
-    if (open.dimension == 3) feature_.threeDimensional = true;
-    if (open.reversed) ++reversals_;
-}
-
-void GmlXmlReader::EndGeometry(const Open& open) {
-    switch (open.element) {
-        case GmlElement::Point:
-            EndPart(open);
-            break;
-        case GmlElement::Curve:
-        case GmlElement::Segment:
-        case GmlElement::Arc:
-            EndCurve(open);
-            break;
-        case GmlElement::Exterior:
-        case GmlElement::Interior:
-            ring_ = GmlPart::Kind::Path;
-            break;
-        case GmlElement::Axis:
-            if (inCoordinates_) coordinates_.Append(" ");
-            break;
-        case GmlElement::Pos:
-        case GmlElement::PosList:
-        case GmlElement::Coordinates:
-        case GmlElement::Coord:
-            EndCoordinates(open);
-            break;
-        default:
-            break;
-    }
-}
-
-/// A curve of several segments repeats their common points.
-void GmlXmlReader::EndCurve(const Open& open) {
-    std::vector<util::PlanePoint>& points = feature_.points;
-    std::size_t first = std::min(open.firstPoint, points.size());
-    auto begin = points.begin() + static_cast<std::ptrdiff_t>(first);
-    if (open.reversed) {
-        std::reverse(begin, points.end());
-        --reversals_;
-    }
-    bool follows = inPart_ && !open.beginsPart && first > feature_.parts.back().begin;
-    if (follows && reversals_ == 0 && begin != points.end() && *begin == *(begin - 1)) points.erase(begin);
-    EndPart(open);
-}
-
-void GmlXmlReader::BeginCoordinates(XmlAttributes attributes, Open& open) {
-    if (std::exchange(inCoordinates_, true))
-        throw ReadError("", "", "a coordinate element within a coordinate element");
-    BeginPart(open);
-    if (rules_.lineLayout && !rules_.fullRings) {
-        feature_.points.clear();
-        feature_.parts.back() = {};
-    }
-    CoordinateFormat format;
-    format.strict = !rules_.lineLayout;
-    format.valuesPerPoint = CoordinateFormat::allInOne;
-    if (open.element == GmlElement::PosList)
-        format.valuesPerPoint = !rules_.lineLayout ? open.dimension : feature_.threeDimensional ? 3 : 2;
-    if (open.element == GmlElement::Coordinates) {
-        format.marked = true;
-        format.component = SeparatorOf(attributes, "cs", ',');
-        format.tuple = SeparatorOf(attributes, "ts", ' ');
-        format.decimal = SeparatorOf(attributes, "decimal", '.');
-    }
-    coordinates_.Begin(format, feature_.points);
-}
-
-void GmlXmlReader::EndCoordinates(const Open& open) {
-    inCoordinates_ = false;
-    coordinates_.End();
-    EndPart(open);
-}
-
-void GmlXmlReader::BeginPart(Open& open) {
-    if (std::exchange(inPart_, true)) return;
-    open.beginsPart = true;
-    if (!rules_.fullRings) {
-        feature_.points.clear();
-        feature_.parts.clear();
-        open.firstPoint = 0;
-    }
-    GmlPart& part = feature_.parts.emplace_back();
-    part.begin = feature_.points.size();
-    if (!rules_.fullRings) return;
-    part.kind = ring_;
-    if (ring_ == GmlPart::Kind::Ring) ++feature_.surfaces;
-    part.surface = feature_.surfaces;
-}
-
-void GmlXmlReader::EndPart(const Open& open) {
-    if (!open.beginsPart) return;
-    inPart_ = false;
-    if (feature_.parts.back().begin == feature_.points.size()) feature_.parts.pop_back();
+    if (textBytes_ <= mostText) return;
+    bool isOutside = outer_.size() == open_.size() && !isImplied_;
+    if (!isOutside) throw ReadError("", "", "a feature with more than 64 MB of properties");
+    feature_.properties.clear();
+    textBytes_ = 0;
 }
 
 }  // namespace vexlator::importer

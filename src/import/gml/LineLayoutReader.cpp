@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "import/gml/LineLayoutReader.h"
 
+#include "import/TextSource.h"
+
 #include <algorithm>
 #include <charconv>
 #include <optional>
@@ -13,9 +15,10 @@ namespace {
 
 constexpr std::string_view posStart = "<gml:pos>", posListStart = "<gml:posList>";
 
-/// What stands between the first and the second double quote.
-std::string_view FirstQuoted(std::string_view line) {
-    std::size_t begin = line.find('"');
+/// What stands in the first pair of double quotes behind a word; "" when there is none.
+std::string_view QuotedBehind(std::string_view word, std::string_view line) {
+    std::size_t found = line.find(word);
+    std::size_t begin = found == std::string_view::npos ? found : line.find('"', found);
     if (begin == std::string_view::npos) return {};
     line.remove_prefix(begin + 1);
     return line.substr(0, line.find('"'));
@@ -103,14 +106,22 @@ void LineLayoutReader::ReadFeatures(const Take& take) {
     while (ReadFeature(feature)) take(feature);
 }
 
+std::string_view LineLayoutReader::NextLine() {
+    std::string_view line = lines_.ReadTextLine();
+    CheckLineLength(line, lines_.Line());
+    bool mayName = line.starts_with("<gml:") && !line.starts_with("<gml:pos");
+    if (mayName && srsName_.empty()) srsName_ = QuotedBehind("srsName=", line);
+    return line;
+}
+
 bool LineLayoutReader::ReadFeature(GmlFeature& feature) {
     feature.Clear();
     consumed_ = lines_.Position();
-    while (!lines_.AtEnd() && lines_.ReadTextLine() != featureStartLine) {
+    while (!lines_.AtEnd() && NextLine() != featureStartLine) {
     }
     typed_ = false;
     while (!lines_.AtEnd()) {
-        std::string_view line = lines_.ReadTextLine();
+        std::string_view line = NextLine();
         if (line == featureEndLine) return true;
         ReadLine(line, feature);
     }
@@ -124,17 +135,15 @@ void LineLayoutReader::ReadLine(std::string_view line, GmlFeature& feature) {
         ReadPoints(line, posListStart, feature.threeDimensional ? 3 : 2, feature);
     } else if (line.starts_with(posStart)) {
         ReadPoints(line, posStart, CoordinateFormat::allInOne, feature);
-    } else {
-        if (SetsThreeDimensions(line)) feature.threeDimensional = true;
-        std::size_t system = systemName_.empty() ? line.find("srsName=\"") : std::string_view::npos;
-        if (system != std::string_view::npos) systemName_ = FirstQuoted(line.substr(system));
+    } else if (SetsThreeDimensions(line)) {
+        feature.threeDimensional = true;
     }
 }
 
 void LineLayoutReader::ReadProperty(std::string_view line, GmlFeature& feature) {
     if (!std::exchange(typed_, true)) {
         decoder_.Append(feature.type, TagName(line));
-        decoder_.Append(feature.identifier, FirstQuoted(line));
+        decoder_.Append(feature.identifier, QuotedBehind("", line));
         return;
     }
     GmlProperty& property = feature.properties.emplace_back();

@@ -58,7 +58,8 @@ private:
     XmlAttributes AttributesOf(const xmlChar** namesAndValues);
     bool InTag() const;
     bool AtEnd();
-    std::string Place() const { return ReadError::AtLine(xmlSAX2GetLineNumber(context_)); }
+    std::uint64_t Line() const { return static_cast<std::uint64_t>(xmlSAX2GetLineNumber(context_)); }
+    std::string Place() const { return ReadError::AtLine(Line()); }
 
     ByteBlocks& blocks_;
     XmlHandler& handler_;
@@ -96,6 +97,7 @@ struct XmlParse::Callbacks {
         Guard(user, [&](XmlParse& self) {
             self.gap_ = 0;
             if (++self.depth_ > deepest) throw ReadError("", "", "elements are nested more than 256 deep");
+            self.handler_.line = self.Line();
             self.handler_.StartElement(View(name), self.AttributesOf(attributes));
         });
     }
@@ -103,12 +105,14 @@ struct XmlParse::Callbacks {
         Guard(user, [&](XmlParse& self) {
             self.gap_ = 0;
             self.complete_ = --self.depth_ == 0;
+            self.handler_.line = self.Line();
             self.handler_.EndElement();
         });
     }
     static void Text(void* user, const xmlChar* text, int size) {
         Guard(user, [&](XmlParse& self) {
             self.gap_ = 0;
+            self.handler_.line = self.Line();
             self.handler_.Text({reinterpret_cast<const char*>(text), static_cast<std::size_t>(size)});
         });
     }

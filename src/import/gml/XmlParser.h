@@ -4,6 +4,7 @@
 
 #include "import/gml/ByteBlocks.h"
 
+#include <cstdint>
 #include <span>
 #include <string_view>
 
@@ -23,6 +24,8 @@ public:
     virtual void StartElement(std::string_view name, XmlAttributes attributes) = 0;
     virtual void EndElement() = 0;
     virtual void Text(std::string_view text) = 0;
+
+    std::uint64_t line = 0;  ///< that the parser has reached, set before each call
 };
 
 /// Reads a document in bounded memory and calls the handler for what it holds. The encoding is any that iconv

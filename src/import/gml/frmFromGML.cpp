@@ -64,12 +64,12 @@ bool frmFromGML::ImportGmlFile(const std::string& path) {
             view_->Progress(entities_.Features(), 0);
             file->DoneBefore(gml.reader->Consumed());
         });
-        CompareSystem(file->Name(), gml.reader->SystemName());
+        CompareSystem(file->Name(), gml.reader->SrsName());
     } catch (const platform::ReadError& error) {
         throw error.InFile(file->Name());
     }
     Report(file->Name());
-    return true;
+    return entities_.Features() > 0;
 }
 
 void frmFromGML::CompareSystem(const std::string& file, const std::string& srsName) {
@@ -85,12 +85,13 @@ void frmFromGML::CompareSystem(const std::string& file, const std::string& srsNa
 void frmFromGML::Report(const std::string& file) {
     features_ += entities_.Features();
     auto report = [&](std::uint64_t count, const std::string& text) {
-        if (count > 0) session_.Ui().Report(file + ": " + util::GroupedCount(count) + text);
+        if (count > 0) session_.Ui().Report(file + ": " + text + ": " + util::GroupedCount(count));
     };
-    report(entities_.FeaturesWithoutPoints(), " features have no coordinates and were left out");
-    report(entities_.FeaturesWithArcs(),
-           " features have arcs, which were drawn straight between their points");
-    if (entities_.Features() + entities_.FeaturesWithoutPoints() == 0)
+    report(entities_.FeaturesWithoutPoints(), "features without coordinates, left out");
+    report(entities_.FeaturesWithArcs(), "features with arcs, drawn straight between their points");
+    report(entities_.DamagedFeatures(),
+           "features with damaged coordinates (" + entities_.FirstDamage() + "), left out");
+    if (entities_.Features() + entities_.FeaturesWithoutPoints() + entities_.DamagedFeatures() == 0)
         session_.Ui().Report(file + ": no features were found");
 }
 

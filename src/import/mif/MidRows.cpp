@@ -15,8 +15,30 @@ std::size_t EndOfRows(std::string_view text) {
 
 }  // namespace
 
-MidRows::MidRows(std::string_view text, std::string delimiter, platform::Decoder& decoder)
-    : delimiter_(std::move(delimiter)), decoder_(decoder), rows_(text, delimiter_), end_(EndOfRows(text)) {}
+std::string UndeclaredDelimiter(std::string_view text, std::size_t columnCount) {
+    constexpr std::size_t searched = std::size_t{64} << 10;
+    util::LineReader lines(text.substr(0, searched));
+    while (!lines.AtEnd()) {
+        std::size_t tabs = 0, commas = 0;
+        bool quoted = false;
+        for (char c : lines.ReadTextLine()) {
+            if (c == '"') quoted = !quoted;
+            if (c == '\t' && !quoted) ++tabs;
+            if (c == ',' && !quoted) ++commas;
+        }
+        if (tabs > 0) return tabs >= commas || tabs + 1 >= columnCount ? "\t" : ",";
+        if (commas > 0) break;
+    }
+    return ",";
+}
+
+MidRows::MidRows(std::string_view text, std::string delimiter, std::size_t columnCount,
+                 platform::Decoder& decoder)
+    : delimiter_(std::move(delimiter)),
+      columnCount_(columnCount),
+      decoder_(decoder),
+      rows_(text, delimiter_),
+      end_(EndOfRows(text)) {}
 
 bool MidRows::AtEnd() const {
     return rows_.Position() >= end_;
@@ -51,7 +73,7 @@ void MidRows::Transform(std::string_view row) {
     bool isComma = delimiter_ == ",";
     bool isQuote = delimiter_ == "\"";  // then no quotes are left to be inside of
     bool quoted = false;
-    while (!row.empty()) {
+    while (!row.empty() && ends_.size() < columnCount_) {
         bool separates = row.starts_with(delimiter_);
         char c = row[0];
         row.remove_prefix(separates ? delimiter_.size() : 1);
@@ -68,7 +90,7 @@ void MidRows::Transform(std::string_view row) {
         else
             values_ += separates ? ';' : c;
     }
-    ends_.push_back(values_.size());
+    if (ends_.size() < columnCount_) ends_.push_back(values_.size());
 }
 
 }  // namespace vexlator::importer

@@ -14,10 +14,17 @@
 
 namespace vexlator::importer {
 
+/// The delimiter of rows for which the .MIF file names none: a tab where the first row that is divided at all
+/// has tabs, else ",". Programs that follow the format write tabs, others commas; of a row that has both, the
+/// number of columns tells.
+std::string UndeclaredDelimiter(std::string_view text, std::size_t columnCount);
+
 /// The rows of attribute values beside a MapInfo interchange file (.MID). The text outlives the object.
 class MidRows {
 public:
-    MidRows(std::string_view text, std::string delimiter, platform::Decoder& decoder);
+    /// Rows give their first `columnCount` values. The decoder outlives the object.
+    MidRows(std::string_view text, std::string delimiter, std::size_t columnCount,
+            platform::Decoder& decoder);
 
     /// Whether rows are left; blank lines at the end are none.
     bool AtEnd() const;
@@ -34,6 +41,7 @@ private:
     void Transform(std::string_view row);
 
     std::string delimiter_;
+    std::size_t columnCount_;
     platform::Decoder& decoder_;
     RowReader rows_;
     std::size_t end_;  ///< of the last row that is not blank

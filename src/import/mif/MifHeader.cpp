@@ -15,6 +15,7 @@ namespace {
 constexpr int defaultWidth = 64;
 constexpr int numberWidth = 10;
 constexpr int smallintWidth = 6;
+constexpr std::int64_t mostColumns = 32767;
 constexpr std::size_t columnsLength = 8;  // of "COLUMNS" and a blank
 
 /// The number behind the first parenthesis; `without` when there is none.
@@ -34,8 +35,10 @@ MifColumn ColumnOf(std::string_view line, platform::Decoder& decoder) {
 
 void ReadColumns(MifLines& lines, std::int64_t count, MifHeader& header) {
     platform::Decoder decoder = MifDecoder(header.charset);
-    for (std::int64_t i = 0; i < count && !lines.AtEnd(); ++i)
+    for (std::int64_t i = 0; i < count && !lines.AtEnd(); ++i) {
         header.columns.push_back(ColumnOf(lines.ReadTextLine(), decoder));
+        if (i == mostColumns) throw lines.Error("more than 32,767 columns");
+    }
     header.complete = true;
 }
 

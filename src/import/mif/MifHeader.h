@@ -18,13 +18,14 @@ struct MifColumn {
 
 /// What stands before the objects of a MapInfo interchange file (.MIF).
 struct MifHeader {
-    std::string charset;          ///< as the file names it; "" when it does not
-    std::string delimiter = ",";  ///< of the rows in the .MID file: one character
+    std::string charset;    ///< as the file names it; "" when it does not
+    std::string delimiter;  ///< of the rows in the .MID file: one character; "" when the file names none
     std::vector<MifColumn> columns;
     bool complete = false;  ///< the "Columns" line was found: without it there are no objects
 };
 
 /// Reads up to the last column line, or to the end of the file. Keywords are found in any letter case.
+/// @throws platform::ReadError for more columns than any table has, and from `lines`
 MifHeader ReadMifHeader(MifLines& lines);
 
 /// Whether the header leaves the character set open. Such texts are UTF-8 where they are valid as that.

@@ -35,18 +35,22 @@ constexpr std::array<std::pair<std::string_view, MifKeyword>, 5> extendedKeyword
     {"COLLECTION", MifKeyword::Collection},
 }};
 
+MifKeyword ObjectThatBegins(std::string_view upper) {
+    std::string_view word = TrimmedLine(upper);
+    word = word.substr(0, word.find_first_of(mifBlanks));
+    for (auto [name, keyword] : extendedKeywords)
+        if (word == name) return keyword;
+    return MifKeyword::Unknown;
+}
+
 }  // namespace
 
 MifKeyword MifKeywordOf(std::string_view upper, bool extended) {
-    if (extended) {
-        std::string_view word = TrimmedLine(upper);
-        word = word.substr(0, word.find_first_of(mifBlanks));
-        for (auto [name, keyword] : extendedKeywords)
-            if (word == name) return keyword;
-    }
+    MifKeyword object = ObjectThatBegins(upper);
+    if (extended && object != MifKeyword::Unknown) return object;
     for (auto [name, keyword] : keywords)
         if (upper.find(name) != std::string_view::npos) return keyword;
-    return MifKeyword::Unknown;
+    return object;
 }
 
 }  // namespace vexlator::importer

@@ -26,8 +26,9 @@ enum class MifKeyword {
 };
 
 /// The keyword of a line in capitals: the first of "DATA", "POINT", "ELLIPSE", "PLINE", "REGION", "TEXT",
-/// "LINE", "NONE" and the style words that stands anywhere in it. `extended` knows the objects from Arc on
-/// too, whose words must begin the line; else a set of points reads as a point, and the others are Unknown.
+/// "LINE", "NONE" and the style words that stands anywhere in it. The objects from Arc on are known by the
+/// word that begins the line; with `extended` it goes before the others, without it a set of points reads as
+/// a point.
 MifKeyword MifKeywordOf(std::string_view upper, bool extended);
 
 }  // namespace vexlator::importer

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "import/mif/MifLines.h"
 
+#include "import/TextSource.h"
 #include "util/Numbers.h"
 
 namespace vexlator::importer {
@@ -86,8 +87,18 @@ std::array<double, 6> MifNumbers(std::string_view line) {
     return numbers;
 }
 
+std::string_view MifLines::ReadTextLine() {
+    std::string_view line = lines_.ReadTextLine();
+    if (line.size() > longestLine) throw Error(std::string(lineTooLong));
+    return line;
+}
+
+platform::ReadError MifLines::Error(const std::string& reason) const {
+    return {std::string(fileName_), platform::ReadError::AtLine(Line()), reason};
+}
+
 std::string_view MifLines::PeekTextLine() const {
-    util::LineReader ahead = lines_;
+    MifLines ahead = *this;
     return ahead.ReadTextLine();
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/Errors.h"
 #include "util/Angles.h"
 #include "util/Files.h"
 
@@ -9,6 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace vexlator::importer {
@@ -25,13 +27,15 @@ bool IsCoordinateLine(std::string_view line);
 /// separate fields.
 std::array<double, 6> MifNumbers(std::string_view line);
 
-/// The lines of a MapInfo interchange file (.MIF), from a buffer.
+/// The lines of a MapInfo interchange file (.MIF), from a buffer that outlives the object, as does the name.
+/// @throws platform::ReadError when a line that is read or looked at is longer than longestLine
 class MifLines {
 public:
-    explicit MifLines(std::string_view text) : size_(text.size()), lines_(text) {}
+    MifLines(std::string_view text, std::string_view fileName)
+        : size_(text.size()), fileName_(fileName), lines_(text) {}
 
     bool AtEnd() const { return lines_.AtEnd(); }
-    std::string_view ReadTextLine() { return lines_.ReadTextLine(); }
+    std::string_view ReadTextLine();
     /// The line that the next read returns.
     std::string_view PeekTextLine() const;
     /// Reads coordinate lines until there are no more or `target` is full; returns how many vertices it got.
@@ -41,9 +45,12 @@ public:
     /// Bytes from the start of the file to the next line.
     std::size_t Position() const { return lines_.Position(); }
     std::uint64_t Line() const { return lines_.Line(); }
+    /// At the line read last.
+    platform::ReadError Error(const std::string& reason) const;
 
 private:
     std::size_t size_;
+    std::string_view fileName_;
     util::LineReader lines_;
 };
 

@@ -61,7 +61,11 @@ MifToDrawing::MifToDrawing(const Target& target, const MifHeader& header, const 
       lines_(lines),
       decoder_(MifDecoder(header.charset)),
       missing_(lines.Size() + (mid ? mid->size() : 0)) {
-    if (mid) rows_.emplace(*mid, header.delimiter, decoder_);
+    if (mid) {
+        std::string delimiter =
+            header.delimiter.empty() ? UndeclaredDelimiter(*mid, columnCount_) : header.delimiter;
+        rows_.emplace(*mid, delimiter, columnCount_, decoder_);
+    }
     lineStyle_.lineWeight = lineWeight;
     areaStyle_ = lineStyle_;
     areaStyle_.fillColour = areaStyle_.colour;
@@ -95,17 +99,14 @@ void MifToDrawing::HandleLine(std::string_view line) {
         case MifKeyword::None:
             return SkipRow();
         case MifKeyword::Arc:
-            return AddArc(line);
+            return extended_ ? AddArc(line) : PassOver(line);
         case MifKeyword::Rectangle:
-            return AddRectangle(line, false);
         case MifKeyword::RoundedRectangle:
-            return AddRectangle(line, true);
+            return extended_ ? AddRectangle(line, keyword == MifKeyword::RoundedRectangle) : PassOver(line);
         case MifKeyword::PointSet:
             return AddPointSet();
         case MifKeyword::Collection:
-            partsLeft_ = CountAfter("COLLECTION", upper);
-            partSharesRow_ = false;
-            return;
+            return BeginCollection(line, upper);
         case MifKeyword::Data:
         case MifKeyword::Style:
             return;
@@ -228,6 +229,21 @@ void MifToDrawing::AddPointSet() {
     ++objects_;
 }
 
+/// Its parts follow as objects of their own.
+void MifToDrawing::BeginCollection(std::string_view line, std::string_view upper) {
+    if (!extended_) ShowUnknownLine(line);
+    partsLeft_ = CountAfter("COLLECTION", upper);
+    partSharesRow_ = false;
+    if (partsLeft_ <= 0) SkipRow();
+}
+
+/// An object that is not taken has its row all the same.
+void MifToDrawing::PassOver(std::string_view line) {
+    ShowUnknownLine(line);
+    if (rows_) rows_->ReadRow();
+    ++notTaken_;
+}
+
 void MifToDrawing::SkipRow() {
     if (rows_) rows_->ReadRow();
     ++none_;
@@ -310,6 +326,10 @@ void MifToDrawing::ShowRemainingRows() {
 
 std::vector<std::string> MifToDrawing::Remarks() const {
     std::vector<std::string> remarks;
+    if (none_ > 0) remarks.push_back("objects without geometry, left out: " + util::GroupedCount(none_));
+    if (notTaken_ > 0)
+        remarks.push_back("arcs and rectangles, left out: " + util::GroupedCount(notTaken_) +
+                          "; [MIDIN] Extended=1 takes them");
     if (unknown_ > mostUnknownLines)
         remarks.push_back(util::GroupedCount(unknown_ - mostUnknownLines) + " more lines are not known");
     if (!decoder_.IsKnown())

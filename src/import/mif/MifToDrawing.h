@@ -40,7 +40,8 @@ public:
 
     /// Reads to the end of the next object; false at the end of the file. Lines that are no object are shown
     /// as messages, at most mostUnknownLines of them.
-    /// @throws platform::ReadError, without a file name, when rows lack too much
+    /// @throws platform::ReadError: of lines with the name of their file; without one for rows that are too
+    /// long or lack too much
     bool ReadObject();
     /// Shows the first row that no object is left for, when there is one.
     void ShowRemainingRows();
@@ -75,6 +76,8 @@ private:
     void AddArc(std::string_view line);
     void AddRectangle(std::string_view line, bool rounded);
     void AddPointSet();
+    void BeginCollection(std::string_view line, std::string_view upper);
+    void PassOver(std::string_view line);
     void SkipRow();
     void ShowUnknownLine(std::string_view line);
 
@@ -103,7 +106,7 @@ private:
     MissingValues missing_;
 
     bool started_ = false;  ///< the "Data" line was read
-    std::uint64_t objects_ = 0, multiSection_ = 0, none_ = 0, unknown_ = 0;
+    std::uint64_t objects_ = 0, multiSection_ = 0, none_ = 0, notTaken_ = 0, unknown_ = 0;
     std::int64_t partsLeft_ = 0;  ///< of a collection
     bool partSharesRow_ = false;  ///< the next part has the attributes of the one before it
 };

@@ -53,7 +53,7 @@ bool frmFromMID::ImportMifFile(const std::string& path) {
     view_->SetLabel(code);
     std::string style = SelectFeatureLayer(session_, drawing_, code);
 
-    MifLines lines(WithoutByteOrderMark(mif->Text()));
+    MifLines lines(WithoutByteOrderMark(mif->Text()), mif->Name());
     MifHeader header = ReadMifHeader(lines);
     if (!header.complete) {
         session_.Ui().Report(mif->Name() + ": has no \"Columns\" line; nothing was imported from it");

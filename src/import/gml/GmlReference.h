@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "import/gml/XmlParser.h"
+
+#include <cstddef>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace vexlator::importer {
+
+/// The coordinate system that holds at an element, as it or an element around it says.
+struct GmlReference {
+    std::size_t dimension = 2;  ///< values of a point
+    std::size_t name = 0;       ///< of the system, as GmlReferences counts them; 0: none
+    bool isGiven = false;       ///< the file itself tells the dimension
+};
+
+/// What the attributes srsName and srsDimension say. A dimension holds for all elements within, until one
+/// names another coordinate system: then the definition of that system tells, where it is known.
+class GmlReferences {
+public:
+    /// Changes the reference of the element around into that of an element with these attributes.
+    /// @throws platform::ReadError, without file and place, for a dimension that is none
+    void Read(XmlAttributes attributes, GmlReference& reference);
+    /// The first name in the file; "" when there is none.
+    const std::string& FirstName() const { return firstName_; }
+
+private:
+    struct System {
+        std::size_t number;
+        std::optional<std::size_t> dimension;
+    };
+
+    void UseSystem(std::string_view name, GmlReference& reference);
+    const System& Find(std::string_view name);
+
+    std::map<std::string, System, std::less<>> systems_;
+    std::string firstName_;
+};
+
+/// "2", "3" or "4". @throws platform::ReadError, without file and place, for another text
+std::size_t GmlDimension(std::string_view text);
+
+}  // namespace vexlator::importer
