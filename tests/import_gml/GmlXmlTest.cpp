@@ -66,6 +66,27 @@ TEST(GmlXml, GeometryOfEveryLayout) {
          "9</gml:posList></gml:LineString></gml:baseCurve>"
          "</gml:OrientableCurve></gml:curveMember></gml:Ring></gml:exterior></gml:Polygon>",
          "F 0,0 9,0 9,9 0,9 0,0\n"},
+        {"<gml:LineString><gml:coordinates>1 2, 3 4</gml:coordinates></gml:LineString>", "F 1,2 3,4\n"},
+        {"<gml:LineString srsName='EPSG:7405'><gml:posList>1 2 9 3 4 9</gml:posList></gml:LineString>",
+         "F 1,2 3,4\n"},
+        {"<gml:boundedBy><gml:Envelope srsName='EPSG:27700' "
+         "srsDimension='3'/></gml:boundedBy><gml:LineString "
+         "srsName='EPSG:27700'><gml:posList>1 2 9 3 4 9</gml:posList></gml:LineString>",
+         "F 1,2 3,4\n"},
+        {"<gml:MultiCurve srsName='EPSG:7405' srsDimension='3'><gml:curveMember><gml:LineString "
+         "srsName='EPSG:27700'><gml:posList>1 2 3 4</gml:posList></gml:LineString></gml:curveMember>"
+         "</gml:MultiCurve>",
+         "F 1,2 3,4\n"},
+        {"<a:ElevatedPoint srsDimension='3'><gml:pos>1 2 3</gml:pos><a:elevation>8</a:elevation>"
+         "</a:ElevatedPoint>",
+         "F * 1,2 elevation=8\n"},
+        {"<a:ElevatedCurve><gml:segments><gml:LineStringSegment><gml:posList>1 2 3 4</gml:posList>"
+         "</gml:LineStringSegment><gml:LineStringSegment><gml:posList>3 4 5 6</gml:posList>"
+         "</gml:LineStringSegment></gml:segments></a:ElevatedCurve>",
+         "F 1,2 3,4 5,6\n"},
+        {"<a:boundedBy><a:Wall><gml:MultiSurface><gml:surfaceMember><gml:Polygon>" + square +
+             "</gml:Polygon></gml:surfaceMember></gml:MultiSurface></a:Wall></a:boundedBy>",
+         "F 0,0 9,0 9,9 0,0\n"},
         {"<gml:boundedBy><gml:Box><gml:coordinates>0,0 1,1</gml:coordinates></gml:Box></gml:boundedBy>"
          "<a:extent><gml:Polygon><gml:boundedBy><gml:Envelope><gml:pos>7 7</gml:pos></gml:Envelope>"
          "</gml:boundedBy>" +
@@ -123,6 +144,26 @@ TEST(GmlXml, MembersOfEveryKind) {
     for (const auto& [members, entities] : cases) {
         EXPECT_EQ(office.Import(Collection(members)), entities) << members;
     }
+}
+
+TEST(GmlXml, FeaturesOutsideOfMembers) {
+    const std::string gml = " xmlns:gml='http://www.opengis.net/gml'";
+    const std::string point = "<gml:Point><gml:pos>1 2</gml:pos></gml:Point>";
+    const std::string road = "<Road><n>x</n><at>" + point + "</at></Road>";
+    const std::pair<std::string, const char*> cases[] = {
+        {Collection("<name>c</name>" + road + "<member>" + road + "</member>" + road),
+         "Road * 1,2 n=x\nRoad * 1,2 n=x\nRoad * 1,2 n=x\n"},
+        {Collection("<extent>" + point + "</extent><F>" + point + "</F>"), "F * 1,2\n"},
+        {"<d" + gml + "><list><Road gml:id='1'><in><at>" + point + "</at></in><n>y</n></Road></list></d>",
+         "Road * 1,2 n=y\n"},
+        {"<Road" + gml + "><n>x</n><at>" + point + "</at><m>y</m></Road>", "Road * 1,2 n=x m=y\n"},
+        {"<a:At" + gml + "><gml:pos>1 2</gml:pos><z>3</z></a:At>", "At * 1,2 z=3\n"},
+        {"<Point xmlns='http://www.opengis.net/gml'><pos>1 2</pos></Point>", "Point * 1,2\n"},
+        {Collection("<m:member>" + point + "</m:member>"), "Point * 1,2\n"},
+        {"<Road" + gml + "><n>x</n></Road>", ""},
+    };
+    GmlOffice office;
+    for (const auto& [text, entities] : cases) EXPECT_EQ(office.Import(text), entities) << text;
 }
 
 TEST(GmlXml, Encodings) {
@@ -190,7 +231,8 @@ TEST(GmlXml, WhatIsRefused) {
         {line("1 2 3"), "line 3: the last of 2 points lacks values"},
         {line(std::string(5000, '1')), "more than 4,096 characters"},
         {Member("<gml:Point><gml:coordinates>1</gml:coordinates></gml:Point>"), "has one value only"},
-        {Member("<gml:Point srsDimension='1000000'><gml:pos>1 2</gml:pos></gml:Point>"), "dimensions"},
+        {Member("<gml:LineString srsDimension='1000000'><gml:posList>1 2</gml:posList></gml:LineString>"),
+         "srsDimension"},
         {"<c a='" + large + "'/>", "a tag or comments of more than 64 KB"},
         {"<c><!--" + large + "--></c>", "more than 1 MB"},
         {"<c><![CDATA[" + large + "]]></c>", "more than 1 MB"},

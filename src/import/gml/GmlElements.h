@@ -24,6 +24,7 @@ enum class GmlElement : std::uint8_t {
     Coord,  ///< holds axes
     Axis,   ///< one value
     Segments,
+    Patches,
     BoundedBy,
     Envelope
 };
@@ -35,7 +36,7 @@ constexpr bool BeginsGeometry(GmlElement element) {
 /// Whether it stands for the content of a geometry.
 constexpr bool IsGeometryContent(GmlElement element) {
     return (element >= GmlElement::Exterior && element <= GmlElement::Coord) ||
-           element == GmlElement::Segments;
+           element == GmlElement::Segments || element == GmlElement::Patches;
 }
 
 /// By the name without its prefix.

@@ -4,19 +4,13 @@
 
 #include "coords/AxisCount.h"
 #include "import/gml/GmlElements.h"
-#include "platform/Errors.h"
-
-#include <algorithm>
-#include <array>
 
 namespace vexlator::importer {
 
 std::size_t GmlDimension(std::string_view text) {
-    static constexpr std::array<std::string_view, 3> known = {"2", "3", "4"};
-    auto found = std::find(known.begin(), known.end(), TrimmedXml(text));
-    if (found == known.end())
-        throw platform::ReadError("", "", "points of \"" + std::string(text.substr(0, 20)) + "\" dimensions");
-    return static_cast<std::size_t>(found - known.begin()) + 2;
+    text = TrimmedXml(text);
+    bool isKnown = text == "2" || text == "3" || text == "4";
+    return isKnown ? static_cast<std::size_t>(text[0] - '0') : 0;
 }
 
 void GmlReferences::Read(XmlAttributes attributes, GmlReference& reference) {

@@ -14,7 +14,7 @@ namespace vexlator::importer {
 
 /// The coordinate system that holds at an element, as it or an element around it says.
 struct GmlReference {
-    std::size_t dimension = 2;  ///< values of a point
+    std::size_t dimension = 2;  ///< values of a point; 0: the file tells none that there is
     std::size_t name = 0;       ///< of the system, as GmlReferences counts them; 0: none
     bool isGiven = false;       ///< the file itself tells the dimension
 };
@@ -24,7 +24,6 @@ struct GmlReference {
 class GmlReferences {
 public:
     /// Changes the reference of the element around into that of an element with these attributes.
-    /// @throws platform::ReadError, without file and place, for a dimension that is none
     void Read(XmlAttributes attributes, GmlReference& reference);
     /// The first name in the file; "" when there is none.
     const std::string& FirstName() const { return firstName_; }
@@ -42,7 +41,7 @@ private:
     std::string firstName_;
 };
 
-/// "2", "3" or "4". @throws platform::ReadError, without file and place, for another text
+/// Of "2", "3" and "4"; 0 for another text.
 std::size_t GmlDimension(std::string_view text);
 
 }  // namespace vexlator::importer

@@ -50,7 +50,8 @@ void GmlXmlReader::CoordinatesText(std::string_view text) {
 /// An element of another namespace turns out to be a geometry when its content comes: one with rings is a
 /// surface, any other a point or a line.
 void GmlXmlReader::BecomeGeometry(GmlElement content, Open& around) {
-    bool hasRings = content == GmlElement::Exterior || content == GmlElement::Interior;
+    bool hasRings =
+        content == GmlElement::Exterior || content == GmlElement::Interior || content == GmlElement::Patches;
     around.isFeature |= around.scope == Scope::Feature;
     around.scope = Scope::Geometry;
     around.isSubstitute = true;
@@ -108,7 +109,7 @@ void GmlXmlReader::StartGeometry(GmlElement element, XmlAttributes attributes, O
 void GmlXmlReader::ReadGeometryAttributes(XmlAttributes attributes, Open& open) {
     for (const auto& [name, value] : attributes) {
         bool tellsDimension = name == "dimension" || (name == "srsDimension" && rules_.lineLayout);
-        if (tellsDimension) TryCoordinates([&] { open.reference.dimension = GmlDimension(value); });
+        if (tellsDimension) open.reference.dimension = GmlDimension(value);
         if (name == "orientation" && value == "-" && open.element == GmlElement::Curve) open.reversed = true;
     }
     if (open.reference.dimension == 3) feature_.threeDimensional = true;
@@ -169,21 +170,26 @@ void GmlXmlReader::BeginCoordinates(XmlAttributes attributes, Open& open) {
         feature_.points.clear();
         feature_.parts.back() = {};
     }
+    CoordinateFormat format = FormatOf(attributes, open);
+    if (open.element == GmlElement::PosList && format.valuesPerPoint == 0)
+        Damage("srsDimension is none of 2, 3 and 4");
+    coordinates_.Begin(format, feature_.points);
+}
+
+CoordinateFormat GmlXmlReader::FormatOf(XmlAttributes attributes, const Open& open) const {
     CoordinateFormat format;
     format.strict = !rules_.lineLayout;
     format.valuesPerPoint = CoordinateFormat::allInOne;
-    if (open.element == GmlElement::PosList)
-        format.valuesPerPoint = !rules_.lineLayout          ? open.reference.dimension
-                                : feature_.threeDimensional ? 3
-                                                            : 2;
-    if (open.element == GmlElement::Coordinates) {
-        format.marked = true;
-        format.component = SeparatorOf(attributes, "cs", ',');
-        format.tuple = SeparatorOf(attributes, "ts", ' ');
-        format.isGuessed = format.strict && format.component == ',' && format.tuple == ' ';
-        format.decimal = SeparatorOf(attributes, "decimal", '.');
-    }
-    coordinates_.Begin(format, feature_.points);
+    if (open.element == GmlElement::PosList) format.valuesPerPoint = open.reference.dimension;
+    if (open.element == GmlElement::PosList && rules_.lineLayout)
+        format.valuesPerPoint = feature_.threeDimensional ? 3 : 2;
+    if (open.element != GmlElement::Coordinates) return format;
+    format.marked = true;
+    format.component = SeparatorOf(attributes, "cs", ',');
+    format.tuple = SeparatorOf(attributes, "ts", ' ');
+    format.isGuessed = format.strict && format.component == ',' && format.tuple == ' ';
+    format.decimal = SeparatorOf(attributes, "decimal", '.');
+    return format;
 }
 
 void GmlXmlReader::EndCoordinates(const Open& open) {

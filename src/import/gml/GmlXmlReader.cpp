@@ -114,13 +114,8 @@ GmlElement GmlXmlReader::ElementOf(std::string_view name, const Open& open) {
 
 void GmlXmlReader::ReadReference(XmlAttributes attributes, Scope parent, Open& open) {
     bool isRead = parent != Scope::Skipped || open_.back().element == GmlElement::BoundedBy;
-    if (attributes.empty() || rules_.lineLayout || !isRead) return;
-    try {
-        references_.Read(attributes, open.reference);
-    } catch (const ReadError& error) {
-        bool inFeature = parent == Scope::Feature || parent == Scope::Property || parent == Scope::Geometry;
-        if (inFeature) Damage(error.Reason());
-    }
+    if (!isRead || attributes.empty() || rules_.lineLayout) return;
+    references_.Read(attributes, open.reference);
 }
 
 /// The extent of a collection or a feature tells the coordinate system of all that follows in it.

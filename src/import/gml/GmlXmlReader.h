@@ -88,6 +88,7 @@ private:
     void EndGeometry(const Open& open);
     void EndCurve(const Open& open);
     void BeginCoordinates(XmlAttributes attributes, Open& open);
+    CoordinateFormat FormatOf(XmlAttributes attributes, const Open& open) const;
     void EndCoordinates(const Open& open);
     void BeginPart(Open& open);
     void EndPart(const Open& open);
