@@ -160,6 +160,8 @@ public:
     std::string handle() const;
     std::uint64_t handleNumber() const;
     const std::string& layerName() const;
+    /// The place of its layer in Drawing::layers().
+    std::uint32_t layerIndex() const;
     /// Moves the entity to a layer, which is added when it is missing.
     void setLayerName(std::string_view name);
     void erase();

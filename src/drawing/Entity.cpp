@@ -212,6 +212,10 @@ const std::string& Entity::layerName() const {
     return drawing_->layers_[drawing_->entities_[index_].layer].name;
 }
 
+std::uint32_t Entity::layerIndex() const {
+    return drawing_->entities_[index_].layer;
+}
+
 void Entity::setLayerName(std::string_view name) {
     std::uint32_t layer = drawing_->layerIndex(name);
     Drawing::Record& record = drawing_->entities_[index_];

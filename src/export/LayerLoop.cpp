@@ -3,18 +3,21 @@
 #include "export/LayerLoop.h"
 
 #include "drawing/AttributeTemplate.h"
-#include "export/photos/Photos.h"
+#include "platform/CodePages.h"
 #include "platform/Paths.h"
 #include "util/Files.h"
 #include "util/Paths.h"
 #include "workflow/WorkflowDatabase.h"
 
+#include <algorithm>
+#include <limits>
 #include <set>
-#include <vector>
 
 namespace vexlator::exporter {
 
 namespace {
+
+constexpr double pauseAfterLayer = 0.1;  ///< seconds
 
 /// Names that differ by letter case only would be one file.
 std::string UniqueFileName(std::set<std::string>& taken, std::string_view layerName) {
@@ -25,50 +28,172 @@ std::string UniqueFileName(std::set<std::string>& taken, std::string_view layerN
     return candidate;
 }
 
-}  // namespace
-
-OpenExport::OpenExport(config::Session& session, std::string_view formName, std::string_view drawingPath,
-                       std::string_view targetPath)
-    : view(session.Ui().ShowForm(formName)) {
-    view->SetCaption(":" + util::BaseNameOf(drawingPath));
-    outcome.target = targetPath;
-    drawing.open(drawingPath);
-    ReadJobSource(session, drawing.properties());
-    if (!workflow::ConfirmExportAllowed(session)) {
-        outcome.status = config::Outcome::Status::StoppedByUser;
-        return;
-    }
-    const std::string& source = session.Settings().JobSourcePath;
-    GatherPhotos(session, drawing, util::FolderOf(source), util::BaseNameOf(source), targetPath);
+bool IsExported(const drawing::Layer& layer, LayerZero layerZero) {
+    return !layer.frozen && (layerZero == LayerZero::Export || layer.name != "0");
 }
 
-std::uint64_t ForEachLayer(config::Session& session, drawing::Drawing& drawing, ui::FormView& view,
-                           LayerZero layerZero, const std::function<void(const ExportLayer&)>& visit) {
-    drawing.zoomExtents();
-    std::set<std::string> taken;
-    std::uint64_t exported = 0;
-    for (const drawing::Layer& layer : drawing.layers()) {
-        if (layer.frozen || (layerZero == LayerZero::Skip && layer.name == "0")) continue;
-        drawing::SelectionSet& set = drawing.selectLayer("PJB", layer.name);
-        if (set.count() == 0) continue;
-        view.SetLabel(layer.name);
-        visit({layer, set, UniqueFileName(taken, layer.name)});
-        ++exported;
-        session.Ui().Settle(0.1);
+std::vector<std::string> NamesOf(const drawing::Entity& entity) {
+    drawing::XProperties properties = entity.xproperties();
+    std::vector<std::string> names;
+    for (std::size_t i = 0; i < properties.count(); ++i) names.emplace_back(properties.name(i));
+    return names;
+}
+
+/// Sorts the entities of a chunk by their layers, at a cost that grows with the chunk only.
+class LayerParts {
+public:
+    /// `isWanted` tells of each layer of the drawing whether its entities are.
+    explicit LayerParts(const std::vector<bool>& isWanted) : isWanted_(isWanted), ends_(isWanted.size()) {}
+
+    /// Calls `visit(layer, LayerPart)` for every wanted layer in the chunk, in order.
+    template <typename Visit>
+    void ForEach(drawing::Drawing& chunk, Visit visit) {
+        Count(chunk);
+        std::ranges::sort(layers_);
+        std::size_t end = 0;
+        for (std::uint32_t layer : layers_) ends_[layer] = std::exchange(end, end + ends_[layer]);
+        indexes_.resize(end);
+        chunk.forEach([&](const drawing::Entity& entity) {
+            std::uint32_t layer = entity.layerIndex();
+            if (isWanted_[layer]) indexes_[ends_[layer]++] = entity.index();
+        });
+        std::size_t begin = 0;
+        for (std::uint32_t layer : layers_) {
+            end = std::exchange(ends_[layer], 0);
+            visit(layer, LayerPart{chunk, std::span(indexes_).subspan(begin, end - begin)});
+            begin = end;
+        }
+        layers_.clear();
     }
-    view.SetLabel("Completed!");
-    return exported;
+
+private:
+    void Count(drawing::Drawing& chunk) {
+        chunk.forEach([&](const drawing::Entity& entity) {
+            std::uint32_t layer = entity.layerIndex();
+            if (isWanted_[layer] && ends_[layer]++ == 0) layers_.push_back(layer);
+        });
+    }
+
+    const std::vector<bool>& isWanted_;
+    std::vector<std::size_t> ends_;       ///< by layer: entities of the chunk, then where its part ends
+    std::vector<std::uint32_t> layers_;   ///< that the chunk has
+    std::vector<std::uint32_t> indexes_;  ///< of entities, layer after layer
+};
+
+}  // namespace
+
+BegunExport BeginExport(config::Session& session, std::string_view formName, std::string_view drawingPath,
+                        std::string_view targetPath) {
+    BegunExport run;
+    run.view = session.Ui().ShowForm(formName);
+    run.view->SetCaption(":" + util::BaseNameOf(drawingPath));
+    run.outcome.target = targetPath;
+    run.file = std::make_unique<drawing::DrawingFile>(drawingPath);
+    ReadJobSource(session, run.file->Current().properties());
+    if (!workflow::ConfirmExportAllowed(session)) {
+        run.outcome.status = config::Outcome::Status::StoppedByUser;
+        return run;
+    }
+    const std::string& source = session.Settings().JobSourcePath;
+    run.photoPaths =
+        GatherPhotos(session, *run.file, util::FolderOf(source), util::BaseNameOf(source), targetPath);
+    return run;
+}
+
+void ExportLayer::Take(const drawing::Entity& entity) {
+    if (entities++ == 0) mostNames = names = NamesOf(entity);
+    drawing::Kind kind = entity.kindCode();
+    if (kind == drawing::Kind::Point || kind == drawing::Kind::Insert || kind == drawing::Kind::Polyline)
+        ++pointsAndLines;
+    drawing::XProperties properties = entity.xproperties();
+    if (entity.attributeSet() != set) {
+        set = entity.attributeSet();
+        if (properties.count() > mostNames.size()) mostNames = NamesOf(entity);
+    }
+    if (!windows || platform::IsAscii(properties.encoded())) return;
+    for (drawing::ValueCursor values = properties.values(); !values.AtEnd();) {
+        std::string_view value = values.Next();
+        if (platform::IsAscii(value)) continue;
+        ascii = false;
+        windows = windows && platform::FitsWindows1252(value);
+    }
+}
+
+std::vector<ExportLayer> FindLayers(BegunExport& run, LayerZero layerZero) {
+    std::vector<ExportLayer> all;
+    for (const drawing::Layer& layer : run.file->Current().layers())
+        all.push_back({.layer = layer, .index = static_cast<std::uint32_t>(all.size())});
+    run.ForEachChunk([&](drawing::Drawing& chunk) {
+        chunk.forEach([&](const drawing::Entity& entity) {
+            ExportLayer& layer = all[entity.layerIndex()];
+            if (IsExported(layer.layer, layerZero)) layer.Take(entity);
+        });
+    });
+    std::vector<ExportLayer> layers;
+    std::set<std::string> taken;
+    for (ExportLayer& layer : all) {
+        if (layer.entities == 0) continue;
+        layer.fileName = UniqueFileName(taken, layer.layer.name);
+        layers.push_back(std::move(layer));
+    }
+    return layers;
+}
+
+void WriteLayers(config::Session& session, BegunExport& run, const std::vector<ExportLayer>& layers,
+                 const std::function<void(std::size_t, const LayerPart&)>& write,
+                 const std::function<std::uint64_t(std::size_t)>& finish) {
+    std::vector<bool> isWanted(run.file->Current().layerCount());
+    std::vector<std::size_t> places(isWanted.size());
+    std::uint64_t total = 0, done = 0;
+    for (std::size_t i = 0; i < layers.size(); ++i) {
+        isWanted[layers[i].index] = true;
+        places[layers[i].index] = i;
+        total += layers[i].entities;
+    }
+    LayerParts parts(isWanted);
+    run.ForEachChunk([&](drawing::Drawing& chunk) {
+        parts.ForEach(chunk, [&](std::uint32_t layer, const LayerPart& part) {
+            run.view->SetLabel(layers[places[layer]].layer.name);
+            write(places[layer], part);
+            run.view->Progress(done += part.indexes.size(), total);
+        });
+    });
+    for (std::size_t i = 0; i < layers.size(); ++i) {
+        run.outcome.features += finish(i);
+        session.Ui().Settle(pauseAfterLayer);
+    }
+    run.outcome.layers = layers.size();
+    run.view->SetLabel("Completed!");
 }
 
 std::string TemplateFor(config::Session& session, const ExportLayer& layer) {
     std::string path = drawing::AtpPathFor(session, layer.layer.name);
     session.DebugMessage("ATPfile:" + platform::NativePath(path));
     if (util::FileSize(path) > 0) return path;
-    std::vector<std::string> names;
-    drawing::XProperties properties = layer.set.item(0).xproperties();
-    for (std::size_t i = 0; i < properties.count(); ++i) names.emplace_back(properties.name(i));
-    drawing::WriteAtpFromFields(path, names);
+    drawing::WriteAtpFromFields(path, layer.names);
     return path;
+}
+
+void OpenWhole(const BegunExport& run, std::string_view drawingPath, drawing::Drawing& drawing) {
+    drawing.open(drawingPath);
+    run.photoPaths.ApplyTo(drawing);
+}
+
+void ForEachLayer(config::Session& session, drawing::Drawing& drawing, ui::FormView& view,
+                  LayerZero layerZero, const std::function<void(const WholeLayer&)>& visit) {
+    drawing.zoomExtents();
+    std::set<std::string> taken;
+    for (const drawing::Layer& layer : drawing.layers()) {
+        if (!IsExported(layer, layerZero)) continue;
+        drawing::SelectionSet& set = drawing.selectLayer("PJB", layer.name);
+        if (set.count() == 0) continue;
+        view.SetLabel(layer.name);
+        WholeLayer whole{{.layer = layer, .fileName = UniqueFileName(taken, layer.name)}, set};
+        whole.names = NamesOf(set.item(0));
+        visit(whole);
+        session.Ui().Settle(pauseAfterLayer);
+    }
+    view.SetLabel("Completed!");
 }
 
 }  // namespace vexlator::exporter

@@ -4,45 +4,102 @@
 
 #include "config/Outcome.h"
 #include "config/Session.h"
-#include "drawing/Drawing.h"
+#include "drawing/DrawingFile.h"
+#include "export/photos/Photos.h"
 
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <ranges>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vexlator::exporter {
 
-/// One layer that an exporter writes.
-struct ExportLayer {
-    const drawing::Layer& layer;
-    drawing::SelectionSet& set;  ///< its entities, at least one
-    std::string fileName;        ///< base name of its files, safe and different for every layer
-};
-
-enum class LayerZero { Export, Skip };
-
-/// An export that has begun: its form is shown, its drawing open. Every exporter makes one first.
-struct OpenExport {
-    /// Opens the drawing, finds the job it came from, asks whether the job may be exported again and gathers
-    /// its photographs. @throws platform::ReadError when the drawing cannot be read
-    OpenExport(config::Session& session, std::string_view formName, std::string_view drawingPath,
-               std::string_view targetPath);
+/// An export that has begun: its form is shown, its drawing's file open. Every exporter makes one first.
+struct BegunExport {
     /// The answer was No: nothing may be written, and `outcome` says so.
     bool IsStopped() const { return outcome.status == config::Outcome::Status::StoppedByUser; }
+    /// Calls `visit(Drawing&)` with every chunk of the drawing, photographs named as the settings ask.
+    /// @throws platform::ReadError
+    template <typename Visit>
+    void ForEachChunk(Visit visit) {
+        file->ForEachChunk([&](drawing::Drawing& chunk) {
+            photoPaths.ApplyTo(chunk);
+            visit(chunk);
+        });
+    }
 
     std::unique_ptr<ui::FormView> view;
-    drawing::Drawing drawing;
+    std::unique_ptr<drawing::DrawingFile> file;
+    PhotoPaths photoPaths;
     config::Outcome outcome;  ///< its target is `targetPath` until the exporter says otherwise
 };
 
-/// Visits the layers that are not frozen and not empty, in order. Returns how many.
-std::uint64_t ForEachLayer(config::Session& session, drawing::Drawing& drawing, ui::FormView& view,
-                           LayerZero layerZero, const std::function<void(const ExportLayer&)>& visit);
+/// Opens the drawing's file, finds the job it came from, asks whether the job may be exported again and
+/// gathers its photographs. @throws platform::ReadError when the drawing cannot be read
+BegunExport BeginExport(config::Session& session, std::string_view formName, std::string_view drawingPath,
+                        std::string_view targetPath);
+
+enum class LayerZero { Export, Skip };
+
+/// One layer that an exporter writes, and what has to be known of it before its first byte.
+struct ExportLayer {
+    /// Counts one more entity.
+    void Take(const drawing::Entity& entity);
+
+    const drawing::Layer& layer;
+    std::uint32_t index = 0;                  ///< of the layer in the drawing
+    std::string fileName = {};                ///< base name of its files, safe and different for every layer
+    std::uint64_t entities = 0;               ///< at least one
+    std::uint64_t pointsAndLines = 0;         ///< points, symbols and polylines among them
+    std::vector<std::string> names = {};      ///< attribute names of the first entity
+    std::vector<std::string> mostNames = {};  ///< of the first among the entities that have most
+    drawing::AttributeSet set = 0;            ///< of the last entity
+    bool ascii = true, windows = true;        ///< texts of all entities are ASCII, fit Windows-1252
+};
+
+/// The layers that are not frozen and not empty, in order. Goes through the drawing once.
+/// @throws platform::ReadError
+std::vector<ExportLayer> FindLayers(BegunExport& run, LayerZero layerZero);
+
+/// The entities of one layer that lie in one chunk of the drawing, in drawing order.
+struct LayerPart {
+    auto Entities() const {
+        return std::views::transform(
+            indexes, [chunk = &chunk](std::uint32_t index) { return drawing::Entity(*chunk, index); });
+    }
+
+    drawing::Drawing& chunk;
+    std::span<const std::uint32_t> indexes;
+};
+
+/// Goes through the drawing a second time and calls `write` with every part of these layers, in the order of
+/// the layers within each chunk; the first argument is the layer's place among `layers`. Then calls `finish`
+/// for each layer in order, which returns how many features came of it. Counts both in the outcome.
+/// @throws platform::ReadError
+void WriteLayers(config::Session& session, BegunExport& run, const std::vector<ExportLayer>& layers,
+                 const std::function<void(std::size_t, const LayerPart&)>& write,
+                 const std::function<std::uint64_t(std::size_t)>& finish);
 
 /// The template path of a layer's feature code. Where there is no template, one is written from the names of
 /// the layer's first entity.
 std::string TemplateFor(config::Session& session, const ExportLayer& layer);
+
+// --- For exporters that look at a layer as a whole
+
+/// Opens the whole drawing of an export. @throws platform::ReadError
+void OpenWhole(const BegunExport& run, std::string_view drawingPath, drawing::Drawing& drawing);
+
+/// A layer with all its entities.
+struct WholeLayer : ExportLayer {
+    drawing::SelectionSet& set;
+};
+
+/// Visits the layers that are not frozen and not empty, in order.
+void ForEachLayer(config::Session& session, drawing::Drawing& drawing, ui::FormView& view,
+                  LayerZero layerZero, const std::function<void(const WholeLayer&)>& visit);
 
 }  // namespace vexlator::exporter

@@ -79,6 +79,8 @@ public:
     void Advance(std::size_t written) { used_ += written; }
     /// Overwrites bytes at an offset that has been written before (a header whose totals came late).
     void WriteAt(std::uint64_t offset, std::string_view bytes);
+    /// Appends bytes that were written to another file, which is not finished.
+    void WriteFrom(OutputFile& other, std::uint64_t offset, std::uint64_t size);
     /// Bytes written so far.
     std::uint64_t Size() const { return flushed_ + used_; }
     /// Flushes and syncs; a Commit() that follows only renames. Call it on every file of a set before the

@@ -9,6 +9,7 @@
 #include "platform/SetJournal.h"
 #include "platform/Signals.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -140,6 +141,19 @@ void OutputFile::WriteAt(std::uint64_t offset, std::string_view bytes) {
         if (written < 0) Fail(errno);
         bytes.remove_prefix(static_cast<std::size_t>(written));
         offset += static_cast<std::uint64_t>(written);
+    }
+}
+
+void OutputFile::WriteFrom(OutputFile& other, std::uint64_t offset, std::uint64_t size) {
+    other.Flush();
+    while (size > 0) {
+        std::size_t room = std::min<std::uint64_t>(size, BufferSize);
+        ssize_t got = ::pread(other.descriptor_, Reserve(room), room, static_cast<off_t>(offset));
+        if (got < 0 && errno == EINTR) continue;
+        if (got <= 0) other.Fail(got < 0 ? errno : EIO);
+        Advance(static_cast<std::size_t>(got));
+        offset += static_cast<std::uint64_t>(got);
+        size -= static_cast<std::uint64_t>(got);
     }
 }
 

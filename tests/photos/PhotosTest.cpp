@@ -22,7 +22,11 @@ protected:
             entity.xproperties().add("A" + std::to_string(entity.xproperties().count()), value);
         return entity;
     }
-    void Gather() { GatherPhotos(session, drawing, source, "Survey", target); }
+    void Gather() {
+        drawing.saveAs(folder / "Survey.VDF");
+        drawing::DrawingFile file(folder / "Survey.VDF");
+        GatherPhotos(session, file, source, "Survey", target).ApplyTo(drawing);
+    }
     std::string Out(const std::string& name) const { return test::TempFolder::Read(target + "/" + name); }
     const std::string& Missing() { return session.Settings().MissingPhotos; }
     std::size_t FilesBelow(const std::string& path) const {

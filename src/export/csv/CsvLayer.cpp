@@ -5,8 +5,6 @@
 #include "util/Numbers.h"
 #include "util/Text.h"
 
-#include <algorithm>
-
 namespace vexlator::exporter {
 
 using drawing::Entity;
@@ -16,58 +14,44 @@ using util::PlanePoint;
 
 namespace {
 
-constexpr std::size_t batchEntities = 65536;
 constexpr int degreeDecimals = 6;
 
 bool IsPoint(Entity entity) {
     return entity.kindCode() == Kind::Point || entity.kindCode() == Kind::Insert;
 }
 
-/// The first entity that has most attributes.
-Entity RichestOf(const ExportLayer& layer) {
-    Entity richest = layer.set.item(0);
-    for (std::uint32_t index : layer.set.indexes()) {
-        Entity entity = layer.set.entity(index);
-        if (entity.attributeSet() != richest.attributeSet() &&
-            entity.xproperties().count() > richest.xproperties().count())
-            richest = entity;
-    }
-    return richest;
-}
-
 }  // namespace
 
 CsvLayer::CsvLayer(config::Session& session, const CsvSettings& settings, coords::frmLatLng* converter,
-                   const ExportLayer& layer, formats::CsvWriter& writer)
+                   const ExportLayer& layer, formats::CsvWriter& writer, bool isFirst)
     : session_(session),
       settings_(settings),
       converter_(converter),
       layer_(layer),
       writer_(writer),
-      columns_(RichestOf(layer).xproperties()),
-      replacedBefore_(writer.Replaced()),
-      replaced_(columns_.count()) {}
+      columns_(layer.mostNames),
+      isFirst_(isFirst),
+      replaced_(columns_.size()) {}
 
-std::uint64_t CsvLayer::Write(ui::FormView& view) {
-    if (settings_.header) AddHeader();
-    std::uint64_t rows = 0;
-    std::span<const std::uint32_t> left = layer_.set.indexes();
-    while (!left.empty()) {
-        std::size_t size = std::min(left.size(), batchEntities);
-        rows += AddRows(left.first(size));
-        left = left.subspan(size);
-        view.Progress(layer_.set.count() - left.size(), layer_.set.count());
-    }
+void CsvLayer::Write(const LayerPart& part) {
+    std::uint64_t before = writer_.Replaced();
+    if (settings_.header && !isBegun_) AddHeader();
+    isBegun_ = true;
+    AddRows(part);
+    allReplaced_ += writer_.Replaced() - before;
+}
+
+std::uint64_t CsvLayer::Finish() {
     Report();
-    return rows;
+    return rows_;
 }
 
 void CsvLayer::AddHeader() {
-    if (writer_.HasRows()) writer_.EndRow();
+    if (!isFirst_) writer_.EndRow();
     writer_.AddText("Geometry");
     writer_.AddText("Feature");
     if (settings_.coords) writer_.AddText("Coords");
-    for (std::size_t i = 0; i < columns_.count(); ++i) writer_.AddText(columns_.name(i));
+    for (const std::string& name : columns_) writer_.AddText(name);
     if (!settings_.multiXYZ)
         writer_.AddText("");
     else if (settings_.latLng)
@@ -77,27 +61,23 @@ void CsvLayer::AddHeader() {
     writer_.EndRow();
 }
 
-std::uint64_t CsvLayer::AddRows(std::span<const std::uint32_t> entities) {
-    if (converter_) Convert(entities);
-    std::uint64_t rows = 0;
-    for (std::uint32_t index : entities) {
-        Entity entity = layer_.set.entity(index);
+void CsvLayer::AddRows(const LayerPart& part) {
+    if (converter_) Convert(part);
+    for (Entity entity : part.Entities()) {
         if (IsPoint(entity))
             AddPoint(entity);
         else if (entity.kindCode() == Kind::Polyline)
             AddPolyline(entity);
         else
             continue;
-        ++rows;
+        ++rows_;
     }
-    return rows;
 }
 
-void CsvLayer::Convert(std::span<const std::uint32_t> entities) {
+void CsvLayer::Convert(const LayerPart& part) {
     std::vector<PlanePoint> points;
     std::vector<double> heights;
-    for (std::uint32_t index : entities) {
-        Entity entity = layer_.set.entity(index);
+    for (Entity entity : part.Entities()) {
         if (!IsPoint(entity)) continue;
         drawing::Point at = entity.position();
         points.push_back({at.x, at.y});
@@ -168,9 +148,9 @@ void CsvLayer::AddValue(std::string_view value) {
 
 void CsvLayer::Report() {
     using enum config::LossReport::Kind;
-    std::uint64_t inNames = writer_.Replaced() - replacedBefore_;
+    std::uint64_t inNames = allReplaced_;
     for (std::size_t column = 0; column < replaced_.size(); ++column) {
-        session_.Losses().Count(Replaced, layer_.layer.name, columns_.name(column), replaced_[column]);
+        session_.Losses().Count(Replaced, layer_.layer.name, columns_[column], replaced_[column]);
         inNames -= replaced_[column];
     }
     session_.Losses().Count(Replaced, layer_.layer.name, "", inNames);

@@ -11,7 +11,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -20,12 +20,15 @@ namespace vexlator::exporter {
 /// The rows of one layer while they are written.
 class CsvLayer {
 public:
-    /// `converter` is there when points are to be in latitude and longitude, else null.
+    /// `converter` is there when points are to be in latitude and longitude, else null. `isFirst`: no other
+    /// layer stands before this one in the file.
     CsvLayer(config::Session& session, const CsvSettings& settings, coords::frmLatLng* converter,
-             const ExportLayer& layer, formats::CsvWriter& writer);
+             const ExportLayer& layer, formats::CsvWriter& writer, bool isFirst);
 
-    /// Writes the header and a row for each point, symbol and polyline. Returns how many rows.
-    std::uint64_t Write(ui::FormView& view);
+    /// Writes a row for each point, symbol and polyline, and the header before the first part.
+    void Write(const LayerPart& part);
+    /// Returns how many rows were written.
+    std::uint64_t Finish();
 
 private:
     /// A point as it is to be written.
@@ -36,9 +39,9 @@ private:
     };
 
     void AddHeader();
-    std::uint64_t AddRows(std::span<const std::uint32_t> entities);
+    void AddRows(const LayerPart& part);
     /// Makes `converted_` hold the points among the entities.
-    void Convert(std::span<const std::uint32_t> entities);
+    void Convert(const LayerPart& part);
     void AddPoint(drawing::Entity entity);
     void AddPolyline(drawing::Entity entity);
     void AddRow(std::string_view geometry, const formats::CsvCoordinates& coordinates,
@@ -52,12 +55,14 @@ private:
     coords::frmLatLng* converter_;
     const ExportLayer& layer_;
     formats::CsvWriter& writer_;
-    drawing::XProperties columns_;  ///< of the entity that has most
+    const std::vector<std::string>& columns_;  ///< names of the entity that has most
+    bool isFirst_, isBegun_ = false;
+    std::uint64_t rows_ = 0;
     std::vector<Converted> converted_;
     std::size_t nextConverted_ = 0;
     std::uint64_t unconverted_ = 0;
-    std::uint64_t replacedBefore_;         ///< characters replaced in the file before this layer
-    std::vector<std::uint64_t> replaced_;  ///< characters, by column
+    std::uint64_t allReplaced_ = 0;        ///< characters that the file's encoding lacks
+    std::vector<std::uint64_t> replaced_;  ///< those in values, by column
 };
 
 }  // namespace vexlator::exporter

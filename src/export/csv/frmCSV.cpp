@@ -4,6 +4,7 @@
 
 #include "coords/frmLatLng.h"
 #include "export/LayerLoop.h"
+#include "export/LayerTurns.h"
 #include "export/ProjectPrefix.h"
 #include "export/csv/CsvLayer.h"
 #include "export/csv/CsvSettings.h"
@@ -14,6 +15,7 @@
 #include "util/Text.h"
 
 #include <algorithm>
+#include <deque>
 #include <memory>
 #include <optional>
 #include <string>
@@ -26,20 +28,27 @@ namespace {
 /// The files of one export.
 class CsvFiles {
 public:
-    CsvFiles(const CsvSettings& settings, std::string_view folder, const std::string& baseName)
-        : settings_(settings), folder_(folder), single_(PathOf(baseName)) {}
-
-    /// Calls `write(CsvWriter&)` with the writer of the file that a layer goes to.
-    template <typename Write>
-    void ForLayer(const ExportLayer& layer, Write write) {
-        if (settings_.sepFiles) {
-            formats::CsvWriter writer(Add(PathOf(layer.fileName)), settings_.layout);
-            write(writer);
-            files_.FinishSoFar();
-        } else {
-            if (!writer_) writer_.emplace(Add(single_), settings_.layout);
-            write(*writer_);
+    CsvFiles(const CsvSettings& settings, std::string_view folder, const std::string& baseName,
+             const std::vector<ExportLayer>& layers)
+        : settings_(settings), folder_(folder), single_(PathOf(baseName)) {
+        if (settings.sepFiles) {
+            for (const ExportLayer& layer : layers)
+                writers_.emplace_back(Add(PathOf(layer.fileName)), settings.layout);
+        } else if (!layers.empty()) {
+            platform::OutputFile& file = Add(single_);
+            writers_.emplace_back(file, settings.layout);
+            turns_.emplace(file, single_, layers);
         }
+    }
+
+    formats::CsvWriter& WriterOf(std::size_t layer) { return writers_[settings_.sepFiles ? layer : 0]; }
+    bool IsFirstInFile(std::size_t layer) const { return settings_.sepFiles || layer == 0; }
+    /// To be called around what is written of a layer's part.
+    void Begin(std::size_t layer) {
+        if (turns_) writers_[0].GoOnIn(turns_->Begin(layer));
+    }
+    void End(const LayerPart& part) {
+        if (turns_) turns_->End(part);
     }
     void Commit() {
         files_.Commit();
@@ -61,26 +70,33 @@ private:
     std::string folder_, single_;
     platform::OutputSet files_;
     std::vector<std::string> paths_;
-    std::optional<formats::CsvWriter> writer_;
+    std::deque<formats::CsvWriter> writers_;
+    std::optional<LayerTurns> turns_;  ///< in the single file
 };
 
 }  // namespace
 
 config::Outcome frmCSV::Start(std::string_view drawingPath, std::string_view targetPath, int asc) {
-    OpenExport run(session_, "frmCSV", drawingPath, targetPath);
+    BegunExport run = BeginExport(session_, "frmCSV", drawingPath, targetPath);
     if (run.IsStopped()) return run.outcome;
     CsvSettings settings = ReadCsvSettings(session_, asc == 1 ? CsvFlavour::Asc : CsvFlavour::Csv);
     std::unique_ptr<coords::frmLatLng> converter;
     if (settings.latLng) converter = std::make_unique<coords::frmLatLng>(session_);
 
-    CsvFiles files(settings, targetPath, ProjectPrefix(session_) + util::BaseNameOf(drawingPath));
-    run.outcome.layers =
-        ForEachLayer(session_, run.drawing, *run.view, LayerZero::Skip, [&](const ExportLayer& layer) {
-            files.ForLayer(layer, [&](formats::CsvWriter& writer) {
-                run.outcome.features +=
-                    CsvLayer(session_, settings, converter.get(), layer, writer).Write(*run.view);
-            });
-        });
+    std::vector<ExportLayer> layers = FindLayers(run, LayerZero::Skip);
+    CsvFiles files(settings, targetPath, ProjectPrefix(session_) + util::BaseNameOf(drawingPath), layers);
+    std::deque<CsvLayer> blocks;
+    for (const ExportLayer& layer : layers)
+        blocks.emplace_back(session_, settings, converter.get(), layer, files.WriterOf(blocks.size()),
+                            files.IsFirstInFile(blocks.size()));
+    WriteLayers(
+        session_, run, layers,
+        [&](std::size_t layer, const LayerPart& part) {
+            files.Begin(layer);
+            blocks[layer].Write(part);
+            files.End(part);
+        },
+        [&](std::size_t layer) { return blocks[layer].Finish(); });
     files.Commit();
     if (session_.Settings().AutoLaunchExport)
         for (const std::string& path : files.Paths()) util::OpenDocument(path);

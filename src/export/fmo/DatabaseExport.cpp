@@ -88,12 +88,12 @@ DatabaseExport::DatabaseExport(config::Session& session, drawing::Drawing& drawi
 config::Outcome DatabaseExport::Run() {
     outcome_.target = folders_.target;
     ForEachLayer(session_, drawing_, view_, LayerZero::Skip,
-                 [&](const ExportLayer& layer) { AddTarget(layer); });
+                 [&](const WholeLayer& layer) { AddTarget(layer); });
     if (outcome_.status == config::Outcome::Status::Done && !databases_.OpenAll())
         outcome_.status = config::Outcome::Status::Failed;
     if (outcome_.status != config::Outcome::Status::Done) return outcome_;
     ForEachLayer(session_, drawing_, view_, LayerZero::Skip,
-                 [&](const ExportLayer& layer) { ExportLayerRows(layer); });
+                 [&](const WholeLayer& layer) { ExportLayerRows(layer); });
     files_.Finish();
     try {
         databases_.Commit();
@@ -105,7 +105,7 @@ config::Outcome DatabaseExport::Run() {
     return outcome_;
 }
 
-void DatabaseExport::AddTarget(const ExportLayer& layer) {
+void DatabaseExport::AddTarget(const WholeLayer& layer) {
     if (!HasKind(layer.set, {Kind::Point, Kind::Insert, Kind::Polyline})) return;
     LayerTarget target = TargetOf(layer);
     if (!IsComplete(target.definition)) {
@@ -116,7 +116,7 @@ void DatabaseExport::AddTarget(const ExportLayer& layer) {
     targets_.emplace(layer.layer.name, std::move(target));
 }
 
-void DatabaseExport::ExportLayerRows(const ExportLayer& layer) {
+void DatabaseExport::ExportLayerRows(const WholeLayer& layer) {
     auto found = targets_.find(layer.layer.name);
     if (found == targets_.end()) return;
     const FmoDefinition& definition = found->second.definition;
@@ -128,7 +128,7 @@ void DatabaseExport::ExportLayerRows(const ExportLayer& layer) {
     }
 }
 
-DatabaseExport::LayerTarget DatabaseExport::TargetOf(const ExportLayer& layer) const {
+DatabaseExport::LayerTarget DatabaseExport::TargetOf(const WholeLayer& layer) const {
     std::string prefix = ProjectPrefix(session_);
     std::string own = util::JoinPath(folders_.target, util::SafeFileName(prefix + layer.fileName) + ".FMO");
     std::string shared = util::JoinPath(folders_.existing, layer.fileName + ".FMO");
@@ -154,7 +154,7 @@ DatabaseExport::LayerTarget DatabaseExport::TargetOf(const ExportLayer& layer) c
     return target;
 }
 
-FmoDefinition DatabaseExport::NewDefinition(const ExportLayer& layer, const std::string& prefix) const {
+FmoDefinition DatabaseExport::NewDefinition(const WholeLayer& layer, const std::string& prefix) const {
     std::vector<AtpField> fields = drawing::ReadAtpFields(TemplateFor(session_, layer));
     FmoDefinition definition;
     definition.database = folders_.database;
@@ -171,7 +171,7 @@ FmoDefinition DatabaseExport::NewDefinition(const ExportLayer& layer, const std:
 
 /// The fields of the code's template. Where there is none, one is written from the table, or else from the
 /// layer.
-std::vector<AtpField> DatabaseExport::FieldsOf(const ExportLayer& layer, const FmoDefinition& definition,
+std::vector<AtpField> DatabaseExport::FieldsOf(const WholeLayer& layer, const FmoDefinition& definition,
                                                database::Connection& connection) {
     std::string path = drawing::AtpPathFor(session_, layer.layer.name);
     if (util::FileSize(path) == 0)
@@ -180,7 +180,7 @@ std::vector<AtpField> DatabaseExport::FieldsOf(const ExportLayer& layer, const F
     return drawing::ReadAtpFields(TemplateFor(session_, layer));
 }
 
-void DatabaseExport::WriteRows(const ExportLayer& layer, const LayerTarget& target) {
+void DatabaseExport::WriteRows(const WholeLayer& layer, const LayerTarget& target) {
     place_.clear();
     ExportDatabases::Open& open = databases_.Named(target.databaseName);
     FeatureColumns columns(target.definition, FieldsOf(layer, target.definition, *open.connection),
@@ -211,10 +211,12 @@ void DatabaseExport::WriteRows(const ExportLayer& layer, const LayerTarget& targ
 config::Outcome ExportToDatabase(config::Session& session, std::string_view form,
                                  std::string_view drawingPath, std::string_view targetPath,
                                  const std::function<DefinitionFolders()>& folders) {
-    OpenExport run(session, form, drawingPath, targetPath);
+    BegunExport run = BeginExport(session, form, drawingPath, targetPath);
     if (run.IsStopped()) return run.outcome;
-    drawing::ApplyFeatureChanges(session, run.drawing, "");
-    return DatabaseExport(session, run.drawing, folders(), *run.view).Run();
+    drawing::Drawing drawing;
+    OpenWhole(run, drawingPath, drawing);
+    drawing::ApplyFeatureChanges(session, drawing, "");
+    return DatabaseExport(session, drawing, folders(), *run.view).Run();
 }
 
 std::string JobDatabaseName(const config::Session& session, std::string_view drawingPath) {

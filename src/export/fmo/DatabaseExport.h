@@ -45,14 +45,14 @@ private:
         std::string databaseName;  ///< in databases_
     };
 
-    void AddTarget(const ExportLayer& layer);
-    LayerTarget TargetOf(const ExportLayer& layer) const;
-    void ExportLayerRows(const ExportLayer& layer);
-    database::FmoDefinition NewDefinition(const ExportLayer& layer, const std::string& prefix) const;
-    std::vector<drawing::AtpField> FieldsOf(const ExportLayer& layer,
+    void AddTarget(const WholeLayer& layer);
+    LayerTarget TargetOf(const WholeLayer& layer) const;
+    void ExportLayerRows(const WholeLayer& layer);
+    database::FmoDefinition NewDefinition(const WholeLayer& layer, const std::string& prefix) const;
+    std::vector<drawing::AtpField> FieldsOf(const WholeLayer& layer,
                                             const database::FmoDefinition& definition,
                                             database::Connection& connection);
-    void WriteRows(const ExportLayer& layer, const LayerTarget& target);
+    void WriteRows(const WholeLayer& layer, const LayerTarget& target);
 
     config::Session& session_;
     drawing::Drawing& drawing_;

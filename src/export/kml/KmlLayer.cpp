@@ -42,23 +42,20 @@ KmlLayer::KmlLayer(config::Session& session, const KmlSettings& settings, coords
                    const ExportLayer& layer, formats::KmlWriter& writer)
     : session_(session), settings_(settings), converter_(converter), layer_(layer), writer_(writer) {}
 
-std::uint64_t KmlLayer::Write(ui::FormView& view) {
-    std::uint64_t done = 0, placemarks = 0;
-    for (std::uint32_t index : layer_.set.indexes()) {
-        Gather(layer_.set.entity(index));
-        if (points_.size() >= batchPoints || items_.size() >= batchPoints) {
-            placemarks += items_.size();
-            WriteBatch();
-        }
-        view.Progress(++done, layer_.set.count());
+void KmlLayer::Write(const LayerPart& part) {
+    for (Entity entity : part.Entities()) {
+        Gather(entity);
+        if (points_.size() >= batchPoints || items_.size() >= batchPoints) WriteBatch();
     }
-    placemarks += items_.size();
     WriteBatch();
+}
+
+std::uint64_t KmlLayer::Finish() {
     if (unplaced_ > 0)
         session_.Ui().Report(
             layer_.layer.name + ": " + util::GroupedCount(unplaced_) +
             " placemarks have no place, because the coordinate conversion does not cover it");
-    return placemarks;
+    return placemarks_;
 }
 
 void KmlLayer::Gather(Entity entity) {
@@ -106,6 +103,7 @@ void KmlLayer::WriteBatch() {
         writer_.EndPlacemark();
         begin += item.positions;
     }
+    placemarks_ += items_.size();
     items_.clear();
     points_.clear();
     heights_.clear();

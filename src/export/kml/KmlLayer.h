@@ -28,8 +28,9 @@ public:
     KmlLayer(config::Session& session, const KmlSettings& settings, coords::frmLatLng& converter,
              const ExportLayer& layer, formats::KmlWriter& writer);
 
-    /// Returns how many placemarks.
-    std::uint64_t Write(ui::FormView& view);
+    void Write(const LayerPart& part);
+    /// Returns how many placemarks were written.
+    std::uint64_t Finish();
 
 private:
     /// One entity of a batch whose positions are gathered to be converted at once.
@@ -56,7 +57,7 @@ private:
     std::vector<Item> items_;
     std::vector<util::PlanePoint> points_;
     std::vector<double> heights_;
-    std::uint64_t unplaced_ = 0;
+    std::uint64_t placemarks_ = 0, unplaced_ = 0;
 };
 
 }  // namespace vexlator::exporter

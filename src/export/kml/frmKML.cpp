@@ -4,6 +4,7 @@
 
 #include "coords/frmLatLng.h"
 #include "export/LayerLoop.h"
+#include "export/LayerTurns.h"
 #include "export/kml/KmlLayer.h"
 #include "export/kml/PhotoNames.h"
 #include "export/kml/Thumbnails.h"
@@ -13,7 +14,9 @@
 #include "util/Paths.h"
 #include "util/Programs.h"
 
+#include <deque>
 #include <string>
+#include <vector>
 
 namespace vexlator::exporter {
 
@@ -36,19 +39,29 @@ KmlSettings ReadSettings(const config::Session& session, std::string_view target
 }  // namespace
 
 config::Outcome frmKML::Start(std::string_view drawingPath, std::string_view targetPath) {
-    OpenExport run(session_, "frmKML", drawingPath, targetPath);
+    BegunExport run = BeginExport(session_, "frmKML", drawingPath, targetPath);
     if (run.IsStopped()) return run.outcome;
     std::string name = util::BaseNameOf(drawingPath);
     run.outcome.target = util::JoinPath(targetPath, name + ".KML");
     KmlSettings settings = ReadSettings(session_, targetPath);
     if (settings.web) MakeThumbnails(session_, targetPath);
     coords::frmLatLng converter(session_);
+    std::vector<ExportLayer> layers = FindLayers(run, LayerZero::Skip);
     platform::OutputFile file(run.outcome.target);
     formats::KmlWriter writer(file, name, converter.HeightDecimals());
-    run.outcome.layers =
-        ForEachLayer(session_, run.drawing, *run.view, LayerZero::Skip, [&](const ExportLayer& layer) {
-            run.outcome.features += KmlLayer(session_, settings, converter, layer, writer).Write(*run.view);
-        });
+    LayerTurns turns(file, run.outcome.target, layers);
+    std::deque<KmlLayer> placemarks;
+    for (const ExportLayer& layer : layers)
+        placemarks.emplace_back(session_, settings, converter, layer, writer);
+    WriteLayers(
+        session_, run, layers,
+        [&](std::size_t layer, const LayerPart& part) {
+            writer.GoOnIn(turns.Begin(layer));
+            placemarks[layer].Write(part);
+            turns.End(part);
+        },
+        [&](std::size_t layer) { return placemarks[layer].Finish(); });
+    writer.GoOnIn(file);
     if (run.outcome.features > 0 && writer.Geometries() == 0) {
         session_.Ui().ShowMessage(platform::NativePath(run.outcome.target) +
                                   ": not written, because none of its placemarks would have a place");

@@ -75,7 +75,7 @@ std::string MeterGridReference(const drawing::Point& position) {
     return util::ZeroPadded(CutToWhole(position.x), 6) + util::ZeroPadded(CutToWhole(position.y), 6);
 }
 
-std::uint64_t WriteMeterReadings(config::Session& session, const ExportLayer& layer,
+std::uint64_t WriteMeterReadings(config::Session& session, const WholeLayer& layer,
                                  std::string_view drawingName, platform::OutputFile& file) {
     MeterLines lines(session, layer.layer.name, file);
     lines.Header(drawingName, layer.set.count());

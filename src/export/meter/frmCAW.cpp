@@ -19,11 +19,13 @@ constexpr std::string_view meterLayer = "METER";
 }  // namespace
 
 config::Outcome frmCAW::Start(std::string_view drawingPath, std::string_view targetPath) {
-    OpenExport run(session_, "frmCAW", drawingPath, targetPath);
+    BegunExport run = BeginExport(session_, "frmCAW", drawingPath, targetPath);
     if (run.IsStopped()) return run.outcome;
+    drawing::Drawing drawing;
+    OpenWhole(run, drawingPath, drawing);
     std::string name = util::BaseNameOf(drawingPath);
     std::string path = util::JoinPath(targetPath, name + ".TXT");
-    ForEachLayer(session_, run.drawing, *run.view, LayerZero::Skip, [&](const ExportLayer& layer) {
+    ForEachLayer(session_, drawing, *run.view, LayerZero::Skip, [&](const WholeLayer& layer) {
         if (!platform::SameNoCase(layer.layer.name, meterLayer)) return;
         platform::OutputFile file(path);
         run.outcome.features = WriteMeterReadings(session_, layer, name, file);

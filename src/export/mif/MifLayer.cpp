@@ -66,19 +66,18 @@ MifLayer::MifLayer(config::Session& session, const MifSettings& settings, const 
       columns_(ColumnsOf(session, layer, settings.strict)),
       writer_(MakeWriter(settings, layer, columns_, util::JoinPath(targetPath, layer.fileName), files)) {}
 
-std::uint64_t MifLayer::Write(ui::FormView& view) {
-    std::uint64_t done = 0, objects = 0;
-    for (std::uint32_t index : layer_.set.indexes()) {
-        Entity entity = layer_.set.entity(index);
-        if (AddObject(entity)) {
-            AddRow(entity);
-            ++objects;
-            if (!IsComplete(entity)) ++incomplete_;
-        }
-        view.Progress(++done, layer_.set.count());
+void MifLayer::Write(const LayerPart& part) {
+    for (Entity entity : part.Entities()) {
+        if (!AddObject(entity)) continue;
+        AddRow(entity);
+        ++objects_;
+        if (!IsComplete(entity)) ++incomplete_;
     }
-    Report(objects);
-    return objects;
+}
+
+std::uint64_t MifLayer::Finish() {
+    Report();
+    return objects_;
 }
 
 bool MifLayer::IsComplete(Entity entity) const {
@@ -123,9 +122,9 @@ void MifLayer::AddRow(Entity entity) {
     writer_.EndRow();
 }
 
-void MifLayer::Report(std::uint64_t objects) {
+void MifLayer::Report() {
     if (incomplete_ == 0 || settings_.strict) return;
-    session_.Ui().Report(layer_.layer.name + ": of " + util::GroupedCount(objects) + " objects " +
+    session_.Ui().Report(layer_.layer.name + ": of " + util::GroupedCount(objects_) + " objects " +
                          util::GroupedCount(incomplete_) +
                          " have fewer values than there are columns, or fewer than two vertices; programs "
                          "that stop there need [MID] Strict=1");

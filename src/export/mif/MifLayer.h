@@ -35,9 +35,10 @@ public:
     MifLayer(config::Session& session, const MifSettings& settings, const ExportLayer& layer,
              std::string_view targetPath, platform::OutputSet& files);
 
-    /// Writes the entities; those that are no point, symbol, circle or polyline are left out. Returns how
-    /// many objects.
-    std::uint64_t Write(ui::FormView& view);
+    /// Writes entities; those that are no point, symbol, circle or polyline are left out.
+    void Write(const LayerPart& part);
+    /// Returns how many objects were written.
+    std::uint64_t Finish();
 
 private:
     /// Whether strict readers take the entity's object and row as they are.
@@ -46,14 +47,14 @@ private:
     bool AddObject(drawing::Entity entity);
     void AddPolyline(drawing::Entity entity);
     void AddRow(drawing::Entity entity);
-    void Report(std::uint64_t objects);
+    void Report();
 
     config::Session& session_;
     const MifSettings& settings_;
     const ExportLayer& layer_;
     std::vector<formats::MifColumn> columns_;
     formats::MifWriter writer_;
-    std::uint64_t incomplete_ = 0;  ///< of the objects
+    std::uint64_t objects_ = 0, incomplete_ = 0;  ///< the latter are some of the objects
 };
 
 }  // namespace vexlator::exporter

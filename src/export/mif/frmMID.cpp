@@ -7,7 +7,7 @@
 #include "platform/OutputSet.h"
 #include "util/Paths.h"
 
-#include <memory>
+#include <deque>
 
 namespace vexlator::exporter {
 
@@ -24,15 +24,16 @@ MifSettings ReadSettings(const config::Session& session) {
 }  // namespace
 
 config::Outcome frmMID::Start(std::string_view drawingPath, std::string_view targetPath) {
-    OpenExport run(session_, "frmMID", drawingPath, targetPath);
+    BegunExport run = BeginExport(session_, "frmMID", drawingPath, targetPath);
     if (run.IsStopped()) return run.outcome;
     MifSettings settings = ReadSettings(session_);
     platform::OutputSet files;
-    run.outcome.layers =
-        ForEachLayer(session_, run.drawing, *run.view, LayerZero::Skip, [&](const ExportLayer& layer) {
-            run.outcome.features += MifLayer(session_, settings, layer, targetPath, files).Write(*run.view);
-            files.FinishSoFar();
-        });
+    std::vector<ExportLayer> layers = FindLayers(run, LayerZero::Skip);
+    std::deque<MifLayer> pairs;
+    for (const ExportLayer& layer : layers) pairs.emplace_back(session_, settings, layer, targetPath, files);
+    WriteLayers(
+        session_, run, layers, [&](std::size_t layer, const LayerPart& part) { pairs[layer].Write(part); },
+        [&](std::size_t layer) { return pairs[layer].Finish(); });
     files.Commit();
     session_.Ui().Settle(1);
     return run.outcome;

@@ -55,6 +55,26 @@ std::string CsvField(std::string_view text) {
     return quoted;
 }
 
+PhotoPaths PathsFor(const PhotoSettings& settings) {
+    if (!settings.falseTarget.empty()) return {settings.falseTarget, PhotoPaths::Form::AsWritten};
+    if (settings.fullPath) return {platform::AbsolutePath(settings.target), PhotoPaths::Form::Native};
+    return {};
+}
+
+/// Calls `visit(attributes, index)` for the values of an entity that name photographs.
+template <typename Visit>
+void ForEachPhoto(const drawing::Entity& entity, Visit visit) {
+    drawing::Kind kind = entity.kindCode();
+    if (kind != drawing::Kind::Insert && kind != drawing::Kind::Point && kind != drawing::Kind::Polyline)
+        return;
+    std::vector<std::size_t> found;
+    drawing::ValueCursor values = entity.xproperties().values();
+    for (std::size_t i = 0; !values.AtEnd(); ++i)
+        if (NamesPhoto(values.Next())) found.push_back(i);
+    // Changing a value ends the walk over them, so that visits come after it.
+    for (std::size_t index : found) visit(entity.xproperties(), index);
+}
+
 /// Gathers the photos of one drawing.
 class Gathering {
 public:
@@ -63,22 +83,18 @@ public:
           settings_(std::move(settings)),
           source_(settings_.source),
           target_(settings_.target),
-          fullTarget_(platform::NativePath(platform::AbsolutePath(settings_.target))) {
+          fullTarget_(platform::AbsolutePath(settings_.target), PhotoPaths::Form::Native),
+          paths_(PathsFor(settings_)) {
         if (platform::RealPath(settings_.target) == source_.Root()) settings_.copy = false;
     }
 
-    void Visit(drawing::Entity entity) {
-        drawing::Kind kind = entity.kindCode();
-        if (kind != drawing::Kind::Insert && kind != drawing::Kind::Point && kind != drawing::Kind::Polyline)
-            return;
-        found_.clear();
-        drawing::ValueCursor values = entity.xproperties().values();
-        for (std::size_t i = 0; !values.AtEnd(); ++i)
-            if (NamesPhoto(values.Next())) found_.push_back(i);
-        // Changing a value ends the walk over them, so that the changes come after it.
-        for (std::size_t index : found_) Gather(entity.xproperties(), index);
+    void Visit(const drawing::Entity& entity) {
+        ForEachPhoto(entity, [&](const drawing::XProperties& properties, std::size_t index) {
+            Gather(properties, index);
+        });
     }
 
+    const PhotoPaths& Paths() const { return paths_; }
     const std::string& List() const { return list_; }
 
 private:
@@ -88,17 +104,11 @@ private:
         if (!IsCopied(value))
             session_.Settings().MissingPhotos += value + " missing from " + std::string(first) + "\r\n";
         else if (settings_.list)
-            list_ += CsvField(first) + "," + CsvField(FullPath(value)) + "\r\n";
-        if (settings_.fullPath) properties.item(index).setValue(FullPath(value));
-        if (!settings_.falseTarget.empty()) {
-            std::string text = util::JoinPath(settings_.falseTarget, value);
-            properties.item(index).setValue(text);
-            session_.DebugMessage(text);
-        }
-    }
-
-    std::string FullPath(std::string_view value) const {
-        return platform::NativePath(util::JoinPath(fullTarget_, value));
+            list_ += CsvField(first) + "," + CsvField(fullTarget_.PathOf(value)) + "\r\n";
+        if (!paths_.AreChanged()) return;
+        std::string path = paths_.PathOf(value);
+        properties.item(index).setValue(path);
+        if (!settings_.falseTarget.empty()) session_.DebugMessage(path);
     }
 
     /// Whether the photo lies in the target folder now. Each is looked for once, whoever names it.
@@ -123,9 +133,9 @@ private:
     PhotoSettings settings_;
     PhotoSource source_;
     PhotoTarget target_;
-    std::string fullTarget_;  ///< the target folder as written into features and the list
+    PhotoPaths fullTarget_;  ///< as the list has them
+    PhotoPaths paths_;       ///< as features get them
     std::unordered_map<std::string, bool> copied_;
-    std::vector<std::size_t> found_;
     std::string list_;
 };
 
@@ -164,17 +174,37 @@ void ReadJobSource(config::Session& session,
     if (!below.empty()) settings.JobRelativePath = below;
 }
 
-void GatherPhotos(config::Session& session, drawing::Drawing& drawing, std::string_view sourceFolder,
-                  std::string_view listName, std::string_view targetFolder) {
+std::string PhotoPaths::PathOf(std::string_view value) const {
+    std::string path = util::JoinPath(folder_, value);
+    return form_ == Form::Native ? platform::NativePath(path) : path;
+}
+
+void PhotoPaths::ApplyTo(drawing::Drawing& drawing) const {
+    if (!AreChanged()) return;
+    drawing.forEach([&](const drawing::Entity& entity) {
+        ForEachPhoto(entity, [&](const drawing::XProperties& properties, std::size_t index) {
+            drawing::XProperty property = properties.item(index);
+            property.setValue(PathOf(property.value()));
+        });
+    });
+}
+
+PhotoPaths GatherPhotos(config::Session& session, drawing::DrawingFile& drawing,
+                        std::string_view sourceFolder, std::string_view listName,
+                        std::string_view targetFolder) {
     PhotoSettings settings = ReadPhotoSettings(session, sourceFolder, targetFolder);
-    if (settings.source.empty()) return;
+    if (settings.source.empty()) return {};
+    drawing.ForEachChunk([](const drawing::Drawing&) {});
     util::MakeFolder(targetFolder);
     session.Settings().MissingPhotos.clear();
     Gathering gathering(session, settings);
-    drawing.forEach([&](drawing::Entity entity) { gathering.Visit(entity); });
+    drawing.ForEachChunk([&](drawing::Drawing& chunk) {
+        chunk.forEach([&](const drawing::Entity& entity) { gathering.Visit(entity); });
+    });
     if (settings.list)
         WritePhotoList(util::JoinPath(targetFolder, util::SafeFileName(std::string(listName) + ".CSV")),
                        gathering.List());
+    return gathering.Paths();
 }
 
 }  // namespace vexlator::exporter

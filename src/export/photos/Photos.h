@@ -3,7 +3,7 @@
 #pragma once
 
 #include "config/Session.h"
-#include "drawing/Drawing.h"
+#include "drawing/DrawingFile.h"
 
 #include <string>
 #include <string_view>
@@ -21,19 +21,40 @@ void ReadJobSource(config::Session& session,
 /// Whether an attribute value names a photograph: it holds .JPG or .BMP, in any letter case.
 bool NamesPhoto(std::string_view value);
 
+/// What becomes of attribute values that name photographs.
+class PhotoPaths {
+public:
+    enum class Form { Unchanged, Native, AsWritten };
+
+    /// Values stay as they are.
+    PhotoPaths() = default;
+    /// They become paths below `folder`.
+    PhotoPaths(std::string folder, Form form) : folder_(std::move(folder)), form_(form) {}
+
+    bool AreChanged() const { return form_ != Form::Unchanged; }
+    std::string PathOf(std::string_view value) const;
+    /// Changes the values of a drawing or of a chunk of one.
+    void ApplyTo(drawing::Drawing& drawing) const;
+
+private:
+    std::string folder_;
+    Form form_ = Form::Unchanged;
+};
+
 /// Copies the photographs that the drawing's points, symbols and lines name in their attributes from
 /// `sourceFolder` to `targetFolder`, as section PHOTO of gv.ini directs:
 ///   FixedExport, FixedExportFolder   copy to that folder instead
 ///   FIXEDSOURCE                      take them from that folder instead
 ///   DontCopy                         copy nothing: all count as missing
-///   FullPath                         values become the full paths of the copies (in memory)
-///   FALSETARGET                      values become paths below that folder (in memory)
+///   FullPath                         values are to become the full paths of the copies
+///   FALSETARGET                      values are to become paths below that folder
 /// With [THIRD] SSE the copies are listed in `listName`.CSV in the target folder: the feature's first
 /// attribute value and the copy's path. MissingPhotos gets one line for every value whose photo is missing,
 /// empty, unreadable, or outside the source folder, which is never touched. Nothing is done without a source
-/// folder.
-/// @throws platform::WriteError
-void GatherPhotos(config::Session& session, drawing::Drawing& drawing, std::string_view sourceFolder,
-                  std::string_view listName, std::string_view targetFolder);
+/// folder. Returns what the values are to become.
+/// @throws platform::ReadError for a damaged drawing, before anything is copied; platform::WriteError
+PhotoPaths GatherPhotos(config::Session& session, drawing::DrawingFile& drawing,
+                        std::string_view sourceFolder, std::string_view listName,
+                        std::string_view targetFolder);
 
 }  // namespace vexlator::exporter

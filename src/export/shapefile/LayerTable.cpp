@@ -6,8 +6,6 @@
 #include "export/LayerEncoding.h"
 #include "util/Text.h"
 
-#include <algorithm>
-
 namespace vexlator::exporter {
 
 using formats::DbfColumn;
@@ -27,15 +25,6 @@ std::vector<DbfColumn> ColumnsOf(config::Session& session, const ExportLayer& la
     return columns;
 }
 
-/// How many entities of the layer a shapefile takes.
-std::uint64_t RecordsOf(const ExportLayer& layer) {
-    return static_cast<std::uint64_t>(std::ranges::count_if(layer.set.indexes(), [&](std::uint32_t index) {
-        drawing::Kind kind = layer.set.entity(index).kindCode();
-        return kind == drawing::Kind::Point || kind == drawing::Kind::Insert ||
-               kind == drawing::Kind::Polyline;
-    }));
-}
-
 /// Makes the .CPG as well: both must tell the same.
 DbfWriter MakeWriter(config::Session& session, const ExportLayer& layer, const std::string& basePath,
                      platform::OutputSet& files) {
@@ -44,7 +33,7 @@ DbfWriter MakeWriter(config::Session& session, const ExportLayer& layer, const s
     for (const DbfColumn& column : columns) names.push_back(column.name);
     DbfWriter::Encoding encoding = EncodingFor(layer, names);
     files.Add(basePath + ".CPG").Write(encoding == DbfWriter::Encoding::Utf8 ? "UTF-8" : "1252");
-    return {files.Add(basePath + ".DBF"), std::move(columns), encoding, RecordsOf(layer)};
+    return {files.Add(basePath + ".DBF"), std::move(columns), encoding, layer.pointsAndLines};
 }
 
 }  // namespace

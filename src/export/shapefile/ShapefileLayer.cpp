@@ -36,14 +36,15 @@ ShapefileLayer::ShapefileLayer(config::Session& session, const ShapefileSettings
               files.Add(util::JoinPath(targetPath, layer.fileName + ".SHX"))),
       table_(session, layer, settings.suppressNA, util::JoinPath(targetPath, layer.fileName), files) {}
 
-std::uint64_t ShapefileLayer::Write(ui::FormView& view) {
-    std::uint64_t done = 0;
-    for (std::uint32_t index : layer_.set.indexes()) {
-        Gather(layer_.set.entity(index));
-        if (points_.size() >= batchPoints || items_.size() >= batchPoints) WriteBatch();
-        view.Progress(++done, layer_.set.count());
+void ShapefileLayer::Write(const LayerPart& part) {
+    for (Entity entity : part.Entities()) {
+        Gather(entity);
+        if (points_.size() >= batchPoints) WriteBatch();
     }
     WriteBatch();
+}
+
+std::uint64_t ShapefileLayer::Finish() {
     shapes_.Finish();
     table_.Finish();
     Report();

@@ -32,9 +32,10 @@ public:
     ShapefileLayer(config::Session& session, const ShapefileSettings& settings, coords::frmLatLng* converter,
                    const ExportLayer& layer, std::string_view targetPath, platform::OutputSet& files);
 
-    /// Writes the entities; those that are no point, symbol or polyline are left out. Returns how many
-    /// records.
-    std::uint64_t Write(ui::FormView& view);
+    /// Writes entities; those that are no point, symbol or polyline are left out.
+    void Write(const LayerPart& part);
+    /// Ends the files. Returns how many records they hold.
+    std::uint64_t Finish();
 
 private:
     /// One entity of a batch whose coordinates are gathered to be converted at once.

@@ -9,6 +9,7 @@
 #include "util/Files.h"
 #include "util/Paths.h"
 
+#include <deque>
 #include <memory>
 
 namespace vexlator::exporter {
@@ -34,7 +35,7 @@ std::string ReadProjection(const config::Session& session, const std::string& na
 }  // namespace
 
 config::Outcome frmSHP::Start(std::string_view drawingPath, std::string_view targetPath) {
-    OpenExport run(session_, "frmSHP", drawingPath, targetPath);
+    BegunExport run = BeginExport(session_, "frmSHP", drawingPath, targetPath);
     if (run.IsStopped()) return run.outcome;
     ShapefileSettings settings = ReadSettings(session_);
     std::string projection = ReadProjection(session_, settings.projection);
@@ -42,14 +43,17 @@ config::Outcome frmSHP::Start(std::string_view drawingPath, std::string_view tar
     if (settings.latLng) converter = std::make_unique<coords::frmLatLng>(session_);
 
     platform::OutputSet files;
-    run.outcome.layers =
-        ForEachLayer(session_, run.drawing, *run.view, LayerZero::Export, [&](const ExportLayer& layer) {
-            ShapefileLayer shapefile(session_, settings, converter.get(), layer, targetPath, files);
-            run.outcome.features += shapefile.Write(*run.view);
-            if (!projection.empty())
-                files.Add(util::JoinPath(targetPath, layer.fileName + ".PRJ")).Write(projection);
-            files.FinishSoFar();
-        });
+    std::vector<ExportLayer> layers = FindLayers(run, LayerZero::Export);
+    std::deque<ShapefileLayer> shapefiles;
+    for (const ExportLayer& layer : layers) {
+        shapefiles.emplace_back(session_, settings, converter.get(), layer, targetPath, files);
+        if (!projection.empty())
+            files.Add(util::JoinPath(targetPath, layer.fileName + ".PRJ")).Write(projection);
+    }
+    WriteLayers(
+        session_, run, layers,
+        [&](std::size_t layer, const LayerPart& part) { shapefiles[layer].Write(part); },
+        [&](std::size_t layer) { return shapefiles[layer].Finish(); });
     files.Commit();
     return run.outcome;
 }

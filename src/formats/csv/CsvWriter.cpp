@@ -32,16 +32,16 @@ bool MayRun(std::string_view text) {
 }  // namespace
 
 CsvWriter::CsvWriter(platform::OutputFile& file, const CsvLayout& layout)
-    : file_(file),
+    : file_(&file),
       layout_(layout),
       encoder_(layout.byteOrderMark ? TextEncoding::Utf8 : TextEncoding::Windows1252) {
-    if (layout.byteOrderMark) file_.Write(byteOrderMark);
+    if (layout.byteOrderMark) file_->Write(byteOrderMark);
 }
 
 void CsvWriter::BeginField() {
     if (rowBegun_) {
-        *file_.Reserve(1) = layout_.separator;
-        file_.Advance(1);
+        *file_->Reserve(1) = layout_.separator;
+        file_->Advance(1);
     }
     rowBegun_ = true;
 }
@@ -73,7 +73,7 @@ void CsvWriter::Write(std::string_view text) {
         std::replace(written_.begin(), written_.end(), ',', layout_.separator);
         text = written_;
     }
-    file_.Write(text);
+    file_->Write(text);
 }
 
 void CsvWriter::AddText(std::string_view text) {
@@ -96,14 +96,14 @@ void CsvWriter::AddHyperlink(std::string_view target) {
 
 void CsvWriter::AddPosition(const util::PlanePoint& point, double height, const CsvCoordinates& as,
                             char between) {
-    char* begin = file_.Reserve(3 * util::longestFixed + 3);
+    char* begin = file_->Reserve(3 * util::longestFixed + 3);
     char* out = util::WriteFixed(begin, point.x, as.decimals);
     *out++ = between;
     out = util::WriteFixed(out, point.y, as.decimals);
     *out++ = between;
     out = util::WriteFixed(out, height, heightDecimals);
     if (as.list) *out++ = ':';
-    file_.Advance(static_cast<std::size_t>(out - begin));
+    file_->Advance(static_cast<std::size_t>(out - begin));
 }
 
 void CsvWriter::AddCoordinates(const CsvCoordinates& coordinates, bool spread) {
@@ -116,9 +116,8 @@ void CsvWriter::AddCoordinates(const CsvCoordinates& coordinates, bool spread) {
 }
 
 void CsvWriter::EndRow() {
-    file_.Write("\r\n");
+    file_->Write("\r\n");
     rowBegun_ = false;
-    hasRows_ = true;
 }
 
 }  // namespace vexlator::formats

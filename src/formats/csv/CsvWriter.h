@@ -43,8 +43,8 @@ public:
     void AddCoordinates(const CsvCoordinates& coordinates, bool spread);
     void EndRow();
 
-    /// Whether any row has been written.
-    bool HasRows() const { return hasRows_; }
+    /// What comes next goes to another file.
+    void GoOnIn(platform::OutputFile& file) { file_ = &file; }
     /// Characters replaced so far, because the file's encoding lacks them.
     std::uint64_t Replaced() const { return encoder_.Replaced(); }
 
@@ -55,11 +55,11 @@ private:
     /// Puts a ' before what a spreadsheet would run.
     std::string_view MadeSafe(std::string_view text, bool isFormula);
 
-    platform::OutputFile& file_;
+    platform::OutputFile* file_;
     CsvLayout layout_;
     TextEncoder encoder_;
     std::string formula_, safe_, written_;
-    bool rowBegun_ = false, hasRows_ = false;
+    bool rowBegun_ = false;
 };
 
 }  // namespace vexlator::formats

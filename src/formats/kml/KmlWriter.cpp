@@ -70,53 +70,53 @@ char* WriteHeight(char* out, double height, std::optional<int> decimals) {
 
 KmlWriter::KmlWriter(platform::OutputFile& file, std::string_view documentName,
                      std::optional<int> heightDecimals)
-    : file_(file), heightDecimals_(heightDecimals) {
-    file_.Write(documentBegin);
-    WriteXmlText(file_, documentName);
-    file_.Write(documentHead);
+    : file_(&file), heightDecimals_(heightDecimals) {
+    file_->Write(documentBegin);
+    WriteXmlText(*file_, documentName);
+    file_->Write(documentHead);
 }
 
 void KmlWriter::BeginPlacemark(std::string_view name) {
-    file_.Write(" <Placemark>\r\n  <name>");
-    WriteXmlText(file_, name);
-    file_.Write("</name>\r\n<description><![CDATA[\r\n<table border=\"0\">\r\n");
+    file_->Write(" <Placemark>\r\n  <name>");
+    WriteXmlText(*file_, name);
+    file_->Write("</name>\r\n<description><![CDATA[\r\n<table border=\"0\">\r\n");
 }
 
 std::uint64_t KmlWriter::AddValue(std::string_view value) {
-    file_.Write("<tr><td>");
-    std::uint64_t replaced = WriteXmlText(file_, value);
-    file_.Write("</td></tr>\r\n");
+    file_->Write("<tr><td>");
+    std::uint64_t replaced = WriteXmlText(*file_, value);
+    file_->Write("</td></tr>\r\n");
     return replaced;
 }
 
 void KmlWriter::AddImage(std::string_view address) {
-    file_.Write("<tr><td><img src = \"");
-    WriteXmlText(file_, address);
-    file_.Write("\" width=\"240\" height=\"180\"></img></td></tr>\r\n");
+    file_->Write("<tr><td><img src = \"");
+    WriteXmlText(*file_, address);
+    file_->Write("\" width=\"240\" height=\"180\"></img></td></tr>\r\n");
 }
 
 void KmlWriter::EndDescription(std::string_view fullSize) {
-    file_.Write("</table>\r\n");
+    file_->Write("</table>\r\n");
     if (!fullSize.empty()) {
-        file_.Write("<a href=\"");
-        WriteXmlText(file_, fullSize);
-        file_.Write("\" target=\"_blank\">Open FullSize</a>\r\n");
+        file_->Write("<a href=\"");
+        WriteXmlText(*file_, fullSize);
+        file_->Write("\" target=\"_blank\">Open FullSize</a>\r\n");
     }
-    file_.Write("]]></description>\r\n");
+    file_->Write("]]></description>\r\n");
 }
 
 void KmlWriter::AddGeometry(KmlShape shape, std::span<const util::PlanePoint> positions,
                             std::span<const double> heights) {
     ++geometries_;
     const Frame& frame = FrameOf(shape);
-    file_.Write(frame.begin);
+    file_->Write(frame.begin);
     AddCoordinates(positions, heights);
-    file_.Write(frame.end);
+    file_->Write(frame.end);
 }
 
 void KmlWriter::AddCoordinates(std::span<const util::PlanePoint> positions, std::span<const double> heights) {
     for (std::size_t i = 0; i < positions.size(); ++i) {
-        char* begin = file_.Reserve(3 * util::longestFixed + 4);
+        char* begin = file_->Reserve(3 * util::longestFixed + 4);
         char* out = begin;
         if (i > 0) {
             *out++ = '\r';
@@ -127,16 +127,16 @@ void KmlWriter::AddCoordinates(std::span<const util::PlanePoint> positions, std:
         out = util::WriteFixed(out, positions[i].y, degreeDecimals);
         *out++ = ',';
         out = WriteHeight(out, heights[i], heightDecimals_);
-        file_.Advance(static_cast<std::size_t>(out - begin));
+        file_->Advance(static_cast<std::size_t>(out - begin));
     }
 }
 
 void KmlWriter::EndPlacemark() {
-    file_.Write(" </Placemark>\r\n");
+    file_->Write(" </Placemark>\r\n");
 }
 
 void KmlWriter::Finish() {
-    file_.Write("</Document>\r\n</kml>\r\n");
+    file_->Write("</Document>\r\n</kml>\r\n");
 }
 
 }  // namespace vexlator::formats

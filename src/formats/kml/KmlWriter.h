@@ -41,13 +41,15 @@ public:
     void EndPlacemark();
     /// How many placemarks have got a geometry.
     std::uint64_t Geometries() const { return geometries_; }
+    /// What comes next goes to another file.
+    void GoOnIn(platform::OutputFile& file) { file_ = &file; }
     /// Ends the document.
     void Finish();
 
 private:
     void AddCoordinates(std::span<const util::PlanePoint> positions, std::span<const double> heights);
 
-    platform::OutputFile& file_;
+    platform::OutputFile* file_;
     std::optional<int> heightDecimals_;
     std::uint64_t geometries_ = 0;
 };
