@@ -5,16 +5,22 @@
 #include "config/Ini.h"
 #include "platform/Errors.h"
 #include "util/Log.h"
+#include "util/ShortList.h"
 
+#include <array>
 #include <stdexcept>
 
 namespace vexlator::config {
 
 namespace {
 
-std::string Title(LossReport::Kind kind) {
-    return kind == LossReport::Kind::Cut ? "values cut: " : "characters replaced: ";
-}
+constexpr std::array<std::pair<LossReport::Kind, std::string_view>, 5> titles = {{
+    {LossReport::Kind::LeftOut, "entities left out: "},
+    {LossReport::Kind::Cut, "values cut: "},
+    {LossReport::Kind::NoColumn, "values without a column: "},
+    {LossReport::Kind::Broken, "values that break their row: "},
+    {LossReport::Kind::Replaced, "characters replaced: "},
+}};
 
 }  // namespace
 
@@ -28,15 +34,12 @@ void LossReport::Count(Kind kind, std::string_view layer, std::string_view field
 std::string LossReport::Line() const {
     constexpr std::size_t mostFields = 20;  // of each kind; a line is for people
     std::string line;
-    for (Kind kind : {Kind::Cut, Kind::Replaced}) {
-        std::size_t fields = 0;
-        for (const auto& [key, count] : counts_) {
-            if (key.first != kind || ++fields > mostFields) continue;
-            if (fields > 1) line += ", ";
-            if (fields == 1) line += (line.empty() ? "" : "; ") + Title(kind);
-            line += key.second + " " + std::to_string(count);
-        }
-        if (fields > mostFields) line += " and " + std::to_string(fields - mostFields) + " more fields";
+    for (const auto& [kind, title] : titles) {
+        util::ShortList fields(mostFields);
+        for (const auto& [key, count] : counts_)
+            if (key.first == kind)
+                fields.Add(util::ShortList::Shortened(key.second) + " " + std::to_string(count));
+        if (!fields.Empty()) line.append(line.empty() ? "" : "; ").append(title).append(fields.Text());
     }
     return line;
 }

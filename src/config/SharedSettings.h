@@ -24,6 +24,7 @@ struct SharedSettings {
     std::string TempDirectory;      ///< scratch folder
     bool AutoLaunchExport = false;
     bool ReProcessFieldNames = false;
+    bool MatchNames = false;  ///< exports put values into the column of their name, else of their position
     bool CreateZip = false;
     bool DebugMode = false;
     std::string InOutLog;         ///< path of the run log; empty: none

@@ -19,7 +19,6 @@ constexpr std::string_view header = "[26,09]\r\n";
 constexpr std::string_view stylePrefix = "'STYLE=";
 constexpr std::uint64_t largestAlias = 16;
 constexpr std::size_t listedNameLength = 10;
-constexpr std::size_t importedNameLength = 12;
 
 std::string SharedAtpPath(const config::Session& session, std::string_view featureCode) {
     return util::JoinPath(session.Settings().ATPDirectory, util::SafeFileName(featureCode) + ".ATP");
@@ -86,16 +85,6 @@ int TwoDigits(const std::string& text) {
     return static_cast<int>(std::clamp<std::int64_t>(util::IntegerOf(text), 0, 99));
 }
 
-/// The name without what a reader of the template would take for syntax. A field called NULL would be
-/// dropped.
-std::string NameToWrite(std::string name) {
-    constexpr std::string_view syntax = ",=<]\x7F";
-    for (char& c : name)
-        if (static_cast<unsigned char>(c) < ' ' || syntax.find(c) != std::string_view::npos) c = '_';
-    if (util::Trim(name) == "NULL") name += '_';
-    return name;
-}
-
 std::string PaddedTo(std::size_t length, std::string_view text) {
     std::size_t characters = platform::CountCharacters(text);
     return std::string(text) + std::string(characters < length ? length - characters : 0, ' ');
@@ -107,6 +96,14 @@ std::string FieldLine(std::size_t number, std::string_view paddedName, int width
 }
 
 }  // namespace
+
+std::string AtpNameOf(std::string name) {
+    constexpr std::string_view syntax = ",=<]\x7F";
+    for (char& c : name)
+        if (static_cast<unsigned char>(c) < ' ' || syntax.find(c) != std::string_view::npos) c = '_';
+    if (util::Trim(name) == "NULL") name += '_';
+    return name;
+}
 
 int AtpField::Width() const {
     return TwoDigits(width);
@@ -161,7 +158,7 @@ void WriteAtpFromFields(std::string_view templatePath, std::span<const std::stri
     std::string text(header);
     if (names.empty()) text += FieldLine(1, PaddedTo(listedNameLength, "HANDLE"), width);
     for (std::size_t i = 0; i < names.size(); ++i)
-        text += FieldLine(i + 1, PaddedTo(listedNameLength, NameToWrite(names[i])), width);
+        text += FieldLine(i + 1, PaddedTo(listedNameLength, AtpNameOf(names[i])), width);
     util::MakeFolder(util::FolderOf(templatePath));
     platform::ReplaceFile(templatePath, EncodeTemplate(text));
 }
@@ -172,7 +169,7 @@ void GenerateAtp(config::Session& session, std::string_view templatePath, std::s
     if (!session.Ui().AskYesNo("Generate ATP For " + util::BaseNameOf(templatePath))) return;
     std::string text(header);
     for (std::size_t i = 0; i < names.size(); ++i) {
-        std::string name = NameToWrite(names[i]);
+        std::string name = AtpNameOf(names[i]);
         name = PaddedTo(importedNameLength, platform::FirstCharacters(name, importedNameLength));
         text += FieldLine(i + 1, name, std::clamp(widths[i], 1, 99));
     }

@@ -56,6 +56,12 @@ std::string ReadAtpStyle(const config::Session& session, std::string_view featur
 /// @throws platform::ReadError
 std::string ResolveAtpAlias(const config::Session& session, std::string_view featureCode);
 
+/// A name as templates hold it: characters that a reader would take for syntax become "_", and so that it is
+/// not dropped, NULL becomes NULL_.
+std::string AtpNameOf(std::string name);
+/// Templates that are generated for imports cut names to so many characters.
+constexpr std::size_t importedNameLength = 12;
+
 /// Writes a template that lists the names, all as C32.00; without names a single field HANDLE.
 /// Characters that a reader would take for syntax become "_". @throws platform::WriteError
 void WriteAtpFromFields(std::string_view templatePath, std::span<const std::string> names);

@@ -437,6 +437,12 @@ AttributeSet Drawing::attributeSet(std::span<const AttributeName> names) {
     return setOf(std::move(indexes));
 }
 
+std::vector<std::string> Drawing::attributeNames(AttributeSet set) const {
+    std::vector<std::string> names;
+    for (std::uint32_t name : sets_[set].names) names.push_back(names_[name].name);
+    return names;
+}
+
 // --- For importers
 
 void Drawing::beginValues(AttributeSet set) {

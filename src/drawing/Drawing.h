@@ -321,6 +321,7 @@ public:
     AttributeSet attributeSet(std::span<const std::string> names);
     AttributeSet attributeSet(std::span<const AttributeName> names);
     std::size_t attributeCount(AttributeSet set) const { return sets_[set].names.size(); }
+    std::vector<std::string> attributeNames(AttributeSet set) const;
     /// Gives the entity added last, which must have no attributes yet, those names; the values follow, in
     /// order, one appendValue() for each name.
     void beginValues(AttributeSet set);

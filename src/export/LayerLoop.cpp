@@ -83,7 +83,7 @@ private:
 }  // namespace
 
 BegunExport BeginExport(config::Session& session, std::string_view formName, std::string_view drawingPath,
-                        std::string_view targetPath) {
+                        std::string_view targetPath, std::string_view photoList) {
     BegunExport run;
     run.view = session.Ui().ShowForm(formName);
     run.view->SetCaption(":" + util::BaseNameOf(drawingPath));
@@ -95,21 +95,20 @@ BegunExport BeginExport(config::Session& session, std::string_view formName, std
         return run;
     }
     const std::string& source = session.Settings().JobSourcePath;
-    run.photoPaths =
-        GatherPhotos(session, *run.file, util::FolderOf(source), util::BaseNameOf(source), targetPath);
+    run.photoPaths = GatherPhotos(session, *run.file, util::FolderOf(source), util::BaseNameOf(source),
+                                  targetPath, photoList);
     return run;
 }
 
 void ExportLayer::Take(const drawing::Entity& entity) {
-    if (entities++ == 0) mostNames = names = NamesOf(entity);
+    drawing::AttributeSet set = entity.attributeSet();
+    if (entities++ == 0) names = NamesOf(entity);
     drawing::Kind kind = entity.kindCode();
     if (kind == drawing::Kind::Point || kind == drawing::Kind::Insert || kind == drawing::Kind::Polyline)
         ++pointsAndLines;
     drawing::XProperties properties = entity.xproperties();
-    if (entity.attributeSet() != set) {
-        set = entity.attributeSet();
-        if (properties.count() > mostNames.size()) mostNames = NamesOf(entity);
-    }
+    if ((sets.empty() || set != lastSet) && knownSets.insert(set).second) sets.push_back(set);
+    lastSet = set;
     if (!windows || platform::IsAscii(properties.encoded())) return;
     for (drawing::ValueCursor values = properties.values(); !values.AtEnd();) {
         std::string_view value = values.Next();

@@ -14,6 +14,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace vexlator::exporter {
@@ -39,9 +40,10 @@ struct BegunExport {
 };
 
 /// Opens the drawing's file, finds the job it came from, asks whether the job may be exported again and
-/// gathers its photographs. @throws platform::ReadError when the drawing cannot be read
+/// gathers its photographs. A list of these has the extension `photoList`, which may be no table's that the
+/// export writes. @throws platform::ReadError when the drawing cannot be read
 BegunExport BeginExport(config::Session& session, std::string_view formName, std::string_view drawingPath,
-                        std::string_view targetPath);
+                        std::string_view targetPath, std::string_view photoList = "CSV");
 
 enum class LayerZero { Export, Skip };
 
@@ -51,14 +53,15 @@ struct ExportLayer {
     void Take(const drawing::Entity& entity);
 
     const drawing::Layer& layer;
-    std::uint32_t index = 0;                  ///< of the layer in the drawing
-    std::string fileName = {};                ///< base name of its files, safe and different for every layer
-    std::uint64_t entities = 0;               ///< at least one
-    std::uint64_t pointsAndLines = 0;         ///< points, symbols and polylines among them
-    std::vector<std::string> names = {};      ///< attribute names of the first entity
-    std::vector<std::string> mostNames = {};  ///< of the first among the entities that have most
-    drawing::AttributeSet set = 0;            ///< of the last entity
-    bool ascii = true, windows = true;        ///< texts of all entities are ASCII, fit Windows-1252
+    std::uint32_t index = 0;              ///< of the layer in the drawing
+    std::string fileName = {};            ///< base name of its files, safe and different for every layer
+    std::uint64_t entities = 0;           ///< at least one
+    std::uint64_t pointsAndLines = 0;     ///< points, symbols and polylines among them
+    std::vector<std::string> names = {};  ///< attribute names of the first entity
+    std::vector<drawing::AttributeSet> sets = {};  ///< of attribute names, each once
+    std::unordered_set<drawing::AttributeSet> knownSets = {};
+    drawing::AttributeSet lastSet = 0;
+    bool ascii = true, windows = true;  ///< texts of all entities are ASCII, fit Windows-1252
 };
 
 /// The layers that are not frozen and not empty, in order. Goes through the drawing once.

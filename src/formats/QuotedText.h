@@ -12,6 +12,10 @@ namespace vexlator::formats {
 /// Whether a field holds the delimiter, a double quote or a line end.
 bool NeedsQuotes(std::string_view field, char delimiter);
 
+/// Whether a field is ASCII without control characters, commas and double quotes: it stands in any delimited
+/// text as it is. Most fields are so.
+bool IsSimple(std::string_view field);
+
 /// Adds the field in double quotes.
 void AppendQuoted(std::string& target, std::string_view field);
 

@@ -56,6 +56,9 @@ GenATP=0
 [GENERICOUT]
 ; Flag: pack the folder of an export into a ZIP archive. Default: off.
 CREATEZIP=0
+; Flag: values go to the column that has their name; else to the column at their position, whatever the names.
+; Where names differ, one line tells it either way. Default: off.
+MATCHNAMES=1
 ; Separator at which attribute values are cut short. Default: values stay whole.
 SHORTENFIELDSON=
 
@@ -155,7 +158,7 @@ header=1
 [SHPout]
 ; Flag: shapefile exports in latitude/longitude. Default: off.
 LL=0
-; Projection file in the folder Resources. Default: ESRI.PRJ.
+; Projection file in the folder Resources. Default: ESRI.PRJ; with LL, WGS 84, which needs no file.
 PRJ=
 
 [SHPin]

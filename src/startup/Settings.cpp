@@ -49,6 +49,7 @@ void ReadSettings(config::Session& session) {
     settings.AutoLaunchExport = session.ReadIniFlag("GENERAL", "AutoLaunchExport");
     settings.DebugMode = session.ReadIniFlag("GENERAL", "VEXLATORDEBUG");
     settings.ReProcessFieldNames = session.ReadIniFlag("HOUSEKEEPING", "ReProcessFieldNames");
+    settings.MatchNames = session.ReadIniFlag("GENERICOUT", "MATCHNAMES");
     settings.CreateZip = session.ReadIniFlag("GENERICOUT", "CREATEZIP");
     settings.SHORTENFIELDSON = session.ReadIni("GENERICOUT", "SHORTENFIELDSON");
     settings.InOutLog = session.ReadIni("GENERICIN", "INOUTLOG");

@@ -81,7 +81,7 @@ TEST_F(KmlExport, KindsAndNames) {
     EXPECT_EQ(All("<Point", ">").size(), 3U);
     EXPECT_EQ(ui.labels.back(), "Completed!");
     EXPECT_TRUE(ui.reports.empty());
-    EXPECT_EQ(session.Losses().Line(), "characters replaced: TREE.NOTE 2");
+    EXPECT_EQ(session.Losses().Line(), "entities left out: TREE.circle 1; characters replaced: TREE.NOTE 2");
 }
 
 TEST_F(KmlExport, MetresNeverPassForDegrees) {

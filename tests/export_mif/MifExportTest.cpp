@@ -62,21 +62,17 @@ TEST_F(MifExport, WritesEveryKindOfObject) {
 TEST_F(MifExport, ColumnTypesFollowTheTemplate) {
     struct Case {
         char type;
-        std::string width, decimals, plain, strict;
+        std::string width, decimals, written;
     };
-    const Case cases[] = {{'C', "32", "00", "Char(32)", "Char(32)"},
-                          {'X', "05", "00", "Char(05)", "Char(05)"},
-                          {'C', "", "", "Char()", "Char(254)"},
-                          {'N', "10", "00", "Integer", "Integer"},
-                          {'N', "10", "", "Integer", "Integer"},
-                          {'N', "10", "02", "Decimal(10,02)", "Decimal(10,02)"},
-                          {'F', "10", "02", "Float", "Float"},
-                          {'D', "08", "", "Decimal(08,)", "Decimal(08,0)"},
-                          {'D', "", "00", "Date", "Date"}};
+    const Case cases[] = {{'C', "32", "00", "Char(32)"}, {'X', "05", "00", "Char(05)"},
+                          {'C', "", "", "Char(254)"},    {'C', "00", "00", "Char(254)"},
+                          {'N', "10", "00", "Integer"},  {'N', "10", "", "Integer"},
+                          {'N', "", "", "Float"},        {'N', "", "02", "Decimal(15,02)"},
+                          {'F', "10", "02", "Float"},    {'N', "10", "02", "Decimal(10,02)"},
+                          {'D', "", "00", "Date"},       {'D', "08", "", "Decimal(08,0)"}};
     for (const Case& c : cases) {
         drawing::AtpField field{"A", "", c.type, c.width, c.decimals};
-        EXPECT_EQ(MifColumnType(field, false), c.plain);
-        EXPECT_EQ(MifColumnType(field, true), c.strict);
+        EXPECT_EQ(MifColumnType(field), c.written);
     }
 }
 

@@ -4,6 +4,8 @@
 #include "export/photos/Photos.h"
 #include "support/Installation.h"
 
+#include <algorithm>
+
 namespace vexlator::exporter {
 namespace {
 
@@ -113,7 +115,9 @@ TEST_F(Photos, NamesDoNotLeadOutOfTheFolders) {
         drawing.clear();
         Add({"first", name});
         Gather();
-        EXPECT_EQ(Missing(), name + " missing from first\r\n");
+        std::string listed = name;
+        std::ranges::replace(listed, '\0', '?');
+        EXPECT_EQ(Missing(), listed + " missing from first\r\n");
     }
     EXPECT_EQ(FilesBelow(folder.Path()), files);
     ::unsetenv("VEXLATOR_DRIVES");

@@ -2,8 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "export/csv/CsvLayer.h"
 
+#include "platform/Paths.h"
 #include "util/Numbers.h"
 #include "util/Text.h"
+
+#include <algorithm>
+#include <unordered_map>
 
 namespace vexlator::exporter {
 
@@ -20,25 +24,63 @@ bool IsPoint(Entity entity) {
     return entity.kindCode() == Kind::Point || entity.kindCode() == Kind::Insert;
 }
 
+/// Names of attributes and, behind them, those that others have beside.
+class AllNames {
+public:
+    void Add(std::vector<std::string> names) {
+        std::unordered_map<std::string, std::size_t> times;  // an entity may have a name more than once
+        for (std::string& name : names) {
+            std::string key = platform::LowerAscii(name);
+            if (++times[key] <= times_[key]) continue;
+            ++times_[key];
+            names_.push_back(std::move(name));
+        }
+    }
+    std::vector<std::string> Take() { return std::move(names_); }
+
+private:
+    std::vector<std::string> names_;
+    std::unordered_map<std::string, std::size_t> times_;
+};
+
+std::vector<ColumnNames> NamesForAttributes(const std::vector<std::string>& columns) {
+    std::vector<ColumnNames> names;
+    for (const std::string& column : columns) names.push_back({column});
+    return names;
+}
+
 }  // namespace
 
+std::vector<std::string> HeaderNames(const ExportLayer& layer, const drawing::Drawing& drawing, bool byName) {
+    auto count = [&](drawing::AttributeSet set) { return drawing.attributeCount(set); };
+    drawing::AttributeSet richest = *std::ranges::max_element(layer.sets, {}, count);
+    AllNames names;
+    names.Add(drawing.attributeNames(richest));
+    if (byName)
+        for (drawing::AttributeSet set : layer.sets) names.Add(drawing.attributeNames(set));
+    return names.Take();
+}
+
 CsvLayer::CsvLayer(config::Session& session, const CsvSettings& settings, coords::frmLatLng* converter,
-                   const ExportLayer& layer, formats::CsvWriter& writer, bool isFirst)
+                   const ExportLayer& layer, std::vector<std::string> columns, formats::CsvWriter& writer,
+                   bool isFirst)
     : session_(session),
       settings_(settings),
       converter_(converter),
       layer_(layer),
       writer_(writer),
-      columns_(layer.mostNames),
+      columns_(std::move(columns)),
+      match_(session, layer.layer.name, NamesForAttributes(columns_)),
       isFirst_(isFirst),
-      replaced_(columns_.size()) {}
+      losses_(columns_.size()) {}
 
 void CsvLayer::Write(const LayerPart& part) {
-    std::uint64_t before = writer_.Replaced();
+    formats::CsvLosses before = writer_.Losses();
     if (settings_.header && !isBegun_) AddHeader();
     isBegun_ = true;
     AddRows(part);
-    allReplaced_ += writer_.Replaced() - before;
+    allLosses_ += writer_.Losses();
+    allLosses_ -= before;
 }
 
 std::uint64_t CsvLayer::Finish() {
@@ -64,12 +106,18 @@ void CsvLayer::AddHeader() {
 void CsvLayer::AddRows(const LayerPart& part) {
     if (converter_) Convert(part);
     for (Entity entity : part.Entities()) {
-        if (IsPoint(entity))
-            AddPoint(entity);
-        else if (entity.kindCode() == Kind::Polyline)
-            AddPolyline(entity);
-        else
-            continue;
+        switch (entity.kindCode()) {
+            case Kind::Point:
+            case Kind::Insert:
+                AddPoint(entity);
+                break;
+            case Kind::Polyline:
+                AddPolyline(entity);
+                break;
+            default:
+                leftOut_.Add(entity.kindCode());
+                continue;
+        }
         ++rows_;
     }
 }
@@ -102,7 +150,7 @@ void CsvLayer::AddPoint(Entity entity) {
     if (converter_) written = converted_[nextConverted_++];
     CsvCoordinates coordinates{.points = {&written.point, 1}, .heights = {&written.height, 1}};
     coordinates.decimals = written.inDegrees ? degreeDecimals : settings_.decimals;
-    AddRow("Point", coordinates, entity.xproperties());
+    AddRow("Point", coordinates, entity);
 }
 
 void CsvLayer::AddPolyline(Entity entity) {
@@ -110,15 +158,14 @@ void CsvLayer::AddPolyline(Entity entity) {
                                .heights = entity.heights(),
                                .decimals = settings_.decimals,
                                .list = true};
-    AddRow("Polyline", coordinates, entity.xproperties());
+    AddRow("Polyline", coordinates, entity);
 }
 
-void CsvLayer::AddRow(std::string_view geometry, const CsvCoordinates& coordinates,
-                      const drawing::XProperties& properties) {
+void CsvLayer::AddRow(std::string_view geometry, const CsvCoordinates& coordinates, Entity entity) {
     writer_.AddText(geometry);
     writer_.AddText(layer_.layer.name);
     if (settings_.coords) writer_.AddCoordinates(coordinates, false);
-    AddValues(properties);
+    AddValues(entity);
     if (settings_.multiXYZ) {
         writer_.AddCoordinates(coordinates, true);
         writer_.AddText("");
@@ -126,15 +173,16 @@ void CsvLayer::AddRow(std::string_view geometry, const CsvCoordinates& coordinat
     writer_.EndRow();
 }
 
-void CsvLayer::AddValues(const drawing::XProperties& properties) {
-    drawing::ValueCursor values = properties.values();
-    if (values.AtEnd()) return writer_.AddText("");
-    std::uint64_t before = writer_.Replaced();
-    for (std::size_t column = 0; !values.AtEnd(); ++column) {
-        AddValue(values.Next());
-        if (writer_.Replaced() == before) continue;
-        replaced_[column] += writer_.Replaced() - before;
-        before = writer_.Replaced();
+void CsvLayer::AddValues(Entity entity) {
+    std::span<const std::string_view> row = match_.Row(entity);
+    if (row.empty()) return writer_.AddText("");
+    formats::CsvLosses before = writer_.Losses();
+    for (std::size_t column = 0; column < row.size(); ++column) {
+        AddValue(row[column]);
+        if (writer_.Losses() == before) continue;
+        losses_[column].replaced += writer_.Losses().replaced - before.replaced;
+        losses_[column].broken += writer_.Losses().broken - before.broken;
+        before = writer_.Losses();
     }
 }
 
@@ -146,14 +194,21 @@ void CsvLayer::AddValue(std::string_view value) {
         writer_.AddText(value);
 }
 
-void CsvLayer::Report() {
+void CsvLayer::CountLosses(std::string_view column, const formats::CsvLosses& losses) {
     using enum config::LossReport::Kind;
-    std::uint64_t inNames = allReplaced_;
-    for (std::size_t column = 0; column < replaced_.size(); ++column) {
-        session_.Losses().Count(Replaced, layer_.layer.name, columns_[column], replaced_[column]);
-        inNames -= replaced_[column];
+    session_.Losses().Count(Broken, layer_.layer.name, column, losses.broken);
+    session_.Losses().Count(Replaced, layer_.layer.name, column, losses.replaced);
+}
+
+void CsvLayer::Report() {
+    leftOut_.Report(session_, layer_.layer.name);
+    match_.Report();
+    formats::CsvLosses ofNames = allLosses_;  // which stand in the header and in every row
+    for (std::size_t column = 0; column < losses_.size(); ++column) {
+        CountLosses(columns_[column], losses_[column]);
+        ofNames -= losses_[column];
     }
-    session_.Losses().Count(Replaced, layer_.layer.name, "", inNames);
+    CountLosses("", ofNames);
     if (unconverted_ > 0)
         session_.Ui().Report(layer_.layer.name + ": " + util::GroupedCount(unconverted_) +
                              " points lie outside the coordinate conversion and keep their grid coordinates");

@@ -5,7 +5,9 @@
 #include "config/Session.h"
 #include "coords/frmLatLng.h"
 #include "drawing/Drawing.h"
+#include "export/ColumnMatch.h"
 #include "export/LayerLoop.h"
+#include "export/LeftOutEntities.h"
 #include "export/csv/CsvSettings.h"
 #include "formats/csv/CsvWriter.h"
 
@@ -17,13 +19,18 @@
 
 namespace vexlator::exporter {
 
+/// The columns for a layer's attributes. By position, the names of the entity that has most; by name, those
+/// of all, so that no value is left out.
+std::vector<std::string> HeaderNames(const ExportLayer& layer, const drawing::Drawing& drawing, bool byName);
+
 /// The rows of one layer while they are written.
 class CsvLayer {
 public:
-    /// `converter` is there when points are to be in latitude and longitude, else null. `isFirst`: no other
-    /// layer stands before this one in the file.
+    /// `columns` are HeaderNames(). `converter` is there when points are to be in latitude and longitude,
+    /// else null. `isFirst`: no other layer stands before this one in the file.
     CsvLayer(config::Session& session, const CsvSettings& settings, coords::frmLatLng* converter,
-             const ExportLayer& layer, formats::CsvWriter& writer, bool isFirst);
+             const ExportLayer& layer, std::vector<std::string> columns, formats::CsvWriter& writer,
+             bool isFirst);
 
     /// Writes a row for each point, symbol and polyline, and the header before the first part.
     void Write(const LayerPart& part);
@@ -45,9 +52,10 @@ private:
     void AddPoint(drawing::Entity entity);
     void AddPolyline(drawing::Entity entity);
     void AddRow(std::string_view geometry, const formats::CsvCoordinates& coordinates,
-                const drawing::XProperties& properties);
-    void AddValues(const drawing::XProperties& properties);
+                drawing::Entity entity);
+    void AddValues(drawing::Entity entity);
     void AddValue(std::string_view value);
+    void CountLosses(std::string_view column, const formats::CsvLosses& losses);
     void Report();
 
     config::Session& session_;
@@ -55,14 +63,16 @@ private:
     coords::frmLatLng* converter_;
     const ExportLayer& layer_;
     formats::CsvWriter& writer_;
-    const std::vector<std::string>& columns_;  ///< names of the entity that has most
+    std::vector<std::string> columns_;  ///< names of attributes
+    ColumnMatch match_;
     bool isFirst_, isBegun_ = false;
     std::uint64_t rows_ = 0;
     std::vector<Converted> converted_;
     std::size_t nextConverted_ = 0;
+    LeftOutEntities leftOut_;
     std::uint64_t unconverted_ = 0;
-    std::uint64_t allReplaced_ = 0;        ///< characters that the file's encoding lacks
-    std::vector<std::uint64_t> replaced_;  ///< those in values, by column
+    formats::CsvLosses allLosses_;            ///< of this layer
+    std::vector<formats::CsvLosses> losses_;  ///< those in values, by column
 };
 
 }  // namespace vexlator::exporter

@@ -77,17 +77,20 @@ private:
 }  // namespace
 
 config::Outcome frmCSV::Start(std::string_view drawingPath, std::string_view targetPath, int asc) {
-    BegunExport run = BeginExport(session_, "frmCSV", drawingPath, targetPath);
-    if (run.IsStopped()) return run.outcome;
     CsvSettings settings = ReadCsvSettings(session_, asc == 1 ? CsvFlavour::Asc : CsvFlavour::Csv);
+    BegunExport run = BeginExport(session_, "frmCSV", drawingPath, targetPath,
+                                  settings.extension == ".CSV" ? "LST" : "CSV");
+    if (run.IsStopped()) return run.outcome;
     std::unique_ptr<coords::frmLatLng> converter;
     if (settings.latLng) converter = std::make_unique<coords::frmLatLng>(session_);
 
     std::vector<ExportLayer> layers = FindLayers(run, LayerZero::Skip);
     CsvFiles files(settings, targetPath, ProjectPrefix(session_) + util::BaseNameOf(drawingPath), layers);
     std::deque<CsvLayer> blocks;
+    bool byName = session_.Settings().MatchNames;
     for (const ExportLayer& layer : layers)
-        blocks.emplace_back(session_, settings, converter.get(), layer, files.WriterOf(blocks.size()),
+        blocks.emplace_back(session_, settings, converter.get(), layer,
+                            HeaderNames(layer, run.file->Current(), byName), files.WriterOf(blocks.size()),
                             files.IsFirstInFile(blocks.size()));
     WriteLayers(
         session_, run, layers,

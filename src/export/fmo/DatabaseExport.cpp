@@ -6,12 +6,13 @@
 #include "database/DatabaseError.h"
 #include "database/Table.h"
 #include "drawing/FieldMapping.h"
+#include "export/ColumnMatch.h"
+#include "export/LeftOutEntities.h"
 #include "export/ProjectPrefix.h"
 #include "export/fmo/FeatureColumns.h"
 #include "export/fmo/FeatureTable.h"
 #include "platform/Paths.h"
 #include "util/Files.h"
-#include "util/Numbers.h"
 #include "util/Paths.h"
 #include "workflow/WorkflowDatabase.h"
 
@@ -101,12 +102,11 @@ config::Outcome DatabaseExport::Run() {
         throw platform::WriteError(platform::NativePath(folders_.target), error.what());
     }
     files_.Commit();
-    for (const std::string& remark : remarks_) session_.Ui().Report(remark);
     return outcome_;
 }
 
 void DatabaseExport::AddTarget(const WholeLayer& layer) {
-    if (!HasKind(layer.set, {Kind::Point, Kind::Insert, Kind::Polyline})) return;
+    if (!HasKind(layer.set, {Kind::Point, Kind::Insert, Kind::Polyline})) return LeaveOut(layer);
     LayerTarget target = TargetOf(layer);
     if (!IsComplete(target.definition)) {
         outcome_.status = config::Outcome::Status::Failed;
@@ -114,6 +114,13 @@ void DatabaseExport::AddTarget(const WholeLayer& layer) {
     }
     target.databaseName = databases_.Add(target.definition);
     targets_.emplace(layer.layer.name, std::move(target));
+}
+
+/// A layer without a table.
+void DatabaseExport::LeaveOut(const WholeLayer& layer) {
+    LeftOutEntities leftOut;
+    for (std::uint32_t index : layer.set.indexes()) leftOut.Add(layer.set.entity(index).kindCode());
+    leftOut.Report(session_, layer.layer.name);
 }
 
 void DatabaseExport::ExportLayerRows(const WholeLayer& layer) {
@@ -159,7 +166,7 @@ FmoDefinition DatabaseExport::NewDefinition(const WholeLayer& layer, const std::
     FmoDefinition definition;
     definition.database = folders_.database;
     definition.table = prefix + layer.layer.name;
-    definition.key = fields.empty() ? "HANDLE" : fields[0].name;
+    definition.key = fields.empty() ? "HANDLE" : ColumnName(fields[0].name, 0);
     if (HasKind(layer.set, {Kind::Polyline})) {
         definition.geometryColumn = FreeName(fields, "GEOMETRY");
     } else {
@@ -183,14 +190,18 @@ std::vector<AtpField> DatabaseExport::FieldsOf(const WholeLayer& layer, const Fm
 void DatabaseExport::WriteRows(const WholeLayer& layer, const LayerTarget& target) {
     place_.clear();
     ExportDatabases::Open& open = databases_.Named(target.databaseName);
-    FeatureColumns columns(target.definition, FieldsOf(layer, target.definition, *open.connection),
-                           layer.set);
+    FeatureColumns columns(target.definition, FieldsOf(layer, target.definition, *open.connection), layer.set,
+                           session_.Settings().MatchNames);
     FeatureTable table(*open.connection, *open.transaction, target.definition, columns);
     std::uint64_t done = 0, written = 0;
+    LeftOutEntities leftOut;
     for (std::uint32_t index : layer.set.indexes()) {
         drawing::Entity entity = layer.set.entity(index);
         try {
-            if (table.Write(entity)) ++written;
+            if (table.Write(entity))
+                ++written;
+            else
+                leftOut.Add(entity.kindCode());
         } catch (const DatabaseError&) {
             place_ = PlaceOf(entity, table);
             throw;
@@ -203,9 +214,8 @@ void DatabaseExport::WriteRows(const WholeLayer& layer, const LayerTarget& targe
     if (!target.newText.empty()) files_.Add(target.definition.definitionPath).Write(target.newText);
     ++outcome_.layers;
     outcome_.features += written;
-    if (written < done)
-        remarks_.push_back(layer.layer.name + ": " + util::GroupedCount(done - written) +
-                           " entities left out, for which the table has no place");
+    ReportOtherNames(session_, layer.layer.name, columns.Others());
+    leftOut.Report(session_, layer.layer.name);
 }
 
 config::Outcome ExportToDatabase(config::Session& session, std::string_view form,

@@ -46,6 +46,7 @@ private:
     };
 
     void AddTarget(const WholeLayer& layer);
+    void LeaveOut(const WholeLayer& layer);
     LayerTarget TargetOf(const WholeLayer& layer) const;
     void ExportLayerRows(const WholeLayer& layer);
     database::FmoDefinition NewDefinition(const WholeLayer& layer, const std::string& prefix) const;
@@ -62,7 +63,6 @@ private:
     std::map<std::string, LayerTarget> targets_;  ///< by layer
     ExportDatabases databases_;
     platform::OutputSet files_;
-    std::vector<std::string> remarks_;
     std::string place_;  ///< the feature that is being written, for errors
 };
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "export/fmo/FeatureColumns.h"
 
+#include "export/ColumnMatch.h"
 #include "platform/Paths.h"
 
 #include <algorithm>
@@ -11,8 +12,9 @@ namespace vexlator::exporter {
 using platform::SameNoCase;
 
 FeatureColumns::FeatureColumns(const database::FmoDefinition& definition,
-                               const std::vector<drawing::AtpField>& fields, const drawing::SelectionSet& set)
-    : definition_(definition), names_{definition.key} {
+                               const std::vector<drawing::AtpField>& fields, const drawing::SelectionSet& set,
+                               bool byName)
+    : definition_(definition), byName_(byName), names_{definition.key}, others_(OtherNames()) {
     AddFields(fields);
     for (std::uint32_t index : set.indexes()) {
         drawing::Entity entity = set.entity(index);
@@ -47,12 +49,20 @@ bool FeatureColumns::IsPlace(std::string_view name) const {
 void FeatureColumns::AddFields(const std::vector<drawing::AtpField>& fields) {
     bool hasKey = std::ranges::any_of(
         fields, [&](const drawing::AtpField& field) { return SameNoCase(field.name, definition_.key); });
+    if (!hasKey && !fields.empty()) keyField_ = fields[0].name;
     for (std::size_t i = 0; i < fields.size(); ++i) {
+        std::string name = ColumnName(fields[i].name, i);
         if (i == 0 && !hasKey)
             fieldColumns_.push_back(0);
         else
-            fieldColumns_.push_back(IsPlace(fields[i].name) ? none : Add(fields[i].name));
+            fieldColumns_.push_back(IsPlace(name) ? none : Add(name));
     }
+}
+
+/// The column of the field that an attribute means which is named like no column; none when there is none.
+std::size_t FeatureColumns::FieldColumn(std::string_view name, std::size_t position) const {
+    if (byName_) return !keyField_.empty() && SameNoCase(name, keyField_) ? 0 : none;
+    return position < fieldColumns_.size() ? fieldColumns_[position] : none;
 }
 
 std::vector<std::size_t> FeatureColumns::MapAttributes(const drawing::XProperties& attributes) {
@@ -67,9 +77,12 @@ std::vector<std::size_t> FeatureColumns::MapAttributes(const drawing::XPropertie
             unnamed.push_back(i);
     }
     for (std::size_t i : unnamed) {
-        std::size_t column = i < fieldColumns_.size() ? fieldColumns_[i] : none;
-        if (column == none || sources[column] != none)
-            column = AddFree(attributes.name(i).empty() ? nameless : attributes.name(i), sources);
+        std::string_view name = attributes.name(i).empty() ? nameless : attributes.name(i);
+        std::size_t column = FieldColumn(name, i);
+        if (column == none || sources[column] != none) column = AddFree(name, sources);
+        if (!SameNoCase(name, column == 0 && !keyField_.empty() ? keyField_ : names_[column]))
+            others_.Add(util::ShortList::Shortened(name) + " in " +
+                        util::ShortList::Shortened(names_[column]));
         sources.resize(names_.size(), none);
         sources[column] = i;
     }

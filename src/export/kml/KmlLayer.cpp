@@ -51,6 +51,7 @@ void KmlLayer::Write(const LayerPart& part) {
 }
 
 std::uint64_t KmlLayer::Finish() {
+    leftOut_.Report(session_, layer_.layer.name);
     if (unplaced_ > 0)
         session_.Ui().Report(
             layer_.layer.name + ": " + util::GroupedCount(unplaced_) +
@@ -60,7 +61,7 @@ std::uint64_t KmlLayer::Finish() {
 
 void KmlLayer::Gather(Entity entity) {
     Kind kind = entity.kindCode();
-    if (kind != Kind::Point && kind != Kind::Insert && kind != Kind::Polyline) return;
+    if (kind != Kind::Point && kind != Kind::Insert && kind != Kind::Polyline) return leftOut_.Add(kind);
     std::size_t begin = points_.size();
     std::span<const util::PlanePoint> vertices = entity.planVertices();
     std::span<const double> heights = entity.heights();

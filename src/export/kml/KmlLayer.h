@@ -6,6 +6,7 @@
 #include "coords/frmLatLng.h"
 #include "drawing/Drawing.h"
 #include "export/LayerLoop.h"
+#include "export/LeftOutEntities.h"
 #include "formats/kml/KmlWriter.h"
 
 #include <cstdint>
@@ -57,6 +58,7 @@ private:
     std::vector<Item> items_;
     std::vector<util::PlanePoint> points_;
     std::vector<double> heights_;
+    LeftOutEntities leftOut_;
     std::uint64_t placemarks_ = 0, unplaced_ = 0;
 };
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "export/meter/MeterReadings.h"
 
+#include "export/LeftOutEntities.h"
 #include "platform/CodePages.h"
 #include "util/Dates.h"
 #include "util/Numbers.h"
@@ -51,13 +52,13 @@ private:
         return property ? property->value() : "";
     }
 
-    /// Line ends and the character that ends the field become blanks.
+    /// Line ends and the character that ends the field become blanks, NUL a question mark.
     void Field(std::string_view name, std::string_view value, char end) {
         std::uint64_t replaced = 0;
         std::string text = platform::Windows1252FromUtf8(value, &replaced);
         for (char& c : text) {
-            if (c != '\r' && c != '\n' && c != end) continue;
-            c = ' ';
+            if (c != '\r' && c != '\n' && c != '\0' && c != end) continue;
+            c = c == '\0' ? '?' : ' ';
             ++replaced;
         }
         file_.Write(text);
@@ -79,14 +80,19 @@ std::uint64_t WriteMeterReadings(config::Session& session, const WholeLayer& lay
                                  std::string_view drawingName, platform::OutputFile& file) {
     MeterLines lines(session, layer.layer.name, file);
     lines.Header(drawingName, layer.set.count());
+    LeftOutEntities leftOut;
     std::uint64_t meters = 0;
     for (std::uint32_t index : layer.set.indexes()) {
         drawing::Entity entity = layer.set.entity(index);
         drawing::Kind kind = entity.kindCode();
-        if (kind != drawing::Kind::Insert && kind != drawing::Kind::Point) continue;
+        if (kind != drawing::Kind::Insert && kind != drawing::Kind::Point) {
+            leftOut.Add(kind);
+            continue;
+        }
         lines.Meter(entity);
         ++meters;
     }
+    leftOut.Report(session, layer.layer.name);
     return meters;
 }
 

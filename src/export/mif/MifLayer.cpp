@@ -5,6 +5,7 @@
 #include "export/LayerEncoding.h"
 #include "util/Numbers.h"
 #include "util/Paths.h"
+#include "util/Text.h"
 
 namespace vexlator::exporter {
 
@@ -16,13 +17,27 @@ namespace {
 
 constexpr std::size_t fewestVertices = 2;  ///< that readers take for a line or an area
 
-std::vector<MifColumn> ColumnsOf(config::Session& session, const ExportLayer& layer, bool strict) {
-    std::string path = drawing::ConvertXotToAtx(TemplateFor(session, layer));
+std::vector<drawing::AtpField> FieldsOf(config::Session& session, const ExportLayer& layer) {
+    std::vector<drawing::AtpField> fields =
+        drawing::ReadAtpFields(drawing::ConvertXotToAtx(TemplateFor(session, layer)));
+    if (fields.empty()) fields.push_back({"ID", "", 'C', "10", ""});
+    return fields;
+}
+
+std::vector<MifColumn> ColumnsOf(const std::vector<drawing::AtpField>& fields) {
     std::vector<MifColumn> columns;
-    for (const drawing::AtpField& field : drawing::ReadAtpFields(path))
-        columns.push_back({field.name, MifColumnType(field, strict)});
-    if (columns.empty()) columns.push_back({"ID", "Char(10)"});
+    for (const drawing::AtpField& field : fields)
+        columns.push_back({ColumnName(field.name, columns.size()), MifColumnType(field)});
     return columns;
+}
+
+std::vector<ColumnNames> NamesForAttributes(const std::vector<drawing::AtpField>& fields) {
+    std::vector<ColumnNames> names;
+    for (const drawing::AtpField& field : fields) {
+        names.push_back({field.name, util::ReplaceAll(field.name, " ", "_")});
+        if (!field.shortName.empty()) names.back().push_back(field.shortName);
+    }
+    return names;
 }
 
 formats::MifWriter MakeWriter(const MifSettings& settings, const ExportLayer& layer,
@@ -34,27 +49,26 @@ formats::MifWriter MakeWriter(const MifSettings& settings, const ExportLayer& la
             formats::MifHeader{settings.coordSys, columns, EncodingFor(layer, names)}};
 }
 
-std::string Filled(const std::string& text, bool strict, std::string_view filling) {
-    return std::string(strict && text.empty() ? filling : text);
-}
-
 }  // namespace
 
-std::string MifColumnType(const drawing::AtpField& field, bool strict) {
+std::string MifColumnType(const drawing::AtpField& field) {
     constexpr std::string_view widestNumber = "15", widestText = "254";
+    bool hasWidth = field.Width() > 0;
+    auto width = [&](std::string_view widest) { return hasWidth ? field.width : std::string(widest); };
     auto decimal = [&] {
-        return "Decimal(" + Filled(field.width, strict, widestNumber) + "," +
-               Filled(field.decimals, strict, "0") + ")";
+        std::string decimals = field.decimals.empty() ? "0" : field.decimals;
+        return "Decimal(" + width(widestNumber) + "," + decimals + ")";
     };
     switch (field.type) {
         case 'F':
             return "Float";
         case 'D':
-            return field.width.empty() ? "Date" : decimal();
+            return hasWidth ? decimal() : "Date";
         case 'N':
+            if (!hasWidth && field.decimals.empty()) return "Float";
             return field.Decimals() == 0 ? "Integer" : decimal();
         default:
-            return "Char(" + Filled(field.width, strict, widestText) + ")";
+            return "Char(" + width(widestText) + ")";
     }
 }
 
@@ -63,8 +77,10 @@ MifLayer::MifLayer(config::Session& session, const MifSettings& settings, const 
     : session_(session),
       settings_(settings),
       layer_(layer),
-      columns_(ColumnsOf(session, layer, settings.strict)),
-      writer_(MakeWriter(settings, layer, columns_, util::JoinPath(targetPath, layer.fileName), files)) {}
+      fields_(FieldsOf(session, layer)),
+      columns_(ColumnsOf(fields_)),
+      writer_(MakeWriter(settings, layer, columns_, util::JoinPath(targetPath, layer.fileName), files)),
+      match_(session, layer.layer.name, NamesForAttributes(fields_)) {}
 
 void MifLayer::Write(const LayerPart& part) {
     for (Entity entity : part.Entities()) {
@@ -82,7 +98,8 @@ std::uint64_t MifLayer::Finish() {
 
 bool MifLayer::IsComplete(Entity entity) const {
     // An empty row is a row of one value.
-    bool hasRow = columns_.size() == 1 || entity.xproperties().count() >= columns_.size();
+    bool hasRow =
+        columns_.size() == 1 || match_.IsByName() || entity.xproperties().count() >= columns_.size();
     return hasRow && (entity.kindCode() != Kind::Polyline || entity.vertexCount() >= fewestVertices);
 }
 
@@ -99,6 +116,7 @@ bool MifLayer::AddObject(Entity entity) {
             AddPolyline(entity);
             return true;
         default:
+            leftOut_.Add(entity.kindCode());
             return false;
     }
 }
@@ -114,15 +132,19 @@ void MifLayer::AddPolyline(Entity entity) {
 }
 
 void MifLayer::AddRow(Entity entity) {
-    drawing::ValueCursor values = entity.xproperties().values();
-    std::size_t count = values.Left();
-    while (!values.AtEnd()) writer_.AddValue(values.Next());
+    std::span<const std::string_view> row = match_.Row(entity);
+    std::uint64_t before = writer_.Replaced();
+    for (std::string_view value : row) writer_.AddValue(value);
     if (settings_.strict)
-        for (; count < columns_.size(); ++count) writer_.AddValue("");
+        for (std::size_t count = row.size(); count < columns_.size(); ++count) writer_.AddValue("");
     writer_.EndRow();
+    replaced_ += writer_.Replaced() - before;
 }
 
 void MifLayer::Report() {
+    leftOut_.Report(session_, layer_.layer.name);
+    match_.Report();
+    session_.Losses().Count(config::LossReport::Kind::Replaced, layer_.layer.name, "", replaced_);
     if (incomplete_ == 0 || settings_.strict) return;
     session_.Ui().Report(layer_.layer.name + ": of " + util::GroupedCount(objects_) + " objects " +
                          util::GroupedCount(incomplete_) +

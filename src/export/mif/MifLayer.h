@@ -5,7 +5,9 @@
 #include "config/Session.h"
 #include "drawing/AttributeTemplate.h"
 #include "drawing/Drawing.h"
+#include "export/ColumnMatch.h"
 #include "export/LayerLoop.h"
+#include "export/LeftOutEntities.h"
 #include "formats/mif/MifWriter.h"
 #include "platform/OutputSet.h"
 
@@ -25,11 +27,11 @@ struct MifSettings {
     bool strict = false;  ///< everything is written so that readers that refuse half a record take it
 };
 
-/// The column type of a template field, widths as the template has them. With `strict`, what the template
-/// leaves open is filled in.
-std::string MifColumnType(const drawing::AtpField& field, bool strict);
+/// The column type of a template field, widths as the template has them; what it leaves open is as wide as
+/// the format allows.
+std::string MifColumnType(const drawing::AtpField& field);
 
-/// The MIF/MID pair of one layer while it is written. Values go to columns by position.
+/// The MIF/MID pair of one layer while it is written.
 class MifLayer {
 public:
     MifLayer(config::Session& session, const MifSettings& settings, const ExportLayer& layer,
@@ -52,9 +54,13 @@ private:
     config::Session& session_;
     const MifSettings& settings_;
     const ExportLayer& layer_;
+    std::vector<drawing::AtpField> fields_;
     std::vector<formats::MifColumn> columns_;
     formats::MifWriter writer_;
+    ColumnMatch match_;
+    LeftOutEntities leftOut_;
     std::uint64_t objects_ = 0, incomplete_ = 0;  ///< the latter are some of the objects
+    std::uint64_t replaced_ = 0;                  ///< characters of values
 };
 
 }  // namespace vexlator::exporter

@@ -75,6 +75,12 @@ void ForEachPhoto(const drawing::Entity& entity, Visit visit) {
     for (std::size_t index : found) visit(entity.xproperties(), index);
 }
 
+/// A line of a list; readers stop at NUL.
+std::string WithoutNul(std::string line) {
+    std::ranges::replace(line, '\0', '?');
+    return line;
+}
+
 /// Gathers the photos of one drawing.
 class Gathering {
 public:
@@ -102,9 +108,10 @@ private:
         std::string value(properties.item(index).value());
         std::string_view first = properties.item(0).value();
         if (!IsCopied(value))
-            session_.Settings().MissingPhotos += value + " missing from " + std::string(first) + "\r\n";
+            session_.Settings().MissingPhotos +=
+                WithoutNul(value + " missing from " + std::string(first) + "\r\n");
         else if (settings_.list)
-            list_ += CsvField(first) + "," + CsvField(fullTarget_.PathOf(value)) + "\r\n";
+            list_ += WithoutNul(CsvField(first) + "," + CsvField(fullTarget_.PathOf(value)) + "\r\n");
         if (!paths_.AreChanged()) return;
         std::string path = paths_.PathOf(value);
         properties.item(index).setValue(path);
@@ -191,7 +198,7 @@ void PhotoPaths::ApplyTo(drawing::Drawing& drawing) const {
 
 PhotoPaths GatherPhotos(config::Session& session, drawing::DrawingFile& drawing,
                         std::string_view sourceFolder, std::string_view listName,
-                        std::string_view targetFolder) {
+                        std::string_view targetFolder, std::string_view listExtension) {
     PhotoSettings settings = ReadPhotoSettings(session, sourceFolder, targetFolder);
     if (settings.source.empty()) return {};
     drawing.ForEachChunk([](const drawing::Drawing&) {});
@@ -201,9 +208,8 @@ PhotoPaths GatherPhotos(config::Session& session, drawing::DrawingFile& drawing,
     drawing.ForEachChunk([&](drawing::Drawing& chunk) {
         chunk.forEach([&](const drawing::Entity& entity) { gathering.Visit(entity); });
     });
-    if (settings.list)
-        WritePhotoList(util::JoinPath(targetFolder, util::SafeFileName(std::string(listName) + ".CSV")),
-                       gathering.List());
+    std::string name = util::SafeFileName(std::string(listName) + "." + std::string(listExtension));
+    if (settings.list) WritePhotoList(util::JoinPath(targetFolder, name), gathering.List());
     return gathering.Paths();
 }
 

@@ -48,13 +48,13 @@ private:
 ///   DontCopy                         copy nothing: all count as missing
 ///   FullPath                         values are to become the full paths of the copies
 ///   FALSETARGET                      values are to become paths below that folder
-/// With [THIRD] SSE the copies are listed in `listName`.CSV in the target folder: the feature's first
-/// attribute value and the copy's path. MissingPhotos gets one line for every value whose photo is missing,
-/// empty, unreadable, or outside the source folder, which is never touched. Nothing is done without a source
-/// folder. Returns what the values are to become.
+/// With [THIRD] SSE the copies are listed in a file of the target folder, `listName` with its extension: the
+/// feature's first attribute value and the copy's path. MissingPhotos gets one line for every value whose
+/// photo is missing, empty, unreadable, or outside the source folder, which is never touched. Nothing is done
+/// without a source folder. Returns what the values are to become.
 /// @throws platform::ReadError for a damaged drawing, before anything is copied; platform::WriteError
 PhotoPaths GatherPhotos(config::Session& session, drawing::DrawingFile& drawing,
                         std::string_view sourceFolder, std::string_view listName,
-                        std::string_view targetFolder);
+                        std::string_view targetFolder, std::string_view listExtension = "CSV");
 
 }  // namespace vexlator::exporter

@@ -13,24 +13,34 @@ using formats::DbfWriter;
 
 namespace {
 
-constexpr int longTextWidth = 99;
-constexpr int dateTextWidth = 10;
+constexpr int widestText = 254, longTextWidth = 99, dateTextWidth = 10;
+constexpr int widestNumber = 19, numberDecimals = 11;  ///< hold every number that people type
 
-std::vector<DbfColumn> ColumnsOf(config::Session& session, const ExportLayer& layer) {
-    std::vector<DbfColumn> columns;
-    std::string path = TemplateFor(session, layer);
-    for (const drawing::AtpField& field : drawing::ReadAtpFields(path, drawing::NullFields::Keep))
-        if (drawing::MappedFieldName(session.Settings(), field) != "NULL")
-            columns.push_back(DbfColumnFor(session.Settings(), field));
-    return columns;
+std::vector<drawing::AtpField> FieldsOf(config::Session& session, const ExportLayer& layer) {
+    std::vector<drawing::AtpField> fields =
+        drawing::ReadAtpFields(TemplateFor(session, layer), drawing::NullFields::Keep);
+    std::erase_if(fields, [&](const drawing::AtpField& field) {
+        return drawing::MappedFieldName(session.Settings(), field) == "NULL";
+    });
+    return fields;
+}
+
+/// The column's name as the template has it, but for what no table's name can hold.
+std::string NameFor(const config::SharedSettings& settings, const drawing::AtpField& field) {
+    return util::ReplaceAll(drawing::MappedFieldName(settings, field), ".", "_");
 }
 
 /// Makes the .CPG as well: both must tell the same.
-DbfWriter MakeWriter(config::Session& session, const ExportLayer& layer, const std::string& basePath,
+DbfWriter MakeWriter(const config::Session& session, const ExportLayer& layer,
+                     const std::vector<drawing::AtpField>& fields, const std::string& basePath,
                      platform::OutputSet& files) {
-    std::vector<DbfColumn> columns = ColumnsOf(session, layer);
+    std::vector<DbfColumn> columns;
     std::vector<std::string> names;
-    for (const DbfColumn& column : columns) names.push_back(column.name);
+    for (const drawing::AtpField& field : fields) {
+        columns.push_back(DbfColumnFor(session.Settings(), field));
+        columns.back().name = ColumnName(columns.back().name, columns.size() - 1);
+        names.push_back(columns.back().name);
+    }
     DbfWriter::Encoding encoding = EncodingFor(layer, names);
     files.Add(basePath + ".CPG").Write(encoding == DbfWriter::Encoding::Utf8 ? "UTF-8" : "1252");
     return {files.Add(basePath + ".DBF"), std::move(columns), encoding, layer.pointsAndLines};
@@ -39,25 +49,20 @@ DbfWriter MakeWriter(config::Session& session, const ExportLayer& layer, const s
 }  // namespace
 
 DbfColumn DbfColumnFor(const config::SharedSettings& settings, const drawing::AtpField& field) {
-    DbfColumn column;
-    column.name = util::ReplaceAll(drawing::MappedFieldName(settings, field), ".", "_");
-    column.width = field.Width();
-    switch (field.type) {
-        case 'N':
-        case 'F':
-            break;
-        case 'D':
-            if (!field.width.empty()) break;
-            column.width = dateTextWidth;
-            return column;
-        case 'X':
-            column.width = longTextWidth;
-            return column;
-        default:
-            return column;
+    DbfColumn column{NameFor(settings, field), 'C', field.Width(), 0};
+    bool hasWidth = column.width > 0;
+    bool isNumber = field.type == 'N' || field.type == 'F' || (field.type == 'D' && hasWidth);
+    if (isNumber) {
+        column.type = 'N';
+        column.decimals = hasWidth || !field.decimals.empty() ? field.Decimals() : numberDecimals;
+        if (!hasWidth) column.width = widestNumber;
+    } else if (field.type == 'D') {
+        column.width = dateTextWidth;
+    } else if (field.type == 'X') {
+        column.width = longTextWidth;
+    } else if (!hasWidth) {
+        column.width = widestText;
     }
-    column.type = 'N';
-    column.decimals = field.Decimals();
     return column;
 }
 
@@ -66,39 +71,61 @@ LayerTable::LayerTable(config::Session& session, const ExportLayer& layer, bool 
     : session_(session),
       layer_(layer),
       suppressNA_(suppressNA),
-      writer_(MakeWriter(session, layer, basePath, files)) {}
+      fields_(FieldsOf(session, layer)),
+      writer_(MakeWriter(session, layer, fields_, basePath, files)),
+      match_(session, layer.layer.name, NamesForAttributes()) {}
+
+/// Attributes may have the template's names, or those of an exported table that was imported again.
+std::vector<ColumnNames> LayerTable::NamesForAttributes() const {
+    std::vector<ColumnNames> names;
+    for (std::size_t i = 0; i < writer_.Columns().size(); ++i) {
+        names.push_back({fields_[i].name, writer_.Columns()[i].name});
+        if (!fields_[i].shortName.empty()) names.back().push_back(fields_[i].shortName);
+    }
+    return names;
+}
 
 std::string_view LayerTable::Shown(std::string_view value) const {
     if (suppressNA_ && value == "NA") return "";
     return drawing::ShortenValue(session_.Settings(), value);
 }
 
-void LayerTable::CountLost(std::string_view field, std::uint64_t values) {
-    session_.Losses().Count(config::LossReport::Kind::Cut, layer_.layer.name, field, values);
-}
-
 void LayerTable::Add(drawing::Entity entity) {
     writer_.BeginRecord();
-    drawing::ValueCursor values = entity.xproperties().values();
-    bool single = values.Left() <= 1;
     bool empty = true;
-    const std::size_t columns = writer_.Columns().size();
-    for (std::size_t column = 0; !values.AtEnd(); ++column) {
-        std::string_view value = Shown(values.Next());
+    std::span<const std::string_view> row = match_.Row(entity);
+    for (std::size_t column = 0; column < row.size(); ++column) {
+        std::string_view value = Shown(row[column]);
         empty = empty && value.empty();
-        if (column < columns)
-            writer_.SetField(column, value);
-        else if (!value.empty())
-            CountLost(entity.xproperties().name(column), 1);
+        writer_.SetField(column, value);
     }
-    if (single && empty) writer_.SetField(0, entity.handle());
+    if (empty && entity.xproperties().count() <= 1) writer_.SetField(0, entity.handle());
     writer_.EndRecord();
 }
 
 void LayerTable::Finish() {
     writer_.Finish();
-    for (std::size_t i = 0; i < writer_.Columns().size(); ++i)
-        if (writer_.ValuesCut()[i] > 0) CountLost(writer_.Columns()[i].name, writer_.ValuesCut()[i]);
+    ReportColumns();
+    match_.Report();
+    using enum config::LossReport::Kind;
+    for (std::size_t i = 0; i < writer_.Columns().size(); ++i) {
+        const std::string& name = writer_.Columns()[i].name;
+        session_.Losses().Count(Cut, layer_.layer.name, name, writer_.ValuesCut()[i]);
+        session_.Losses().Count(Replaced, layer_.layer.name, name, writer_.Replaced()[i]);
+    }
+}
+
+void LayerTable::ReportColumns() const {
+    util::ShortList renamed = OtherNames();
+    for (std::size_t i = 0; i < writer_.Columns().size(); ++i) {
+        std::string wanted = ColumnName(NameFor(session_.Settings(), fields_[i]), i);
+        const std::string& name = writer_.Columns()[i].name;
+        if (util::ReplaceAll(wanted, " ", "_") != name)
+            renamed.Add(util::ShortList::Shortened(wanted) + " -> " + name);
+    }
+    if (!renamed.Empty())
+        session_.Ui().Report(util::ShortList::Shortened(layer_.layer.name) +
+                             ": names of columns cut: " + renamed.Text());
 }
 
 }  // namespace vexlator::exporter

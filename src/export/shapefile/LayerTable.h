@@ -5,42 +5,45 @@
 #include "config/Session.h"
 #include "drawing/AttributeTemplate.h"
 #include "drawing/Drawing.h"
+#include "export/ColumnMatch.h"
 #include "export/LayerLoop.h"
 #include "formats/dbf/DbfWriter.h"
 #include "platform/OutputSet.h"
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace vexlator::exporter {
 
-/// The DBF column of a template field.
+/// The DBF column of a template field. One without width is as wide as such columns are elsewhere: 254 for
+/// text, 19 with 11 decimals for numbers.
 formats::DbfColumn DbfColumnFor(const config::SharedSettings& settings, const drawing::AtpField& field);
 
 /// The attribute table of a layer with the .CPG that names its encoding: Windows-1252 where that holds every
-/// value, else UTF-8, so that no character is lost. Values go to columns by position.
+/// value, else UTF-8, so that no character is lost.
 class LayerTable {
 public:
     /// `basePath` is the path of both files without extension.
     LayerTable(config::Session& session, const ExportLayer& layer, bool suppressNA,
                const std::string& basePath, platform::OutputSet& files);
 
-    /// One record; an entity without values gives its handle. Values that the table has no column for are
-    /// counted in the session's losses.
+    /// One record; an entity without values gives its handle.
     void Add(drawing::Entity entity);
-    /// Ends the table and counts what was cut in the session's losses.
+    /// Ends the table, tells which names were cut and counts what its values lost.
     void Finish();
 
 private:
     std::string_view Shown(std::string_view value) const;
-    void CountLost(std::string_view field, std::uint64_t values);
+    void ReportColumns() const;
+    std::vector<ColumnNames> NamesForAttributes() const;
 
     config::Session& session_;
     const ExportLayer& layer_;
     bool suppressNA_;
+    std::vector<drawing::AtpField> fields_;  ///< of the columns
     formats::DbfWriter writer_;
+    ColumnMatch match_;
 };
 
 }  // namespace vexlator::exporter

@@ -64,6 +64,7 @@ void ShapefileLayer::Gather(Entity entity) {
             GatherPolyline(entity);
             break;
         default:
+            leftOut_.Add(entity.kindCode());
             break;
     }
 }
@@ -91,6 +92,7 @@ void ShapefileLayer::ConvertBatch() {
     wanted.reserve(points_.size());
     for (const util::PlanePoint& point : points_)
         if (!HasZero(point)) wanted.push_back(point);
+    convertible_ += wanted.size();
     unconverted_ += converter_->GridToLatLng(wanted);
     auto next = wanted.begin();
     for (util::PlanePoint& point : points_)
@@ -116,6 +118,7 @@ void ShapefileLayer::WriteBatch() {
 }
 
 void ShapefileLayer::Report() {
+    leftOut_.Report(session_, layer_.layer.name);
     if (unconverted_ > 0)
         session_.Ui().Report(
             layer_.layer.name + ": " + util::GroupedCount(unconverted_) +

@@ -6,6 +6,7 @@
 #include "coords/frmLatLng.h"
 #include "drawing/Drawing.h"
 #include "export/LayerLoop.h"
+#include "export/LeftOutEntities.h"
 #include "export/shapefile/LayerTable.h"
 #include "formats/shapefile/ShapefileWriter.h"
 #include "platform/OutputSet.h"
@@ -21,8 +22,8 @@ namespace vexlator::exporter {
 struct ShapefileSettings {
     bool suppressNA = false;  ///< values "NA" are written empty
     bool latLng = false;      ///< coordinates in degrees, x longitude and y latitude
-    std::string projection =
-        "ESRI.PRJ";  ///< file of the program folder's Resources, copied beside each layer
+    std::string projection;   ///< file of the program folder's Resources, copied beside each layer; empty:
+                              ///< ESRI.PRJ or, for layers in degrees, WGS 84
 };
 
 /// The shapefile of one layer while it is written: geometry, index and attribute table.
@@ -36,6 +37,8 @@ public:
     void Write(const LayerPart& part);
     /// Ends the files. Returns how many records they hold.
     std::uint64_t Finish();
+    /// Whether what was written is in degrees: not so when the conversion covered none of it.
+    bool IsInDegrees() const { return converter_ && (unconverted_ == 0 || unconverted_ < convertible_); }
 
 private:
     /// One entity of a batch whose coordinates are gathered to be converted at once.
@@ -58,7 +61,8 @@ private:
     LayerTable table_;
     std::vector<Item> items_;
     std::vector<util::PlanePoint> points_;
-    std::uint64_t unconverted_ = 0;
+    LeftOutEntities leftOut_;
+    std::uint64_t convertible_ = 0, unconverted_ = 0;  ///< vertices, when there is a converter
 };
 
 }  // namespace vexlator::exporter

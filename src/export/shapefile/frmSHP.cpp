@@ -20,10 +20,14 @@ ShapefileSettings ReadSettings(const config::Session& session) {
     ShapefileSettings settings;
     settings.suppressNA = session.ReadIniFlag("CSV", "SuppressNA");
     settings.latLng = session.ReadIniFlag("SHPout", "LL");
-    std::string projection = session.ReadIni("SHPout", "PRJ");
-    if (!projection.empty()) settings.projection = projection;
+    settings.projection = session.ReadIni("SHPout", "PRJ");
     return settings;
 }
+
+/// WGS 84 (EPSG:4326) in the names of ESRI's well-known text: what conversions to degrees result in.
+constexpr std::string_view worldGeodeticSystem =
+    R"wkt(GEOGCS["GCS_WGS_1984",DATUM["D_WGS_1984",SPHEROID["WGS_1984",6378137.0,298.257223563]],)wkt"
+    R"wkt(PRIMEM["Greenwich",0.0],UNIT["Degree",0.0174532925199433]])wkt";
 
 /// The bytes of the projection file; none when there is no such file.
 std::string ReadProjection(const config::Session& session, const std::string& name) {
@@ -38,22 +42,29 @@ config::Outcome frmSHP::Start(std::string_view drawingPath, std::string_view tar
     BegunExport run = BeginExport(session_, "frmSHP", drawingPath, targetPath);
     if (run.IsStopped()) return run.outcome;
     ShapefileSettings settings = ReadSettings(session_);
-    std::string projection = ReadProjection(session_, settings.projection);
+    bool isChosen = !settings.projection.empty();
+    std::string projection = ReadProjection(session_, isChosen ? settings.projection : "ESRI.PRJ");
     std::unique_ptr<coords::frmLatLng> converter;
     if (settings.latLng) converter = std::make_unique<coords::frmLatLng>(session_);
 
     platform::OutputSet files;
     std::vector<ExportLayer> layers = FindLayers(run, LayerZero::Export);
     std::deque<ShapefileLayer> shapefiles;
-    for (const ExportLayer& layer : layers) {
+    for (const ExportLayer& layer : layers)
         shapefiles.emplace_back(session_, settings, converter.get(), layer, targetPath, files);
-        if (!projection.empty())
-            files.Add(util::JoinPath(targetPath, layer.fileName + ".PRJ")).Write(projection);
-    }
+    auto writeProjection = [&](std::size_t layer) {
+        bool degrees = !isChosen && shapefiles[layer].IsInDegrees();
+        std::string_view text = degrees ? worldGeodeticSystem : projection;
+        if (!text.empty()) files.Add(util::JoinPath(targetPath, layers[layer].fileName + ".PRJ")).Write(text);
+    };
     WriteLayers(
         session_, run, layers,
         [&](std::size_t layer, const LayerPart& part) { shapefiles[layer].Write(part); },
-        [&](std::size_t layer) { return shapefiles[layer].Finish(); });
+        [&](std::size_t layer) {
+            std::uint64_t records = shapefiles[layer].Finish();
+            writeProjection(layer);
+            return records;
+        });
     files.Commit();
     return run.outcome;
 }

@@ -23,13 +23,34 @@ bool IsNumber(std::string_view text) {
     return error != std::errc::invalid_argument && end == text.data() + text.size();
 }
 
-/// Tabs and carriage returns are taken off by spreadsheets before they look.
+/// Without what spreadsheets take off before they look: quotes and blanks.
+std::string_view Bare(std::string_view text) {
+    constexpr std::string_view around = "\" ";
+    std::size_t begin = text.find_first_not_of(around);
+    if (begin == std::string_view::npos) return {};
+    return text.substr(begin, text.find_last_not_of(around) + 1 - begin);
+}
+
+/// Spreadsheets take tabs and carriage returns off, too.
 bool MayRun(std::string_view text) {
     constexpr std::string_view starts = "=+-@\t\r";
+    text = Bare(text);
     return !text.empty() && starts.find(text.front()) != std::string_view::npos && !IsNumber(text);
 }
 
 }  // namespace
+
+CsvLosses& CsvLosses::operator+=(const CsvLosses& other) {
+    replaced += other.replaced;
+    broken += other.broken;
+    return *this;
+}
+
+CsvLosses& CsvLosses::operator-=(const CsvLosses& other) {
+    replaced -= other.replaced;
+    broken -= other.broken;
+    return *this;
+}
 
 CsvWriter::CsvWriter(platform::OutputFile& file, const CsvLayout& layout)
     : file_(&file),
@@ -44,6 +65,18 @@ void CsvWriter::BeginField() {
         file_->Advance(1);
     }
     rowBegun_ = true;
+}
+
+bool CsvWriter::BreaksRow(std::string_view text) const {
+    return NeedsQuotes(text, layout_.separator) ||
+           (layout_.separator != ',' && text.find(',') != std::string_view::npos);
+}
+
+/// The bytes of a text, which are counted when they break the row.
+std::string_view CsvWriter::Encode(std::string_view text) {
+    text = encoder_.Encode(text);
+    if (!layout_.quote && BreaksRow(text)) ++broken_;
+    return text;
 }
 
 std::string_view CsvWriter::MadeSafe(std::string_view text, bool isFormula) {
@@ -78,13 +111,14 @@ void CsvWriter::Write(std::string_view text) {
 
 void CsvWriter::AddText(std::string_view text) {
     BeginField();
-    text = encoder_.Encode(text);
+    if (!layout_.safeFormulas && IsSimple(text)) return file_->Write(text);
+    text = Encode(text);
     Write(layout_.safeFormulas ? MadeSafe(text, false) : text);
 }
 
 void CsvWriter::AddHyperlink(std::string_view target) {
     BeginField();
-    target = encoder_.Encode(target);
+    target = Encode(target);
     formula_ = "=hyperlink(";
     if (layout_.safeFormulas)
         AppendQuoted(formula_, target);

@@ -29,6 +29,15 @@ struct CsvCoordinates {
     bool list = false;                ///< a ":" follows each position
 };
 
+/// What texts lost on their way into a file.
+struct CsvLosses {
+    std::uint64_t replaced = 0;  ///< characters that the file's encoding lacks
+    std::uint64_t broken = 0;    ///< texts without quotes that hold a separator, a quote or a line end
+    bool operator==(const CsvLosses&) const = default;
+    CsvLosses& operator+=(const CsvLosses& other);
+    CsvLosses& operator-=(const CsvLosses& other);
+};
+
 /// Writes rows, field by field, into a file that the caller commits. Lines end in CR LF.
 /// @throws platform::WriteError
 class CsvWriter {
@@ -45,11 +54,13 @@ public:
 
     /// What comes next goes to another file.
     void GoOnIn(platform::OutputFile& file) { file_ = &file; }
-    /// Characters replaced so far, because the file's encoding lacks them.
-    std::uint64_t Replaced() const { return encoder_.Replaced(); }
+    /// So far.
+    CsvLosses Losses() const { return {encoder_.Replaced(), broken_}; }
 
 private:
     void BeginField();
+    std::string_view Encode(std::string_view text);
+    bool BreaksRow(std::string_view text) const;
     void AddPosition(const util::PlanePoint& point, double height, const CsvCoordinates& as, char between);
     void Write(std::string_view text);
     /// Puts a ' before what a spreadsheet would run.
@@ -58,6 +69,7 @@ private:
     platform::OutputFile* file_;
     CsvLayout layout_;
     TextEncoder encoder_;
+    std::uint64_t broken_ = 0;
     std::string formula_, safe_, written_;
     bool rowBegun_ = false;
 };

@@ -4,6 +4,7 @@
 
 #include "formats/Bytes.h"
 #include "platform/CodePages.h"
+#include "platform/Paths.h"
 #include "util/Text.h"
 
 #include <algorithm>
@@ -15,6 +16,7 @@ namespace {
 
 constexpr std::size_t fixedHeader = 32;
 constexpr std::size_t descriptorSize = 32;
+constexpr std::size_t longestName = 10;
 constexpr char endOfFields = 0x0D;
 constexpr char endOfFile = 0x1A;
 
@@ -24,25 +26,19 @@ std::string_view WithoutQuotes(std::string_view value) {
     return value;
 }
 
-std::string Encoded(std::string_view text, DbfWriter::Encoding encoding) {
-    return encoding == DbfWriter::Encoding::Utf8 ? std::string(text) : platform::Windows1252FromUtf8(text);
-}
-
-std::string_view Cut(std::string_view bytes, std::size_t width, DbfWriter::Encoding encoding) {
-    return encoding == DbfWriter::Encoding::Utf8 ? platform::CutUtf8(bytes, width) : bytes.substr(0, width);
-}
-
 }  // namespace
 
 DbfWriter::DbfWriter(platform::OutputFile& file, std::vector<DbfColumn> columns, Encoding encoding,
                      std::uint64_t records)
-    : file_(file), columns_(std::move(columns)), encoding_(encoding) {
+    : file_(file), columns_(std::move(columns)), encoder_(encoding) {
     if (columns_.size() > mostColumns) columns_.resize(mostColumns);
+    NameColumns();
     for (const DbfColumn& column : columns_) {
         offsets_.push_back(recordLength_);
         recordLength_ += static_cast<std::size_t>(column.width);
     }
     cut_.resize(columns_.size());
+    replaced_.resize(columns_.size());
     file_.Write(std::string(fixedHeader, '\0'));
     WriteDescriptors();
     CheckRoomFor(records);
@@ -53,13 +49,39 @@ void DbfWriter::CheckRoomFor(std::uint64_t records) const {
         throw platform::WriteError(file_.Name(), "the table would be larger than 2 GB");
 }
 
+/// Names that fit keep theirs, whatever others become when they are cut.
+void DbfWriter::NameColumns() {
+    std::set<std::string> taken;
+    std::vector<DbfColumn*> others;
+    for (DbfColumn& column : columns_) {
+        column.name = util::ReplaceAll(column.name, " ", "_");
+        bool fits = Cut(column.name, longestName).size() == column.name.size();
+        if (!fits || !taken.insert(platform::LowerAscii(column.name)).second) others.push_back(&column);
+    }
+    for (DbfColumn* column : others) column->name = FreeName(taken, column->name);
+}
+
+std::string DbfWriter::FreeName(std::set<std::string>& taken, std::string_view name) const {
+    std::string candidate(Cut(name, longestName));
+    for (int n = 1; !taken.insert(platform::LowerAscii(candidate)).second; ++n) {
+        std::string number = std::to_string(n);
+        candidate = std::string(Cut(name, longestName - number.size())) + number;
+    }
+    return candidate;
+}
+
+/// As much of a UTF-8 text as takes at most `width` bytes of the table.
+std::string_view DbfWriter::Cut(std::string_view text, std::size_t width) const {
+    return encoder_.Encoding() == Encoding::Utf8 ? platform::CutUtf8(text, width)
+                                                 : platform::FirstCharacters(text, width);
+}
+
 void DbfWriter::WriteDescriptors() {
     for (const DbfColumn& column : columns_) {
         std::string descriptor(descriptorSize, '\0');
-        std::string name = Encoded(util::ReplaceAll(column.name, " ", "_"), encoding_);
-        name = Cut(name, 10, encoding_);
-        std::fill_n(descriptor.begin(), 11, ' ');
-        descriptor.replace(0, name.size() + 1, name.c_str(), name.size() + 1);
+        std::string_view name = encoder_.Encode(column.name).substr(0, longestName);
+        std::fill_n(descriptor.begin(), longestName + 1, ' ');
+        *std::copy(name.begin(), name.end(), descriptor.begin()) = '\0';
         descriptor[11] = column.type;
         descriptor[16] = static_cast<char>(column.width);
         descriptor[17] = static_cast<char>(column.decimals);
@@ -78,10 +100,12 @@ void DbfWriter::SetField(std::size_t column, std::string_view value) {
     if (column >= columns_.size()) return;
     value = WithoutQuotes(util::Trim(value));
     auto width = static_cast<std::size_t>(columns_[column].width);
-    std::string encoded;
-    if (encoding_ == Encoding::Windows1252) value = encoded = Encoded(value, encoding_);
+    std::uint64_t before = encoder_.Replaced();
+    value = encoder_.Encode(value);
+    replaced_[column] += encoder_.Replaced() - before;
     if (value.size() > width) {
-        value = Cut(value, width, encoding_);
+        value =
+            encoder_.Encoding() == Encoding::Utf8 ? platform::CutUtf8(value, width) : value.substr(0, width);
         ++cut_[column];
     }
     if (!value.empty()) std::memcpy(record_ + offsets_[column], value.data(), value.size());

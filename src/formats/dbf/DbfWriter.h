@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,13 +19,15 @@ namespace vexlator::formats {
 constexpr std::uint64_t largestTableFile = 0x7FFFFFFF;
 
 struct DbfColumn {
-    std::string name;  ///< at most 10 bytes are written, in the table's encoding
+    std::string name;  ///< of any length
     char type = 'C';   ///< C or N
     int width = 0;     ///< bytes, 0 to 255
     int decimals = 0;
 };
 
-/// Writes one table into a file that the caller commits: columns first, then record after record.
+/// Writes one table into a file that the caller commits: columns first, then record after record. Names of
+/// columns are cut to 10 bytes of the table's encoding, blanks become "_", and names that are then the same,
+/// letter case ignored, get numbers: INSPECTIO1.
 /// @throws platform::WriteError, also for a table that would pass 2 GB
 class DbfWriter {
 public:
@@ -45,20 +48,26 @@ public:
     void Finish();
 
     std::uint32_t RecordCount() const { return records_; }
+    /// With the names that they have in the table.
     const std::vector<DbfColumn>& Columns() const { return columns_; }
     /// Values cut so far, by column.
     const std::vector<std::uint64_t>& ValuesCut() const { return cut_; }
+    /// Characters replaced so far, by column: NUL would end the value for readers.
+    const std::vector<std::uint64_t>& Replaced() const { return replaced_; }
 
 private:
     std::string Header() const;
+    void NameColumns();
+    std::string FreeName(std::set<std::string>& taken, std::string_view name) const;
+    std::string_view Cut(std::string_view text, std::size_t width) const;
     void WriteDescriptors();
     void CheckRoomFor(std::uint64_t records) const;
 
     platform::OutputFile& file_;
     std::vector<DbfColumn> columns_;
-    Encoding encoding_;
+    TextEncoder encoder_;
     std::vector<std::size_t> offsets_;
-    std::vector<std::uint64_t> cut_;
+    std::vector<std::uint64_t> cut_, replaced_;
     std::size_t recordLength_ = 1;
     std::uint32_t records_ = 0;
     char* record_ = nullptr;  ///< in the file's buffer, while a record is being set

@@ -81,6 +81,7 @@ void MifWriter::AddValue(std::string_view value) {
         mid_.Advance(1);
     }
     rowBegun_ = true;
+    if (IsSimple(value)) return mid_.Write(value);
     value = encoder_.Encode(value);
     if (NeedsQuotes(value, delimiter)) {
         quoted_.clear();

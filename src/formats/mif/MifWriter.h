@@ -43,6 +43,8 @@ public:
     /// The next value of the row, in quotes when it holds the delimiter, a quote or a line end.
     void AddValue(std::string_view value);
     void EndRow();
+    /// Characters replaced so far.
+    std::uint64_t Replaced() const { return encoder_.Replaced(); }
 
 private:
     void WriteHeader(const MifHeader& header);

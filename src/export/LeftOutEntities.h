@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Session.h"
+#include "drawing/Drawing.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace vexlator::exporter {
+
+/// Counts the entities of a layer that an output has no place for, by their kinds.
+class LeftOutEntities {
+public:
+    void Add(drawing::Kind kind) { ++counts_[static_cast<std::size_t>(kind)]; }
+    /// Adds them to the session's losses. To be called once.
+    void Report(config::Session& session, std::string_view layer) const;
+
+private:
+    std::array<std::uint64_t, static_cast<std::size_t>(drawing::Kind::Other) + 1> counts_{};
+};
+
+}  // namespace vexlator::exporter
