@@ -7,43 +7,48 @@
 
 namespace vexlator::importer {
 
-std::size_t GmlDimension(std::string_view text) {
+std::uint8_t GmlDimension(std::string_view text) {
     text = TrimmedXml(text);
     bool isKnown = text == "2" || text == "3" || text == "4";
-    return isKnown ? static_cast<std::size_t>(text[0] - '0') : 0;
+    return isKnown ? static_cast<std::uint8_t>(text[0] - '0') : 0;
 }
 
 void GmlReferences::Read(XmlAttributes attributes, GmlReference& reference) {
-    for (const auto& [name, value] : attributes)
-        if (name == "srsName" && !TrimmedXml(value).empty()) UseSystem(TrimmedXml(value), reference);
-    for (const auto& [name, value] : attributes) {
-        if (name != "srsDimension") continue;
-        reference.dimension = GmlDimension(value);
-        reference.isGiven = true;
+    std::string_view name, dimension;
+    for (const XmlAttribute& attribute : attributes) {
+        if (attribute.name == "srsName") name = TrimmedXml(attribute.value);
+        if (attribute.name == "srsDimension") dimension = attribute.value;
     }
+    if (!name.empty()) UseSystem(name, reference);
+    if (dimension.empty()) return;
+    reference.dimension = GmlDimension(dimension);
+    reference.isGiven = true;
 }
 
 /// A dimension that is told around elements of one system does not hold for those of another.
 void GmlReferences::UseSystem(std::string_view name, GmlReference& reference) {
     if (firstName_.empty()) firstName_ = name;
-    const System& system = Find(name);
-    if (system.number == reference.name) return;
+    if (name != lastName_) {
+        last_ = Find(name);
+        lastName_ = name;
+    }
+    if (last_.number == reference.name) return;
     bool replaces = reference.name != 0 || !reference.isGiven;
-    reference.name = system.number;
-    if (!system.dimension || !replaces) return;
-    reference.dimension = *system.dimension;
+    reference.name = last_.number;
+    if (last_.dimension == 0 || !replaces) return;
+    reference.dimension = last_.dimension;
     reference.isGiven = false;
 }
 
-const GmlReferences::System& GmlReferences::Find(std::string_view name) {
+GmlReferences::System GmlReferences::Find(std::string_view name) {
     // A file has a handful; looking up those of a hostile one would take hours.
     constexpr std::size_t mostSystems = 256;
-    static const System unknown{0, std::nullopt};
     auto found = systems_.find(name);
     if (found != systems_.end()) return found->second;
-    if (systems_.size() == mostSystems) return unknown;
-    System system{systems_.size() + 1, coords::AxisCount(name)};
-    if (system.dimension > 4) system.dimension.reset();
+    if (systems_.size() == mostSystems) return {};
+    std::size_t axes = coords::AxisCount(name).value_or(0);
+    System system{static_cast<std::uint16_t>(systems_.size() + 1),
+                  static_cast<std::uint8_t>(axes <= 4 ? axes : 0)};
     return systems_.emplace(name, system).first->second;
 }
 

@@ -4,9 +4,8 @@
 
 #include "import/gml/XmlParser.h"
 
-#include <cstddef>
+#include <cstdint>
 #include <map>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -14,9 +13,9 @@ namespace vexlator::importer {
 
 /// The coordinate system that holds at an element, as it or an element around it says.
 struct GmlReference {
-    std::size_t dimension = 2;  ///< values of a point; 0: the file tells none that there is
-    std::size_t name = 0;       ///< of the system, as GmlReferences counts them; 0: none
-    bool isGiven = false;       ///< the file itself tells the dimension
+    std::uint8_t dimension = 2;  ///< values of a point; 0: the file tells none that there is
+    std::uint16_t name = 0;      ///< of the system, as GmlReferences counts them; 0: none
+    bool isGiven = false;        ///< the file itself tells the dimension
 };
 
 /// What the attributes srsName and srsDimension say. A dimension holds for all elements within, until one
@@ -30,18 +29,19 @@ public:
 
 private:
     struct System {
-        std::size_t number;
-        std::optional<std::size_t> dimension;
+        std::uint16_t number = 0;
+        std::uint8_t dimension = 0;  ///< by its definition; 0: not known
     };
 
     void UseSystem(std::string_view name, GmlReference& reference);
-    const System& Find(std::string_view name);
+    System Find(std::string_view name);
 
     std::map<std::string, System, std::less<>> systems_;
-    std::string firstName_;
+    std::string firstName_, lastName_;
+    System last_;  ///< that of lastName_: most elements repeat the name before them
 };
 
 /// Of "2", "3" and "4"; 0 for another text.
-std::size_t GmlDimension(std::string_view text);
+std::uint8_t GmlDimension(std::string_view text);
 
 }  // namespace vexlator::importer
