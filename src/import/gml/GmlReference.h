@@ -5,6 +5,7 @@
 #include "import/gml/XmlParser.h"
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>

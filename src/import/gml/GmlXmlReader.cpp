@@ -86,7 +86,7 @@ void GmlXmlReader::Text(std::string_view text) {
         CoordinatesText(text);
     } else if (inProperty_) {
         CountText(text.size());
-        if (!feature_.properties.empty()) feature_.properties.back().value += text;
+        if (inProperty_) feature_.properties.back().value += text;
     }
 }
 
@@ -295,10 +295,10 @@ void GmlXmlReader::EndProperty() {
 void GmlXmlReader::CountText(std::size_t bytes) {
     textBytes_ += bytes;
     if (textBytes_ <= mostText) return;
-    bool isOutside = outer_.size() == open_.size() && !isImplied_;
-    if (!isOutside) throw ReadError("", "", "a feature with more than 64 MB of properties");
-    feature_.properties.clear();
-    textBytes_ = 0;
+    Scope around = open_.empty() ? Scope::Outside : open_.back().scope;
+    if (around != Scope::Outside && around != Scope::Holder)
+        throw ReadError("", "", "a feature with more than 64 MB of properties");
+    ForgetFeature();
 }
 
 }  // namespace vexlator::importer

@@ -22,13 +22,14 @@ public:
 
     /// Imports `sourcePath` and the files of `fileList` (each preceded by "|"; names without a folder lie
     /// beside `sourcePath`) and saves the drawing in `sourceFolder` under the first one's base name.
-    /// A file that is missing or empty is reported and left out, and the outcome is Failed.
+    /// A file that is missing or empty, or gives no feature with a place, is reported, and the outcome is
+    /// Failed.
     /// @throws platform::ReadError for a damaged file, platform::WriteError; then nothing is saved
     config::Outcome Start(std::string_view sourcePath, std::string_view sourceFolder,
                           std::string_view fileList);
 
 private:
-    /// False when the file cannot be opened.
+    /// False when nothing came from the file.
     bool ImportGmlFile(const std::string& path);
     /// Tells when the coordinate system that a file names is not the drawings'.
     void CompareSystem(const std::string& file, const std::string& srsName);
