@@ -228,8 +228,8 @@ void JsonToDrawing(std::string_view json, std::string_view plainLayer, drawing::
     std::size_t begin = json.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
     PropertyColumns columns;
     DocumentReader(json, plainLayer, columns, drawing).Read(begin);
-    if (columns.AreComplete()) return;
-    columns.CheckRoom(json.size());
+    if (columns.AreUniform()) return;
+    columns.Settle(json.size());
     drawing.clear();
     DocumentReader(json, plainLayer, columns, drawing).Read(begin);
 }

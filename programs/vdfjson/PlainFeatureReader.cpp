@@ -66,10 +66,15 @@ void PlainFeatureReader::ReadProperties(Object properties) {
 void PlainFeatureReader::ArrangeValues() {
     PropertyColumns::Layer& layer = columns_.Of(drawing_.activeLayerName());
     const std::vector<std::size_t>& places = layer.PlacesOf(ownNames_);
+    names_.Start();
+    if (!columns_.AreSettled()) {
+        for (std::string_view name : ownNames_) names_.Add(name);
+        values_.assign(ownValues_.begin(), ownValues_.end());
+        return;
+    }
+    for (const std::string& name : layer.Names()) names_.Add(name);
     values_.assign(layer.Names().size(), "");
     for (std::size_t i = 0; i < places.size(); ++i) values_[places[i]] = ownValues_[i];
-    names_.Start();
-    for (const std::string& name : layer.Names()) names_.Add(name);
 }
 
 void PlainFeatureReader::AddGeometry(Object geometry) {

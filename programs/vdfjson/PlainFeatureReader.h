@@ -44,7 +44,7 @@ private:
     static const std::array<GeometryType, 6> geometryTypes;
 
     void ReadProperties(Object properties);
-    /// Puts the values where their names stand among those of the layer.
+    /// Puts the values where their names stand among those of the layer, once these are known.
     void ArrangeValues();
     void AddGeometry(Object geometry);
     void AddParts(Part part, int depth, element coordinates);

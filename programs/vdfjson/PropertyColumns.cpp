@@ -16,8 +16,10 @@ const std::vector<std::size_t>& PropertyColumns::Layer::PlacesOf(const std::vect
     for (std::string_view name : names) {
         std::size_t place = PlaceOf(name, places_.empty() ? 0 : places_.back() + 1);
         takenBy_[place] = features_;
+        isUniform_ = isUniform_ && place == places_.size();
         places_.push_back(place);
     }
+    isUniform_ = isUniform_ && places_.size() == names_.size();
     return places_;
 }
 
@@ -30,18 +32,19 @@ std::size_t PropertyColumns::Layer::PlaceOf(std::string_view name, std::size_t e
     for (std::size_t place : same)
         if (takenBy_[place] != features_) return place;
     hasRepeats_ = hasRepeats_ || !same.empty();
-    isComplete_ = isComplete_ && features_ == 1;
+    isUniform_ = isUniform_ && features_ == 1;
     same.push_back(names_.size());
     names_.emplace_back(name);
     takenBy_.push_back(0);
     return same.back();
 }
 
-bool PropertyColumns::AreComplete() const {
-    return std::ranges::all_of(layers_, [](const auto& each) { return each.second.isComplete_; });
+bool PropertyColumns::AreUniform() const {
+    return std::ranges::all_of(layers_, [](const auto& each) { return each.second.isUniform_; });
 }
 
-void PropertyColumns::CheckRoom(std::uint64_t documentBytes) const {
+void PropertyColumns::Settle(std::uint64_t documentBytes) {
+    areSettled_ = true;
     constexpr std::uint64_t mostPerByte = 16;
     std::uint64_t missing = 0;
     for (const auto& [name, layer] : layers_) {

@@ -12,9 +12,8 @@
 namespace vexlator::vdfjson {
 
 /// The names of the properties that the plain features of each layer have, each once, in the order in which
-/// they come up. Exports go by the positions of attributes, so that every feature of a layer gets all of
-/// them. They are known when all features have been read once; AreComplete() tells whether a second time is
-/// needed.
+/// they come up. Exports go by the positions of attributes, so that every feature of a layer has to have all
+/// of them. They are known when all features have been read; where features differ, these are read once more.
 class PropertyColumns {
 public:
     class Layer {
@@ -33,18 +32,21 @@ public:
         std::vector<std::uint64_t> takenBy_;  ///< by place: the last feature that has it, counted from 1
         std::vector<std::size_t> places_;
         std::uint64_t features_ = 0, values_ = 0;
-        bool isComplete_ = true;   ///< no name came up behind the first feature
+        bool isUniform_ = true;    ///< all features so far have the same names in the same order
         bool hasRepeats_ = false;  ///< a feature has two properties of one name
     };
 
     /// By the layer's name as the drawing spells it.
     Layer& Of(const std::string& layer) { return layers_[layer]; }
-    /// Whether every feature so far has had all names of its layer.
-    bool AreComplete() const;
+    /// Whether the features of each layer have the same names in the same order.
+    bool AreUniform() const;
+    /// All features have been read once, and their names are complete.
     /// @throws platform::ReadError when the values that features lack would outweigh the document many times
-    void CheckRoom(std::uint64_t documentBytes) const;
+    void Settle(std::uint64_t documentBytes);
+    bool AreSettled() const { return areSettled_; }
 
 private:
+    bool areSettled_ = false;
     std::unordered_map<std::string, Layer> layers_;
 };
 

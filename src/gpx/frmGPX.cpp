@@ -57,23 +57,25 @@ void frmGPX::ConvertTrailFile(const std::string& path) {
     if (trail.Text().empty()) return;
     platform::OutputFile file(util::ChangeExtension(path, "GPX"));
     GpxWriter writer(file, settings_);
-    std::optional<GpxPosition> end = LastPosition(trail.Text());
+    const GpxPosition end = LastPosition(trail.Text());
     std::uint64_t written = 0, withoutPlace = 0;
     std::vector<TrailPosition> batch;
     for (util::LineReader lines(trail.Text()); !lines.AtEnd();) {
         ReadBatch(lines, batch);
         ConvertBatch(batch);
         for (const GpxPosition& position : converted_) {
-            if (!HasPlace(position)) ++withoutPlace;
-            if (settings_.strict && !HasPlace(position)) continue;
-            if (written++ == 0) writer.Begin(position, *end);
+            if (!HasPlace(position)) {
+                ++withoutPlace;
+                if (settings_.strict) continue;
+            }
+            if (written++ == 0) writer.Begin(position, end);
             writer.TrackPoint(position);
         }
         trail.DoneBefore(lines.Position());
     }
     Report(trail.Name(), withoutPlace, written == 0);
     if (written == 0) return;
-    writer.End(*end);
+    writer.End(end);
     file.Commit();
 }
 
@@ -93,7 +95,7 @@ void frmGPX::ReadBatch(util::LineReader& lines, std::vector<TrailPosition>& batc
     }
 }
 
-std::optional<GpxPosition> frmGPX::LastPosition(std::string_view text) {
+GpxPosition frmGPX::LastPosition(std::string_view text) {
     while (!text.empty()) {
         std::string_view line = LastLine(text);
         text = text.substr(0, static_cast<std::size_t>(line.data() - text.data()));
@@ -101,7 +103,7 @@ std::optional<GpxPosition> frmGPX::LastPosition(std::string_view text) {
         GpxPosition position = Convert(ParseTrailLine(line));
         if (!settings_.strict || HasPlace(position)) return position;
     }
-    return std::nullopt;
+    return {};
 }
 
 coords::frmLatLng& frmGPX::Converter() {

@@ -10,7 +10,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -43,8 +42,8 @@ private:
     void ReadBatch(util::LineReader& lines, std::vector<TrailPosition>& batch) const;
     bool IsPosition(std::string_view line) const;
     bool HasPlace(const GpxPosition& position) const;
-    /// The last position that goes into the file.
-    std::optional<GpxPosition> LastPosition(std::string_view text);
+    /// The last position that goes into the file; an empty one when none does.
+    GpxPosition LastPosition(std::string_view text);
     GpxPosition Convert(const TrailPosition& position);
     /// Replaces `converted_` by the positions of a batch.
     void ConvertBatch(std::span<const TrailPosition> positions);

@@ -52,8 +52,8 @@ void JobTable::Append(std::string_view line, std::uint64_t number) {
 
 std::uint64_t JobTable::LineNumber(Row row) const {
     util::LineReader lines(text_);
-    do lines.ReadTextLine();
-    while (!lines.AtEnd() && text_.data() + lines.Position() <= rows_[row].text);
+    const auto place = static_cast<std::size_t>(rows_[row].text - text_.data());
+    while (!lines.AtEnd() && lines.Position() <= place) lines.ReadTextLine();
     return lines.Line();
 }
 
