@@ -137,8 +137,9 @@ void CsvLayer::Convert(const LayerPart& part) {
     converted_.clear();
     nextConverted_ = 0;
     for (std::size_t i = 0; i < points.size(); ++i) {
-        // What could not be converted is as it was.
-        bool inDegrees = failed == 0 || points[i].x != grid[i].x || points[i].y != grid[i].y;
+        // What could not be converted is as it was, and so is what was in degrees before.
+        bool inDegrees = failed == 0 || points[i] != grid[i] ||
+                         converter_->GridToLatLng(grid[i].x, grid[i].y, heights[i], false);
         PlanePoint point = inDegrees ? PlanePoint{points[i].y, points[i].x} : grid[i];
         converted_.push_back({point, heights[i], inDegrees});
     }
