@@ -65,9 +65,9 @@ private:
     void Follow(const fs::path& link) {
         constexpr int mostLinks = 40;  // the system's own limit
         if (OthersCanWrite(done_.string()))
-            throw WriteError(native_, link.string() +
-                                          " is a symbolic link in a folder that others can write, and is not "
-                                          "followed; write to the place itself");
+            throw WriteError(link.string(),
+                             "is a symbolic link in a folder that others can write, and is not "
+                             "followed; name the place itself");
         if (++links_ > mostLinks) throw WriteError(native_, Reason(ELOOP));
         std::error_code error;
         fs::path target = fs::read_symlink(link, error);

@@ -113,6 +113,7 @@ void OutputFile::Put(const char* data, std::size_t size) {
 
 /// The disk starts while we go on, so that the sync at the end has little left to do.
 void OutputFile::StartWriteBack() {
+    if (pushed_ == flushed_) return;
 #ifdef SYNC_FILE_RANGE_WRITE
     ::sync_file_range(descriptor_, static_cast<off_t>(pushed_), static_cast<off_t>(flushed_ - pushed_),
                       SYNC_FILE_RANGE_WRITE);

@@ -76,6 +76,21 @@ TEST(OutputFile, KeepsRightsAndLinks) {
     struct stat info {};
     ::stat(real.c_str(), &info);
     EXPECT_EQ(info.st_mode & 0777U, 0640U);
+    if (::geteuid() == 0) {
+        ASSERT_EQ(::chown(real.c_str(), 1234, 2345), 0);
+        ::chmod(real.c_str(), 02750);
+        ReplaceFile(real, "newer");
+        ::stat(real.c_str(), &info);
+        EXPECT_EQ(info.st_uid, 1234U);
+        EXPECT_EQ(info.st_gid, 2345U);
+        EXPECT_EQ(info.st_mode & 07777U, 02750U);
+    }
+    ::chmod(folder.Path().c_str(), 01777);
+    EXPECT_THROW(ReplaceFile(folder / "link", "through"), WriteError) << "anybody may have made the link";
+    std::filesystem::create_directory_symlink(".", folder / "inner");
+    EXPECT_THROW(ReplaceFile(folder / "inner/real", "through"), WriteError);
+    EXPECT_THROW(AppendToFile(folder / "link", "through"), WriteError);
+    EXPECT_EQ(TempFolder::Read(real).substr(0, 3), "new");
 }
 
 TEST(OutputFile, TellsWhereItCannotWrite) {
@@ -179,6 +194,8 @@ TEST(Files, WholeFiles) {
     AppendToFile(folder / "LOG", "b");
     EXPECT_EQ(TempFolder::Read(folder / "log"), "ab");
     EXPECT_THROW(AppendToFile(folder / "none/log", "a"), WriteError);
+    ::mkfifo((folder / "pipe").c_str(), 0600);
+    EXPECT_THROW(AppendToFile(folder / "pipe", "a"), WriteError) << "and does not wait for a reader";
     EXPECT_EQ(SizeOfFile(folder.Path()), 0U);
     EXPECT_FALSE(RenameFile(folder / "none", folder / "x"));
     EXPECT_FALSE(RenameFile(folder / "log", folder.Path()));

@@ -1,13 +1,17 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 #include "platform/OutputSet.h"
+#include "support/Errors.h"
 #include "support/TempFolder.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
 #include <set>
+#include <string>
 #include <sys/stat.h>
+#include <vector>
 
 namespace vexlator::platform {
 namespace {
@@ -80,8 +84,74 @@ TEST(OutputSet, LeavesFoldersThatHoldMoreOrAreNoPlainFolders) {
 TEST(OutputSet, AbandonedFoldersOfASwapGo) {
     TempFolder top;
     top.Write(".map.1-0.vxtmp/map.GRP", "half");
+    // Killed after the swap; somebody had put a photo into the folder just before.
+    top.Write(".plan.1-0.vxtmp/.replaced.vxtmp", std::string("plan\0plan.GRP\0", 14));
+    top.Write(".plan.1-0.vxtmp/plan.GRP", "old");
+    top.Write(".plan.1-0.vxtmp/photo.jpg", "theirs");
+    top.Write("plan/plan.GRP", "new");
     RemoveLeftovers(top.Path());
-    EXPECT_TRUE(Names(top.Path()).empty());
+    EXPECT_EQ(Names(top.Path()), std::set<std::string>{"plan"});
+    EXPECT_EQ(Names(top / "plan"), (std::set<std::string>{"photo.jpg", "plan.GRP"}));
+    EXPECT_EQ(TempFolder::Read(top / "plan/plan.GRP"), "new");
+}
+
+TEST(OutputSet, AFailureBringsTheOldFilesBack) {
+    TempFolder folder;
+    folder.Write("a", "old a");
+    folder.Write("b", "old b");
+    folder.Write("C", "old c");
+    OutputSet set;
+    set.Add(folder / "a").Write("new a");
+    set.Add(folder / "new").Write("new");
+    Fill(set, folder.Path());
+    fs::remove(folder / "b");
+    fs::create_directory(folder / "b");
+    EXPECT_EQ(test::ErrorOf<WriteError>([&] { set.Commit(); }),
+              folder / "b" + ": Is a directory; all files are as they were");
+    EXPECT_EQ(TempFolder::Read(folder / "a"), "old a");
+    EXPECT_EQ(TempFolder::Read(folder / "C"), "old c");
+    EXPECT_EQ(ListFiles(folder.Path()), (std::vector<std::string>{"a", "C"}));
+}
+
+/// What a run that was killed leaves of the set a, b (which had no old file), c, after the first had moved.
+struct KilledRun {
+    std::string what, lastTexts;
+    bool isInTheWay;
+    std::string a, b, c;
+};
+
+TEST(OutputSet, TheNextRunEndsTheMoveOfAKilledOne) {
+    const std::string whole("whole\0", 6), undone("whole\0undone\0", 13);
+    const KilledRun cases[] = {{"finished", whole, false, "new", "new", "new"},
+                               {"cannot be finished", whole, true, "old", "", ""},
+                               {"was being undone", undone, false, "old", "", "old"},
+                               {"the list never became whole", "", false, "new", "", "old"}};
+    for (const KilledRun& run : cases) {
+        SCOPED_TRACE(run.what);
+        TempFolder folder;
+        folder.Write("a", "new");
+        folder.Write(".a.1-0.old.vxtmp", "old");
+        folder.Write(".b.1-1.vxtmp", "new");
+        folder.Write(".c.1-2.vxtmp", "new");
+        if (run.isInTheWay)
+            fs::create_directory(folder / "c");
+        else
+            folder.Write("c", "old");
+        struct stat info {};
+        ::stat((folder / ".b.1-1.vxtmp").c_str(), &info);
+        std::string list = ".a.1-0.vxtmp|a|.a.1-0.old.vxtmp|1|.b.1-1.vxtmp|b||" +
+                           std::to_string(info.st_ino) + "|.c.1-2.vxtmp|c|.c.1-2.old.vxtmp|3|";
+        std::replace(list.begin(), list.end(), '|', '\0');
+        folder.Write(".set.vxtmp", list + run.lastTexts);
+        RemoveLeftovers(folder.Path());
+        EXPECT_EQ(TempFolder::Read(folder / "a"), run.a);
+        EXPECT_EQ(TempFolder::Read(folder / "b"), run.b);
+        if (!run.isInTheWay) {
+            EXPECT_EQ(TempFolder::Read(folder / "c"), run.c);
+        }
+        EXPECT_FALSE(fs::exists(folder / ".set.vxtmp"));
+        EXPECT_FALSE(fs::exists(folder / ".c.1-2.vxtmp"));
+    }
 }
 
 }  // namespace
