@@ -48,7 +48,7 @@ CUSTOMERMODE=
 JPGFolder=
 
 [GENERICIN]
-; Path of the run log, one line per event. Default: no log.
+; Path of the run log, one line per event; a file, no named pipe. Default: no log.
 INOUTLOG=
 ; Flag: imports offer to make attribute templates for feature codes that have none. Default: off.
 GenATP=0
