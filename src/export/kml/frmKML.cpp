@@ -11,6 +11,7 @@
 #include "formats/kml/KmlWriter.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
+#include "platform/Signals.h"
 #include "util/Paths.h"
 #include "util/Programs.h"
 
@@ -75,12 +76,14 @@ config::Outcome frmKML::Start(std::string_view drawingPath, std::string_view tar
     return run.outcome;
 }
 
-void frmKML::Launch(bool web, std::string_view kmlPath) {
+void frmKML::Launch(bool web, std::string_view kmlPath) try {
     bool publish = web && !session_.Settings().Quiet && session_.Ui().AskYesNo("Publish files on web now?");
     if (publish)
         Publish(kmlPath);
     else
         util::OpenDocument(kmlPath);
+} catch (const platform::Stopped&) {
+    // The file is in place: a signal now only keeps it from being shown.
 }
 
 void frmKML::Publish(std::string_view kmlPath) {
