@@ -76,6 +76,8 @@ void LoadText(std::string_view json, const std::string& name, std::string_view p
     } catch (const platform::ReadError& error) {
         throw error.InFile(name);
     }
+    // Until now there was nothing that a signal could leave behind.
+    platform::StopOnSignals();
     drawing.saveAs(target);
 }
 
@@ -119,6 +121,10 @@ int RunAndReport(const std::vector<std::string>& arguments) {
     const std::string file = arguments.size() > 1 ? arguments[1] : "";
     try {
         return Run(arguments);
+    } catch (const platform::Stopped&) {
+        Fail(arguments.back(), "stopped; it is as it was");
+        platform::EndBySignal();
+        return failed;
     } catch (const platform::ReadError& error) {
         return Fail("", error.what());
     } catch (const platform::WriteError& error) {
