@@ -152,8 +152,9 @@ bool MoveBack(const SetMember& member) {
 std::string MoveAllBack(List& list, const std::vector<SetMember>& members) {
     list.Append(WithNul(undoneMark));
     std::string failed;
-    for (const SetMember& member : members)
-        if (!MoveBack(member)) failed += (failed.empty() ? "" : ", ") + member.target;
+    // Backwards, so that of two members of one name the first, which kept the old file, comes last.
+    for (auto member = members.rbegin(); member != members.rend(); ++member)
+        if (!MoveBack(*member)) failed += (failed.empty() ? "" : ", ") + member->target;
     if (failed.empty()) list.Clear();
     return failed;
 }
