@@ -182,16 +182,8 @@ std::string EndOldMove(List& list) {
     return "";
 }
 
-/// Gives each old file the name under which it is kept.
-void NameOldFiles(std::vector<SetMember>& members) {
-    for (SetMember& member : members)
-        if (Exists(member.target)) member.kept = NewKeptName(member.target);
-}
-
-}  // namespace
-
-void MoveTogether(const std::string& folder, std::vector<SetMember> members) {
-    List list(folder, O_CREAT);
+/// Makes the list free for a new set. @throws WriteError
+void EndWhatWentBefore(List& list) {
     if (!list.IsOpen()) throw WriteError(list.Name(), Reason(errno));
     if (!list.IsOurs())
         throw WriteError(list.Name(),
@@ -199,21 +191,33 @@ void MoveTogether(const std::string& folder, std::vector<SetMember> members) {
                          "place; the next run of that user ends it");
     if (std::string lost = EndOldMove(list); !lost.empty())
         throw WriteError(list.Name(), "a killed run left old files under other names: " + lost);
-    NameOldFiles(members);
-    if (int error = list.Append(ListText(folder, members)); error != 0) {
+}
+
+/// Names the old files that will be kept, and puts the set on the list. @throws WriteError
+void Begin(List& list, std::vector<SetMember>& members) {
+    for (SetMember& member : members)
+        if (Exists(member.target)) member.kept = NewKeptName(member.target);
+    if (int error = list.Append(ListText(list.Folder(), members)); error != 0) {
         list.Clear();
         throw WriteError(list.Name(), Reason(error));
     }
-    SyncFolder(folder);
+    SyncFolder(list.Folder());
+}
+
+}  // namespace
+
+void MoveTogether(const std::string& folder, std::vector<SetMember> members) {
+    List list(folder, O_CREAT);
+    EndWhatWentBefore(list);
+    Begin(list, members);
     auto failure = MoveAllForward(list, members);
     if (!failure) return;
     auto [member, error] = *failure;
     std::string lost = MoveAllBack(list, members);
-    throw WriteError(
-        member->target,
-        Reason(error) + (lost.empty() ? "; all files are as they were"
-                                      : "; these could not be brought back and lie beside as .NAME" +
-                                            std::string(keptEnding) + ": " + lost));
+    std::string left = lost.empty() ? "all files are as they were"
+                                    : "these could not be brought back and lie beside as .NAME" +
+                                          std::string(keptEnding) + ": " + lost;
+    throw WriteError(member->target, Reason(error) + "; " + left);
 }
 
 void EndAbandonedMove(const std::string& folder) {
