@@ -44,6 +44,8 @@ private:
     std::string name_;
 };
 
+class OutputSet;
+
 /// A file that appears whole or not at all.
 /// Bytes go to a temporary file beside the target; Commit() syncs it and moves it into place, and removes
 /// files of the same name in another letter case. Destroyed without Commit(), it leaves the old target as it
@@ -73,7 +75,7 @@ public:
     /// Room for up to `most` bytes inside the buffer, to be filled and then taken with Advance(); `most` is
     /// at most BufferSize.
     char* Reserve(std::size_t most) {
-        if (BufferSize - used_ < most) Flush();
+        if (room_ - used_ < most) MakeRoom();
         return buffer_.get() + used_;
     }
     void Advance(std::size_t written) { used_ += written; }
@@ -97,6 +99,10 @@ public:
 private:
     friend class OutputSet;
     void Flush();
+    /// Takes a buffer, or empties the one it has.
+    void MakeRoom();
+    std::unique_ptr<char[]> GiveBuffer();
+    int Descriptor();
     /// Writes out what there is and lets the disk begin; needs no buffer any more.
     void Push();
     void StartWriteBack();
@@ -109,7 +115,10 @@ private:
     int descriptor_ = -1;
     OtherCases otherCases_;
     bool finished_ = false;
-    std::unique_ptr<char[]> buffer_;
+    OutputSet* set_ = nullptr;        ///< lends the buffer
+    bool closesBetween_ = false;      ///< its descriptor goes when the buffer does
+    std::unique_ptr<char[]> buffer_;  ///< taken when it is first needed
+    std::size_t room_ = 0;            ///< of the buffer
     std::size_t used_ = 0;
     std::uint64_t flushed_ = 0;
     std::uint64_t pushed_ = 0;

@@ -41,6 +41,12 @@ bool IsTemporaryName(std::string_view name) {
     return name.size() > temporaryEnding.size() && name.front() == '.' && name.ends_with(temporaryEnding);
 }
 
+std::string WriterOf(std::string_view temporaryName) {
+    temporaryName.remove_suffix(temporaryEnding.size());
+    std::string_view last = temporaryName.substr(temporaryName.rfind('.') + 1);
+    return std::string(last.substr(0, last.find('-')));
+}
+
 std::string NewTemporaryName(const std::string& native) {
     static std::atomic<unsigned> counter{0};
     return FolderPart(native) + "/." + NamePart(native).substr(0, 200) + "." + std::to_string(::getpid()) +

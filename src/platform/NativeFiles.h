@@ -20,6 +20,8 @@ std::string NamePart(const std::string& native);
 /// Files that are being written: .NAME.PROCESS-NUMBER.vxtmp.
 constexpr std::string_view temporaryEnding = ".vxtmp";
 bool IsTemporaryName(std::string_view name);
+/// What temporary files of one process share in their names.
+std::string WriterOf(std::string_view temporaryName);
 /// A new one, beside the file or folder.
 std::string NewTemporaryName(const std::string& native);
 

@@ -30,8 +30,16 @@ namespace {
 
 constexpr std::uint64_t writeBackStep = std::uint64_t{8} << 20;
 
+bool IsLocked(const std::string& native) {
+    int descriptor = ::open(native.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    if (descriptor < 0) return false;
+    bool locked = ::flock(descriptor, LOCK_SH | LOCK_NB) != 0;
+    ::close(descriptor);
+    return locked;
+}
+
 /// Deletes a temporary file or folder unless a running program writes it: every writer holds a lock on its
-/// own.
+/// own, or on others of the same set.
 void RemoveIfAbandoned(const std::string& native) {
     int descriptor = ::open(native.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
     if (descriptor < 0) return;
@@ -53,9 +61,9 @@ int CreateTemporary(const std::string& native, mode_t mode) {
     return -1;
 }
 
-ino_t NumberOf(int descriptor) {
+ino_t NumberOf(const std::string& native) {
     struct stat info {};
-    return ::fstat(descriptor, &info) == 0 ? info.st_ino : 0;
+    return ::lstat(native.c_str(), &info) == 0 ? info.st_ino : 0;
 }
 
 }  // namespace
@@ -74,24 +82,44 @@ OutputFile::OutputFile(std::string_view path, OtherCases otherCases)
     }
     if (descriptor_ < 0) Fail(errno);
     if (!isNew) TakeRights(descriptor_, target_);
-    buffer_ = std::make_unique_for_overwrite<char[]>(BufferSize);
 }
 
 OutputFile::OutputFile(OutputFile&& other) noexcept
     : target_(std::move(other.target_)),
-      temporary_(std::move(other.temporary_)),
+      temporary_(std::exchange(other.temporary_, {})),
       descriptor_(std::exchange(other.descriptor_, -1)),
       otherCases_(other.otherCases_),
       finished_(other.finished_),
+      set_(other.set_),
+      closesBetween_(other.closesBetween_),
       buffer_(std::move(other.buffer_)),
+      room_(std::exchange(other.room_, 0)),
       used_(other.used_),
       flushed_(other.flushed_),
       pushed_(other.pushed_) {}
 
 OutputFile::~OutputFile() {
-    if (descriptor_ < 0) return;
-    ::unlink(temporary_.c_str());
-    ::close(descriptor_);
+    if (!temporary_.empty()) ::unlink(temporary_.c_str());
+    if (descriptor_ >= 0) ::close(descriptor_);
+}
+
+int OutputFile::Descriptor() {
+    if (descriptor_ < 0) descriptor_ = ::open(temporary_.c_str(), O_RDWR | O_CLOEXEC);
+    if (descriptor_ < 0) Fail(errno);
+    return descriptor_;
+}
+
+void OutputFile::MakeRoom() {
+    if (buffer_) return Flush();
+    buffer_ = set_ ? set_->LendBuffer(*this) : std::make_unique_for_overwrite<char[]>(BufferSize);
+    room_ = BufferSize;
+}
+
+std::unique_ptr<char[]> OutputFile::GiveBuffer() {
+    Flush();
+    room_ = 0;
+    if (closesBetween_ && descriptor_ >= 0) ::close(std::exchange(descriptor_, -1));
+    return std::move(buffer_);
 }
 
 void OutputFile::Fail(int error) const {
@@ -101,7 +129,7 @@ void OutputFile::Fail(int error) const {
 void OutputFile::Put(const char* data, std::size_t size) {
     while (size > 0) {
         ThrowIfStopped();
-        ssize_t written = ::write(descriptor_, data, size);
+        ssize_t written = ::pwrite(Descriptor(), data, size, static_cast<off_t>(flushed_));
         if (written < 0 && errno == EINTR) continue;
         if (written < 0) Fail(errno);
         data += written;
@@ -115,7 +143,7 @@ void OutputFile::Put(const char* data, std::size_t size) {
 void OutputFile::StartWriteBack() {
     if (pushed_ == flushed_) return;
 #ifdef SYNC_FILE_RANGE_WRITE
-    ::sync_file_range(descriptor_, static_cast<off_t>(pushed_), static_cast<off_t>(flushed_ - pushed_),
+    ::sync_file_range(Descriptor(), static_cast<off_t>(pushed_), static_cast<off_t>(flushed_ - pushed_),
                       SYNC_FILE_RANGE_WRITE);
 #endif
     pushed_ = flushed_;
@@ -126,9 +154,11 @@ void OutputFile::Flush() {
 }
 
 void OutputFile::Write(std::string_view bytes) {
-    bool large = bytes.size() > BufferSize / 2;
-    if (large || bytes.size() > BufferSize - used_) Flush();
-    if (large) return Put(bytes.data(), bytes.size());
+    if (bytes.size() > BufferSize / 2) {
+        Flush();
+        return Put(bytes.data(), bytes.size());
+    }
+    if (bytes.size() > room_ - used_) MakeRoom();
     if (!bytes.empty()) std::memcpy(buffer_.get() + used_, bytes.data(), bytes.size());
     used_ += bytes.size();
 }
@@ -137,7 +167,7 @@ void OutputFile::WriteAt(std::uint64_t offset, std::string_view bytes) {
     Flush();
     finished_ = false;
     while (!bytes.empty()) {
-        ssize_t written = ::pwrite(descriptor_, bytes.data(), bytes.size(), static_cast<off_t>(offset));
+        ssize_t written = ::pwrite(Descriptor(), bytes.data(), bytes.size(), static_cast<off_t>(offset));
         if (written < 0 && errno == EINTR) continue;
         if (written < 0) Fail(errno);
         bytes.remove_prefix(static_cast<std::size_t>(written));
@@ -160,14 +190,15 @@ void OutputFile::WriteFrom(OutputFile& other, std::uint64_t offset, std::uint64_
 
 void OutputFile::Push() {
     Flush();
-    buffer_.reset();
     StartWriteBack();
+    GiveBuffer();
 }
 
 void OutputFile::Finish() {
     if (finished_) return;
-    Push();
-    if (::fdatasync(descriptor_) != 0 && errno != EINVAL && errno != EROFS) Fail(errno);
+    Flush();
+    if (::fdatasync(Descriptor()) != 0 && errno != EINVAL && errno != EROFS) Fail(errno);
+    GiveBuffer();
     finished_ = true;
 }
 
@@ -177,6 +208,7 @@ void OutputFile::Commit() {
     if (otherCases_ == OtherCases::Replace) twins = FindTwins({target_});
     TakeRightsOfTwin(twins);
     if (::rename(temporary_.c_str(), target_.c_str()) != 0) Fail(errno);
+    temporary_.clear();
     ::close(std::exchange(descriptor_, -1));
     RemoveTwins(twins);
     SyncFolder(FolderPart(target_));
@@ -184,7 +216,25 @@ void OutputFile::Commit() {
 
 void OutputFile::TakeRightsOfTwin(const Twins& twins) {
     auto twin = twins.find(target_);
-    if (twin != twins.end() && ::access(target_.c_str(), F_OK) != 0) TakeRights(descriptor_, twin->second);
+    if (twin != twins.end() && ::access(target_.c_str(), F_OK) != 0) TakeRights(Descriptor(), twin->second);
+}
+
+OutputFile& OutputSet::Add(std::string_view path) {
+    OutputFile& file = files_.emplace_back(path);
+    file.set_ = this;
+    file.closesBetween_ = files_.size() > mostOpen;
+    return file;
+}
+
+std::unique_ptr<char[]> OutputSet::LendBuffer(OutputFile& file) {
+    std::unique_ptr<char[]> buffer;
+    if (withBuffer_.size() == mostBuffers) {
+        buffer = withBuffer_.front()->GiveBuffer();
+        withBuffer_.pop_front();
+    }
+    withBuffer_.push_back(&file);
+    if (!buffer) buffer = std::make_unique_for_overwrite<char[]>(OutputFile::BufferSize);
+    return buffer;
 }
 
 void OutputSet::FinishSoFar() {
@@ -197,6 +247,7 @@ void OutputSet::Finish() {
 }
 
 void OutputSet::Forget() {
+    withBuffer_.clear();
     files_.clear();
     pushed_ = 0;
 }
@@ -211,7 +262,7 @@ void OutputSet::Commit() {
     std::set<std::string> folders;
     for (OutputFile& file : files_) {
         file.TakeRightsOfTwin(twins);
-        members.push_back({file.temporary_, file.target_, NumberOf(file.descriptor_)});
+        members.push_back({file.temporary_, file.target_, NumberOf(file.temporary_)});
         folders.insert(FolderPart(file.target_));
     }
     MoveTogether(FolderPart(targets.front()), std::move(members));
@@ -247,8 +298,15 @@ void RemoveLeftovers(std::string_view folder) {
     std::string native = FindExisting(folder);
     if (native.empty()) return;
     EndAbandonedMove(native);
-    for (const std::string& name : EntriesOf(native))
-        if (IsTemporaryName(name) && !BelongsToMove(name)) RemoveIfAbandoned(native + "/" + name);
+    std::vector<std::string> names;
+    std::set<std::string> atWork;
+    for (const std::string& name : EntriesOf(native)) {
+        if (!IsTemporaryName(name) || BelongsToMove(name)) continue;
+        names.push_back(name);
+        if (IsLocked(native + "/" + name)) atWork.insert(WriterOf(name));
+    }
+    for (const std::string& name : names)
+        if (!atWork.contains(WriterOf(name))) RemoveIfAbandoned(native + "/" + name);
 }
 
 // --- FileLock

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <deque>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,8 +18,13 @@ namespace vexlator::platform {
 /// leaves all old files or all new ones, the latter from the next RemoveLeftovers() on.
 class OutputSet {
 public:
-    /// A new file of the set; all lie in one folder. The reference stays good. @throws WriteError
-    OutputFile& Add(std::string_view path) { return files_.emplace_back(path); }
+    OutputSet() = default;
+    OutputSet(const OutputSet&) = delete;
+    OutputSet& operator=(const OutputSet&) = delete;
+
+    /// A new file of the set; all lie in one folder. The reference stays good. Thousands of files may be
+    /// written by turns: those written last have buffers. @throws WriteError
+    OutputFile& Add(std::string_view path);
     /// Gives what has been written to the disk, so that its buffers are free while further files are added.
     void FinishSoFar();
     /// Syncs what has been written; a Commit() that follows only renames. The first file that is synced takes
@@ -36,9 +42,18 @@ public:
     bool CommitAsFolder(std::string_view folder, const std::vector<std::string>& replaced);
 
 private:
+    friend class OutputFile;
+    static constexpr std::size_t mostBuffers = 64;
+    /// Further files are open only while they have buffers, and locked by the names that they share with
+    /// these: see RemoveLeftovers().
+    static constexpr std::size_t mostOpen = 1000;
+
+    /// A buffer for one of the files; the file that took its own first may have to give it.
+    std::unique_ptr<char[]> LendBuffer(OutputFile& file);
     void Forget();
 
     std::deque<OutputFile> files_;
+    std::deque<OutputFile*> withBuffer_;
     std::size_t pushed_ = 0;
 };
 

@@ -25,8 +25,9 @@ protected:
         return entity;
     }
     void Gather() {
-        drawing.saveAs(folder / "Survey.VDF");
-        drawing::DrawingFile file(folder / "Survey.VDF");
+        test::TempFolder elsewhere;
+        drawing.saveAs(elsewhere / "Survey.VDF");
+        drawing::DrawingFile file(elsewhere / "Survey.VDF");
         GatherPhotos(session, file, source, "Survey", target).ApplyTo(drawing);
     }
     std::string Out(const std::string& name) const { return test::TempFolder::Read(target + "/" + name); }
