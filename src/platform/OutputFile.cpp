@@ -155,7 +155,7 @@ void OutputFile::Flush() {
 
 void OutputFile::Write(std::string_view bytes) {
     if (bytes.size() > BufferSize / 2) {
-        Flush();
+        MakeRoom();
         return Put(bytes.data(), bytes.size());
     }
     if (bytes.size() > room_ - used_) MakeRoom();
@@ -164,7 +164,7 @@ void OutputFile::Write(std::string_view bytes) {
 }
 
 void OutputFile::WriteAt(std::uint64_t offset, std::string_view bytes) {
-    Flush();
+    MakeRoom();
     finished_ = false;
     while (!bytes.empty()) {
         ssize_t written = ::pwrite(Descriptor(), bytes.data(), bytes.size(), static_cast<off_t>(offset));
