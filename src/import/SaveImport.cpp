@@ -24,7 +24,7 @@ config::Outcome SaveImport(config::Session& session, const drawing::Drawing& dra
     outcome.status = StatusOf(outcome);
     if (outcome.features == 0 && util::FileSize(outcome.target) > 0) {
         session.Ui().Report(platform::NativePath(outcome.target) +
-                            ": nothing was read that could replace it; the drawing is as it was");
+                            " is as it was: nothing was read that could replace it");
         if (outcome.status == Status::Done) outcome.status = Status::Failed;
         outcome.target.clear();
         return outcome;

@@ -58,7 +58,7 @@ TEST_F(ProgramTest, InitMakesAnInstallationThatWorksAtOnce) {
     EXPECT_NE(check.err.find("SQLite"), std::string::npos) << check.err;
     test::ShellResult unknown = Run("IMPORT a.XYZ");
     EXPECT_EQ(unknown.status, 3);
-    EXPECT_TRUE(unknown.err.starts_with("vexlator: nothing imports \"XYZ\"; formats are MID SHP "))
+    EXPECT_TRUE(unknown.err.starts_with("vexlator: nothing imports \"XYZ\"; formats are MID "))
         << unknown.err;
     // No desktop program lies beside the one under test.
     for (const char* arguments : {"", "SELECT", "GO chkAll=1"}) EXPECT_EQ(Run(arguments).status, 3);
