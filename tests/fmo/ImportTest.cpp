@@ -108,7 +108,8 @@ TEST_P(FmoImportTest, GeometryValuesBecomePolylines) {
     ui_.messages.clear();
     EXPECT_EQ(Import(folder_ / "FMO/PIPES.FMO").status, config::Outcome::Status::Failed);
     EXPECT_EQ(ui_.messages, Texts{});
-    EXPECT_EQ(ui_.reports.back(), (folder_ / "out/PIPES.VDF") + " is as it was: nothing was read that could replace it");
+    EXPECT_EQ(ui_.reports.back(),
+              (folder_ / "out/PIPES.VDF") + " is as it was: nothing was read that could replace it");
 }
 
 TEST_P(FmoImportTest, IncompleteDefinitionsLeaveTheirLayer) {
