@@ -9,6 +9,7 @@
 #include "startup/CommandLine.h"
 #include "startup/PostExport.h"
 #include "startup/Slips.h"
+#include "util/Counted.h"
 #include "util/Files.h"
 #include "util/Numbers.h"
 #include "util/Paths.h"
@@ -35,16 +36,12 @@ ExitStatus StatusOf(const Outcome& outcome) {
     return ExitStatus::Failed;
 }
 
-std::string Counted(std::uint64_t count, std::string_view noun) {
-    return util::GroupedCount(count) + " " + std::string(noun) + (count == 1 ? "" : "s");
-}
-
 /// Ends a run with what it did, as in "exported SHP", and what it could not keep.
 void Summarise(config::Session& session, const std::string& done, const Outcome& outcome,
                const std::string& remark = "") {
-    session.Ui().Report(done + ": " + Counted(outcome.layers, "layer") + ", " +
-                        Counted(outcome.features, "feature") + " to " + platform::NativePath(outcome.target) +
-                        remark);
+    session.Ui().Report(done + ": " + util::Counted(outcome.layers, "layer") + ", " +
+                        util::Counted(outcome.features, "feature") + " to " +
+                        platform::NativePath(outcome.target) + remark);
     if (!session.Losses().Empty()) session.Ui().Report(session.Losses().Line());
 }
 
@@ -53,7 +50,7 @@ std::string NoFeaturesRemark(const ExportCommand& command) {
     std::uint64_t count = drawing::DrawingFile(command.drawingPath).EntityCount();
     std::string drawing = "; the drawing " + platform::NativePath(command.drawingPath);
     if (count == 0) return drawing + " has no features";
-    return drawing + " has " + Counted(count, "feature") + ", none that " + command.code + " takes";
+    return drawing + " has " + util::Counted(count, "feature") + ", none that " + command.code + " takes";
 }
 
 void ReportGuess(config::Session& session, const SourceList& sources) {
@@ -61,7 +58,7 @@ void ReportGuess(config::Session& session, const SourceList& sources) {
     std::string last = platform::NativePath(util::FileNameOf(sources.paths.back()));
     std::string line = "reading " + platform::NativePath(sources.paths.front());
     if (count == 2) line += " and " + last;
-    if (count > 2) line += " to " + last + ", " + Counted(count, "file") + ",";
+    if (count > 2) line += " to " + last + ", " + util::Counted(count, "file") + ",";
     if (count > 1) line += " into one drawing";
     session.Ui().Report(line);
 }

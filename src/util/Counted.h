@@ -10,9 +10,11 @@
 
 namespace vexlator::util {
 
-/// A count with its noun, for people: "1 position", "12,345 positions".
-inline std::string Counted(std::uint64_t count, std::string_view noun) {
-    return GroupedCount(count) + " " + std::string(noun) + (count == 1 ? "" : "s");
+/// A count with its noun, for people: "1 position", "12,345 positions". The plural is that of the noun with
+/// an s unless it is given.
+inline std::string Counted(std::uint64_t count, std::string_view noun, std::string_view plural = "") {
+    std::string text = GroupedCount(count) + " " + std::string(count == 1 || plural.empty() ? noun : plural);
+    return count == 1 || !plural.empty() ? text : text + "s";
 }
 
 }  // namespace vexlator::util

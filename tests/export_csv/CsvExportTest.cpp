@@ -188,7 +188,7 @@ TEST_F(CsvExport, PointsInLatitudeAndLongitude) {
                   ",0,0.000,\r\n"
                   "Polyline,CODE,,500000,5000000,0.000:,\r\n");
     ASSERT_EQ(ui.reports.size(), 1U);
-    EXPECT_TRUE(ui.reports[0].starts_with("CODE: 1 points lie outside")) << ui.reports[0];
+    EXPECT_TRUE(ui.reports[0].starts_with("CODE: 1 point outside")) << ui.reports[0];
 
     definition = folder.Write("LatLng.txt", "x");
     drawing.addPoint({-3, 45, 7});

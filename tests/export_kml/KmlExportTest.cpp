@@ -92,7 +92,7 @@ TEST_F(KmlExport, MetresNeverPassForDegrees) {
     EXPECT_EQ(Export().features, 4U);
     EXPECT_EQ(Coordinates(), (Texts{"-180.000000,90.000000,0"}));
     EXPECT_EQ(ui.reports,
-              (Texts{"TREE: 3 placemarks have no place, because the coordinate conversion does not "
+              (Texts{"TREE: 3 placemarks without a place, because the coordinate conversion does not "
                      "cover it"}));
     // The same without any conversion: a small place in metres looks like one in degrees.
     session.Settings().IniFilePath = folder.Write("gv.ini", "");

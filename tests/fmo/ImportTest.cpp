@@ -93,7 +93,7 @@ TEST_P(FmoImportTest, GeometryValuesBecomePolylines) {
     EXPECT_EQ(Import(folder_ / "FMO/PIPES.FMO").status, config::Outcome::Status::Failed);
     ASSERT_EQ(ui_.reports.size(), 1U);
     EXPECT_EQ(ui_.reports[0],
-              "PIPES: 1 rows with a damaged geometry value left out, the first with key 4: "
+              "PIPES: 1 row with a damaged geometry value left out, the first with key 4: "
               "byte 0: 3 vertices announced, room for 1");
     ASSERT_EQ(imported_.entityCount(), 3U);
     EXPECT_EQ(TextOf(imported_.entityAt(0)), "VDPOLYLINE Id No=1 Id No=1 shape= mat=PVC");

@@ -3,6 +3,7 @@
 #include "export/csv/CsvLayer.h"
 
 #include "platform/Paths.h"
+#include "util/Counted.h"
 #include "util/Numbers.h"
 #include "util/Text.h"
 
@@ -211,8 +212,8 @@ void CsvLayer::Report() {
     }
     CountLosses("", ofNames);
     if (unconverted_ > 0)
-        session_.Ui().Report(layer_.layer.name + ": " + util::GroupedCount(unconverted_) +
-                             " points lie outside the coordinate conversion and keep their grid coordinates");
+        session_.Ui().Report(layer_.layer.name + ": " + util::Counted(unconverted_, "point") +
+                             " outside the coordinate conversion, left in grid coordinates");
 }
 
 }  // namespace vexlator::exporter

@@ -4,6 +4,7 @@
 
 #include "export/kml/PhotoNames.h"
 #include "export/photos/Photos.h"
+#include "util/Counted.h"
 #include "util/Numbers.h"
 
 #include <algorithm>
@@ -53,9 +54,8 @@ void KmlLayer::Write(const LayerPart& part) {
 std::uint64_t KmlLayer::Finish() {
     leftOut_.Report(session_, layer_.layer.name);
     if (unplaced_ > 0)
-        session_.Ui().Report(
-            layer_.layer.name + ": " + util::GroupedCount(unplaced_) +
-            " placemarks have no place, because the coordinate conversion does not cover it");
+        session_.Ui().Report(layer_.layer.name + ": " + util::Counted(unplaced_, "placemark") +
+                             " without a place, because the coordinate conversion does not cover it");
     return placemarks_;
 }
 

@@ -3,6 +3,7 @@
 #include "export/shapefile/ShapefileLayer.h"
 
 #include "platform/Paths.h"
+#include "util/Counted.h"
 #include "util/Numbers.h"
 #include "util/Paths.h"
 
@@ -120,9 +121,8 @@ void ShapefileLayer::WriteBatch() {
 void ShapefileLayer::Report() {
     leftOut_.Report(session_, layer_.layer.name);
     if (unconverted_ > 0)
-        session_.Ui().Report(
-            layer_.layer.name + ": " + util::GroupedCount(unconverted_) +
-            " vertices lie outside the coordinate conversion and keep their grid coordinates");
+        session_.Ui().Report(layer_.layer.name + ": " + util::Counted(unconverted_, "vertex", "vertices") +
+                             " outside the coordinate conversion, left in grid coordinates");
 }
 
 }  // namespace vexlator::exporter

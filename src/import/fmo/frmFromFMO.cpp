@@ -14,6 +14,7 @@
 #include "import/fmo/TabletPackage.h"
 #include "platform/CodePages.h"
 #include "platform/Paths.h"
+#include "util/Counted.h"
 #include "util/Files.h"
 #include "util/Numbers.h"
 #include "util/Paths.h"
@@ -265,8 +266,8 @@ bool frmFromFMO::ImportLines(std::unique_ptr<Connection> connection, const FmoQu
     }
     if (damaged.count == 0) return toEnd;
     complete_ = false;
-    session_.Ui().Report(code + ": " + util::GroupedCount(damaged.count) +
-                         " rows with a damaged geometry value left out, the first with " + damaged.first);
+    session_.Ui().Report(code + ": " + util::Counted(damaged.count, "row") +
+                         " with a damaged geometry value left out, the first with " + damaged.first);
     return toEnd;
 }
 

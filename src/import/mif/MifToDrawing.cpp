@@ -4,6 +4,7 @@
 
 #include "import/mif/MifShapes.h"
 #include "platform/Paths.h"
+#include "util/Counted.h"
 #include "util/Numbers.h"
 #include "util/Text.h"
 
@@ -336,9 +337,8 @@ std::vector<std::string> MifToDrawing::Remarks() const {
         remarks.push_back("its character set \"" + charset_ +
                           "\" is not known; its text was read as Windows-1252");
     if (decoder_.Misfits() > 0 && !IsNeutralCharset(charset_))
-        remarks.push_back(util::GroupedCount(decoder_.Misfits()) +
-                          " texts are not valid in its character set " + charset_ +
-                          " and were read as Windows-1252");
+        remarks.push_back(util::Counted(decoder_.Misfits(), "text") + " not valid in its character set " +
+                          charset_ + ", read as Windows-1252");
     return remarks;
 }
 

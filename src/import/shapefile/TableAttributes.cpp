@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "import/shapefile/TableAttributes.h"
 
+#include "util/Counted.h"
 #include "util/Files.h"
 #include "util/Numbers.h"
 #include "util/Paths.h"
@@ -22,8 +23,9 @@ formats::DbfTable TableOf(const platform::MappedFile& file) {
 }
 
 std::string EncodingOf(std::string_view dbfPath, const formats::DbfTable& table) {
-    return formats::DbfEncoding(util::ReadFirstLine(util::ChangeExtension(dbfPath, "CPG")),
-                                table.LanguageByte());
+    std::string path = util::ChangeExtension(dbfPath, "CPG");
+    std::string text = platform::FileExists(path) ? platform::ReadWholeFile(path) : "";
+    return formats::DbfEncoding(text, table.LanguageByte());
 }
 
 /// ASCII without "," and NUL passes into the drawing as it is.
@@ -74,12 +76,11 @@ std::vector<std::string> TableAttributes::Remarks() const {
         remarks.push_back(file_.Name() + ": its encoding \"" + encoding_ +
                           "\" is not known; its text was read as Windows-1252");
     if (decoder_.Misfits() > 0)
-        remarks.push_back(file_.Name() + ": " + util::GroupedCount(decoder_.Misfits()) +
-                          " values are not valid in its encoding " + encoding_ +
-                          " and were read as Windows-1252");
+        remarks.push_back(file_.Name() + ": " + util::Counted(decoder_.Misfits(), "value") +
+                          " not valid in its encoding " + encoding_ + ", read as Windows-1252");
     if (missingRows_ > 0)
-        remarks.push_back(file_.Name() + ": " + util::GroupedCount(missingRows_) +
-                          " rows are missing; what they should hold is empty");
+        remarks.push_back(file_.Name() + ": " + util::Counted(missingRows_, "row") +
+                          " missing, whose values are empty");
     return remarks;
 }
 

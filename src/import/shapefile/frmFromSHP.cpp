@@ -11,6 +11,7 @@
 #include "import/SourceFiles.h"
 #include "import/shapefile/TableAttributes.h"
 #include "platform/Paths.h"
+#include "util/Counted.h"
 #include "util/Files.h"
 #include "util/Numbers.h"
 #include "util/Paths.h"
@@ -185,8 +186,8 @@ void frmFromSHP::ConvertShapePoints(Source& source) {
 void frmFromSHP::Report(const Source& source) {
     features_ += source.count;
     if (coordinates_.Kept() > 0)
-        session_.Ui().Report(source.code + ": " + util::GroupedCount(coordinates_.Kept()) +
-                             " vertices could not be converted to the grid and keep their coordinates");
+        session_.Ui().Report(source.code + ": " + util::Counted(coordinates_.Kept(), "vertex", "vertices") +
+                             " outside the conversion to the grid, left as they are");
     if (source.table)
         for (const std::string& remark : source.table->Remarks()) session_.Ui().Report(remark);
     session_.Log("        " + std::to_string(source.count) + " entites read OK");
