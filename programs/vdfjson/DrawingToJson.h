@@ -23,10 +23,9 @@ using TextSink = std::function<void(std::string_view)>;
 /// `position`.
 /// - An attribute name that occurs again is left out in `properties`; `vdf.xproperties` has every one.
 /// - A number in `vdf` that is not finite is null, which no reader takes for a coordinate.
-/// - A block is an object with the members that describe a drawing and its `entities`, which are features
-/// too.
-///   One of which only the name is known is that name. So is one whose content is no drawing, lies more than
-///   16 blocks deep, or is behind the first gigabyte of content; `note` is then told.
+/// - A block is an object with the members that describe a drawing and its `entities`, which are features.
+/// - A block of which only the name is known is that name. So is one whose content is no drawing, lies more
+/// than 16 blocks deep, or is behind the first gigabyte of content; `note` is then told.
 void DrawingToJson(
     drawing::Drawing& drawing, const TextSink& sink, const TextSink& note = [](std::string_view) {});
 

@@ -10,7 +10,6 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <ranges>
 #include <span>
 #include <string>
 #include <string_view>
@@ -70,10 +69,22 @@ std::vector<ExportLayer> FindLayers(BegunExport& run, LayerZero layerZero);
 
 /// The entities of one layer that lie in one chunk of the drawing, in drawing order.
 struct LayerPart {
-    auto Entities() const {
-        return std::views::transform(
-            indexes, [chunk = &chunk](std::uint32_t index) { return drawing::Entity(*chunk, index); });
-    }
+    class Iterator {
+    public:
+        Iterator(drawing::Drawing& chunk, const std::uint32_t* index) : chunk_(&chunk), index_(index) {}
+        drawing::Entity operator*() const { return {*chunk_, *index_}; }
+        Iterator& operator++() {
+            ++index_;
+            return *this;
+        }
+        bool operator!=(const Iterator& other) const { return index_ != other.index_; }
+
+    private:
+        drawing::Drawing* chunk_;
+        const std::uint32_t* index_;
+    };
+    Iterator begin() const { return {chunk, indexes.data()}; }
+    Iterator end() const { return {chunk, indexes.data() + indexes.size()}; }
 
     drawing::Drawing& chunk;
     std::span<const std::uint32_t> indexes;

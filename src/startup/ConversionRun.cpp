@@ -130,6 +130,9 @@ ExitStatus RefuseExport(config::Session& session, const Conversions& conversions
 
 ExitStatus Export(config::Session& session, const ExportRow& row, ExportCommand command,
                   TargetFolder& folder) {
+    if (HasExtent(session))
+        session.Ui().Report("?BOX limits imports of databases only; " +
+                            platform::NativePath(command.drawingPath) + " is exported whole");
     if (row.intoFmoDirectory) command.targetPath = session.Settings().FMODirectory;
     if (platform::FileExists(command.drawingPath)) folder.Require();
     std::string target = platform::NativePath(command.targetPath);

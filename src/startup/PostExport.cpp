@@ -43,10 +43,8 @@ bool Pack(config::Session& session, const ExportCommand& command) {
         workflow::frmZip2(session).ZipJobFolder(util::JoinPath(command.targetPath, "*.*"));
         return true;
     } catch (const std::runtime_error& error) {
-        std::string text =
-            "The export is complete, but its archive was not made: " + std::string(error.what());
-        session.Ui().ShowMessage(text);
-        session.Log(text);
+        session.Ui().ShowMessage("The export is complete, but its archive was not made: " +
+                                 std::string(error.what()));
         return false;
     }
 }

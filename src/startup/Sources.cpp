@@ -9,6 +9,7 @@
 #include "util/Text.h"
 
 #include <algorithm>
+#include <set>
 
 namespace vexlator::startup {
 
@@ -47,8 +48,9 @@ private:
         bool added = false;
         for (const std::string& name : names) {
             if (!CanImport(conversions_, platform::UpperAscii(util::ExtensionOf(name)))) continue;
-            Add(name);
             added = true;
+            // One file may be named in two letter cases: read twice, it would double its features.
+            if (known_.insert(platform::FindExisting(Located(name, First()))).second) Add(name);
         }
         list_.guessed |= added;
         return added;
@@ -84,6 +86,7 @@ private:
 
     const Conversions& conversions_;
     SourceList list_;
+    std::set<std::string> known_;  ///< files of a guessed list, by their native paths
 };
 
 }  // namespace

@@ -172,7 +172,8 @@ private:
         }
         if (OneIn(2)) add("NAME", Pick({"", "Mill", " High St ", "a,b", "caf\xC3\xA9", "Mill Lane"}));
         if (OneIn(2)) add("CLASS", Pick({"A", "roads", "Mill", "7.00", "12.500"}));
-        if (OneIn(2)) add("SIZE", Pick({"3.10", "x"}), OneIn(3) ? 1010 : 1000);
+        std::string size = Pick({"3.10", "x"});
+        if (OneIn(2)) add("SIZE", size, OneIn(3) ? 1010 : 1000);
         if (entity.kindCode() != drawing::Kind::Polyline) return;
         if (OneIn(4)) add("MPOLY", Pick({"0", "3", "", "17 parts", "x"}));
         if (OneIn(4)) add("ISHOLE", "");

@@ -106,7 +106,7 @@ void CsvLayer::AddHeader() {
 
 void CsvLayer::AddRows(const LayerPart& part) {
     if (converter_) Convert(part);
-    for (Entity entity : part.Entities()) {
+    for (Entity entity : part) {
         switch (entity.kindCode()) {
             case Kind::Point:
             case Kind::Insert:
@@ -126,7 +126,7 @@ void CsvLayer::AddRows(const LayerPart& part) {
 void CsvLayer::Convert(const LayerPart& part) {
     std::vector<PlanePoint> points;
     std::vector<double> heights;
-    for (Entity entity : part.Entities()) {
+    for (Entity entity : part) {
         if (!IsPoint(entity)) continue;
         drawing::Point at = entity.position();
         points.push_back({at.x, at.y});

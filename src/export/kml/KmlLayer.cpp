@@ -44,7 +44,7 @@ KmlLayer::KmlLayer(config::Session& session, const KmlSettings& settings, coords
     : session_(session), settings_(settings), converter_(converter), layer_(layer), writer_(writer) {}
 
 void KmlLayer::Write(const LayerPart& part) {
-    for (Entity entity : part.Entities()) {
+    for (Entity entity : part) {
         Gather(entity);
         if (points_.size() >= batchPoints || items_.size() >= batchPoints) WriteBatch();
     }

@@ -83,7 +83,7 @@ MifLayer::MifLayer(config::Session& session, const MifSettings& settings, const 
       match_(session, layer.layer.name, NamesForAttributes(fields_)) {}
 
 void MifLayer::Write(const LayerPart& part) {
-    for (Entity entity : part.Entities()) {
+    for (Entity entity : part) {
         if (!AddObject(entity)) continue;
         AddRow(entity);
         ++objects_;

@@ -38,7 +38,7 @@ ShapefileLayer::ShapefileLayer(config::Session& session, const ShapefileSettings
       table_(session, layer, settings.suppressNA, util::JoinPath(targetPath, layer.fileName), files) {}
 
 void ShapefileLayer::Write(const LayerPart& part) {
-    for (Entity entity : part.Entities()) {
+    for (Entity entity : part) {
         Gather(entity);
         if (points_.size() >= batchPoints) WriteBatch();
     }

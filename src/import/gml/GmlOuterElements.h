@@ -32,8 +32,7 @@ struct GmlOwner {
 /// - the root, when it has an identifier and values of its own, or else the outermost element with an
 /// identifier;
 /// - without identifiers, the element whose child holds the geometry, or the one that holds it directly: an
-/// element
-///   with values is a feature, and objects of GML begin with a capital, their properties with a small letter;
+/// element with values is a feature, and objects of GML begin with a capital, properties with a small letter;
 /// - the geometry itself, when nothing but a collection is around it.
 /// Collections own nothing, nor do elements of the gml namespace, so that there may be no owner.
 std::optional<GmlOwner> OwnerOfGeometry(std::span<const GmlOuterElement> around, std::size_t valuesRead);

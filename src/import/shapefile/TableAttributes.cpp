@@ -23,9 +23,11 @@ formats::DbfTable TableOf(const platform::MappedFile& file) {
 }
 
 std::string EncodingOf(std::string_view dbfPath, const formats::DbfTable& table) {
+    constexpr std::size_t longestName = 256;
     std::string path = util::ChangeExtension(dbfPath, "CPG");
-    std::string text = platform::FileExists(path) ? platform::ReadWholeFile(path) : "";
-    return formats::DbfEncoding(text, table.LanguageByte());
+    if (util::FileSize(path) == 0) return formats::DbfEncoding("", table.LanguageByte());
+    platform::MappedFile file(path);
+    return formats::DbfEncoding(file.Text().substr(0, longestName), table.LanguageByte());
 }
 
 /// ASCII without "," and NUL passes into the drawing as it is.

@@ -71,6 +71,10 @@ config::Outcome frmFromSHP::Start(std::string_view sourcePath, std::string_view 
 bool frmFromSHP::ImportShapefile(const std::string& path) {
     auto shp = util::OpenFile(path, &session_.Ui());
     if (!shp) return false;
+    if (shp->Bytes().empty()) {
+        session_.Ui().ShowMessage("Error Opening " + shp->Name() + "\nThe file is empty");
+        return false;
+    }
     auto shx = util::OpenFile(util::ChangeExtension(path, "SHX"), &session_.Ui());
     if (!shx) return false;
     bool pipes = session_.ReadIni("GENERAL", "CUSTOMERMODE") == "CORVANTEX";
