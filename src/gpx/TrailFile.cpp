@@ -4,6 +4,7 @@
 
 #include "util/Numbers.h"
 #include "util/Text.h"
+#include "util/WholeNumber.h"
 
 namespace vexlator::gpx {
 
@@ -52,6 +53,8 @@ bool TrailTime::IsValid() const {
 
 TrailPosition ParseTrailLine(std::string_view line) {
     TrailPosition position;
+    position.hasNumbers = util::IsWhollyNumber(util::GetCommaField(1, line)) &&
+                          util::IsWhollyNumber(util::GetCommaField(2, line));
     position.time = TrailTime(util::GetCommaField(0, line));
     position.grid = {util::GetCommaNumber(1, line), util::GetCommaNumber(2, line)};
     position.height = util::GetCommaNumber(3, line);

@@ -35,6 +35,7 @@ struct TrailPosition {
     TrailTime time;
     util::PlanePoint grid;
     double height = 0;
+    bool hasNumbers = true;  ///< not so when a text that is no number was read as one
 };
 
 TrailPosition ParseTrailLine(std::string_view line);

@@ -112,6 +112,7 @@ coords::frmLatLng& frmGPX::Converter() {
 }
 
 GpxPosition frmGPX::Convert(const TrailPosition& position) {
+    if (settings_.strict && !position.hasNumbers) return {position.time, "", "", ""};
     auto texts = Converter().GridToLatLng(position.grid.x, position.grid.y, position.height, false);
     if (!texts) return {position.time, "", "", ""};
     return {position.time, texts->first, texts->second, texts->height};
@@ -125,7 +126,8 @@ void frmGPX::ConvertBatch(std::span<const TrailPosition> positions) {
         heights.push_back(position.height);
     }
     converted_.clear();
-    if (Converter().GridToLatLng(points, heights) > 0) {
+    bool allHaveNumbers = std::ranges::all_of(positions, &TrailPosition::hasNumbers);
+    if (Converter().GridToLatLng(points, heights) > 0 || !allHaveNumbers) {
         // Some fail, and only one by one it is known which.
         for (const TrailPosition& position : positions) converted_.push_back(Convert(position));
         return;

@@ -88,7 +88,7 @@ TEST_F(Gpx, OddLines) {
               std::string::npos);
     EXPECT_NE(text.find("<time>yyyy-m&quot;-D&lt;Thh:mm:?.</time>"), std::string::npos) << text;
     BeStrict();
-    text = Convert("05/03/2021,x,2\r\rD<&m\"\x80yyyy hh:mm:\x80.5,1e400,-90.5,4\n");
+    text = Convert("05/03/2021,x,2\r05/03/2021,1,2\r\rD<&m\"\x80yyyy hh:mm:\x80.5,1e400,-90.5,4\n");
     EXPECT_EQ(Count(text, "<trkpt"), 1U);
     EXPECT_EQ(Count(text, "<time>"), 0U) << text;
 }

@@ -9,6 +9,7 @@
 #include "util/Text.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <map>
 #include <optional>
 #include <string>
@@ -90,8 +91,12 @@ private:
         return Cell(r, 0) == " DB" && Cell(r, 1) == key;
     }
     bool HasPlace(std::size_t r) const {
-        std::string place = Cell(r, 4) + Cell(r, 5);
-        return Cell(r, 0) != "$GIS" || place.find_first_not_of("0123456789-.") == std::string::npos;
+        auto isNumber = [](const std::string& text) {
+            char* end = nullptr;
+            std::strtod(text.c_str(), &end);
+            return text.find_first_not_of("0123456789-.") == std::string::npos && *end == 0;
+        };
+        return Cell(r, 0) != "$GIS" || (isNumber(Cell(r, 4)) && isNumber(Cell(r, 5)));
     }
     void MarkAsDone(std::size_t r) { table_[r][0] = "done"; }
     bool IsFillingStyle() const { return util::NumberOf(Part(current_.style, ',', 1)) >= 0; }

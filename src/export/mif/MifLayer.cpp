@@ -3,9 +3,12 @@
 #include "export/mif/MifLayer.h"
 
 #include "export/LayerEncoding.h"
+#include "platform/Paths.h"
 #include "util/Numbers.h"
 #include "util/Paths.h"
 #include "util/Text.h"
+
+#include <algorithm>
 
 namespace vexlator::exporter {
 
@@ -26,8 +29,16 @@ std::vector<drawing::AtpField> FieldsOf(config::Session& session, const ExportLa
 
 std::vector<MifColumn> ColumnsOf(const std::vector<drawing::AtpField>& fields) {
     std::vector<MifColumn> columns;
-    for (const drawing::AtpField& field : fields)
-        columns.push_back({ColumnName(field.name, columns.size()), MifColumnType(field)});
+    auto isTaken = [&](const std::string& name) {
+        return std::ranges::any_of(
+            fields, [&](const auto& field) { return platform::SameNoCase(util::Trim(field.name), name); });
+    };
+    for (const drawing::AtpField& field : fields) {
+        bool isNameless = util::Trim(field.name).empty();
+        std::string name = ColumnName(field.name, columns.size());
+        while (isNameless && isTaken(name)) name += '_';
+        columns.push_back({name, MifColumnType(field)});
+    }
     return columns;
 }
 

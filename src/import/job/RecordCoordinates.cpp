@@ -3,6 +3,7 @@
 #include "import/job/RecordCoordinates.h"
 
 #include "util/Numbers.h"
+#include "util/WholeNumber.h"
 
 namespace vexlator::importer {
 
@@ -11,8 +12,10 @@ namespace {
 constexpr std::size_t ownCoordinates = 4;
 constexpr std::size_t qualityField = 8;
 
+/// An empty field stands for 0.
 bool LooksNumeric(std::string_view text) {
-    return text.find_first_not_of("0123456789-.") == std::string_view::npos;
+    bool hasOtherSigns = text.find_first_not_of("0123456789-.") != std::string_view::npos;
+    return text.empty() || (!hasOtherSigns && util::IsWhollyNumber(text));
 }
 
 /// Three numbers from field `first` on.
