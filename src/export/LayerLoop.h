@@ -83,8 +83,10 @@ struct LayerPart {
         drawing::Drawing* chunk_;
         const std::uint32_t* index_;
     };
+    // NOLINTBEGIN(readability-identifier-naming): what range-based loops look for
     Iterator begin() const { return {chunk, indexes.data()}; }
     Iterator end() const { return {chunk, indexes.data() + indexes.size()}; }
+    // NOLINTEND(readability-identifier-naming)
 
     drawing::Drawing& chunk;
     std::span<const std::uint32_t> indexes;

@@ -39,7 +39,7 @@ private:
     }
     std::string First() const { return list_.paths.empty() ? "" : list_.paths.front(); }
     bool Exists(std::string_view name) const { return platform::FileExists(Located(name, First())); }
-    void Add(std::string name) {
+    void Add(const std::string& name) {
         if (!name.empty()) list_.paths.push_back(list_.paths.empty() ? platform::AbsolutePath(name) : name);
     }
 
