@@ -51,10 +51,13 @@ bool TrailTime::IsValid() const {
            number(11, 2) < 24 && number(14, 2) < 60 && number(17, 2) < 60;
 }
 
+bool HasCoordinates(std::string_view line) {
+    return util::IsWhollyNumber(util::GetCommaField(1, line)) &&
+           util::IsWhollyNumber(util::GetCommaField(2, line));
+}
+
 TrailPosition ParseTrailLine(std::string_view line) {
     TrailPosition position;
-    position.hasNumbers = util::IsWhollyNumber(util::GetCommaField(1, line)) &&
-                          util::IsWhollyNumber(util::GetCommaField(2, line));
     position.time = TrailTime(util::GetCommaField(0, line));
     position.grid = {util::GetCommaNumber(1, line), util::GetCommaNumber(2, line)};
     position.height = util::GetCommaNumber(3, line);

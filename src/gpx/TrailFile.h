@@ -35,10 +35,13 @@ struct TrailPosition {
     TrailTime time;
     util::PlanePoint grid;
     double height = 0;
-    bool hasNumbers = true;  ///< not so when a text that is no number was read as one
+    bool isPlaced = true;  ///< false: the position has none, whatever `grid` holds
 };
 
 TrailPosition ParseTrailLine(std::string_view line);
+/// Whether both coordinates are numbers as a whole; where they are not, ParseTrailLine() reads what begins
+/// like one, or 0.
+bool HasCoordinates(std::string_view line);
 
 /// The last line of a text, as a reader of lines would give it.
 std::string_view LastLine(std::string_view text);

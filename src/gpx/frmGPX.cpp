@@ -83,6 +83,12 @@ bool frmGPX::IsPosition(std::string_view line) const {
     return !settings_.strict || line.find_first_not_of(" \t") != std::string_view::npos;
 }
 
+TrailPosition frmGPX::Parse(std::string_view line) const {
+    TrailPosition position = ParseTrailLine(line);
+    position.isPlaced = !settings_.strict || HasCoordinates(line);
+    return position;
+}
+
 bool frmGPX::HasPlace(const GpxPosition& position) const {
     return settings_.strict ? position.IsOnEarth() : position.IsConverted();
 }
@@ -91,7 +97,7 @@ void frmGPX::ReadBatch(util::LineReader& lines, std::vector<TrailPosition>& batc
     batch.clear();
     while (!lines.AtEnd() && batch.size() < batchSize) {
         std::string_view line = lines.ReadTextLine();
-        if (IsPosition(line)) batch.push_back(ParseTrailLine(line));
+        if (IsPosition(line)) batch.push_back(Parse(line));
     }
 }
 
@@ -100,7 +106,7 @@ GpxPosition frmGPX::LastPosition(std::string_view text) {
         std::string_view line = LastLine(text);
         text = text.substr(0, static_cast<std::size_t>(line.data() - text.data()));
         if (!IsPosition(line)) continue;
-        GpxPosition position = Convert(ParseTrailLine(line));
+        GpxPosition position = Convert(Parse(line));
         if (!settings_.strict || HasPlace(position)) return position;
     }
     return {};
@@ -112,7 +118,7 @@ coords::frmLatLng& frmGPX::Converter() {
 }
 
 GpxPosition frmGPX::Convert(const TrailPosition& position) {
-    if (settings_.strict && !position.hasNumbers) return {position.time, "", "", ""};
+    if (!position.isPlaced) return {position.time, "", "", ""};
     auto texts = Converter().GridToLatLng(position.grid.x, position.grid.y, position.height, false);
     if (!texts) return {position.time, "", "", ""};
     return {position.time, texts->first, texts->second, texts->height};
@@ -126,8 +132,8 @@ void frmGPX::ConvertBatch(std::span<const TrailPosition> positions) {
         heights.push_back(position.height);
     }
     converted_.clear();
-    bool allHaveNumbers = std::ranges::all_of(positions, &TrailPosition::hasNumbers);
-    if (Converter().GridToLatLng(points, heights) > 0 || !allHaveNumbers) {
+    bool areAllPlaced = std::ranges::all_of(positions, &TrailPosition::isPlaced);
+    if (Converter().GridToLatLng(points, heights) > 0 || !areAllPlaced) {
         // Some fail, and only one by one it is known which.
         for (const TrailPosition& position : positions) converted_.push_back(Convert(position));
         return;

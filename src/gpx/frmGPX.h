@@ -41,6 +41,7 @@ private:
     /// Fills `batch` with the next positions.
     void ReadBatch(util::LineReader& lines, std::vector<TrailPosition>& batch) const;
     bool IsPosition(std::string_view line) const;
+    TrailPosition Parse(std::string_view line) const;
     bool HasPlace(const GpxPosition& position) const;
     /// The last position that goes into the file; an empty one when none does.
     GpxPosition LastPosition(std::string_view text);

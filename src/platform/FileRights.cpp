@@ -32,9 +32,12 @@ void TakeAccessList(int descriptor, const std::string& from) {
         ::fremovexattr(descriptor, accessList);
 }
 
+/// Others than this user and root, whom nothing keeps out.
 bool OthersCanWrite(const std::string& folder) {
     struct stat info {};
-    return ::stat(folder.empty() ? "." : folder.c_str(), &info) == 0 && (info.st_mode & (S_IWGRP | S_IWOTH));
+    if (::stat(folder.empty() ? "." : folder.c_str(), &info) != 0) return false;
+    bool isOthers = info.st_uid != ::geteuid() && info.st_uid != 0;
+    return isOthers || (info.st_mode & (S_IWGRP | S_IWOTH)) != 0;
 }
 
 /// The way along a path, each link on it replaced by what it points to.

@@ -45,6 +45,13 @@ struct OpenedFile {
     std::size_t size = 0;
 };
 
+void SortNames(std::vector<std::string>& names) {
+    std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
+        int order = CompareNoCase(a, b);
+        return order != 0 ? order < 0 : a < b;
+    });
+}
+
 template <typename Wanted>
 std::vector<std::string> ListEntries(std::string_view folder, Wanted wanted) {
     std::vector<std::string> names;
@@ -54,10 +61,7 @@ std::vector<std::string> ListEntries(std::string_view folder, Wanted wanted) {
         std::string name = it->path().filename().string();
         if (wanted(*it) && !IsTemporaryName(name)) names.push_back(std::move(name));
     }
-    std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
-        int order = CompareNoCase(a, b);
-        return order != 0 ? order < 0 : a < b;
-    });
+    SortNames(names);
     return names;
 }
 
@@ -187,13 +191,6 @@ void RequireFolder(std::string_view path) {
     if (!FolderExists(path)) throw WriteError(native, error ? error.message() : Reason(ENOTDIR));
 }
 
-void RequireListing(std::string_view path) {
-    std::error_code error;
-    std::string native = FindExisting(path);
-    for (fs::directory_iterator it(native, error), end; !error && it != end;) it.increment(error);
-    if (error) throw ReadError(native, "", error.message());
-}
-
 bool RemoveEmptyFolder(std::string_view path) {
     std::string native = FindExisting(path);
     return !native.empty() && ::rmdir(native.c_str()) == 0;
@@ -233,6 +230,24 @@ std::vector<std::string> ListFolders(std::string_view folder) {
         std::error_code ignored;
         return entry.is_directory(ignored);
     });
+}
+
+FolderContent ReadFolder(std::string_view folder) {
+    FolderContent content;
+    std::string native = FindExisting(folder);
+    std::error_code error;
+    for (fs::directory_iterator it(native, error), end; !error && it != end;) {
+        fs::file_status status = it->symlink_status(error);
+        if (error) throw ReadError(it->path().string(), "", error.message());
+        std::string name = it->path().filename().string();
+        if (!IsTemporaryName(name) && fs::is_regular_file(status)) content.files.push_back(name);
+        if (!IsTemporaryName(name) && fs::is_directory(status)) content.folders.push_back(name);
+        it.increment(error);
+    }
+    if (error) throw ReadError(native, "", error.message());
+    SortNames(content.files);
+    SortNames(content.folders);
+    return content;
 }
 
 std::string ExecutableFolder() {

@@ -152,8 +152,6 @@ bool CreateFolder(std::string_view path);
 bool CreateFolderTree(std::string_view path);
 /// Creates every missing folder of the path. @throws WriteError with the system's reason
 void RequireFolder(std::string_view path);
-/// @throws ReadError when what a folder holds cannot be listed: the listings below are then empty
-void RequireListing(std::string_view path);
 /// Removes an empty folder; false when it is not empty or not there.
 bool RemoveEmptyFolder(std::string_view path);
 /// Gives a file another name, in place of a file that has that name; copies it when the target lies on
@@ -167,6 +165,12 @@ bool RemoveFile(std::string_view path);
 std::vector<std::string> ListFiles(std::string_view folder);
 /// The same for sub-folders.
 std::vector<std::string> ListFolders(std::string_view folder);
+/// Names in a folder, links left out, in the order of the listings above.
+struct FolderContent {
+    std::vector<std::string> files, folders;
+};
+/// For callers that must not miss anything. @throws ReadError when a part cannot be listed or looked at
+FolderContent ReadFolder(std::string_view folder);
 
 /// Holds an exclusive lock for its lifetime: on the file `path` + ".lock", which is made when missing and
 /// deleted when the last holder leaves. Waits until it is free, at most for 20 seconds.

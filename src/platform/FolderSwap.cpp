@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <fstream>
+#include <optional>
 #include <string_view>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -35,12 +36,13 @@ bool WriteNote(const std::string& folder, const std::set<std::string>& replaced)
     return isWritten;
 }
 
-/// The texts of a folder's note; none when it has none of this user's, who alone may say what is carried
-/// over.
-std::vector<std::string> ReadNote(const std::string& folder) {
+/// The texts of a folder's note, empty when it has none; nothing when it is not this user's, who alone may
+/// say what is carried over.
+std::optional<std::vector<std::string>> ReadNote(const std::string& folder) {
     std::string note = folder + "/" + std::string(noteName);
     struct stat info {};
-    if (::lstat(note.c_str(), &info) != 0 || !S_ISREG(info.st_mode) || info.st_uid != ::geteuid()) return {};
+    if (::lstat(note.c_str(), &info) != 0) return std::vector<std::string>();
+    if (!S_ISREG(info.st_mode) || info.st_uid != ::geteuid()) return std::nullopt;
     std::ifstream file(note, std::ios::binary);
     std::vector<std::string> texts;
     for (std::string text; std::getline(file, text, '\0');) texts.push_back(text);
@@ -104,10 +106,11 @@ bool FolderSwap::TakePlace(const std::set<std::string>& replaced) {
 
 void RemoveSwapFolder(const std::string& native) {
     constexpr int mostLooks = 10;  // somebody may go on putting files into it
-    std::vector<std::string> note = ReadNote(native);
+    std::optional<std::vector<std::string>> note = ReadNote(native);
+    if (!note) return;
     for (int look = 0; look < mostLooks; ++look) {
-        if (!note.empty()) {
-            Empty(native, note);
+        if (!note->empty()) {
+            Empty(native, *note);
         } else {
             for (const std::string& name : EntriesOf(native)) ::unlink((native + "/" + name).c_str());
         }

@@ -179,7 +179,7 @@ void OutputFile::WriteFrom(OutputFile& other, std::uint64_t offset, std::uint64_
     other.Flush();
     while (size > 0) {
         std::size_t room = std::min<std::uint64_t>(size, BufferSize);
-        ssize_t got = ::pread(other.descriptor_, Reserve(room), room, static_cast<off_t>(offset));
+        ssize_t got = ::pread(other.Descriptor(), Reserve(room), room, static_cast<off_t>(offset));
         if (got < 0 && errno == EINTR) continue;
         if (got <= 0) other.Fail(got < 0 ? errno : EIO);
         Advance(static_cast<std::size_t>(got));
@@ -297,7 +297,7 @@ void ReplaceFile(std::string_view path, std::string_view content) {
 void RemoveLeftovers(std::string_view folder) {
     std::string native = FindExisting(folder);
     if (native.empty()) return;
-    EndAbandonedMove(native);
+    if (!EndAbandonedMove(native)) return;
     std::vector<std::string> names;
     std::set<std::string> atWork;
     for (const std::string& name : EntriesOf(native)) {

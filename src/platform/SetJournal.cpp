@@ -105,8 +105,9 @@ public:
     int Append(std::string_view text) {
         ::lseek(descriptor_, 0, SEEK_END);
         ssize_t written = ::write(descriptor_, text.data(), text.size());
-        if (written == static_cast<ssize_t>(text.size()) && ::fdatasync(descriptor_) == 0) return 0;
-        return written < 0 ? errno : ENOSPC;
+        bool isShort = written >= 0 && written < static_cast<ssize_t>(text.size());
+        if (isShort) return ENOSPC;
+        return written < 0 || ::fdatasync(descriptor_) != 0 ? errno : 0;
     }
     void Clear() { [[maybe_unused]] int ignored = ::ftruncate(descriptor_, 0); }
     const std::string& Folder() const { return folder_; }
@@ -128,20 +129,21 @@ int KeepOldFile(const SetMember& member) {
     return isKept ? 0 : errno;
 }
 
-/// An error number, or 0; also for a file that has moved before.
+bool IsInPlace(const SetMember& member) {
+    struct stat info {};
+    return ::lstat(member.target.c_str(), &info) == 0 && info.st_ino == member.number;
+}
+
+/// An error number, or 0; also for a file that has moved before. One that is nowhere ends the way forward.
 int MoveForward(const SetMember& member) {
-    if (!Exists(member.temporary)) return 0;
+    if (!Exists(member.temporary)) return IsInPlace(member) ? 0 : ENOENT;
     int error = member.kept.empty() ? 0 : KeepOldFile(member);
     if (error == 0 && ::rename(member.temporary.c_str(), member.target.c_str()) != 0) error = errno;
     return error;
 }
 
 bool MoveBack(const SetMember& member) {
-    struct stat info {};
-    if (member.kept.empty()) {
-        bool isNew = ::lstat(member.target.c_str(), &info) == 0 && info.st_ino == member.number;
-        return !isNew || ::unlink(member.target.c_str()) == 0;
-    }
+    if (member.kept.empty()) return !IsInPlace(member) || ::unlink(member.target.c_str()) == 0;
     if (!Exists(member.kept)) return true;
     if (::rename(member.kept.c_str(), member.target.c_str()) != 0) return false;
     ::unlink(member.kept.c_str());  // two names of one file both survive a rename
@@ -220,9 +222,10 @@ void MoveTogether(const std::string& folder, std::vector<SetMember> members) {
     throw WriteError(member->target, Reason(error) + "; " + left);
 }
 
-void EndAbandonedMove(const std::string& folder) {
+bool EndAbandonedMove(const std::string& folder) {
     List list(folder, 0);
     if (list.IsOurs()) EndOldMove(list);
+    return list.IsOurs() || !Exists(list.Name());
 }
 
 bool BelongsToMove(std::string_view name) {

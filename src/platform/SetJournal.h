@@ -28,8 +28,9 @@ struct SetMember {
 /// @throws WriteError: the file that could not be moved, and whether the old files are back
 void MoveTogether(const std::string& folder, std::vector<SetMember> members);
 
-/// Ends the move that a killed run of this user left in a folder, if there is one.
-void EndAbandonedMove(const std::string& folder);
+/// Ends the move that a killed run of this user left in a folder, if there is one. False when there is one of
+/// somebody else, who needs the temporary files of the folder to end it.
+bool EndAbandonedMove(const std::string& folder);
 
 /// Whether a temporary name is that of a list or of an old file that a list names: they go with the move.
 bool BelongsToMove(std::string_view name);

@@ -5,9 +5,7 @@
 #include "platform/Paths.h"
 #include "util/Paths.h"
 #include "util/Text.h"
-
-#include <charconv>
-#include <cmath>
+#include "util/WholeNumber.h"
 
 namespace vexlator::startup {
 
@@ -15,7 +13,6 @@ namespace {
 
 constexpr std::string_view quietSwitch = "-QUIET";
 constexpr std::string_view boxSwitch = "?BOX";
-constexpr std::string_view importWord = "IMPORT";
 
 /// The text from a position on; "" when it is shorter.
 std::string_view From(std::string_view text, std::size_t position) {
@@ -48,17 +45,10 @@ config::ImportExtentBox ParseExtent(std::string_view text) {
             util::GetCommaNumber(3, text)};
 }
 
-bool IsNumber(std::string_view text) {
-    text = util::Trim(text);
-    double value = 0;
-    auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    return error == std::errc() && end == text.data() + text.size() && std::isfinite(value);
-}
-
 bool IsExtent(std::string_view values) {
     if (util::CountOf(values, ",") != 3) return false;
     for (std::size_t i = 0; i < 4; ++i)
-        if (!IsNumber(util::GetCommaField(i, values))) return false;
+        if (!util::IsWhollyNumber(util::GetCommaField(i, values))) return false;
     config::ImportExtentBox extent = ParseExtent(values);
     return extent.minX <= extent.maxX && extent.minY <= extent.maxY;
 }

@@ -13,6 +13,9 @@
 /// text alone; no text, however wrong, makes any of it fail.
 namespace vexlator::startup {
 
+/// What an import's command begins with.
+constexpr std::string_view importWord = "IMPORT";
+
 /// One key=value item of a GO command.
 struct GoOption {
     std::string key;

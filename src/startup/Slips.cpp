@@ -15,7 +15,6 @@ namespace vexlator::startup {
 
 namespace {
 
-constexpr std::string_view importWord = "IMPORT";
 constexpr std::string_view howToExport =
     "an export is a path alone, as in \"/data/roads.SHP\", which reads /data/roads.VDF";
 

@@ -22,17 +22,15 @@ namespace {
 constexpr double settleTime = 2.5;  ///< seconds
 
 /// The files of a folder and, with `deep`, of all folders below; paths are relative, with "/".
+/// @throws platform::ReadError
 void CollectFiles(const std::string& folder, const std::string& relative, std::string_view pattern, bool deep,
                   std::vector<std::string>& files) {
-    platform::RequireListing(folder);
-    for (const std::string& name : platform::ListFiles(folder))
-        if (util::MatchesPattern(name, pattern) && !platform::IsLink(util::JoinPath(folder, name)))
-            files.push_back(relative + name);
+    platform::FolderContent content = platform::ReadFolder(folder);
+    for (const std::string& name : content.files)
+        if (util::MatchesPattern(name, pattern)) files.push_back(relative + name);
     if (!deep) return;
-    for (const std::string& name : platform::ListFolders(folder)) {
-        std::string below = util::JoinPath(folder, name);
-        if (!platform::IsLink(below)) CollectFiles(below, relative + name + "/", pattern, deep, files);
-    }
+    for (const std::string& name : content.folders)
+        CollectFiles(util::JoinPath(folder, name), relative + name + "/", pattern, deep, files);
 }
 
 /// Names in an archive are UTF-8; a name on disk is any bytes.

@@ -118,12 +118,14 @@ struct KilledRun {
     std::string what, lastTexts;
     bool isInTheWay;
     std::string a, b, c;
+    bool isTaken = false;  ///< somebody removed a temporary file
 };
 
 TEST(OutputSet, TheNextRunEndsTheMoveOfAKilledOne) {
     const std::string whole("whole\0", 6), undone("whole\0undone\0", 13);
     const KilledRun cases[] = {{"finished", whole, false, "new", "new", "new"},
                                {"cannot be finished", whole, true, "old", "", ""},
+                               {"has lost a file", whole, false, "old", "", "old", true},
                                {"was being undone", undone, false, "old", "", "old"},
                                {"the list never became whole", "", false, "new", "", "old"}};
     for (const KilledRun& run : cases) {
@@ -137,10 +139,15 @@ TEST(OutputSet, TheNextRunEndsTheMoveOfAKilledOne) {
             fs::create_directory(folder / "c");
         else
             folder.Write("c", "old");
-        struct stat info {};
-        ::stat((folder / ".b.1-1.vxtmp").c_str(), &info);
-        std::string list = ".a.1-0.vxtmp|a|.a.1-0.old.vxtmp|1|.b.1-1.vxtmp|b||" +
-                           std::to_string(info.st_ino) + "|.c.1-2.vxtmp|c|.c.1-2.old.vxtmp|3|";
+        auto numberOf = [&](const std::string& name) {
+            struct stat info {};
+            ::stat((folder / name).c_str(), &info);
+            return std::to_string(info.st_ino);
+        };
+        std::string list = ".a.1-0.vxtmp|a|.a.1-0.old.vxtmp|" + numberOf("a") + "|.b.1-1.vxtmp|b||" +
+                           numberOf(".b.1-1.vxtmp") + "|.c.1-2.vxtmp|c|.c.1-2.old.vxtmp|" +
+                           numberOf(".c.1-2.vxtmp") + "|";
+        if (run.isTaken) fs::remove(std::string(folder / ".c.1-2.vxtmp"));
         std::replace(list.begin(), list.end(), '|', '\0');
         folder.Write(".set.vxtmp", list + run.lastTexts);
         RemoveLeftovers(folder.Path());

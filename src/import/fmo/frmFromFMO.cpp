@@ -149,7 +149,7 @@ config::Outcome frmFromFMO::Save(const std::string& drawingPath) {
 void frmFromFMO::ImportFiles() {
     for (const FmoFile& file : files_) {
         if (ImportFmoFile(file))
-            tableReadToEnd_ = true;
+            tableReadToEnd_ |= count_ > 0;
         else
             complete_ = false;
     }
