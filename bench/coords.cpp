@@ -53,11 +53,11 @@ void Print(const std::vector<util::PlanePoint>& points, int decimals) {
 
 int Run(const char* installation, bool toGrid, const char* source) {
     StderrUi ui;
-    config::Session session(ui);
-    session.Settings().ProgramFolder = installation;
+    config::Run run(ui);
+    run.Settings().ProgramFolder = installation;
     std::vector<util::PlanePoint> points = ReadPoints(source);
     auto start = std::chrono::steady_clock::now();
-    coords::frmLatLng form(session);
+    coords::frmLatLng form(run);
     std::size_t failed = toGrid ? form.LatLngToGrid(points) : form.GridToLatLng(points);
     std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
     std::fprintf(stderr, "%.3f\n", seconds.count());

@@ -7,7 +7,7 @@
 #include "background/package/PackageProof.h"
 #include "background/package/PackageReader.h"
 #include "background_build/RandomMap.h"
-#include "config/Session.h"
+#include "config/Run.h"
 #include "support/TempFolder.h"
 #include "support/TestUi.h"
 
@@ -70,14 +70,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     background::SaveBackgroundStyle(folder / "style.BSF", map.Style(), false);
 
     test::TestUi ui;
-    config::Session session(ui);
+    config::Run run(ui);
     std::string flags = map.OneIn(2) ? "DONTEXPLODE=1\r\n" : "";
     if (map.OneIn(2)) flags += "GENFULLPOLYS=1\r\n";
     if (map.OneIn(4)) flags += "MEMORYMB=0\r\n";
     std::string style = map.OneIn(3) ? "" : folder / "style.BSF";
-    session.Settings().IniFilePath =
+    run.Settings().IniFilePath =
         folder.Write("gv.ini", "[GRP]\r\n" + flags + "AttributeList=" + std::string(numbers.Rest()));
-    background::frmGRP(session).Start(folder / "area.VDF", folder / "map", style);
+    background::frmGRP(run).Start(folder / "area.VDF", folder / "map", style);
     ProvePackage(background::PackageReader(folder / "map/map.GRP"));
     return 0;
 }

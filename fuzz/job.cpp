@@ -28,9 +28,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     using namespace vexlator;
     std::string_view text(reinterpret_cast<const char*>(data), size);
     test::TestUi ui;
-    config::Session session(ui);
+    config::Run run(ui);
     drawing::Drawing drawing;
-    importer::JobToDrawing importer(session, drawing, {.importQA = true, .forceClose = size % 2 == 0});
+    importer::JobToDrawing importer(run, drawing, {.importQA = true, .forceClose = size % 2 == 0});
     try {
         importer::JobTable table(text);
         importer::ResolveSupersededRecords(table);

@@ -61,19 +61,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const test::TempFolder folder;
     WriteFiles(folder, {data, size});
     SilentUi userInterface;
-    config::Session session(userInterface);
-    session.Settings().ATPDirectory = folder.Path();
+    config::Run run(userInterface);
+    run.Settings().ATPDirectory = folder.Path();
     try {
-        importer::frmFromSHP(session).Start(folder / "in.SHP", folder.Path(), "");
+        importer::frmFromSHP(run).Start(folder / "in.SHP", folder.Path(), "");
     } catch (const platform::ReadError&) {
         return 0;
     }
     drawing::Drawing drawing;
     drawing.open(folder / "in.VDF");
-    exporter::frmSHP(session).Start(folder / "in.VDF", folder.Path());
+    exporter::frmSHP(run).Start(folder / "in.VDF", folder.Path());
     std::size_t entities = drawing.entityCount();
     if (entities == 0) return 0;
-    config::Outcome again = importer::frmFromSHP(session).Start(folder / "IN.SHP", folder.Path(), "");
+    config::Outcome again = importer::frmFromSHP(run).Start(folder / "IN.SHP", folder.Path(), "");
     if (again.features != entities) std::abort();
     std::filesystem::remove(folder / "IN.ATP");
     return 0;

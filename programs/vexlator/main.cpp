@@ -63,11 +63,11 @@ ExitStatus Print(const std::string& text) {
 }
 
 /// The desktop program beside this one shows the window, and takes this process over.
-ExitStatus OpenDesktop(config::Session& session, std::string_view received) {
+ExitStatus OpenDesktop(config::Run& run, std::string_view received) {
     std::vector<std::string> arguments;
     if (!received.empty()) arguments.emplace_back(received);
     platform::ReplaceProcess(platform::ExecutableFolder() + "/vexlator-desktop", std::move(arguments));
-    session.Ui().Report(
+    run.Ui().Report(
         "vexlator: the selection window needs vexlator-desktop in the folder of this program; "
         "vexlator --help lists what works without it");
     return ExitStatus::NothingToDo;

@@ -65,16 +65,16 @@ void SetValue(FormControl& control, Kind kind, const std::string& value) {
 
 }  // namespace
 
-void SaveFormState(Session& session, std::span<const FormControl> controls, std::string_view file) {
+void SaveFormState(Run& run, std::span<const FormControl> controls, std::string_view file) {
     for (const FormControl& control : controls)
         if (auto state = StateOf(control.name))
-            session.WriteIni(state->section, state->key, ValueOf(control, state->kind), file);
+            run.WriteIni(state->section, state->key, ValueOf(control, state->kind), file);
 }
 
-void RestoreFormState(const Session& session, std::span<FormControl> controls, std::string_view file) {
+void RestoreFormState(const Run& run, std::span<FormControl> controls, std::string_view file) {
     for (FormControl& control : controls)
         if (auto state = StateOf(control.name))
-            SetValue(control, state->kind, session.ReadIni(state->section, state->key, file));
+            SetValue(control, state->kind, run.ReadIni(state->section, state->key, file));
 }
 
 }  // namespace vexlator::config

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 
 #include <span>
 #include <string>
@@ -22,10 +22,10 @@ struct FormControl {
 };
 
 /// Writes the state of the controls. An empty file means gv.ini.
-void SaveFormState(Session& session, std::span<const FormControl> controls, std::string_view file = "");
+void SaveFormState(Run& run, std::span<const FormControl> controls, std::string_view file = "");
 
 /// Reads it back. A missing key unchecks, clears, selects the first entry or deselects; a number that the
 /// control cannot have leaves it as it is.
-void RestoreFormState(const Session& session, std::span<FormControl> controls, std::string_view file = "");
+void RestoreFormState(const Run& run, std::span<FormControl> controls, std::string_view file = "");
 
 }  // namespace vexlator::config

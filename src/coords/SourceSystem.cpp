@@ -24,9 +24,9 @@ std::string DefinitionOf(const std::string& name) {
     return epsg ? "EPSG:" + name.substr(hash + 1) : name;
 }
 
-ProjObject DrawingSystem(ProjContext& context, const config::Session& session) {
+ProjObject DrawingSystem(ProjContext& context, const config::Run& run) {
     try {
-        return PlaneSystem(context, ReadTransformationSetting(session).DrawingSystem());
+        return PlaneSystem(context, ReadTransformationSetting(run).DrawingSystem());
     } catch (const platform::ReadError&) {
         return nullptr;  // told where something is converted by it
     }
@@ -37,11 +37,11 @@ ProjObject DrawingSystem(ProjContext& context, const config::Session& session) {
 /// The systems of source and drawings, and what leads from one to the other.
 class SourceSystem::Conversion : public Backend {
 public:
-    Conversion(const config::Session& session, const std::string& definition)
-        : folders_(GridFoldersOf(session)),
+    Conversion(const config::Run& run, const std::string& definition)
+        : folders_(GridFoldersOf(run)),
           context_(folders_.inOrder),
           source_(PlaneSystem(context_, DefinitionOf(definition))),
-          drawing_(DrawingSystem(context_, session)) {}
+          drawing_(DrawingSystem(context_, run)) {}
 
     bool IsKnown() const { return source_ != nullptr; }
 
@@ -105,8 +105,8 @@ private:
     std::optional<int> decimals_ = 3;
 };
 
-SourceSystem::SourceSystem(config::Session& session, const std::string& definition)
-    : session_(session), conversion_(std::make_unique<Conversion>(session, definition)) {}
+SourceSystem::SourceSystem(config::Run& run, const std::string& definition)
+    : run_(run), conversion_(std::make_unique<Conversion>(run, definition)) {}
 
 SourceSystem::~SourceSystem() = default;
 
@@ -119,7 +119,7 @@ std::string SourceSystem::Difference(Assumed assumed) const {
 }
 
 std::string SourceSystem::PrepareConversion(std::string_view sourceName) {
-    return conversion_->Prepare(sourceName, session_.Ui());
+    return conversion_->Prepare(sourceName, run_.Ui());
 }
 
 std::size_t SourceSystem::ToDrawing(std::span<util::PlanePoint> points) {

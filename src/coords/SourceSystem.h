@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "util/Angles.h"
 
 #include <cstddef>
@@ -27,7 +27,7 @@ public:
     };
 
     /// `definition`: any that a definition file may hold, or an srsName of GML.
-    SourceSystem(config::Session& session, const std::string& definition);
+    SourceSystem(config::Run& run, const std::string& definition);
     ~SourceSystem();
 
     /// False when the definition means no coordinate system.
@@ -46,7 +46,7 @@ public:
 private:
     class Conversion;
 
-    config::Session& session_;
+    config::Run& run_;
     std::unique_ptr<Conversion> conversion_;
 };
 

@@ -19,8 +19,8 @@ constexpr std::uint64_t largestDefinition = 1 << 20;
 
 }  // namespace
 
-GridFolders GridFoldersOf(const config::Session& session) {
-    const std::string& program = session.Settings().ProgramFolder;
+GridFolders GridFoldersOf(const config::Run& run) {
+    const std::string& program = run.Settings().ProgramFolder;
     std::string resources = util::JoinPath(program, "Resources");
     return {{"c:\\program files\\common files\\Gorvane", resources, program, "C:\\windows"}, resources};
 }
@@ -30,10 +30,10 @@ std::string MissingGridText(const std::string& grid, const std::string& folderFo
            platform::NativePath(folderForGrids) + "; until then coordinates may be metres off";
 }
 
-TransformationSetting ReadTransformationSetting(const config::Session& session) {
+TransformationSetting ReadTransformationSetting(const config::Run& run) {
     using Kind = TransformationSetting::Kind;
     TransformationSetting setting;
-    setting.value = session.ReadIni("GPS", "TRANSFORMATION");
+    setting.value = run.ReadIni("GPS", "TRANSFORMATION");
     bool isSet = !setting.value.empty();
     if (!isSet) setting.value = "\\qxmCS.DAT";
     setting.isFile = util::FileSize(setting.value) > 0;

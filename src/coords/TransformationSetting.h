@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 
 #include <string>
 #include <vector>
@@ -14,7 +14,7 @@ struct GridFolders {
     std::vector<std::string> inOrder;
     std::string forNew;  ///< the one of them in which a person should put a grid that is missing
 };
-GridFolders GridFoldersOf(const config::Session& session);
+GridFolders GridFoldersOf(const config::Run& run);
 
 /// For people: that the best transformation lacks its grid, and what they can do.
 std::string MissingGridText(const std::string& grid, const std::string& folderForGrids);
@@ -38,7 +38,7 @@ struct TransformationSetting {
     /// @throws platform::ReadError
     std::string DrawingSystem() const;
 };
-TransformationSetting ReadTransformationSetting(const config::Session& session);
+TransformationSetting ReadTransformationSetting(const config::Run& run);
 
 /// The definition in a small file. @throws platform::ReadError
 std::string ReadDefinition(const std::string& path);

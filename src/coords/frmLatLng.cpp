@@ -21,20 +21,19 @@ namespace vexlator::coords {
 
 namespace {
 
-std::unique_ptr<Backend> ChooseBackend(config::Session& session) {
+std::unique_ptr<Backend> ChooseBackend(config::Run& run) {
     using Kind = TransformationSetting::Kind;
-    TransformationSetting setting = ReadTransformationSetting(session);
+    TransformationSetting setting = ReadTransformationSetting(run);
     if (setting.kind == Kind::Degrees) return std::make_unique<NoConversion>();
-    GridFolders folders = GridFoldersOf(session);
+    GridFolders folders = GridFoldersOf(run);
     if (setting.kind == Kind::Definition)
-        return std::make_unique<Transformer>(std::move(setting), std::move(folders), session.Ui());
-    std::string value = session.ReadIni("GPS", "TRANSFORMATION");
+        return std::make_unique<Transformer>(std::move(setting), std::move(folders), run.Ui());
+    std::string value = run.ReadIni("GPS", "TRANSFORMATION");
     if (!value.empty())
-        session.Ui().ShowMessage(
-            platform::NativePath(value) +
-            ": no such transformation file, or it is empty, and no definition by itself; "
-            "the correction grid of the British National Grid is used");
-    return std::make_unique<CorrectionGrid>(folders, session.Ui());
+        run.Ui().ShowMessage(platform::NativePath(value) +
+                             ": no such transformation file, or it is empty, and no definition by itself; "
+                             "the correction grid of the British National Grid is used");
+    return std::make_unique<CorrectionGrid>(folders, run.Ui());
 }
 
 /// Keeps six decimals of a degree the same on the way through text.
@@ -94,7 +93,7 @@ std::size_t ConvertWhole(Backend& backend, Direction direction, Coordinates coor
 
 }  // namespace
 
-frmLatLng::frmLatLng(config::Session& session) : backend_(ChooseBackend(session)) {}
+frmLatLng::frmLatLng(config::Run& run) : backend_(ChooseBackend(run)) {}
 
 frmLatLng::~frmLatLng() = default;
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "util/Angles.h"
 
 #include <cstddef>
@@ -34,7 +34,7 @@ class frmLatLng {
 public:
     /// Prepares the correction grid where it is the one to use; shows "No Correction File Found" when there
     /// is none. A coordinate system is loaded when it is first needed, once for each direction.
-    explicit frmLatLng(config::Session& session);
+    explicit frmLatLng(config::Run& run);
     ~frmLatLng();
     frmLatLng(const frmLatLng&) = delete;
     frmLatLng& operator=(const frmLatLng&) = delete;

@@ -24,29 +24,29 @@ bool IsRemote(const FmoDefinition& definition) {
     return definition.database.find("http:") != std::string::npos;
 }
 
-std::string RemoteConnectionString(config::Session& session, const FmoDefinition& definition) {
+std::string RemoteConnectionString(config::Run& run, const FmoDefinition& definition) {
     std::string text = "Driver={Microsoft Access Driver (*.mdb)};Provider=MS Remote;Data Source=" +
                        util::FileNameOf(definition.database) +
                        ";Remote Server=" + util::FolderOf(definition.database);
-    session.Ui().ShowMessage(text);
+    run.Ui().ShowMessage(text);
     return text;
 }
 
 /// Looks for a missing database file beside the definition.
-void LocateDatabase(config::Session& session, FmoDefinition& definition) {
+void LocateDatabase(config::Run& run, FmoDefinition& definition) {
     if (util::FileSize(definition.database) > 0) return;
     std::string shown = platform::NativePath(definition.database);
     std::string beside =
         util::JoinPath(util::FolderOf(definition.definitionPath), util::FileNameOf(definition.database));
     if (util::FileSize(beside) == 0) {
-        session.Ui().ShowMessage("Database Not Found\n" + shown);
+        run.Ui().ShowMessage("Database Not Found\n" + shown);
         return;
     }
-    if (!session.Ui().AskYesNo("Database Not Found in specified location\n" + shown +
-                               "\nBUT it is in the same folder as FMO\n\nRe-assign MDB Location?"))
+    if (!run.Ui().AskYesNo("Database Not Found in specified location\n" + shown +
+                           "\nBUT it is in the same folder as FMO\n\nRe-assign MDB Location?"))
         return;
     definition.database = beside;
-    session.WriteIni(section, "MDB", beside, definition.definitionPath);
+    run.WriteIni(section, "MDB", beside, definition.definitionPath);
 }
 
 }  // namespace
@@ -62,7 +62,7 @@ std::string DatabaseOf(const FmoFile& file) {
     return config::IniValue(file.text, section, "MDB");
 }
 
-FmoDefinition ReadFmoDefinition(config::Session& session, const FmoFile& file) {
+FmoDefinition ReadFmoDefinition(config::Run& run, const FmoFile& file) {
     config::IniText values(file.text);
     auto read = [&](std::string_view key) { return std::string(values.Value(section, key)); };
     FmoDefinition definition;
@@ -82,10 +82,9 @@ FmoDefinition ReadFmoDefinition(config::Session& session, const FmoFile& file) {
     definition.keyType = numeric ? KeyType::Numeric : KeyType::Text;
 
     if (definition.table.empty() || definition.database.empty())
-        session.Ui().ShowMessage("No Database Specification in INI File\n" + platform::NativePath(file.path));
+        run.Ui().ShowMessage("No Database Specification in INI File\n" + platform::NativePath(file.path));
     bool hasPlace = (!definition.east.empty() && !definition.north.empty()) || definition.IsLineTable();
-    if (definition.key.empty() || !hasPlace)
-        session.Ui().ShowMessage("Table Not Fully Specified in INI file");
+    if (definition.key.empty() || !hasPlace) run.Ui().ShowMessage("Table Not Fully Specified in INI file");
     return definition;
 }
 
@@ -94,34 +93,34 @@ bool IsDatabaseFile(const FmoDefinition& definition) {
            util::InStrNoCase(definition.database, ".mdb") > 0;
 }
 
-std::string BuildConnectionString(config::Session& session, FmoDefinition& definition) {
+std::string BuildConnectionString(config::Run& run, FmoDefinition& definition) {
     if (!definition.driver.empty())
         return "DRIVER={" + definition.driver + "};Server=" + definition.server +
                ";database=" + definition.database + ";uid=" + definition.user + ";pwd=" + definition.password;
-    if (IsRemote(definition)) return RemoteConnectionString(session, definition);
+    if (IsRemote(definition)) return RemoteConnectionString(run, definition);
     if (!IsDatabaseFile(definition)) {
         if (definition.database.find('.') != std::string::npos) return "";
         return "Driver={Microsoft dBASE Driver (*.dbf)};Dbq=" + definition.database;
     }
-    LocateDatabase(session, definition);
+    LocateDatabase(run, definition);
     return AccessConnectionString(definition.database);
 }
 
-std::unique_ptr<Connection> OpenFmoConnection(config::Session& session, FmoDefinition& definition) {
-    return OpenFmoConnection(session, definition, BuildConnectionString(session, definition));
+std::unique_ptr<Connection> OpenFmoConnection(config::Run& run, FmoDefinition& definition) {
+    return OpenFmoConnection(run, definition, BuildConnectionString(run, definition));
 }
 
-std::unique_ptr<Connection> OpenFmoConnection(config::Session& session, const FmoDefinition& definition,
+std::unique_ptr<Connection> OpenFmoConnection(config::Run& run, const FmoDefinition& definition,
                                               const std::string& connectionString) {
-    session.DebugMessage(ConnectionString(connectionString).WithoutPasswords());
+    run.DebugMessage(ConnectionString(connectionString).WithoutPasswords());
     try {
         if (connectionString.empty())
             throw DatabaseError("08001", platform::NativePath(definition.database) +
                                              ": neither a database file (.mdb) nor a folder");
         return std::make_unique<Connection>(connectionString);
     } catch (const DatabaseError& error) {
-        session.Ui().ShowMessage("Connection DID NOT open.");
-        session.Ui().Report(platform::NativePath(definition.definitionPath) + ": " + error.what());
+        run.Ui().ShowMessage("Connection DID NOT open.");
+        run.Ui().Report(platform::NativePath(definition.definitionPath) + ": " + error.what());
         return nullptr;
     }
 }

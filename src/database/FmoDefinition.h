@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "database/Connection.h"
 
 #include <memory>
@@ -45,16 +45,16 @@ struct FmoDefinition {
 };
 
 /// What a definition lacks is shown as messages; it is returned in any case.
-FmoDefinition ReadFmoDefinition(config::Session& session, const FmoFile& file);
+FmoDefinition ReadFmoDefinition(config::Run& run, const FmoFile& file);
 
 /// The connection string for a definition, possibly empty. When the database file is missing but lies beside
 /// the FMO file, the person is asked whether to use that; Yes changes the definition and its file.
-std::string BuildConnectionString(config::Session& session, FmoDefinition& definition);
+std::string BuildConnectionString(config::Run& run, FmoDefinition& definition);
 
 /// Opens the definition's database; null when that fails, which is shown as a message.
-std::unique_ptr<Connection> OpenFmoConnection(config::Session& session, FmoDefinition& definition);
+std::unique_ptr<Connection> OpenFmoConnection(config::Run& run, FmoDefinition& definition);
 /// The same with the definition's connection string, for callers that compare them.
-std::unique_ptr<Connection> OpenFmoConnection(config::Session& session, const FmoDefinition& definition,
+std::unique_ptr<Connection> OpenFmoConnection(config::Run& run, const FmoDefinition& definition,
                                               const std::string& connectionString);
 
 /// Makes the database file, an empty SQLite database, when it is missing; its folder must be there. Programs

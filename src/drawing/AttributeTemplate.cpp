@@ -20,8 +20,8 @@ constexpr std::string_view stylePrefix = "'STYLE=";
 constexpr std::uint64_t largestAlias = 16;
 constexpr std::size_t listedNameLength = 10;
 
-std::string SharedAtpPath(const config::Session& session, std::string_view featureCode) {
-    return util::JoinPath(session.Settings().ATPDirectory, util::SafeFileName(featureCode) + ".ATP");
+std::string SharedAtpPath(const config::Run& run, std::string_view featureCode) {
+    return util::JoinPath(run.Settings().ATPDirectory, util::SafeFileName(featureCode) + ".ATP");
 }
 
 /// The file's bytes; "" when it is missing.
@@ -112,10 +112,10 @@ int AtpField::Decimals() const {
     return TwoDigits(decimals);
 }
 
-std::string AtpPathFor(const config::Session& session, std::string_view featureCode) {
-    std::string folder = util::JoinPath(session.Settings().ConfigFolder, "LocalATPs");
+std::string AtpPathFor(const config::Run& run, std::string_view featureCode) {
+    std::string folder = util::JoinPath(run.Settings().ConfigFolder, "LocalATPs");
     std::string local = util::JoinPath(folder, util::SafeFileName(featureCode) + ".ATP");
-    return util::FileSize(local) > 0 ? local : SharedAtpPath(session, featureCode);
+    return util::FileSize(local) > 0 ? local : SharedAtpPath(run, featureCode);
 }
 
 std::vector<AtpField> ParseAtpFields(std::string_view text, NullFields nulls) {
@@ -133,8 +133,8 @@ std::vector<AtpField> ReadAtpFields(std::string_view templatePath, NullFields nu
     return ParseAtpFields(ReadTemplate(templatePath), nulls);
 }
 
-std::string ReadAtpStyle(const config::Session& session, std::string_view featureCode) {
-    std::string text = ReadTemplate(SharedAtpPath(session, featureCode));
+std::string ReadAtpStyle(const config::Run& run, std::string_view featureCode) {
+    std::string text = ReadTemplate(SharedAtpPath(run, featureCode));
     std::string_view style;
     for (util::LineReader lines(text); !lines.AtEnd();) {
         std::string_view line = lines.ReadTextLine();
@@ -143,8 +143,8 @@ std::string ReadAtpStyle(const config::Session& session, std::string_view featur
     return std::string(style);
 }
 
-std::string ResolveAtpAlias(const config::Session& session, std::string_view featureCode) {
-    std::string path = SharedAtpPath(session, featureCode);
+std::string ResolveAtpAlias(const config::Run& run, std::string_view featureCode) {
+    std::string path = SharedAtpPath(run, featureCode);
     std::uint64_t size = util::FileSize(path);
     if (size == 0 || size > largestAlias) return std::string(featureCode);
     std::string text = ReadTemplate(path);
@@ -163,10 +163,10 @@ void WriteAtpFromFields(std::string_view templatePath, std::span<const std::stri
     platform::ReplaceFile(templatePath, EncodeTemplate(text));
 }
 
-void GenerateAtp(config::Session& session, std::string_view templatePath, std::span<const std::string> names,
+void GenerateAtp(config::Run& run, std::string_view templatePath, std::span<const std::string> names,
                  std::span<const int> widths) {
-    if (util::FileSize(templatePath) > 0 || !session.ReadIniFlag("GENERICIN", "GenATP")) return;
-    if (!session.Ui().AskYesNo("Generate ATP For " + util::BaseNameOf(templatePath))) return;
+    if (util::FileSize(templatePath) > 0 || !run.ReadIniFlag("GENERICIN", "GenATP")) return;
+    if (!run.Ui().AskYesNo("Generate ATP For " + util::BaseNameOf(templatePath))) return;
     std::string text(header);
     for (std::size_t i = 0; i < names.size(); ++i) {
         std::string name = AtpNameOf(names[i]);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 
 #include <cstddef>
 #include <span>
@@ -43,18 +43,18 @@ enum class NullFields { Drop, Keep };
 
 /// The template to use for a feature code: the local one when it is there and not empty, else the shared one,
 /// whether it exists or not.
-std::string AtpPathFor(const config::Session& session, std::string_view featureCode);
+std::string AtpPathFor(const config::Run& run, std::string_view featureCode);
 
 /// The fields in order; none when the file is missing or empty. @throws platform::ReadError
 std::vector<AtpField> ReadAtpFields(std::string_view templatePath, NullFields nulls = NullFields::Drop);
 std::vector<AtpField> ParseAtpFields(std::string_view text, NullFields nulls = NullFields::Drop);
 
 /// The style text of the code's shared template, "" if none. @throws platform::ReadError
-std::string ReadAtpStyle(const config::Session& session, std::string_view featureCode);
+std::string ReadAtpStyle(const config::Run& run, std::string_view featureCode);
 
 /// The code whose template applies: a shared template of at most 16 bytes, as in "MH2=", names another code.
 /// @throws platform::ReadError
-std::string ResolveAtpAlias(const config::Session& session, std::string_view featureCode);
+std::string ResolveAtpAlias(const config::Run& run, std::string_view featureCode);
 
 /// A name as templates hold it: characters that a reader would take for syntax become "_", and so that it is
 /// not dropped, NULL becomes NULL_.
@@ -69,7 +69,7 @@ void WriteAtpFromFields(std::string_view templatePath, std::span<const std::stri
 /// Writes a template of text fields for an import, unless there is one already: when [GENERICIN] GenATP is on
 /// and the person agrees. Names take exactly 12 characters, widths are kept within 1 to 99. `widths` is as
 /// long as `names`. @throws platform::WriteError
-void GenerateAtp(config::Session& session, std::string_view templatePath, std::span<const std::string> names,
+void GenerateAtp(config::Run& run, std::string_view templatePath, std::span<const std::string> names,
                  std::span<const int> widths);
 
 /// Turns the list of names in the file of the given path with extension XOT into a template with extension

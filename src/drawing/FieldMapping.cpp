@@ -36,18 +36,17 @@ std::optional<XProperty> FindNoCase(const XProperties& properties, std::string_v
     return std::nullopt;
 }
 
-void ChangeFeature(config::Session& session, Drawing& drawing, const std::string& code,
-                   std::string_view configFile) {
-    std::string newCode = session.ReadIni(changeSection, code, configFile);
+void ChangeFeature(config::Run& run, Drawing& drawing, const std::string& code, std::string_view configFile) {
+    std::string newCode = run.ReadIni(changeSection, code, configFile);
     if (newCode.empty()) return;
-    auto renamings = ParseRenamings(session.ReadIni(changeSection, code + "_Fields", configFile));
+    auto renamings = ParseRenamings(run.ReadIni(changeSection, code + "_Fields", configFile));
     const SelectionSet& entities = drawing.selectLayer(workingSet, code);
     if (entities.count() == 0) return;
     FindOrAddLayer(drawing, newCode);
     for (std::size_t i = 0; i < entities.count(); ++i) {
         Entity entity = entities.item(i);
         entity.setLayerName(newCode);
-        for (const auto& [oldName, newName] : renamings) RenameAttribute(session, entity, oldName, newName);
+        for (const auto& [oldName, newName] : renamings) RenameAttribute(run, entity, oldName, newName);
     }
 }
 
@@ -71,11 +70,11 @@ std::string_view ShortenValue(const config::SharedSettings& settings, std::strin
     return platform::CountCharacters(code) <= longestCode ? code : value;
 }
 
-void ApplyFeatureChanges(config::Session& session, Drawing& drawing, std::string_view configFile) {
+void ApplyFeatureChanges(config::Run& run, Drawing& drawing, std::string_view configFile) {
     std::vector<std::string> codes;
     for (const Layer& layer : drawing.layers())
         if (!layer.frozen && layer.name != "0") codes.push_back(layer.name);
-    for (const std::string& code : codes) ChangeFeature(session, drawing, code, configFile);
+    for (const std::string& code : codes) ChangeFeature(run, drawing, code, configFile);
 }
 
 Layer& FindOrAddLayer(Drawing& drawing, std::string_view name) {
@@ -84,10 +83,9 @@ Layer& FindOrAddLayer(Drawing& drawing, std::string_view name) {
     return layer;
 }
 
-void RenameAttribute(config::Session& session, Entity entity, std::string_view oldName,
-                     std::string_view newName) {
+void RenameAttribute(config::Run& run, Entity entity, std::string_view oldName, std::string_view newName) {
     std::optional<XProperty> found = FindNoCase(entity.xproperties(), oldName);
-    if (!found) return session.Ui().ShowMessage(std::string(oldName) + " Not found to replace");
+    if (!found) return run.Ui().ShowMessage(std::string(oldName) + " Not found to replace");
     std::string value(found->value());
     found->setName(newName);
     if (util::InStrNoCase(newName, "Date") > 0) found->setValue(SlashDateFromCompact(value));

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "drawing/AttributeTemplate.h"
 #include "drawing/Drawing.h"
 
@@ -25,15 +25,14 @@ std::string_view ShortenValue(const config::SharedSettings& settings, std::strin
 /// INOUTFEATCHANGE of the configuration file asks (CODE = new code, CODE_Fields = old|new,old|new); "" means
 /// gv.ini. Frozen layers and layer "0" stay as they are. Each layer that was there before is changed once. In
 /// memory only.
-void ApplyFeatureChanges(config::Session& session, Drawing& drawing, std::string_view configFile);
+void ApplyFeatureChanges(config::Run& run, Drawing& drawing, std::string_view configFile);
 
 /// The layer of that name, added when missing; it becomes the active one.
 Layer& FindOrAddLayer(Drawing& drawing, std::string_view name);
 
 /// Renames the entity's first attribute of that name, letter case ignored; a message tells when there is
 /// none. When the new name holds "Date", a compact date in the value is written with slashes.
-void RenameAttribute(config::Session& session, Entity entity, std::string_view oldName,
-                     std::string_view newName);
+void RenameAttribute(config::Run& run, Entity entity, std::string_view oldName, std::string_view newName);
 
 /// Eight characters, each a digit, "-" or ".": 20240315 gives 15/03/2024. Other texts come back unchanged.
 std::string SlashDateFromCompact(std::string_view text);

@@ -12,8 +12,8 @@ namespace vexlator::drawing {
 namespace {
 
 /// The symbol's file or the default symbol's; "" when both are missing or empty.
-std::string SymbolFile(const config::Session& session, std::string_view name) {
-    const std::string& folder = session.Settings().SymbolsDirectory;
+std::string SymbolFile(const config::Run& run, std::string_view name) {
+    const std::string& folder = run.Settings().SymbolsDirectory;
     std::string path = util::JoinPath(folder, util::SafeFileName(name) + ".VDF");
     if (util::FileSize(path) > 0) return path;
     path = util::JoinPath(folder, "DEFAULT.VDF");
@@ -31,26 +31,26 @@ std::string ReadSymbol(std::string_view path) {
     return std::string(file.Text());
 }
 
-std::string LoadSymbol(config::Session& session, std::string_view path, Drawing& drawing) {
+std::string LoadSymbol(config::Run& run, std::string_view path, Drawing& drawing) {
     std::string name = util::BaseNameOf(path);
     if (drawing.findBlock(name)) return name;
     try {
         drawing.addBlock({name, ReadSymbol(path)});
         return name;
     } catch (const platform::ReadError& error) {
-        session.Ui().ShowMessage(error.what());
+        run.Ui().ShowMessage(error.what());
         return "";
     }
 }
 
 }  // namespace
 
-std::string EnsureSymbolBlock(config::Session& session, std::string_view symbolName, Drawing& drawing) {
+std::string EnsureSymbolBlock(config::Run& run, std::string_view symbolName, Drawing& drawing) {
     std::string_view name = symbolName.empty() ? "default" : symbolName;
     if (drawing.findBlock(name)) return std::string(name);
-    std::string path = SymbolFile(session, name);
-    if (!path.empty()) return LoadSymbol(session, path, drawing);
-    session.Ui().ShowMessage("No Default Sym");
+    std::string path = SymbolFile(run, name);
+    if (!path.empty()) return LoadSymbol(run, path, drawing);
+    run.Ui().ShowMessage("No Default Sym");
     return "";
 }
 

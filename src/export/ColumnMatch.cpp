@@ -34,18 +34,18 @@ util::ShortList OtherNames() {
     return util::ShortList(mostNamed);
 }
 
-void ReportOtherNames(config::Session& session, std::string_view layer, const util::ShortList& places) {
+void ReportOtherNames(config::Run& run, std::string_view layer, const util::ShortList& places) {
     if (places.Empty()) return;
-    session.Ui().Report(util::ShortList::Shortened(layer) +
-                        ": attributes that are not named like their columns: " + places.Text() +
-                        (session.Settings().MatchNames ? "" : "; [GENERICOUT] MATCHNAMES=1 goes by names"));
+    run.Ui().Report(util::ShortList::Shortened(layer) +
+                    ": attributes that are not named like their columns: " + places.Text() +
+                    (run.Settings().MatchNames ? "" : "; [GENERICOUT] MATCHNAMES=1 goes by names"));
 }
 
-ColumnMatch::ColumnMatch(config::Session& session, std::string layer, std::vector<ColumnNames> columns)
-    : session_(session),
+ColumnMatch::ColumnMatch(config::Run& run, std::string layer, std::vector<ColumnNames> columns)
+    : run_(run),
       layer_(std::move(layer)),
       columns_(std::move(columns)),
-      byName_(session.Settings().MatchNames),
+      byName_(run.Settings().MatchNames),
       others_(OtherNames()) {
     for (std::size_t column = 0; column < columns_.size(); ++column)
         for (const std::string& name : columns_[column]) {
@@ -120,9 +120,9 @@ void ColumnMatch::NoteOther(std::string_view name, std::size_t column) {
 }
 
 void ColumnMatch::Report() {
-    ReportOtherNames(session_, layer_, others_);
+    ReportOtherNames(run_, layer_, others_);
     for (const auto& [name, count] : lost_)
-        session_.Losses().Count(config::LossReport::Kind::NoColumn, layer_, name, count);
+        run_.Losses().Count(config::LossReport::Kind::NoColumn, layer_, name, count);
 }
 
 }  // namespace vexlator::exporter

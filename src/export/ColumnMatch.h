@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "drawing/AttributeTemplate.h"
 #include "drawing/Drawing.h"
 #include "util/ShortList.h"
@@ -26,7 +26,7 @@ std::string ColumnName(std::string_view name, std::size_t position);
 /// How attributes that are not named like their columns are listed in one line.
 util::ShortList OtherNames();
 /// Tells that line; nothing when the list is empty.
-void ReportOtherNames(config::Session& session, std::string_view layer, const util::ShortList& places);
+void ReportOtherNames(config::Run& run, std::string_view layer, const util::ShortList& places);
 
 /// Puts the values of a layer's entities into the order of its table's columns: by their position or, with
 /// [GENERICOUT] MATCHNAMES, by their names. Names are compared as templates hold them (cut, without the
@@ -34,7 +34,7 @@ void ReportOtherNames(config::Session& session, std::string_view layer, const ut
 /// What there is to decide is decided once for each sequence of attribute names.
 class ColumnMatch {
 public:
-    ColumnMatch(config::Session& session, std::string layer, std::vector<ColumnNames> columns);
+    ColumnMatch(config::Run& run, std::string layer, std::vector<ColumnNames> columns);
 
     bool IsByName() const { return byName_; }
     /// The values, until the next call. By position: all that the entity has, be it fewer or more than there
@@ -58,7 +58,7 @@ private:
     std::size_t FreeColumn(std::string_view name, std::vector<bool>& taken) const;
     void NoteOther(std::string_view name, std::size_t column);
 
-    config::Session& session_;
+    config::Run& run_;
     std::string layer_;
     std::vector<ColumnNames> columns_;
     bool byName_;

@@ -82,22 +82,22 @@ private:
 
 }  // namespace
 
-BegunExport BeginExport(config::Session& session, std::string_view formName, std::string_view drawingPath,
+BegunExport BeginExport(config::Run& run, std::string_view formName, std::string_view drawingPath,
                         std::string_view targetPath, std::string_view photoList) {
-    BegunExport run;
-    run.view = session.Ui().ShowForm(formName);
-    run.view->SetCaption(":" + util::BaseNameOf(drawingPath));
-    run.outcome.target = targetPath;
-    run.file = std::make_unique<drawing::DrawingFile>(drawingPath);
-    ReadJobSource(session, run.file->Current().properties());
-    if (!workflow::ConfirmExportAllowed(session)) {
-        run.outcome.status = config::Outcome::Status::StoppedByUser;
-        return run;
+    BegunExport begun;
+    begun.view = run.Ui().ShowForm(formName);
+    begun.view->SetCaption(":" + util::BaseNameOf(drawingPath));
+    begun.outcome.target = targetPath;
+    begun.file = std::make_unique<drawing::DrawingFile>(drawingPath);
+    ReadJobSource(run, begun.file->Current().properties());
+    if (!workflow::ConfirmExportAllowed(run)) {
+        begun.outcome.status = config::Outcome::Status::StoppedByUser;
+        return begun;
     }
-    const std::string& source = session.Settings().JobSourcePath;
-    run.photoPaths = GatherPhotos(session, *run.file, util::FolderOf(source), util::BaseNameOf(source),
-                                  targetPath, photoList);
-    return run;
+    const std::string& source = run.Settings().JobSourcePath;
+    begun.photoPaths = GatherPhotos(run, *begun.file, util::FolderOf(source), util::BaseNameOf(source),
+                                    targetPath, photoList);
+    return begun;
 }
 
 void ExportLayer::Take(const drawing::Entity& entity) {
@@ -118,11 +118,11 @@ void ExportLayer::Take(const drawing::Entity& entity) {
     }
 }
 
-std::vector<ExportLayer> FindLayers(BegunExport& run, LayerZero layerZero) {
+std::vector<ExportLayer> FindLayers(BegunExport& begun, LayerZero layerZero) {
     std::vector<ExportLayer> all;
-    for (const drawing::Layer& layer : run.file->Current().layers())
+    for (const drawing::Layer& layer : begun.file->Current().layers())
         all.push_back({.layer = layer, .index = static_cast<std::uint32_t>(all.size())});
-    run.ForEachChunk([&](drawing::Drawing& chunk) {
+    begun.ForEachChunk([&](drawing::Drawing& chunk) {
         chunk.forEach([&](const drawing::Entity& entity) {
             ExportLayer& layer = all[entity.layerIndex()];
             if (IsExported(layer.layer, layerZero)) layer.Take(entity);
@@ -138,10 +138,10 @@ std::vector<ExportLayer> FindLayers(BegunExport& run, LayerZero layerZero) {
     return layers;
 }
 
-void WriteLayers(config::Session& session, BegunExport& run, const std::vector<ExportLayer>& layers,
+void WriteLayers(config::Run& run, BegunExport& begun, const std::vector<ExportLayer>& layers,
                  const std::function<void(std::size_t, const LayerPart&)>& write,
                  const std::function<std::uint64_t(std::size_t)>& finish) {
-    std::vector<bool> isWanted(run.file->Current().layerCount());
+    std::vector<bool> isWanted(begun.file->Current().layerCount());
     std::vector<std::size_t> places(isWanted.size());
     std::uint64_t total = 0, done = 0;
     for (std::size_t i = 0; i < layers.size(); ++i) {
@@ -150,36 +150,36 @@ void WriteLayers(config::Session& session, BegunExport& run, const std::vector<E
         total += layers[i].entities;
     }
     LayerParts parts(isWanted);
-    run.ForEachChunk([&](drawing::Drawing& chunk) {
+    begun.ForEachChunk([&](drawing::Drawing& chunk) {
         parts.ForEach(chunk, [&](std::uint32_t layer, const LayerPart& part) {
-            run.view->SetLabel(layers[places[layer]].layer.name);
+            begun.view->SetLabel(layers[places[layer]].layer.name);
             write(places[layer], part);
-            run.view->Progress(done += part.indexes.size(), total);
+            begun.view->Progress(done += part.indexes.size(), total);
         });
     });
     for (std::size_t i = 0; i < layers.size(); ++i) {
-        run.outcome.features += finish(i);
-        session.Ui().Settle(pauseAfterLayer);
+        begun.outcome.features += finish(i);
+        run.Ui().Settle(pauseAfterLayer);
     }
-    run.outcome.layers = layers.size();
-    run.view->SetLabel("Completed!");
+    begun.outcome.layers = layers.size();
+    begun.view->SetLabel("Completed!");
 }
 
-std::string TemplateFor(config::Session& session, const ExportLayer& layer) {
-    std::string path = drawing::AtpPathFor(session, layer.layer.name);
-    session.DebugMessage("ATPfile:" + platform::NativePath(path));
+std::string TemplateFor(config::Run& run, const ExportLayer& layer) {
+    std::string path = drawing::AtpPathFor(run, layer.layer.name);
+    run.DebugMessage("ATPfile:" + platform::NativePath(path));
     if (util::FileSize(path) > 0) return path;
     drawing::WriteAtpFromFields(path, layer.names);
     return path;
 }
 
-void OpenWhole(const BegunExport& run, std::string_view drawingPath, drawing::Drawing& drawing) {
+void OpenWhole(const BegunExport& begun, std::string_view drawingPath, drawing::Drawing& drawing) {
     drawing.open(drawingPath);
-    run.photoPaths.ApplyTo(drawing);
+    begun.photoPaths.ApplyTo(drawing);
 }
 
-void ForEachLayer(config::Session& session, drawing::Drawing& drawing, ui::FormView& view,
-                  LayerZero layerZero, const std::function<void(const WholeLayer&)>& visit) {
+void ForEachLayer(config::Run& run, drawing::Drawing& drawing, ui::FormView& view, LayerZero layerZero,
+                  const std::function<void(const WholeLayer&)>& visit) {
     drawing.zoomExtents();
     std::set<std::string> taken;
     for (const drawing::Layer& layer : drawing.layers()) {
@@ -190,7 +190,7 @@ void ForEachLayer(config::Session& session, drawing::Drawing& drawing, ui::FormV
         WholeLayer whole{{.layer = layer, .fileName = UniqueFileName(taken, layer.name)}, set};
         whole.names = NamesOf(set.item(0));
         visit(whole);
-        session.Ui().Settle(pauseAfterLayer);
+        run.Ui().Settle(pauseAfterLayer);
     }
     view.SetLabel("Completed!");
 }

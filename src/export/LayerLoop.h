@@ -3,7 +3,7 @@
 #pragma once
 
 #include "config/Outcome.h"
-#include "config/Session.h"
+#include "config/Run.h"
 #include "drawing/DrawingFile.h"
 #include "export/photos/Photos.h"
 
@@ -41,7 +41,7 @@ struct BegunExport {
 /// Opens the drawing's file, finds the job it came from, asks whether the job may be exported again and
 /// gathers its photographs. A list of these has the extension `photoList`, which may be no table's that the
 /// export writes. @throws platform::ReadError when the drawing cannot be read
-BegunExport BeginExport(config::Session& session, std::string_view formName, std::string_view drawingPath,
+BegunExport BeginExport(config::Run& run, std::string_view formName, std::string_view drawingPath,
                         std::string_view targetPath, std::string_view photoList = "CSV");
 
 enum class LayerZero { Export, Skip };
@@ -65,7 +65,7 @@ struct ExportLayer {
 
 /// The layers that are not frozen and not empty, in order. Goes through the drawing once.
 /// @throws platform::ReadError
-std::vector<ExportLayer> FindLayers(BegunExport& run, LayerZero layerZero);
+std::vector<ExportLayer> FindLayers(BegunExport& begun, LayerZero layerZero);
 
 /// The entities of one layer that lie in one chunk of the drawing, in drawing order.
 struct LayerPart {
@@ -96,18 +96,18 @@ struct LayerPart {
 /// the layers within each chunk; the first argument is the layer's place among `layers`. Then calls `finish`
 /// for each layer in order, which returns how many features came of it. Counts both in the outcome.
 /// @throws platform::ReadError
-void WriteLayers(config::Session& session, BegunExport& run, const std::vector<ExportLayer>& layers,
+void WriteLayers(config::Run& run, BegunExport& begun, const std::vector<ExportLayer>& layers,
                  const std::function<void(std::size_t, const LayerPart&)>& write,
                  const std::function<std::uint64_t(std::size_t)>& finish);
 
 /// The template path of a layer's feature code. Where there is no template, one is written from the names of
 /// the layer's first entity.
-std::string TemplateFor(config::Session& session, const ExportLayer& layer);
+std::string TemplateFor(config::Run& run, const ExportLayer& layer);
 
 // --- For exporters that look at a layer as a whole
 
 /// Opens the whole drawing of an export. @throws platform::ReadError
-void OpenWhole(const BegunExport& run, std::string_view drawingPath, drawing::Drawing& drawing);
+void OpenWhole(const BegunExport& begun, std::string_view drawingPath, drawing::Drawing& drawing);
 
 /// A layer with all its entities.
 struct WholeLayer : ExportLayer {
@@ -115,7 +115,7 @@ struct WholeLayer : ExportLayer {
 };
 
 /// Visits the layers that are not frozen and not empty, in order.
-void ForEachLayer(config::Session& session, drawing::Drawing& drawing, ui::FormView& view,
-                  LayerZero layerZero, const std::function<void(const WholeLayer&)>& visit);
+void ForEachLayer(config::Run& run, drawing::Drawing& drawing, ui::FormView& view, LayerZero layerZero,
+                  const std::function<void(const WholeLayer&)>& visit);
 
 }  // namespace vexlator::exporter

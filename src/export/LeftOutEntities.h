@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "drawing/Drawing.h"
 
 #include <array>
@@ -17,7 +17,7 @@ class LeftOutEntities {
 public:
     void Add(drawing::Kind kind) { ++counts_[static_cast<std::size_t>(kind)]; }
     /// Adds them to the session's losses. To be called once.
-    void Report(config::Session& session, std::string_view layer) const;
+    void Report(config::Run& run, std::string_view layer) const;
 
 private:
     std::array<std::uint64_t, static_cast<std::size_t>(drawing::Kind::Other) + 1> counts_{};

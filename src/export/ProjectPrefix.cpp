@@ -6,9 +6,9 @@
 
 namespace vexlator::exporter {
 
-std::string ProjectPrefix(const config::Session& session) {
-    const std::string& job = session.Settings().JobRelativePath;
-    if (!session.ReadIniFlag("GENERAL", "PrefixExport") || util::CountOf(job, "\\") < 2) return "";
+std::string ProjectPrefix(const config::Run& run) {
+    const std::string& job = run.Settings().JobRelativePath;
+    if (!run.ReadIniFlag("GENERAL", "PrefixExport") || util::CountOf(job, "\\") < 2) return "";
     return std::string(util::GetField(1, job, "\\")) + "_";
 }
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 
 #include <string>
 
@@ -11,6 +11,6 @@ namespace vexlator::exporter {
 /// With [GENERAL] PrefixExport, the project of the drawing's job and "_": jobs lie in engineer\project\...,
 /// so that exports of the same name from several projects can be told apart. "" when the flag is off or the
 /// drawing belongs to no project.
-std::string ProjectPrefix(const config::Session& session);
+std::string ProjectPrefix(const config::Run& run);
 
 }  // namespace vexlator::exporter

@@ -15,20 +15,20 @@ namespace {
 
 constexpr int degreeDecimals = 6;
 
-GpxSettings ReadSettings(const config::Session& session) {
+GpxSettings ReadSettings(const config::Run& run) {
     GpxSettings settings;
-    settings.strict = session.ReadIniFlag("GPX", "Strict");
-    std::string webBase = session.ReadIni("GPX", "WebBase");
+    settings.strict = run.ReadIniFlag("GPX", "Strict");
+    std::string webBase = run.ReadIni("GPX", "WebBase");
     if (!webBase.empty()) settings.webBase = webBase;
     return settings;
 }
 
 }  // namespace
 
-frmGPX::frmGPX(config::Session& session) : session_(session), settings_(ReadSettings(session)) {}
+frmGPX::frmGPX(config::Run& run) : run_(run), settings_(ReadSettings(run)) {}
 
 bool frmGPX::ProcessAnyTrailData(std::string_view folder) {
-    view_ = session_.Ui().ShowForm("frmGPX");
+    view_ = run_.Ui().ShowForm("frmGPX");
     bool complete = true;
     for (const std::string& name : platform::ListFiles(folder.empty() ? "." : folder)) {
         if (!util::MatchesPattern(name, "*.GXY")) continue;
@@ -44,9 +44,9 @@ bool frmGPX::ConvertOrReport(const std::string& path) {
         ConvertTrailFile(path);
         return true;
     } catch (const platform::ReadError& error) {
-        session_.Ui().ShowMessage(error.what());
+        run_.Ui().ShowMessage(error.what());
     } catch (const platform::WriteError& error) {
-        session_.Ui().ShowMessage(error.what());
+        run_.Ui().ShowMessage(error.what());
     }
     return false;
 }
@@ -113,7 +113,7 @@ GpxPosition frmGPX::LastPosition(std::string_view text) {
 }
 
 coords::frmLatLng& frmGPX::Converter() {
-    if (!converter_) converter_ = std::make_unique<coords::frmLatLng>(session_);
+    if (!converter_) converter_ = std::make_unique<coords::frmLatLng>(run_);
     return *converter_;
 }
 
@@ -147,8 +147,8 @@ void frmGPX::ConvertBatch(std::span<const TrailPosition> positions) {
 void frmGPX::Report(const std::string& name, std::uint64_t withoutPlace, bool isEmpty) {
     std::string place = settings_.strict ? " left out: no latitude and longitude within the ranges of GPX"
                                          : " without latitude and longitude: outside of the conversion";
-    if (withoutPlace > 0) session_.Ui().Report(name + ": " + util::Counted(withoutPlace, "position") + place);
-    if (isEmpty) session_.Ui().Report(name + ": no position to write, so no GPX file is made");
+    if (withoutPlace > 0) run_.Ui().Report(name + ": " + util::Counted(withoutPlace, "position") + place);
+    if (isEmpty) run_.Ui().Report(name + ": no position to write, so no GPX file is made");
 }
 
 }  // namespace vexlator::gpx

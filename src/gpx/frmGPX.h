@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "coords/frmLatLng.h"
 #include "gpx/GpxWriter.h"
 #include "util/Files.h"
@@ -20,7 +20,7 @@ namespace vexlator::gpx {
 /// GPS trails (.GXY) become GPX files beside them. [GPX] Strict and WebBase of gv.ini say how.
 class frmGPX {
 public:
-    explicit frmGPX(config::Session& session);
+    explicit frmGPX(config::Run& run);
 
     /// Converts every trail of the folder that has no GPX file yet, or an empty one. A trail that cannot be
     /// read or written is reported; false when there was one.
@@ -51,7 +51,7 @@ private:
     void Report(const std::string& name, std::uint64_t withoutPlace, bool isEmpty);
     coords::frmLatLng& Converter();
 
-    config::Session& session_;
+    config::Run& run_;
     GpxSettings settings_;
     std::unique_ptr<ui::FormView> view_;
     std::unique_ptr<coords::frmLatLng>

@@ -8,10 +8,10 @@
 
 namespace vexlator::importer {
 
-std::string SelectFeatureLayer(config::Session& session, drawing::Drawing& drawing, std::string_view code) {
+std::string SelectFeatureLayer(config::Run& run, drawing::Drawing& drawing, std::string_view code) {
     drawing.setActiveLayer(code);
     drawing.setActiveStyle({});
-    std::string style = drawing::ReadAtpStyle(session, code);
+    std::string style = drawing::ReadAtpStyle(run, code);
     if (style.empty())
         drawing.setActiveColourIndex(static_cast<drawing::Colour>(drawing.layerCount()));
     else
@@ -19,8 +19,8 @@ std::string SelectFeatureLayer(config::Session& session, drawing::Drawing& drawi
     return style;
 }
 
-std::string FeatureTemplatePath(const config::Session& session, std::string_view code) {
-    return util::JoinPath(session.Settings().ATPDirectory, util::SafeFileName(code) + ".ATP");
+std::string FeatureTemplatePath(const config::Run& run, std::string_view code) {
+    return util::JoinPath(run.Settings().ATPDirectory, util::SafeFileName(code) + ".ATP");
 }
 
 }  // namespace vexlator::importer

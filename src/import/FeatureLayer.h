@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "drawing/Drawing.h"
 
 #include <string>
@@ -13,9 +13,9 @@ namespace vexlator::importer {
 /// Makes the layer of a feature code the active one, with the colour of the code's style; without a style
 /// the colour is the palette index that counts the layers. Returns the style text, "" when there is none.
 /// @throws platform::ReadError for a template that cannot be read
-std::string SelectFeatureLayer(config::Session& session, drawing::Drawing& drawing, std::string_view code);
+std::string SelectFeatureLayer(config::Run& run, drawing::Drawing& drawing, std::string_view code);
 
 /// The path of the code's shared attribute template.
-std::string FeatureTemplatePath(const config::Session& session, std::string_view code);
+std::string FeatureTemplatePath(const config::Run& run, std::string_view code);
 
 }  // namespace vexlator::importer

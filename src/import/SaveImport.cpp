@@ -19,19 +19,19 @@ Status StatusOf(const config::Outcome& outcome) {
 
 }  // namespace
 
-config::Outcome SaveImport(config::Session& session, const drawing::Drawing& drawing, config::Outcome outcome,
+config::Outcome SaveImport(config::Run& run, const drawing::Drawing& drawing, config::Outcome outcome,
                            const std::function<void()>& save) {
     outcome.status = StatusOf(outcome);
     if (outcome.features == 0 && util::FileSize(outcome.target) > 0) {
-        session.Ui().Report(platform::NativePath(outcome.target) +
-                            " is as it was: nothing was read that could replace it");
+        run.Ui().Report(platform::NativePath(outcome.target) +
+                        " is as it was: nothing was read that could replace it");
         if (outcome.status == Status::Done) outcome.status = Status::Failed;
         outcome.target.clear();
         return outcome;
     }
     save();
     outcome.layers = drawing.layerCount() - 1;  // without "0", which every drawing has
-    session.Ui().Settle(1.0);
+    run.Ui().Settle(1.0);
     return outcome;
 }
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "config/Outcome.h"
-#include "config/Session.h"
+#include "config/Run.h"
 #include "drawing/Drawing.h"
 
 #include <functional>
@@ -14,7 +14,7 @@ namespace vexlator::importer {
 /// `save`. An import that took no feature from any source never replaces a drawing: one line says that it
 /// stays, and the outcome is Failed, or StoppedByUser when it was that before. Where there is no drawing, the
 /// empty one is saved. @throws platform::WriteError from `save`
-config::Outcome SaveImport(config::Session& session, const drawing::Drawing& drawing, config::Outcome outcome,
+config::Outcome SaveImport(config::Run& run, const drawing::Drawing& drawing, config::Outcome outcome,
                            const std::function<void()>& save);
 
 }  // namespace vexlator::importer

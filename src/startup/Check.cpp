@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "startup/Check.h"
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "coords/frmLatLng.h"
 #include "database/Drivers.h"
 #include "platform/Files.h"
@@ -22,13 +22,13 @@ namespace {
 /// The lines of one report.
 class Checker {
 public:
-    explicit Checker(ui::UserInterface& userInterface) : session_(userInterface) {
-        LocateSettings(session_);
-        ReadSettings(session_);
+    explicit Checker(ui::UserInterface& userInterface) : run_(userInterface) {
+        LocateSettings(run_);
+        ReadSettings(run_);
     }
 
     ExitStatus Check() {
-        const config::SharedSettings& settings = session_.Settings();
+        const config::SharedSettings& settings = run_.Settings();
         Line("installation", platform::NativePath(settings.ProgramFolder));
         File("settings", settings.IniFilePath);
         bool usable = Folder("ATPDirectory", settings.ATPDirectory, "required");
@@ -40,14 +40,14 @@ public:
         File("projection file", ProjectionFile());
         WorkflowDatabase();
         Line("ODBC drivers", Listed(database::DriverNames()));
-        Line("latitude/longitude", coords::frmLatLng(session_).Description());
+        Line("latitude/longitude", coords::frmLatLng(run_).Description());
         Line("result", usable ? "usable" : "not usable");
         return usable ? ExitStatus::Done : ExitStatus::NotUsable;
     }
 
 private:
     void Line(std::string_view what, const std::string& state) {
-        session_.Ui().Report(std::string(what) + ": " + state);
+        run_.Ui().Report(std::string(what) + ": " + state);
     }
     bool File(std::string_view what, std::string_view path) {
         bool present = util::FileSize(path) > 0;
@@ -61,13 +61,13 @@ private:
         return present;
     }
     std::string ProjectionFile() const {
-        std::string name = session_.ReadIni("SHPout", "PRJ");
-        std::string folder = util::JoinPath(session_.Settings().ProgramFolder, "Resources");
+        std::string name = run_.ReadIni("SHPout", "PRJ");
+        std::string folder = util::JoinPath(run_.Settings().ProgramFolder, "Resources");
         return util::JoinPath(folder, name.empty() ? "ESRI.PRJ" : name);
     }
     void WorkflowDatabase() {
-        const std::string& folder = session_.Settings().WorkFlowSystem;
-        if (!session_.ReadIni("WORKFLOW", "CONNECTION").empty())
+        const std::string& folder = run_.Settings().WorkFlowSystem;
+        if (!run_.ReadIni("WORKFLOW", "CONNECTION").empty())
             Line("workflow database", "a server ([WORKFLOW] CONNECTION)");
         else if (folder.empty())
             Line("workflow database", "not set (exports are not recorded)");
@@ -80,7 +80,7 @@ private:
         return text.empty() ? "none found" : text;
     }
 
-    config::Session session_;
+    config::Run run_;
 };
 
 }  // namespace

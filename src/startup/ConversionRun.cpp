@@ -37,12 +37,12 @@ ExitStatus StatusOf(const Outcome& outcome) {
 }
 
 /// Ends a run with what it did, as in "exported SHP", and what it could not keep.
-void Summarise(config::Session& session, const std::string& done, const Outcome& outcome,
+void Summarise(config::Run& run, const std::string& done, const Outcome& outcome,
                const std::string& remark = "") {
-    session.Ui().Report(done + ": " + util::Counted(outcome.layers, "layer") + ", " +
-                        util::Counted(outcome.features, "feature") + " to " +
-                        platform::NativePath(outcome.target) + remark);
-    if (!session.Losses().Empty()) session.Ui().Report(session.Losses().Line());
+    run.Ui().Report(done + ": " + util::Counted(outcome.layers, "layer") + ", " +
+                    util::Counted(outcome.features, "feature") + " to " +
+                    platform::NativePath(outcome.target) + remark);
+    if (!run.Losses().Empty()) run.Ui().Report(run.Losses().Line());
 }
 
 /// Why an export that is done holds no feature.
@@ -53,14 +53,14 @@ std::string NoFeaturesRemark(const ExportCommand& command) {
     return drawing + " has " + util::Counted(count, "feature") + ", none that " + command.code + " takes";
 }
 
-void ReportGuess(config::Session& session, const SourceList& sources) {
+void ReportGuess(config::Run& run, const SourceList& sources) {
     std::size_t count = sources.paths.size();
     std::string last = platform::NativePath(util::FileNameOf(sources.paths.back()));
     std::string line = "reading " + platform::NativePath(sources.paths.front());
     if (count == 2) line += " and " + last;
     if (count > 2) line += " to " + last + ", " + util::Counted(count, "file") + ",";
     if (count > 1) line += " into one drawing";
-    session.Ui().Report(line);
+    run.Ui().Report(line);
 }
 
 ImportCommand CommandOf(const SourceList& sources) {
@@ -69,16 +69,16 @@ ImportCommand CommandOf(const SourceList& sources) {
     return ParseImport(text);
 }
 
-bool HasExtent(const config::Session& session) {
-    const config::ImportExtentBox& box = session.Settings().ImportExtent;
+bool HasExtent(const config::Run& run) {
+    const config::ImportExtentBox& box = run.Settings().ImportExtent;
     return box.minX != 0 || box.minY != 0 || box.maxX != 0 || box.maxY != 0;
 }
 
 /// A text file is a table, or a meter-reading file where the installation says so. A job file too short to
 /// hold a job stands for the ADT file beside it.
-void ChooseSource(const config::Session& session, ImportCommand& command) {
+void ChooseSource(const config::Run& run, ImportCommand& command) {
     constexpr std::uint64_t shortestJob = 64;
-    if (command.code == "TXT") command.code = session.ReadIniFlag("THIRD", "CAW") ? "PPS" : "CSV";
+    if (command.code == "TXT") command.code = run.ReadIniFlag("THIRD", "CAW") ? "PPS" : "CSV";
     if (command.code != "JOB" || util::FileSize(command.sourcePath) >= shortestJob) return;
     std::string sibling = util::ChangeExtension(command.sourcePath, "ADT");
     if (util::FileSize(sibling) == 0) return;
@@ -94,12 +94,11 @@ std::string DrawingOf(const ImportCommand& command) {
 }
 
 /// Does what a signal may stop, and then says what that leaves.
-ExitStatus Stoppable(config::Session& session, const std::string& left,
-                     const std::function<ExitStatus()>& work) {
+ExitStatus Stoppable(config::Run& run, const std::string& left, const std::function<ExitStatus()>& work) {
     try {
         return work();
     } catch (const platform::Stopped&) {
-        session.Ui().Report("stopped; " + left);
+        run.Ui().Report("stopped; " + left);
         return ExitStatus::Interrupted;
     }
 }
@@ -124,29 +123,28 @@ private:
     bool made_;
 };
 
-ExitStatus RefuseExport(config::Session& session, const Conversions& conversions, const std::string& reason) {
-    return Refuse(session, reason + "; formats are " + conversions.ExportCodes(), ExitStatus::NothingToDo);
+ExitStatus RefuseExport(config::Run& run, const Conversions& conversions, const std::string& reason) {
+    return Refuse(run, reason + "; formats are " + conversions.ExportCodes(), ExitStatus::NothingToDo);
 }
 
-ExitStatus Export(config::Session& session, const ExportRow& row, ExportCommand command,
-                  TargetFolder& folder) {
-    if (HasExtent(session))
-        session.Ui().Report("?BOX limits imports of databases only; " +
-                            platform::NativePath(command.drawingPath) + " is exported whole");
-    if (row.intoFmoDirectory) command.targetPath = session.Settings().FMODirectory;
+ExitStatus Export(config::Run& run, const ExportRow& row, ExportCommand command, TargetFolder& folder) {
+    if (HasExtent(run))
+        run.Ui().Report("?BOX limits imports of databases only; " +
+                        platform::NativePath(command.drawingPath) + " is exported whole");
+    if (row.intoFmoDirectory) command.targetPath = run.Settings().FMODirectory;
     if (platform::FileExists(command.drawingPath)) folder.Require();
     std::string target = platform::NativePath(command.targetPath);
     Outcome outcome;
-    ExitStatus status = Stoppable(session, target + " is as it was", [&] {
+    ExitStatus status = Stoppable(run, target + " is as it was", [&] {
         platform::RemoveLeftovers(command.targetPath);
-        outcome = row.call(session, command);
+        outcome = row.call(run, command);
         return StatusOf(outcome);
     });
     if (status != ExitStatus::Done) return status;
     folder.Keep();
-    return Stoppable(session, "the export to " + target + " is complete, but not what follows it", [&] {
-        bool isPacked = RunPostExportSteps(session, command);
-        Summarise(session, "exported " + command.code, outcome,
+    return Stoppable(run, "the export to " + target + " is complete, but not what follows it", [&] {
+        bool isPacked = RunPostExportSteps(run, command);
+        Summarise(run, "exported " + command.code, outcome,
                   outcome.features == 0 ? NoFeaturesRemark(command) : "");
         return isPacked ? ExitStatus::Done : ExitStatus::Failed;
     });
@@ -154,51 +152,51 @@ ExitStatus Export(config::Session& session, const ExportRow& row, ExportCommand 
 
 }  // namespace
 
-ExitStatus Refuse(config::Session& session, const std::string& reason, ExitStatus status) {
-    session.Ui().Report("vexlator: " + reason);
+ExitStatus Refuse(config::Run& run, const std::string& reason, ExitStatus status) {
+    run.Ui().Report("vexlator: " + reason);
     return status;
 }
 
-ExitStatus RunImport(config::Session& session, const Conversions& conversions, std::string_view text) {
+ExitStatus RunImport(config::Run& run, const Conversions& conversions, std::string_view text) {
     SourceList sources = FindSources(conversions, ImportArgument(text));
     if (auto slip = FindImportSlip(conversions, text, sources))
-        return Refuse(session, slip->advice, slip->status);
-    if (sources.guessed) ReportGuess(session, sources);
+        return Refuse(run, slip->advice, slip->status);
+    if (sources.guessed) ReportGuess(run, sources);
     ImportCommand command = CommandOf(sources);
-    ChooseSource(session, command);
+    ChooseSource(run, command);
     const ImportRow* row = conversions.FindImport(command.code);
     if (!row || !row->call)
-        return Refuse(session, command.code + " import is not available yet", ExitStatus::NothingToDo);
-    if (HasExtent(session) && row->form != "frmFromFMO")
-        session.Ui().Report("?BOX limits imports of databases only; " +
-                            platform::NativePath(command.sourcePath) + " is read whole");
-    return Stoppable(session, platform::NativePath(DrawingOf(command)) + " is as it was", [&] {
+        return Refuse(run, command.code + " import is not available yet", ExitStatus::NothingToDo);
+    if (HasExtent(run) && row->form != "frmFromFMO")
+        run.Ui().Report("?BOX limits imports of databases only; " + platform::NativePath(command.sourcePath) +
+                        " is read whole");
+    return Stoppable(run, platform::NativePath(DrawingOf(command)) + " is as it was", [&] {
         platform::RemoveLeftovers(command.sourceFolder);
-        Outcome outcome = row->call(session, command);
+        Outcome outcome = row->call(run, command);
         // A drawing is saved even when one of several files could not be read.
-        if (!outcome.target.empty()) Summarise(session, "imported " + command.code, outcome);
+        if (!outcome.target.empty()) Summarise(run, "imported " + command.code, outcome);
         return StatusOf(outcome);
     });
 }
 
-ExitStatus RunExport(config::Session& session, const Conversions& conversions, std::string_view text) {
-    if (auto slip = FindExportSlip(conversions, text)) return Refuse(session, slip->advice, slip->status);
+ExitStatus RunExport(config::Run& run, const Conversions& conversions, std::string_view text) {
+    if (auto slip = FindExportSlip(conversions, text)) return Refuse(run, slip->advice, slip->status);
     ExportCommand command = ParseExport(text);
     if (command.code.empty()) {
         std::string path = platform::NativePath(command.targetPath);
-        return RefuseExport(session, conversions,
+        return RefuseExport(run, conversions,
                             "\"" + path + "\" names no format, as \"" + path + ".SHP\" does");
     }
     TargetFolder folder(command.targetPath);
     const ExportRow* row = conversions.FindExport(command.code);
     if (!row || !row->call) {
         folder.Keep();
-        RunPostExportSteps(session, command);
-        return RefuseExport(session, conversions,
+        RunPostExportSteps(run, command);
+        return RefuseExport(run, conversions,
                             row ? command.code + " export is not available yet"
                                 : "nothing exports to \"" + command.code + "\"");
     }
-    return Export(session, *row, command, folder);
+    return Export(run, *row, command, folder);
 }
 
 }  // namespace vexlator::startup

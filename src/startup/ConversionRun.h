@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "startup/Conversions.h"
 #include "startup/ExitStatus.h"
 
@@ -12,14 +12,14 @@
 namespace vexlator::startup {
 
 /// Ends a command that cannot be run: says why in a plain line.
-ExitStatus Refuse(config::Session& session, const std::string& reason, ExitStatus status);
+ExitStatus Refuse(config::Run& run, const std::string& reason, ExitStatus status);
 
 /// Runs the importer of the format that an IMPORT command names. @throws whatever the importer throws.
-ExitStatus RunImport(config::Session& session, const Conversions& conversions, std::string_view text);
+ExitStatus RunImport(config::Run& run, const Conversions& conversions, std::string_view text);
 
 /// Runs the exporter of the format that a path names, then the steps that follow an export; those also when
 /// nothing exports this format. An export that failed or was stopped leaves neither a record nor an empty
 /// folder that it made. @throws whatever the exporter throws.
-ExitStatus RunExport(config::Session& session, const Conversions& conversions, std::string_view text);
+ExitStatus RunExport(config::Run& run, const Conversions& conversions, std::string_view text);
 
 }  // namespace vexlator::startup

@@ -29,29 +29,29 @@ namespace {
 // called Start(), or takes more arguments than these, gets a function of its own here.
 
 template <typename Form>
-config::Outcome Import(config::Session& session, const ImportCommand& command) {
-    return Form(session).Start(command.sourcePath, command.sourceFolder, command.fileList);
+config::Outcome Import(config::Run& run, const ImportCommand& command) {
+    return Form(run).Start(command.sourcePath, command.sourceFolder, command.fileList);
 }
 
 template <typename Form>
-config::Outcome Export(config::Session& session, const ExportCommand& command) {
-    return Form(session).Start(command.drawingPath, command.targetPath);
+config::Outcome Export(config::Run& run, const ExportCommand& command) {
+    return Form(run).Start(command.drawingPath, command.targetPath);
 }
 
 template <int asc>
-config::Outcome ExportText(config::Session& session, const ExportCommand& command) {
-    return exporter::frmCSV(session).Start(command.drawingPath, command.targetPath, asc);
+config::Outcome ExportText(config::Run& run, const ExportCommand& command) {
+    return exporter::frmCSV(run).Start(command.drawingPath, command.targetPath, asc);
 }
 
 /// The command names no style; the settings may.
-config::Outcome BuildPackage(config::Session& session, const ExportCommand& command) {
-    return background::frmGRP(session).Start(command.drawingPath, command.targetPath,
-                                             session.ReadIni("GRP", "STYLEFILE"));
+config::Outcome BuildPackage(config::Run& run, const ExportCommand& command) {
+    return background::frmGRP(run).Start(command.drawingPath, command.targetPath,
+                                         run.ReadIni("GRP", "STYLEFILE"));
 }
 
-config::Outcome ImportTablet(config::Session& session, const ImportCommand& command) {
+config::Outcome ImportTablet(config::Run& run, const ImportCommand& command) {
     std::string fileList;
-    return importer::frmFromFMO(session).StartTablet(command.sourcePath, command.sourceFolder, fileList);
+    return importer::frmFromFMO(run).StartTablet(command.sourcePath, command.sourceFolder, fileList);
 }
 
 constexpr std::array importRows{

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "config/Outcome.h"
-#include "config/Session.h"
+#include "config/Run.h"
 #include "startup/CommandLine.h"
 
 #include <span>
@@ -13,8 +13,8 @@
 /// The list of formats: which conversion a format code leads to. There is no other.
 namespace vexlator::startup {
 
-using ImportCall = config::Outcome (*)(config::Session&, const ImportCommand&);
-using ExportCall = config::Outcome (*)(config::Session&, const ExportCommand&);
+using ImportCall = config::Outcome (*)(config::Run&, const ImportCommand&);
+using ExportCall = config::Outcome (*)(config::Run&, const ExportCommand&);
 
 struct ImportRow {
     std::string_view code;

@@ -21,31 +21,31 @@ namespace vexlator::startup {
 namespace {
 
 /// A GO command leaves its options in gv.ini and goes on as SELECT; so does an empty one.
-std::string AfterGo(config::Session& session, std::string_view received) {
+std::string AfterGo(config::Run& run, std::string_view received) {
     if (!received.empty() && !IsGo(received)) return std::string(received);
-    KeepGoOptions(session, GoOptions(received));
+    KeepGoOptions(run, GoOptions(received));
     return "SELECT";
 }
 
-bool SettingsAreReadable(config::Session& session) {
+bool SettingsAreReadable(config::Run& run) {
     try {
-        LocateSettings(session);
+        LocateSettings(run);
         return true;
     } catch (const platform::ReadError& error) {
-        session.Ui().ShowMessage(error.what());
+        run.Ui().ShowMessage(error.what());
         return false;
     }
 }
 
 /// Tells when the settings lack a folder that no conversion can do without.
-bool InstallationIsUsable(config::Session& session) {
-    const config::SharedSettings& settings = session.Settings();
+bool InstallationIsUsable(config::Run& run) {
+    const config::SharedSettings& settings = run.Settings();
     bool noTemplates = settings.ATPDirectory.empty();
     if (!noTemplates && !settings.SymbolsDirectory.empty()) return true;
-    session.Ui().ShowMessage(noTemplates ? "No ATPfolder" : "No SYMfolder");
-    session.Ui().Report("vexlator: no " + std::string(noTemplates ? "ATPDirectory" : "SymbolsDirectory") +
-                        " in " + platform::NativePath(settings.IniFilePath) +
-                        "; vexlator --init FOLDER makes an installation, VEXLATOR_HOME names it");
+    run.Ui().ShowMessage(noTemplates ? "No ATPfolder" : "No SYMfolder");
+    run.Ui().Report("vexlator: no " + std::string(noTemplates ? "ATPDirectory" : "SymbolsDirectory") +
+                    " in " + platform::NativePath(settings.IniFilePath) +
+                    "; vexlator --init FOLDER makes an installation, VEXLATOR_HOME names it");
     return false;
 }
 
@@ -57,34 +57,34 @@ std::string WithoutSwitches(config::SharedSettings& settings, std::string text) 
     return std::string(util::Trim(WithoutQuotes(text)));
 }
 
-ExitStatus Run(config::Session& session, std::string_view received, const MainOptions& options) {
-    if (!SettingsAreReadable(session)) return ExitStatus::NotUsable;
-    std::string text = AfterGo(session, received);
-    ReadSettings(session);
-    if (!InstallationIsUsable(session)) return ExitStatus::NotUsable;
-    session.DebugMessage("ATP:" + session.Settings().ATPDirectory);
-    session.DebugMessage(text);
-    util::MakeFolderTree(session.Settings().TempDirectory);
+ExitStatus Run(config::Run& run, std::string_view received, const MainOptions& options) {
+    if (!SettingsAreReadable(run)) return ExitStatus::NotUsable;
+    std::string text = AfterGo(run, received);
+    ReadSettings(run);
+    if (!InstallationIsUsable(run)) return ExitStatus::NotUsable;
+    run.DebugMessage("ATP:" + run.Settings().ATPDirectory);
+    run.DebugMessage(text);
+    util::MakeFolderTree(run.Settings().TempDirectory);
     if (ExtentIsWrong(text))
-        return Refuse(session,
+        return Refuse(run,
                       "the extent of " + text +
                           " is not understood; it is written ?BOX minX,minY,maxX,maxY ?, with "
                           "the blank before the last ?",
                       ExitStatus::NotUsable);
-    text = Tidied(options.conversions, WithoutSwitches(session.Settings(), std::move(text)));
+    text = Tidied(options.conversions, WithoutSwitches(run.Settings(), std::move(text)));
     switch (ModeOf(text)) {
         case Mode::Import:
-            return RunImport(session, options.conversions, text);
+            return RunImport(run, options.conversions, text);
         case Mode::Export:
-            return RunExport(session, options.conversions, text);
+            return RunExport(run, options.conversions, text);
         case Mode::Select:
             break;
     }
-    return options.showSelection ? options.showSelection(session, received) : ExitStatus::NothingToDo;
+    return options.showSelection ? options.showSelection(run, received) : ExitStatus::NothingToDo;
 }
 
-ExitStatus Fail(config::Session& session, const std::string& reason) {
-    session.Ui().ShowMessage(reason);
+ExitStatus Fail(config::Run& run, const std::string& reason) {
+    run.Ui().ShowMessage(reason);
     return ExitStatus::Failed;
 }
 
@@ -92,16 +92,16 @@ ExitStatus Fail(config::Session& session, const std::string& reason) {
 
 ExitStatus Main(std::string_view commandText, ui::UserInterface& userInterface, const MainOptions& options) {
     platform::RaiseOpenFileLimit();
-    config::Session session(userInterface, options.clock);
+    config::Run run(userInterface, options.clock);
     try {
-        return Run(session, commandText, options);
+        return Run(run, commandText, options);
     } catch (const platform::Stopped&) {
-        session.Ui().Report("stopped before the conversion began");
+        run.Ui().Report("stopped before the conversion began");
         return ExitStatus::Interrupted;
     } catch (const std::bad_alloc&) {
-        return Fail(session, "Not enough memory");
+        return Fail(run, "Not enough memory");
     } catch (const std::exception& error) {
-        return Fail(session, error.what());
+        return Fail(run, error.what());
     }
 }
 

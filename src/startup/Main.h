@@ -14,7 +14,7 @@ namespace vexlator::startup {
 
 /// Shows the selection window and stays until it is closed. It gets the command text as the program received
 /// it, because GO at its start makes the window run its Go flow by itself.
-using SelectionWindow = std::function<ExitStatus(config::Session&, std::string_view received)>;
+using SelectionWindow = std::function<ExitStatus(config::Run&, std::string_view received)>;
 
 struct MainOptions {
     Conversions conversions = AllConversions();

@@ -17,20 +17,20 @@ namespace vexlator::startup {
 
 namespace {
 
-void RecordExport(config::Session& session, const ExportCommand& command) {
-    if (session.Settings().JobRelativePath.empty()) return;
-    const workflow::Job job = workflow::JobOf(session);
+void RecordExport(config::Run& run, const ExportCommand& command) {
+    if (run.Settings().JobRelativePath.empty()) return;
+    const workflow::Job job = workflow::JobOf(run);
     const std::string name = util::BaseNameOf(command.drawingPath);
     auto record = [&](const std::string& action) {
-        workflow::RecordJobAction(session, job.project, name, job.engineer, action, session.Now());
+        workflow::RecordJobAction(run, job.project, name, job.engineer, action, run.Now());
     };
     record("Exported to " + command.code);
     if (command.code == "FMO" || command.code == "PDB") record("CLOSED");
 }
 
-void ListMissingPhotos(const config::Session& session, const ExportCommand& command) {
+void ListMissingPhotos(const config::Run& run, const ExportCommand& command) {
     std::string path = util::JoinPath(command.targetPath, "MissingPhotos.LST");
-    const std::string& missing = session.Settings().MissingPhotos;
+    const std::string& missing = run.Settings().MissingPhotos;
     if (missing.empty())
         platform::RemoveFile(path);
     else if (!util::WriteTextFile(path, missing))
@@ -38,23 +38,23 @@ void ListMissingPhotos(const config::Session& session, const ExportCommand& comm
 }
 
 /// A failure here does not touch the exports.
-bool Pack(config::Session& session, const ExportCommand& command) {
+bool Pack(config::Run& run, const ExportCommand& command) {
     try {
-        workflow::frmZip2(session).ZipJobFolder(util::JoinPath(command.targetPath, "*.*"));
+        workflow::frmZip2(run).ZipJobFolder(util::JoinPath(command.targetPath, "*.*"));
         return true;
     } catch (const std::runtime_error& error) {
-        session.Ui().ShowMessage("The export is complete, but its archive was not made: " +
-                                 std::string(error.what()));
+        run.Ui().ShowMessage("The export is complete, but its archive was not made: " +
+                             std::string(error.what()));
         return false;
     }
 }
 
 }  // namespace
 
-bool RunPostExportSteps(config::Session& session, const ExportCommand& command) {
-    RecordExport(session, command);
-    ListMissingPhotos(session, command);
-    return !session.Settings().CreateZip || Pack(session, command);
+bool RunPostExportSteps(config::Run& run, const ExportCommand& command) {
+    RecordExport(run, command);
+    ListMissingPhotos(run, command);
+    return !run.Settings().CreateZip || Pack(run, command);
 }
 
 }  // namespace vexlator::startup

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "startup/CommandLine.h"
 
 namespace vexlator::startup {
@@ -12,6 +12,6 @@ namespace vexlator::startup {
 /// when the settings ask for it.
 /// @returns false when no archive could be made, which the person has been told
 /// @throws platform::WriteError
-bool RunPostExportSteps(config::Session& session, const ExportCommand& command);
+bool RunPostExportSteps(config::Run& run, const ExportCommand& command);
 
 }  // namespace vexlator::startup

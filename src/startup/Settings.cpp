@@ -17,42 +17,42 @@ std::string InstallationFolder() {
     return home && *home ? platform::AbsolutePath(home) : platform::ExecutableFolder();
 }
 
-void LocateSettings(config::Session& session) {
-    config::SharedSettings& settings = session.Settings();
+void LocateSettings(config::Run& run) {
+    config::SharedSettings& settings = run.Settings();
     settings.ProgramFolder = InstallationFolder();
     settings.IniFilePath = config::LocateConfigFile(settings.ProgramFolder, "gv.ini");
     settings.ConfigFolder = util::FolderOf(settings.IniFilePath);
     if (!platform::FindExisting(settings.IniFilePath).empty()) platform::ReadWholeFile(settings.IniFilePath);
 }
 
-void KeepGoOptions(config::Session& session, std::span<const GoOption> options) {
+void KeepGoOptions(config::Run& run, std::span<const GoOption> options) {
     for (const auto& [key, value] : options) {
         if (platform::SameNoCase(key, "runmin"))
-            session.Settings().RunMinimised |= util::NumberOf(value) == 1;
+            run.Settings().RunMinimised |= util::NumberOf(value) == 1;
         else if (platform::SameNoCase(key, "txtmobilestyle"))
-            session.WriteIni("MOBILESTYLING", "FILE", value);
+            run.WriteIni("MOBILESTYLING", "FILE", value);
         else if (platform::SameNoCase(key, "arc10"))
-            session.WriteIni("ESRI", "ARC10", value);
+            run.WriteIni("ESRI", "ARC10", value);
         else
-            session.WriteIni("OPTION", key, value);
+            run.WriteIni("OPTION", key, value);
     }
 }
 
-void ReadSettings(config::Session& session) {
-    config::SharedSettings& settings = session.Settings();
-    settings.ATPDirectory = session.ReadIni("GENERAL", "ATPDirectory");
-    settings.FMODirectory = session.ReadIni("GENERAL", "FMODirectory");
-    settings.SymbolsDirectory = session.ReadIni("GENERAL", "SymbolsDirectory");
-    settings.WorkFlowDirectory = session.ReadIni("GENERAL", "WorkFlowDirectory");
-    settings.WorkFlowSystem = session.ReadIni("GENERAL", "WorkFlowSystem");
-    settings.TempDirectory = session.ReadIni("GENERAL", "TempDirectory");
-    settings.AutoLaunchExport = session.ReadIniFlag("GENERAL", "AutoLaunchExport");
-    settings.DebugMode = session.ReadIniFlag("GENERAL", "VEXLATORDEBUG");
-    settings.ReProcessFieldNames = session.ReadIniFlag("HOUSEKEEPING", "ReProcessFieldNames");
-    settings.MatchNames = session.ReadIniFlag("GENERICOUT", "MATCHNAMES");
-    settings.CreateZip = session.ReadIniFlag("GENERICOUT", "CREATEZIP");
-    settings.SHORTENFIELDSON = session.ReadIni("GENERICOUT", "SHORTENFIELDSON");
-    settings.InOutLog = session.ReadIni("GENERICIN", "INOUTLOG");
+void ReadSettings(config::Run& run) {
+    config::SharedSettings& settings = run.Settings();
+    settings.ATPDirectory = run.ReadIni("GENERAL", "ATPDirectory");
+    settings.FMODirectory = run.ReadIni("GENERAL", "FMODirectory");
+    settings.SymbolsDirectory = run.ReadIni("GENERAL", "SymbolsDirectory");
+    settings.WorkFlowDirectory = run.ReadIni("GENERAL", "WorkFlowDirectory");
+    settings.WorkFlowSystem = run.ReadIni("GENERAL", "WorkFlowSystem");
+    settings.TempDirectory = run.ReadIni("GENERAL", "TempDirectory");
+    settings.AutoLaunchExport = run.ReadIniFlag("GENERAL", "AutoLaunchExport");
+    settings.DebugMode = run.ReadIniFlag("GENERAL", "VEXLATORDEBUG");
+    settings.ReProcessFieldNames = run.ReadIniFlag("HOUSEKEEPING", "ReProcessFieldNames");
+    settings.MatchNames = run.ReadIniFlag("GENERICOUT", "MATCHNAMES");
+    settings.CreateZip = run.ReadIniFlag("GENERICOUT", "CREATEZIP");
+    settings.SHORTENFIELDSON = run.ReadIni("GENERICOUT", "SHORTENFIELDSON");
+    settings.InOutLog = run.ReadIni("GENERICIN", "INOUTLOG");
     if (settings.TempDirectory.empty()) settings.TempDirectory = "c:\\temp";
 }
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "startup/CommandLine.h"
 
 #include <span>
@@ -16,12 +16,12 @@ std::string InstallationFolder();
 
 /// Fills IniFilePath and the folders that follow from it. @throws platform::ReadError when there is a file of
 /// settings that cannot be read: every setting would seem to be missing
-void LocateSettings(config::Session& session);
+void LocateSettings(config::Run& run);
 
 /// Keeps the options of a GO command in gv.ini, where the selection window looks for them.
-void KeepGoOptions(config::Session& session, std::span<const GoOption> options);
+void KeepGoOptions(config::Run& run, std::span<const GoOption> options);
 
 /// Reads the settings that every conversion shares from gv.ini.
-void ReadSettings(config::Session& session);
+void ReadSettings(config::Run& run);
 
 }  // namespace vexlator::startup

@@ -52,12 +52,12 @@ void frmZip2::ZipJobFolder(std::string_view pattern) {
         for (const std::string& file : files) archive.Add(EntryName(file), util::JoinPath(folder, file));
         archive.Commit();
     }
-    session_.Ui().Settle(settleTime);
+    run_.Ui().Settle(settleTime);
 }
 
 std::vector<std::string> frmZip2::UnZipJobFolder(std::string_view archive) {
     constexpr std::int64_t defaultMegabytes = 2048;
-    std::int64_t megabytes = util::IntegerOf(session_.ReadIni("ZIP", "MaxMB"));
+    std::int64_t megabytes = util::IntegerOf(run_.ReadIni("ZIP", "MaxMB"));
     if (megabytes <= 0) megabytes = defaultMegabytes;
     ZipInput input(archive);
     input.Check(static_cast<std::uint64_t>(megabytes) << 20);

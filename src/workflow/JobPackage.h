@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 
 #include <string>
 #include <string_view>
@@ -13,7 +13,7 @@ namespace vexlator::workflow {
 /// Packs job folders into ZIP archives and unpacks them.
 class frmZip2 {
 public:
-    explicit frmZip2(config::Session& session) : session_(session) {}
+    explicit frmZip2(config::Run& run) : run_(run) {}
 
     /// Packs the files that match `pattern`, a folder followed by "\*.*" or another pattern of file names,
     /// into the archive in that folder that is named after it: Survey\Survey.ZIP. Sub-folders are packed too
@@ -32,7 +32,7 @@ public:
     std::vector<std::string> UnZipJobFolder(std::string_view archive);
 
 private:
-    config::Session& session_;
+    config::Run& run_;
 };
 
 }  // namespace vexlator::workflow

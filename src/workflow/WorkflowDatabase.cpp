@@ -24,38 +24,38 @@ using database::Table;
 
 namespace {
 
-std::string ServerConnection(const config::Session& session) {
-    return session.ReadIni("WORKFLOW", "CONNECTION");
+std::string ServerConnection(const config::Run& run) {
+    return run.ReadIni("WORKFLOW", "CONNECTION");
 }
 
-std::string DatabasePath(const config::Session& session) {
-    std::string folder = session.ReadIni("GENERAL", "WORKFLOWSYSTEM");
+std::string DatabasePath(const config::Run& run) {
+    std::string folder = run.ReadIni("GENERAL", "WORKFLOWSYSTEM");
     return folder.empty() ? "" : util::JoinPath(folder, "WorkFlow.MDB");
 }
 
 /// The database's name for people.
-std::string DatabaseName(const config::Session& session) {
-    std::string server = ServerConnection(session);
-    return server.empty() ? platform::NativePath(DatabasePath(session))
+std::string DatabaseName(const config::Run& run) {
+    std::string server = ServerConnection(run);
+    return server.empty() ? platform::NativePath(DatabasePath(run))
                           : database::ConnectionString(server).WithoutPasswords();
 }
 
 /// The open connection; null when there is no workflow database or, told to the person, it cannot be opened.
-std::unique_ptr<Connection> OpenWorkflowConnection(config::Session& session) {
-    std::string connectionString = WorkflowConnectionString(session);
+std::unique_ptr<Connection> OpenWorkflowConnection(config::Run& run) {
+    std::string connectionString = WorkflowConnectionString(run);
     if (connectionString.empty()) return nullptr;
-    session.DebugMessage("About To Connect");
+    run.DebugMessage("About To Connect");
     try {
         return std::make_unique<Connection>(connectionString);
     } catch (const DatabaseError& error) {
-        session.Ui().ShowMessage("Error Opening Connection:" + std::string(error.what()));
+        run.Ui().ShowMessage("Error Opening Connection:" + std::string(error.what()));
         return nullptr;
     }
 }
 
 /// A database file belongs to the workflow software, which lays it out; a server's tables are ours to make.
-void PrepareTables(const config::Session& session, Connection& connection) {
-    if (!ServerConnection(session).empty()) CreateMissingTables(connection);
+void PrepareTables(const config::Run& run, Connection& connection) {
+    if (!ServerConnection(run).empty()) CreateMissingTables(connection);
 }
 
 /// "Job"=? AND "Project"=? AND "Engineer"=?
@@ -74,13 +74,13 @@ void CompleteFromLog(Connection& connection, const Table& log, Job& job) {
     job.engineer = find.Text(1);
 }
 
-void LogAction(config::Session& session, Connection& connection, const Table& log, const Job& job,
+void LogAction(config::Run& run, Connection& connection, const Table& log, const Job& job,
                const std::string& action, const platform::DateTime& when) {
     std::string query = "INSERT INTO " + log.Name() + " (" + log.Column("Project") + ", " +
                         log.Column("Job") + ", " + log.Column("Engineer") + ", " + log.Column("ActionDesc") +
                         ", " + log.Column("DateStamp") + ", " + log.Column("ActionedBy") +
                         ") VALUES (?, ?, ?, ?, ?, ?)";
-    session.DebugMessage(query);
+    run.DebugMessage(query);
     std::string user = platform::CurrentUser();
     Statement(connection, query).Execute({job.project, job.job, job.engineer, action, when, user});
 }
@@ -100,57 +100,57 @@ void SetStatus(Connection& connection, const Table& headers, const Job& job, con
 
 /// One transaction that holds the write lock from before its first look: else two programs could both find no
 /// header row and both add one, in databases whose JobHdr has no unique key.
-void Record(config::Session& session, Connection& connection, Job job, const std::string& action,
+void Record(config::Run& run, Connection& connection, Job job, const std::string& action,
             const platform::DateTime& when) {
-    PrepareTables(session, connection);
+    PrepareTables(run, connection);
     Table log = TableOf(connection, "ActionTbl"), headers = TableOf(connection, "JobHdr");
     database::Transaction transaction(connection);
     transaction.LockTable(headers.Name());
     if (job.project.empty()) CompleteFromLog(connection, log, job);
     if (job.project.empty()) return;
-    LogAction(session, connection, log, job, action, when);
+    LogAction(run, connection, log, job, action, when);
     SetStatus(connection, headers, job, action, when);
     transaction.Commit();
 }
 
 }  // namespace
 
-Job JobOf(const config::Session& session) {
-    const std::string& path = session.Settings().JobRelativePath;
+Job JobOf(const config::Run& run) {
+    const std::string& path = run.Settings().JobRelativePath;
     std::string slashes = path;
     std::replace(slashes.begin(), slashes.end(), '/', '\\');
     return {std::string(util::GetField(0, slashes, "\\")), std::string(util::GetField(1, slashes, "\\")),
             util::BaseNameOf(path)};
 }
 
-std::string WorkflowConnectionString(config::Session& session) {
-    if (std::string server = ServerConnection(session); !server.empty()) return server;
-    std::string path = DatabasePath(session);
+std::string WorkflowConnectionString(config::Run& run) {
+    if (std::string server = ServerConnection(run); !server.empty()) return server;
+    std::string path = DatabasePath(run);
     if (path.empty()) return "";
     if (util::FileSize(path) > 0) return database::AccessConnectionString(path);
-    session.Ui().ShowMessage(platform::NativePath(path) + " Not Found");
+    run.Ui().ShowMessage(platform::NativePath(path) + " Not Found");
     return "";
 }
 
-void RecordJobAction(config::Session& session, const std::string& project, const std::string& job,
+void RecordJobAction(config::Run& run, const std::string& project, const std::string& job,
                      const std::string& engineer, const std::string& action, const platform::DateTime& when) {
     if (platform::SameNoCase(engineer, "SYSTEM")) return;
-    auto connection = OpenWorkflowConnection(session);
+    auto connection = OpenWorkflowConnection(run);
     if (!connection) return;
     try {
-        Record(session, *connection, {engineer, project, job}, action, when);
+        Record(run, *connection, {engineer, project, job}, action, when);
     } catch (const DatabaseError& error) {
-        session.Ui().ShowMessage("Attempted To Access " + DatabaseName(session) + "\nQuery " + error.Query() +
-                                 "\n" + error.what());
+        run.Ui().ShowMessage("Attempted To Access " + DatabaseName(run) + "\nQuery " + error.Query() + "\n" +
+                             error.what());
     }
 }
 
-bool JobWasExported(config::Session& session, const std::string& engineer, const std::string& project,
+bool JobWasExported(config::Run& run, const std::string& engineer, const std::string& project,
                     const std::string& job) {
-    auto connection = OpenWorkflowConnection(session);
+    auto connection = OpenWorkflowConnection(run);
     if (!connection) return false;
     try {
-        PrepareTables(session, *connection);
+        PrepareTables(run, *connection);
         Table log = TableOf(*connection, "ActionTbl");
         const std::string& action = log.Column("ActionDesc");
         Statement find(*connection, "SELECT " + action + " FROM " + log.Name() + " WHERE " +
@@ -159,16 +159,16 @@ bool JobWasExported(config::Session& session, const std::string& engineer, const
         find.Execute({job, project, engineer});
         return find.Next();
     } catch (const DatabaseError& error) {
-        session.Ui().ShowMessage("JOB already Exported Error:" + std::string(error.what()));
+        run.Ui().ShowMessage("JOB already Exported Error:" + std::string(error.what()));
         return false;
     }
 }
 
-bool ConfirmExportAllowed(config::Session& session) {
-    if (session.Settings().JobRelativePath.empty()) return true;
-    Job job = JobOf(session);
-    if (!JobWasExported(session, job.engineer, job.project, job.job) || session.Settings().Quiet) return true;
-    return session.Ui().AskYesNo("Warning this Job has previously been exported!\nContinue?");
+bool ConfirmExportAllowed(config::Run& run) {
+    if (run.Settings().JobRelativePath.empty()) return true;
+    Job job = JobOf(run);
+    if (!JobWasExported(run, job.engineer, job.project, job.job) || run.Settings().Quiet) return true;
+    return run.Ui().AskYesNo("Warning this Job has previously been exported!\nContinue?");
 }
 
 void CreateWorkflowDatabase(std::string_view path) {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "platform/Clock.h"
 
 #include <string>
@@ -23,26 +23,26 @@ struct Job {
 
 /// The current job, from JobRelativePath: engineer and project are its first two elements, the job is its
 /// file name without extension. All empty when JobRelativePath is.
-Job JobOf(const config::Session& session);
+Job JobOf(const config::Run& run);
 
 /// [WORKFLOW] CONNECTION when it is set; else the connection string of the database file. "" when neither key
 /// is set or the file is missing or empty; a missing file is shown as its path and " Not Found".
-std::string WorkflowConnectionString(config::Session& session);
+std::string WorkflowConnectionString(config::Run& run);
 
 /// Logs an action, as in "Exported to SHP" or "CLOSED", and makes it the job's current status, all in one
 /// transaction; programs that record at once wait for each other. Nothing is recorded for the engineer
 /// SYSTEM. With an empty project, project and engineer are those of the first logged action of that job; if
 /// there is none, nothing is recorded. On a server, tables that are missing are created.
-void RecordJobAction(config::Session& session, const std::string& project, const std::string& job,
+void RecordJobAction(config::Run& run, const std::string& project, const std::string& job,
                      const std::string& engineer, const std::string& action, const platform::DateTime& when);
 
 /// Whether the log holds an export or a closing of the job.
-bool JobWasExported(config::Session& session, const std::string& engineer, const std::string& project,
+bool JobWasExported(config::Run& run, const std::string& engineer, const std::string& project,
                     const std::string& job);
 
 /// Asks whether the current job may be exported although it was exported before; false when the answer is No.
 /// Called by every exporter before it writes anything. Quiet mode goes on without asking.
-bool ConfirmExportAllowed(config::Session& session);
+bool ConfirmExportAllowed(config::Run& run);
 
 /// Makes the SQLite file `path` with empty tables ActionTbl and JobHdr. A file that is there stays as it is.
 /// @throws platform::WriteError

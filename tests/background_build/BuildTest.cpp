@@ -29,7 +29,7 @@ struct Office : test::ImportOffice<frmGRP> {
 
     void Build(const std::string& target = "MAP", const std::string& style = "") {
         drawing.saveAs(folder / "area.VDF");
-        outcome = frmGRP(session).Start(folder / "area.VDF", folder / target, style);
+        outcome = frmGRP(run).Start(folder / "area.VDF", folder / target, style);
     }
     PackageCounts Counts() const { return ProvePackage(PackageReader(index)); }
     std::string File(const std::string& extension) const {
@@ -225,7 +225,7 @@ TEST(Build, ADrawingDamagedFarInsideLeavesThePackage) {
     bytes[bytes.size() - drawing::vdf::bytesPerChunk] ^= 1;
     office.folder.Write("area.VDF", bytes);
     try {
-        frmGRP(office.session).Start(office.folder / "area.VDF", office.folder / "MAP", "");
+        frmGRP(office.run).Start(office.folder / "area.VDF", office.folder / "MAP", "");
         FAIL();
     } catch (const platform::ReadError& error) {
         EXPECT_NE(std::string(error.what()).find("area.VDF: chunk 3"), std::string::npos) << error.what();

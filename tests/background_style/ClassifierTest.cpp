@@ -70,7 +70,7 @@ TEST_F(ClassifierTest, AttributesBecomeHeader) {
         {{{"THEME", "land"}, {"MAKE", "natural"}, {"FEAT_CODE", "none"}}, {0, 0, 2, 0, 1}, true},
         {{{"FEAT_CODE", "C1"}, {"THEME", "water"}}, {0, 0, 5, 15, 1}, true},
     };
-    Classifier classifier(session);
+    Classifier classifier(run);
     for (int round = 0; round < 2; ++round)  // names are known in the second
         for (const Case& c : cases) {
             drawing::Entity entity = Add(c.attributes);

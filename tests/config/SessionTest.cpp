@@ -20,18 +20,18 @@ TEST(LocateConfigFile, PointerFileOrProgramFolder) {
 }
 
 TEST_F(SessionTest, LogAndDebugMessagesOnlyWhenAskedFor) {
-    session.Log("not kept");
-    session.DebugMessage("not shown");
-    session.Settings().InOutLog = folder / "run.log";
-    session.Settings().DebugMode = true;
-    session.Log("Imported\r\n2 features");
-    session.DebugMessage("shown");
-    session.Ui().AskYesNo("More?");
+    run.Log("not kept");
+    run.DebugMessage("not shown");
+    run.Settings().InOutLog = folder / "run.log";
+    run.Settings().DebugMode = true;
+    run.Log("Imported\r\n2 features");
+    run.DebugMessage("shown");
+    run.Ui().AskYesNo("More?");
     EXPECT_EQ(TempFolder::Read(folder / "run.log"),
               "05MAR 14:07: Imported  2 features\r\n05MAR 14:07: shown\r\n05MAR 14:07: More? [No]\r\n");
     EXPECT_EQ(ui.messages, std::vector<std::string>{"shown"});
-    session.Settings().InOutLog = folder / "missing/run.log";
-    EXPECT_NO_THROW(session.Log("nowhere"));
+    run.Settings().InOutLog = folder / "missing/run.log";
+    EXPECT_NO_THROW(run.Log("nowhere"));
 }
 
 TEST(LossReport, OneLine) {
@@ -72,7 +72,7 @@ TEST_F(SessionTest, FormStateComesBackUnlessItIsMissingOrRefused) {
     for (const FormCase& c : cases) {
         folder.Write("gv.ini", "[OPTION]\n" + c.ini + "\n");
         std::vector<FormControl> controls{c.control};
-        RestoreFormState(session, controls);
+        RestoreFormState(run, controls);
         const FormControl& found = controls[0];
         bool isNumber = c.control.name == list.name || c.control.name == check.name;
         EXPECT_EQ(found.selected ? "selected"
@@ -84,10 +84,10 @@ TEST_F(SessionTest, FormStateComesBackUnlessItIsMissingOrRefused) {
 }
 
 TEST_F(SessionTest, FormStateIsSavedUnderItsNames) {
-    SaveFormState(session, std::vector<FormControl>{{.name = "chkAll", .number = 2},
-                                                    {.name = "optShape", .selected = true},
-                                                    {.name = "gtxtGRP_GRIDSIZE", .text = "500"},
-                                                    {.name = "lblNothing", .text = "not kept"}});
+    SaveFormState(run, std::vector<FormControl>{{.name = "chkAll", .number = 2},
+                                                {.name = "optShape", .selected = true},
+                                                {.name = "gtxtGRP_GRIDSIZE", .text = "500"},
+                                                {.name = "lblNothing", .text = "not kept"}});
     EXPECT_EQ(TempFolder::Read(folder / "gv.ini"),
               "[OPTION]\r\nchkAll=2\r\noptShape=True\r\n[GRP]\r\nGRIDSIZE=500\r\n");
 }

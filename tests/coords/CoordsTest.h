@@ -28,13 +28,13 @@ protected:
         setenv("PROJ_DATA", (folder / "proj").c_str(), 1);
         setenv("XDG_DATA_HOME", (folder / "home").c_str(), 1);
         setenv("VEXLATOR_DRIVES", (folder / "drives").c_str(), 1);
-        session.Settings().ProgramFolder = folder / "inst";
-        session.Settings().IniFilePath = folder / "inst/gv.ini";
+        run.Settings().ProgramFolder = folder / "inst";
+        run.Settings().IniFilePath = folder / "inst/gv.ini";
     }
 
     /// Makes a definition file and the setting that names it.
     void Define(std::string_view content, const std::string& name = "system.dat") {
-        session.WriteIni("GPS", "TRANSFORMATION", folder.Write(name, content));
+        run.WriteIni("GPS", "TRANSFORMATION", folder.Write(name, content));
     }
     void InstallOstn15(const std::string& where) {
         std::filesystem::create_directories(folder / where);

@@ -24,7 +24,7 @@ class CorrectionGridTest : public CoordsTest {};
 
 TEST_F(CorrectionGridTest, ShiftsThePublishedPointBothWays) {
     folder.Write("inst/OSTN02.INT", Grid(2));
-    frmLatLng form(session);
+    frmLatLng form(run);
     EXPECT_TRUE(ui.messages.empty());
     auto texts = form.GridToLatLng(easting, northing, 24.7, false);
     ASSERT_TRUE(texts);
@@ -57,7 +57,7 @@ TEST_F(CorrectionGridTest, TakesTheFirstFileInOrder) {
              Place{"drives/C/Program Files/Common Files/gorvane/OSTN02.INT", 10},
          }) {
         folder.Write(file, Grid(static_cast<float>(thousandths)));
-        frmLatLng form(session);
+        frmLatLng form(run);
         EXPECT_EQ(LatLng(form, easting, northing), Shifted(thousandths)) << file;
         std::string name = std::filesystem::path(file).filename();
         EXPECT_TRUE(name.ends_with(".gsb") || form.Description().find(name) != std::string::npos)
@@ -68,7 +68,7 @@ TEST_F(CorrectionGridTest, TakesTheFirstFileInOrder) {
 
 TEST_F(CorrectionGridTest, WithoutAFileSaysSoOnceAndConvertsNothing) {
     folder.Write("inst/OSTN02.INT", "");
-    frmLatLng form(session);
+    frmLatLng form(run);
     EXPECT_EQ(LatLng(form, easting, northing), "");
     EXPECT_FALSE(form.LatLngToGrid("52", "1", "0"));
     std::vector<util::PlanePoint> points{{easting, northing}};
@@ -85,20 +85,20 @@ TEST_F(CorrectionGridTest, ADamagedFileIsToldAndNotReplacedByAnother) {
     for (std::string bytes : {std::string("not a grid"), Grid(1).substr(0, 200), std::string(4000, '\xFF')}) {
         std::string path = folder.Write("inst/OSTN02.INT", bytes);
         ui.messages.clear();
-        frmLatLng form(session);
+        frmLatLng form(run);
         EXPECT_EQ(LatLng(form, easting, northing), "");
         ASSERT_EQ(ui.messages.size(), 1U);
         EXPECT_EQ(ui.messages[0].find(path + ": cannot be used as a grid"), 0U) << ui.messages[0];
     }
     folder.Write("inst/OSTN02.INT", Grid(1).substr(0, Grid(1).size() - 200));
-    frmLatLng cutInItsNodes(session);
+    frmLatLng cutInItsNodes(run);
     EXPECT_EQ(LatLng(cutInItsNodes, 440000, 330000), "");
 }
 
 /// A wrong place is worse than none.
 TEST_F(CorrectionGridTest, OutsideTheGridThereIsNoResult) {
     folder.Write("inst/OSTN02.INT", Grid(1));
-    frmLatLng form(session);
+    frmLatLng form(run);
     const util::PlanePoint outside[] = {{400000, 100000}, {100000, 300000}, {-5e6, 300000},
                                         {easting, 1e300}, {NAN, northing},  {easting, INFINITY}};
     for (util::PlanePoint point : outside)
@@ -111,7 +111,7 @@ TEST_F(CorrectionGridTest, OutsideTheGridThereIsNoResult) {
 
 TEST_F(CorrectionGridTest, AnglesReadBackAsTheSameDegrees) {
     folder.Write("inst/OSTN02.INT", Grid(1));
-    frmLatLng form(session);
+    frmLatLng form(run);
     for (double east = 340000; east < 650000; east += 31415.926) {
         auto angles = form.GridToLatLng(east, 301234.5, 0, true);
         ASSERT_TRUE(angles);
@@ -126,9 +126,9 @@ TEST_F(CorrectionGridTest, AnglesReadBackAsTheSameDegrees) {
 TEST_F(CorrectionGridTest, AMissingDefinitionIsToldAndTheGridServes) {
     folder.Write("inst/OSTN02.INT", Grid(2));
     for (std::string path : {folder.Write("empty.dat", ""), folder / "nowhere.dat"}) {
-        session.WriteIni("GPS", "TRANSFORMATION", path);
+        run.WriteIni("GPS", "TRANSFORMATION", path);
         ui.messages.clear();
-        frmLatLng form(session);
+        frmLatLng form(run);
         EXPECT_EQ(LatLng(form, easting, northing), Shifted(2));
         ASSERT_EQ(ui.messages.size(), 1U);
         EXPECT_NE(ui.messages[0].find(".dat: no such transformation file"), std::string::npos);
@@ -137,7 +137,7 @@ TEST_F(CorrectionGridTest, AMissingDefinitionIsToldAndTheGridServes) {
 
 TEST_F(CorrectionGridTest, WholeArraysKeepWhatFailsAndRoundLikeTexts) {
     folder.Write("inst/OSTN02.INT", Grid(1));
-    frmLatLng form(session);
+    frmLatLng form(run);
     std::vector<util::PlanePoint> points;
     std::vector<double> heights;
     // Enough for more than one block, in an order that is not the plane's, every seventh outside the grid.

@@ -49,7 +49,7 @@ protected:
             points.push_back({p[0], p[1]});
             heights.push_back(p[2]);
         }
-        frmLatLng form(session);
+        frmLatLng form(run);
         ASSERT_EQ(form.GridToLatLng(points, heights, Rounding::None), 0U);
         constexpr double millimetre = 0.001 / 111320;  // in degrees of latitude, the shorter way
         for (std::size_t i = 0; i < grid.size(); ++i) {

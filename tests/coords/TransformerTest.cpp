@@ -31,7 +31,7 @@ TEST_F(TransformerTest, ReadsDefinitionsInTheirForms) {
           std::string("+proj=pipeline +step +inv +proj=utm +zone=30 +ellps=WGS84\n"
                       "+step +proj=unitconvert +xy_in=rad +xy_out=deg")}) {
         Define(text);
-        frmLatLng form(session);
+        frmLatLng form(run);
         std::string latLng = LatLng(form, 500000, 5700000);
         EXPECT_EQ(latLng, "51.451182 -3.000000") << text;
         auto grid = form.LatLngToGrid("51.451182", "-3", "12.5");
@@ -46,7 +46,7 @@ TEST_F(TransformerTest, ReadsDefinitionsInTheirForms) {
 TEST_F(TransformerTest, AsksOnceForEachDirectionWhenItCannotLoad) {
     Define("\"GRID OF MY OWN\u00E9\"\r\n");
     ui.answers = {true, false};
-    frmLatLng form(session);
+    frmLatLng form(run);
     EXPECT_TRUE(ui.questions.empty());
     for (int times = 0; times < 3; ++times) {
         EXPECT_EQ(LatLng(form, 500000, 5700000), "");
@@ -71,7 +71,7 @@ TEST_F(TransformerTest, RefusesWhatIsNoSystemOrWouldBeRough) {
         Define(text);
         ui.questions.clear();
         ui.reports.clear();
-        frmLatLng form(session);
+        frmLatLng form(run);
         EXPECT_EQ(LatLng(form, 500000, 5700000), "") << text.substr(0, 80);
         EXPECT_EQ(ui.questions.size(), 1U) << text.substr(0, 80);
         ASSERT_EQ(ui.reports.size(), 1U);
@@ -81,7 +81,7 @@ TEST_F(TransformerTest, RefusesWhatIsNoSystemOrWouldBeRough) {
 
 TEST_F(TransformerTest, TellsOnceOfTheGridThatTheBestTransformationLacks) {
     Define("EPSG:27700");
-    frmLatLng form(session);
+    frmLatLng form(run);
     EXPECT_NEAR(util::NumberOf(LatLng(form, 651409.903, 313177.270)), 52.6580, 0.0001);
     EXPECT_TRUE(form.LatLngToGrid("52", "-1", "0"));
     EXPECT_TRUE(ui.questions.empty());
@@ -92,7 +92,7 @@ TEST_F(TransformerTest, TellsOnceOfTheGridThatTheBestTransformationLacks) {
 TEST_F(TransformerTest, FindsItsGridInTheProgramFolder) {
     Define("EPSG:27700");
     folder.Write("inst/OSTN15_NTv2_OSGBtoETRS.gsb", Ntv2Grid(3.6F, 7.2F).Bytes());
-    frmLatLng form(session);
+    frmLatLng form(run);
     EXPECT_EQ(LatLng(form, 651409.903, 313177.270), "52.658570 1.719922");
     EXPECT_EQ(LatLng(form, 400000, 900000), "") << "no other transformation outside the grid";
     EXPECT_TRUE(ui.messages.empty()) << ui.messages[0];
@@ -101,7 +101,7 @@ TEST_F(TransformerTest, FindsItsGridInTheProgramFolder) {
 TEST_F(TransformerTest, AbsurdCoordinatesHaveNoResult) {
     for (const char* system : {"EPSG:3857", "EPSG:32630", "EPSG:4326"}) {
         Define(system);
-        frmLatLng form(session);
+        frmLatLng form(run);
         for (double bad : {HUGE_VAL - HUGE_VAL, HUGE_VAL, -HUGE_VAL, 1e300, -1e12}) {
             EXPECT_EQ(LatLng(form, bad, 50), "") << system << " " << bad;
             EXPECT_EQ(LatLng(form, 50, bad), "") << system << " " << bad;
@@ -115,7 +115,7 @@ TEST_F(TransformerTest, AbsurdCoordinatesHaveNoResult) {
 TEST_F(TransformerTest, LatLngInTheNameMeansNoConversion) {
     for (const char* name : {"LatLng.dat", "sub LATLNG folder/x.dat"}) {
         Define("anything", name);
-        frmLatLng form(session);
+        frmLatLng form(run);
         auto texts = form.GridToLatLng(-1.23456789, 51.5, 12.25, false);
         ASSERT_TRUE(texts);
         EXPECT_EQ(texts->first + " " + texts->second + " " + texts->height, "51.500000 -1.234568 12.25");

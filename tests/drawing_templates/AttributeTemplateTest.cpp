@@ -70,35 +70,35 @@ TEST_F(AttributeTemplate, TextIsUtf8OrWindows1252) {
 TEST_F(AttributeTemplate, AFileTooLargeForATemplateIsAnError) {
     std::string path = folder.Write("ATP/BIG.ATP", std::string(largestTemplate + 1, ','));
     EXPECT_THROW(ReadAtpFields(path), platform::ReadError);
-    EXPECT_THROW(ReadAtpStyle(session, "BIG"), platform::ReadError);
+    EXPECT_THROW(ReadAtpStyle(run, "BIG"), platform::ReadError);
     EXPECT_TRUE(ReadAtpFields(folder / "ATP/MISSING.ATP").empty());
 }
 
 TEST_F(AttributeTemplate, ALocalTemplateThatIsNotEmptyGoesFirst) {
-    const std::string shared = session.Settings().ATPDirectory + "\\FENCE.ATP";
-    EXPECT_EQ(AtpPathFor(session, "FENCE"), shared);
+    const std::string shared = run.Settings().ATPDirectory + "\\FENCE.ATP";
+    EXPECT_EQ(AtpPathFor(run, "FENCE"), shared);
     folder.Write("LocalATPs/FENCE.ATP", "");
-    EXPECT_EQ(AtpPathFor(session, "FENCE"), shared);
+    EXPECT_EQ(AtpPathFor(run, "FENCE"), shared);
     std::filesystem::remove(folder / "LocalATPs/FENCE.ATP");
     folder.Write("LocalATPs/fence.atp", "[26,09]");
-    EXPECT_EQ(AtpPathFor(session, "FENCE"), session.Settings().ConfigFolder + "\\LocalATPs\\FENCE.ATP");
+    EXPECT_EQ(AtpPathFor(run, "FENCE"), run.Settings().ConfigFolder + "\\LocalATPs\\FENCE.ATP");
 }
 
 TEST_F(AttributeTemplate, CodesDoNotLeadOutOfTheFolders) {
     for (std::string code : {"../SECRET", "..\\SECRET", "a/../../SECRET"}) {
-        EXPECT_EQ(AtpPathFor(session, code).find(session.Settings().ATPDirectory), 0U) << code;
+        EXPECT_EQ(AtpPathFor(run, code).find(run.Settings().ATPDirectory), 0U) << code;
         folder.Write("SECRET.ATP", "'STYLE=secret\r\n");
-        EXPECT_EQ(ReadAtpStyle(session, code), "") << code;
+        EXPECT_EQ(ReadAtpStyle(run, code), "") << code;
         folder.Write("SECRET.ATP", "MH2=");
-        EXPECT_EQ(ResolveAtpAlias(session, code), code);
+        EXPECT_EQ(ResolveAtpAlias(run, code), code);
     }
 }
 
 TEST_F(AttributeTemplate, TheLastStyleLineOfTheSharedTemplateCounts) {
     folder.Write("LocalATPs/V.ATP", "'STYLE=local\r\n");
     folder.Write("ATP/V.ATP", "[26,09]\r\n'STYLE=0,OLD,1\r\n 'STYLE=no\r\n'STYLE=0,VALVE,255\r\n'other\r\n");
-    EXPECT_EQ(ReadAtpStyle(session, "V"), "0,VALVE,255");
-    EXPECT_EQ(ReadAtpStyle(session, "NONE"), "");
+    EXPECT_EQ(ReadAtpStyle(run, "V"), "0,VALVE,255");
+    EXPECT_EQ(ReadAtpStyle(run, "NONE"), "");
 }
 
 TEST_F(AttributeTemplate, ASmallFileWithAnEqualsSignIsAnAlias) {
@@ -114,7 +114,7 @@ TEST_F(AttributeTemplate, ASmallFileWithAnEqualsSignIsAnAlias) {
     };
     for (const auto& [content, code] : cases) {
         folder.Write("ATP/CODE.ATP", content);
-        EXPECT_EQ(ResolveAtpAlias(session, "CODE"), code) << content;
+        EXPECT_EQ(ResolveAtpAlias(run, "CODE"), code) << content;
     }
 }
 
@@ -145,16 +145,16 @@ TEST_F(AttributeTemplate, GeneratedForAnImportWhenThePersonAgrees) {
     const std::vector<std::string> names = {"FIFTEEN_LETTERS", "ID",
                                             "\xC3\x96\xC3\x96\xC3\x96\xC3\x96LONGERTHAN"};
     const std::vector<int> widths = {5, 254, 0};
-    GenerateAtp(session, path, names, widths);
+    GenerateAtp(run, path, names, widths);
     EXPECT_FALSE(std::filesystem::exists(path));
     ui.answers = {true};
-    GenerateAtp(session, path, names, widths);
+    GenerateAtp(run, path, names, widths);
     EXPECT_EQ(ui.questions, (std::vector<std::string>{"Generate ATP For PIPE", "Generate ATP For PIPE"}));
     const std::string expected =
         "[26,09]\r\n[01,01]FIFTEEN_LETT,C05.00\r\n[01,02]ID          ,C99.00\r\n"
         "[01,03]\xD6\xD6\xD6\xD6LONGERTH,C01.00\r\n";
     EXPECT_EQ(Read("ATP/PIPE.ATP"), expected);
-    GenerateAtp(session, path, {}, {});
+    GenerateAtp(run, path, {}, {});
     EXPECT_EQ(ui.questions.size(), 2U);
     EXPECT_EQ(Read("ATP/PIPE.ATP"), expected);
 }

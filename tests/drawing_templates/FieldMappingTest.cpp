@@ -47,7 +47,7 @@ class FeatureChanges : public test::InstallationTest {
 protected:
     void Apply(std::string_view ini) {
         Ini("[INOUTFEATCHANGE]\r\n" + std::string(ini));
-        ApplyFeatureChanges(session, drawing, "");
+        ApplyFeatureChanges(run, drawing, "");
     }
     Entity Add(std::string_view layer, std::vector<std::pair<std::string, std::string>> attributes) {
         drawing.setActiveLayer(layer);
@@ -109,21 +109,21 @@ protected:
 
 TEST_F(SymbolBlock, IsLoadedOnceFromItsFile) {
     folder.Write("Symbols/valve.vdf", "first");
-    EXPECT_EQ(EnsureSymbolBlock(session, "VALVE", drawing), "VALVE");
+    EXPECT_EQ(EnsureSymbolBlock(run, "VALVE", drawing), "VALVE");
     folder.Write("Symbols/valve.vdf", "second");
-    EXPECT_EQ(EnsureSymbolBlock(session, "VALVE", drawing), "VALVE");
+    EXPECT_EQ(EnsureSymbolBlock(run, "VALVE", drawing), "VALVE");
     ASSERT_NE(drawing.findBlock("VALVE"), nullptr);
     EXPECT_EQ(drawing.findBlock("VALVE")->content, "first");
 }
 
 TEST_F(SymbolBlock, FallsBackToTheDefaultSymbol) {
-    EXPECT_EQ(EnsureSymbolBlock(session, "VALVE", drawing), "");
+    EXPECT_EQ(EnsureSymbolBlock(run, "VALVE", drawing), "");
     EXPECT_EQ(ui.messages, std::vector<std::string>{"No Default Sym"});
     folder.Write("Symbols/DEFAULT.VDF", "default");
     folder.Write("outside.vdf", "outside");
     std::size_t blocks = drawing.blocks().size();
     for (std::string name : {"VALVE", "TAP", "..\\outside", "../outside"})
-        EXPECT_EQ(EnsureSymbolBlock(session, name, drawing), "DEFAULT") << name;
+        EXPECT_EQ(EnsureSymbolBlock(run, name, drawing), "DEFAULT") << name;
     EXPECT_EQ(drawing.findBlock("DEFAULT")->content, "default");
     EXPECT_EQ(drawing.blocks().size(), blocks + 1);
     EXPECT_EQ(ui.messages.size(), 1U);
@@ -132,7 +132,7 @@ TEST_F(SymbolBlock, FallsBackToTheDefaultSymbol) {
 TEST_F(SymbolBlock, AFileTooLargeForASymbolIsRefused) {
     std::string path = folder.Write("Symbols/HUGE.VDF", "x");
     std::filesystem::resize_file(path, largestSymbol + 1);
-    EXPECT_EQ(EnsureSymbolBlock(session, "HUGE", drawing), "");
+    EXPECT_EQ(EnsureSymbolBlock(run, "HUGE", drawing), "");
     ASSERT_EQ(ui.messages.size(), 1U);
     EXPECT_NE(ui.messages[0].find("HUGE.VDF"), std::string::npos);
     EXPECT_EQ(drawing.findBlock("HUGE"), nullptr);

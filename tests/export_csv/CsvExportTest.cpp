@@ -110,13 +110,13 @@ TEST_F(CsvExport, FilesPerLayerReplaceTheFileOfTheDrawing) {
 }
 
 TEST_F(CsvExport, NamesMayBeginWithTheProject) {
-    session.Settings().WorkFlowDirectory = "C:\\Flow";
+    run.Settings().WorkFlowDirectory = "C:\\Flow";
     for (auto [source, name] : {std::pair("C:\\Flow\\eng\\P7\\job\\a.VDF", "P7_Survey.CSV"),
                                 std::pair("C:\\Flow\\eng\\a.VDF", "Survey.CSV"),
                                 std::pair("C:\\Other\\eng\\P7\\a.VDF", "Survey.CSV")}) {
         std::filesystem::remove_all(folder / "out");
         std::filesystem::create_directory(folder / "out");
-        session.Settings().JobRelativePath = "";
+        run.Settings().JobRelativePath = "";
         drawing.clear();
         drawing.properties().emplace_back("Source", source);
         On("CODE").addPoint({});
@@ -161,13 +161,13 @@ TEST_F(CsvExport, PhotographsBecomeLinks) {
 
 TEST_F(CsvExport, TextThatWindowsLacksIsCountedOrTheFileIsUtf8) {
     EXPECT_EQ(Value("caf\xC3\xA9", ""), "caf\xE9");
-    EXPECT_TRUE(session.Losses().Empty());
+    EXPECT_TRUE(run.Losses().Empty());
     EXPECT_EQ(Value("\xD0\x96 \xD0\x97", ""), "? ?");
-    EXPECT_EQ(session.Losses().Line(), "characters replaced: CODE.A 2");
+    EXPECT_EQ(run.Losses().Line(), "characters replaced: CODE.A 2");
     Give(On("\xD0\x96").addPoint({}), {{"\xD0\x97", "x"}});
     Csv("Coords=0");
     EXPECT_TRUE(Out("Survey.CSV").ends_with("Geometry,Feature,?,\r\nPoint,?,x\r\n"));
-    EXPECT_TRUE(session.Losses().Line().ends_with(", \xD0\x96 2")) << session.Losses().Line();
+    EXPECT_TRUE(run.Losses().Line().ends_with(", \xD0\x96 2")) << run.Losses().Line();
     Value("caf\xC3\xA9 \xD0\x96", "BOM=1");
     EXPECT_EQ(Out("Survey.CSV"), "\xEF\xBB\xBFPoint,CODE,caf\xC3\xA9 \xD0\x96\r\n");
 }

@@ -23,7 +23,7 @@ protected:
     }
     config::Outcome Export() {
         drawing.saveAs(folder / "Round 7.VDF");
-        return frmCAW(session).Start(folder / "Round 7.VDF", folder / "out");
+        return frmCAW(run).Start(folder / "Round 7.VDF", folder / "out");
     }
     std::string Text() const { return Out("Round 7.TXT"); }
 };
@@ -47,7 +47,7 @@ TEST_F(MeterExport, EveryByte) {
     EXPECT_EQ(outcome.layers, 1U);
     EXPECT_EQ(outcome.features, 4U);
     EXPECT_EQ(ui.labels.back(), "Completed!");
-    EXPECT_EQ(session.Losses().Line(), "entities left out: METER.polyline 1, METER.text 1");
+    EXPECT_EQ(run.Losses().Line(), "entities left out: METER.polyline 1, METER.text 1");
 }
 
 TEST_F(MeterExport, LinesHoldTogetherWhateverTheValues) {
@@ -60,7 +60,7 @@ TEST_F(MeterExport, LinesHoldTogetherWhateverTheValues) {
               "cr,M 1?,00417,01/02/2024,two  lines\r\n"
               "cr,,,,-000005200000\r\n"
               "cr,,,,0000001000000000000000\r\n");
-    EXPECT_EQ(session.Losses().Line(), "characters replaced: METER.MeterRef 2, METER.Remarks 2");
+    EXPECT_EQ(run.Losses().Line(), "characters replaced: METER.MeterRef 2, METER.Remarks 2");
 }
 
 TEST_F(MeterExport, WithoutMetersThereIsNoFile) {

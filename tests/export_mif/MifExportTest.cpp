@@ -108,7 +108,7 @@ TEST_F(MifExport, TheCharsetLineTellsTheTruth) {
     EXPECT_NE(Out("CODE.MIF").find("Charset \"WindowsLatin1\""), std::string::npos);
     EXPECT_EQ(Row({{"A", "caf\xC3\xA9 \xD0\x96"}}), "caf\xC3\xA9 \xD0\x96\r\n");
     EXPECT_NE(Out("CODE.MIF").find("Charset \"UTF-8\""), std::string::npos);
-    EXPECT_TRUE(session.Losses().Empty());
+    EXPECT_TRUE(run.Losses().Empty());
     Template("CODE", "[01,01]\xD0\x96,C10.00\r\n");
     EXPECT_EQ(Row({{"A", "caf\xC3\xA9"}}), "caf\xC3\xA9\r\n");
     EXPECT_EQ(Out("CODE.MIF"), Header("Columns 1\r\n  \xD0\x96 Char(10)\r\n", "UTF-8") +

@@ -17,7 +17,7 @@ using test::Texts;
 class DefinitionTest : public test::FmoOffice {
 protected:
     FmoDefinition Read(const std::string& text) {
-        return ReadFmoDefinition(session_, database::ReadFmoFile(folder_.Write("FMO/a.FMO", text)));
+        return ReadFmoDefinition(run_, database::ReadFmoFile(folder_.Write("FMO/a.FMO", text)));
     }
 };
 
@@ -54,7 +54,7 @@ TEST_P(DefinitionTest, ConnectionStrings) {
     auto build = [&](const std::string& keys) {
         FmoDefinition definition = Read("[DEF]\n" + keys);
         ui_.messages.clear();
-        return BuildConnectionString(session_, definition);
+        return BuildConnectionString(run_, definition);
     };
     EXPECT_EQ(build("DRIVER=SQL Server\nSERVER=srv\nMDB=net\nUSER=me\nPASSWORD=*\n"),
               "DRIVER={SQL Server};Server=srv;database=net;uid=me;pwd= ");
@@ -73,7 +73,7 @@ TEST_P(DefinitionTest, ConnectionStrings) {
     EXPECT_EQ(build("MDB=C:\\none\\Net.mdb\n"), access + "C:\\none\\Net.mdb") << "answered No";
     ui_.answers = {true};
     EXPECT_EQ(build("MDB=C:\\none\\Net.mdb\n"), access + folder_ / "FMO\\Net.mdb");
-    EXPECT_EQ(session_.ReadIni("DEF", "MDB", folder_ / "FMO/a.FMO"), folder_ / "FMO\\Net.mdb");
+    EXPECT_EQ(run_.ReadIni("DEF", "MDB", folder_ / "FMO/a.FMO"), folder_ / "FMO\\Net.mdb");
     ASSERT_EQ(ui_.questions.size(), 2U);
     EXPECT_TRUE(
         ui_.questions[0].ends_with("\nBUT it is in the same folder as FMO\n\nRe-assign MDB Location?"));
@@ -97,7 +97,7 @@ TEST_P(DefinitionTest, DbaseFoldersCanBeReadOnly) {
     constexpr std::size_t header = 32 + 5 * 32 + 1, record = 1 + 10 + 10 + 5 + 20 + 8;
     bytes.at(header + 2 * record) = '*';
     folder_.Write("tables/Lamps.dbf", bytes);
-    session_.Settings().ImportExtent = {0, 0, 10, 10};
+    run_.Settings().ImportExtent = {0, 0, 10, 10};
     folder_.Write("FMO/LAMPS.FMO",
                   "[DEF]\nMDB=" + (folder_ / "tables") + "\nTABLE=LAMPS\nEAST=E\nNORTH=N\nKEY=ID\n");
     Import(folder_ / "FMO/LAMPS.FMO");
@@ -136,7 +136,7 @@ TEST_P(TabletTest, ImportsTheDefinitionsOfItsDatabase) {
     folder_.Write("FMO/OTHER.FMO", "[DEF]\nMDB=C:\\other.mdb\nTABLE=x\n");
     folder_.Write("Net/VALVES.SHP", "of an earlier export");
     std::string list = "|x";
-    config::Outcome outcome = importer::frmFromFMO(session_).StartTablet(
+    config::Outcome outcome = importer::frmFromFMO(run_).StartTablet(
         Package({"readme.txt", "TEST.MDB", "sub/z.mdb"}), folder_ / "out", list);
     EXPECT_EQ(list, "|GAS.FMO|WATER.FMO");
     EXPECT_EQ(outcome.features, 2U);
@@ -145,19 +145,19 @@ TEST_P(TabletTest, ImportsTheDefinitionsOfItsDatabase) {
     EXPECT_EQ(platform::ListFiles(folder_ / "Net"), Texts{"VALVES.SHP"});
     EXPECT_EQ(platform::ListFolders(folder_ / "Net"), Texts{});
     std::filesystem::remove(folder_ / "Net/VALVES.SHP");
-    importer::frmFromFMO(session_).StartTablet(folder_ / "Net.TPK", folder_ / "out", list);
+    importer::frmFromFMO(run_).StartTablet(folder_ / "Net.TPK", folder_ / "out", list);
     EXPECT_FALSE(platform::FolderExists(folder_ / "Net"));
 }
 
 TEST_P(TabletTest, PackagesThatGiveNothing) {
     std::string list;
     config::Outcome outcome =
-        importer::frmFromFMO(session_).StartTablet(Package({"a.txt"}), folder_ / "out", list);
+        importer::frmFromFMO(run_).StartTablet(Package({"a.txt"}), folder_ / "out", list);
     EXPECT_EQ(ui_.messages, Texts{"No MDB in Package"});
     EXPECT_EQ(outcome.status, config::Outcome::Status::Failed);
     EXPECT_EQ(platform::ListFiles(folder_ / "Net"), Texts{"a.txt"});
     EXPECT_EQ(platform::ListFiles(folder_ / "out"), Texts{});
-    EXPECT_THROW(importer::frmFromFMO(session_).StartTablet(Package({"../TEST.MDB"}), folder_ / "out", list),
+    EXPECT_THROW(importer::frmFromFMO(run_).StartTablet(Package({"../TEST.MDB"}), folder_ / "out", list),
                  platform::ReadError);
     EXPECT_FALSE(platform::FileExists(folder_ / "TEST.MDB"));
 }

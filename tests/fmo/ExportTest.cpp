@@ -54,9 +54,8 @@ TEST_P(FmoExportTest, MakesTheTableAndReplacesByKey) {
     drawing_.addPolyline(std::vector<Point>{{1, 1, 0}, {2, 2, 0}});
     for (int again = 0; again < 2; ++again) {
         EXPECT_EQ(Export().features, 4U);
-        EXPECT_EQ(session_.Losses().Line(), again == 0
-                                                ? "entities left out: VALVES.polyline 1, VALVES.text 1"
-                                                : "entities left out: VALVES.polyline 2, VALVES.text 2");
+        EXPECT_EQ(run_.Losses().Line(), again == 0 ? "entities left out: VALVES.polyline 1, VALVES.text 1"
+                                                   : "entities left out: VALVES.polyline 2, VALVES.text 2");
         EXPECT_EQ(Query("SELECT \"ID\", \"DEPTH\", \"OWNER\", remark, \"EXTRA\", \"extra1\" FROM \"Valves\""
                         " ORDER BY CAST(\"ID\" AS INTEGER), \"E\""),
                   (Texts{"7|2|new|of the office|NULL|NULL", "8||Größe|of the office|NULL|NULL",
@@ -100,8 +99,8 @@ TEST_P(FmoExportTest, AFailureLeavesEveryTableAsItWas) {
 TEST_P(FmoExportTest, TwoExportsAtOnceBothArrive) {
     auto exportMany = [&](int first) {
         test::TestUi ui;
-        config::Session session(ui);
-        session.Settings() = session_.Settings();
+        config::Run run(ui);
+        run.Settings() = run_.Settings();
         Drawing drawing;
         for (const char* layer : {first == 0 ? "VALVES" : "WELLS", first == 0 ? "WELLS" : "VALVES"}) {
             drawing.setActiveLayer(layer);
@@ -110,7 +109,7 @@ TEST_P(FmoExportTest, TwoExportsAtOnceBothArrive) {
         }
         std::string path = folder_ / ("many" + std::to_string(first) + ".VDF");
         drawing.saveAs(path);
-        exporter::frmFMO(session).Start(path, folder_ / "FMO");
+        exporter::frmFMO(run).Start(path, folder_ / "FMO");
     };
     DefineValves();
     Define("WELLS", "TABLE=wells\nEAST=E\nNORTH=N\nKEY=ID\n");
@@ -207,14 +206,14 @@ protected:
         }
         Add(drawing_.addPolyline(std::vector<Point>{{1, 1, 0}, {2, 2, 0}}), {{"NAME", "l"}, {"EAST", ""}});
         drawing_.properties().emplace_back("Source", folder_ / "jobs\\smith\\north\\J12.job");
-        session_.Settings().WorkFlowDirectory = folder_ / "jobs";
+        run_.Settings().WorkFlowDirectory = folder_ / "jobs";
         drawing_.saveAs(folder_ / "a.VDF");
     }
 };
 
 TEST_P(DatabaseFileTest, AnMdbExportComesBackThroughItsDefinitions) {
     AddLayers();
-    EXPECT_EQ(exporter::frmMDB(session_).Start(folder_ / "a.VDF", folder_ / "out").features, 3U);
+    EXPECT_EQ(exporter::frmMDB(run_).Start(folder_ / "a.VDF", folder_ / "out").features, 3U);
     EXPECT_EQ(platform::ListFiles(folder_ / "out"), (Texts{"a.MDB", "PIPES.FMO", "VALVES.FMO"}));
     Import(folder_ / "out/VALVES.FMO", "|PIPES.FMO");
     ASSERT_EQ(imported_.entityCount(), 3U);
@@ -226,10 +225,10 @@ TEST_P(DatabaseFileTest, AnMdbExportComesBackThroughItsDefinitions) {
 TEST_P(DatabaseFileTest, OneDatabaseForEachJobAndPrefixes) {
     folder_.Write("gv.ini", "[GENERAL]\r\nJobBasedMDB=1\r\nPrefixExport=1\r\n");
     AddLayers();
-    exporter::frmFMO(session_).Start(folder_ / "a.VDF", folder_ / "FMO");
+    exporter::frmFMO(run_).Start(folder_ / "a.VDF", folder_ / "FMO");
     EXPECT_EQ(platform::ListFiles(folder_ / "FMO/J12"),
               (Texts{"J12.MDB", "north_PIPES.FMO", "north_VALVES.FMO"}));
-    EXPECT_EQ(session_.ReadIni("DEF", "TABLE", folder_ / "FMO/J12/north_PIPES.FMO"), "north_PIPES");
+    EXPECT_EQ(run_.ReadIni("DEF", "TABLE", folder_ / "FMO/J12/north_PIPES.FMO"), "north_PIPES");
     Import(folder_ / "FMO/J12/north_VALVES.FMO");
     EXPECT_EQ(imported_.entityCount(), 1U);
 }
@@ -241,7 +240,7 @@ TEST_P(DatabaseFileTest, SeveralProgramsMakeOneDatabase) {
         pid_t child = ::fork();
         if (child == 0) {
             try {
-                exporter::frmFMO(session_).Start(folder_ / "a.VDF", folder_ / "FMO");
+                exporter::frmFMO(run_).Start(folder_ / "a.VDF", folder_ / "FMO");
                 ::_exit(0);
             } catch (const std::exception& error) {
                 std::fprintf(stderr, "%s\n", error.what());
@@ -262,8 +261,8 @@ TEST_P(DatabaseFileTest, SeveralProgramsMakeOneDatabase) {
 TEST_P(DatabaseFileTest, FeaturesAreRenamedFirst) {
     folder_.Write("gv.ini", "[INOUTFEATCHANGE]\r\nVALVES=SV\r\nVALVES_Fields=NAME|ID\r\n");
     AddLayers();
-    exporter::frmMDB(session_).Start(folder_ / "a.VDF", folder_ / "out");
-    EXPECT_EQ(session_.ReadIni("DEF", "KEY", folder_ / "out/SV.FMO"), "ID");
+    exporter::frmMDB(run_).Start(folder_ / "a.VDF", folder_ / "out");
+    EXPECT_EQ(run_.ReadIni("DEF", "KEY", folder_ / "out/SV.FMO"), "ID");
 }
 
 INSTANTIATE_TEST_SUITE_P(, DatabaseFileTest, testing::Values(test::DatabaseKind::Sqlite),

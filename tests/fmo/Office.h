@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "drawing/Drawing.h"
 #include "export/fmo/frmFMO.h"
 #include "export/fmo/frmMDB.h"
@@ -30,7 +30,7 @@ protected:
         OnEachDatabase::SetUp();
         for (const char* name : {"ATP", "FMO", "Symbols", "out"})
             std::filesystem::create_directories(folder_ / name);
-        config::SharedSettings& settings = session_.Settings();
+        config::SharedSettings& settings = run_.Settings();
         settings.IniFilePath = folder_.Write("gv.ini", "");
         settings.ConfigFolder = settings.ProgramFolder = folder_.Path();
         settings.ATPDirectory = folder_ / "ATP";
@@ -75,10 +75,10 @@ protected:
     }
     config::Outcome Export() {
         drawing_.saveAs(folder_ / "a.VDF");
-        return exporter::frmFMO(session_).Start(folder_ / "a.VDF", folder_ / "FMO");
+        return exporter::frmFMO(run_).Start(folder_ / "a.VDF", folder_ / "FMO");
     }
     config::Outcome Import(const std::string& path, const std::string& list = "") {
-        config::Outcome outcome = importer::frmFromFMO(session_).Start(path, folder_ / "out", list);
+        config::Outcome outcome = importer::frmFromFMO(run_).Start(path, folder_ / "out", list);
         imported_.open(folder_ / "out/" + std::string(util::BaseNameOf(path)) + ".VDF");
         return outcome;
     }
@@ -91,7 +91,7 @@ protected:
     }
 
     TestUi ui_;
-    config::Session session_{ui_};
+    config::Run run_{ui_};
     drawing::Drawing drawing_, imported_;
 };
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "drawing/Drawing.h"
 #include "import/gml/GmlEntities.h"
 #include "import/gml/GmlReader.h"
@@ -39,7 +39,7 @@ inline std::string Gzip(std::string_view bytes) {
 /// An installation with GML files, and what their import gives.
 struct GmlOffice {
     GmlOffice() {
-        config::SharedSettings& settings = session.Settings();
+        config::SharedSettings& settings = run.Settings();
         settings.IniFilePath = folder.Write("gv.ini", "");
         settings.ConfigFolder = settings.ProgramFolder = folder.Path();
         settings.ATPDirectory = folder / "ATP";
@@ -52,7 +52,7 @@ struct GmlOffice {
     }
 
     config::Outcome Start(const std::string& name, const std::string& list = "") {
-        config::Outcome outcome = importer::frmFromGML(session).Start(folder / name, folder.Path(), list);
+        config::Outcome outcome = importer::frmFromGML(run).Start(folder / name, folder.Path(), list);
         imported.open(outcome.target);
         return outcome;
     }
@@ -62,7 +62,7 @@ struct GmlOffice {
         ui.messages.clear();
         importer::OpenedGml gml =
             importer::OpenGml(std::as_bytes(std::span(bytes)), {.fullRings = fullRings});
-        importer::GmlEntities entities(session, imported);
+        importer::GmlEntities entities(run, imported);
         entities.BeginFile(gml.lineLayout);
         gml.reader->ReadFeatures(
             [&](const importer::GmlFeature& feature) { entities.Add(feature, gml.reader->Consumed()); });
@@ -89,7 +89,7 @@ struct GmlOffice {
 
     TempFolder folder;
     TestUi ui;
-    config::Session session{ui};
+    config::Run run{ui};
     drawing::Drawing imported;
 };
 

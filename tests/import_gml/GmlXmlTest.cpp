@@ -322,7 +322,7 @@ TEST(GmlXml, LongTextComesInPieces) {
 
 TEST(GmlXml, ErrorsNameTheFileAndLeaveTheOldDrawing) {
     GmlOffice office;
-    office.session.WriteIni("GML", "MaxMB", "1");
+    office.run.WriteIni("GML", "MaxMB", "1");
     std::string padding(2 << 20, ' ');
     for (std::size_t i = 0; i < padding.size(); i += 7) padding[i] = '\n';
     office.folder.Write("a.gml.gz", test::Gzip(Collection(padding)));

@@ -139,7 +139,7 @@ TEST(LineLayout, AllRingsOnRequest) {
         "</gml:exterior>\n<gml:interior>\n<gml:posList>1 1 1 2 1 1 2 2 1 1 1 1</gml:posList>\n"
         "</gml:interior>\n</gml:Surface>\n");
     EXPECT_EQ(office.Import(text, true), "Road 0,0 9,0 9,9 0,0\nRoad 1,1 2,1 2,2 1,1 ISHOLE=1\n");
-    office.session.WriteIni("GML", "FullRings", "1");
+    office.run.WriteIni("GML", "FullRings", "1");
     office.folder.Write("a.gml", text);
     office.Start("a.gml");
     EXPECT_EQ(office.Entities(), office.Import(text, true));

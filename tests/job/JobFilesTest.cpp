@@ -13,7 +13,7 @@ using Status = config::Outcome::Status;
 class JobFiles : public test::JobTest {
 protected:
     config::Outcome Start(const std::string& name, const std::string& list = "") {
-        return frmFromJOB(session).Start(folder / ("in/" + name), folder / "out", list);
+        return frmFromJOB(run).Start(folder / ("in/" + name), folder / "out", list);
     }
     std::vector<std::string> Saved(const std::string& name) {
         drawing::Drawing drawing;

@@ -13,7 +13,7 @@ class JobRecords : public test::JobTest {
 protected:
     std::vector<std::string> Import(const std::string& text, JobSettings settings = {}) {
         drawing::Drawing drawing;
-        JobToDrawing importer(session, drawing, settings);
+        JobToDrawing importer(run, drawing, settings);
         JobTable table(text);
         ResolveSupersededRecords(table);
         importer.ImportRecords(table, "/jobs/J0412.JOB", *ui.ShowForm(""));

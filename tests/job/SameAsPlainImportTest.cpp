@@ -100,7 +100,7 @@ TEST_F(SameAsPlainImport, OnRandomJobs) {
             FillWithEarlierWork(theirs);
         }
         JobSettings settings{job.Below(2) == 0, job.Below(2) == 0};
-        JobToDrawing importer(session, ours, settings);
+        JobToDrawing importer(run, ours, settings);
         test::PlainImport plain(theirs);
         Prepare(plain);
         plain.settings = settings;

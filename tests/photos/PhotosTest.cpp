@@ -28,10 +28,10 @@ protected:
         test::TempFolder elsewhere;
         drawing.saveAs(elsewhere / "Survey.VDF");
         drawing::DrawingFile file(elsewhere / "Survey.VDF");
-        GatherPhotos(session, file, source, "Survey", target).ApplyTo(drawing);
+        GatherPhotos(run, file, source, "Survey", target).ApplyTo(drawing);
     }
     std::string Out(const std::string& name) const { return test::TempFolder::Read(target + "/" + name); }
-    const std::string& Missing() { return session.Settings().MissingPhotos; }
+    const std::string& Missing() { return run.Settings().MissingPhotos; }
     std::size_t FilesBelow(const std::string& path) const {
         std::size_t count = 0;
         for (const auto& entry : fs::recursive_directory_iterator(path))
@@ -183,7 +183,7 @@ TEST_F(Photos, FullPathsAndFalseTargetsGoIntoTheDrawing) {
     drawing.clear();
     entity = Add({"sub\\a.jpg"});
     Ini("[PHOTO]\nFullPath=1\nFALSETARGET=https://example.org/photos\n");
-    session.Settings().DebugMode = true;
+    run.Settings().DebugMode = true;
     Gather();
     EXPECT_EQ(value(0), "https://example.org/photos\\sub\\a.jpg");
     EXPECT_EQ(ui.messages, std::vector<std::string>{value(0)});
@@ -242,12 +242,12 @@ TEST(JobSource, IsTheSourcePropertyAndItsPathBelowTheWorkflow) {
     };
     for (const Case& c : cases) {
         test::Installation office;
-        config::Session& session = office.session;
-        session.Settings().WorkFlowDirectory = c.workflow;
-        session.Settings().JobRelativePath = "before";
-        ReadJobSource(session, {{"source", "no"}, {"Source", c.source}, {"Source", "second"}});
-        EXPECT_EQ(session.Settings().JobSourcePath, c.source);
-        EXPECT_EQ(session.Settings().JobRelativePath, c.relative) << c.source;
+        config::Run& run = office.run;
+        run.Settings().WorkFlowDirectory = c.workflow;
+        run.Settings().JobRelativePath = "before";
+        ReadJobSource(run, {{"source", "no"}, {"Source", c.source}, {"Source", "second"}});
+        EXPECT_EQ(run.Settings().JobSourcePath, c.source);
+        EXPECT_EQ(run.Settings().JobRelativePath, c.relative) << c.source;
     }
 }
 

@@ -33,19 +33,19 @@ Outcome OneFeature() {
 /// What the conversions below were called with, and what they do. Calls are plain functions, hence no object.
 struct Stub {
     Lines calls;
-    std::function<Outcome(config::Session&)> act = [](config::Session&) { return OneFeature(); };
+    std::function<Outcome(config::Run&)> act = [](config::Run&) { return OneFeature(); };
 };
 Stub stub;
 
 template <int form>
-Outcome ImportStub(config::Session& session, const ImportCommand& c) {
+Outcome ImportStub(config::Run& run, const ImportCommand& c) {
     stub.calls.push_back(std::to_string(form) + " " + c.sourcePath + " " + c.sourceFolder + " " + c.fileList);
-    return stub.act(session);
+    return stub.act(run);
 }
 
-Outcome ExportStub(config::Session& session, const ExportCommand& c) {
+Outcome ExportStub(config::Run& run, const ExportCommand& c) {
     stub.calls.push_back(c.code + " " + c.drawingPath + " " + c.targetPath);
-    return stub.act(session);
+    return stub.act(run);
 }
 
 constexpr ImportRow imports[] = {{"SHP", "frmFromSHP", ImportStub<1>}, {"CSV", "frmFromCSV", ImportStub<2>},
@@ -70,8 +70,8 @@ protected:
     int Run(const std::string& command) {
         ui = test::TestUi();
         MainOptions options{.conversions = {imports, exports},
-                            .showSelection = [this](config::Session& session, std::string_view received) {
-                                settings = session.Settings();
+                            .showSelection = [this](config::Run& run, std::string_view received) {
+                                settings = run.Settings();
                                 selections.emplace_back(received);
                                 return ExitStatus::Done;
                             }};
@@ -139,8 +139,8 @@ TEST_F(MainTest, SettingsOfARun) {
     SetIni("GENERAL", "AutoLaunchExport", "1");
     SetIni("GENERAL", "VEXLATORDEBUG", "yes");
     SetIni("GENERICOUT", "SHORTENFIELDSON", "/");
-    stub.act = [this](config::Session& session) {
-        settings = session.Settings();
+    stub.act = [this](config::Run& run) {
+        settings = run.Settings();
         return OneFeature();
     };
     std::string source = home.Write("a.SHP -quiet.SHP", "");
@@ -209,8 +209,8 @@ TEST_F(MainTest, StepsAfterAnExportFollowAnUnknownCodeToo) {
 
 /// The results of an FMO export lie in FMODirectory, and so does what follows it.
 TEST_F(MainTest, WhatFollowsAnFmoExportLiesWithIt) {
-    stub.act = [](config::Session& session) {
-        session.Settings().MissingPhotos = "A.JPG missing from 7\r\n";
+    stub.act = [](config::Run& run) {
+        run.Settings().MissingPhotos = "A.JPG missing from 7\r\n";
         return OneFeature();
     };
     fs::create_directory(home / "fmo");
@@ -221,8 +221,8 @@ TEST_F(MainTest, WhatFollowsAnFmoExportLiesWithIt) {
 
 TEST_F(MainTest, AnFmoExportOfAJobClosesIt) {
     UseWorkflow();
-    stub.act = [](config::Session& session) {
-        session.Settings().JobRelativePath = "Ann\\Roads\\North\\a.JOB";
+    stub.act = [](config::Run& run) {
+        run.Settings().JobRelativePath = "Ann\\Roads\\North\\a.JOB";
         return OneFeature();
     };
     EXPECT_EQ(Run(home / "b.FMO"), 0);
@@ -232,12 +232,12 @@ TEST_F(MainTest, AnFmoExportOfAJobClosesIt) {
 TEST_F(MainTest, ExportsThatDoNotEndLeaveNoTrace) {
     UseWorkflow();
     struct Case {
-        std::function<Outcome(config::Session&)> act;
+        std::function<Outcome(config::Run&)> act;
         int status;
         Lines messages;
     };
     auto ends = [](Outcome::Status status) {
-        return [=](config::Session&) {
+        return [=](config::Run&) {
             Outcome outcome;
             outcome.status = status;
             return outcome;
@@ -246,15 +246,15 @@ TEST_F(MainTest, ExportsThatDoNotEndLeaveNoTrace) {
     for (const Case& c : std::vector<Case>{
              {ends(Outcome::Status::StoppedByUser), 4, {}},
              {ends(Outcome::Status::Failed), 1, {}},
-             {[](config::Session&) -> Outcome { throw platform::ReadError("a.VDF", "byte 7", "cut"); },
+             {[](config::Run&) -> Outcome { throw platform::ReadError("a.VDF", "byte 7", "cut"); },
               1,
               {"a.VDF: byte 7: cut"}},
-             {[](config::Session&) -> Outcome { throw std::bad_alloc(); }, 1, {"Not enough memory"}},
+             {[](config::Run&) -> Outcome { throw std::bad_alloc(); }, 1, {"Not enough memory"}},
          }) {
-        stub.act = [&](config::Session& session) {
-            session.Settings().JobRelativePath = "Ann\\Roads\\a.JOB";
-            session.Settings().MissingPhotos = "A.JPG";
-            return c.act(session);
+        stub.act = [&](config::Run& run) {
+            run.Settings().JobRelativePath = "Ann\\Roads\\a.JOB";
+            run.Settings().MissingPhotos = "A.JPG";
+            return c.act(run);
         };
         std::string list = home.Write("old/MissingPhotos.LST", "old");
         EXPECT_EQ(Run(home / "old.SHP"), c.status);
@@ -269,7 +269,7 @@ TEST_F(MainTest, ExportsThatDoNotEndLeaveNoTrace) {
 
 TEST_F(MainTest, ErrorsGoToTheRunLogToo) {
     SetIni("GENERICIN", "INOUTLOG", home / "run.log");
-    stub.act = [](config::Session&) -> Outcome { throw platform::WriteError("/p/a.VDF", "no space left"); };
+    stub.act = [](config::Run&) -> Outcome { throw platform::WriteError("/p/a.VDF", "no space left"); };
     EXPECT_EQ(Run("IMPORT /p/a.SHP -QUIET"), 1);
     EXPECT_NE(test::TempFolder::Read(home / "run.log").find("/p/a.VDF: no space left"), std::string::npos);
 }

@@ -36,7 +36,7 @@ protected:
     template <typename Form, typename... More>
     config::Outcome Export(More... more) {
         drawing.saveAs(folder / "Survey.VDF");
-        return Form(session).Start(folder / "Survey.VDF", folder / "out", more...);
+        return Form(run).Start(folder / "Survey.VDF", folder / "out", more...);
     }
     std::string Out(const std::string& name) const { return TempFolder::Read(folder / ("out/" + name)); }
     std::vector<std::string> OutFiles() const { return platform::ListFiles(folder / "out"); }

@@ -28,7 +28,7 @@ struct ImportOffice : Installation {
     /// Imports "A.EXT" or "A.EXT|B.EXT"; returns what Entities() does.
     std::string Import(const std::string& files) {
         std::string first = files.substr(0, files.find('|'));
-        outcome = Form(session).Start(folder / first, folder.Path(), files.substr(first.size()));
+        outcome = Form(run).Start(folder / first, folder.Path(), files.substr(first.size()));
         if (outcome.target.empty()) return "";  // the drawing that was there stays
         drawing.open(outcome.target);
         return Entities();

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "support/TempFolder.h"
 #include "support/TestUi.h"
 
@@ -15,7 +15,7 @@ namespace vexlator::test {
 /// An installation in a folder of its own, and a run in it on 5 March 2024.
 struct Installation {
     Installation() {
-        config::SharedSettings& settings = session.Settings();
+        config::SharedSettings& settings = run.Settings();
         settings.IniFilePath = folder / "gv.ini";
         settings.ConfigFolder = settings.ProgramFolder = folder.Path();
         settings.ATPDirectory = folder / "ATP";
@@ -28,7 +28,7 @@ struct Installation {
 
     TempFolder folder;
     TestUi ui;
-    config::Session session{ui, [] { return platform::DateTime{2024, 3, 5, 14, 7, 0}; }};
+    config::Run run{ui, [] { return platform::DateTime{2024, 3, 5, 14, 7, 0}; }};
 };
 
 class InstallationTest : public testing::Test, protected Installation {};

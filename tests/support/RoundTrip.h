@@ -27,7 +27,7 @@ struct RoundTrip : ImportOffice<Importer> {
     std::string ThereAndBack(const std::string& extension, More... more) {
         std::filesystem::create_directories(this->folder / "out");
         source.saveAs(this->folder / "source.VDF");
-        Exporter(this->session).Start(this->folder / "source.VDF", this->folder / "out", more...);
+        Exporter(this->run).Start(this->folder / "source.VDF", this->folder / "out", more...);
         std::string files;
         ForEachLayer([&](const std::string& name, drawing::SelectionSet&) {
             files += (files.empty() ? "out/" : "|") + name + "." + extension;

@@ -31,9 +31,7 @@ std::string Noise(std::size_t size) {
 
 class JobPackageTest : public test::InstallationTest {
 protected:
-    void Zip(const std::string& pattern = "*.*") {
-        frmZip2(session).ZipJobFolder(folder / "Survey\\" + pattern);
-    }
+    void Zip(const std::string& pattern = "*.*") { frmZip2(run).ZipJobFolder(folder / "Survey\\" + pattern); }
     std::string Archive() const { return folder / "Survey/Survey.ZIP"; }
     /// What a shell command prints, by lines; the command must succeed.
     Texts Lines(const std::string& command) const {
@@ -127,7 +125,7 @@ TEST_F(JobPackageTest, UnpacksBesideTheArchive) {
     fs::copy(Archive(), folder / "Job7.zip");
     folder.Write("Job7/photos/A.jpg", "old");
     folder.Write("Job7/other.txt", "stays");
-    frmZip2(session).UnZipJobFolder(folder / "Job7.ZIP");
+    frmZip2(run).UnZipJobFolder(folder / "Job7.ZIP");
     EXPECT_EQ(test::TempFolder::Read(folder / "Job7/Größe.DBF"), "x");
     EXPECT_EQ(test::TempFolder::Read(folder / "Job7/photos/a.JPG"), "jpg");
     EXPECT_EQ(Lines("find Job7 -type f | wc -l"), Texts{"3"});
@@ -157,7 +155,7 @@ TEST_F(JobPackageTest, RefusesHostileArchivesBeforeWriting) {
     };
     for (const Case& c : cases) {
         WriteArchive(folder / "In.zip", c.entries);
-        std::string error = test::ErrorOf([&] { frmZip2(session).UnZipJobFolder(folder / "In.zip"); });
+        std::string error = test::ErrorOf([&] { frmZip2(run).UnZipJobFolder(folder / "In.zip"); });
         EXPECT_TRUE(error.starts_with(folder / "In.zip: ")) << error;
         EXPECT_NE(error.find(c.reason), std::string::npos) << error;
         EXPECT_FALSE(fs::exists(folder / "In")) << c.reason;
@@ -188,7 +186,7 @@ TEST_F(JobPackageTest, FailingHalfWayTakesBackWhatIsNew) {
     folder.Write("In/old.txt", "before");
     fs::create_directory(folder / "outside");
     fs::create_directory_symlink("../outside", folder / "In/sub");
-    EXPECT_THROW(frmZip2(session).UnZipJobFolder(folder / "In.zip"), platform::ReadError);
+    EXPECT_THROW(frmZip2(run).UnZipJobFolder(folder / "In.zip"), platform::ReadError);
     EXPECT_TRUE(fs::is_empty(folder / "outside"));
     EXPECT_FALSE(fs::exists(folder / "In/new.txt"));
     EXPECT_TRUE(fs::exists(folder / "In/OLD.txt"));

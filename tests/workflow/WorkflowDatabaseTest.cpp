@@ -38,11 +38,11 @@ protected:
         } else {
             folder_.Write("gv.ini", "[WORKFLOW]\nCONNECTION=" + ConnectionString() + "\n");
         }
-        session_.Settings().IniFilePath = folder_ / "gv.ini";
+        run_.Settings().IniFilePath = folder_ / "gv.ini";
     }
 
     test::TestUi ui_;
-    config::Session session_{ui_};
+    config::Run run_{ui_};
 };
 
 TEST_P(WorkflowTest, RecordsWhatWasDoneWithAJob) {
@@ -52,11 +52,11 @@ TEST_P(WorkflowTest, RecordsWhatWasDoneWithAJob) {
     const std::string user = platform::CurrentUser();
     Texts log, headers;
     for (const Job& j : jobs) {
-        RecordJobAction(session_, j.project, j.job, j.engineer, "Imported", morning);
-        EXPECT_FALSE(JobWasExported(session_, j.engineer, j.project, j.job));
-        RecordJobAction(session_, j.project, j.job, j.engineer, "Exported to SHP", evening);
-        EXPECT_TRUE(JobWasExported(session_, j.engineer, j.project, j.job));
-        EXPECT_FALSE(JobWasExported(session_, j.engineer, j.project, "other"));
+        RecordJobAction(run_, j.project, j.job, j.engineer, "Imported", morning);
+        EXPECT_FALSE(JobWasExported(run_, j.engineer, j.project, j.job));
+        RecordJobAction(run_, j.project, j.job, j.engineer, "Exported to SHP", evening);
+        EXPECT_TRUE(JobWasExported(run_, j.engineer, j.project, j.job));
+        EXPECT_FALSE(JobWasExported(run_, j.engineer, j.project, "other"));
         std::string key = j.engineer + "|" + j.project + "|" + j.job + "|";
         log.push_back(key + "Imported|2024-03-05 09:07:00|" + user);
         log.push_back(key + "Exported to SHP|2024-03-05 21:00:30|" + user);
@@ -73,12 +73,12 @@ TEST_P(WorkflowTest, RecordsWhatWasDoneWithAJob) {
 }
 
 TEST_P(WorkflowTest, CountsAClosingAsAnExportAndLeavesSystemJobsAlone) {
-    RecordJobAction(session_, "P", "J", "e", "CLOSED", morning);
-    EXPECT_TRUE(JobWasExported(session_, "e", "P", "J"));
-    RecordJobAction(session_, "P", "J2", "System", "Exported to SHP", morning);
-    RecordJobAction(session_, "", "never seen", "e", "Exported to SHP", morning);
+    RecordJobAction(run_, "P", "J", "e", "CLOSED", morning);
+    EXPECT_TRUE(JobWasExported(run_, "e", "P", "J"));
+    RecordJobAction(run_, "P", "J2", "System", "Exported to SHP", morning);
+    RecordJobAction(run_, "", "never seen", "e", "Exported to SHP", morning);
     EXPECT_EQ(Rows(R"(SELECT "Job" FROM "ActionTbl")"), Texts{"J"});
-    RecordJobAction(session_, "", "J", "somebody", "Exported to MID", evening);
+    RecordJobAction(run_, "", "J", "somebody", "Exported to MID", evening);
     EXPECT_EQ(Rows(R"(SELECT "Project","Engineer" FROM "ActionTbl" WHERE "ActionDesc"='Exported to MID')"),
               Texts{"P|e"});
     EXPECT_EQ(Rows(R"(SELECT "Engineer","Current Status" FROM "JobHdr")"), Texts{"e|Exported to MID"});
@@ -86,7 +86,7 @@ TEST_P(WorkflowTest, CountsAClosingAsAnExportAndLeavesSystemJobsAlone) {
 
 TEST_P(WorkflowTest, SixteenExportsAtOnceLoseNoRow) {
     auto record = [this](int) {
-        RecordJobAction(session_, "P'1", "Jøb", "e", "Exported to SHP", morning);
+        RecordJobAction(run_, "P'1", "Jøb", "e", "Exported to SHP", morning);
         for (const std::string& message : ui_.messages) std::fprintf(stderr, "%s\n", message.c_str());
         return ui_.messages.empty();
     };
@@ -106,23 +106,23 @@ TEST_P(WorkflowTest, SixteenExportsAtOnceLoseNoRow) {
 
 TEST_P(WorkflowTest, AsksBeforeAnExportIsRepeated) {
     const std::string question = "Warning this Job has previously been exported!\nContinue?";
-    EXPECT_TRUE(ConfirmExportAllowed(session_));
-    session_.Settings().JobRelativePath = "e\\P\\sub/Survey.VDF";
-    EXPECT_TRUE(ConfirmExportAllowed(session_));
+    EXPECT_TRUE(ConfirmExportAllowed(run_));
+    run_.Settings().JobRelativePath = "e\\P\\sub/Survey.VDF";
+    EXPECT_TRUE(ConfirmExportAllowed(run_));
     EXPECT_EQ(ui_.questions, Texts{});
-    RecordJobAction(session_, "P", "Survey", "e", "Exported to SHP", morning);
+    RecordJobAction(run_, "P", "Survey", "e", "Exported to SHP", morning);
     ui_.answers = {true, false};
-    EXPECT_TRUE(ConfirmExportAllowed(session_));
-    EXPECT_FALSE(ConfirmExportAllowed(session_));
+    EXPECT_TRUE(ConfirmExportAllowed(run_));
+    EXPECT_FALSE(ConfirmExportAllowed(run_));
     EXPECT_EQ(ui_.questions, (Texts{question, question}));
-    session_.Settings().Quiet = true;
-    EXPECT_TRUE(ConfirmExportAllowed(session_));
+    run_.Settings().Quiet = true;
+    EXPECT_TRUE(ConfirmExportAllowed(run_));
     EXPECT_EQ(ui_.questions.size(), 2U);
 }
 
 TEST_P(WorkflowTest, DebugModeTellsWhatItDoes) {
-    session_.Settings().DebugMode = true;
-    RecordJobAction(session_, "P", "J", "e", "CLOSED", morning);
+    run_.Settings().DebugMode = true;
+    RecordJobAction(run_, "P", "J", "e", "CLOSED", morning);
     ASSERT_EQ(ui_.messages.size(), 2U);
     EXPECT_EQ(ui_.messages[0], "About To Connect");
     EXPECT_TRUE(ui_.messages[1].starts_with("INSERT INTO \"ActionTbl\"")) << ui_.messages[1];
@@ -138,8 +138,8 @@ protected:
     /// The messages of recording and of asking.
     Texts Messages() {
         ui.messages.clear();
-        RecordJobAction(session, "P", "J", "e", "CLOSED", morning);
-        EXPECT_FALSE(JobWasExported(session, "e", "P", "J"));
+        RecordJobAction(run, "P", "J", "e", "CLOSED", morning);
+        EXPECT_FALSE(JobWasExported(run, "e", "P", "J"));
         return ui.messages;
     }
 };
@@ -172,8 +172,8 @@ TEST_F(WorkflowFileTest, TellsWhatIsWrongWithTheFile) {
 TEST_F(WorkflowFileTest, NothingIsConfigured) {
     Ini("");
     EXPECT_EQ(Messages(), Texts{});
-    session.Settings().JobRelativePath = "e\\P\\J.VDF";
-    EXPECT_TRUE(ConfirmExportAllowed(session));
+    run.Settings().JobRelativePath = "e\\P\\J.VDF";
+    EXPECT_TRUE(ConfirmExportAllowed(run));
 }
 
 /// Gives root's rights up for a while, which read-only files do not bind.
@@ -199,9 +199,9 @@ TEST_F(WorkflowFileTest, ReadOnlyDatabaseLosesTheActionOnly) {
 
 TEST_F(WorkflowFileTest, CreatingNeverOverwrites) {
     CreateWorkflowDatabase(File());
-    RecordJobAction(session, "P", "J", "e", "CLOSED", morning);
+    RecordJobAction(run, "P", "J", "e", "CLOSED", morning);
     CreateWorkflowDatabase(folder / "workflow.mdb");
-    EXPECT_TRUE(JobWasExported(session, "E", "p", "j")) << "folder names differ by more than case";
+    EXPECT_TRUE(JobWasExported(run, "E", "p", "j")) << "folder names differ by more than case";
     std::size_t files = 0;
     for ([[maybe_unused]] const auto& entry : fs::directory_iterator(folder.Path())) ++files;
     EXPECT_EQ(files, 2U);

@@ -35,22 +35,22 @@ std::size_t MemoryFrom(const std::string& megabytes) {
 
 }  // namespace
 
-BuildSettings::BuildSettings(config::Session& session, std::string_view drawingPath,
+BuildSettings::BuildSettings(config::Run& run, std::string_view drawingPath,
                              std::string_view styleFile)
-    : createDxf(session.ReadIniFlag("GRP", "CREATEDXF")),
-      keepSymbols(session.ReadIniFlag("GRP", "DONTEXPLODE")),
-      fullPolygons(session.ReadIniFlag("GRP", "GENFULLPOLYS") || HasInfoFile(drawingPath)),
-      memoryBytes(MemoryFrom(session.ReadIni("GRP", "MEMORYMB"))),
-      attributes(session.ReadIni("GRP", "AttributeList")),
-      mobileStyles(ReadStyleText(session.ReadIni("MOBILESTYLING", "FILE"))) {
+    : createDxf(run.ReadIniFlag("GRP", "CREATEDXF")),
+      keepSymbols(run.ReadIniFlag("GRP", "DONTEXPLODE")),
+      fullPolygons(run.ReadIniFlag("GRP", "GENFULLPOLYS") || HasInfoFile(drawingPath)),
+      memoryBytes(MemoryFrom(run.ReadIni("GRP", "MEMORYMB"))),
+      attributes(run.ReadIni("GRP", "AttributeList")),
+      mobileStyles(ReadStyleText(run.ReadIni("MOBILESTYLING", "FILE"))) {
     if (platform::FileExists(styleFile)) {
         style = LoadBackgroundStyle(styleFile);
         return;
     }
     if (!styleFile.empty())
-        session.Ui().ShowMessage("Style file not found: " + platform::NativePath(styleFile));
-    style.layerOnField = session.ReadIni("LAYERON", "FIELD");
-    style.searchOnField = session.ReadIni("SEARCHON", "FIELD");
+        run.Ui().ShowMessage("Style file not found: " + platform::NativePath(styleFile));
+    style.layerOnField = run.ReadIni("LAYERON", "FIELD");
+    style.searchOnField = run.ReadIni("SEARCHON", "FIELD");
 }
 
 void BuildSettings::ListOptimisedAttributes(const drawing::Drawing& drawing) {

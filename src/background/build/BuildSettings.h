@@ -5,7 +5,7 @@
 #include "background/build/AttributeList.h"
 #include "background/styling/MobileStyles.h"
 #include "background/styling/modGRPstyling.h"
-#include "config/Session.h"
+#include "config/Run.h"
 #include "drawing/Drawing.h"
 
 #include <cstddef>
@@ -18,7 +18,7 @@ struct BuildSettings {
     /// Reads [GRP] and [MOBILESTYLING] of gv.ini and a background styling file ("" for none). One that is
     /// not there is told and counts as none. Without one, what gv.ini says of layers and search is taken.
     /// @throws platform::ReadError for a style file, or mobile style file, that cannot be read
-    BuildSettings(config::Session& session, std::string_view drawingPath, std::string_view styleFile);
+    BuildSettings(config::Run& run, std::string_view drawingPath, std::string_view styleFile);
 
     /// With few layers, the optimised attributes of the style make one more group of the attribute list.
     void ListOptimisedAttributes(const drawing::Drawing& drawing);

@@ -40,15 +40,15 @@ std::optional<double> PositiveOnly(std::optional<double> height) {
 
 }  // namespace
 
-EntityWalk::EntityWalk(config::Session& session, const BuildSettings& settings, drawing::DrawingFile& drawing,
+EntityWalk::EntityWalk(config::Run& run, const BuildSettings& settings, drawing::DrawingFile& drawing,
                        FeatureHeaders& headers, PackageWriter& writer, ui::FormView& view)
-    : session_(session),
+    : run_(run),
       settings_(settings),
       drawing_(drawing),
       headers_(headers),
       writer_(writer),
       view_(view),
-      symbols_(drawing.Current(), session.Ui()),
+      symbols_(drawing.Current(), run.Ui()),
       annotation_(settings.style.annotationFields),
       annotationHeight_(PositiveOnly(settings.style.FixedAnnotationHeight())) {}
 
@@ -101,7 +101,7 @@ void EntityWalk::SetTileSizeByDensity() {
     double size = std::max(std::floor(side / std::sqrt(tiles)), leastTileSize);
     if (!std::isfinite(size)) return;
     writer_.SetDefaultTileSize(size);
-    session_.Ui().Beep();
+    run_.Ui().Beep();
 }
 
 bool EntityWalk::IsUnfolded(Kind kind) const {
@@ -262,8 +262,8 @@ void EntityWalk::Annotate(const Item& item, AnnotationPlace place) {
 }
 
 void EntityWalk::ReportSkipped() const {
-    ShowCount(session_.Ui(), withoutParts_, "Symbols and entities that draw nothing, not in the package");
-    ShowCount(session_.Ui(), tooDeep_, "Symbols too deep in other symbols, not in the package");
+    ShowCount(run_.Ui(), withoutParts_, "Symbols and entities that draw nothing, not in the package");
+    ShowCount(run_.Ui(), tooDeep_, "Symbols too deep in other symbols, not in the package");
 }
 
 }  // namespace vexlator::background

@@ -11,7 +11,7 @@
 #include "background/build/Symbols.h"
 #include "background/package/PackageWriter.h"
 #include "background/styling/AnnotationText.h"
-#include "config/Session.h"
+#include "config/Run.h"
 #include "drawing/DrawingFile.h"
 
 #include <cstdint>
@@ -28,7 +28,7 @@ namespace vexlator::background {
 /// drawing.
 class EntityWalk {
 public:
-    EntityWalk(config::Session& session, const BuildSettings& settings, drawing::DrawingFile& drawing,
+    EntityWalk(config::Run& run, const BuildSettings& settings, drawing::DrawingFile& drawing,
                FeatureHeaders& headers, PackageWriter& writer, ui::FormView& view);
     /// Returns how many entities were taken, parts not counted.
     /// @throws platform::ReadError for a damaged drawing, platform::WriteError
@@ -77,7 +77,7 @@ private:
     void Annotate(const Item& item, AnnotationPlace place);
     void ReportSkipped() const;
 
-    config::Session& session_;
+    config::Run& run_;
     const BuildSettings& settings_;
     drawing::DrawingFile& drawing_;
     FeatureHeaders& headers_;

@@ -46,10 +46,10 @@ StyleCell CellOf(const drawing::Entity& entity) {
     }
 }
 
-FeatureHeaders::FeatureHeaders(config::Session& session, const BuildSettings& settings,
+FeatureHeaders::FeatureHeaders(config::Run& run, const BuildSettings& settings,
                                drawing::DrawingFile& drawing, PackageWriter& writer)
     : kind_(KindOf(drawing)),
-      classifier_(session),
+      classifier_(run),
       records_(settings.attributes, settings.style.searchOnField, writer),
       styles_(settings.style.rows, settings.mobileStyles),
       isClassifiedMode_(settings.style.rows.empty() && FirstPolylineIsClassified(classifier_, drawing)) {

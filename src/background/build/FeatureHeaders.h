@@ -7,7 +7,7 @@
 #include "background/classification/Classifier.h"
 #include "background/package/FeatureHeader.h"
 #include "background/styling/LayerStyles.h"
-#include "config/Session.h"
+#include "config/Run.h"
 #include "drawing/DrawingFile.h"
 
 #include <cstddef>
@@ -38,7 +38,7 @@ class FeatureHeaders {
 public:
     /// Writes the layers into the layer file, where elements refer to them.
     /// @throws platform::ReadError for a damaged drawing
-    FeatureHeaders(config::Session& session, const BuildSettings& settings, drawing::DrawingFile& drawing,
+    FeatureHeaders(config::Run& run, const BuildSettings& settings, drawing::DrawingFile& drawing,
                    PackageWriter& writer);
     /// Writes the records of a chunk's entities into the layer file, and gathers the gazetteer. Each chunk in
     /// turn, before the headers of its entities are asked for.

@@ -36,20 +36,20 @@ Target TargetOf(std::string_view path) {
 
 config::Outcome frmGRP::Start(std::string_view drawingPath, std::string_view targetPath,
                               std::string_view styleFile) {
-    ui::UserInterface& ui = session_.Ui();
+    ui::UserInterface& ui = run_.Ui();
     std::unique_ptr<ui::FormView> view = ui.ShowForm("frmGRP");
-    BuildSettings settings(session_, drawingPath, styleFile);
+    BuildSettings settings(run_, drawingPath, styleFile);
     Target target = TargetOf(targetPath);
     util::MakeFolder(util::FolderOf(target.index));
-    if (settings.createDxf) ConvertVDFtoDXF(session_, drawingPath, target.dxf);
+    if (settings.createDxf) ConvertVDFtoDXF(run_, drawingPath, target.dxf);
     drawing::DrawingFile drawing(drawingPath);
     ui.Settle(0.5);
     settings.ListOptimisedAttributes(drawing.Current());
 
     PackageWriter writer(target.index, ui, settings.memoryBytes);
-    FeatureHeaders headers(session_, settings, drawing, writer);
+    FeatureHeaders headers(run_, settings, drawing, writer);
     config::Outcome outcome{.target = target.index};
-    outcome.features = EntityWalk(session_, settings, drawing, headers, writer, *view).Run();
+    outcome.features = EntityWalk(run_, settings, drawing, headers, writer, *view).Run();
     outcome.layers = headers.LayersMet();
     view->SetLabel("Completed!");
     ui.Settle(1);
@@ -59,15 +59,15 @@ config::Outcome frmGRP::Start(std::string_view drawingPath, std::string_view tar
     return outcome;
 }
 
-void ConvertVDFtoDXF(config::Session& session, std::string_view drawingPath, std::string_view dxfPath) {
-    std::string converter = util::VectorDrawConverterPath(session.Settings().ProgramFolder);
-    if (util::FileSize(converter) == 0) return session.Ui().ShowMessage("No VDCONV application located");
+void ConvertVDFtoDXF(config::Run& run, std::string_view drawingPath, std::string_view dxfPath) {
+    std::string converter = util::VectorDrawConverterPath(run.Settings().ProgramFolder);
+    if (util::FileSize(converter) == 0) return run.Ui().ShowMessage("No VDCONV application located");
     platform::RemoveFile(dxfPath);
     // The converter takes its parameters separated by question marks: version, size and what to draw.
     util::RunAndWait(converter + " ? " + std::string(drawingPath) + " ? " + std::string(dxfPath) +
                          " ? 500 ? 1024 ? 768 ? 0 ? 0 ? 0 ? 1",
-                     session.Ui());
-    if (util::FileSize(dxfPath) == 0) session.Ui().ShowMessage("No Converted File Located");
+                     run.Ui());
+    if (util::FileSize(dxfPath) == 0) run.Ui().ShowMessage("No Converted File Located");
 }
 
 }  // namespace vexlator::background

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "config/Outcome.h"
-#include "config/Session.h"
+#include "config/Run.h"
 
 #include <string_view>
 
@@ -12,7 +12,7 @@ namespace vexlator::background {
 /// A drawing becomes a background package, which the device shows under a crew's work.
 class frmGRP {
 public:
-    explicit frmGRP(config::Session& session) : session_(session) {}
+    explicit frmGRP(config::Run& run) : run_(run) {}
 
     /// @param targetPath the package's folder, which gives it its name; or, when its last part contains a
     /// full stop and is no folder, the path of the index file
@@ -23,10 +23,10 @@ public:
                           std::string_view styleFile);
 
 private:
-    config::Session& session_;
+    config::Run& run_;
 };
 
 /// Has the CAD converter program write a drawing as DXF; tells when no file comes of it.
-void ConvertVDFtoDXF(config::Session& session, std::string_view drawingPath, std::string_view dxfPath);
+void ConvertVDFtoDXF(config::Run& run, std::string_view drawingPath, std::string_view dxfPath);
 
 }  // namespace vexlator::background

@@ -120,8 +120,8 @@ bool IsClassifiedDrawing(const drawing::Entity& firstEntity) {
     return has("TOID") && has("MAKE") && (has("THEME") || has("THEMES"));
 }
 
-Classifier::Classifier(const config::Session& session)
-    : featureCodeFile_(util::JoinPath(session.Settings().ProgramFolder, "NImastermap.ini")),
+Classifier::Classifier(const config::Run& run)
+    : featureCodeFile_(util::JoinPath(run.Settings().ProgramFolder, "NImastermap.ini")),
       themes_(CodesOf(themeTexts)),
       makes_(CodesOf(makeTexts)),
       groups_(CodesOf(groupTexts)) {}

@@ -5,7 +5,7 @@
 #include "background/PerAttributeSet.h"
 #include "background/package/FeatureHeader.h"
 #include "config/Ini.h"
-#include "config/Session.h"
+#include "config/Run.h"
 #include "drawing/Drawing.h"
 #include "util/NoCaseMap.h"
 
@@ -34,7 +34,7 @@ bool IsClassifiedDrawing(const drawing::Entity& firstEntity);
 class Classifier {
 public:
     /// NImastermap.ini is looked for in the session's program folder, when the first feature code needs it.
-    explicit Classifier(const config::Session& session);
+    explicit Classifier(const config::Run& run);
 
     /// Fills the whole header: first with what it holds when nothing is known, then from one attribute after
     /// the other; later ones win, and a text that is in no table gives the value of nothing known. True when

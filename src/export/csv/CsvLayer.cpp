@@ -62,16 +62,16 @@ std::vector<std::string> HeaderNames(const ExportLayer& layer, const drawing::Dr
     return names.Take();
 }
 
-CsvLayer::CsvLayer(config::Session& session, const CsvSettings& settings, coords::frmLatLng* converter,
+CsvLayer::CsvLayer(config::Run& run, const CsvSettings& settings, coords::frmLatLng* converter,
                    const ExportLayer& layer, std::vector<std::string> columns, formats::CsvWriter& writer,
                    bool isFirst)
-    : session_(session),
+    : run_(run),
       settings_(settings),
       converter_(converter),
       layer_(layer),
       writer_(writer),
       columns_(std::move(columns)),
-      match_(session, layer.layer.name, NamesForAttributes(columns_)),
+      match_(run, layer.layer.name, NamesForAttributes(columns_)),
       isFirst_(isFirst),
       losses_(columns_.size()) {}
 
@@ -198,12 +198,12 @@ void CsvLayer::AddValue(std::string_view value) {
 
 void CsvLayer::CountLosses(std::string_view column, const formats::CsvLosses& losses) {
     using enum config::LossReport::Kind;
-    session_.Losses().Count(Broken, layer_.layer.name, column, losses.broken);
-    session_.Losses().Count(Replaced, layer_.layer.name, column, losses.replaced);
+    run_.Losses().Count(Broken, layer_.layer.name, column, losses.broken);
+    run_.Losses().Count(Replaced, layer_.layer.name, column, losses.replaced);
 }
 
 void CsvLayer::Report() {
-    leftOut_.Report(session_, layer_.layer.name);
+    leftOut_.Report(run_, layer_.layer.name);
     match_.Report();
     formats::CsvLosses ofNames = allLosses_;  // which stand in the header and in every row
     for (std::size_t column = 0; column < losses_.size(); ++column) {
@@ -212,8 +212,8 @@ void CsvLayer::Report() {
     }
     CountLosses("", ofNames);
     if (unconverted_ > 0)
-        session_.Ui().Report(layer_.layer.name + ": " + util::Counted(unconverted_, "point") +
-                             " outside the coordinate conversion, left in grid coordinates");
+        run_.Ui().Report(layer_.layer.name + ": " + util::Counted(unconverted_, "point") +
+                         " outside the coordinate conversion, left in grid coordinates");
 }
 
 }  // namespace vexlator::exporter

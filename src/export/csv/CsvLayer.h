@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "coords/frmLatLng.h"
 #include "drawing/Drawing.h"
 #include "export/ColumnMatch.h"
@@ -28,7 +28,7 @@ class CsvLayer {
 public:
     /// `columns` are HeaderNames(). `converter` is there when points are to be in latitude and longitude,
     /// else null. `isFirst`: no other layer stands before this one in the file.
-    CsvLayer(config::Session& session, const CsvSettings& settings, coords::frmLatLng* converter,
+    CsvLayer(config::Run& run, const CsvSettings& settings, coords::frmLatLng* converter,
              const ExportLayer& layer, std::vector<std::string> columns, formats::CsvWriter& writer,
              bool isFirst);
 
@@ -58,7 +58,7 @@ private:
     void CountLosses(std::string_view column, const formats::CsvLosses& losses);
     void Report();
 
-    config::Session& session_;
+    config::Run& run_;
     const CsvSettings& settings_;
     coords::frmLatLng* converter_;
     const ExportLayer& layer_;

@@ -9,22 +9,22 @@
 
 namespace vexlator::exporter {
 
-CsvSettings ReadCsvSettings(const config::Session& session, CsvFlavour flavour) {
+CsvSettings ReadCsvSettings(const config::Run& run, CsvFlavour flavour) {
     CsvSettings settings;
-    settings.hyperlinks = !session.ReadIni("PHOTO", "ExportAsHyperlinks").empty();
+    settings.hyperlinks = !run.ReadIni("PHOTO", "ExportAsHyperlinks").empty();
     if (flavour == CsvFlavour::Asc) return settings;
-    auto flag = [&](std::string_view key) { return session.ReadIniFlag("CSV", key); };
+    auto flag = [&](std::string_view key) { return run.ReadIniFlag("CSV", key); };
     settings.extension = ".CSV";
     settings.sepFiles = flag("SepFiles");
-    settings.header = session.ReadIni("CSV", "header") != "0";
-    settings.coords = session.ReadIni("CSV", "Coords") != "0";
+    settings.header = run.ReadIni("CSV", "header") != "0";
+    settings.coords = run.ReadIni("CSV", "Coords") != "0";
     settings.latLng = flag("LatLng");
     settings.suppressNA = flag("SuppressNA");
     settings.multiXYZ = flag("MultiXYZ");
-    std::string decimals = session.ReadIni("CSV", "DP");
+    std::string decimals = run.ReadIni("CSV", "DP");
     if (!decimals.empty())
         settings.decimals = static_cast<int>(std::clamp<std::int64_t>(util::IntegerOf(decimals), 0, 15));
-    settings.layout.separator = session.ReadIni("CSV", "Separator") == "TAB" ? '\t' : ',';
+    settings.layout.separator = run.ReadIni("CSV", "Separator") == "TAB" ? '\t' : ',';
     settings.layout.quote = flag("Quote");
     settings.layout.safeFormulas = flag("SafeFormulas");
     settings.layout.byteOrderMark = flag("BOM");

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "formats/csv/CsvWriter.h"
 
 #include <string_view>
@@ -26,6 +26,6 @@ struct CsvSettings {
     formats::CsvLayout layout{.separator = '\t'};
 };
 
-CsvSettings ReadCsvSettings(const config::Session& session, CsvFlavour flavour);
+CsvSettings ReadCsvSettings(const config::Run& run, CsvFlavour flavour);
 
 }  // namespace vexlator::exporter

@@ -77,23 +77,23 @@ private:
 }  // namespace
 
 config::Outcome frmCSV::Start(std::string_view drawingPath, std::string_view targetPath, int asc) {
-    CsvSettings settings = ReadCsvSettings(session_, asc == 1 ? CsvFlavour::Asc : CsvFlavour::Csv);
-    BegunExport run = BeginExport(session_, "frmCSV", drawingPath, targetPath,
-                                  settings.extension == ".CSV" ? "LST" : "CSV");
-    if (run.IsStopped()) return run.outcome;
+    CsvSettings settings = ReadCsvSettings(run_, asc == 1 ? CsvFlavour::Asc : CsvFlavour::Csv);
+    BegunExport begun =
+        BeginExport(run_, "frmCSV", drawingPath, targetPath, settings.extension == ".CSV" ? "LST" : "CSV");
+    if (begun.IsStopped()) return begun.outcome;
     std::unique_ptr<coords::frmLatLng> converter;
-    if (settings.latLng) converter = std::make_unique<coords::frmLatLng>(session_);
+    if (settings.latLng) converter = std::make_unique<coords::frmLatLng>(run_);
 
-    std::vector<ExportLayer> layers = FindLayers(run, LayerZero::Skip);
-    CsvFiles files(settings, targetPath, ProjectPrefix(session_) + util::BaseNameOf(drawingPath), layers);
+    std::vector<ExportLayer> layers = FindLayers(begun, LayerZero::Skip);
+    CsvFiles files(settings, targetPath, ProjectPrefix(run_) + util::BaseNameOf(drawingPath), layers);
     std::deque<CsvLayer> blocks;
-    bool byName = session_.Settings().MatchNames;
+    bool byName = run_.Settings().MatchNames;
     for (const ExportLayer& layer : layers)
-        blocks.emplace_back(session_, settings, converter.get(), layer,
-                            HeaderNames(layer, run.file->Current(), byName), files.WriterOf(blocks.size()),
+        blocks.emplace_back(run_, settings, converter.get(), layer,
+                            HeaderNames(layer, begun.file->Current(), byName), files.WriterOf(blocks.size()),
                             files.IsFirstInFile(blocks.size()));
     WriteLayers(
-        session_, run, layers,
+        run_, begun, layers,
         [&](std::size_t layer, const LayerPart& part) {
             files.Begin(layer);
             blocks[layer].Write(part);
@@ -101,10 +101,10 @@ config::Outcome frmCSV::Start(std::string_view drawingPath, std::string_view tar
         },
         [&](std::size_t layer) { return blocks[layer].Finish(); });
     files.Commit();
-    if (session_.Settings().AutoLaunchExport)
+    if (run_.Settings().AutoLaunchExport)
         for (const std::string& path : files.Paths()) util::OpenDocument(path);
-    session_.Ui().Settle(1);
-    return run.outcome;
+    run_.Ui().Settle(1);
+    return begun.outcome;
 }
 
 }  // namespace vexlator::exporter

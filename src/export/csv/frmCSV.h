@@ -3,7 +3,7 @@
 #pragma once
 
 #include "config/Outcome.h"
-#include "config/Session.h"
+#include "config/Run.h"
 
 #include <string_view>
 
@@ -14,7 +14,7 @@ namespace vexlator::exporter {
 /// Layer "0" is left out.
 class frmCSV {
 public:
-    explicit frmCSV(config::Session& session) : session_(session) {}
+    explicit frmCSV(config::Run& run) : run_(run) {}
 
     /// Writes into the folder `targetPath`, which exists: .ASC files, by fixed settings, when `asc` is 1,
     /// else .CSV files. The files appear together at the end; where none has the drawing's name, an older one
@@ -23,7 +23,7 @@ public:
     config::Outcome Start(std::string_view drawingPath, std::string_view targetPath, int asc);
 
 private:
-    config::Session& session_;
+    config::Run& run_;
 };
 
 }  // namespace vexlator::exporter

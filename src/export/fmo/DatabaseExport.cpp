@@ -82,18 +82,17 @@ std::string PlaceOf(const drawing::Entity& last, const FeatureTable& table) {
 
 }  // namespace
 
-DatabaseExport::DatabaseExport(config::Session& session, drawing::Drawing& drawing, DefinitionFolders folders,
+DatabaseExport::DatabaseExport(config::Run& run, drawing::Drawing& drawing, DefinitionFolders folders,
                                ui::FormView& view)
-    : session_(session), drawing_(drawing), folders_(std::move(folders)), view_(view), databases_(session) {}
+    : run_(run), drawing_(drawing), folders_(std::move(folders)), view_(view), databases_(run) {}
 
 config::Outcome DatabaseExport::Run() {
     outcome_.target = folders_.target;
-    ForEachLayer(session_, drawing_, view_, LayerZero::Skip,
-                 [&](const WholeLayer& layer) { AddTarget(layer); });
+    ForEachLayer(run_, drawing_, view_, LayerZero::Skip, [&](const WholeLayer& layer) { AddTarget(layer); });
     if (outcome_.status == config::Outcome::Status::Done && !databases_.OpenAll())
         outcome_.status = config::Outcome::Status::Failed;
     if (outcome_.status != config::Outcome::Status::Done) return outcome_;
-    ForEachLayer(session_, drawing_, view_, LayerZero::Skip,
+    ForEachLayer(run_, drawing_, view_, LayerZero::Skip,
                  [&](const WholeLayer& layer) { ExportLayerRows(layer); });
     files_.Finish();
     try {
@@ -120,7 +119,7 @@ void DatabaseExport::AddTarget(const WholeLayer& layer) {
 void DatabaseExport::LeaveOut(const WholeLayer& layer) {
     LeftOutEntities leftOut;
     for (std::uint32_t index : layer.set.indexes()) leftOut.Add(layer.set.entity(index).kindCode());
-    leftOut.Report(session_, layer.layer.name);
+    leftOut.Report(run_, layer.layer.name);
 }
 
 void DatabaseExport::ExportLayerRows(const WholeLayer& layer) {
@@ -136,13 +135,13 @@ void DatabaseExport::ExportLayerRows(const WholeLayer& layer) {
 }
 
 DatabaseExport::LayerTarget DatabaseExport::TargetOf(const WholeLayer& layer) const {
-    std::string prefix = ProjectPrefix(session_);
+    std::string prefix = ProjectPrefix(run_);
     std::string own = util::JoinPath(folders_.target, util::SafeFileName(prefix + layer.fileName) + ".FMO");
     std::string shared = util::JoinPath(folders_.existing, layer.fileName + ".FMO");
     LayerTarget target;
     FmoDefinition& definition = target.definition;
     if (util::FileSize(own) > 0) {
-        definition = database::ReadFmoDefinition(session_, database::ReadFmoFile(own));
+        definition = database::ReadFmoDefinition(run_, database::ReadFmoFile(own));
         return target;
     }
     if (util::FileSize(shared) == 0) {
@@ -150,7 +149,7 @@ DatabaseExport::LayerTarget DatabaseExport::TargetOf(const WholeLayer& layer) co
         target.newText = DefinitionText(definition);
     } else {
         database::FmoFile file = database::ReadFmoFile(shared);
-        definition = database::ReadFmoDefinition(session_, file);
+        definition = database::ReadFmoDefinition(run_, file);
         definition.table = prefix + definition.table;
         if (folders_.oneDatabase && database::IsDatabaseFile(definition))
             definition.database = folders_.database;
@@ -162,7 +161,7 @@ DatabaseExport::LayerTarget DatabaseExport::TargetOf(const WholeLayer& layer) co
 }
 
 FmoDefinition DatabaseExport::NewDefinition(const WholeLayer& layer, const std::string& prefix) const {
-    std::vector<AtpField> fields = drawing::ReadAtpFields(TemplateFor(session_, layer));
+    std::vector<AtpField> fields = drawing::ReadAtpFields(TemplateFor(run_, layer));
     FmoDefinition definition;
     definition.database = folders_.database;
     definition.table = prefix + layer.layer.name;
@@ -180,18 +179,18 @@ FmoDefinition DatabaseExport::NewDefinition(const WholeLayer& layer, const std::
 /// layer.
 std::vector<AtpField> DatabaseExport::FieldsOf(const WholeLayer& layer, const FmoDefinition& definition,
                                                database::Connection& connection) {
-    std::string path = drawing::AtpPathFor(session_, layer.layer.name);
+    std::string path = drawing::AtpPathFor(run_, layer.layer.name);
     if (util::FileSize(path) == 0)
         if (auto table = database::Table::Find(connection, definition.table))
             drawing::WriteAtpFromFields(path, TemplateNames(definition, *table));
-    return drawing::ReadAtpFields(TemplateFor(session_, layer));
+    return drawing::ReadAtpFields(TemplateFor(run_, layer));
 }
 
 void DatabaseExport::WriteRows(const WholeLayer& layer, const LayerTarget& target) {
     place_.clear();
     ExportDatabases::Open& open = databases_.Named(target.databaseName);
     FeatureColumns columns(target.definition, FieldsOf(layer, target.definition, *open.connection), layer.set,
-                           session_.Settings().MatchNames);
+                           run_.Settings().MatchNames);
     FeatureTable table(*open.connection, *open.transaction, target.definition, columns);
     std::uint64_t done = 0, written = 0;
     LeftOutEntities leftOut;
@@ -214,23 +213,23 @@ void DatabaseExport::WriteRows(const WholeLayer& layer, const LayerTarget& targe
     if (!target.newText.empty()) files_.Add(target.definition.definitionPath).Write(target.newText);
     ++outcome_.layers;
     outcome_.features += written;
-    ReportOtherNames(session_, layer.layer.name, columns.Others());
-    leftOut.Report(session_, layer.layer.name);
+    ReportOtherNames(run_, layer.layer.name, columns.Others());
+    leftOut.Report(run_, layer.layer.name);
 }
 
-config::Outcome ExportToDatabase(config::Session& session, std::string_view form,
-                                 std::string_view drawingPath, std::string_view targetPath,
+config::Outcome ExportToDatabase(config::Run& run, std::string_view form, std::string_view drawingPath,
+                                 std::string_view targetPath,
                                  const std::function<DefinitionFolders()>& folders) {
-    BegunExport run = BeginExport(session, form, drawingPath, targetPath);
-    if (run.IsStopped()) return run.outcome;
+    BegunExport begun = BeginExport(run, form, drawingPath, targetPath);
+    if (begun.IsStopped()) return begun.outcome;
     drawing::Drawing drawing;
-    OpenWhole(run, drawingPath, drawing);
-    drawing::ApplyFeatureChanges(session, drawing, "");
-    return DatabaseExport(session, drawing, folders(), *run.view).Run();
+    OpenWhole(begun, drawingPath, drawing);
+    drawing::ApplyFeatureChanges(run, drawing, "");
+    return DatabaseExport(run, drawing, folders(), *begun.view).Run();
 }
 
-std::string JobDatabaseName(const config::Session& session, std::string_view drawingPath) {
-    std::string job = workflow::JobOf(session).job;
+std::string JobDatabaseName(const config::Run& run, std::string_view drawingPath) {
+    std::string job = workflow::JobOf(run).job;
     return util::SafeFileName(job.empty() ? util::BaseNameOf(drawingPath) : job);
 }
 

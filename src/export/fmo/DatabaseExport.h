@@ -3,7 +3,7 @@
 #pragma once
 
 #include "config/Outcome.h"
-#include "config/Session.h"
+#include "config/Run.h"
 #include "database/FmoDefinition.h"
 #include "drawing/AttributeTemplate.h"
 #include "drawing/Drawing.h"
@@ -30,7 +30,7 @@ struct DefinitionFolders {
 /// Writes a drawing's layers into the tables that their definitions name, all or none of them.
 class DatabaseExport {
 public:
-    DatabaseExport(config::Session& session, drawing::Drawing& drawing, DefinitionFolders folders,
+    DatabaseExport(config::Run& run, drawing::Drawing& drawing, DefinitionFolders folders,
                    ui::FormView& view);
 
     /// @throws platform::WriteError: the database, the table, the feature and the reason. Then, as when the
@@ -55,7 +55,7 @@ private:
                                             database::Connection& connection);
     void WriteRows(const WholeLayer& layer, const LayerTarget& target);
 
-    config::Session& session_;
+    config::Run& run_;
     drawing::Drawing& drawing_;
     DefinitionFolders folders_;
     ui::FormView& view_;
@@ -68,11 +68,11 @@ private:
 
 /// What both database exports do: opens the drawing, renames its features as the settings ask, and writes
 /// its layers. `folders` is called when the drawing's job is known.
-config::Outcome ExportToDatabase(config::Session& session, std::string_view form,
-                                 std::string_view drawingPath, std::string_view targetPath,
+config::Outcome ExportToDatabase(config::Run& run, std::string_view form, std::string_view drawingPath,
+                                 std::string_view targetPath,
                                  const std::function<DefinitionFolders()>& folders);
 
 /// The name of the job's database: that of the drawing's job, else of the drawing.
-std::string JobDatabaseName(const config::Session& session, std::string_view drawingPath);
+std::string JobDatabaseName(const config::Run& run, std::string_view drawingPath);
 
 }  // namespace vexlator::exporter

@@ -42,7 +42,7 @@ void KeepOthersOut(database::Connection& connection) {
 
 std::string ExportDatabases::Add(database::FmoDefinition& definition) {
     MakeDatabase(definition);
-    std::string text = database::BuildConnectionString(session_, definition);
+    std::string text = database::BuildConnectionString(run_, definition);
     std::string name = NameOf(definition, text);
     byName_.try_emplace(name, Database{definition, text, {}});
     return name;
@@ -51,7 +51,7 @@ std::string ExportDatabases::Add(database::FmoDefinition& definition) {
 bool ExportDatabases::OpenAll() {
     for (auto& [name, each] : byName_) {
         Open& open = each.open;
-        open.connection = database::OpenFmoConnection(session_, each.definition, each.connectionString);
+        open.connection = database::OpenFmoConnection(run_, each.definition, each.connectionString);
         if (!open.connection) return false;
         try {
             open.transaction = std::make_unique<database::Transaction>(*open.connection);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "database/Connection.h"
 #include "database/FmoDefinition.h"
 
@@ -21,7 +21,7 @@ public:
         std::unique_ptr<database::Transaction> transaction;
     };
 
-    explicit ExportDatabases(config::Session& session) : session_(session) {}
+    explicit ExportDatabases(config::Run& run) : run_(run) {}
 
     /// Adds the definition's database and returns its name here; a database file that is missing is made.
     /// @throws platform::WriteError
@@ -41,7 +41,7 @@ private:
         Open open;
     };
 
-    config::Session& session_;
+    config::Run& run_;
     std::map<std::string, Database> byName_;
 };
 

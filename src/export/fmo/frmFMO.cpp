@@ -13,13 +13,13 @@ namespace vexlator::exporter {
 
 config::Outcome frmFMO::Start(std::string_view drawingPath, std::string_view fmoDirectory) {
     if (fmoDirectory.empty()) throw platform::WriteError("FMODirectory", "is not set in gv.ini");
-    return ExportToDatabase(session_, "frmFMO", drawingPath, fmoDirectory, [&] {
+    return ExportToDatabase(run_, "frmFMO", drawingPath, fmoDirectory, [&] {
         DefinitionFolders folders;
         folders.existing = folders.target = platform::AbsolutePath(fmoDirectory);
         std::string database = "Features";
-        folders.oneDatabase = session_.ReadIniFlag("GENERAL", "JobBasedMDB");
+        folders.oneDatabase = run_.ReadIniFlag("GENERAL", "JobBasedMDB");
         if (folders.oneDatabase) {
-            database = JobDatabaseName(session_, drawingPath);
+            database = JobDatabaseName(run_, drawingPath);
             folders.target = util::JoinPath(folders.existing, database);
         }
         platform::RequireFolder(folders.target);

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "config/Outcome.h"
-#include "config/Session.h"
+#include "config/Run.h"
 
 #include <string_view>
 
@@ -15,14 +15,14 @@ namespace vexlator::exporter {
 /// a folder of its own below.
 class frmFMO {
 public:
-    explicit frmFMO(config::Session& session) : session_(session) {}
+    explicit frmFMO(config::Run& run) : run_(run) {}
 
     /// @throws platform::ReadError for a drawing that cannot be read, platform::WriteError; then, and when
     /// the outcome is not Done, every table is as it was
     config::Outcome Start(std::string_view drawingPath, std::string_view fmoDirectory);
 
 private:
-    config::Session& session_;
+    config::Run& run_;
 };
 
 }  // namespace vexlator::exporter

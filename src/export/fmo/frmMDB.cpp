@@ -10,14 +10,14 @@
 namespace vexlator::exporter {
 
 config::Outcome frmMDB::Start(std::string_view drawingPath, std::string_view targetPath) {
-    return ExportToDatabase(session_, "frmMDB", drawingPath, targetPath, [&] {
-        bool ofJob = session_.ReadIniFlag("GENERAL", "JobBasedMDB");
+    return ExportToDatabase(run_, "frmMDB", drawingPath, targetPath, [&] {
+        bool ofJob = run_.ReadIniFlag("GENERAL", "JobBasedMDB");
         std::string name =
-            ofJob ? JobDatabaseName(session_, drawingPath) : std::string(util::BaseNameOf(drawingPath));
+            ofJob ? JobDatabaseName(run_, drawingPath) : std::string(util::BaseNameOf(drawingPath));
         DefinitionFolders folders;
         folders.existing = folders.target = platform::AbsolutePath(targetPath);
         folders.database =
-            util::JoinPath(folders.target, util::SafeFileName(ProjectPrefix(session_) + name) + ".MDB");
+            util::JoinPath(folders.target, util::SafeFileName(ProjectPrefix(run_) + name) + ".MDB");
         return folders;
     });
 }

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "config/Outcome.h"
-#include "config/Session.h"
+#include "config/Run.h"
 
 #include <string_view>
 
@@ -14,14 +14,14 @@ namespace vexlator::exporter {
 /// drawing's name, with [GENERAL] JobBasedMDB that of its job.
 class frmMDB {
 public:
-    explicit frmMDB(config::Session& session) : session_(session) {}
+    explicit frmMDB(config::Run& run) : run_(run) {}
 
     /// @throws platform::ReadError for a drawing that cannot be read, platform::WriteError; then, and when
     /// the outcome is not Done, every table is as it was
     config::Outcome Start(std::string_view drawingPath, std::string_view targetPath);
 
 private:
-    config::Session& session_;
+    config::Run& run_;
 };
 
 }  // namespace vexlator::exporter

@@ -39,9 +39,9 @@ std::string_view FirstValue(Entity entity) {
 
 }  // namespace
 
-KmlLayer::KmlLayer(config::Session& session, const KmlSettings& settings, coords::frmLatLng& converter,
+KmlLayer::KmlLayer(config::Run& run, const KmlSettings& settings, coords::frmLatLng& converter,
                    const ExportLayer& layer, formats::KmlWriter& writer)
-    : session_(session), settings_(settings), converter_(converter), layer_(layer), writer_(writer) {}
+    : run_(run), settings_(settings), converter_(converter), layer_(layer), writer_(writer) {}
 
 void KmlLayer::Write(const LayerPart& part) {
     for (Entity entity : part) {
@@ -52,10 +52,10 @@ void KmlLayer::Write(const LayerPart& part) {
 }
 
 std::uint64_t KmlLayer::Finish() {
-    leftOut_.Report(session_, layer_.layer.name);
+    leftOut_.Report(run_, layer_.layer.name);
     if (unplaced_ > 0)
-        session_.Ui().Report(layer_.layer.name + ": " + util::Counted(unplaced_, "placemark") +
-                             " without a place, because the coordinate conversion does not cover it");
+        run_.Ui().Report(layer_.layer.name + ": " + util::Counted(unplaced_, "placemark") +
+                         " without a place, because the coordinate conversion does not cover it");
     return placemarks_;
 }
 
@@ -126,8 +126,8 @@ void KmlLayer::WriteDescription(Entity entity) {
 }
 
 void KmlLayer::CountReplaced(Entity entity, std::size_t value, std::uint64_t characters) {
-    session_.Losses().Count(config::LossReport::Kind::Replaced, layer_.layer.name,
-                            entity.xproperties().name(value), characters);
+    run_.Losses().Count(config::LossReport::Kind::Replaced, layer_.layer.name,
+                        entity.xproperties().name(value), characters);
 }
 
 void KmlLayer::WritePhoto(std::string_view value) {

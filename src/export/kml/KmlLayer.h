@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "coords/frmLatLng.h"
 #include "drawing/Drawing.h"
 #include "export/LayerLoop.h"
@@ -26,7 +26,7 @@ struct KmlSettings {
 /// The placemarks of one layer: its points, symbols and polylines, positions converted to degrees.
 class KmlLayer {
 public:
-    KmlLayer(config::Session& session, const KmlSettings& settings, coords::frmLatLng& converter,
+    KmlLayer(config::Run& run, const KmlSettings& settings, coords::frmLatLng& converter,
              const ExportLayer& layer, formats::KmlWriter& writer);
 
     void Write(const LayerPart& part);
@@ -50,7 +50,7 @@ private:
     void WritePhoto(std::string_view value);
     void WriteGeometry(const Item& item, std::size_t begin);
 
-    config::Session& session_;
+    config::Run& run_;
     const KmlSettings& settings_;
     coords::frmLatLng& converter_;
     const ExportLayer& layer_;

@@ -27,12 +27,12 @@ bool IsPhoto(std::string_view name) {
     return (extension == "JPG" || extension == "BMP") && !IsThumbnail(name);
 }
 
-void MakeThumbnail(config::Session& session, std::string_view folder, std::string_view name) {
+void MakeThumbnail(config::Run& run, std::string_view folder, std::string_view name) {
     std::string bmp;
     try {
         bmp = formats::ThumbnailBmp(util::JoinPath(folder, name), thumbnailSize);
     } catch (const platform::ReadError& error) {
-        session.Ui().Report(std::string("no thumbnail of ") + error.what());
+        run.Ui().Report(std::string("no thumbnail of ") + error.what());
         return;
     }
     std::string path = util::JoinPath(folder, ThumbnailName(name));
@@ -42,12 +42,12 @@ void MakeThumbnail(config::Session& session, std::string_view folder, std::strin
 
 }  // namespace
 
-void MakeThumbnails(config::Session& session, std::string_view folder) {
+void MakeThumbnails(config::Run& run, std::string_view folder) {
     for (const std::string& name : platform::ListFiles(folder))
-        if (IsPhoto(name)) MakeThumbnail(session, folder, name);
+        if (IsPhoto(name)) MakeThumbnail(run, folder, name);
     for (const std::string& name : platform::ListFolders(folder)) {
         std::string below = util::JoinPath(folder, name);
-        if (!platform::IsLink(below)) MakeThumbnails(session, below);
+        if (!platform::IsLink(below)) MakeThumbnails(run, below);
     }
 }
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 
 #include <string_view>
 
@@ -11,6 +11,6 @@ namespace vexlator::exporter {
 /// Makes the thumbnail of every photograph (.JPG, .BMP) in a folder and the folders below it, beside it. One
 /// whose picture cannot be used gets none, and a line says why.
 /// @throws platform::WriteError
-void MakeThumbnails(config::Session& session, std::string_view folder);
+void MakeThumbnails(config::Run& run, std::string_view folder);
 
 }  // namespace vexlator::exporter

@@ -28,34 +28,33 @@ std::string WithSlash(std::string text) {
     return text;
 }
 
-KmlSettings ReadSettings(const config::Session& session, std::string_view targetPath) {
+KmlSettings ReadSettings(const config::Run& run, std::string_view targetPath) {
     KmlSettings settings;
     settings.folder = platform::NativePath(platform::AbsolutePath(targetPath));
-    settings.web = session.ReadIniFlag("PHOTO", "GoogleMaps");
-    settings.photoAddress = WithSlash(EncodedAddress(session.ReadIni("KML", "WebBase"))) +
-                            WithSlash(EncodedPath(session.ReadIni("GENERAL", "Company")));
+    settings.web = run.ReadIniFlag("PHOTO", "GoogleMaps");
+    settings.photoAddress = WithSlash(EncodedAddress(run.ReadIni("KML", "WebBase"))) +
+                            WithSlash(EncodedPath(run.ReadIni("GENERAL", "Company")));
     return settings;
 }
 
 }  // namespace
 
 config::Outcome frmKML::Start(std::string_view drawingPath, std::string_view targetPath) {
-    BegunExport run = BeginExport(session_, "frmKML", drawingPath, targetPath);
-    if (run.IsStopped()) return run.outcome;
+    BegunExport begun = BeginExport(run_, "frmKML", drawingPath, targetPath);
+    if (begun.IsStopped()) return begun.outcome;
     std::string name = util::BaseNameOf(drawingPath);
-    run.outcome.target = util::JoinPath(targetPath, name + ".KML");
-    KmlSettings settings = ReadSettings(session_, targetPath);
-    if (settings.web) MakeThumbnails(session_, targetPath);
-    coords::frmLatLng converter(session_);
-    std::vector<ExportLayer> layers = FindLayers(run, LayerZero::Skip);
-    platform::OutputFile file(run.outcome.target);
+    begun.outcome.target = util::JoinPath(targetPath, name + ".KML");
+    KmlSettings settings = ReadSettings(run_, targetPath);
+    if (settings.web) MakeThumbnails(run_, targetPath);
+    coords::frmLatLng converter(run_);
+    std::vector<ExportLayer> layers = FindLayers(begun, LayerZero::Skip);
+    platform::OutputFile file(begun.outcome.target);
     formats::KmlWriter writer(file, name, converter.HeightDecimals());
-    LayerTurns turns(file, run.outcome.target, layers);
+    LayerTurns turns(file, begun.outcome.target, layers);
     std::deque<KmlLayer> placemarks;
-    for (const ExportLayer& layer : layers)
-        placemarks.emplace_back(session_, settings, converter, layer, writer);
+    for (const ExportLayer& layer : layers) placemarks.emplace_back(run_, settings, converter, layer, writer);
     WriteLayers(
-        session_, run, layers,
+        run_, begun, layers,
         [&](std::size_t layer, const LayerPart& part) {
             writer.GoOnIn(turns.Begin(layer));
             placemarks[layer].Write(part);
@@ -63,21 +62,21 @@ config::Outcome frmKML::Start(std::string_view drawingPath, std::string_view tar
         },
         [&](std::size_t layer) { return placemarks[layer].Finish(); });
     writer.GoOnIn(file);
-    if (run.outcome.features > 0 && writer.Geometries() == 0) {
-        session_.Ui().ShowMessage(platform::NativePath(run.outcome.target) +
-                                  ": not written, because none of its placemarks would have a place");
-        run.outcome.status = config::Outcome::Status::Failed;
-        return run.outcome;
+    if (begun.outcome.features > 0 && writer.Geometries() == 0) {
+        run_.Ui().ShowMessage(platform::NativePath(begun.outcome.target) +
+                              ": not written, because none of its placemarks would have a place");
+        begun.outcome.status = config::Outcome::Status::Failed;
+        return begun.outcome;
     }
     writer.Finish();
     file.Commit();
-    if (session_.Settings().AutoLaunchExport) Launch(settings.web, run.outcome.target);
-    util::Pause(session_.Ui(), 1);
-    return run.outcome;
+    if (run_.Settings().AutoLaunchExport) Launch(settings.web, begun.outcome.target);
+    util::Pause(run_.Ui(), 1);
+    return begun.outcome;
 }
 
 void frmKML::Launch(bool web, std::string_view kmlPath) try {
-    bool publish = web && !session_.Settings().Quiet && session_.Ui().AskYesNo("Publish files on web now?");
+    bool publish = web && !run_.Settings().Quiet && run_.Ui().AskYesNo("Publish files on web now?");
     if (publish)
         Publish(kmlPath);
     else
@@ -87,11 +86,11 @@ void frmKML::Launch(bool web, std::string_view kmlPath) try {
 }
 
 void frmKML::Publish(std::string_view kmlPath) {
-    std::string program = util::JoinPath(session_.Settings().ConfigFolder, "gvSync.exe");
+    std::string program = util::JoinPath(run_.Settings().ConfigFolder, "gvSync.exe");
     std::string command =
         "\"" + program + "\" /FTPkml \"" + platform::NativePath(platform::AbsolutePath(kmlPath)) + "\"";
-    if (util::RunAndWait(command, session_.Ui()) < 0)
-        session_.Ui().ShowMessage(platform::NativePath(program) + ": cannot be started");
+    if (util::RunAndWait(command, run_.Ui()) < 0)
+        run_.Ui().ShowMessage(platform::NativePath(program) + ": cannot be started");
 }
 
 }  // namespace vexlator::exporter

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "config/Outcome.h"
-#include "config/Session.h"
+#include "config/Run.h"
 
 #include <string_view>
 
@@ -13,7 +13,7 @@ namespace vexlator::exporter {
 /// photographs where these are published on a web server.
 class frmKML {
 public:
-    explicit frmKML(config::Session& session) : session_(session) {}
+    explicit frmKML(config::Run& run) : run_(run) {}
 
     /// Writes the file, named after the drawing, into the folder `targetPath`, which exists.
     /// @throws platform::ReadError for a drawing that cannot be read, platform::WriteError
@@ -23,7 +23,7 @@ private:
     void Launch(bool web, std::string_view kmlPath);
     void Publish(std::string_view kmlPath);
 
-    config::Session& session_;
+    config::Run& run_;
 };
 
 }  // namespace vexlator::exporter

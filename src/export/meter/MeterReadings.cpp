@@ -25,11 +25,11 @@ std::int64_t CutToWhole(double value) {
 /// Builds the lines of a layer's file.
 class MeterLines {
 public:
-    MeterLines(config::Session& session, std::string_view layer, platform::OutputFile& file)
-        : session_(session), layer_(layer), file_(file) {}
+    MeterLines(config::Run& run, std::string_view layer, platform::OutputFile& file)
+        : run_(run), layer_(layer), file_(file) {}
 
     void Header(std::string_view drawingName, std::size_t entities) {
-        file_.Write("mr," + util::SlashDateText(session_.Now()) + ",");
+        file_.Write("mr," + util::SlashDateText(run_.Now()) + ",");
         Field("", drawingName, ',');
         file_.Write("," + std::to_string(entities) + ",mr\r\n");
     }
@@ -62,10 +62,10 @@ private:
             ++replaced;
         }
         file_.Write(text);
-        if (replaced > 0) session_.Losses().Count(config::LossReport::Kind::Replaced, layer_, name, replaced);
+        if (replaced > 0) run_.Losses().Count(config::LossReport::Kind::Replaced, layer_, name, replaced);
     }
 
-    config::Session& session_;
+    config::Run& run_;
     std::string_view layer_;
     platform::OutputFile& file_;
 };
@@ -76,9 +76,9 @@ std::string MeterGridReference(const drawing::Point& position) {
     return util::ZeroPadded(CutToWhole(position.x), 6) + util::ZeroPadded(CutToWhole(position.y), 6);
 }
 
-std::uint64_t WriteMeterReadings(config::Session& session, const WholeLayer& layer,
-                                 std::string_view drawingName, platform::OutputFile& file) {
-    MeterLines lines(session, layer.layer.name, file);
+std::uint64_t WriteMeterReadings(config::Run& run, const WholeLayer& layer, std::string_view drawingName,
+                                 platform::OutputFile& file) {
+    MeterLines lines(run, layer.layer.name, file);
     lines.Header(drawingName, layer.set.count());
     LeftOutEntities leftOut;
     std::uint64_t meters = 0;
@@ -92,7 +92,7 @@ std::uint64_t WriteMeterReadings(config::Session& session, const WholeLayer& lay
         lines.Meter(entity);
         ++meters;
     }
-    leftOut.Report(session, layer.layer.name);
+    leftOut.Report(run, layer.layer.name);
     return meters;
 }
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "export/LayerLoop.h"
 #include "platform/Files.h"
 
@@ -24,7 +24,7 @@ std::string MeterGridReference(const drawing::Point& position);
 /// meter whose attribute GPS is not its grid reference has that reference as its remarks. Returns how many
 /// lines of meters.
 /// @throws platform::WriteError
-std::uint64_t WriteMeterReadings(config::Session& session, const WholeLayer& layer,
-                                 std::string_view drawingName, platform::OutputFile& file);
+std::uint64_t WriteMeterReadings(config::Run& run, const WholeLayer& layer, std::string_view drawingName,
+                                 platform::OutputFile& file);
 
 }  // namespace vexlator::exporter

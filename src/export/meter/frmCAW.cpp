@@ -19,23 +19,23 @@ constexpr std::string_view meterLayer = "METER";
 }  // namespace
 
 config::Outcome frmCAW::Start(std::string_view drawingPath, std::string_view targetPath) {
-    BegunExport run = BeginExport(session_, "frmCAW", drawingPath, targetPath);
-    if (run.IsStopped()) return run.outcome;
+    BegunExport begun = BeginExport(run_, "frmCAW", drawingPath, targetPath);
+    if (begun.IsStopped()) return begun.outcome;
     drawing::Drawing drawing;
-    OpenWhole(run, drawingPath, drawing);
+    OpenWhole(begun, drawingPath, drawing);
     std::string name = util::BaseNameOf(drawingPath);
     std::string path = util::JoinPath(targetPath, name + ".TXT");
-    ForEachLayer(session_, drawing, *run.view, LayerZero::Skip, [&](const WholeLayer& layer) {
+    ForEachLayer(run_, drawing, *begun.view, LayerZero::Skip, [&](const WholeLayer& layer) {
         if (!platform::SameNoCase(layer.layer.name, meterLayer)) return;
         platform::OutputFile file(path);
-        run.outcome.features = WriteMeterReadings(session_, layer, name, file);
+        begun.outcome.features = WriteMeterReadings(run_, layer, name, file);
         file.Commit();
-        run.outcome.layers = 1;
-        run.outcome.target = path;
+        begun.outcome.layers = 1;
+        begun.outcome.target = path;
     });
-    if (session_.Settings().AutoLaunchExport && run.outcome.layers > 0) util::OpenDocument(path);
-    util::Pause(session_.Ui(), 1);
-    return run.outcome;
+    if (run_.Settings().AutoLaunchExport && begun.outcome.layers > 0) util::OpenDocument(path);
+    util::Pause(run_.Ui(), 1);
+    return begun.outcome;
 }
 
 }  // namespace vexlator::exporter

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "config/Outcome.h"
-#include "config/Session.h"
+#include "config/Run.h"
 
 #include <string_view>
 
@@ -12,7 +12,7 @@ namespace vexlator::exporter {
 /// The meters of a drawing become the text file of a meter-reading system.
 class frmCAW {
 public:
-    explicit frmCAW(config::Session& session) : session_(session) {}
+    explicit frmCAW(config::Run& run) : run_(run) {}
 
     /// Writes the file, named after the drawing, into the folder `targetPath`, which exists. A drawing
     /// without meters makes none.
@@ -20,7 +20,7 @@ public:
     config::Outcome Start(std::string_view drawingPath, std::string_view targetPath);
 
 private:
-    config::Session& session_;
+    config::Run& run_;
 };
 
 }  // namespace vexlator::exporter

@@ -20,9 +20,9 @@ namespace {
 
 constexpr std::size_t fewestVertices = 2;  ///< that readers take for a line or an area
 
-std::vector<drawing::AtpField> FieldsOf(config::Session& session, const ExportLayer& layer) {
+std::vector<drawing::AtpField> FieldsOf(config::Run& run, const ExportLayer& layer) {
     std::vector<drawing::AtpField> fields =
-        drawing::ReadAtpFields(drawing::ConvertXotToAtx(TemplateFor(session, layer)));
+        drawing::ReadAtpFields(drawing::ConvertXotToAtx(TemplateFor(run, layer)));
     if (fields.empty()) fields.push_back({"ID", "", 'C', "10", ""});
     return fields;
 }
@@ -83,15 +83,15 @@ std::string MifColumnType(const drawing::AtpField& field) {
     }
 }
 
-MifLayer::MifLayer(config::Session& session, const MifSettings& settings, const ExportLayer& layer,
+MifLayer::MifLayer(config::Run& run, const MifSettings& settings, const ExportLayer& layer,
                    std::string_view targetPath, platform::OutputSet& files)
-    : session_(session),
+    : run_(run),
       settings_(settings),
       layer_(layer),
-      fields_(FieldsOf(session, layer)),
+      fields_(FieldsOf(run, layer)),
       columns_(ColumnsOf(fields_)),
       writer_(MakeWriter(settings, layer, columns_, util::JoinPath(targetPath, layer.fileName), files)),
-      match_(session, layer.layer.name, NamesForAttributes(fields_)) {}
+      match_(run, layer.layer.name, NamesForAttributes(fields_)) {}
 
 void MifLayer::Write(const LayerPart& part) {
     for (Entity entity : part) {
@@ -153,14 +153,14 @@ void MifLayer::AddRow(Entity entity) {
 }
 
 void MifLayer::Report() {
-    leftOut_.Report(session_, layer_.layer.name);
+    leftOut_.Report(run_, layer_.layer.name);
     match_.Report();
-    session_.Losses().Count(config::LossReport::Kind::Replaced, layer_.layer.name, "", replaced_);
+    run_.Losses().Count(config::LossReport::Kind::Replaced, layer_.layer.name, "", replaced_);
     if (incomplete_ == 0 || settings_.strict) return;
-    session_.Ui().Report(layer_.layer.name + ": of " + util::GroupedCount(objects_) + " objects " +
-                         util::GroupedCount(incomplete_) +
-                         " have fewer values than there are columns, or fewer than two vertices; programs "
-                         "that stop there need [MID] Strict=1");
+    run_.Ui().Report(layer_.layer.name + ": of " + util::GroupedCount(objects_) + " objects " +
+                     util::GroupedCount(incomplete_) +
+                     " have fewer values than there are columns, or fewer than two vertices; programs "
+                     "that stop there need [MID] Strict=1");
 }
 
 }  // namespace vexlator::exporter

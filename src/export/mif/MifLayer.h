@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "drawing/AttributeTemplate.h"
 #include "drawing/Drawing.h"
 #include "export/ColumnMatch.h"
@@ -34,7 +34,7 @@ std::string MifColumnType(const drawing::AtpField& field);
 /// The MIF/MID pair of one layer while it is written.
 class MifLayer {
 public:
-    MifLayer(config::Session& session, const MifSettings& settings, const ExportLayer& layer,
+    MifLayer(config::Run& run, const MifSettings& settings, const ExportLayer& layer,
              std::string_view targetPath, platform::OutputSet& files);
 
     /// Writes entities; those that are no point, symbol, circle or polyline are left out.
@@ -51,7 +51,7 @@ private:
     void AddRow(drawing::Entity entity);
     void Report();
 
-    config::Session& session_;
+    config::Run& run_;
     const MifSettings& settings_;
     const ExportLayer& layer_;
     std::vector<drawing::AtpField> fields_;

@@ -13,30 +13,30 @@ namespace vexlator::exporter {
 
 namespace {
 
-MifSettings ReadSettings(const config::Session& session) {
+MifSettings ReadSettings(const config::Run& run) {
     MifSettings settings;
-    std::string coordSys = session.ReadIni("MID", "MIDMIFHEADER");
+    std::string coordSys = run.ReadIni("MID", "MIDMIFHEADER");
     if (!coordSys.empty()) settings.coordSys = coordSys;
-    settings.strict = session.ReadIniFlag("MID", "Strict");
+    settings.strict = run.ReadIniFlag("MID", "Strict");
     return settings;
 }
 
 }  // namespace
 
 config::Outcome frmMID::Start(std::string_view drawingPath, std::string_view targetPath) {
-    BegunExport run = BeginExport(session_, "frmMID", drawingPath, targetPath);
-    if (run.IsStopped()) return run.outcome;
-    MifSettings settings = ReadSettings(session_);
+    BegunExport begun = BeginExport(run_, "frmMID", drawingPath, targetPath);
+    if (begun.IsStopped()) return begun.outcome;
+    MifSettings settings = ReadSettings(run_);
     platform::OutputSet files;
-    std::vector<ExportLayer> layers = FindLayers(run, LayerZero::Skip);
+    std::vector<ExportLayer> layers = FindLayers(begun, LayerZero::Skip);
     std::deque<MifLayer> pairs;
-    for (const ExportLayer& layer : layers) pairs.emplace_back(session_, settings, layer, targetPath, files);
+    for (const ExportLayer& layer : layers) pairs.emplace_back(run_, settings, layer, targetPath, files);
     WriteLayers(
-        session_, run, layers, [&](std::size_t layer, const LayerPart& part) { pairs[layer].Write(part); },
+        run_, begun, layers, [&](std::size_t layer, const LayerPart& part) { pairs[layer].Write(part); },
         [&](std::size_t layer) { return pairs[layer].Finish(); });
     files.Commit();
-    session_.Ui().Settle(1);
-    return run.outcome;
+    run_.Ui().Settle(1);
+    return begun.outcome;
 }
 
 }  // namespace vexlator::exporter

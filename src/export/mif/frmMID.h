@@ -3,7 +3,7 @@
 #pragma once
 
 #include "config/Outcome.h"
-#include "config/Session.h"
+#include "config/Run.h"
 
 #include <string_view>
 
@@ -13,14 +13,14 @@ namespace vexlator::exporter {
 /// named after the layer. Layer "0" is left out.
 class frmMID {
 public:
-    explicit frmMID(config::Session& session) : session_(session) {}
+    explicit frmMID(config::Run& run) : run_(run) {}
 
     /// Writes into the folder `targetPath`, which exists. The files appear together at the end.
     /// @throws platform::ReadError for a drawing or template that cannot be read, platform::WriteError
     config::Outcome Start(std::string_view drawingPath, std::string_view targetPath);
 
 private:
-    config::Session& session_;
+    config::Run& run_;
 };
 
 }  // namespace vexlator::exporter

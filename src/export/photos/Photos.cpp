@@ -31,20 +31,20 @@ struct PhotoSettings {
     bool copy = true, fullPath = false, list = false;
 };
 
-PhotoSettings ReadPhotoSettings(const config::Session& session, std::string_view sourceFolder,
+PhotoSettings ReadPhotoSettings(const config::Run& run, std::string_view sourceFolder,
                                 std::string_view targetFolder) {
     PhotoSettings settings;
     settings.source = sourceFolder;
     settings.target = targetFolder;
-    std::string fixedTarget = session.ReadIni("PHOTO", "FixedExportFolder");
-    if (session.ReadIniFlag("PHOTO", "FixedExport") && !fixedTarget.empty()) settings.target = fixedTarget;
-    settings.fullPath = session.ReadIniFlag("PHOTO", "FullPath");
-    settings.copy = !session.ReadIniFlag("PHOTO", "DontCopy");
+    std::string fixedTarget = run.ReadIni("PHOTO", "FixedExportFolder");
+    if (run.ReadIniFlag("PHOTO", "FixedExport") && !fixedTarget.empty()) settings.target = fixedTarget;
+    settings.fullPath = run.ReadIniFlag("PHOTO", "FullPath");
+    settings.copy = !run.ReadIniFlag("PHOTO", "DontCopy");
     if (!settings.copy) settings.target = settings.source;
-    std::string fixedSource = session.ReadIni("PHOTO", "FIXEDSOURCE");
+    std::string fixedSource = run.ReadIni("PHOTO", "FIXEDSOURCE");
     if (!fixedSource.empty()) settings.source = fixedSource;
-    settings.falseTarget = session.ReadIni("PHOTO", "FALSETARGET");
-    settings.list = session.ReadIniFlag("THIRD", "SSE");
+    settings.falseTarget = run.ReadIni("PHOTO", "FALSETARGET");
+    settings.list = run.ReadIniFlag("THIRD", "SSE");
     return settings;
 }
 
@@ -84,8 +84,8 @@ std::string WithoutNul(std::string line) {
 /// Gathers the photos of one drawing.
 class Gathering {
 public:
-    Gathering(config::Session& session, PhotoSettings settings)
-        : session_(session),
+    Gathering(config::Run& run, PhotoSettings settings)
+        : run_(run),
           settings_(std::move(settings)),
           source_(settings_.source),
           target_(settings_.target),
@@ -108,14 +108,14 @@ private:
         std::string value(properties.item(index).value());
         std::string_view first = properties.item(0).value();
         if (!IsCopied(value))
-            session_.Settings().MissingPhotos +=
+            run_.Settings().MissingPhotos +=
                 WithoutNul(value + " missing from " + std::string(first) + "\r\n");
         else if (settings_.list)
             list_ += WithoutNul(CsvField(first) + "," + CsvField(fullTarget_.PathOf(value)) + "\r\n");
         if (!paths_.AreChanged()) return;
         std::string path = paths_.PathOf(value);
         properties.item(index).setValue(path);
-        if (!settings_.falseTarget.empty()) session_.DebugMessage(path);
+        if (!settings_.falseTarget.empty()) run_.DebugMessage(path);
     }
 
     /// Whether the photo lies in the target folder now. Each is looked for once, whoever names it.
@@ -136,7 +136,7 @@ private:
         }
     }
 
-    config::Session& session_;
+    config::Run& run_;
     PhotoSettings settings_;
     PhotoSource source_;
     PhotoTarget target_;
@@ -170,12 +170,11 @@ bool NamesPhoto(std::string_view value) {
     return false;
 }
 
-void ReadJobSource(config::Session& session,
-                   const std::vector<std::pair<std::string, std::string>>& properties) {
+void ReadJobSource(config::Run& run, const std::vector<std::pair<std::string, std::string>>& properties) {
     auto source = std::find_if(properties.begin(), properties.end(),
                                [](const auto& property) { return property.first == "Source"; });
     if (source == properties.end()) return;
-    config::SharedSettings& settings = session.Settings();
+    config::SharedSettings& settings = run.Settings();
     settings.JobSourcePath = source->second;
     std::string below = PathBelow(source->second, settings.WorkFlowDirectory);
     if (!below.empty()) settings.JobRelativePath = below;
@@ -196,15 +195,15 @@ void PhotoPaths::ApplyTo(drawing::Drawing& drawing) const {
     });
 }
 
-PhotoPaths GatherPhotos(config::Session& session, drawing::DrawingFile& drawing,
-                        std::string_view sourceFolder, std::string_view listName,
-                        std::string_view targetFolder, std::string_view listExtension) {
-    PhotoSettings settings = ReadPhotoSettings(session, sourceFolder, targetFolder);
+PhotoPaths GatherPhotos(config::Run& run, drawing::DrawingFile& drawing, std::string_view sourceFolder,
+                        std::string_view listName, std::string_view targetFolder,
+                        std::string_view listExtension) {
+    PhotoSettings settings = ReadPhotoSettings(run, sourceFolder, targetFolder);
     if (settings.source.empty()) return {};
     drawing.ForEachChunk([](const drawing::Drawing&) {});
     util::MakeFolder(targetFolder);
-    session.Settings().MissingPhotos.clear();
-    Gathering gathering(session, settings);
+    run.Settings().MissingPhotos.clear();
+    Gathering gathering(run, settings);
     drawing.ForEachChunk([&](drawing::Drawing& chunk) {
         chunk.forEach([&](const drawing::Entity& entity) { gathering.Visit(entity); });
     });

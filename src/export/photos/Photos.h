@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "drawing/DrawingFile.h"
 
 #include <string>
@@ -15,8 +15,7 @@ namespace vexlator::exporter {
 /// Takes the drawing's "Source" property as JobSourcePath, and the part of it below WorkFlowDirectory, its
 /// folders separated by "\", as JobRelativePath. Settings stay as they are when there is no such property;
 /// the relative path does when the job lies elsewhere.
-void ReadJobSource(config::Session& session,
-                   const std::vector<std::pair<std::string, std::string>>& properties);
+void ReadJobSource(config::Run& run, const std::vector<std::pair<std::string, std::string>>& properties);
 
 /// Whether an attribute value names a photograph: it holds .JPG or .BMP, in any letter case.
 bool NamesPhoto(std::string_view value);
@@ -53,8 +52,8 @@ private:
 /// photo is missing, empty, unreadable, or outside the source folder, which is never touched. Nothing is done
 /// without a source folder. Returns what the values are to become.
 /// @throws platform::ReadError for a damaged drawing, before anything is copied; platform::WriteError
-PhotoPaths GatherPhotos(config::Session& session, drawing::DrawingFile& drawing,
-                        std::string_view sourceFolder, std::string_view listName,
-                        std::string_view targetFolder, std::string_view listExtension = "CSV");
+PhotoPaths GatherPhotos(config::Run& run, drawing::DrawingFile& drawing, std::string_view sourceFolder,
+                        std::string_view listName, std::string_view targetFolder,
+                        std::string_view listExtension = "CSV");
 
 }  // namespace vexlator::exporter

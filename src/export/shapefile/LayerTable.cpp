@@ -16,11 +16,11 @@ namespace {
 constexpr int widestText = 254, longTextWidth = 99, dateTextWidth = 10;
 constexpr int widestNumber = 19, numberDecimals = 11;  ///< hold every number that people type
 
-std::vector<drawing::AtpField> FieldsOf(config::Session& session, const ExportLayer& layer) {
+std::vector<drawing::AtpField> FieldsOf(config::Run& run, const ExportLayer& layer) {
     std::vector<drawing::AtpField> fields =
-        drawing::ReadAtpFields(TemplateFor(session, layer), drawing::NullFields::Keep);
+        drawing::ReadAtpFields(TemplateFor(run, layer), drawing::NullFields::Keep);
     std::erase_if(fields, [&](const drawing::AtpField& field) {
-        return drawing::MappedFieldName(session.Settings(), field) == "NULL";
+        return drawing::MappedFieldName(run.Settings(), field) == "NULL";
     });
     return fields;
 }
@@ -31,13 +31,13 @@ std::string NameFor(const config::SharedSettings& settings, const drawing::AtpFi
 }
 
 /// Makes the .CPG as well: both must tell the same.
-DbfWriter MakeWriter(const config::Session& session, const ExportLayer& layer,
+DbfWriter MakeWriter(const config::Run& run, const ExportLayer& layer,
                      const std::vector<drawing::AtpField>& fields, const std::string& basePath,
                      platform::OutputSet& files) {
     std::vector<DbfColumn> columns;
     std::vector<std::string> names;
     for (const drawing::AtpField& field : fields) {
-        columns.push_back(DbfColumnFor(session.Settings(), field));
+        columns.push_back(DbfColumnFor(run.Settings(), field));
         columns.back().name = ColumnName(columns.back().name, columns.size() - 1);
         names.push_back(columns.back().name);
     }
@@ -66,14 +66,14 @@ DbfColumn DbfColumnFor(const config::SharedSettings& settings, const drawing::At
     return column;
 }
 
-LayerTable::LayerTable(config::Session& session, const ExportLayer& layer, bool suppressNA,
+LayerTable::LayerTable(config::Run& run, const ExportLayer& layer, bool suppressNA,
                        const std::string& basePath, platform::OutputSet& files)
-    : session_(session),
+    : run_(run),
       layer_(layer),
       suppressNA_(suppressNA),
-      fields_(FieldsOf(session, layer)),
-      writer_(MakeWriter(session, layer, fields_, basePath, files)),
-      match_(session, layer.layer.name, NamesForAttributes()) {}
+      fields_(FieldsOf(run, layer)),
+      writer_(MakeWriter(run, layer, fields_, basePath, files)),
+      match_(run, layer.layer.name, NamesForAttributes()) {}
 
 /// Attributes may have the template's names, or those of an exported table that was imported again.
 std::vector<ColumnNames> LayerTable::NamesForAttributes() const {
@@ -87,7 +87,7 @@ std::vector<ColumnNames> LayerTable::NamesForAttributes() const {
 
 std::string_view LayerTable::Shown(std::string_view value) const {
     if (suppressNA_ && value == "NA") return "";
-    return drawing::ShortenValue(session_.Settings(), value);
+    return drawing::ShortenValue(run_.Settings(), value);
 }
 
 void LayerTable::Add(drawing::Entity entity) {
@@ -110,22 +110,22 @@ void LayerTable::Finish() {
     using enum config::LossReport::Kind;
     for (std::size_t i = 0; i < writer_.Columns().size(); ++i) {
         const std::string& name = writer_.Columns()[i].name;
-        session_.Losses().Count(Cut, layer_.layer.name, name, writer_.ValuesCut()[i]);
-        session_.Losses().Count(Replaced, layer_.layer.name, name, writer_.Replaced()[i]);
+        run_.Losses().Count(Cut, layer_.layer.name, name, writer_.ValuesCut()[i]);
+        run_.Losses().Count(Replaced, layer_.layer.name, name, writer_.Replaced()[i]);
     }
 }
 
 void LayerTable::ReportColumns() const {
     util::ShortList renamed = OtherNames();
     for (std::size_t i = 0; i < writer_.Columns().size(); ++i) {
-        std::string wanted = ColumnName(NameFor(session_.Settings(), fields_[i]), i);
+        std::string wanted = ColumnName(NameFor(run_.Settings(), fields_[i]), i);
         const std::string& name = writer_.Columns()[i].name;
         if (util::ReplaceAll(wanted, " ", "_") != name)
             renamed.Add(util::ShortList::Shortened(wanted) + " -> " + name);
     }
     if (!renamed.Empty())
-        session_.Ui().Report(util::ShortList::Shortened(layer_.layer.name) +
-                             ": names of columns cut: " + renamed.Text());
+        run_.Ui().Report(util::ShortList::Shortened(layer_.layer.name) +
+                         ": names of columns cut: " + renamed.Text());
 }
 
 }  // namespace vexlator::exporter

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "drawing/AttributeTemplate.h"
 #include "drawing/Drawing.h"
 #include "export/ColumnMatch.h"
@@ -25,8 +25,8 @@ formats::DbfColumn DbfColumnFor(const config::SharedSettings& settings, const dr
 class LayerTable {
 public:
     /// `basePath` is the path of both files without extension.
-    LayerTable(config::Session& session, const ExportLayer& layer, bool suppressNA,
-               const std::string& basePath, platform::OutputSet& files);
+    LayerTable(config::Run& run, const ExportLayer& layer, bool suppressNA, const std::string& basePath,
+               platform::OutputSet& files);
 
     /// One record; an entity without values gives its handle.
     void Add(drawing::Entity entity);
@@ -38,7 +38,7 @@ private:
     void ReportColumns() const;
     std::vector<ColumnNames> NamesForAttributes() const;
 
-    config::Session& session_;
+    config::Run& run_;
     const ExportLayer& layer_;
     bool suppressNA_;
     std::vector<drawing::AtpField> fields_;  ///< of the columns

@@ -27,15 +27,15 @@ bool IsPolygon(Entity entity) {
 
 }  // namespace
 
-ShapefileLayer::ShapefileLayer(config::Session& session, const ShapefileSettings& settings,
+ShapefileLayer::ShapefileLayer(config::Run& run, const ShapefileSettings& settings,
                                coords::frmLatLng* converter, const ExportLayer& layer,
                                std::string_view targetPath, platform::OutputSet& files)
-    : session_(session),
+    : run_(run),
       layer_(layer),
       converter_(converter),
       shapes_(files.Add(util::JoinPath(targetPath, layer.fileName + ".SHP")),
               files.Add(util::JoinPath(targetPath, layer.fileName + ".SHX"))),
-      table_(session, layer, settings.suppressNA, util::JoinPath(targetPath, layer.fileName), files) {}
+      table_(run, layer, settings.suppressNA, util::JoinPath(targetPath, layer.fileName), files) {}
 
 void ShapefileLayer::Write(const LayerPart& part) {
     for (Entity entity : part) {
@@ -119,10 +119,10 @@ void ShapefileLayer::WriteBatch() {
 }
 
 void ShapefileLayer::Report() {
-    leftOut_.Report(session_, layer_.layer.name);
+    leftOut_.Report(run_, layer_.layer.name);
     if (unconverted_ > 0)
-        session_.Ui().Report(layer_.layer.name + ": " + util::Counted(unconverted_, "vertex", "vertices") +
-                             " outside the coordinate conversion, left in grid coordinates");
+        run_.Ui().Report(layer_.layer.name + ": " + util::Counted(unconverted_, "vertex", "vertices") +
+                         " outside the coordinate conversion, left in grid coordinates");
 }
 
 }  // namespace vexlator::exporter

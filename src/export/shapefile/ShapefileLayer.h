@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "coords/frmLatLng.h"
 #include "drawing/Drawing.h"
 #include "export/LayerLoop.h"
@@ -30,7 +30,7 @@ struct ShapefileSettings {
 class ShapefileLayer {
 public:
     /// `converter` may be null: coordinates are then written as they are.
-    ShapefileLayer(config::Session& session, const ShapefileSettings& settings, coords::frmLatLng* converter,
+    ShapefileLayer(config::Run& run, const ShapefileSettings& settings, coords::frmLatLng* converter,
                    const ExportLayer& layer, std::string_view targetPath, platform::OutputSet& files);
 
     /// Writes entities; those that are no point, symbol or polyline are left out.
@@ -54,7 +54,7 @@ private:
     void ConvertBatch();
     void Report();
 
-    config::Session& session_;
+    config::Run& run_;
     const ExportLayer& layer_;
     coords::frmLatLng* converter_;
     formats::ShapefileWriter shapes_;

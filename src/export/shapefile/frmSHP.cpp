@@ -16,11 +16,11 @@ namespace vexlator::exporter {
 
 namespace {
 
-ShapefileSettings ReadSettings(const config::Session& session) {
+ShapefileSettings ReadSettings(const config::Run& run) {
     ShapefileSettings settings;
-    settings.suppressNA = session.ReadIniFlag("CSV", "SuppressNA");
-    settings.latLng = session.ReadIniFlag("SHPout", "LL");
-    settings.projection = session.ReadIni("SHPout", "PRJ");
+    settings.suppressNA = run.ReadIniFlag("CSV", "SuppressNA");
+    settings.latLng = run.ReadIniFlag("SHPout", "LL");
+    settings.projection = run.ReadIni("SHPout", "PRJ");
     return settings;
 }
 
@@ -30,8 +30,8 @@ constexpr std::string_view worldGeodeticSystem =
     R"wkt(PRIMEM["Greenwich",0.0],UNIT["Degree",0.0174532925199433]])wkt";
 
 /// The bytes of the projection file; none when there is no such file.
-std::string ReadProjection(const config::Session& session, const std::string& name) {
-    std::string path = util::JoinPath(util::JoinPath(session.Settings().ProgramFolder, "Resources"), name);
+std::string ReadProjection(const config::Run& run, const std::string& name) {
+    std::string path = util::JoinPath(util::JoinPath(run.Settings().ProgramFolder, "Resources"), name);
     if (util::FileSize(path) == 0) return "";
     return std::string(platform::MappedFile(path).Text());
 }
@@ -39,34 +39,33 @@ std::string ReadProjection(const config::Session& session, const std::string& na
 }  // namespace
 
 config::Outcome frmSHP::Start(std::string_view drawingPath, std::string_view targetPath) {
-    BegunExport run = BeginExport(session_, "frmSHP", drawingPath, targetPath);
-    if (run.IsStopped()) return run.outcome;
-    ShapefileSettings settings = ReadSettings(session_);
+    BegunExport begun = BeginExport(run_, "frmSHP", drawingPath, targetPath);
+    if (begun.IsStopped()) return begun.outcome;
+    ShapefileSettings settings = ReadSettings(run_);
     bool isChosen = !settings.projection.empty();
-    std::string projection = ReadProjection(session_, isChosen ? settings.projection : "ESRI.PRJ");
+    std::string projection = ReadProjection(run_, isChosen ? settings.projection : "ESRI.PRJ");
     std::unique_ptr<coords::frmLatLng> converter;
-    if (settings.latLng) converter = std::make_unique<coords::frmLatLng>(session_);
+    if (settings.latLng) converter = std::make_unique<coords::frmLatLng>(run_);
 
     platform::OutputSet files;
-    std::vector<ExportLayer> layers = FindLayers(run, LayerZero::Export);
+    std::vector<ExportLayer> layers = FindLayers(begun, LayerZero::Export);
     std::deque<ShapefileLayer> shapefiles;
     for (const ExportLayer& layer : layers)
-        shapefiles.emplace_back(session_, settings, converter.get(), layer, targetPath, files);
+        shapefiles.emplace_back(run_, settings, converter.get(), layer, targetPath, files);
     auto writeProjection = [&](std::size_t layer) {
         bool degrees = !isChosen && shapefiles[layer].IsInDegrees();
         std::string_view text = degrees ? worldGeodeticSystem : projection;
         if (!text.empty()) files.Add(util::JoinPath(targetPath, layers[layer].fileName + ".PRJ")).Write(text);
     };
     WriteLayers(
-        session_, run, layers,
-        [&](std::size_t layer, const LayerPart& part) { shapefiles[layer].Write(part); },
+        run_, begun, layers, [&](std::size_t layer, const LayerPart& part) { shapefiles[layer].Write(part); },
         [&](std::size_t layer) {
             std::uint64_t records = shapefiles[layer].Finish();
             writeProjection(layer);
             return records;
         });
     files.Commit();
-    return run.outcome;
+    return begun.outcome;
 }
 
 }  // namespace vexlator::exporter

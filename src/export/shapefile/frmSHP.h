@@ -3,7 +3,7 @@
 #pragma once
 
 #include "config/Outcome.h"
-#include "config/Session.h"
+#include "config/Run.h"
 
 #include <string_view>
 
@@ -13,14 +13,14 @@ namespace vexlator::exporter {
 /// entities, named after the layer.
 class frmSHP {
 public:
-    explicit frmSHP(config::Session& session) : session_(session) {}
+    explicit frmSHP(config::Run& run) : run_(run) {}
 
     /// Writes into the folder `targetPath`, which exists. The files appear together at the end.
     /// @throws platform::ReadError for a drawing that cannot be read, platform::WriteError
     config::Outcome Start(std::string_view drawingPath, std::string_view targetPath);
 
 private:
-    config::Session& session_;
+    config::Run& run_;
 };
 
 }  // namespace vexlator::exporter

@@ -47,8 +47,8 @@ std::string NamesForPeople(std::span<const std::string_view> fields) {
 
 }  // namespace
 
-CsvSettings ReadCsvSettings(const config::Session& session) {
-    auto read = [&](std::string_view key) { return session.ReadIni("CSVIN", key); };
+CsvSettings ReadCsvSettings(const config::Run& run) {
+    auto read = [&](std::string_view key) { return run.ReadIni("CSVIN", key); };
     CsvSettings settings;
     settings.header = read("header") != "0";
     if (platform::SameNoCase(read("Separator"), "TAB")) settings.delimiter = '\t';

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 
 #include <cstddef>
 #include <span>
@@ -21,7 +21,7 @@ struct CsvSettings {
 };
 
 /// From section [CSVIN].
-CsvSettings ReadCsvSettings(const config::Session& session);
+CsvSettings ReadCsvSettings(const config::Run& run);
 
 /// Splits a line at every delimiter into its first fields, at most `most`.
 void SplitCsvLine(std::string_view line, char delimiter, std::size_t most,

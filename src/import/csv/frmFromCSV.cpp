@@ -16,12 +16,11 @@
 
 namespace vexlator::importer {
 
-frmFromCSV::frmFromCSV(config::Session& session)
-    : session_(session), settings_(ReadCsvSettings(session)), columns_(settings_) {}
+frmFromCSV::frmFromCSV(config::Run& run) : run_(run), settings_(ReadCsvSettings(run)), columns_(settings_) {}
 
 config::Outcome frmFromCSV::Start(std::string_view sourcePath, std::string_view sourceFolder,
                                   std::string_view fileList) {
-    view_ = session_.Ui().ShowForm("frmFromCSV");
+    view_ = run_.Ui().ShowForm("frmFromCSV");
     config::Outcome outcome;
     outcome.target = util::JoinPath(sourceFolder, util::BaseNameOf(sourcePath) + ".VDF");
     output_.emplace(drawing_, outcome.target);
@@ -29,11 +28,11 @@ config::Outcome frmFromCSV::Start(std::string_view sourcePath, std::string_view 
     for (const std::string& path : SourceFiles(sourcePath, fileList))
         if (!ImportCsvFile(path)) outcome.status = stopped_ ? Status::StoppedByUser : Status::Failed;
     outcome.features = features_;
-    return SaveImport(session_, drawing_, outcome, [&] { output_->Commit(); });
+    return SaveImport(run_, drawing_, outcome, [&] { output_->Commit(); });
 }
 
 bool frmFromCSV::ImportCsvFile(const std::string& path) {
-    auto file = OpenTextSource(path, session_.Ui());
+    auto file = OpenTextSource(path, run_.Ui());
     if (!file) return false;
     std::string code =
         settings_.fixedFeature.empty() ? Capitals(util::BaseNameOf(path)) : settings_.fixedFeature;
@@ -46,17 +45,16 @@ bool frmFromCSV::ImportCsvFile(const std::string& path) {
 
 bool frmFromCSV::ImportTable(const std::string& code, platform::MappedFile& file) {
     view_->SetLabel(code);
-    std::string style = SelectFeatureLayer(session_, drawing_, code);
+    std::string style = SelectFeatureLayer(run_, drawing_, code);
     std::string decoded;
     CsvRecords records(TextBehindMark(file.Text(), decoded), settings_.delimiter);
     if (settings_.header) columns_.ReadCsvHeader(records.ReadRow());
     bool complete = HasItsColumns();
-    if (std::string what = columns_.WhatToSet(); !what.empty())
-        session_.Ui().Report(file.Name() + ": " + what);
+    if (std::string what = columns_.WhatToSet(); !what.empty()) run_.Ui().Report(file.Name() + ": " + what);
     if (!complete) return false;
-    drawing::GenerateAtp(session_, FeatureTemplatePath(session_, code), columns_.AttributeNames(),
+    drawing::GenerateAtp(run_, FeatureTemplatePath(run_, code), columns_.AttributeNames(),
                          columns_.AttributeWidths());
-    std::string symbol = drawing::EnsureSymbolBlock(session_, util::GetCommaField(1, style), drawing_);
+    std::string symbol = drawing::EnsureSymbolBlock(run_, util::GetCommaField(1, style), drawing_);
     if (symbol.empty()) return false;
     set_ = drawing_.attributeSet(columns_.AttributeNames());
     ReadRecords(records, symbol, file);
@@ -67,13 +65,13 @@ bool frmFromCSV::ImportTable(const std::string& code, platform::MappedFile& file
 bool frmFromCSV::HasItsColumns() {
     bool named = settings_.header && !settings_.east.empty();
     if (named && (columns_.East() < 0 || columns_.North() < 0) &&
-        !session_.Ui().AskYesNo("East or North Field '" + settings_.east + "/" + settings_.north +
-                                "' Not Found\n\nContinue with No Coords?")) {
+        !run_.Ui().AskYesNo("East or North Field '" + settings_.east + "/" + settings_.north +
+                            "' Not Found\n\nContinue with No Coords?")) {
         stopped_ = true;
         return false;
     }
     if (columns_.Key() >= 0) return true;
-    session_.Ui().ShowMessage("Key Field '" + settings_.key + "' Not Found");
+    run_.Ui().ShowMessage("Key Field '" + settings_.key + "' Not Found");
     return false;
 }
 
@@ -94,8 +92,8 @@ void frmFromCSV::ReadRecords(CsvRecords& records, const std::string& symbol, pla
         if (records.Count() % refreshStep == 0) ShowCsvProgress(records.Count());
     }
     if (notLocated > 0)
-        session_.Ui().Report(file.Name() + ": rows that lack a coordinate, which counts as 0: " +
-                             util::GroupedCount(notLocated) + " of " + util::GroupedCount(records.Count()));
+        run_.Ui().Report(file.Name() + ": rows that lack a coordinate, which counts as 0: " +
+                         util::GroupedCount(notLocated) + " of " + util::GroupedCount(records.Count()));
     ShowCsvProgress(records.Count());
     features_ += records.Count();
 }

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "config/Outcome.h"
-#include "config/Session.h"
+#include "config/Run.h"
 #include "drawing/DrawingOutput.h"
 #include "import/csv/CsvColumns.h"
 #include "import/csv/CsvRecords.h"
@@ -20,7 +20,7 @@ namespace vexlator::importer {
 /// values of its other columns text attributes. Settings: section [CSVIN].
 class frmFromCSV {
 public:
-    explicit frmFromCSV(config::Session& session);
+    explicit frmFromCSV(config::Run& run);
 
     /// Imports `sourcePath` and the files of `fileList` (each preceded by "|"; names without a folder lie
     /// beside `sourcePath`) and saves the drawing in `sourceFolder` under the first one's base name.
@@ -39,7 +39,7 @@ private:
     void AttachCsvAttributes(const CsvRecord& record);
     void ShowCsvProgress(std::uint64_t count);
 
-    config::Session& session_;
+    config::Run& run_;
     CsvSettings settings_;
     CsvColumns columns_;
     drawing::Drawing drawing_;

@@ -13,9 +13,9 @@
 
 namespace vexlator::importer {
 
-TabletPackage::TabletPackage(config::Session& session, std::string_view packagePath)
+TabletPackage::TabletPackage(config::Run& run, std::string_view packagePath)
     : folder_(util::ChangeExtension(packagePath, "")),
-      unpacked_(workflow::frmZip2(session).UnZipJobFolder(packagePath)) {}
+      unpacked_(workflow::frmZip2(run).UnZipJobFolder(packagePath)) {}
 
 TabletPackage::~TabletPackage() {
     workflow::RemoveUnpacked(unpacked_);

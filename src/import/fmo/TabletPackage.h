@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "database/FmoDefinition.h"
 
 #include <string>
@@ -15,7 +15,7 @@ namespace vexlator::importer {
 class TabletPackage {
 public:
     /// @throws platform::ReadError, platform::WriteError
-    TabletPackage(config::Session& session, std::string_view packagePath);
+    TabletPackage(config::Run& run, std::string_view packagePath);
     /// Removes what was unpacked, and the folder when it is empty then. What others put there stays, and so
     /// do files that were there before: an export of the same name puts its results into this folder.
     ~TabletPackage();

@@ -47,10 +47,10 @@ std::string ColumnOfTemplateLine(std::string_view line) {
 
 /// The columns that a feature code's template lists but for the first, which stands for the key; every column
 /// when there is no template.
-SelectList TemplateSelectList(const config::Session& session, const std::string& code) {
+SelectList TemplateSelectList(const config::Run& run, const std::string& code) {
     constexpr std::size_t shortestField = 11;
     SelectList list;
-    std::string path = drawing::AtpPathFor(session, code);
+    std::string path = drawing::AtpPathFor(run, code);
     if (util::FileSize(path) > 0) {
         std::string text = platform::DecodeText(platform::ReadWholeFile(path));
         for (util::LineReader lines(text); !lines.AtEnd();) {
@@ -88,12 +88,12 @@ struct DamagedRows {
 
 }  // namespace
 
-frmFromFMO::frmFromFMO(config::Session& session) : session_(session) {}
+frmFromFMO::frmFromFMO(config::Run& run) : run_(run) {}
 frmFromFMO::~frmFromFMO() = default;
 
 config::Outcome frmFromFMO::Start(std::string_view sourcePath, std::string_view sourceFolder,
                                   std::string_view fileList) {
-    view_ = session_.Ui().ShowForm("frmFromFMO");
+    view_ = run_.Ui().ShowForm("frmFromFMO");
     std::string drawingPath = util::JoinPath(sourceFolder, util::BaseNameOf(sourcePath) + ".VDF");
     if (util::FileSize(drawingPath) > 0) drawing_.open(drawingPath);
     output_.emplace(drawing_, drawingPath);
@@ -101,7 +101,7 @@ config::Outcome frmFromFMO::Start(std::string_view sourcePath, std::string_view 
         try {
             files_.push_back(database::ReadFmoFile(path));
         } catch (const platform::ReadError& error) {
-            session_.Ui().Report(error.what());
+            run_.Ui().Report(error.what());
             complete_ = false;
         }
     }
@@ -111,23 +111,23 @@ config::Outcome frmFromFMO::Start(std::string_view sourcePath, std::string_view 
 
 config::Outcome frmFromFMO::StartTablet(std::string_view packagePath, std::string_view sourceFolder,
                                         std::string& fileList) {
-    view_ = session_.Ui().ShowForm("frmFromFMO");
-    TabletPackage package(session_, packagePath);
+    view_ = run_.Ui().ShowForm("frmFromFMO");
+    TabletPackage package(run_, packagePath);
     fileList.clear();
     std::string database = package.DatabaseName();
     if (database.empty()) {
         package.Keep();
-        session_.Ui().ShowMessage("No MDB in Package");
+        run_.Ui().ShowMessage("No MDB in Package");
         config::Outcome outcome;
         outcome.status = config::Outcome::Status::Failed;
         return outcome;
     }
-    const std::string& folder = session_.Settings().FMODirectory;
+    const std::string& folder = run_.Settings().FMODirectory;
     files_ = FmoFilesForDatabase(folder, database);
     for (const FmoFile& file : files_) fileList += "|" + util::FileNameOf(file.path);
     if (files_.empty()) {
         complete_ = false;
-        session_.Ui().Report(platform::NativePath(folder) + ": no FMO file names a database " + database);
+        run_.Ui().Report(platform::NativePath(folder) + ": no FMO file names a database " + database);
     }
     std::string drawingPath = util::JoinPath(sourceFolder, util::BaseNameOf(packagePath) + ".VDF");
     output_.emplace(drawing_, drawingPath);
@@ -143,7 +143,7 @@ config::Outcome frmFromFMO::Save(const std::string& drawingPath) {
     bool isHalf = !tableReadToEnd_ && util::FileSize(drawingPath) > 0;
     outcome.features = isHalf ? 0 : features_;
     if (!complete_) outcome.status = config::Outcome::Status::Failed;
-    return SaveImport(session_, drawing_, outcome, [&] { output_->Commit(); });
+    return SaveImport(run_, drawing_, outcome, [&] { output_->Commit(); });
 }
 
 void frmFromFMO::ImportFiles() {
@@ -158,15 +158,15 @@ void frmFromFMO::ImportFiles() {
 bool frmFromFMO::ImportFmoFile(const FmoFile& file) {
     std::string code = Capitals(util::BaseNameOf(file.path));
     std::string symbol = SelectFeatureLayer(code);
-    FmoDefinition definition = database::ReadFmoDefinition(session_, file);
-    auto connection = definition.table.empty() ? nullptr : OpenFmoConnection(session_, definition);
+    FmoDefinition definition = database::ReadFmoDefinition(run_, file);
+    auto connection = definition.table.empty() ? nullptr : OpenFmoConnection(run_, definition);
     if (!connection) return false;
     count_ = 0;
     bool toEnd = definition.IsLineTable()
                      ? ImportLines(std::move(connection), FmoQuery::Lines(definition), code)
                      : ImportPoints(std::move(connection),
-                                    FmoQuery::Points(definition, TemplateSelectList(session_, code),
-                                                     session_.Settings().ImportExtent),
+                                    FmoQuery::Points(definition, TemplateSelectList(run_, code),
+                                                     run_.Settings().ImportExtent),
                                     code, symbol);
     drawing_.zoomExtents();
     return toEnd;
@@ -176,22 +176,22 @@ bool frmFromFMO::ImportFmoFile(const FmoFile& file) {
 std::string frmFromFMO::SelectFeatureLayer(const std::string& code) {
     drawing_.setActiveLayer(code);
     view_->SetLabel(code);
-    std::string style = drawing::ReadAtpStyle(session_, code);
+    std::string style = drawing::ReadAtpStyle(run_, code);
     drawing_.setActiveStyle({});
     if (style.empty())
         drawing_.setActiveColourIndex(static_cast<drawing::Colour>(drawing_.layerCount()));
     else
         drawing_.setActiveColour(StyleColour(style));
-    return drawing::EnsureSymbolBlock(session_, util::GetCommaField(1, style), drawing_);
+    return drawing::EnsureSymbolBlock(run_, util::GetCommaField(1, style), drawing_);
 }
 
 void frmFromFMO::ShowError(const std::string& reason, const FmoQuery& query) {
-    session_.Ui().ShowMessage(reason + "\n" + query.Shown());
+    run_.Ui().ShowMessage(reason + "\n" + query.Shown());
 }
 
 bool frmFromFMO::ImportPoints(std::unique_ptr<Connection> connection, const FmoQuery& query,
                               const std::string& code, const std::string& symbol) {
-    session_.DebugMessage(query.Shown());
+    run_.DebugMessage(query.Shown());
     FmoQuery::Statement statement;
     std::optional<Statement> rows;
     try {
@@ -226,15 +226,15 @@ bool frmFromFMO::ImportPoints(std::unique_ptr<Connection> connection, const FmoQ
         view_->SetLabel(std::to_string(count_));
         return true;
     }
-    session_.Ui().ShowMessage("No Records Returned\n" + query.Shown());
+    run_.Ui().ShowMessage("No Records Returned\n" + query.Shown());
     if (problem.empty()) return true;
-    session_.Ui().Report(code + ": " + problem);
+    run_.Ui().Report(code + ": " + problem);
     return false;
 }
 
 bool frmFromFMO::ImportLines(std::unique_ptr<Connection> connection, const FmoQuery& query,
                              const std::string& code) {
-    session_.DebugMessage(query.Shown());
+    run_.DebugMessage(query.Shown());
     DamagedRows damaged;
     bool toEnd = false;
     try {
@@ -266,8 +266,8 @@ bool frmFromFMO::ImportLines(std::unique_ptr<Connection> connection, const FmoQu
     }
     if (damaged.count == 0) return toEnd;
     complete_ = false;
-    session_.Ui().Report(code + ": " + util::Counted(damaged.count, "row") +
-                         " with a damaged geometry value left out, the first with " + damaged.first);
+    run_.Ui().Report(code + ": " + util::Counted(damaged.count, "row") +
+                     " with a damaged geometry value left out, the first with " + damaged.first);
     return toEnd;
 }
 

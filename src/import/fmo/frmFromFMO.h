@@ -3,7 +3,7 @@
 #pragma once
 
 #include "config/Outcome.h"
-#include "config/Session.h"
+#include "config/Run.h"
 #include "database/FmoDefinition.h"
 #include "drawing/DrawingOutput.h"
 #include "import/fmo/FmoQuery.h"
@@ -21,7 +21,7 @@ namespace vexlator::importer {
 /// point tables become symbols, geometry values become polylines, columns become text attributes.
 class frmFromFMO {
 public:
-    explicit frmFromFMO(config::Session& session);
+    explicit frmFromFMO(config::Run& run);
     ~frmFromFMO();
 
     /// Imports `sourcePath` and the files of `fileList` (each preceded by "|") into the drawing in
@@ -51,7 +51,7 @@ private:
     void ShowError(const std::string& reason, const FmoQuery& query);
     config::Outcome Save(const std::string& drawingPath);
 
-    config::Session& session_;
+    config::Run& run_;
     drawing::Drawing drawing_;
     std::optional<drawing::DrawingOutput> output_;
     std::unique_ptr<ui::FormView> view_;

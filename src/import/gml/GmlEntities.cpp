@@ -51,7 +51,7 @@ void GmlEntities::Add(const GmlFeature& feature, std::size_t bytesRead) {
     ++features_;
     if (feature.hasArcs) ++withArcs_;
     bool isPoint = feature.points.size() == 1;
-    if (lineLayout_ && !feature.threeDimensional && !isPoint) session_.Ui().ShowMessage("2d");
+    if (lineLayout_ && !feature.threeDimensional && !isPoint) run_.Ui().ShowMessage("2d");
     for (std::size_t part = 0; part < feature.parts.size(); ++part) {
         AddPart(feature, part);
         AddAttributes(feature, part, bytesRead);
@@ -64,8 +64,8 @@ void GmlEntities::SelectFeatureTypeLayer(const std::string& type) {
     auto [found, isNew] = types_.try_emplace(type);
     type_ = &found->second;
     if (isNew) {
-        type_->style = drawing::ReadAtpStyle(session_, type);
-        type_->symbol = drawing::EnsureSymbolBlock(session_, util::GetCommaField(1, type_->style), drawing_);
+        type_->style = drawing::ReadAtpStyle(run_, type);
+        type_->symbol = drawing::EnsureSymbolBlock(run_, util::GetCommaField(1, type_->style), drawing_);
     }
     drawing_.setActiveStyle({});
     if (type_->style.empty()) {

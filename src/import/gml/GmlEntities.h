@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "drawing/Drawing.h"
 #include "import/gml/GmlFeature.h"
 
@@ -22,7 +22,7 @@ namespace vexlator::importer {
 /// that has several carry their number as MPOLY, holes follow their surface and carry ISHOLE.
 class GmlEntities {
 public:
-    GmlEntities(config::Session& session, drawing::Drawing& drawing) : session_(session), drawing_(drawing) {}
+    GmlEntities(config::Run& run, drawing::Drawing& drawing) : run_(run), drawing_(drawing) {}
 
     /// In the line layout names and values end at their first ":", and "2d" is shown for each line or surface
     /// whose points have two values.
@@ -55,7 +55,7 @@ private:
     void CountCopies(const GmlFeature& feature, std::size_t bytesRead);
     std::string_view Stored(std::string_view text) const;
 
-    config::Session& session_;
+    config::Run& run_;
     drawing::Drawing& drawing_;
     bool lineLayout_ = false;
     std::optional<std::string> previousType_;

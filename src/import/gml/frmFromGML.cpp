@@ -24,11 +24,11 @@ std::string DrawingNameOf(std::string_view path) {
     return isGml ? util::BaseNameOf(name) : name;
 }
 
-GmlOptions OptionsOf(const config::Session& session) {
+GmlOptions OptionsOf(const config::Run& run) {
     GmlOptions options;
-    std::string fullRings = session.ReadIni("GML", "FullRings");
+    std::string fullRings = run.ReadIni("GML", "FullRings");
     if (!fullRings.empty()) options.fullRings = fullRings == "1";
-    std::int64_t megabytes = util::IntegerOf(session.ReadIni("GML", "MaxMB"));
+    std::int64_t megabytes = util::IntegerOf(run.ReadIni("GML", "MaxMB"));
     if (megabytes > 0)
         options.mostUnpacked = std::min<std::uint64_t>(megabytes, std::uint64_t{1} << 30) << 20;
     return options;
@@ -38,7 +38,7 @@ GmlOptions OptionsOf(const config::Session& session) {
 
 config::Outcome frmFromGML::Start(std::string_view sourcePath, std::string_view sourceFolder,
                                   std::string_view fileList) {
-    view_ = session_.Ui().ShowForm("frmFromGML");
+    view_ = run_.Ui().ShowForm("frmFromGML");
     config::Outcome outcome;
     outcome.target = util::JoinPath(sourceFolder, DrawingNameOf(sourcePath) + ".VDF");
     output_.emplace(drawing_, outcome.target);
@@ -47,14 +47,14 @@ config::Outcome frmFromGML::Start(std::string_view sourcePath, std::string_view 
     drawing_.zoomExtents();
     view_->SetLabel("Completed!");
     outcome.features = features_;
-    return SaveImport(session_, drawing_, outcome, [&] { output_->Commit(); });
+    return SaveImport(run_, drawing_, outcome, [&] { output_->Commit(); });
 }
 
 bool frmFromGML::ImportGmlFile(const std::string& path) {
-    auto file = OpenTextSource(path, session_.Ui());
+    auto file = OpenTextSource(path, run_.Ui());
     if (!file) return false;
     try {
-        OpenedGml gml = OpenGml(file->Bytes(), OptionsOf(session_));
+        OpenedGml gml = OpenGml(file->Bytes(), OptionsOf(run_));
         entities_.BeginFile(gml.lineLayout);
         std::string shownType;
         gml.reader->ReadFeatures([&](const GmlFeature& feature) {
@@ -76,23 +76,23 @@ void frmFromGML::CompareSystem(const std::string& file, const std::string& srsNa
     if (srsName.empty()) return;
     using coords::SourceSystem;
     constexpr std::size_t longestShown = 100;
-    std::string difference = SourceSystem(session_, srsName).Difference(SourceSystem::Assumed::Grid);
+    std::string difference = SourceSystem(run_, srsName).Difference(SourceSystem::Assumed::Grid);
     if (!difference.empty())
-        session_.Ui().Report(file + ": srsName " + srsName.substr(0, longestShown) + ": " + difference +
-                             "; coordinates are taken as they stand");
+        run_.Ui().Report(file + ": srsName " + srsName.substr(0, longestShown) + ": " + difference +
+                         "; coordinates are taken as they stand");
 }
 
 void frmFromGML::Report(const std::string& file) {
     features_ += entities_.Features();
     auto report = [&](std::uint64_t count, const std::string& text) {
-        if (count > 0) session_.Ui().Report(file + ": " + text + ": " + util::GroupedCount(count));
+        if (count > 0) run_.Ui().Report(file + ": " + text + ": " + util::GroupedCount(count));
     };
     report(entities_.FeaturesWithoutPoints(), "features without coordinates, left out");
     report(entities_.FeaturesWithArcs(), "features with arcs, drawn straight between their points");
     report(entities_.DamagedFeatures(),
            "features with damaged coordinates (" + entities_.FirstDamage() + "), left out");
     if (entities_.Features() + entities_.FeaturesWithoutPoints() + entities_.DamagedFeatures() == 0)
-        session_.Ui().Report(file + ": no features were found");
+        run_.Ui().Report(file + ": no features were found");
 }
 
 }  // namespace vexlator::importer

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "config/Outcome.h"
-#include "config/Session.h"
+#include "config/Run.h"
 #include "drawing/DrawingOutput.h"
 #include "import/gml/GmlEntities.h"
 
@@ -18,7 +18,7 @@ namespace vexlator::importer {
 /// GML files, compressed ones too, become one drawing, with a layer for each feature type.
 class frmFromGML {
 public:
-    explicit frmFromGML(config::Session& session) : session_(session), entities_(session, drawing_) {}
+    explicit frmFromGML(config::Run& run) : run_(run), entities_(run, drawing_) {}
 
     /// Imports `sourcePath` and the files of `fileList` (each preceded by "|"; names without a folder lie
     /// beside `sourcePath`) and saves the drawing in `sourceFolder` under the first one's base name.
@@ -35,7 +35,7 @@ private:
     void CompareSystem(const std::string& file, const std::string& srsName);
     void Report(const std::string& file);
 
-    config::Session& session_;
+    config::Run& run_;
     drawing::Drawing drawing_;
     std::optional<drawing::DrawingOutput> output_;
     GmlEntities entities_;

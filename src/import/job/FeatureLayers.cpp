@@ -21,12 +21,11 @@ std::vector<std::string> LoadTemplateFieldNames(const std::string& templatePath)
 
 }  // namespace
 
-FeatureLayers::FeatureLayers(config::Session& session, drawing::Drawing& drawing)
-    : session_(session), drawing_(drawing) {}
+FeatureLayers::FeatureLayers(config::Run& run, drawing::Drawing& drawing) : run_(run), drawing_(drawing) {}
 
 const std::string& FeatureLayers::MapAliasCode(std::string_view code) {
     auto [place, isNew] = aliases_.try_emplace(std::string(code));
-    if (isNew) place->second = drawing::ResolveAtpAlias(session_, code);
+    if (isNew) place->second = drawing::ResolveAtpAlias(run_, code);
     return place->second;
 }
 
@@ -42,7 +41,7 @@ void FeatureLayers::SelectFeatureLayer(std::string_view code, Kind kind) {
     if (kind != Kind::Point) return;
     if (!current_->symbol)
         current_->symbol =
-            drawing::EnsureSymbolBlock(session_, util::GetCommaField(1, current_->style), drawing_);
+            drawing::EnsureSymbolBlock(run_, util::GetCommaField(1, current_->style), drawing_);
     symbol_ = *current_->symbol;
 }
 
@@ -53,8 +52,8 @@ FeatureTemplate& FeatureLayers::TemplateOf(const std::string& code) {
 }
 
 void FeatureLayers::LoadTemplate(FeatureTemplate& target, const std::string& code) {
-    target.style = drawing::ReadAtpStyle(session_, code);
-    target.fields = LoadTemplateFieldNames(drawing::AtpPathFor(session_, code));
+    target.style = drawing::ReadAtpStyle(run_, code);
+    target.fields = LoadTemplateFieldNames(drawing::AtpPathFor(run_, code));
     for (std::size_t i = 0; i < target.fields.size(); ++i)
         if (target.fields[i] == "HOTLINK") target.hotlink = i;
     target.attributes = drawing_.attributeSet(target.fields);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "drawing/Drawing.h"
 
 #include <optional>
@@ -29,7 +29,7 @@ class FeatureLayers {
 public:
     enum class Kind { Point, Line };
 
-    FeatureLayers(config::Session& session, drawing::Drawing& drawing);
+    FeatureLayers(config::Run& run, drawing::Drawing& drawing);
 
     /// The code that a point code stands for. The text stays where it is.
     const std::string& MapAliasCode(std::string_view code);
@@ -47,7 +47,7 @@ private:
     FeatureTemplate& TemplateOf(const std::string& code);
     void LoadTemplate(FeatureTemplate& target, const std::string& code);
 
-    config::Session& session_;
+    config::Run& run_;
     drawing::Drawing& drawing_;
     std::unordered_map<std::string, std::string> aliases_;
     std::unordered_map<std::string, FeatureTemplate> templates_;

@@ -153,8 +153,8 @@ void JobToDrawing::Job::LeaveOut(Row row) {
     if (counts_.leftOut++ == 0) counts_.firstLeftOut = row;
 }
 
-JobToDrawing::JobToDrawing(config::Session& session, drawing::Drawing& drawing, JobSettings settings)
-    : drawing_(drawing), settings_(settings), layers_(session, drawing), closer_(drawing) {}
+JobToDrawing::JobToDrawing(config::Run& run, drawing::Drawing& drawing, JobSettings settings)
+    : drawing_(drawing), settings_(settings), layers_(run, drawing), closer_(drawing) {}
 
 JobCounts JobToDrawing::ImportRecords(JobTable& table, std::string_view jobPath, ui::FormView& view) {
     Job job(*this, table, jobPath);

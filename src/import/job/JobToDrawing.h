@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "drawing/Drawing.h"
 #include "import/job/FeatureCloser.h"
 #include "import/job/FeatureLayers.h"
@@ -29,7 +29,7 @@ struct JobCounts {
 /// Turns the records of job files into the entities of one drawing.
 class JobToDrawing {
 public:
-    JobToDrawing(config::Session& session, drawing::Drawing& drawing, JobSettings settings);
+    JobToDrawing(config::Run& run, drawing::Drawing& drawing, JobSettings settings);
 
     /// Adds what the table holds, whose records are used up. Edited and deleted records must have been
     /// resolved. `jobPath`: see RecordAttributes.

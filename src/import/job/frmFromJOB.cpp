@@ -21,10 +21,10 @@ namespace vexlator::importer {
 
 namespace {
 
-JobSettings ReadSettings(const config::Session& session) {
+JobSettings ReadSettings(const config::Run& run) {
     JobSettings settings;
-    settings.importQA = session.ReadIniFlag("JOB", "ImportQA");
-    settings.forceClose = session.ReadIni("JOB", "ForceClose") != "0";
+    settings.importQA = run.ReadIniFlag("JOB", "ImportQA");
+    settings.forceClose = run.ReadIni("JOB", "ForceClose") != "0";
     return settings;
 }
 
@@ -63,7 +63,7 @@ void ReportLeftOut(ui::UserInterface& ui, const std::string& file, const JobTabl
 
 config::Outcome frmFromJOB::Start(std::string_view sourcePath, std::string_view sourceFolder,
                                   std::string_view fileList) {
-    view_ = session_.Ui().ShowForm("frmFromJOB");
+    view_ = run_.Ui().ShowForm("frmFromJOB");
     config::Outcome outcome;
     outcome.target = util::JoinPath(sourceFolder, util::BaseNameOf(sourcePath) + ".VDF");
     if (util::FileSize(outcome.target) > 0) drawing_.open(outcome.target);
@@ -71,14 +71,14 @@ config::Outcome frmFromJOB::Start(std::string_view sourcePath, std::string_view 
     std::vector<std::string> paths = SourceFiles(sourcePath, fileList);
     bool isOfSameJob =
         std::ranges::any_of(paths, [&](const auto& path) { return ComesFrom(drawing_, path); });
-    JobToDrawing importer(session_, drawing_, ReadSettings(session_));
+    JobToDrawing importer(run_, drawing_, ReadSettings(run_));
     bool complete = true;
     for (const std::string& path : paths) complete &= ImportJobFile(path, importer);
     NameSource(drawing_, sourcePath);
-    complete &= gpx::frmGPX(session_).ProcessAnyTrailData(util::FolderOf(sourcePath));
+    complete &= gpx::frmGPX(run_).ProcessAnyTrailData(util::FolderOf(sourcePath));
     if (!complete) outcome.status = config::Outcome::Status::Failed;
     outcome.features = imported_;
-    outcome = SaveImport(session_, drawing_, outcome, [&] { drawing_.saveAs(outcome.target); });
+    outcome = SaveImport(run_, drawing_, outcome, [&] { drawing_.saveAs(outcome.target); });
     if (outcome.target.empty()) return outcome;
     outcome.layers = LayersInUse(drawing_);
     outcome.features = drawing_.entityCount();
@@ -92,31 +92,31 @@ void frmFromJOB::ReportAddition(const config::Outcome& outcome, std::uint64_t be
     std::string line = platform::NativePath(outcome.target) + ": " + util::Counted(added, "feature") +
                        " added: now " + util::GroupedCount(outcome.features);
     if (isOfSameJob) line += ", of this very job before; remove the drawing first to have them once";
-    session_.Ui().Report(line);
+    run_.Ui().Report(line);
 }
 
 bool frmFromJOB::ImportJobFile(const std::string& path, JobToDrawing& importer) {
-    auto file = util::OpenFile(path, &session_.Ui());
+    auto file = util::OpenFile(path, &run_.Ui());
     if (!file) return false;
     JobCounts counts;
     try {
         JobText text(*file);
         JobTable table(text.Text());
         if (!table.HasRecords()) {
-            session_.Ui().ShowMessage(file->Name() + ": holds no record of a device job");
+            run_.Ui().ShowMessage(file->Name() + ": holds no record of a device job");
             return false;
         }
         ResolveSupersededRecords(table);
         counts = importer.ImportRecords(table, path, *view_);
         imported_ += counts.entities;
-        ReportLeftOut(session_.Ui(), file->Name(), table, counts);
+        ReportLeftOut(run_.Ui(), file->Name(), table, counts);
     } catch (const platform::ReadError& error) {
         throw error.InFile(file->Name());
     }
     drawing_.zoomExtents();
     view_->SetLabel(util::GroupedCount(counts.positions) + " positions, " +
                     util::GroupedCount(counts.entities) + " entities");
-    session_.Ui().Settle(0.01);
+    run_.Ui().Settle(0.01);
     view_->SetLabel("Completed!");
     return true;
 }

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "config/Outcome.h"
-#include "config/Session.h"
+#include "config/Run.h"
 #include "drawing/Drawing.h"
 #include "import/job/JobToDrawing.h"
 
@@ -18,7 +18,7 @@ namespace vexlator::importer {
 /// polylines, their values text attributes, and the GPS trails beside them GPX files.
 class frmFromJOB {
 public:
-    explicit frmFromJOB(config::Session& session) : session_(session) {}
+    explicit frmFromJOB(config::Run& run) : run_(run) {}
 
     /// Imports `sourcePath` and the files of `fileList` (each preceded by "|"; names without a folder lie
     /// beside `sourcePath`) into the drawing in `sourceFolder` that has the first one's base name. A drawing
@@ -36,7 +36,7 @@ private:
     bool ImportJobFile(const std::string& path, JobToDrawing& importer);
     void ReportAddition(const config::Outcome& outcome, std::uint64_t before, bool isOfSameJob);
 
-    config::Session& session_;
+    config::Run& run_;
     drawing::Drawing drawing_;
     std::unique_ptr<ui::FormView> view_;
     std::uint64_t imported_ = 0;  ///< entities that the jobs brought

@@ -21,50 +21,50 @@ namespace vexlator::importer {
 
 namespace {
 
-void GenerateTemplate(config::Session& session, const std::string& code, const MifHeader& header) {
+void GenerateTemplate(config::Run& run, const std::string& code, const MifHeader& header) {
     std::vector<std::string> names;
     std::vector<int> widths;
     for (const MifColumn& column : header.columns) {
         names.push_back(column.name);
         widths.push_back(column.width);
     }
-    drawing::GenerateAtp(session, FeatureTemplatePath(session, code), names, widths);
+    drawing::GenerateAtp(run, FeatureTemplatePath(run, code), names, widths);
 }
 
 }  // namespace
 
 config::Outcome frmFromMID::Start(std::string_view sourcePath, std::string_view sourceFolder,
                                   std::string_view fileList) {
-    view_ = session_.Ui().ShowForm("frmFromMID");
+    view_ = run_.Ui().ShowForm("frmFromMID");
     config::Outcome outcome;
     outcome.target = util::JoinPath(sourceFolder, util::BaseNameOf(sourcePath) + ".VDF");
     output_.emplace(drawing_, outcome.target);
     for (const std::string& path : SourceFiles(sourcePath, fileList))
         if (!ImportMifFile(path)) outcome.status = config::Outcome::Status::Failed;
     outcome.features = features_;
-    return SaveImport(session_, drawing_, outcome, [&] { output_->Commit(); });
+    return SaveImport(run_, drawing_, outcome, [&] { output_->Commit(); });
 }
 
 bool frmFromMID::ImportMifFile(const std::string& path) {
-    auto mif = OpenTextSource(util::ChangeExtension(path, "MIF"), session_.Ui());
+    auto mif = OpenTextSource(util::ChangeExtension(path, "MIF"), run_.Ui());
     if (!mif) return false;
-    auto mid = util::OpenFile(util::ChangeExtension(path, "MID"), &session_.Ui());
+    auto mid = util::OpenFile(util::ChangeExtension(path, "MID"), &run_.Ui());
     std::string code = Capitals(util::BaseNameOf(path));
     view_->SetLabel(code);
-    std::string style = SelectFeatureLayer(session_, drawing_, code);
+    std::string style = SelectFeatureLayer(run_, drawing_, code);
 
     MifLines lines(WithoutByteOrderMark(mif->Text()), mif->Name());
     MifHeader header = ReadMifHeader(lines);
     if (!header.complete) {
-        session_.Ui().Report(mif->Name() + ": has no \"Columns\" line; nothing was imported from it");
+        run_.Ui().Report(mif->Name() + ": has no \"Columns\" line; nothing was imported from it");
         return false;
     }
-    GenerateTemplate(session_, code, header);
-    std::string symbol = drawing::EnsureSymbolBlock(session_, util::GetCommaField(1, style), drawing_);
-    MifToDrawing objects({drawing_, session_.Ui(), symbol, session_.ReadIniFlag("MIDIN", "Extended")}, header,
-                         lines, mid ? std::optional(WithoutByteOrderMark(mid->Text())) : std::nullopt);
+    GenerateTemplate(run_, code, header);
+    std::string symbol = drawing::EnsureSymbolBlock(run_, util::GetCommaField(1, style), drawing_);
+    MifToDrawing objects({drawing_, run_.Ui(), symbol, run_.ReadIniFlag("MIDIN", "Extended")}, header, lines,
+                         mid ? std::optional(WithoutByteOrderMark(mid->Text())) : std::nullopt);
     ReadObjects(objects, *mif, mid ? &*mid : nullptr);
-    for (const std::string& remark : objects.Remarks()) session_.Ui().Report(mif->Name() + ": " + remark);
+    for (const std::string& remark : objects.Remarks()) run_.Ui().Report(mif->Name() + ": " + remark);
     view_->SetLabel("Completed!");
     return mid.has_value();
 }

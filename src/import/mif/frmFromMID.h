@@ -3,7 +3,7 @@
 #pragma once
 
 #include "config/Outcome.h"
-#include "config/Session.h"
+#include "config/Run.h"
 #include "drawing/DrawingOutput.h"
 #include "platform/Files.h"
 
@@ -21,7 +21,7 @@ class MifToDrawing;
 /// symbols, lines and areas become polylines, the columns of the .MID rows become text attributes.
 class frmFromMID {
 public:
-    explicit frmFromMID(config::Session& session) : session_(session) {}
+    explicit frmFromMID(config::Run& run) : run_(run) {}
 
     /// Imports `sourcePath` and the files of `fileList` (each preceded by "|"; names without a folder lie
     /// beside `sourcePath`) and saves the drawing in `sourceFolder` under the first one's base name. The
@@ -37,7 +37,7 @@ private:
     void ReadObjects(MifToDrawing& objects, platform::MappedFile& mif, platform::MappedFile* mid);
     void ShowProgress(const MifToDrawing& objects);
 
-    config::Session& session_;
+    config::Run& run_;
     drawing::Drawing drawing_;
     std::optional<drawing::DrawingOutput> output_;
     std::unique_ptr<ui::FormView> view_;

@@ -20,12 +20,12 @@ constexpr double metresPerFoot = 0.3048;
 
 void ShapeCoordinates::BeginFile(std::string_view shpPath) {
     kept_ = 0;
-    rule_ = session_.ReadIniFlag("SHPin", "LL")     ? Rule::Degrees
-            : session_.ReadIniFlag("SHPin", "USFT") ? Rule::Feet
-                                                    : Rule::AsTheyStand;
+    rule_ = run_.ReadIniFlag("SHPin", "LL")     ? Rule::Degrees
+            : run_.ReadIniFlag("SHPin", "USFT") ? Rule::Feet
+                                                : Rule::AsTheyStand;
     std::string prj = util::ChangeExtension(shpPath, "PRJ");
     if (util::FileSize(prj) > 0) ComparePrj(prj);
-    if (rule_ == Rule::Degrees && !converter_) converter_ = std::make_unique<coords::frmLatLng>(session_);
+    if (rule_ == Rule::Degrees && !converter_) converter_ = std::make_unique<coords::frmLatLng>(run_);
 }
 
 void ShapeCoordinates::ComparePrj(const std::string& prjPath) {
@@ -37,22 +37,22 @@ void ShapeCoordinates::ComparePrj(const std::string& prjPath) {
     try {
         LoadSystem(prjPath);
         std::string difference = system_->Difference(assumed);
-        if (!difference.empty()) session_.Ui().Report(name + ": " + difference + "; " + FollowPrj(name));
+        if (!difference.empty()) run_.Ui().Report(name + ": " + difference + "; " + FollowPrj(name));
     } catch (const platform::ReadError& error) {
-        session_.Ui().Report(name + ": " + error.Reason() + "; the settings hold");
+        run_.Ui().Report(name + ": " + error.Reason() + "; the settings hold");
     }
 }
 
 void ShapeCoordinates::LoadSystem(const std::string& prjPath) {
     std::string definition = coords::ReadDefinition(prjPath);
     if (system_ && definition == definition_) return;
-    system_ = std::make_unique<coords::SourceSystem>(session_, definition);
+    system_ = std::make_unique<coords::SourceSystem>(run_, definition);
     definition_ = std::move(definition);
 }
 
 std::string ShapeCoordinates::FollowPrj(const std::string& prjName) {
     if (!system_->IsKnown()) return "the settings hold";
-    if (!session_.ReadIniFlag("SHPin", "FOLLOWPRJ"))
+    if (!run_.ReadIniFlag("SHPin", "FOLLOWPRJ"))
         return "the settings hold ([SHPin] FOLLOWPRJ=1 would follow the .PRJ)";
     std::string reason = system_->PrepareConversion(prjName);
     if (!reason.empty()) return "the settings hold, because " + reason;

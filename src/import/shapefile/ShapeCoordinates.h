@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Session.h"
+#include "config/Run.h"
 #include "coords/SourceSystem.h"
 #include "coords/frmLatLng.h"
 #include "util/Angles.h"
@@ -19,7 +19,7 @@ namespace vexlator::importer {
 /// with FOLLOWPRJ as the .PRJ says. A .PRJ that differs from the settings is told in one line.
 class ShapeCoordinates {
 public:
-    explicit ShapeCoordinates(config::Session& session) : session_(session) {}
+    explicit ShapeCoordinates(config::Run& run) : run_(run) {}
 
     /// What comes next is of this shapefile.
     void BeginFile(std::string_view shpPath);
@@ -37,7 +37,7 @@ private:
     /// Says what becomes of coordinates in another system than the settings say.
     std::string FollowPrj(const std::string& prjName);
 
-    config::Session& session_;
+    config::Run& run_;
     Rule rule_ = Rule::AsTheyStand;
     std::uint64_t kept_ = 0;
     std::unique_ptr<coords::frmLatLng> converter_;

@@ -47,7 +47,7 @@ struct frmFromSHP::Source {
           reader(shp.Bytes(), shx.Bytes()) {}
 };
 
-frmFromSHP::frmFromSHP(config::Session& session) : session_(session), coordinates_(session) {}
+frmFromSHP::frmFromSHP(config::Run& run) : run_(run), coordinates_(run) {}
 frmFromSHP::~frmFromSHP() = default;
 
 std::string frmFromSHP::mkCodeNameFromFile(std::string_view path) {
@@ -56,7 +56,7 @@ std::string frmFromSHP::mkCodeNameFromFile(std::string_view path) {
 
 config::Outcome frmFromSHP::Start(std::string_view sourcePath, std::string_view sourceFolder,
                                   std::string_view fileList) {
-    view_ = session_.Ui().ShowForm("frmFromSHP");
+    view_ = run_.Ui().ShowForm("frmFromSHP");
     config::Outcome outcome;
     outcome.target = util::JoinPath(sourceFolder, util::BaseNameOf(sourcePath) + ".VDF");
     output_.emplace(drawing_, outcome.target);
@@ -65,20 +65,20 @@ config::Outcome frmFromSHP::Start(std::string_view sourcePath, std::string_view 
     view_->SetLabel("Completed!");
     if (!complete) outcome.status = config::Outcome::Status::Failed;
     outcome.features = features_;
-    return SaveImport(session_, drawing_, outcome, [&] { output_->Commit(); });
+    return SaveImport(run_, drawing_, outcome, [&] { output_->Commit(); });
 }
 
 bool frmFromSHP::ImportShapefile(const std::string& path) {
-    auto shp = util::OpenFile(path, &session_.Ui());
+    auto shp = util::OpenFile(path, &run_.Ui());
     if (!shp) return false;
     if (shp->Bytes().empty()) {
-        session_.Ui().ShowMessage("Error Opening " + shp->Name() + "\nThe file is empty");
+        run_.Ui().ShowMessage("Error Opening " + shp->Name() + "\nThe file is empty");
         return false;
     }
-    auto shx = util::OpenFile(util::ChangeExtension(path, "SHX"), &session_.Ui());
+    auto shx = util::OpenFile(util::ChangeExtension(path, "SHX"), &run_.Ui());
     if (!shx) return false;
-    bool pipes = session_.ReadIni("GENERAL", "CUSTOMERMODE") == "CORVANTEX";
-    session_.Log("Reading:" + platform::NativePath(path));
+    bool pipes = run_.ReadIni("GENERAL", "CUSTOMERMODE") == "CORVANTEX";
+    run_.Log("Reading:" + platform::NativePath(path));
 
     Source source(pipes ? "PIPES" : mkCodeNameFromFile(path), std::move(*shp), std::move(*shx));
     coordinates_.BeginFile(path);
@@ -86,11 +86,11 @@ bool frmFromSHP::ImportShapefile(const std::string& path) {
     std::string dbfPath = util::ChangeExtension(path, "DBF");
     if (util::FileSize(dbfPath) > 0) {
         source.table.emplace(dbfPath, drawing_);
-        drawing::GenerateAtp(session_, FeatureTemplatePath(session_, source.code), source.table->FieldNames(),
+        drawing::GenerateAtp(run_, FeatureTemplatePath(run_, source.code), source.table->FieldNames(),
                              source.table->FieldWidths());
     } else {
-        session_.Ui().Report(platform::NativePath(dbfPath) + " is missing or empty; the features of " +
-                             util::FileNameOf(source.shp.Name()) + " have no attributes");
+        run_.Ui().Report(platform::NativePath(dbfPath) + " is missing or empty; the features of " +
+                         util::FileNameOf(source.shp.Name()) + " have no attributes");
     }
     ReadRecords(source);
     drawing_.zoomExtents();
@@ -99,9 +99,9 @@ bool frmFromSHP::ImportShapefile(const std::string& path) {
 }
 
 std::string frmFromSHP::SelectShapefileLayer(const std::string& code) {
-    std::string style = SelectFeatureLayer(session_, drawing_, code);
+    std::string style = SelectFeatureLayer(run_, drawing_, code);
     if (!style.empty()) drawing_.setActiveFillColour(drawing_.activeColour());
-    return drawing::EnsureSymbolBlock(session_, util::GetCommaField(1, style), drawing_);
+    return drawing::EnsureSymbolBlock(run_, util::GetCommaField(1, style), drawing_);
 }
 
 void frmFromSHP::ReadRecords(Source& source) {
@@ -177,9 +177,8 @@ void frmFromSHP::AddAttributes(Source& source, const ShapeRecord& record) {
 }
 
 void frmFromSHP::ShowUnknownType(const Source& source, const ShapeRecord& record) {
-    session_.Ui().ShowMessage("Type " + std::to_string(record.type) + " Not Understood\nPos " +
-                              std::to_string(record.offset + 1) + "/" +
-                              std::to_string(source.reader.ShpSize()));
+    run_.Ui().ShowMessage("Type " + std::to_string(record.type) + " Not Understood\nPos " +
+                          std::to_string(record.offset + 1) + "/" + std::to_string(source.reader.ShpSize()));
 }
 
 void frmFromSHP::ConvertShapePoints(Source& source) {
@@ -190,11 +189,11 @@ void frmFromSHP::ConvertShapePoints(Source& source) {
 void frmFromSHP::Report(const Source& source) {
     features_ += source.count;
     if (coordinates_.Kept() > 0)
-        session_.Ui().Report(source.code + ": " + util::Counted(coordinates_.Kept(), "vertex", "vertices") +
-                             " outside the conversion to the grid, left as they are");
+        run_.Ui().Report(source.code + ": " + util::Counted(coordinates_.Kept(), "vertex", "vertices") +
+                         " outside the conversion to the grid, left as they are");
     if (source.table)
-        for (const std::string& remark : source.table->Remarks()) session_.Ui().Report(remark);
-    session_.Log("        " + std::to_string(source.count) + " entites read OK");
+        for (const std::string& remark : source.table->Remarks()) run_.Ui().Report(remark);
+    run_.Log("        " + std::to_string(source.count) + " entites read OK");
 }
 
 }  // namespace vexlator::importer

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "config/Outcome.h"
-#include "config/Session.h"
+#include "config/Run.h"
 #include "drawing/DrawingOutput.h"
 #include "import/shapefile/ShapeCoordinates.h"
 
@@ -24,7 +24,7 @@ namespace vexlator::importer {
 /// become polylines, columns of the attribute table become text attributes.
 class frmFromSHP {
 public:
-    explicit frmFromSHP(config::Session& session);
+    explicit frmFromSHP(config::Run& run);
     ~frmFromSHP();
 
     /// Imports `sourcePath` and the files of `fileList` (each preceded by "|"; names without a folder lie
@@ -54,7 +54,7 @@ private:
     void ConvertShapePoints(Source& source);
     void Report(const Source& source);
 
-    config::Session& session_;
+    config::Run& run_;
     drawing::Drawing drawing_;
     std::optional<drawing::DrawingOutput> output_;
     std::unique_ptr<ui::FormView> view_;

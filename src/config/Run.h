@@ -38,11 +38,11 @@ private:
 };
 
 /// What a run shares. Made once by Main (or a test), passed by reference; nothing else is global.
-class Session {
+class Run {
 public:
-    explicit Session(ui::UserInterface& userInterface, platform::Clock clock = platform::LocalTime);
-    Session(const Session&) = delete;
-    Session& operator=(const Session&) = delete;
+    explicit Run(ui::UserInterface& userInterface, platform::Clock clock = platform::LocalTime);
+    Run(const Run&) = delete;
+    Run& operator=(const Run&) = delete;
 
     SharedSettings& Settings() { return settings_; }
     const SharedSettings& Settings() const { return settings_; }

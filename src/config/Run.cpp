@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "config/Session.h"
+#include "config/Run.h"
 
 #include "config/Ini.h"
 #include "platform/Errors.h"
@@ -44,19 +44,19 @@ std::string LossReport::Line() const {
     return line;
 }
 
-Session::Session(ui::UserInterface& userInterface, platform::Clock clock)
+Run::Run(ui::UserInterface& userInterface, platform::Clock clock)
     : ui_(userInterface, [this](std::string_view text) { Log(text); }), clock_(std::move(clock)) {}
 
-std::string Session::ReadIni(std::string_view section, std::string_view key, std::string_view file) const {
+std::string Run::ReadIni(std::string_view section, std::string_view key, std::string_view file) const {
     return ReadIniFile(file.empty() ? settings_.IniFilePath : file, section, key);
 }
 
-bool Session::ReadIniFlag(std::string_view section, std::string_view key, std::string_view file) const {
+bool Run::ReadIniFlag(std::string_view section, std::string_view key, std::string_view file) const {
     return ReadIni(section, key, file) == "1";
 }
 
-void Session::WriteIni(std::string_view section, std::string_view key, std::string_view value,
-                       std::string_view file) {
+void Run::WriteIni(std::string_view section, std::string_view key, std::string_view value,
+                   std::string_view file) {
     std::string path(file.empty() ? settings_.IniFilePath : file);
     if (notWritable_.contains(path)) return;
     try {
@@ -67,7 +67,7 @@ void Session::WriteIni(std::string_view section, std::string_view key, std::stri
     }
 }
 
-void Session::Log(std::string_view text) {
+void Run::Log(std::string_view text) {
     if (notWritable_.contains(settings_.InOutLog)) return;
     try {
         util::WriteRunLog(settings_.InOutLog, text, Now());
@@ -77,7 +77,7 @@ void Session::Log(std::string_view text) {
     }
 }
 
-void Session::DebugMessage(std::string_view text) {
+void Run::DebugMessage(std::string_view text) {
     if (settings_.DebugMode) ui_.ShowMessage(text);
 }
 
