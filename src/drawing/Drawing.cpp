@@ -2,14 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include "drawing/Drawing.h"
 
-#include "drawing/TextBlock.h"
 #include "drawing/Vdf.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <charconv>
-#include <cmath>
+#include <initializer_list>
 
 namespace vexlator::drawing {
 
@@ -26,15 +27,17 @@ std::optional<std::uint64_t> HandleNumber(std::string_view text) {
     return number;
 }
 
-/// The place of a value in a table, entered when it is not among the last few: entities come in runs that
-/// look alike, and a few entries too many are cheaper than a search for every entity.
-template <typename T>
-std::uint32_t IndexAmongLast(std::vector<T>& table, const T& value) {
-    std::size_t stop = table.size() > 8 ? table.size() - 8 : 0;
-    for (std::size_t i = table.size(); i > stop; --i)
-        if (table[i - 1] == value) return static_cast<std::uint32_t>(i - 1);
-    table.push_back(value);
-    return static_cast<std::uint32_t>(table.size() - 1);
+std::uint64_t Bits(double number) {
+    return std::bit_cast<std::uint64_t>(number == 0 ? 0 : number);  // 0 and -0 are equal
+}
+
+std::size_t HashOf(std::string_view text, std::initializer_list<std::uint64_t> numbers) {
+    std::uint64_t hash = std::hash<std::string_view>()(text);
+    for (std::uint64_t number : numbers) {
+        hash = (hash ^ number) * 0x9E3779B97F4A7C15U;
+        hash ^= hash >> 32;
+    }
+    return hash;
 }
 
 }  // namespace
@@ -66,36 +69,22 @@ void Drawing::clear() {
     blockByName_.clear();
     activeLayer_ = 0;
     active_ = Style{};
-    entities_ = {};
-    vertices_ = {};
-    heights_ = {};
-    texts_ = {};
-    erased_ = 0;
-    orderStale_ = true;
-    styles_.clear();
-    shapes_.clear();
-    names_.clear();
-    nameByText_.clear();
-    sets_.assign(1, NameSet{});
-    setByNames_.clear();
-    nextHandle_ = 1;
-    byHandle_.clear();
-    handlesIndexed_ = false;
-    selections_.clear();
+    store_ = {};
+    names_.Clear();
+    styles_.Clear();
+    shapes_.Clear();
     addLayer("0");
 }
 
 void Drawing::clearEntities() {
-    entities_.truncate(0);
-    vertices_.truncate(0);
-    heights_.truncate(0);
-    texts_.truncate(0);
-    erased_ = 0;
-    orderStale_ = true;
+    store_.Clear();
     layersIndexed_ = false;
-    byHandle_.clear();
-    handlesIndexed_ = false;
-    selections_.clear();
+}
+
+void Drawing::clearLayers() {
+    layersIndexed_ = false;
+    layers_.clear();
+    layerByName_.clear();
 }
 
 void Drawing::open(std::string_view path) {
@@ -142,12 +131,12 @@ void Drawing::eraseLayer(std::string_view name) {
     auto found = layerByName_.find(platform::LowerAscii(name));
     if (found == layerByName_.end() || found->second == 0) return;
     std::uint32_t gone = found->second;
-    for (std::uint32_t i = 0; i < entities_.size(); ++i) {
-        if (entities_[i].layer == gone) {
-            Entity(*this, i).erase();
-            entities_[i].layer = 0;
-        } else if (entities_[i].layer > gone) {
-            --entities_[i].layer;
+    for (std::uint32_t i = 0; i < store_.Size(); ++i) {
+        if (store_[i].layer == gone) {
+            eraseEntity(i);
+            store_[i].layer = 0;
+        } else if (store_[i].layer > gone) {
+            --store_[i].layer;
         }
     }
     layers_.erase(layers_.begin() + gone);
@@ -180,87 +169,58 @@ void Drawing::addBlock(Block block) {
 
 // --- Entities
 
-Entity Drawing::entityAt(std::size_t index) {
-    if (erased_ == 0) return {*this, static_cast<std::uint32_t>(index)};
-    if (orderStale_) {
-        order_.clear();
-        forEach([&](Entity entity) { order_.push_back(entity.index()); });
-        orderStale_ = false;
-    }
-    return {*this, order_[index]};
-}
-
-void Drawing::indexHandles() {
-    if (handlesIndexed_) return;
-    byHandle_.reserve(entities_.size());
-    for (std::uint32_t i = 0; i < entities_.size(); ++i) byHandle_.emplace(entities_[i].handle, i);
-    handlesIndexed_ = true;
-}
-
-std::optional<std::uint32_t> Drawing::indexOfHandle(std::uint64_t handle) {
-    if (entities_.empty()) return std::nullopt;
-    // Handles are given in order, so most drawings need no index to find them.
-    std::uint64_t guess = handle - entities_[0].handle;
-    if (guess < entities_.size() && entities_[guess].handle == handle)
-        return static_cast<std::uint32_t>(guess);
-    if (handle >= nextHandle_) return std::nullopt;
-    indexHandles();
-    auto found = byHandle_.find(handle);
-    if (found == byHandle_.end()) return std::nullopt;
-    return found->second;
-}
-
 std::optional<Entity> Drawing::findByHandle(std::string_view handle) {
     auto number = HandleNumber(handle);
-    auto index = number ? indexOfHandle(*number) : std::nullopt;
-    if (!index || (entities_[*index].flags & Record::Erased)) return std::nullopt;
+    auto index = number ? store_.IndexOfHandle(*number) : std::nullopt;
+    if (!index || store_[*index].Has(Record::Erased)) return std::nullopt;
     return Entity(*this, *index);
 }
 
 bool Drawing::setHandle(Entity entity, std::string_view handle) {
     auto number = HandleNumber(handle);
-    if (!number || *number == 0 || *number >= largestHandle) return false;
-    Record& record = entities_[entity.index()];
-    if (record.handle == *number) return true;
-    if (indexOfHandle(*number)) return false;
-    if (handlesIndexed_) {
-        byHandle_.erase(record.handle);
-        byHandle_.emplace(*number, entity.index());
+    return number && *number != 0 && *number < largestHandle && store_.SetHandle(entity.index(), *number);
+}
+
+void Drawing::eraseEntity(std::uint32_t entity) {
+    store_.Erase(entity);
+    if (layersIndexed_) layerDirty_[store_[entity].layer] = true;
+}
+
+void Drawing::moveToLayer(std::uint32_t entity, std::string_view name) {
+    std::uint32_t layer = layerIndex(name);
+    Record& record = store_[entity];
+    if (record.layer == layer) return;
+    if (layersIndexed_) {
+        layerDirty_[record.layer] = true;
+        layerDirty_[layer] = true;
+        onLayer_[layer].push_back(entity);
     }
-    // A number that only this entity has ever had can be given again.
-    if (record.handle + 1 == nextHandle_) --nextHandle_;
-    record.handle = *number;
-    nextHandle_ = std::max(nextHandle_, *number + 1);
-    return true;
+    record.layer = layer;
 }
 
 void Drawing::indexLayers() {
     if (layersIndexed_) return;
     onLayer_.assign(layers_.size(), {});
     layerDirty_.assign(layers_.size(), false);
-    forEach([this](Entity entity) { onLayer_[entities_[entity.index()].layer].push_back(entity.index()); });
+    forEach([this](Entity entity) { onLayer_[entity.layerIndex()].push_back(entity.index()); });
     layersIndexed_ = true;
 }
 
-SelectionSet& Drawing::selectLayer(std::string_view setName, std::string_view layerName) {
-    SelectionSet& set = selections_[std::string(setName)];
-    set.drawing_ = this;
-    set.entities_.clear();
+SelectionSet Drawing::selectLayer(std::string_view layerName) {
     auto found = layerByName_.find(platform::LowerAscii(layerName));
-    if (found == layerByName_.end()) return set;
+    if (found == layerByName_.end()) return {*this, {}};
     indexLayers();
     std::uint32_t layer = found->second;
     std::vector<std::uint32_t>& members = onLayer_[layer];
     if (layerDirty_[layer]) {
         std::erase_if(members, [&](std::uint32_t i) {
-            return entities_[i].layer != layer || (entities_[i].flags & Record::Erased) != 0;
+            return store_[i].layer != layer || store_[i].Has(Record::Erased);
         });
         std::sort(members.begin(), members.end());
         members.erase(std::unique(members.begin(), members.end()), members.end());
         layerDirty_[layer] = false;
     }
-    set.entities_ = members;
-    return set;
+    return {*this, members};
 }
 
 void Box::widen(const Box& other) {
@@ -270,67 +230,42 @@ void Box::widen(const Box& other) {
     maxY = std::max(maxY, other.maxY);
 }
 
-Box Drawing::extentsOf(const Record& record) const {
-    double reach = record.kind == Kind::Circle || record.kind == Kind::Arc ? shapes_[record.shape].size : 0;
-    Box box;
-    for (std::uint32_t v = 0; v < record.vertexCount; ++v) {
-        const PlanePoint& p = vertices_[record.vertexBegin + v];
-        Box reached{p.x - reach, p.y - reach, p.x + reach, p.y + reach};
-        if (v == 0) box = reached;
-        box.widen(reached);
-    }
-    return box;
-}
-
 std::optional<Box> Drawing::extentsOfAny() const {
     std::optional<Box> box;
-    for (std::size_t i = 0; i < entities_.size(); ++i) {
-        const Record& record = entities_[i];
-        if (record.flags & Record::Erased || record.vertexCount == 0) continue;
-        Box reached = extentsOf(record);
+    forEach([&](const EntityView& entity) {
+        if (entity.vertexCount() == 0) return;
+        Box reached = entity.extents();
         if (!box) box = reached;
         box->widen(reached);
-    }
+    });
     return box;
-}
-
-Box Drawing::extents() const {
-    return extentsOfAny().value_or(Box{});
 }
 
 void Drawing::scale(double factor) {
-    for (std::size_t i = 0; i < vertices_.size(); ++i) {
-        vertices_[i].x *= factor;
-        vertices_[i].y *= factor;
-    }
-    for (std::size_t i = 0; i < heights_.size(); ++i) heights_[i] *= factor;
-    for (Shape& shape : shapes_) shape.size *= factor;
+    store_.Scale(factor);
+    shapes_.ChangeAll([&](Shape& shape) { shape.size *= factor; });
+}
+
+std::size_t Drawing::StyleHash::operator()(const Style& style) const {
+    return HashOf(style.lineType, {style.colour, style.fillColour, style.outlineColour,
+                                   static_cast<std::uint64_t>(style.lineWeight)});
+}
+
+std::size_t Drawing::ShapeHash::operator()(const Shape& shape) const {
+    return HashOf(shape.name, {Bits(shape.scaleX), Bits(shape.scaleY), Bits(shape.rotation), Bits(shape.size),
+                               Bits(shape.startAngle), Bits(shape.endAngle),
+                               static_cast<std::uint64_t>(shape.alignment)});
 }
 
 // --- Creation
 
-std::uint32_t Drawing::styleIndex(const Style& style) {
-    return IndexAmongLast(styles_, style);
-}
-
-std::uint32_t Drawing::shapeIndex(const Shape& shape) {
-    return IndexAmongLast(shapes_, shape);
-}
-
 Entity Drawing::add(Kind kind, const Shape& shape) {
-    auto index = static_cast<std::uint32_t>(entities_.size());
-    Record record{};
-    record.handle = nextHandle_++;
-    record.textBegin = texts_.size();
-    record.vertexBegin = vertices_.size();
+    std::uint32_t index = store_.Add(kind);
+    Record& record = store_[index];
     record.layer = activeLayer_;
-    record.style = styleIndex(active_);
-    record.shape = shapeIndex(shape);
-    record.kind = kind;
-    entities_.push_back(record);
+    record.style = styles_.PlaceOf(active_);
+    record.shape = shapes_.PlaceOf(shape);
     if (layersIndexed_) onLayer_[activeLayer_].push_back(index);
-    if (handlesIndexed_) byHandle_.emplace(record.handle, index);
-    orderStale_ = true;
     return {*this, index};
 }
 
@@ -365,9 +300,7 @@ Entity Drawing::addText(const Point& point, std::string_view text, double height
     shape.size = height;
     shape.rotation = rotation;
     Entity entity = add(Kind::Text, shape, point);
-    Record& record = entities_[entity.index()];
-    AppendText(texts_, text);
-    record.textSize = CheckedSize(texts_.size() - record.textBegin);
+    store_.AppendText(store_.Last(), text);
     return entity;
 }
 
@@ -400,84 +333,22 @@ Entity Drawing::addEntity(Kind kind, std::string_view kindName) {
 
 // --- Attribute names
 
-std::uint32_t Drawing::nameIndex(std::string_view name, std::int32_t typeCode) {
-    std::string key = std::to_string(typeCode) + ":" + std::string(name);
-    auto [place, isNew] = nameByText_.try_emplace(std::move(key), static_cast<std::uint32_t>(names_.size()));
-    if (isNew) names_.push_back({std::string(name), typeCode});
-    return place->second;
-}
-
-AttributeSet Drawing::setLongerBy(AttributeSet set, std::uint32_t name) {
-    auto found = sets_[set].longerBy.find(name);
-    if (found != sets_[set].longerBy.end()) return found->second;
-    std::vector<std::uint32_t> names = sets_[set].names;
-    names.push_back(name);
-    AttributeSet longer = setOf(std::move(names));
-    sets_[set].longerBy.emplace(name, longer);
-    return longer;
-}
-
-AttributeSet Drawing::setOf(std::vector<std::uint32_t> names) {
-    if (names.empty()) return 0;
-    std::string key(reinterpret_cast<const char*>(names.data()), names.size() * sizeof(names[0]));
-    auto [place, isNew] = setByNames_.try_emplace(std::move(key), static_cast<AttributeSet>(sets_.size()));
-    if (isNew) sets_.push_back({std::move(names), {}});
-    return place->second;
-}
-
 AttributeSet Drawing::attributeSet(std::span<const std::string> names) {
-    std::vector<std::uint32_t> indexes;
-    for (const std::string& name : names) indexes.push_back(nameIndex(name, textTypeCode));
-    return setOf(std::move(indexes));
+    AttributeNames::Names places;
+    for (const std::string& name : names) places.push_back(names_.PlaceOf(name, textTypeCode));
+    return names_.SetOf(std::move(places));
 }
 
 AttributeSet Drawing::attributeSet(std::span<const AttributeName> names) {
-    std::vector<std::uint32_t> indexes;
-    for (const AttributeName& name : names) indexes.push_back(nameIndex(name.name, name.typeCode));
-    return setOf(std::move(indexes));
+    AttributeNames::Names places;
+    for (const AttributeName& name : names) places.push_back(names_.PlaceOf(name.name, name.typeCode));
+    return names_.SetOf(std::move(places));
 }
 
 std::vector<std::string> Drawing::attributeNames(AttributeSet set) const {
     std::vector<std::string> names;
-    for (std::uint32_t name : sets_[set].names) names.push_back(names_[name].name);
+    for (std::uint32_t name : names_.Of(set)) names.push_back(names_.All()[name].name);
     return names;
-}
-
-// --- For importers
-
-void Drawing::beginValues(AttributeSet set) {
-    Record& record = entities_.back();
-    if (record.textSize == 0) record.textBegin = texts_.size();
-    record.set = set;
-}
-
-void Drawing::appendValue(std::string_view value) {
-    Record& record = entities_.back();
-    AppendText(texts_, value);
-    record.textSize = CheckedSize(texts_.size() - record.textBegin);
-}
-
-void Drawing::shareValues() {
-    Record& record = entities_.back();
-    Record& before = entities_[entities_.size() - 2];
-    record.set = before.set;
-    record.textBegin = before.textBegin;
-    record.textSize = before.textSize;
-    record.flags |= Record::SharesTexts;
-    before.flags |= Record::SharesTexts;
-}
-
-std::span<PlanePoint> Drawing::extendPlan(std::size_t count) {
-    Record& record = entities_.back();
-    record.vertexCount = CheckedSize(record.vertexCount + count);
-    if (!heights_.empty()) std::fill_n(heights_.extend(count), count, 0.0);
-    return {vertices_.extend(count), count};
-}
-
-std::span<PlanePoint> Drawing::planFrom(std::uint32_t first) {
-    if (first >= entities_.size()) return {};
-    std::uint64_t begin = entities_[first].vertexBegin;
-    return {vertices_.data() + begin, vertices_.size() - begin};
 }
 
 }  // namespace vexlator::drawing

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "drawing/PodVector.h"
-#include "util/Angles.h"
+#include "drawing/AttributeNames.h"
+#include "drawing/EntityStore.h"
+#include "drawing/Interned.h"
 
-#include <array>
 #include <cstdint>
 #include <deque>
 #include <optional>
@@ -20,21 +20,12 @@
 /// geometry and named text values (XProperties).
 namespace vexlator::drawing {
 
-/// Drawing units; x easting, y northing, z height.
-struct Point {
-    double x = 0, y = 0, z = 0;
-    bool operator==(const Point&) const = default;
-};
-using util::PlanePoint;
-
 /// Plane distance: z does not count.
 double distance(const Point& a, const Point& b);
 
 /// 0 to 255 is a palette index (7 is the default); above, a 24-bit colour value.
 using Colour = std::uint32_t;
 constexpr Colour defaultColour = 7;
-
-enum class Kind : std::uint8_t { Point, Insert, Polyline, Circle, Text, Arc, Line, Other };
 
 /// "VDPOINT" ...; "" for Other, whose entities carry a name of their own.
 std::string_view KindName(Kind kind);
@@ -81,37 +72,37 @@ struct Box {
     void widen(const Box& other);
 };
 
-constexpr std::int32_t textTypeCode = 1000;
-
-struct AttributeName {
-    std::string name;
-    std::int32_t typeCode = textTypeCode;  ///< what its values are
-};
-
-/// A sequence of attribute names, interned in a drawing; see Drawing::attributeSet.
-using AttributeSet = std::uint32_t;
-
 class Drawing;
 class Entity;
 
 /// One named value of an entity. Valid until the entity's attributes or texts are changed otherwise.
-class XProperty {
+class XPropertyView {
 public:
     std::string_view name() const;
     /// 1000 for text, which is all that the system writes.
     std::int32_t typeCode() const;
     std::string_view value() const { return value_; }
+
+protected:
+    friend class XPropertiesView;
+    XPropertyView(const Drawing& drawing, std::uint32_t entity, std::size_t index, std::string_view value)
+        : drawing_(&drawing), entity_(entity), index_(index), value_(value) {}
+    const Drawing* drawing_;
+    std::uint32_t entity_;
+    std::size_t index_;
+    std::string_view value_;
+};
+
+/// One that can be changed.
+class XProperty : public XPropertyView {
+public:
     void setName(std::string_view name);
     void setValue(std::string_view text);
 
 private:
     friend class XProperties;
-    XProperty(Drawing& drawing, std::uint32_t entity, std::size_t index, std::string_view value)
-        : drawing_(&drawing), entity_(entity), index_(index), value_(value) {}
-    Drawing* drawing_;
-    std::uint32_t entity_;
-    std::size_t index_;
-    std::string_view value_;
+    XProperty(Drawing& drawing, const XPropertyView& view) : XPropertyView(view), changed_(&drawing) {}
+    Drawing* changed_;
 };
 
 /// Reads an entity's values one after the other, without looking any of them up again.
@@ -128,13 +119,12 @@ private:
 };
 
 /// The attributes of an entity, in the order they were added, which is that of its attribute template.
-class XProperties {
+class XPropertiesView {
 public:
     std::size_t count() const;
-    XProperty item(std::size_t index) const;
+    XPropertyView item(std::size_t index) const;
     /// The first of that name, letter case included.
-    std::optional<XProperty> find(std::string_view name) const;
-    void add(std::string_view name, std::string_view value, std::int32_t typeCode = textTypeCode);
+    std::optional<XPropertyView> find(std::string_view name) const;
     std::string_view name(std::size_t index) const;
     std::int32_t typeCode(std::size_t index) const;
     /// Values from the first on.
@@ -142,56 +132,61 @@ public:
     /// All texts of the entity as they are stored, lengths among them: enough to tell which characters occur.
     std::string_view encoded() const;
 
-private:
-    friend class Entity;
-    XProperties(Drawing& drawing, std::uint32_t entity) : drawing_(&drawing), entity_(entity) {}
-    Drawing* drawing_;
+protected:
+    friend class EntityView;
+    XPropertiesView(const Drawing& drawing, std::uint32_t entity) : drawing_(&drawing), entity_(entity) {}
+    const Drawing* drawing_;
     std::uint32_t entity_;
 };
 
-/// One entity of a drawing: a light reference, good until the drawing is opened anew or destroyed.
-class Entity {
+/// Attributes that can be changed.
+class XProperties : public XPropertiesView {
 public:
-    Entity(Drawing& drawing, std::uint32_t index) : drawing_(&drawing), index_(index) {}
+    XProperty item(std::size_t index) const { return {*changed_, XPropertiesView::item(index)}; }
+    std::optional<XProperty> find(std::string_view name) const;
+    void add(std::string_view name, std::string_view value, std::int32_t typeCode = textTypeCode);
 
-    Kind kindCode() const;
+private:
+    friend class Entity;
+    XProperties(Drawing& drawing, const XPropertiesView& view) : XPropertiesView(view), changed_(&drawing) {}
+    Drawing* changed_;
+};
+
+/// One entity of a drawing, to look at: a light reference, good until the drawing is opened anew or
+/// destroyed.
+class EntityView {
+public:
+    EntityView(const Drawing& drawing, std::uint32_t index) : drawing_(&drawing), index_(index) {}
+
+    Kind kindCode() const { return record().kind; }
     std::string_view kind() const;
     /// Capital hexadecimal digits, unique in the drawing.
     std::string handle() const;
-    std::uint64_t handleNumber() const;
+    std::uint64_t handleNumber() const { return record().handle; }
     const std::string& layerName() const;
     /// The place of its layer in Drawing::layers().
-    std::uint32_t layerIndex() const;
-    /// Moves the entity to a layer, which is added when it is missing.
-    void setLayerName(std::string_view name);
-    void erase();
-    bool isErased() const;
-    XProperties xproperties() const { return {*drawing_, index_}; }
+    std::uint32_t layerIndex() const { return record().layer; }
+    bool isErased() const { return record().Has(Record::Erased); }
+    XPropertiesView xproperties() const { return {*drawing_, index_}; }
     /// The identity of its attribute names: equal for entities that have the same names in the same order.
-    AttributeSet attributeSet() const;
+    AttributeSet attributeSet() const { return record().set; }
 
     const Style& style() const;
-    void setStyle(const Style& style);
     const Shape& shape() const;
-    void setShape(const Shape& shape);
 
     /// Position of a point, insert, text; centre of a circle or arc; first vertex of the rest.
     Point position() const { return vertexCount() ? vertex(0) : Point{}; }
     Point insertionPoint() const { return position(); }
     Point centre() const { return position(); }
-    std::size_t vertexCount() const;
-    Point vertex(std::size_t index) const;
+    std::size_t vertexCount() const { return record().vertexCount; }
+    Point vertex(std::size_t index) const { return store().Vertex(record(), index); }
     /// x and y of all vertices.
-    std::span<const PlanePoint> planVertices() const;
+    std::span<const PlanePoint> planVertices() const { return store().Plan(record()); }
     /// z of all vertices; empty when all are 0.
-    std::span<const double> heights() const;
-    void setVertex(std::size_t index, const Point& point);
-    void appendVertex(const Point& point);
+    std::span<const double> heights() const { return store().Heights(record()); }
 
-    bool isClosed() const;
-    void setClosed(bool closed);
-    bool isFilled() const;
-    void setFilled(bool filled);
+    bool isClosed() const { return record().Has(Record::Closed); }
+    bool isFilled() const { return record().Has(Record::Filled); }
 
     const std::string& blockName() const { return shape().name; }
     double rotation() const { return shape().rotation; }
@@ -199,11 +194,8 @@ public:
     double height() const { return shape().size; }
     /// The string of a text entity; "" for other kinds.
     std::string_view text() const;
-    void setText(std::string_view text);
     std::string_view label() const;
-    void setLabel(std::string_view label);
     std::string_view hyperlink() const;
-    void setHyperlink(std::string_view hyperlink);
 
     /// Length of the vertices' course, a closing side included; circumference of a circle, length of an arc.
     double length() const;
@@ -211,14 +203,43 @@ public:
     Box extents() const;
 
     std::uint32_t index() const { return index_; }
-    bool operator==(const Entity&) const = default;
+    bool operator==(const EntityView&) const = default;
 
-private:
-    Drawing* drawing_;
+protected:
+    const EntityStore& store() const;
+    const Record& record() const { return store()[index_]; }
+
+    const Drawing* drawing_;
     std::uint32_t index_;
 };
 
-/// A named, ordered subset of a drawing's entities.
+/// One that can be changed.
+class Entity : public EntityView {
+public:
+    Entity(Drawing& drawing, std::uint32_t index) : EntityView(drawing, index), changed_(&drawing) {}
+
+    /// Moves the entity to a layer, which is added when it is missing.
+    void setLayerName(std::string_view name);
+    void erase();
+    XProperties xproperties() const { return {*changed_, EntityView::xproperties()}; }
+    void setStyle(const Style& style);
+    void setShape(const Shape& shape);
+    void setVertex(std::size_t index, const Point& point);
+    void appendVertex(const Point& point);
+    void setClosed(bool closed) { changedRecord().Set(Record::Closed, closed); }
+    void setFilled(bool filled) { changedRecord().Set(Record::Filled, filled); }
+    void setText(std::string_view text);
+    void setLabel(std::string_view label);
+    void setHyperlink(std::string_view hyperlink);
+
+private:
+    Record& changedRecord();
+    void setOptionalText(std::size_t index, unsigned flag, std::string_view value);
+
+    Drawing* changed_;
+};
+
+/// Some of a drawing's entities, in drawing order.
 class SelectionSet {
 public:
     std::size_t count() const { return entities_.size(); }
@@ -226,9 +247,11 @@ public:
     std::span<const std::uint32_t> indexes() const { return entities_; }
     Entity entity(std::uint32_t index) const { return {*drawing_, index}; }
 
+    SelectionSet(Drawing& drawing, std::vector<std::uint32_t> entities)
+        : drawing_(&drawing), entities_(std::move(entities)) {}
+
 private:
-    friend class Drawing;
-    Drawing* drawing_ = nullptr;
+    Drawing* drawing_;
     std::vector<std::uint32_t> entities_;
 };
 
@@ -276,26 +299,31 @@ public:
     void setActiveStyle(const Style& style) { active_ = style; }
 
     /// Entities that are not erased.
-    std::size_t entityCount() const { return entities_.size() - erased_; }
+    std::size_t entityCount() const { return store_.Size() - store_.Erased(); }
     /// In drawing order, erased ones not counted.
-    Entity entityAt(std::size_t index);
+    Entity entityAt(std::size_t index) { return {*this, store_.IndexAt(index)}; }
+    EntityView entityAt(std::size_t index) const { return {*this, store_.IndexAt(index)}; }
     std::optional<Entity> findByHandle(std::string_view handle);
     /// Calls `visit(Entity)` for every entity in drawing order; the visitor may change, erase and add
-    /// entities.
+    /// entities. A const drawing gives an EntityView.
     template <typename Visit>
     void forEach(Visit visit) {
-        for (std::uint32_t i = 0; i < entities_.size(); ++i)
-            if (!(entities_[i].flags & Record::Erased)) visit(Entity(*this, i));
+        for (std::uint32_t i = 0; i < store_.Size(); ++i)
+            if (!store_[i].Has(Record::Erased)) visit(Entity(*this, i));
+    }
+    template <typename Visit>
+    void forEach(Visit visit) const {
+        for (std::uint32_t i = 0; i < store_.Size(); ++i)
+            if (!store_[i].Has(Record::Erased)) visit(EntityView(*this, i));
     }
 
-    /// The entities of a layer in drawing order, at a cost that grows with their number only. The set is kept
-    /// under its name until it is selected anew.
-    SelectionSet& selectLayer(std::string_view setName, std::string_view layerName);
+    /// The entities of a layer in drawing order, at a cost that grows with their number only.
+    SelectionSet selectLayer(std::string_view layerName);
 
     /// Bounding box of all entities; all 0 when there are none.
-    Box extents() const;
-    /// Fits the view, where there is one.
-    void zoomExtents() {}
+    Box extents() const { return extentsOfAny().value_or(Box{}); }
+    /// None when there are no entities with vertices.
+    std::optional<Box> extentsOfAny() const;
 
     Entity addPoint(const Point& point);
     Entity addInsert(const Point& point, std::string_view blockName, double xScale, double yScale,
@@ -317,89 +345,58 @@ public:
 
     // --- For importers, which add millions of entities with the same attribute names.
 
-    /// The interned sequence of these names, all of type text.
+    /// The sequence of these names, all of type text.
     AttributeSet attributeSet(std::span<const std::string> names);
     AttributeSet attributeSet(std::span<const AttributeName> names);
-    std::size_t attributeCount(AttributeSet set) const { return sets_[set].names.size(); }
+    std::size_t attributeCount(AttributeSet set) const { return names_.Of(set).size(); }
     std::vector<std::string> attributeNames(AttributeSet set) const;
     /// Gives the entity added last, which must have no attributes yet, those names; the values follow, in
     /// order, one appendValue() for each name.
-    void beginValues(AttributeSet set);
-    void appendValue(std::string_view value);
+    void beginValues(AttributeSet set) { store_.Last().set = set; }
+    void appendValue(std::string_view value) { store_.AppendText(store_.Last(), value); }
     /// The entity added last gets the attributes of the entity before it, which are stored once.
-    void shareValues();
+    void shareValues() { store_.ShareTexts(); }
     /// Adds vertices without heights to the entity added last; to be filled at once.
-    std::span<PlanePoint> extendPlan(std::size_t count);
+    std::span<PlanePoint> extendPlan(std::size_t count) { return store_.ExtendPlan(count); }
     /// The vertices of entity number `first` and all added after it, to convert at once. Only while each of
     /// them was built up before the next was added.
-    std::span<PlanePoint> planFrom(std::uint32_t first);
+    std::span<PlanePoint> planFrom(std::uint32_t first) { return store_.PlanFrom(first); }
+
+    // --- For readers and writers of drawing files: what a drawing is made of.
+
+    struct StyleHash {
+        std::size_t operator()(const Style& style) const;
+    };
+    struct ShapeHash {
+        std::size_t operator()(const Shape& shape) const;
+    };
+    EntityStore& store() { return store_; }
+    const EntityStore& store() const { return store_; }
+    AttributeNames& names() { return names_; }
+    const AttributeNames& names() const { return names_; }
+    Interned<Style, StyleHash>& styles() { return styles_; }
+    const Interned<Style, StyleHash>& styles() const { return styles_; }
+    Interned<Shape, ShapeHash>& shapes() { return shapes_; }
+    const Interned<Shape, ShapeHash>& shapes() const { return shapes_; }
+    std::uint32_t activeLayerIndex() const { return activeLayer_; }
+    /// All layers go, "0" too; only while there are no entities.
+    void clearLayers();
+    /// Layers, blocks and what entities have in common stay.
+    void clearEntities();
+    /// Texts of an entity before its attribute values, and these.
+    std::size_t textCount(const Record& record) const {
+        return record.LeadingTexts() + attributeCount(record.set);
+    }
 
 private:
     friend class Entity;
-    friend class XProperty;
-    friend class XProperties;
-    friend class VdfWriter;
-    friend class VdfReader;
-    friend class DrawingFile;
-    friend class DrawingOutput;
 
-    struct Record {
-        enum Flag : std::uint8_t {
-            Closed = 1,
-            Filled = 2,
-            Erased = 4,
-            HasLabel = 8,
-            HasHyperlink = 16,
-            SharesTexts = 32  ///< its texts lie where another entity's do: never changed in place
-        };
-        std::uint64_t handle;
-        std::uint64_t
-            textBegin;  ///< its texts: string, label, hyperlink, attribute values, as far as present
-        std::uint64_t vertexBegin;
-        std::uint32_t textSize;  ///< bytes
-        std::uint32_t vertexCount;
-        std::uint32_t layer, style, shape, set;
-        Kind kind;
-        std::uint8_t flags;
-    };
-    struct NameSet {
-        std::vector<std::uint32_t> names;                          ///< into names_
-        std::unordered_map<std::uint32_t, AttributeSet> longerBy;  ///< the set with one more name
-    };
-
-    enum class TextChange { Insert, Replace, Remove };
-
-    Box extentsOf(const Record& record) const;
-    /// None when there are no entities with vertices.
-    std::optional<Box> extentsOfAny() const;
     Entity add(Kind kind, const Shape& shape);
     Entity add(Kind kind, const Shape& shape, const Point& at);
     std::uint32_t layerIndex(std::string_view name);
-    std::uint32_t styleIndex(const Style& style);
-    std::uint32_t shapeIndex(const Shape& shape);
-    std::uint32_t nameIndex(std::string_view name, std::int32_t typeCode);
-    AttributeSet setLongerBy(AttributeSet set, std::uint32_t name);
-    /// Enters the sequence as a whole, none of its beginnings.
-    AttributeSet setOf(std::vector<std::uint32_t> names);
-
-    std::size_t leadingTexts(const Record& record) const;
-    std::size_t textCount(const Record& record) const;
-    const char* textAt(const Record& record, std::size_t index) const;
-    std::string_view readText(const Record& record, std::size_t index) const;
-    const AttributeName& attributeName(std::uint32_t entity, std::size_t index) const {
-        return names_[sets_[entities_[entity].set].names[index]];
-    }
-    /// Changes text `index`, counted over all texts of the entity. `value` may not lie in texts_.
-    void changeTexts(std::uint32_t entity, TextChange change, std::size_t index, std::string_view value);
-    void appendText(std::uint32_t entity, std::string_view value);
-    void setOptionalText(std::uint32_t entity, std::size_t index, std::uint8_t flag, std::string_view value);
-    void moveVerticesToEnd(Record& record);
-    void needHeights();
-    /// Layers, blocks and what entities have in common stay.
-    void clearEntities();
+    void moveToLayer(std::uint32_t entity, std::string_view name);
+    void eraseEntity(std::uint32_t entity);
     void indexLayers();
-    void indexHandles();
-    std::optional<std::uint32_t> indexOfHandle(std::uint64_t handle);
 
     std::vector<std::pair<std::string, std::string>> properties_;
     std::deque<Layer> layers_;
@@ -412,26 +409,10 @@ private:
     std::uint32_t activeLayer_ = 0;
     Style active_;
 
-    PodVector<Record> entities_;
-    PodVector<PlanePoint> vertices_;
-    PodVector<double> heights_;  ///< empty while every height is 0, else one per vertex
-    PodVector<char> texts_;      ///< each text as its length (LEB128) and its bytes
-    std::size_t erased_ = 0;
-    std::vector<std::uint32_t> order_;  ///< entities not erased; used once something is erased
-    bool orderStale_ = true;
-
-    std::vector<Style> styles_;
-    std::vector<Shape> shapes_;
-    std::vector<AttributeName> names_;
-    std::unordered_map<std::string, std::uint32_t> nameByText_;
-    std::vector<NameSet> sets_;
-    std::unordered_map<std::string, AttributeSet> setByNames_;  ///< by the bytes of NameSet::names
-
-    std::uint64_t nextHandle_ = 1;
-    std::unordered_map<std::uint64_t, std::uint32_t> byHandle_;
-    bool handlesIndexed_ = false;  ///< byHandle_ is complete; built when a search first needs it
-
-    std::unordered_map<std::string, SelectionSet> selections_;
+    EntityStore store_;
+    AttributeNames names_;
+    Interned<Style, StyleHash> styles_;
+    Interned<Shape, ShapeHash> shapes_;
 };
 
 }  // namespace vexlator::drawing

@@ -30,8 +30,8 @@ public:
 
     /// Whether there are enough entities for a chunk.
     bool IsFull() const {
-        return drawing_.entities_.size() >= vdf::entitiesPerChunk ||
-               drawing_.vertices_.size() * sizeof(PlanePoint) + drawing_.texts_.size() > vdf::bytesPerChunk;
+        return drawing_.store().Size() >= vdf::entitiesPerChunk ||
+               drawing_.store().Bytes() > vdf::bytesPerChunk;
     }
     /// To be called between two features: when there are enough entities for a chunk, they are written and
     /// leave the drawing. All else stays: layers, styles, attribute sets, the next handle.

@@ -15,7 +15,6 @@ namespace vexlator::drawing {
 namespace {
 
 constexpr std::string_view changeSection = "INOUTFEATCHANGE";
-constexpr std::string_view workingSet = "PJB";
 constexpr std::size_t longestCode = 3;
 constexpr std::size_t mostBytesPerCharacter = 4;
 
@@ -40,7 +39,7 @@ void ChangeFeature(config::Run& run, Drawing& drawing, const std::string& code, 
     std::string newCode = run.ReadIni(changeSection, code, configFile);
     if (newCode.empty()) return;
     auto renamings = ParseRenamings(run.ReadIni(changeSection, code + "_Fields", configFile));
-    const SelectionSet& entities = drawing.selectLayer(workingSet, code);
+    SelectionSet entities = drawing.selectLayer(code);
     if (entities.count() == 0) return;
     FindOrAddLayer(drawing, newCode);
     for (std::size_t i = 0; i < entities.count(); ++i) {
@@ -97,6 +96,21 @@ std::string SlashDateFromCompact(std::string_view text) {
         return std::string(text);
     std::string result(text.substr(6, 2));
     return result.append("/").append(text.substr(4, 2)).append("/").append(text.substr(0, 4));
+}
+
+config::KeyList DrawingKeys() {
+    return {
+        {"INOUTFEATCHANGE", "",
+         "renames feature codes and their fields in exports: a key per code, and the code followed by "
+         "_Fields",
+         "nothing is renamed"},
+        {.section = "GENERICIN",
+         .name = "GenATP",
+         .meaning = "imports offer to make attribute templates for feature codes that have none",
+         .fallback = "off",
+         .initial = "0",
+         .type = config::Key::Type::Flag},
+    };
 }
 
 }  // namespace vexlator::drawing

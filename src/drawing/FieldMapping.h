@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Run.h"
+#include "config/Keys.h"
 #include "drawing/AttributeTemplate.h"
 #include "drawing/Drawing.h"
 
@@ -36,5 +36,7 @@ void RenameAttribute(config::Run& run, Entity entity, std::string_view oldName, 
 
 /// Eight characters, each a digit, "-" or ".": 20240315 gives 15/03/2024. Other texts come back unchanged.
 std::string SlashDateFromCompact(std::string_view text);
+
+config::KeyList DrawingKeys();
 
 }  // namespace vexlator::drawing

@@ -37,6 +37,12 @@ bool IsAligned(const Vector* vector) {
     return reinterpret_cast<std::uintptr_t>(vector->Data()) % alignof(Element) == 0;
 }
 
+template <typename Vector>
+std::span<const std::byte> BytesOf(const Vector* vector) {
+    if (!vector) return {};
+    return std::as_bytes(std::span(vector->data(), vector->size()));
+}
+
 /// A column of which one element may stand for all entities.
 template <typename T>
 class Column {
@@ -74,7 +80,7 @@ public:
     /// All entities, added to the drawing. `afterChunk` is called behind each chunk.
     template <typename AfterChunk>
     void ReadAll(AfterChunk afterChunk) {
-        drawing_.entities_.reserveMore(entities_);
+        drawing_.store().ReserveMore(entities_);
         while (ReadNextChunk()) afterChunk();
         if (!handlesRise_) CheckHandlesDiffer();
     }
@@ -93,8 +99,6 @@ public:
     }
 
 private:
-    using Record = Drawing::Record;
-
     [[noreturn]] static void Damaged(const std::string& place, const std::string& reason) {
         throw ReadError("", place, reason);
     }
@@ -161,7 +165,7 @@ private:
     void ReadIndex(const vdf::Index& index) {
         ForEach(index.properties(), [&](const vdf::Property& entry) {
             std::string name = TakeString(entry.name());
-            drawing_.properties_.emplace_back(std::move(name), TakeString(entry.value()));
+            drawing_.properties().emplace_back(std::move(name), TakeString(entry.value()));
         });
         ReadLayers(index);
         ForEach(index.blocks(), [&](const vdf::BlockEntry& entry) {
@@ -173,16 +177,14 @@ private:
             drawing_.addBlock(std::move(block));
         });
         ForEach(index.styles(),
-                [&](const vdf::StyleEntry& entry) { drawing_.styles_.push_back(TakeStyle(entry)); });
+                [&](const vdf::StyleEntry& entry) { drawing_.styles().AddUnchecked(TakeStyle(entry)); });
         ForEach(index.shapes(),
-                [&](const vdf::ShapeEntry& entry) { drawing_.shapes_.push_back(TakeShape(entry)); });
+                [&](const vdf::ShapeEntry& entry) { drawing_.shapes().AddUnchecked(TakeShape(entry)); });
         ReadNames(index);
     }
 
     void ReadLayers(const vdf::Index& index) {
-        drawing_.layersIndexed_ = false;
-        drawing_.layers_.clear();
-        drawing_.layerByName_.clear();
+        drawing_.clearLayers();
         ForEach(index.layers(), [&](const vdf::LayerEntry& entry) {
             Layer& layer = drawing_.addLayer(TakeString(entry.name()));
             layer.frozen = entry.frozen();
@@ -191,36 +193,26 @@ private:
         std::size_t listed = index.layers() ? index.layers()->size() : 0;
         if (listed != drawing_.layerCount()) Damaged("index", "two layers have the same name");
         if (index.active_layer() >= listed) Damaged("index", "the active layer does not exist");
-        drawing_.activeLayer_ = index.active_layer();
-        if (index.active_style()) drawing_.active_ = TakeStyle(*index.active_style());
+        drawing_.setActiveLayer(drawing_.layers()[index.active_layer()].name);
+        if (index.active_style()) drawing_.setActiveStyle(TakeStyle(*index.active_style()));
     }
 
     void ReadNames(const vdf::Index& index) {
         ForEach(index.names(), [&](const vdf::NameEntry& entry) {
-            drawing_.nameIndex(TakeString(entry.name()), entry.type_code());
+            drawing_.names().PlaceOf(TakeString(entry.name()), entry.type_code());
         });
         std::size_t names = index.names() ? index.names()->size() : 0;
-        if (names != drawing_.names_.size()) Damaged("index", "an attribute name stands in it twice");
+        if (names != drawing_.names().All().size()) Damaged("index", "an attribute name stands in it twice");
         ForEach(index.attribute_sets(), [&](const vdf::SetEntry& entry) {
-            AttributeSet set = 0;
-            std::size_t count = entry.names() ? entry.names()->size() : 0;
-            Take(count * sizeof(std::uint32_t));
-            for (std::size_t i = 0; i < count; ++i) {
-                std::uint32_t name = entry.names()->Get(static_cast<flatbuffers::uoffset_t>(i));
-                if (name >= names) Damaged("index", "an attribute set names a name that does not exist");
+            AttributeNames::Names set;
+            if (entry.names()) {
+                Take(entry.names()->size() * sizeof(std::uint32_t));
+                set.assign(entry.names()->begin(), entry.names()->end());
             }
-            set = SetOf(entry);
-            sets_.push_back(set);
+            if (std::ranges::any_of(set, [&](std::uint32_t name) { return name >= names; }))
+                Damaged("index", "an attribute set names a name that does not exist");
+            sets_.push_back(drawing_.names().SetOf(std::move(set)));
         });
-    }
-
-    /// The set of these names. Only the whole is entered, not each of its beginnings.
-    AttributeSet SetOf(const vdf::SetEntry& entry) {
-        if (!entry.names() || entry.names()->size() == 0) return 0;
-        Drawing::NameSet set;
-        set.names.assign(entry.names()->begin(), entry.names()->end());
-        drawing_.sets_.push_back(std::move(set));
-        return static_cast<AttributeSet>(drawing_.sets_.size() - 1);
     }
 
     void CountEntities(const vdf::Index& index) {
@@ -228,7 +220,7 @@ private:
         chunks_ = index.chunks();
         for (flatbuffers::uoffset_t i = 0; i < ChunkCount(); ++i) entities_ += chunks_->Get(i)->entities();
         if (entities_ > bytes_.size()) Damaged("index", "more entities are announced than the file can hold");
-        drawing_.nextHandle_ = std::max(drawing_.nextHandle_, index.next_handle());
+        drawing_.store().SetNextHandle(std::max(drawing_.store().NextHandle(), index.next_handle()));
     }
 
     flatbuffers::uoffset_t ChunkCount() const { return chunks_ ? chunks_->size() : 0; }
@@ -273,8 +265,8 @@ private:
         if (!complete) Damaged(place, "a column is too short or too long");
         if (!IsAligned<std::uint64_t>(chunk.handles())) Damaged(place, "the structure is damaged");
         if (!kinds.AllBelow(static_cast<std::size_t>(Kind::Other) + 1) ||
-            !layers.AllBelow(drawing_.layerCount()) || !styles.AllBelow(drawing_.styles_.size()) ||
-            !shapes.AllBelow(drawing_.shapes_.size()) || !sets.AllBelow(sets_.size()) ||
+            !layers.AllBelow(drawing_.layerCount()) || !styles.AllBelow(drawing_.styles().Size()) ||
+            !shapes.AllBelow(drawing_.shapes().Size()) || !sets.AllBelow(sets_.size()) ||
             !flags.AllBelow(std::size_t{2} * vdf::sameTexts))
             Damaged(place, "a column refers to something that does not exist");
 
@@ -298,7 +290,7 @@ private:
                 ShareTexts(place, record, i);
             else
                 TakeTexts(place, record, cursor);
-            drawing_.entities_.push_back(record);
+            drawing_.store().AddRecord(record);
         }
         if (cursor.vertex != cursor.vertexEnd || cursor.text != cursor.textEnd)
             Damaged(place, "vertices or texts are left over");
@@ -315,27 +307,19 @@ private:
         std::size_t texts = chunk.texts() ? chunk.texts()->size() : 0;
         if ((chunk.plan() && chunk.plan()->size() % 2 != 0) || (heights != 0 && heights != vertices))
             Damaged(place, "the coordinates are incomplete");
-        if (heights != 0) drawing_.needHeights();
-        Cursor cursor{drawing_.vertices_.size(), drawing_.vertices_.size() + vertices, drawing_.texts_.size(),
-                      drawing_.texts_.size() + texts};
-        if (vertices != 0)
-            std::memcpy(static_cast<void*>(drawing_.vertices_.extend(vertices)), chunk.plan()->data(),
-                        vertices * sizeof(PlanePoint));
-        if (heights != 0 || !drawing_.heights_.empty()) {
-            double* z = drawing_.heights_.extend(vertices);
-            if (heights != 0)
-                std::memcpy(z, chunk.heights()->data(), vertices * sizeof(double));
-            else
-                std::fill_n(z, vertices, 0.0);
-        }
-        if (texts != 0) std::memcpy(drawing_.texts_.extend(texts), chunk.texts()->data(), texts);
+        Cursor cursor{};
+        cursor.vertex = drawing_.store().AddVertices(BytesOf(chunk.plan()), BytesOf(chunk.heights()));
+        cursor.vertexEnd = cursor.vertex + vertices;
+        cursor.text = drawing_.store().AddTexts(BytesOf(chunk.texts()));
+        cursor.textEnd = cursor.text + texts;
         return cursor;
     }
 
     void TakeTexts(const std::string& place, Record& record, Cursor& cursor) {
-        const char* begin = drawing_.texts_.data() + cursor.text;
+        const char* texts = drawing_.store().AllTexts().data();
+        const char* begin = texts + cursor.text;
         const char* position = begin;
-        const char* end = drawing_.texts_.data() + cursor.textEnd;
+        const char* end = texts + cursor.textEnd;
         if (!SkipTexts(position, end, drawing_.textCount(record))) Damaged(place, "texts are missing");
         record.textBegin = cursor.text;
         record.textSize = CheckedSize(static_cast<std::uint64_t>(position - begin));
@@ -344,25 +328,23 @@ private:
 
     void ShareTexts(const std::string& place, Record& record, std::size_t i) {
         if (i == 0) Damaged(place, "its first entity shares texts with none");
-        Record& before = drawing_.entities_.back();
+        Record& before = drawing_.store().Last();
         if (drawing_.textCount(record) != drawing_.textCount(before))
             Damaged(place, "entities that share texts have different numbers of them");
         record.textBegin = before.textBegin;
         record.textSize = before.textSize;
-        record.flags |= Record::SharesTexts;
-        before.flags |= Record::SharesTexts;
+        record.Set(Record::SharesTexts, true);
+        before.Set(Record::SharesTexts, true);
     }
 
     void CheckHandle(const std::string& place, std::uint64_t handle) {
-        if (handle >= drawing_.nextHandle_) Damaged(place, "a handle is too large");
+        if (handle >= drawing_.store().NextHandle()) Damaged(place, "a handle is too large");
         handlesRise_ = handlesRise_ && handle > lastHandle_;
         lastHandle_ = handle;
     }
 
     void CheckHandlesDiffer() {
-        drawing_.indexHandles();
-        if (drawing_.byHandle_.size() != drawing_.entities_.size())
-            Damaged("index", "two entities have one handle");
+        if (!drawing_.store().HandlesDiffer()) Damaged("index", "two entities have one handle");
     }
 
     std::span<const std::byte> bytes_;

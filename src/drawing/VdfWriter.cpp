@@ -40,7 +40,7 @@ public:
 
     void WriteEntities() {
         std::size_t next = 0;
-        while (next < drawing_.entities_.size()) {
+        while (next < store().Size()) {
             next = TakeRecords(next);
             if (!records_.empty()) WriteChunk();
         }
@@ -57,7 +57,7 @@ public:
     }
 
 private:
-    using Record = Drawing::Record;
+    const EntityStore& store() const { return drawing_.store(); }
 
     void Write(std::string_view bytes) {
         sink_(bytes);
@@ -68,10 +68,10 @@ private:
     std::size_t TakeRecords(std::size_t next) {
         records_.clear();
         std::size_t bytes = 0;
-        for (; next < drawing_.entities_.size(); ++next) {
+        for (; next < store().Size(); ++next) {
             if (records_.size() == vdf::entitiesPerChunk || bytes > vdf::bytesPerChunk) break;
-            const Record& record = drawing_.entities_[next];
-            if (record.flags & Record::Erased) continue;
+            const Record& record = store()[next];
+            if (record.Has(Record::Erased)) continue;
             records_.push_back(&record);
             bytes += record.textSize + record.vertexCount * sizeof(PlanePoint);
         }
@@ -79,7 +79,7 @@ private:
     }
 
     bool SharesTextsWithBefore(std::size_t i) const {
-        if (i == 0 || !(records_[i]->flags & Record::SharesTexts)) return false;
+        if (i == 0 || !records_[i]->Has(Record::SharesTexts)) return false;
         return records_[i]->textBegin == records_[i - 1]->textBegin &&
                records_[i]->textSize == records_[i - 1]->textSize && records_[i]->textSize > 0;
     }
@@ -142,9 +142,9 @@ private:
     }
 
     bool HasHeights() const {
-        if (drawing_.heights_.empty()) return false;
+        if (store().AllHeights().empty()) return false;
         return std::any_of(records_.begin(), records_.end(), [&](const Record* record) {
-            const double* z = drawing_.heights_.data() + record->vertexBegin;
+            const double* z = store().AllHeights().data() + record->vertexBegin;
             return std::any_of(z, z + record->vertexCount, [](double height) { return height != 0; });
         });
     }
@@ -153,13 +153,13 @@ private:
         builder_.Clear();
         auto vertexRange = [&](std::size_t i) { return VertexRange(i); };
         auto textRange = [&](std::size_t i) { return TextRange(i); };
-        auto texts = Arena<std::uint8_t>(drawing_.texts_.data(), 1, textRange);
-        auto plan = Arena<double>(reinterpret_cast<const char*>(drawing_.vertices_.data()),
+        auto texts = Arena<std::uint8_t>(store().AllTexts().data(), 1, textRange);
+        auto plan = Arena<double>(reinterpret_cast<const char*>(store().AllVertices().data()),
                                   sizeof(PlanePoint), vertexRange);
         flatbuffers::Offset<flatbuffers::Vector<double>> heights;
         if (HasHeights())
-            heights = Arena<double>(reinterpret_cast<const char*>(drawing_.heights_.data()), sizeof(double),
-                                    vertexRange);
+            heights = Arena<double>(reinterpret_cast<const char*>(store().AllHeights().data()),
+                                    sizeof(double), vertexRange);
         std::vector<std::uint8_t> kindColumn(records_.size());
         for (std::size_t i = 0; i < records_.size(); ++i)
             kindColumn[i] = static_cast<std::uint8_t>(records_[i]->kind);
@@ -213,27 +213,29 @@ private:
 
     void BuildIndex() {
         builder_.Clear();
-        auto properties = Table(drawing_.properties_, [&](const auto& p) {
+        auto properties = Table(drawing_.properties(), [&](const auto& p) {
             return vdf::CreateProperty(builder_, builder_.CreateString(p.first),
                                        builder_.CreateString(p.second));
         });
-        auto layers = Table(drawing_.layers_, [&](const Layer& layer) {
+        auto layers = Table(drawing_.layers(), [&](const Layer& layer) {
             return vdf::CreateLayerEntry(builder_, builder_.CreateString(layer.name), layer.frozen,
                                          layer.colour);
         });
-        auto active = StyleEntry(drawing_.active_);
-        auto blocks = Table(drawing_.blocks_, [&](const Block& block) { return BlockEntry(block); });
-        auto styles = Table(drawing_.styles_, [&](const Style& style) { return StyleEntry(style); });
-        auto shapes = Table(drawing_.shapes_, [&](const Shape& shape) { return ShapeEntry(shape); });
-        auto names = Table(drawing_.names_, [&](const auto& name) {
+        auto active = StyleEntry(drawing_.activeStyle());
+        auto blocks = Table(drawing_.blocks(), [&](const Block& block) { return BlockEntry(block); });
+        auto styles = Table(drawing_.styles().All(), [&](const Style& style) { return StyleEntry(style); });
+        auto shapes = Table(drawing_.shapes().All(), [&](const Shape& shape) { return ShapeEntry(shape); });
+        auto names = Table(drawing_.names().All(), [&](const auto& name) {
             return vdf::CreateNameEntry(builder_, builder_.CreateString(name.name), name.typeCode);
         });
-        auto sets = Table(drawing_.sets_, [&](const auto& set) {
-            return vdf::CreateSetEntry(builder_, builder_.CreateVector(set.names));
-        });
+        std::vector<flatbuffers::Offset<vdf::SetEntry>> setEntries;
+        for (AttributeSet set = 0; set < drawing_.names().SetCount(); ++set)
+            setEntries.push_back(
+                vdf::CreateSetEntry(builder_, builder_.CreateVector(drawing_.names().Of(set))));
+        auto sets = builder_.CreateVector(setEntries);
         auto chunks = builder_.CreateVectorOfStructs(chunks_);
-        builder_.Finish(vdf::CreateIndex(builder_, properties, layers, drawing_.activeLayer_, active, blocks,
-                                         styles, shapes, names, sets, drawing_.nextHandle_, chunks));
+        builder_.Finish(vdf::CreateIndex(builder_, properties, layers, drawing_.activeLayerIndex(), active,
+                                         blocks, styles, shapes, names, sets, store().NextHandle(), chunks));
     }
 
     const Drawing& drawing_;

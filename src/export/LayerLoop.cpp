@@ -94,7 +94,7 @@ BegunExport BeginExport(config::Run& run, std::string_view formName, std::string
         begun.outcome.status = config::Outcome::Status::StoppedByUser;
         return begun;
     }
-    const std::string& source = run.Settings().JobSourcePath;
+    const std::string& source = run.Job().full;
     begun.photoPaths = GatherPhotos(run, *begun.file, util::FolderOf(source), util::BaseNameOf(source),
                                     targetPath, photoList);
     return begun;
@@ -180,11 +180,10 @@ void OpenWhole(const BegunExport& begun, std::string_view drawingPath, drawing::
 
 void ForEachLayer(config::Run& run, drawing::Drawing& drawing, ui::FormView& view, LayerZero layerZero,
                   const std::function<void(const WholeLayer&)>& visit) {
-    drawing.zoomExtents();
     std::set<std::string> taken;
     for (const drawing::Layer& layer : drawing.layers()) {
         if (!IsExported(layer, layerZero)) continue;
-        drawing::SelectionSet& set = drawing.selectLayer("PJB", layer.name);
+        drawing::SelectionSet set = drawing.selectLayer(layer.name);
         if (set.count() == 0) continue;
         view.SetLabel(layer.name);
         WholeLayer whole{{.layer = layer, .fileName = UniqueFileName(taken, layer.name)}, set};

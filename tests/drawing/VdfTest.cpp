@@ -110,7 +110,7 @@ TEST(Vdf, EveryPassOverAFileGivesTheWholeDrawing) {
             text += DescribeEntities(chunk);
             std::size_t onLayers = 0;
             for (const Layer& layer : chunk.layers())
-                onLayers += chunk.selectLayer("all", layer.name).count();
+                onLayers += chunk.selectLayer(layer.name).count();
             EXPECT_EQ(onLayers, chunk.entityCount());
             chunk.entityAt(0).setLayerName("NEW " + std::to_string(++chunks));
         });

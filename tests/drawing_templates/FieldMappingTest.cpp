@@ -55,7 +55,7 @@ protected:
         for (const auto& [name, value] : attributes) entity.xproperties().add(name, value);
         return entity;
     }
-    std::size_t CountOn(std::string_view layer) { return drawing.selectLayer("test", layer).count(); }
+    std::size_t CountOn(std::string_view layer) { return drawing.selectLayer(layer).count(); }
 
     Drawing drawing;
 };

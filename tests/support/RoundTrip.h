@@ -50,7 +50,7 @@ private:
     template <typename Visit>
     void ForEachLayer(Visit visit) {
         for (const drawing::Layer& layer : source.layers()) {
-            drawing::SelectionSet& set = source.selectLayer("all", layer.name);
+            drawing::SelectionSet set = source.selectLayer(layer.name);
             if (set.count() > 0) visit(layer.name, set);
         }
     }

@@ -1,0 +1,150 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "drawing/PodVector.h"
+#include "util/Angles.h"
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace vexlator::drawing {
+
+/// Drawing units; x easting, y northing, z height.
+struct Point {
+    double x = 0, y = 0, z = 0;
+    bool operator==(const Point&) const = default;
+};
+using util::PlanePoint;
+
+enum class Kind : std::uint8_t { Point, Insert, Polyline, Circle, Text, Arc, Line, Other };
+
+/// One entity as it is stored; what it has in common with others it holds as places in tables.
+struct Record {
+    enum Flag : std::uint8_t {
+        Closed = 1,
+        Filled = 2,
+        Erased = 4,
+        HasLabel = 8,
+        HasHyperlink = 16,
+        SharesTexts = 32  ///< its texts lie where another entity's do: never changed in place
+    };
+    bool Has(unsigned flag) const { return (flags & flag) != 0; }
+    void Set(unsigned flag, bool on) { flags = static_cast<std::uint8_t>(on ? flags | flag : flags & ~flag); }
+    /// Texts before the attribute values: the string of a text entity, label, hyperlink.
+    std::size_t LeadingTexts() const;
+
+    std::uint64_t handle;
+    std::uint64_t textBegin;  ///< its texts: string, label, hyperlink, attribute values, as far as present
+    std::uint64_t vertexBegin;
+    std::uint32_t textSize;  ///< bytes
+    std::uint32_t vertexCount;
+    std::uint32_t layer, style, shape, set;
+    Kind kind;
+    std::uint8_t flags;
+};
+
+/// The entities of a drawing, one after the other, in a few large arrays: records, vertices, texts. An entity
+/// is known by its index, which it keeps; an erased one stays where it is.
+class EntityStore {
+public:
+    enum class TextChange { Insert, Replace, Remove };
+
+    // --- Records
+
+    /// Erased ones included.
+    std::size_t Size() const { return records_.size(); }
+    Record& operator[](std::size_t index) { return records_[index]; }
+    const Record& operator[](std::size_t index) const { return records_[index]; }
+    Record& Last() { return records_.back(); }
+    /// Bytes of vertices and texts.
+    std::size_t Bytes() const { return vertices_.size() * sizeof(PlanePoint) + texts_.size(); }
+
+    /// A new entity without vertices and texts, with the next handle.
+    std::uint32_t Add(Kind kind);
+    /// An entity that a reader has filled in; it must come with a handle of its own.
+    void AddRecord(const Record& record) { records_.push_back(record); }
+    void ReserveMore(std::size_t records) { records_.reserveMore(records); }
+    void Erase(std::uint32_t index);
+    std::size_t Erased() const { return erased_; }
+    /// The index of the entity at a place among those that are not erased.
+    std::uint32_t IndexAt(std::size_t place) const;
+    /// All entities go; handles go on.
+    void Clear();
+
+    // --- Handles: numbers that entities are known by in other programs
+
+    std::uint64_t NextHandle() const { return nextHandle_; }
+    /// Later entities get this handle or larger ones.
+    void SetNextHandle(std::uint64_t handle) { nextHandle_ = handle; }
+    std::optional<std::uint32_t> IndexOfHandle(std::uint64_t handle) const;
+    /// False, and nothing changed, when another entity has or had it.
+    bool SetHandle(std::uint32_t index, std::uint64_t handle);
+    /// Whether no two entities have the same.
+    bool HandlesDiffer() const;
+
+    // --- Vertices
+
+    Point Vertex(const Record& record, std::size_t index) const;
+    std::span<const PlanePoint> Plan(const Record& record) const {
+        return {vertices_.data() + record.vertexBegin, record.vertexCount};
+    }
+    /// Empty when all are 0.
+    std::span<const double> Heights(const Record& record) const;
+    void SetVertex(const Record& record, std::size_t index, const Point& point);
+    void AppendVertex(Record& record, const Point& point);
+    /// Adds vertices without heights to the last entity; to be filled at once.
+    std::span<PlanePoint> ExtendPlan(std::size_t count);
+    /// The vertices of an entity and all added after it, while each was built up before the next was added.
+    std::span<PlanePoint> PlanFrom(std::uint32_t first);
+    /// Adds vertices that belong to records to come; `heights` is empty or has one for each. Returns where
+    /// they begin.
+    std::uint64_t AddVertices(std::span<const std::byte> plan, std::span<const std::byte> heights);
+    void Scale(double factor);
+
+    // --- Texts: `count` is how many the entity has in all
+
+    std::string_view Text(const Record& record, std::size_t index) const;
+    const char* TextPosition(const Record& record, std::size_t index) const;
+    std::string_view Encoded(const Record& record) const {
+        return {texts_.data() + record.textBegin, record.textSize};
+    }
+    /// `value` may not lie in the store.
+    void ChangeTexts(Record& record, std::size_t count, TextChange change, std::size_t index,
+                     std::string_view value);
+    /// Adds a text behind those that the entity has. `value` may not lie in the store.
+    void AppendText(Record& record, std::string_view value);
+    /// The last entity gets the texts of the one before it, which are stored once.
+    void ShareTexts();
+    /// Adds texts that belong to records to come; returns where they begin.
+    std::uint64_t AddTexts(std::span<const std::byte> texts);
+
+    // The arrays as a whole, for who writes them.
+    const PodVector<PlanePoint>& AllVertices() const { return vertices_; }
+    const PodVector<double>& AllHeights() const { return heights_; }
+    const PodVector<char>& AllTexts() const { return texts_; }
+
+private:
+    void MoveVerticesToEnd(Record& record);
+    void NeedHeights();
+    void IndexHandles() const;
+
+    PodVector<Record> records_;
+    PodVector<PlanePoint> vertices_;
+    PodVector<double> heights_;  ///< empty while every height is 0, else one per vertex
+    PodVector<char> texts_;      ///< each text as its length (LEB128) and its bytes
+    std::size_t erased_ = 0;
+    std::uint64_t nextHandle_ = 1;
+
+    // Built when they are first needed.
+    mutable std::vector<std::uint32_t> order_;  ///< entities not erased; used once something is erased
+    mutable bool orderIsStale_ = true;
+    mutable std::unordered_map<std::uint64_t, std::uint32_t> byHandle_;
+    mutable bool handlesAreIndexed_ = false;
+};
+
+}  // namespace vexlator::drawing
