@@ -53,8 +53,9 @@ void Print(const std::vector<util::PlanePoint>& points, int decimals) {
 
 int Run(const char* installation, bool toGrid, const char* source) {
     StderrUi ui;
-    config::Run run(ui);
-    run.Settings().ProgramFolder = installation;
+    config::Installation installation;
+    config::Run run(installation, ui);
+    installation.Settings().ProgramFolder = installation;
     std::vector<util::PlanePoint> points = ReadPoints(source);
     auto start = std::chrono::steady_clock::now();
     coords::frmLatLng form(run);

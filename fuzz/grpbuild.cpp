@@ -70,7 +70,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     background::SaveBackgroundStyle(folder / "style.BSF", map.Style(), false);
 
     test::TestUi ui;
-    config::Run run(ui);
+    config::Installation installation;
+    config::Run run(installation, ui);
     std::string flags = map.OneIn(2) ? "DONTEXPLODE=1\r\n" : "";
     if (map.OneIn(2)) flags += "GENFULLPOLYS=1\r\n";
     if (map.OneIn(4)) flags += "MEMORYMB=0\r\n";

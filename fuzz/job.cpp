@@ -28,7 +28,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     using namespace vexlator;
     std::string_view text(reinterpret_cast<const char*>(data), size);
     test::TestUi ui;
-    config::Run run(ui);
+    config::Installation installation;
+    config::Run run(installation, ui);
     drawing::Drawing drawing;
     importer::JobToDrawing importer(run, drawing, {.importQA = true, .forceClose = size % 2 == 0});
     try {

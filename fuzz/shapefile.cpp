@@ -61,8 +61,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const test::TempFolder folder;
     WriteFiles(folder, {data, size});
     SilentUi userInterface;
-    config::Run run(userInterface);
-    run.Settings().ATPDirectory = folder.Path();
+    config::Installation installation;
+    config::Run run(installation, userInterface);
+    installation.Settings().ATPDirectory = folder.Path();
     try {
         importer::frmFromSHP(run).Start(folder / "in.SHP", folder.Path(), "");
     } catch (const platform::ReadError&) {

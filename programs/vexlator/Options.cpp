@@ -18,10 +18,19 @@ struct TaskName {
 };
 /// What people type for it, in any letter case.
 constexpr TaskName taskNames[] = {
-    {"--help", Task::Help},      {"-help", Task::Help},  {"-h", Task::Help},
-    {"-?", Task::Help},          {"/?", Task::Help},     {"--version", Task::Version},
-    {"-version", Task::Version}, {"-v", Task::Version},  {"--check", Task::Check},
-    {"-check", Task::Check},     {"--init", Task::Init}, {"-init", Task::Init},
+    {"--help", Task::Help},
+    {"-help", Task::Help},
+    {"-h", Task::Help},
+    {"-?", Task::Help},
+    {"/?", Task::Help},
+    {"--version", Task::Version},
+    {"-version", Task::Version},
+    {"-v", Task::Version},
+    {"--check", Task::Check},
+    {"-check", Task::Check},
+    {"--init", Task::Init},
+    {"-init", Task::Init},
+    {"--settings", Task::Settings},
 };
 /// These could begin a path, so they have to stand alone.
 constexpr TaskName loneNames[] = {{"help", Task::Help}, {"version", Task::Version}};

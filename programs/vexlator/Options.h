@@ -9,7 +9,7 @@ namespace vexlator {
 
 /// What stands around the command text.
 struct Options {
-    enum class Task { Run, Help, Version, Init, Check };
+    enum class Task { Run, Help, Version, Init, Check, Settings };
     Task task = Task::Run;
     bool yesToAll = false;
     std::string initFolder;   ///< Init
@@ -17,7 +17,7 @@ struct Options {
     std::string error;        ///< why the arguments cannot be used; "" when they can
 };
 
-/// --help, --version, --init and --check (and what people type for them) come first and decide the task.
+/// --help, --version, --init, --check and --settings (and what people type for them) come first and decide the task.
 /// --yes and --quiet are taken before and behind the command. After a lone "--" everything is the command.
 Options ParseOptions(std::span<const char* const> arguments);
 

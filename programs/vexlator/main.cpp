@@ -8,7 +8,8 @@
 #include "platform/Signals.h"
 #include "platform/Terminal.h"
 #include "startup/Check.h"
-#include "startup/Installation.h"
+#include "startup/Keys.h"
+#include "startup/MakeInstallation.h"
 #include "ui/terminal/TerminalInterface.h"
 
 #include <cstdio>
@@ -42,6 +43,7 @@ Before or behind a command:
 Instead of a command:
   --init FOLDER                     makes an installation; never overwrites a file
   --check                           tells what is configured and what is missing
+  --settings                        lists every key of gv.ini with its meaning
   --help, --version
 
 The environment variable VEXLATOR_HOME names the installation; without it, it is the program's folder.
@@ -87,6 +89,8 @@ ExitStatus Perform(const Options& options) {
             return Print("vexlator " VEXLATOR_VERSION "\n");
         case Options::Task::Init:
             return startup::MakeInstallation(options.initFolder, terminal);
+        case Options::Task::Settings:
+            return Print(startup::SettingsPage());
         case Options::Task::Check:
             return startup::CheckInstallation(terminal);
         case Options::Task::Run:

@@ -2,60 +2,70 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "config/Installation.h"
 #include "config/LoggedInterface.h"
-#include "config/SharedSettings.h"
-#include "platform/Clock.h"
-#include "ui/UserInterface.h"
+#include "config/LossReport.h"
+#include "config/Outcome.h"
 
-#include <cstdint>
 #include <functional>
-#include <map>
 #include <set>
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace vexlator::config {
 
-/// Counts what an output could not hold, so that no loss is silent.
-class LossReport {
-public:
-    enum class Kind {
-        LeftOut,   ///< entities of a kind that the format cannot hold; the field names the kind
-        Cut,       ///< values that are longer than their column
-        NoColumn,  ///< values for which there is no column
-        Broken,    ///< values that hold what separates fields or rows
-        Replaced   ///< characters that the encoding lacks
-    };
-    void Count(Kind kind, std::string_view layer, std::string_view field, std::uint64_t values = 1);
-    bool Empty() const { return counts_.empty(); }
-    /// One line, as in "values cut: FENCE.NOTES 3, WALL.NAME 1; characters replaced: WALL.NAME 2"; "" when
-    /// nothing was lost. Of each kind it names the first few, long names cut, and counts the others.
-    std::string Line() const;
-
-private:
-    std::map<std::pair<Kind, std::string>, std::uint64_t> counts_;
+/// The part of the world that an import is limited to, in drawing units. All 0: no limit.
+struct ImportExtentBox {
+    double minX = 0, minY = 0, maxX = 0, maxY = 0;
 };
 
-/// What a run shares. Made once by Main (or a test), passed by reference; nothing else is global.
+/// What the command of a run asks for beside its conversion.
+struct RunOptions {
+    bool quiet = false;  ///< asks nothing that would hold up a run without anybody watching
+    bool minimised = false;
+    ImportExtentBox extent;
+};
+
+/// The device job that a drawing came from. Path texts; empty when it came from none.
+struct JobPath {
+    std::string full;
+    std::string
+        relative;  ///< below WorkFlowDirectory, its folders separated by "\"; "" when it lies elsewhere
+};
+
+/// One conversion: whom it talks to, what was asked of it, what comes of it. Several can follow each other,
+/// or go on side by side, in one installation.
 class Run {
 public:
-    explicit Run(ui::UserInterface& userInterface, platform::Clock clock = platform::LocalTime);
+    /// Both outlive the run.
+    Run(config::Installation& installation, ui::UserInterface& userInterface, RunOptions options = {});
     Run(const Run&) = delete;
     Run& operator=(const Run&) = delete;
 
-    SharedSettings& Settings() { return settings_; }
-    const SharedSettings& Settings() const { return settings_; }
     /// Whatever it shows goes to the run log too.
     ui::UserInterface& Ui() { return ui_; }
-    platform::DateTime Now() const { return clock_(); }
+    RunOptions& Options() { return options_; }
+    const RunOptions& Options() const { return options_; }
     LossReport& Losses() { return losses_; }
 
-    /// The value of a key, "" when it is missing. An empty file means gv.ini. Never cached: a value written
-    /// earlier in the run is seen.
-    std::string ReadIni(std::string_view section, std::string_view key, std::string_view file = "") const;
-    /// On only when the value is exactly "1".
-    bool ReadIniFlag(std::string_view section, std::string_view key, std::string_view file = "") const;
+    // What an export finds out, for the steps that follow it.
+    JobPath& Job() { return job_; }
+    const JobPath& Job() const { return job_; }
+    std::string& MissingPhotos() {
+        return missingPhotos_;
+    }                                                ///< a line for each photograph that was not found
+    config::Outcome& Outcome() { return outcome_; }  ///< of the conversion, once it has ended
+
+    // What the installation knows.
+    const config::Installation& Installation() const { return installation_; }
+    const SharedSettings& Settings() const { return installation_.Settings(); }
+    platform::DateTime Now() const { return installation_.Now(); }
+    std::string ReadIni(std::string_view section, std::string_view key, std::string_view file = "") const {
+        return installation_.ReadIni(section, key, file);
+    }
+    bool ReadIniFlag(std::string_view section, std::string_view key, std::string_view file = "") const {
+        return installation_.ReadIniFlag(section, key, file);
+    }
     /// A file that cannot be written does not stop a conversion; one line tells it, once.
     void WriteIni(std::string_view section, std::string_view key, std::string_view value,
                   std::string_view file = "");
@@ -66,11 +76,16 @@ public:
     void DebugMessage(std::string_view text);
 
 private:
+    void TellOnce(const std::string& file, const std::function<void()>& write, const char* consequence);
+
+    config::Installation& installation_;
     LoggedInterface ui_;
-    platform::Clock clock_;
-    SharedSettings settings_;
+    RunOptions options_;
     LossReport losses_;
-    std::set<std::string, std::less<>> notWritable_;  ///< files of which the person knows that
+    JobPath job_;
+    std::string missingPhotos_;
+    config::Outcome outcome_;
+    std::set<std::string> notWritable_;  ///< files of which the person knows that
 };
 
 }  // namespace vexlator::config

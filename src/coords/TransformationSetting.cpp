@@ -70,4 +70,16 @@ std::string ReadDefinition(const std::string& path) {
     return DefinitionText(file.Text());
 }
 
+config::KeyList CoordinateKeys() {
+    return {
+        {"GPS", "TRANSFORMATION",
+         "coordinate system of the drawings: EPSG code, WKT or PROJ text, or the path of a file with it; the "
+         "path of a "
+         "file that holds LatLng means that drawings are in latitude/longitude already",
+         "British National Grid through a correction grid, OSTN15 (uk_os_OSTN15_NTv2_OSGBtoETRS.tif), "
+         "OSTN02.INT or "
+         "OSTN97.INT in Resources"},
+    };
+}
+
 }  // namespace vexlator::coords

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Run.h"
+#include "config/Keys.h"
 
 #include <string>
 #include <vector>
@@ -42,5 +42,7 @@ TransformationSetting ReadTransformationSetting(const config::Run& run);
 
 /// The definition in a small file. @throws platform::ReadError
 std::string ReadDefinition(const std::string& path);
+
+config::KeyList CoordinateKeys();
 
 }  // namespace vexlator::coords

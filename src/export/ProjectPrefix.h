@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Run.h"
+#include "config/Keys.h"
 
 #include <string>
 
@@ -12,5 +12,7 @@ namespace vexlator::exporter {
 /// so that exports of the same name from several projects can be told apart. "" when the flag is off or the
 /// drawing belongs to no project.
 std::string ProjectPrefix(const config::Run& run);
+
+config::KeyList PrefixKeys();
 
 }  // namespace vexlator::exporter

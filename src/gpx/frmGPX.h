@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Run.h"
+#include "config/Keys.h"
 #include "coords/frmLatLng.h"
 #include "gpx/GpxWriter.h"
 #include "util/Files.h"
@@ -58,5 +58,7 @@ private:
         converter_;  ///< made for the first trail: it may have to tell something
     std::vector<GpxPosition> converted_;
 };
+
+config::KeyList GpxKeys();
 
 }  // namespace vexlator::gpx

@@ -22,9 +22,9 @@ namespace {
 /// The lines of one report.
 class Checker {
 public:
-    explicit Checker(ui::UserInterface& userInterface) : run_(userInterface) {
-        LocateSettings(run_);
-        ReadSettings(run_);
+    explicit Checker(ui::UserInterface& userInterface) : run_(installation_, userInterface) {
+        LocateSettings(installation_);
+        ReadSettings(installation_);
     }
 
     ExitStatus Check() {
@@ -80,6 +80,7 @@ private:
         return text.empty() ? "none found" : text;
     }
 
+    config::Installation installation_;
     config::Run run_;
 };
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/SharedSettings.h"
+#include "config/Run.h"
 
 #include <optional>
 #include <string>

@@ -37,8 +37,8 @@ ExitStatus StatusOf(const Outcome& outcome) {
 }
 
 /// Ends a run with what it did, as in "exported SHP", and what it could not keep.
-void Summarise(config::Run& run, const std::string& done, const Outcome& outcome,
-               const std::string& remark = "") {
+void Summarise(config::Run& run, const std::string& done, const std::string& remark = "") {
+    const Outcome& outcome = run.Outcome();
     run.Ui().Report(done + ": " + util::Counted(outcome.layers, "layer") + ", " +
                     util::Counted(outcome.features, "feature") + " to " +
                     platform::NativePath(outcome.target) + remark);
@@ -70,7 +70,7 @@ ImportCommand CommandOf(const SourceList& sources) {
 }
 
 bool HasExtent(const config::Run& run) {
-    const config::ImportExtentBox& box = run.Settings().ImportExtent;
+    const config::ImportExtentBox& box = run.Options().extent;
     return box.minX != 0 || box.minY != 0 || box.maxX != 0 || box.maxY != 0;
 }
 
@@ -134,18 +134,17 @@ ExitStatus Export(config::Run& run, const ExportRow& row, ExportCommand command,
     if (row.intoFmoDirectory) command.targetPath = run.Settings().FMODirectory;
     if (platform::FileExists(command.drawingPath)) folder.Require();
     std::string target = platform::NativePath(command.targetPath);
-    Outcome outcome;
     ExitStatus status = Stoppable(run, target + " is as it was", [&] {
         platform::RemoveLeftovers(command.targetPath);
-        outcome = row.call(run, command);
-        return StatusOf(outcome);
+        run.Outcome() = row.call(run, command);
+        return StatusOf(run.Outcome());
     });
     if (status != ExitStatus::Done) return status;
     folder.Keep();
     return Stoppable(run, "the export to " + target + " is complete, but not what follows it", [&] {
         bool isPacked = RunPostExportSteps(run, command);
-        Summarise(run, "exported " + command.code, outcome,
-                  outcome.features == 0 ? NoFeaturesRemark(command) : "");
+        Summarise(run, "exported " + command.code,
+                  run.Outcome().features == 0 ? NoFeaturesRemark(command) : "");
         return isPacked ? ExitStatus::Done : ExitStatus::Failed;
     });
 }
@@ -172,10 +171,10 @@ ExitStatus RunImport(config::Run& run, const Conversions& conversions, std::stri
                         " is read whole");
     return Stoppable(run, platform::NativePath(DrawingOf(command)) + " is as it was", [&] {
         platform::RemoveLeftovers(command.sourceFolder);
-        Outcome outcome = row->call(run, command);
+        run.Outcome() = row->call(run, command);
         // A drawing is saved even when one of several files could not be read.
-        if (!outcome.target.empty()) Summarise(run, "imported " + command.code, outcome);
-        return StatusOf(outcome);
+        if (!run.Outcome().target.empty()) Summarise(run, "imported " + command.code);
+        return StatusOf(run.Outcome());
     });
 }
 

@@ -27,9 +27,9 @@ std::string AfterGo(config::Run& run, std::string_view received) {
     return "SELECT";
 }
 
-bool SettingsAreReadable(config::Run& run) {
+bool SettingsAreReadable(config::Installation& installation, config::Run& run) {
     try {
-        LocateSettings(run);
+        LocateSettings(installation);
         return true;
     } catch (const platform::ReadError& error) {
         run.Ui().ShowMessage(error.what());
@@ -51,16 +51,17 @@ bool InstallationIsUsable(config::Run& run) {
 
 /// Takes the switches off the command, and its quotes. The quotes go before the blanks do: a quoted command
 /// that a blank follows keeps its last quote.
-std::string WithoutSwitches(config::SharedSettings& settings, std::string text) {
-    settings.Quiet = TakeQuiet(text);
-    settings.ImportExtent = TakeExtent(text).value_or(config::ImportExtentBox{});
+std::string WithoutSwitches(config::RunOptions& options, std::string text) {
+    options.quiet = TakeQuiet(text);
+    options.extent = TakeExtent(text).value_or(config::ImportExtentBox{});
     return std::string(util::Trim(WithoutQuotes(text)));
 }
 
-ExitStatus Run(config::Run& run, std::string_view received, const MainOptions& options) {
-    if (!SettingsAreReadable(run)) return ExitStatus::NotUsable;
+ExitStatus Perform(config::Installation& installation, config::Run& run, std::string_view received,
+                   const MainOptions& options) {
+    if (!SettingsAreReadable(installation, run)) return ExitStatus::NotUsable;
     std::string text = AfterGo(run, received);
-    ReadSettings(run);
+    ReadSettings(installation);
     if (!InstallationIsUsable(run)) return ExitStatus::NotUsable;
     run.DebugMessage("ATP:" + run.Settings().ATPDirectory);
     run.DebugMessage(text);
@@ -71,7 +72,7 @@ ExitStatus Run(config::Run& run, std::string_view received, const MainOptions& o
                           " is not understood; it is written ?BOX minX,minY,maxX,maxY ?, with "
                           "the blank before the last ?",
                       ExitStatus::NotUsable);
-    text = Tidied(options.conversions, WithoutSwitches(run.Settings(), std::move(text)));
+    text = Tidied(options.conversions, WithoutSwitches(run.Options(), std::move(text)));
     switch (ModeOf(text)) {
         case Mode::Import:
             return RunImport(run, options.conversions, text);
@@ -92,9 +93,10 @@ ExitStatus Fail(config::Run& run, const std::string& reason) {
 
 ExitStatus Main(std::string_view commandText, ui::UserInterface& userInterface, const MainOptions& options) {
     platform::RaiseOpenFileLimit();
-    config::Run run(userInterface, options.clock);
+    config::Installation installation(options.clock);
+    config::Run run(installation, userInterface);
     try {
-        return Run(run, commandText, options);
+        return Perform(installation, run, commandText, options);
     } catch (const platform::Stopped&) {
         run.Ui().Report("stopped before the conversion began");
         return ExitStatus::Interrupted;

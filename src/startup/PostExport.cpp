@@ -18,7 +18,7 @@ namespace vexlator::startup {
 namespace {
 
 void RecordExport(config::Run& run, const ExportCommand& command) {
-    if (run.Settings().JobRelativePath.empty()) return;
+    if (run.Job().relative.empty()) return;
     const workflow::Job job = workflow::JobOf(run);
     const std::string name = util::BaseNameOf(command.drawingPath);
     auto record = [&](const std::string& action) {
@@ -28,9 +28,9 @@ void RecordExport(config::Run& run, const ExportCommand& command) {
     if (command.code == "FMO" || command.code == "PDB") record("CLOSED");
 }
 
-void ListMissingPhotos(const config::Run& run, const ExportCommand& command) {
+void ListMissingPhotos(config::Run& run, const ExportCommand& command) {
     std::string path = util::JoinPath(command.targetPath, "MissingPhotos.LST");
-    const std::string& missing = run.Settings().MissingPhotos;
+    const std::string& missing = run.MissingPhotos();
     if (missing.empty())
         platform::RemoveFile(path);
     else if (!util::WriteTextFile(path, missing))

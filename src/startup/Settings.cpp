@@ -12,13 +12,57 @@
 
 namespace vexlator::startup {
 
+namespace {
+
+using config::SharedSettings;
+using Keys = config::Keys<SharedSettings>;
+
+constexpr config::KeyOf<SharedSettings> keys[] = {
+    Keys::Text("GENERAL", "ATPDirectory", &SharedSettings::ATPDirectory,
+               "folder of attribute templates (.ATP), one per feature code; required", "", "@FOLDER@/ATP"),
+    Keys::Text("GENERAL", "SymbolsDirectory", &SharedSettings::SymbolsDirectory,
+               "folder of symbol drawings (.VDF); DEFAULT.VDF draws codes that have no symbol of their own; "
+               "required",
+               "", "@FOLDER@/Symbols"),
+    Keys::Text("GENERAL", "FMODirectory", &SharedSettings::FMODirectory,
+               "folder of database definitions (.FMO)", "none", "@FOLDER@/FMO"),
+    Keys::Text("GENERAL", "WorkFlowDirectory", &SharedSettings::WorkFlowDirectory,
+               "root of the job folders, engineer/project/job below it", "drawings belong to no job",
+               "@FOLDER@/Jobs"),
+    Keys::Text("GENERAL", "WorkFlowSystem", &SharedSettings::WorkFlowSystem,
+               "folder of the workflow database WorkFlow.MDB, where exports are recorded",
+               "nothing is recorded", "@FOLDER@/WorkFlow"),
+    Keys::Text("GENERAL", "TempDirectory", &SharedSettings::TempDirectory, "scratch folder", "c:\\temp",
+               "@FOLDER@/Temp"),
+    Keys::Flag("GENERAL", "AutoLaunchExport", &SharedSettings::AutoLaunchExport,
+               "the result of an export is opened when it is done"),
+    Keys::Flag("GENERAL", "VEXLATORDEBUG", &SharedSettings::DebugMode,
+               "diagnostic messages are shown: paths, queries, values"),
+    Keys::Text("GENERICIN", "INOUTLOG", &SharedSettings::InOutLog,
+               "path of the run log, one line per event; a file, no named pipe", "no log"),
+    Keys::Flag("GENERICOUT", "CREATEZIP", &SharedSettings::CreateZip,
+               "the folder of an export is packed into a ZIP archive"),
+    Keys::Flag(
+        "GENERICOUT", "MATCHNAMES", &SharedSettings::MatchNames,
+        "values go to the column that has their name; else to the column at their position, whatever the "
+        "names; where names differ, one line tells it either way",
+        true),
+    Keys::Text("GENERICOUT", "SHORTENFIELDSON", &SharedSettings::SHORTENFIELDSON,
+               "separator at which attribute values are cut short", "values stay whole"),
+    Keys::Flag("HOUSEKEEPING", "ReProcessFieldNames", &SharedSettings::ReProcessFieldNames,
+               "shapefile exports use the second form of a template's field names, NAME<SECOND>"),
+    Keys::Flag("THIRD", "CAW", {}, ".TXT imports are meter readings, not tables"),
+};
+
+}  // namespace
+
 std::string InstallationFolder() {
     const char* home = std::getenv("VEXLATOR_HOME");
     return home && *home ? platform::AbsolutePath(home) : platform::ExecutableFolder();
 }
 
-void LocateSettings(config::Run& run) {
-    config::SharedSettings& settings = run.Settings();
+void LocateSettings(config::Installation& installation) {
+    config::SharedSettings& settings = installation.Settings();
     settings.ProgramFolder = InstallationFolder();
     settings.IniFilePath = config::LocateConfigFile(settings.ProgramFolder, "gv.ini");
     settings.ConfigFolder = util::FolderOf(settings.IniFilePath);
@@ -28,7 +72,7 @@ void LocateSettings(config::Run& run) {
 void KeepGoOptions(config::Run& run, std::span<const GoOption> options) {
     for (const auto& [key, value] : options) {
         if (platform::SameNoCase(key, "runmin"))
-            run.Settings().RunMinimised |= util::NumberOf(value) == 1;
+            run.Options().minimised |= util::NumberOf(value) == 1;
         else if (platform::SameNoCase(key, "txtmobilestyle"))
             run.WriteIni("MOBILESTYLING", "FILE", value);
         else if (platform::SameNoCase(key, "arc10"))
@@ -38,22 +82,17 @@ void KeepGoOptions(config::Run& run, std::span<const GoOption> options) {
     }
 }
 
-void ReadSettings(config::Run& run) {
-    config::SharedSettings& settings = run.Settings();
-    settings.ATPDirectory = run.ReadIni("GENERAL", "ATPDirectory");
-    settings.FMODirectory = run.ReadIni("GENERAL", "FMODirectory");
-    settings.SymbolsDirectory = run.ReadIni("GENERAL", "SymbolsDirectory");
-    settings.WorkFlowDirectory = run.ReadIni("GENERAL", "WorkFlowDirectory");
-    settings.WorkFlowSystem = run.ReadIni("GENERAL", "WorkFlowSystem");
-    settings.TempDirectory = run.ReadIni("GENERAL", "TempDirectory");
-    settings.AutoLaunchExport = run.ReadIniFlag("GENERAL", "AutoLaunchExport");
-    settings.DebugMode = run.ReadIniFlag("GENERAL", "VEXLATORDEBUG");
-    settings.ReProcessFieldNames = run.ReadIniFlag("HOUSEKEEPING", "ReProcessFieldNames");
-    settings.MatchNames = run.ReadIniFlag("GENERICOUT", "MATCHNAMES");
-    settings.CreateZip = run.ReadIniFlag("GENERICOUT", "CREATEZIP");
-    settings.SHORTENFIELDSON = run.ReadIni("GENERICOUT", "SHORTENFIELDSON");
-    settings.InOutLog = run.ReadIni("GENERICIN", "INOUTLOG");
-    if (settings.TempDirectory.empty()) settings.TempDirectory = "c:\\temp";
+void ReadSettings(config::Installation& installation) {
+    // An empty folder is no folder, whatever was read before.
+    config::SharedSettings fresh;
+    fresh.ProgramFolder = installation.Settings().ProgramFolder;
+    fresh.IniFilePath = installation.Settings().IniFilePath;
+    fresh.ConfigFolder = installation.Settings().ConfigFolder;
+    installation.Settings() = config::ReadKeys<config::SharedSettings>(installation, keys, fresh);
+}
+
+config::KeyList SharedKeys() {
+    return config::ListOf<config::SharedSettings>(keys);
 }
 
 }  // namespace vexlator::startup

@@ -38,6 +38,17 @@ std::string EntryName(const std::string& name) {
     return platform::IsUtf8(name) ? name : platform::Utf8FromWindows1252(name);
 }
 
+struct UnpackSettings {
+    int megabytes = 2048;
+};
+
+using Keys = config::Keys<UnpackSettings>;
+
+constexpr config::KeyOf<UnpackSettings> keys[] = {
+    Keys::Number("ZIP", "MaxMB", &UnpackSettings::megabytes,
+                 "most megabytes that a tablet package or job archive may unpack to", "2048", 0, 1 << 30),
+};
+
 }  // namespace
 
 void frmZip2::ZipJobFolder(std::string_view pattern) {
@@ -56,12 +67,15 @@ void frmZip2::ZipJobFolder(std::string_view pattern) {
 }
 
 std::vector<std::string> frmZip2::UnZipJobFolder(std::string_view archive) {
-    constexpr std::int64_t defaultMegabytes = 2048;
-    std::int64_t megabytes = util::IntegerOf(run_.ReadIni("ZIP", "MaxMB"));
-    if (megabytes <= 0) megabytes = defaultMegabytes;
+    auto settings = config::ReadKeys<UnpackSettings>(run_.Installation(), keys);
+    if (settings.megabytes == 0) settings = {};
     ZipInput input(archive);
-    input.Check(static_cast<std::uint64_t>(megabytes) << 20);
+    input.Check(static_cast<std::uint64_t>(settings.megabytes) << 20);
     return input.UnpackTo(util::ChangeExtension(archive, ""));
+}
+
+config::KeyList PackageKeys() {
+    return config::ListOf<UnpackSettings>(keys);
 }
 
 }  // namespace vexlator::workflow

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Run.h"
+#include "config/Keys.h"
 
 #include <string>
 #include <string_view>
@@ -34,5 +34,7 @@ public:
 private:
     config::Run& run_;
 };
+
+config::KeyList PackageKeys();
 
 }  // namespace vexlator::workflow

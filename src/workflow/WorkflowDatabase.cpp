@@ -116,7 +116,7 @@ void Record(config::Run& run, Connection& connection, Job job, const std::string
 }  // namespace
 
 Job JobOf(const config::Run& run) {
-    const std::string& path = run.Settings().JobRelativePath;
+    const std::string& path = run.Job().relative;
     std::string slashes = path;
     std::replace(slashes.begin(), slashes.end(), '/', '\\');
     return {std::string(util::GetField(0, slashes, "\\")), std::string(util::GetField(1, slashes, "\\")),
@@ -165,9 +165,9 @@ bool JobWasExported(config::Run& run, const std::string& engineer, const std::st
 }
 
 bool ConfirmExportAllowed(config::Run& run) {
-    if (run.Settings().JobRelativePath.empty()) return true;
+    if (run.Job().relative.empty()) return true;
     Job job = JobOf(run);
-    if (!JobWasExported(run, job.engineer, job.project, job.job) || run.Settings().Quiet) return true;
+    if (!JobWasExported(run, job.engineer, job.project, job.job) || run.Options().quiet) return true;
     return run.Ui().AskYesNo("Warning this Job has previously been exported!\nContinue?");
 }
 
@@ -181,6 +181,15 @@ void CreateWorkflowDatabase(std::string_view path) {
         throw platform::WriteError(file.Name(), error.what());
     }
     file.Commit();
+}
+
+config::KeyList WorkflowKeys() {
+    return {
+        {"WORKFLOW", "CONNECTION",
+         "ODBC connection of a workflow database that machines share, as in Driver=PostgreSQL "
+         "Unicode;Server=...",
+         "the database in WorkFlowSystem"},
+    };
 }
 
 }  // namespace vexlator::workflow

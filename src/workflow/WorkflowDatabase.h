@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Run.h"
+#include "config/Keys.h"
 #include "platform/Clock.h"
 
 #include <string>
@@ -21,8 +21,8 @@ struct Job {
     std::string engineer, project, job;
 };
 
-/// The current job, from JobRelativePath: engineer and project are its first two elements, the job is its
-/// file name without extension. All empty when JobRelativePath is.
+/// The job of a run, from its path below WorkFlowDirectory: engineer and project are the first two elements,
+/// the job is the file name without extension. All empty when that path is.
 Job JobOf(const config::Run& run);
 
 /// [WORKFLOW] CONNECTION when it is set; else the connection string of the database file. "" when neither key
@@ -47,5 +47,7 @@ bool ConfirmExportAllowed(config::Run& run);
 /// Makes the SQLite file `path` with empty tables ActionTbl and JobHdr. A file that is there stays as it is.
 /// @throws platform::WriteError
 void CreateWorkflowDatabase(std::string_view path);
+
+config::KeyList WorkflowKeys();
 
 }  // namespace vexlator::workflow

@@ -22,15 +22,15 @@ TEST(LocateConfigFile, PointerFileOrProgramFolder) {
 TEST_F(SessionTest, LogAndDebugMessagesOnlyWhenAskedFor) {
     run.Log("not kept");
     run.DebugMessage("not shown");
-    run.Settings().InOutLog = folder / "run.log";
-    run.Settings().DebugMode = true;
+    installation.Settings().InOutLog = folder / "run.log";
+    installation.Settings().DebugMode = true;
     run.Log("Imported\r\n2 features");
     run.DebugMessage("shown");
     run.Ui().AskYesNo("More?");
     EXPECT_EQ(TempFolder::Read(folder / "run.log"),
               "05MAR 14:07: Imported  2 features\r\n05MAR 14:07: shown\r\n05MAR 14:07: More? [No]\r\n");
     EXPECT_EQ(ui.messages, std::vector<std::string>{"shown"});
-    run.Settings().InOutLog = folder / "missing/run.log";
+    installation.Settings().InOutLog = folder / "missing/run.log";
     EXPECT_NO_THROW(run.Log("nowhere"));
 }
 

@@ -28,8 +28,8 @@ protected:
         setenv("PROJ_DATA", (folder / "proj").c_str(), 1);
         setenv("XDG_DATA_HOME", (folder / "home").c_str(), 1);
         setenv("VEXLATOR_DRIVES", (folder / "drives").c_str(), 1);
-        run.Settings().ProgramFolder = folder / "inst";
-        run.Settings().IniFilePath = folder / "inst/gv.ini";
+        installation.Settings().ProgramFolder = folder / "inst";
+        installation.Settings().IniFilePath = folder / "inst/gv.ini";
     }
 
     /// Makes a definition file and the setting that names it.

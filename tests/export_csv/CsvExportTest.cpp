@@ -110,13 +110,13 @@ TEST_F(CsvExport, FilesPerLayerReplaceTheFileOfTheDrawing) {
 }
 
 TEST_F(CsvExport, NamesMayBeginWithTheProject) {
-    run.Settings().WorkFlowDirectory = "C:\\Flow";
+    installation.Settings().WorkFlowDirectory = "C:\\Flow";
     for (auto [source, name] : {std::pair("C:\\Flow\\eng\\P7\\job\\a.VDF", "P7_Survey.CSV"),
                                 std::pair("C:\\Flow\\eng\\a.VDF", "Survey.CSV"),
                                 std::pair("C:\\Other\\eng\\P7\\a.VDF", "Survey.CSV")}) {
         std::filesystem::remove_all(folder / "out");
         std::filesystem::create_directory(folder / "out");
-        run.Settings().JobRelativePath = "";
+        run.Job().relative = "";
         drawing.clear();
         drawing.properties().emplace_back("Source", source);
         On("CODE").addPoint({});

@@ -21,7 +21,7 @@ protected:
     KmlExport() {
         folder.Write("LatLng.txt", "none");
         Settings("");
-        run.Settings().ProgramFolder = folder.Path();
+        installation.Settings().ProgramFolder = folder.Path();
         drawing.setActiveLayer("TREE");
     }
     void Settings(const std::string& ini) {
@@ -95,7 +95,7 @@ TEST_F(KmlExport, MetresNeverPassForDegrees) {
               (Texts{"TREE: 3 placemarks without a place, because the coordinate conversion does not "
                      "cover it"}));
     // The same without any conversion: a small place in metres looks like one in degrees.
-    run.Settings().IniFilePath = folder.Write("gv.ini", "");
+    installation.Settings().IniFilePath = folder.Write("gv.ini", "");
     drawing.addPoint({50, 50, 0});
     EXPECT_EQ(Export().status, config::Outcome::Status::Failed);
     EXPECT_EQ(Coordinates(), (Texts{"-180.000000,90.000000,0"})) << "the document that was there";
@@ -170,7 +170,7 @@ TEST_F(KmlExport, PhotographsOnTheWeb) {
 
 TEST_F(KmlExport, PublishesWhenAskedTo) {
     Settings("[PHOTO]\nGoogleMaps=1\n");
-    run.Settings().AutoLaunchExport = true;
+    installation.Settings().AutoLaunchExport = true;
     std::string log = folder / "log";
     std::string program = folder.Write("gvSync.exe", "#!/bin/sh\necho \"$1|$2\" >'" + log + "'\n");
     std::filesystem::permissions(program, std::filesystem::perms::owner_all);

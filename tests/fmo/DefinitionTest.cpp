@@ -97,7 +97,7 @@ TEST_P(DefinitionTest, DbaseFoldersCanBeReadOnly) {
     constexpr std::size_t header = 32 + 5 * 32 + 1, record = 1 + 10 + 10 + 5 + 20 + 8;
     bytes.at(header + 2 * record) = '*';
     folder_.Write("tables/Lamps.dbf", bytes);
-    run_.Settings().ImportExtent = {0, 0, 10, 10};
+    run_.Options().extent = {0, 0, 10, 10};
     folder_.Write("FMO/LAMPS.FMO",
                   "[DEF]\nMDB=" + (folder_ / "tables") + "\nTABLE=LAMPS\nEAST=E\nNORTH=N\nKEY=ID\n");
     Import(folder_ / "FMO/LAMPS.FMO");

@@ -99,8 +99,9 @@ TEST_P(FmoExportTest, AFailureLeavesEveryTableAsItWas) {
 TEST_P(FmoExportTest, TwoExportsAtOnceBothArrive) {
     auto exportMany = [&](int first) {
         test::TestUi ui;
-        config::Run run(ui);
-        run.Settings() = run_.Settings();
+        config::Installation installation;
+        config::Run run(installation, ui);
+        installation.Settings() = run_.Settings();
         Drawing drawing;
         for (const char* layer : {first == 0 ? "VALVES" : "WELLS", first == 0 ? "WELLS" : "VALVES"}) {
             drawing.setActiveLayer(layer);
@@ -206,7 +207,7 @@ protected:
         }
         Add(drawing_.addPolyline(std::vector<Point>{{1, 1, 0}, {2, 2, 0}}), {{"NAME", "l"}, {"EAST", ""}});
         drawing_.properties().emplace_back("Source", folder_ / "jobs\\smith\\north\\J12.job");
-        run_.Settings().WorkFlowDirectory = folder_ / "jobs";
+        installation_.Settings().WorkFlowDirectory = folder_ / "jobs";
         drawing_.saveAs(folder_ / "a.VDF");
     }
 };

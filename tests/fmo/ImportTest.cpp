@@ -40,7 +40,7 @@ TEST_P(FmoImportTest, RowsBecomeSymbolsWithTheirValues) {
     folder_.Write("ATP/VALVES.ATP",
                   "[26,09]\r\n[01,01]HANDLE    ,C32.00\r\n[01,02]DEPTH<D>  ,N08.02\r\n"
                   "[01,03]OWNER ,C32.00\r\n'STYLE=0,VALVE,255\r\n");
-    run_.Settings().ImportExtent = {400000, 100000, 410000, 110000};
+    run_.Options().extent = {400000, 100000, 410000, 110000};
     Import(folder_ / "FMO/VALVES.FMO");
     ASSERT_EQ(imported_.entityCount(), 4U) << "the drawing that was there is added to";
     EXPECT_EQ(TextOf(imported_.entityAt(3)), "VDINSERT id=7 depth=2 owner=O'Brien");
@@ -61,8 +61,8 @@ TEST_P(FmoImportTest, WhatEndsTheImportOfAPointTable) {
     EXPECT_EQ(ui_.messages, Texts{"No Records Returned\n" + query});
 
     Sql("INSERT INTO valves VALUES ('1', 1, '2', 0, ''), ('2', 1, '5,3', 0, ''), ('3', 1, '2', 0, '')");
-    run_.Settings().ImportExtent = {0.5, -1, 10, 410000.5};
-    if (IsServer()) run_.Settings().ImportExtent = {};
+    run_.Options().extent = {0.5, -1, 10, 410000.5};
+    if (IsServer()) run_.Options().extent = {};
     ui_.messages.clear();
     EXPECT_EQ(Import(folder_ / "FMO/VALVES.FMO").status, config::Outcome::Status::Failed);
     EXPECT_EQ(imported_.entityCount(), 0U) << "the drawing that was there";
@@ -89,7 +89,7 @@ TEST_P(FmoImportTest, GeometryValuesBecomePolylines) {
     for (int i = 0; i < 20000; ++i) points.push_back({double(i), double(i % 7)});
     InsertLine("5", Line(points));
     Define("PIPES", "TABLE=Pipes\nKEY=ID NO\nENBLOB=Shape\n");
-    run_.Settings().ImportExtent = {100, 100, 101, 101};
+    run_.Options().extent = {100, 100, 101, 101};
     EXPECT_EQ(Import(folder_ / "FMO/PIPES.FMO").status, config::Outcome::Status::Failed);
     ASSERT_EQ(ui_.reports.size(), 1U);
     EXPECT_EQ(ui_.reports[0],

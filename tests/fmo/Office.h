@@ -30,7 +30,7 @@ protected:
         OnEachDatabase::SetUp();
         for (const char* name : {"ATP", "FMO", "Symbols", "out"})
             std::filesystem::create_directories(folder_ / name);
-        config::SharedSettings& settings = run_.Settings();
+        config::SharedSettings& settings = installation_.Settings();
         settings.IniFilePath = folder_.Write("gv.ini", "");
         settings.ConfigFolder = settings.ProgramFolder = folder_.Path();
         settings.ATPDirectory = folder_ / "ATP";
@@ -91,7 +91,8 @@ protected:
     }
 
     TestUi ui_;
-    config::Run run_{ui_};
+    config::Installation installation_;
+    config::Run run_{installation_, ui_};
     drawing::Drawing drawing_, imported_;
 };
 

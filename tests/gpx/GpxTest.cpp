@@ -14,17 +14,17 @@ namespace fs = std::filesystem;
 /// Trails in degrees, which pass through unchanged.
 class Gpx : public test::InstallationTest {
 protected:
-    Gpx() { session.WriteIni("GPS", "TRANSFORMATION", folder.Write("LatLng.dat", "x")); }
+    Gpx() { run.WriteIni("GPS", "TRANSFORMATION", folder.Write("LatLng.dat", "x")); }
     /// The GPX file made of a trail.
     std::string Convert(const std::string& trail) {
-        frmGPX(session).ConvertTrailFile(folder.Write("Day.GXY", trail));
+        frmGPX(run).ConvertTrailFile(folder.Write("Day.GXY", trail));
         return util::ReplaceAll(test::TempFolder::Read(folder / "Day.GPX"), "\r\n", "\n");
     }
     /// Definitions that convert some points only.
     void UseNationalGrid() {
-        session.WriteIni("GPS", "TRANSFORMATION", folder.Write("grid.dat", "EPSG:27700"));
+        run.WriteIni("GPS", "TRANSFORMATION", folder.Write("grid.dat", "EPSG:27700"));
     }
-    void BeStrict() { session.WriteIni("GPX", "Strict", "1"); }
+    void BeStrict() { run.WriteIni("GPX", "Strict", "1"); }
     static std::size_t Count(const std::string& text, const std::string& part) {
         return util::CountOf(text, part);
     }
@@ -69,7 +69,7 @@ TEST_F(Gpx, Layout) {
 
 TEST_F(Gpx, StrictFilesNameTheirVersionAndHaveWaypointsFirst) {
     BeStrict();
-    session.WriteIni("GPX", "WebBase", "http://a.b/?x=1&y=\"2\"");
+    run.WriteIni("GPX", "WebBase", "http://a.b/?x=1&y=\"2\"");
     std::string text = Convert(twoFixes);
     EXPECT_NE(text.find("<gpx version=\"1.1\" creator=\"Gorvane WorkFlow\" "
                         "xmlns=\"http://www.topografix.com/GPX/1/1\">\n"),
@@ -145,7 +145,7 @@ TEST_F(Gpx, OnlyTrailsWithoutGpxAreConverted) {
     folder.Write("Day2.GPX", "there already");
     folder.Write("Day3.GPX", "");
     folder.Write("Day5.GXY", "");
-    EXPECT_TRUE(frmGPX(session).ProcessAnyTrailData(folder.Path()));
+    EXPECT_TRUE(frmGPX(run).ProcessAnyTrailData(folder.Path()));
     EXPECT_EQ(Count(test::TempFolder::Read(folder / "Day1.GPX"), "<trkpt"), 2U);
     EXPECT_EQ(test::TempFolder::Read(folder / "Day2.GPX"), "there already");
     EXPECT_EQ(Count(test::TempFolder::Read(folder / "Day3.GPX"), "<trkpt"), 2U);
@@ -154,7 +154,7 @@ TEST_F(Gpx, OnlyTrailsWithoutGpxAreConverted) {
 }
 
 TEST_F(Gpx, OutsideReadersTakeBothLayouts) {
-    auto run = [&](const std::string& command) {
+    auto shell = [&](const std::string& command) {
         return std::system((command + " >" + (folder / "log") + " 2>&1").c_str());
     };
     auto log = [&] { return test::TempFolder::Read(folder / "log"); };
@@ -164,13 +164,13 @@ TEST_F(Gpx, OutsideReadersTakeBothLayouts) {
             "05/03/2021 14:07:33,-1.5,52.25,7.5\r\n<&>\"\x80/\x01,-1.25,52.5,8\r\n31/02/2021 "
             "14:07:33,200,1,1\n");
         for (const char* layer : {"track_points", "waypoints"}) {
-            EXPECT_EQ(run("ogrinfo -ro -so " + (folder / "Day.GPX") + " " + layer), 0) << log();
+            EXPECT_EQ(shell("ogrinfo -ro -so " + (folder / "Day.GPX") + " " + layer), 0) << log();
             int wanted = layer[0] == 't' && !strict ? 3 : 2;
             EXPECT_NE(log().find("Feature Count: " + std::to_string(wanted)), std::string::npos) << log();
         }
-        EXPECT_EQ(run("xmllint --noout " + (folder / "Day.GPX")), 0) << log();
+        EXPECT_EQ(shell("xmllint --noout " + (folder / "Day.GPX")), 0) << log();
     }
-    EXPECT_EQ(run("xmllint --noout --schema " VEXLATOR_SOURCE "/tests/gpx/gpx11.xsd " + (folder / "Day.GPX")),
+    EXPECT_EQ(shell("xmllint --noout --schema " VEXLATOR_SOURCE "/tests/gpx/gpx11.xsd " + (folder / "Day.GPX")),
               0)
         << log();
 }

@@ -39,7 +39,7 @@ inline std::string Gzip(std::string_view bytes) {
 /// An installation with GML files, and what their import gives.
 struct GmlOffice {
     GmlOffice() {
-        config::SharedSettings& settings = run.Settings();
+        config::SharedSettings& settings = installation.Settings();
         settings.IniFilePath = folder.Write("gv.ini", "");
         settings.ConfigFolder = settings.ProgramFolder = folder.Path();
         settings.ATPDirectory = folder / "ATP";
@@ -89,7 +89,8 @@ struct GmlOffice {
 
     TempFolder folder;
     TestUi ui;
-    config::Run run{ui};
+    config::Installation installation;
+    config::Run run{installation, ui};
     drawing::Drawing imported;
 };
 

@@ -31,7 +31,7 @@ protected:
         GatherPhotos(run, file, source, "Survey", target).ApplyTo(drawing);
     }
     std::string Out(const std::string& name) const { return test::TempFolder::Read(target + "/" + name); }
-    const std::string& Missing() { return run.Settings().MissingPhotos; }
+    const std::string& Missing() { return run.MissingPhotos(); }
     std::size_t FilesBelow(const std::string& path) const {
         std::size_t count = 0;
         for (const auto& entry : fs::recursive_directory_iterator(path))
@@ -183,7 +183,7 @@ TEST_F(Photos, FullPathsAndFalseTargetsGoIntoTheDrawing) {
     drawing.clear();
     entity = Add({"sub\\a.jpg"});
     Ini("[PHOTO]\nFullPath=1\nFALSETARGET=https://example.org/photos\n");
-    run.Settings().DebugMode = true;
+    installation.Settings().DebugMode = true;
     Gather();
     EXPECT_EQ(value(0), "https://example.org/photos\\sub\\a.jpg");
     EXPECT_EQ(ui.messages, std::vector<std::string>{value(0)});
@@ -237,17 +237,17 @@ TEST(JobSource, IsTheSourcePropertyAndItsPathBelowTheWorkflow) {
     const Case cases[] = {
         {"C:\\WF", "c:\\wf\\Eng\\Proj\\Job.VDF", "Eng\\Proj\\Job.VDF"},
         {"/srv/wf/", "/srv/wf/Eng/Job.VDF", "Eng\\Job.VDF"},
-        {"C:\\WF", "C:\\WF2\\Eng\\Job.VDF", "before"},
-        {"", "\\Eng\\Job.VDF", "before"},
+        {"C:\\WF", "C:\\WF2\\Eng\\Job.VDF", ""},
+        {"", "\\Eng\\Job.VDF", ""},
     };
     for (const Case& c : cases) {
         test::Installation office;
         config::Run& run = office.run;
-        run.Settings().WorkFlowDirectory = c.workflow;
-        run.Settings().JobRelativePath = "before";
+        office.installation.Settings().WorkFlowDirectory = c.workflow;
+        run.Job().relative = "before";
         ReadJobSource(run, {{"source", "no"}, {"Source", c.source}, {"Source", "second"}});
-        EXPECT_EQ(run.Settings().JobSourcePath, c.source);
-        EXPECT_EQ(run.Settings().JobRelativePath, c.relative) << c.source;
+        EXPECT_EQ(run.Job().full, c.source);
+        EXPECT_EQ(run.Job().relative, c.relative) << c.source;
     }
 }
 

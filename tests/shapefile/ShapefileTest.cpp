@@ -26,7 +26,7 @@ struct Office : test::ImportOffice<importer::frmFromSHP> {
     }
     config::Outcome Export(Drawing& source) {
         source.saveAs(folder / "a.VDF");
-        return exporter::frmSHP(session).Start(folder / "a.VDF", folder / "out");
+        return exporter::frmSHP(run).Start(folder / "a.VDF", folder / "out");
     }
     /// All shapes of an exported layer: type, then points.
     std::string Shapes(const std::string& layer) const {
@@ -58,7 +58,7 @@ struct Office : test::ImportOffice<importer::frmFromSHP> {
 };
 
 TEST(ShapefileExport, KindsClosingAndAreas) {
-    Office run;
+    Office office;
     Drawing drawing;
     drawing.setActiveLayer("MIX");
     drawing.addPoint({1, 2, 3});
@@ -75,31 +75,31 @@ TEST(ShapefileExport, KindsClosingAndAreas) {
     drawing.addPoint({});
     drawing.findLayer("FROZEN")->frozen = true;
     drawing.addLayer("EMPTY");
-    config::Outcome outcome = run.Export(drawing);
+    config::Outcome outcome = office.Export(drawing);
     EXPECT_EQ(
-        run.Shapes("MIX"),
+        office.Shapes("MIX"),
         "1 1,2; 1 3,4; 3 1,1 2,2; 5 1,1 2,2 3,1 1,1; 5 1,1 2,2 1,1; 5 1,1 2,2 1,1; 3 9,9 9,10 10,10; 3");
-    EXPECT_EQ(run.Rows("MIX"), "1; 2; 5; 6; 7; 12; 9; A");  // handles where there are no attributes
+    EXPECT_EQ(office.Rows("MIX"), "1; 2; 5; 6; 7; 12; 9; A");  // handles where there are no attributes
     EXPECT_EQ(outcome.layers, 1U);
     EXPECT_EQ(outcome.features, 8U);
-    EXPECT_EQ(platform::ListFiles(run.folder / "out"),
+    EXPECT_EQ(platform::ListFiles(office.folder / "out"),
               (std::vector<std::string>{"MIX.CPG", "MIX.DBF", "MIX.PRJ", "MIX.SHP", "MIX.SHX"}));
-    EXPECT_EQ(TempFolder::Read(run.folder / "ATP/MIX.ATP"), "[26,09]\r\n[01,01]HANDLE    ,C32.00\r\n");
+    EXPECT_EQ(TempFolder::Read(office.folder / "ATP/MIX.ATP"), "[26,09]\r\n[01,01]HANDLE    ,C32.00\r\n");
 }
 
 TEST(ShapefileImport, ShapesLookAsTheirCodeSays) {
-    Office run;
+    Office office;
     Drawing drawing;
     drawing.setActiveLayer("LINES");
     drawing.addPolyline(std::vector<Point>{{1.5, 2.25, 9}, {3, 4, 9}});
     drawing.addPolyline(std::vector<Point>{{1, 1, 0}, {2, 2, 0}, {3, 1, 0}}).setClosed(true);
     drawing.setActiveLayer("POINTS");
     drawing.addPoint({1000, 2000, 0});
-    run.Export(drawing);
-    run.folder.Write("ATP/POINTS.ATP", "'STYLE=x,HYDRANT,255,more\r\n");
-    run.Import("out/lines.shp|POINTS.SHP");
-    ASSERT_EQ(run.drawing.entityCount(), 3U);
-    Entity line = run.drawing.entityAt(0), area = run.drawing.entityAt(1), point = run.drawing.entityAt(2);
+    office.Export(drawing);
+    office.folder.Write("ATP/POINTS.ATP", "'STYLE=x,HYDRANT,255,more\r\n");
+    office.Import("out/lines.shp|POINTS.SHP");
+    ASSERT_EQ(office.drawing.entityCount(), 3U);
+    Entity line = office.drawing.entityAt(0), area = office.drawing.entityAt(1), point = office.drawing.entityAt(2);
     EXPECT_FALSE(line.isClosed());
     EXPECT_EQ(line.style().lineWeight, 30);
     EXPECT_EQ(line.style().colour, 2U);  // the second layer of the drawing
@@ -127,16 +127,16 @@ TEST(ShapefileImport, FeatureCodes) {
 }
 
 TEST(ShapefileImport, ADamagedFileLeavesTheOldDrawing) {
-    Office run;
+    Office office;
     Drawing drawing;
     drawing.addPolyline(std::vector<Point>{{1, 1, 0}, {2, 2, 0}});
-    run.Export(drawing);
-    std::string good = run.folder / "out/0.SHP", bytes = TempFolder::Read(good);
-    run.folder.Write("0.VDF", "the old drawing");
-    run.folder.Write("out/0.SHP", bytes.substr(0, bytes.size() - 1));
-    EXPECT_EQ(test::ErrorOf([&] { run.Import("out/0.SHP"); }),
+    office.Export(drawing);
+    std::string good = office.folder / "out/0.SHP", bytes = TempFolder::Read(good);
+    office.folder.Write("0.VDF", "the old drawing");
+    office.folder.Write("out/0.SHP", bytes.substr(0, bytes.size() - 1));
+    EXPECT_EQ(test::ErrorOf([&] { office.Import("out/0.SHP"); }),
               good + ": byte 100, record 1: 2 points announced, 31 bytes left");
-    EXPECT_EQ(TempFolder::Read(run.folder / "0.VDF"), "the old drawing");
+    EXPECT_EQ(TempFolder::Read(office.folder / "0.VDF"), "the old drawing");
 }
 
 }  // namespace

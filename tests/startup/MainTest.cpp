@@ -72,6 +72,7 @@ protected:
         MainOptions options{.conversions = {imports, exports},
                             .showSelection = [this](config::Run& run, std::string_view received) {
                                 settings = run.Settings();
+        asked = run.Options();
                                 selections.emplace_back(received);
                                 return ExitStatus::Done;
                             }};
@@ -99,6 +100,7 @@ protected:
     test::TempFolder home;
     test::TestUi ui;
     config::SharedSettings settings;
+    config::RunOptions asked;
     Lines selections;
 };
 
@@ -124,7 +126,7 @@ TEST_F(MainTest, SelectionWindowGetsTheTextAsReceived) {
 
 TEST_F(MainTest, GoOptionsAreKeptInTheSettings) {
     EXPECT_EQ(Run("GO runmin=1,chkAll=1,TXTMobileStyle=m.bsf,ARC10=5,txtSource=a=b"), 0);
-    EXPECT_TRUE(settings.RunMinimised);
+    EXPECT_TRUE(asked.minimised);
     std::string ini = home / "gv.ini";
     EXPECT_EQ(config::ReadIniFile(ini, "OPTION", "chkAll"), "1");
     EXPECT_EQ(config::ReadIniFile(ini, "OPTION", "txtSource"), "a");
@@ -132,7 +134,7 @@ TEST_F(MainTest, GoOptionsAreKeptInTheSettings) {
     EXPECT_EQ(config::ReadIniFile(ini, "MOBILESTYLING", "FILE"), "m.bsf");
     EXPECT_EQ(config::ReadIniFile(ini, "ESRI", "ARC10"), "5");
     EXPECT_EQ(Run("GO runmin=2"), 0);
-    EXPECT_FALSE(settings.RunMinimised);
+    EXPECT_FALSE(asked.minimised);
 }
 
 TEST_F(MainTest, SettingsOfARun) {
@@ -141,16 +143,17 @@ TEST_F(MainTest, SettingsOfARun) {
     SetIni("GENERICOUT", "SHORTENFIELDSON", "/");
     stub.act = [this](config::Run& run) {
         settings = run.Settings();
+        asked = run.Options();
         return OneFeature();
     };
     std::string source = home.Write("a.SHP -quiet.SHP", "");
     EXPECT_EQ(Run("IMPORT " + source + " ?BOX 1,2,3,4 ?"), 0);
     EXPECT_EQ(stub.calls, Lines{"1 " + source + " " + home.Path() + " "});
     EXPECT_EQ(settings.ConfigFolder, home.Path());
-    EXPECT_TRUE(settings.AutoLaunchExport && settings.Quiet);
+    EXPECT_TRUE(settings.AutoLaunchExport && asked.quiet);
     EXPECT_FALSE(settings.DebugMode || settings.CreateZip) << "only 1 switches on";
     EXPECT_EQ(settings.SHORTENFIELDSON, "/");
-    EXPECT_EQ(settings.ImportExtent.minX + settings.ImportExtent.maxY, 5);
+    EXPECT_EQ(asked.extent.minX + asked.extent.maxY, 5);
     EXPECT_TRUE(fs::is_directory(home / "temp"));
 }
 
@@ -210,7 +213,7 @@ TEST_F(MainTest, StepsAfterAnExportFollowAnUnknownCodeToo) {
 /// The results of an FMO export lie in FMODirectory, and so does what follows it.
 TEST_F(MainTest, WhatFollowsAnFmoExportLiesWithIt) {
     stub.act = [](config::Run& run) {
-        run.Settings().MissingPhotos = "A.JPG missing from 7\r\n";
+        run.MissingPhotos() = "A.JPG missing from 7\r\n";
         return OneFeature();
     };
     fs::create_directory(home / "fmo");
@@ -222,7 +225,7 @@ TEST_F(MainTest, WhatFollowsAnFmoExportLiesWithIt) {
 TEST_F(MainTest, AnFmoExportOfAJobClosesIt) {
     UseWorkflow();
     stub.act = [](config::Run& run) {
-        run.Settings().JobRelativePath = "Ann\\Roads\\North\\a.JOB";
+        run.Job().relative = "Ann\\Roads\\North\\a.JOB";
         return OneFeature();
     };
     EXPECT_EQ(Run(home / "b.FMO"), 0);
@@ -252,8 +255,8 @@ TEST_F(MainTest, ExportsThatDoNotEndLeaveNoTrace) {
              {[](config::Run&) -> Outcome { throw std::bad_alloc(); }, 1, {"Not enough memory"}},
          }) {
         stub.act = [&](config::Run& run) {
-            run.Settings().JobRelativePath = "Ann\\Roads\\a.JOB";
-            run.Settings().MissingPhotos = "A.JPG";
+            run.Job().relative = "Ann\\Roads\\a.JOB";
+            run.MissingPhotos() = "A.JPG";
             return c.act(run);
         };
         std::string list = home.Write("old/MissingPhotos.LST", "old");

@@ -15,7 +15,7 @@ namespace vexlator::test {
 /// An installation in a folder of its own, and a run in it on 5 March 2024.
 struct Installation {
     Installation() {
-        config::SharedSettings& settings = run.Settings();
+        config::SharedSettings& settings = installation.Settings();
         settings.IniFilePath = folder / "gv.ini";
         settings.ConfigFolder = settings.ProgramFolder = folder.Path();
         settings.ATPDirectory = folder / "ATP";
@@ -28,7 +28,8 @@ struct Installation {
 
     TempFolder folder;
     TestUi ui;
-    config::Run run{ui, [] { return platform::DateTime{2024, 3, 5, 14, 7, 0}; }};
+    config::Installation installation{[] { return platform::DateTime{2024, 3, 5, 14, 7, 0}; }};
+    config::Run run{installation, ui};
 };
 
 class InstallationTest : public testing::Test, protected Installation {};

@@ -38,11 +38,12 @@ protected:
         } else {
             folder_.Write("gv.ini", "[WORKFLOW]\nCONNECTION=" + ConnectionString() + "\n");
         }
-        run_.Settings().IniFilePath = folder_ / "gv.ini";
+        installation_.Settings().IniFilePath = folder_ / "gv.ini";
     }
 
     test::TestUi ui_;
-    config::Run run_{ui_};
+    config::Installation installation_;
+    config::Run run_{installation_, ui_};
 };
 
 TEST_P(WorkflowTest, RecordsWhatWasDoneWithAJob) {
@@ -107,7 +108,7 @@ TEST_P(WorkflowTest, SixteenExportsAtOnceLoseNoRow) {
 TEST_P(WorkflowTest, AsksBeforeAnExportIsRepeated) {
     const std::string question = "Warning this Job has previously been exported!\nContinue?";
     EXPECT_TRUE(ConfirmExportAllowed(run_));
-    run_.Settings().JobRelativePath = "e\\P\\sub/Survey.VDF";
+    run_.Job().relative = "e\\P\\sub/Survey.VDF";
     EXPECT_TRUE(ConfirmExportAllowed(run_));
     EXPECT_EQ(ui_.questions, Texts{});
     RecordJobAction(run_, "P", "Survey", "e", "Exported to SHP", morning);
@@ -115,13 +116,13 @@ TEST_P(WorkflowTest, AsksBeforeAnExportIsRepeated) {
     EXPECT_TRUE(ConfirmExportAllowed(run_));
     EXPECT_FALSE(ConfirmExportAllowed(run_));
     EXPECT_EQ(ui_.questions, (Texts{question, question}));
-    run_.Settings().Quiet = true;
+    run_.Options().quiet = true;
     EXPECT_TRUE(ConfirmExportAllowed(run_));
     EXPECT_EQ(ui_.questions.size(), 2U);
 }
 
 TEST_P(WorkflowTest, DebugModeTellsWhatItDoes) {
-    run_.Settings().DebugMode = true;
+    installation_.Settings().DebugMode = true;
     RecordJobAction(run_, "P", "J", "e", "CLOSED", morning);
     ASSERT_EQ(ui_.messages.size(), 2U);
     EXPECT_EQ(ui_.messages[0], "About To Connect");
@@ -172,7 +173,7 @@ TEST_F(WorkflowFileTest, TellsWhatIsWrongWithTheFile) {
 TEST_F(WorkflowFileTest, NothingIsConfigured) {
     Ini("");
     EXPECT_EQ(Messages(), Texts{});
-    run.Settings().JobRelativePath = "e\\P\\J.VDF";
+    run.Job().relative = "e\\P\\J.VDF";
     EXPECT_TRUE(ConfirmExportAllowed(run));
 }
 

@@ -27,30 +27,59 @@ bool HasInfoFile(std::string_view drawingPath) {
            util::FileSize(util::ChangeExtension(drawingPath, "info")) > 0;
 }
 
-std::size_t MemoryFrom(const std::string& megabytes) {
-    if (megabytes.empty()) return PackageWriter::usualMemory;
-    std::int64_t number = std::clamp<std::int64_t>(util::IntegerOf(megabytes), 0, mostMegabytes);
-    return static_cast<std::size_t>(number) << 20;
-}
+/// What gv.ini says.
+struct IniSettings {
+    bool createDxf = false, keepSymbols = false, fullPolygons = false;
+    int megabytes = PackageWriter::usualMemory >> 20;
+    std::string attributeList, layerOnField, searchOnField;
+};
+
+using Keys = config::Keys<IniSettings>;
+
+constexpr config::KeyOf<IniSettings> keys[] = {
+    Keys::Flag("GRP", "DONTEXPLODE", &IniSettings::keepSymbols,
+               "symbols become points of a background package; else they are taken apart"),
+    Keys::Text("GRP", "AttributeList", &IniSettings::attributeList,
+               "layers whose attributes go into background packages in records of one width: "
+               "{LAYER,WIDTH,NAME,NAME}{...}",
+               "every attribute of other layers goes with its name"),
+    Keys::Flag("GRP", "CREATEDXF", &IniSettings::createDxf,
+               "a DXF file is written with a background package too"),
+    Keys::Flag(
+        "GRP", "GENFULLPOLYS", &IniSettings::fullPolygons,
+        "closed polylines become areas too, not only those of classified drawings; a file DRAWING.VDF.info "
+        "beside the drawing does the same"),
+    Keys::Text("GRP", "STYLEFILE", {},
+               "background style file (.BSF) of packages that are built from the command line", "none"),
+    Keys::Number("GRP", "MEMORYMB", &IniSettings::megabytes,
+                 "megabytes of memory for a package's tiles; what is beyond goes to a temporary file", "512",
+                 0, mostMegabytes),
+    Keys::Text("MOBILESTYLING", "FILE", {}, "path of the mobile styling file", "none"),
+    Keys::Text(
+        "LAYERON", "FIELD", &IniSettings::layerOnField,
+        "attribute that chooses a feature's layer in a background package that is built without a style file",
+        "none"),
+    Keys::Text("SEARCHON", "FIELD", &IniSettings::searchOnField,
+               "attribute that such a package can be searched by", "none"),
+};
 
 }  // namespace
 
-BuildSettings::BuildSettings(config::Run& run, std::string_view drawingPath,
-                             std::string_view styleFile)
-    : createDxf(run.ReadIniFlag("GRP", "CREATEDXF")),
-      keepSymbols(run.ReadIniFlag("GRP", "DONTEXPLODE")),
-      fullPolygons(run.ReadIniFlag("GRP", "GENFULLPOLYS") || HasInfoFile(drawingPath)),
-      memoryBytes(MemoryFrom(run.ReadIni("GRP", "MEMORYMB"))),
-      attributes(run.ReadIni("GRP", "AttributeList")),
-      mobileStyles(ReadStyleText(run.ReadIni("MOBILESTYLING", "FILE"))) {
+BuildSettings::BuildSettings(config::Run& run, std::string_view drawingPath, std::string_view styleFile)
+    : mobileStyles(ReadStyleText(run.ReadIni("MOBILESTYLING", "FILE"))) {
+    auto ini = config::ReadKeys<IniSettings>(run.Installation(), keys);
+    createDxf = ini.createDxf;
+    keepSymbols = ini.keepSymbols;
+    fullPolygons = ini.fullPolygons || HasInfoFile(drawingPath);
+    memoryBytes = static_cast<std::size_t>(ini.megabytes) << 20;
+    attributes = AttributeList(ini.attributeList);
     if (platform::FileExists(styleFile)) {
         style = LoadBackgroundStyle(styleFile);
         return;
     }
-    if (!styleFile.empty())
-        run.Ui().ShowMessage("Style file not found: " + platform::NativePath(styleFile));
-    style.layerOnField = run.ReadIni("LAYERON", "FIELD");
-    style.searchOnField = run.ReadIni("SEARCHON", "FIELD");
+    if (!styleFile.empty()) run.Ui().ShowMessage("Style file not found: " + platform::NativePath(styleFile));
+    style.layerOnField = ini.layerOnField;
+    style.searchOnField = ini.searchOnField;
 }
 
 void BuildSettings::ListOptimisedAttributes(const drawing::Drawing& drawing) {
@@ -61,6 +90,10 @@ void BuildSettings::ListOptimisedAttributes(const drawing::Drawing& drawing) {
     const auto& layers = drawing.layers();
     auto layer = std::ranges::find_if(layers, [](const drawing::Layer& each) { return each.name != "0"; });
     attributes.Add(layer == layers.end() ? "0" : layer->name, optimisedWidth, fields);
+}
+
+config::KeyList PackageBuildKeys() {
+    return config::ListOf<IniSettings>(keys);
 }
 
 }  // namespace vexlator::background

@@ -5,7 +5,7 @@
 #include "background/build/AttributeList.h"
 #include "background/styling/MobileStyles.h"
 #include "background/styling/modGRPstyling.h"
-#include "config/Run.h"
+#include "config/Keys.h"
 #include "drawing/Drawing.h"
 
 #include <cstddef>
@@ -29,5 +29,7 @@ struct BuildSettings {
     BackgroundStyle style;
     MobileStyles mobileStyles;
 };
+
+config::KeyList PackageBuildKeys();
 
 }  // namespace vexlator::background

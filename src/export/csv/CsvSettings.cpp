@@ -2,33 +2,59 @@
 // SPDX-License-Identifier: MIT
 #include "export/csv/CsvSettings.h"
 
-#include "util/Numbers.h"
-
-#include <algorithm>
 #include <string>
 
 namespace vexlator::exporter {
 
+namespace {
+
+/// What gv.ini says, before it becomes a layout.
+struct IniSettings : CsvSettings {
+    bool quote = false, safeFormulas = false, byteOrderMark = false;
+    std::string separator;
+};
+
+using Keys = config::Keys<IniSettings>;
+
+constexpr config::KeyOf<IniSettings> keys[] = {
+    Keys::Flag("CSV", "SepFiles", &IniSettings::sepFiles,
+               "one file per feature code instead of one per drawing"),
+    Keys::Switch("CSV", "header", &IniSettings::header, "a header row before the rows of each feature code"),
+    Keys::Text("CSV", "Separator", &IniSettings::separator, "TAB: fields are separated by tabs", "by commas"),
+    Keys::Switch("CSV", "Coords", &IniSettings::coords, "a coordinate column"),
+    Keys::Flag("CSV", "LatLng", &IniSettings::latLng, "coordinates of points in latitude/longitude"),
+    Keys::Flag("CSV", "SuppressNA", &IniSettings::suppressNA,
+               "the value NA is written as an empty value, in shapefile exports too"),
+    Keys::Flag("CSV", "MultiXYZ", &IniSettings::multiXYZ,
+               "coordinates again as columns of their own at the end of the row"),
+    Keys::Number("CSV", "DP", &IniSettings::decimals, "decimal places of x and y", "3", 0, 15),
+    Keys::Flag("CSV", "Quote", &IniSettings::quote,
+               "fields are quoted as RFC 4180 has it; else commas inside values become separators"),
+    Keys::Flag(
+        "CSV", "SafeFormulas", &IniSettings::safeFormulas,
+        "values that begin with = + - or @ and are no numbers get a ' in front, so that spreadsheets show "
+        "them and never run them; for files that people open, not for those that programs read"),
+    Keys::Flag("CSV", "BOM", &IniSettings::byteOrderMark,
+               "files are UTF-8 and begin with a byte-order mark; else they are Windows-1252"),
+};
+
+}  // namespace
+
 CsvSettings ReadCsvSettings(const config::Run& run, CsvFlavour flavour) {
     CsvSettings settings;
+    if (flavour == CsvFlavour::Csv) {
+        IniSettings ini;
+        ini.extension = ".CSV";
+        ini = config::ReadKeys<IniSettings>(run.Installation(), keys, ini);
+        ini.layout = {ini.separator == "TAB" ? '\t' : ',', ini.quote, ini.safeFormulas, ini.byteOrderMark};
+        settings = ini;
+    }
     settings.hyperlinks = !run.ReadIni("PHOTO", "ExportAsHyperlinks").empty();
-    if (flavour == CsvFlavour::Asc) return settings;
-    auto flag = [&](std::string_view key) { return run.ReadIniFlag("CSV", key); };
-    settings.extension = ".CSV";
-    settings.sepFiles = flag("SepFiles");
-    settings.header = run.ReadIni("CSV", "header") != "0";
-    settings.coords = run.ReadIni("CSV", "Coords") != "0";
-    settings.latLng = flag("LatLng");
-    settings.suppressNA = flag("SuppressNA");
-    settings.multiXYZ = flag("MultiXYZ");
-    std::string decimals = run.ReadIni("CSV", "DP");
-    if (!decimals.empty())
-        settings.decimals = static_cast<int>(std::clamp<std::int64_t>(util::IntegerOf(decimals), 0, 15));
-    settings.layout.separator = run.ReadIni("CSV", "Separator") == "TAB" ? '\t' : ',';
-    settings.layout.quote = flag("Quote");
-    settings.layout.safeFormulas = flag("SafeFormulas");
-    settings.layout.byteOrderMark = flag("BOM");
     return settings;
+}
+
+config::KeyList CsvKeys() {
+    return config::ListOf<IniSettings>(keys);
 }
 
 }  // namespace vexlator::exporter

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Run.h"
+#include "config/Keys.h"
 #include "formats/csv/CsvWriter.h"
 
 #include <string_view>
@@ -27,5 +27,6 @@ struct CsvSettings {
 };
 
 CsvSettings ReadCsvSettings(const config::Run& run, CsvFlavour flavour);
+config::KeyList CsvKeys();
 
 }  // namespace vexlator::exporter

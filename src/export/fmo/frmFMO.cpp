@@ -28,4 +28,15 @@ config::Outcome frmFMO::Start(std::string_view drawingPath, std::string_view fmo
     });
 }
 
+config::KeyList DatabaseKeys() {
+    return {
+        {.section = "GENERAL",
+         .name = "JobBasedMDB",
+         .meaning = "one database per job in database exports",
+         .fallback = "off",
+         .initial = "0",
+         .type = config::Key::Type::Flag},
+    };
+}
+
 }  // namespace vexlator::exporter

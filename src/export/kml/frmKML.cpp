@@ -28,12 +28,27 @@ std::string WithSlash(std::string text) {
     return text;
 }
 
+/// What stands before a photograph's name on the web.
+struct WebAddress {
+    std::string base, company;
+};
+
+using Keys = config::Keys<WebAddress>;
+
+constexpr config::KeyOf<WebAddress> keys[] = {
+    Keys::Text("KML", "WebBase", &WebAddress::base,
+               "web address below which photographs are published, in the folder that Company names, when "
+               "GoogleMaps is on",
+               "addresses relative to the KML"),
+    Keys::Text("GENERAL", "Company", &WebAddress::company, "company name, written into KML exports", "none"),
+};
+
 KmlSettings ReadSettings(const config::Run& run, std::string_view targetPath) {
+    auto address = config::ReadKeys<WebAddress>(run.Installation(), keys);
     KmlSettings settings;
     settings.folder = platform::NativePath(platform::AbsolutePath(targetPath));
     settings.web = run.ReadIniFlag("PHOTO", "GoogleMaps");
-    settings.photoAddress = WithSlash(EncodedAddress(run.ReadIni("KML", "WebBase"))) +
-                            WithSlash(EncodedPath(run.ReadIni("GENERAL", "Company")));
+    settings.photoAddress = WithSlash(EncodedAddress(address.base)) + WithSlash(EncodedPath(address.company));
     return settings;
 }
 
@@ -76,7 +91,7 @@ config::Outcome frmKML::Start(std::string_view drawingPath, std::string_view tar
 }
 
 void frmKML::Launch(bool web, std::string_view kmlPath) try {
-    bool publish = web && !run_.Settings().Quiet && run_.Ui().AskYesNo("Publish files on web now?");
+    bool publish = web && !run_.Options().quiet && run_.Ui().AskYesNo("Publish files on web now?");
     if (publish)
         Publish(kmlPath);
     else
@@ -91,6 +106,10 @@ void frmKML::Publish(std::string_view kmlPath) {
         "\"" + program + "\" /FTPkml \"" + platform::NativePath(platform::AbsolutePath(kmlPath)) + "\"";
     if (util::RunAndWait(command, run_.Ui()) < 0)
         run_.Ui().ShowMessage(platform::NativePath(program) + ": cannot be started");
+}
+
+config::KeyList KmlKeys() {
+    return config::ListOf<WebAddress>(keys);
 }
 
 }  // namespace vexlator::exporter

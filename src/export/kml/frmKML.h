@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "config/Keys.h"
 #include "config/Outcome.h"
-#include "config/Run.h"
 
 #include <string_view>
 
@@ -25,5 +25,7 @@ private:
 
     config::Run& run_;
 };
+
+config::KeyList KmlKeys();
 
 }  // namespace vexlator::exporter

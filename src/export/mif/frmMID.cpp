@@ -13,20 +13,23 @@ namespace vexlator::exporter {
 
 namespace {
 
-MifSettings ReadSettings(const config::Run& run) {
-    MifSettings settings;
-    std::string coordSys = run.ReadIni("MID", "MIDMIFHEADER");
-    if (!coordSys.empty()) settings.coordSys = coordSys;
-    settings.strict = run.ReadIniFlag("MID", "Strict");
-    return settings;
-}
+using Keys = config::Keys<MifSettings>;
+
+constexpr config::KeyOf<MifSettings> keys[] = {
+    Keys::Text("MID", "MIDMIFHEADER", &MifSettings::coordSys, "coordinate system line of MIF exports",
+               "the British National Grid"),
+    Keys::Flag(
+        "MID", "Strict", &MifSettings::strict,
+        "rows get a value for every column, and lines or areas of fewer than two vertices become points or "
+        "no objects, because some programs stop reading where that is not so"),
+};
 
 }  // namespace
 
 config::Outcome frmMID::Start(std::string_view drawingPath, std::string_view targetPath) {
     BegunExport begun = BeginExport(run_, "frmMID", drawingPath, targetPath);
     if (begun.IsStopped()) return begun.outcome;
-    MifSettings settings = ReadSettings(run_);
+    auto settings = config::ReadKeys<MifSettings>(run_.Installation(), keys);
     platform::OutputSet files;
     std::vector<ExportLayer> layers = FindLayers(begun, LayerZero::Skip);
     std::deque<MifLayer> pairs;
@@ -37,6 +40,10 @@ config::Outcome frmMID::Start(std::string_view drawingPath, std::string_view tar
     files.Commit();
     run_.Ui().Settle(1);
     return begun.outcome;
+}
+
+config::KeyList MifKeys() {
+    return config::ListOf<MifSettings>(keys);
 }
 
 }  // namespace vexlator::exporter

@@ -29,22 +29,38 @@ std::uint32_t LowerFour(const char* text) {
 struct PhotoSettings {
     std::string source, target, falseTarget;
     bool copy = true, fullPath = false, list = false;
+    // As gv.ini has them.
+    bool fixedExport = false, dontCopy = false;
+    std::string fixedTarget, fixedSource;
+};
+
+using Keys = config::Keys<PhotoSettings>;
+
+constexpr config::KeyOf<PhotoSettings> keys[] = {
+    Keys::Flag("PHOTO", "FixedExport", &PhotoSettings::fixedExport,
+               "photographs go to FixedExportFolder instead of the folder of the export"),
+    Keys::Text("PHOTO", "FixedExportFolder", &PhotoSettings::fixedTarget, "that folder", "none"),
+    Keys::Flag("PHOTO", "FullPath", &PhotoSettings::fullPath,
+               "full paths of photographs are written into the features"),
+    Keys::Flag("PHOTO", "DontCopy", &PhotoSettings::dontCopy, "photographs are not copied"),
+    Keys::Text("PHOTO", "FIXEDSOURCE", &PhotoSettings::fixedSource, "folder that photographs are taken from",
+               "that of the drawing's job"),
+    Keys::Text("PHOTO", "FALSETARGET", &PhotoSettings::falseTarget,
+               "folder written in place of the one that photographs were really copied to", "none"),
+    Keys::Text("PHOTO", "ExportAsHyperlinks", {},
+               "anything: CSV exports write photographs as spreadsheet links", "off"),
+    Keys::Flag("PHOTO", "GoogleMaps", {}, "photo links of KML exports are for web maps"),
+    Keys::Flag("THIRD", "SSE", &PhotoSettings::list, "exports list the photographs that they copied"),
 };
 
 PhotoSettings ReadPhotoSettings(const config::Run& run, std::string_view sourceFolder,
                                 std::string_view targetFolder) {
-    PhotoSettings settings;
-    settings.source = sourceFolder;
+    auto settings = config::ReadKeys<PhotoSettings>(run.Installation(), keys);
+    settings.copy = !settings.dontCopy;
     settings.target = targetFolder;
-    std::string fixedTarget = run.ReadIni("PHOTO", "FixedExportFolder");
-    if (run.ReadIniFlag("PHOTO", "FixedExport") && !fixedTarget.empty()) settings.target = fixedTarget;
-    settings.fullPath = run.ReadIniFlag("PHOTO", "FullPath");
-    settings.copy = !run.ReadIniFlag("PHOTO", "DontCopy");
-    if (!settings.copy) settings.target = settings.source;
-    std::string fixedSource = run.ReadIni("PHOTO", "FIXEDSOURCE");
-    if (!fixedSource.empty()) settings.source = fixedSource;
-    settings.falseTarget = run.ReadIni("PHOTO", "FALSETARGET");
-    settings.list = run.ReadIniFlag("THIRD", "SSE");
+    if (settings.fixedExport && !settings.fixedTarget.empty()) settings.target = settings.fixedTarget;
+    if (!settings.copy) settings.target = sourceFolder;
+    settings.source = settings.fixedSource.empty() ? std::string(sourceFolder) : settings.fixedSource;
     return settings;
 }
 
@@ -108,8 +124,7 @@ private:
         std::string value(properties.item(index).value());
         std::string_view first = properties.item(0).value();
         if (!IsCopied(value))
-            run_.Settings().MissingPhotos +=
-                WithoutNul(value + " missing from " + std::string(first) + "\r\n");
+            run_.MissingPhotos() += WithoutNul(value + " missing from " + std::string(first) + "\r\n");
         else if (settings_.list)
             list_ += WithoutNul(CsvField(first) + "," + CsvField(fullTarget_.PathOf(value)) + "\r\n");
         if (!paths_.AreChanged()) return;
@@ -174,10 +189,7 @@ void ReadJobSource(config::Run& run, const std::vector<std::pair<std::string, st
     auto source = std::find_if(properties.begin(), properties.end(),
                                [](const auto& property) { return property.first == "Source"; });
     if (source == properties.end()) return;
-    config::SharedSettings& settings = run.Settings();
-    settings.JobSourcePath = source->second;
-    std::string below = PathBelow(source->second, settings.WorkFlowDirectory);
-    if (!below.empty()) settings.JobRelativePath = below;
+    run.Job() = {source->second, PathBelow(source->second, run.Settings().WorkFlowDirectory)};
 }
 
 std::string PhotoPaths::PathOf(std::string_view value) const {
@@ -202,7 +214,7 @@ PhotoPaths GatherPhotos(config::Run& run, drawing::DrawingFile& drawing, std::st
     if (settings.source.empty()) return {};
     drawing.ForEachChunk([](const drawing::Drawing&) {});
     util::MakeFolder(targetFolder);
-    run.Settings().MissingPhotos.clear();
+    run.MissingPhotos().clear();
     Gathering gathering(run, settings);
     drawing.ForEachChunk([&](drawing::Drawing& chunk) {
         chunk.forEach([&](const drawing::Entity& entity) { gathering.Visit(entity); });
@@ -210,6 +222,10 @@ PhotoPaths GatherPhotos(config::Run& run, drawing::DrawingFile& drawing, std::st
     std::string name = util::SafeFileName(std::string(listName) + "." + std::string(listExtension));
     if (settings.list) WritePhotoList(util::JoinPath(targetFolder, name), gathering.List());
     return gathering.Paths();
+}
+
+config::KeyList PhotoKeys() {
+    return config::ListOf<PhotoSettings>(keys);
 }
 
 }  // namespace vexlator::exporter

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Run.h"
+#include "config/Keys.h"
 #include "drawing/DrawingFile.h"
 
 #include <string>
@@ -12,9 +12,7 @@
 
 namespace vexlator::exporter {
 
-/// Takes the drawing's "Source" property as JobSourcePath, and the part of it below WorkFlowDirectory, its
-/// folders separated by "\", as JobRelativePath. Settings stay as they are when there is no such property;
-/// the relative path does when the job lies elsewhere.
+/// Takes the drawing's "Source" property as the run's job. Without that property the run has none.
 void ReadJobSource(config::Run& run, const std::vector<std::pair<std::string, std::string>>& properties);
 
 /// Whether an attribute value names a photograph: it holds .JPG or .BMP, in any letter case.
@@ -55,5 +53,7 @@ private:
 PhotoPaths GatherPhotos(config::Run& run, drawing::DrawingFile& drawing, std::string_view sourceFolder,
                         std::string_view listName, std::string_view targetFolder,
                         std::string_view listExtension = "CSV");
+
+config::KeyList PhotoKeys();
 
 }  // namespace vexlator::exporter

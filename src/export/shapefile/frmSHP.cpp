@@ -16,11 +16,17 @@ namespace vexlator::exporter {
 
 namespace {
 
+using Keys = config::Keys<ShapefileSettings>;
+
+constexpr config::KeyOf<ShapefileSettings> keys[] = {
+    Keys::Flag("SHPout", "LL", &ShapefileSettings::latLng, "shapefile exports in latitude/longitude"),
+    Keys::Text("SHPout", "PRJ", &ShapefileSettings::projection, "projection file in the folder Resources",
+               "ESRI.PRJ; with LL, WGS 84, which needs no file"),
+};
+
 ShapefileSettings ReadSettings(const config::Run& run) {
-    ShapefileSettings settings;
+    auto settings = config::ReadKeys<ShapefileSettings>(run.Installation(), keys);
     settings.suppressNA = run.ReadIniFlag("CSV", "SuppressNA");
-    settings.latLng = run.ReadIniFlag("SHPout", "LL");
-    settings.projection = run.ReadIni("SHPout", "PRJ");
     return settings;
 }
 
@@ -66,6 +72,10 @@ config::Outcome frmSHP::Start(std::string_view drawingPath, std::string_view tar
         });
     files.Commit();
     return begun.outcome;
+}
+
+config::KeyList ShapefileKeys() {
+    return config::ListOf<ShapefileSettings>(keys);
 }
 
 }  // namespace vexlator::exporter

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "config/Keys.h"
 #include "config/Outcome.h"
-#include "config/Run.h"
 
 #include <string_view>
 
@@ -22,5 +22,7 @@ public:
 private:
     config::Run& run_;
 };
+
+config::KeyList ShapefileKeys();
 
 }  // namespace vexlator::exporter

@@ -45,18 +45,38 @@ std::string NamesForPeople(std::span<const std::string_view> fields) {
     return names.size() <= longest ? names : std::string(platform::CutUtf8(names, longest)) + " ...";
 }
 
+/// What gv.ini says.
+struct IniSettings : CsvSettings {
+    std::string separator;
+};
+
+using Keys = config::Keys<IniSettings>;
+
+constexpr config::KeyOf<IniSettings> keys[] = {
+    Keys::Text("CSVIN", "East", &IniSettings::east,
+               "name of the east column; without a header its position from 0", "none; position 0"),
+    Keys::Text("CSVIN", "North", &IniSettings::north,
+               "name of the north column; without a header its position from 0", "none; position 0"),
+    Keys::Text("CSVIN", "Key", &IniSettings::key,
+               "name of the key column; without a header its position from 0", "none; position 0"),
+    Keys::Text("CSVIN", "FixedFeature", &IniSettings::fixedFeature, "feature code of every file",
+               "the file's name"),
+    Keys::Text("CSVIN", "Separator", &IniSettings::separator, "TAB: fields are separated by tabs",
+               "by commas"),
+    Keys::Switch("CSVIN", "header", &IniSettings::header, "the files have a header line"),
+};
+
 }  // namespace
 
 CsvSettings ReadCsvSettings(const config::Run& run) {
-    auto read = [&](std::string_view key) { return run.ReadIni("CSVIN", key); };
-    CsvSettings settings;
-    settings.header = read("header") != "0";
-    if (platform::SameNoCase(read("Separator"), "TAB")) settings.delimiter = '\t';
-    settings.fixedFeature = Capitals(read("FixedFeature"));
-    settings.east = read("East");
-    settings.north = read("North");
-    settings.key = read("Key");
+    auto settings = config::ReadKeys<IniSettings>(run.Installation(), keys);
+    if (platform::SameNoCase(settings.separator, "TAB")) settings.delimiter = '\t';
+    settings.fixedFeature = Capitals(settings.fixedFeature);
     return settings;
+}
+
+config::KeyList CsvImportKeys() {
+    return config::ListOf<IniSettings>(keys);
 }
 
 void SplitCsvLine(std::string_view line, char delimiter, std::size_t most,

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Run.h"
+#include "config/Keys.h"
 
 #include <cstddef>
 #include <span>
@@ -22,6 +22,7 @@ struct CsvSettings {
 
 /// From section [CSVIN].
 CsvSettings ReadCsvSettings(const config::Run& run);
+config::KeyList CsvImportKeys();
 
 /// Splits a line at every delimiter into its first fields, at most `most`.
 void SplitCsvLine(std::string_view line, char delimiter, std::size_t most,

@@ -106,7 +106,6 @@ void frmFromCSV::AttachCsvAttributes(const CsvRecord& record) {
 }
 
 void frmFromCSV::ShowCsvProgress(std::uint64_t count) {
-    drawing_.zoomExtents();
     view_->Progress(count, 0);
 }
 

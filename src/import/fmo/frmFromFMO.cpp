@@ -166,9 +166,8 @@ bool frmFromFMO::ImportFmoFile(const FmoFile& file) {
                      ? ImportLines(std::move(connection), FmoQuery::Lines(definition), code)
                      : ImportPoints(std::move(connection),
                                     FmoQuery::Points(definition, TemplateSelectList(run_, code),
-                                                     run_.Settings().ImportExtent),
+                                                     run_.Options().extent),
                                     code, symbol);
-    drawing_.zoomExtents();
     return toEnd;
 }
 

@@ -24,13 +24,26 @@ std::string DrawingNameOf(std::string_view path) {
     return isGml ? util::BaseNameOf(name) : name;
 }
 
+struct IniOptions {
+    std::string fullRings;
+    int megabytes = 0;
+};
+
+using Keys = config::Keys<IniOptions>;
+
+constexpr config::KeyOf<IniOptions> keys[] = {
+    Keys::Text("GML", "FullRings", &IniOptions::fullRings,
+               "1: GML imports keep every ring and part of a feature; 0: only the one that is read last",
+               "1, but 0 for files of FME translators with one element a line"),
+    Keys::Number("GML", "MaxMB", &IniOptions::megabytes,
+                 "most megabytes that a compressed GML file may unpack to", "16384", 0, 1 << 30),
+};
+
 GmlOptions OptionsOf(const config::Run& run) {
+    auto ini = config::ReadKeys<IniOptions>(run.Installation(), keys);
     GmlOptions options;
-    std::string fullRings = run.ReadIni("GML", "FullRings");
-    if (!fullRings.empty()) options.fullRings = fullRings == "1";
-    std::int64_t megabytes = util::IntegerOf(run.ReadIni("GML", "MaxMB"));
-    if (megabytes > 0)
-        options.mostUnpacked = std::min<std::uint64_t>(megabytes, std::uint64_t{1} << 30) << 20;
+    if (!ini.fullRings.empty()) options.fullRings = ini.fullRings == "1";
+    if (ini.megabytes > 0) options.mostUnpacked = static_cast<std::uint64_t>(ini.megabytes) << 20;
     return options;
 }
 
@@ -44,7 +57,6 @@ config::Outcome frmFromGML::Start(std::string_view sourcePath, std::string_view 
     output_.emplace(drawing_, outcome.target);
     for (const std::string& path : SourceFiles(sourcePath, fileList))
         if (!ImportGmlFile(path)) outcome.status = config::Outcome::Status::Failed;
-    drawing_.zoomExtents();
     view_->SetLabel("Completed!");
     outcome.features = features_;
     return SaveImport(run_, drawing_, outcome, [&] { output_->Commit(); });
@@ -93,6 +105,10 @@ void frmFromGML::Report(const std::string& file) {
            "features with damaged coordinates (" + entities_.FirstDamage() + "), left out");
     if (entities_.Features() + entities_.FeaturesWithoutPoints() + entities_.DamagedFeatures() == 0)
         run_.Ui().Report(file + ": no features were found");
+}
+
+config::KeyList GmlKeys() {
+    return config::ListOf<IniOptions>(keys);
 }
 
 }  // namespace vexlator::importer

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "config/Keys.h"
 #include "config/Outcome.h"
-#include "config/Run.h"
 #include "drawing/DrawingOutput.h"
 #include "import/gml/GmlEntities.h"
 
@@ -42,5 +42,7 @@ private:
     std::unique_ptr<ui::FormView> view_;
     std::uint64_t features_ = 0;
 };
+
+config::KeyList GmlKeys();
 
 }  // namespace vexlator::importer

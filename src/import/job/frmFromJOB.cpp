@@ -21,12 +21,14 @@ namespace vexlator::importer {
 
 namespace {
 
-JobSettings ReadSettings(const config::Run& run) {
-    JobSettings settings;
-    settings.importQA = run.ReadIniFlag("JOB", "ImportQA");
-    settings.forceClose = run.ReadIni("JOB", "ForceClose") != "0";
-    return settings;
-}
+using Keys = config::Keys<JobSettings>;
+
+constexpr config::KeyOf<JobSettings> keys[] = {
+    Keys::Flag("JOB", "ImportQA", &JobSettings::importQA,
+               "device job imports mark the quality of GPS positions"),
+    Keys::Switch("JOB", "ForceClose", &JobSettings::forceClose,
+                 "areas of device jobs are always closed, not only where their ends meet"),
+};
 
 constexpr std::string_view sourceProperty = "Source";
 
@@ -71,7 +73,7 @@ config::Outcome frmFromJOB::Start(std::string_view sourcePath, std::string_view 
     std::vector<std::string> paths = SourceFiles(sourcePath, fileList);
     bool isOfSameJob =
         std::ranges::any_of(paths, [&](const auto& path) { return ComesFrom(drawing_, path); });
-    JobToDrawing importer(run_, drawing_, ReadSettings(run_));
+    JobToDrawing importer(run_, drawing_, config::ReadKeys<JobSettings>(run_.Installation(), keys));
     bool complete = true;
     for (const std::string& path : paths) complete &= ImportJobFile(path, importer);
     NameSource(drawing_, sourcePath);
@@ -113,12 +115,15 @@ bool frmFromJOB::ImportJobFile(const std::string& path, JobToDrawing& importer) 
     } catch (const platform::ReadError& error) {
         throw error.InFile(file->Name());
     }
-    drawing_.zoomExtents();
     view_->SetLabel(util::GroupedCount(counts.positions) + " positions, " +
                     util::GroupedCount(counts.entities) + " entities");
     run_.Ui().Settle(0.01);
     view_->SetLabel("Completed!");
     return true;
+}
+
+config::KeyList JobKeys() {
+    return config::ListOf<JobSettings>(keys);
 }
 
 }  // namespace vexlator::importer

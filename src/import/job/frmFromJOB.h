@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "config/Keys.h"
 #include "config/Outcome.h"
-#include "config/Run.h"
 #include "drawing/Drawing.h"
 #include "import/job/JobToDrawing.h"
 
@@ -41,5 +41,7 @@ private:
     std::unique_ptr<ui::FormView> view_;
     std::uint64_t imported_ = 0;  ///< entities that the jobs brought
 };
+
+config::KeyList JobKeys();
 
 }  // namespace vexlator::importer

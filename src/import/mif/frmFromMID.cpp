@@ -21,6 +21,20 @@ namespace vexlator::importer {
 
 namespace {
 
+struct MifImportSettings {
+    bool extended = false;
+};
+
+using Keys = config::Keys<MifImportSettings>;
+
+constexpr config::KeyOf<MifImportSettings> keys[] = {
+    Keys::Flag(
+        "MIDIN", "Extended", &MifImportSettings::extended,
+        "MIF imports make polylines and symbols of arcs, rectangles, sets of points and collections too, and "
+        "let the next object end a text; otherwise lines of these are reported, and a text lasts to the next "
+        "empty line"),
+};
+
 void GenerateTemplate(config::Run& run, const std::string& code, const MifHeader& header) {
     std::vector<std::string> names;
     std::vector<int> widths;
@@ -61,7 +75,9 @@ bool frmFromMID::ImportMifFile(const std::string& path) {
     }
     GenerateTemplate(run_, code, header);
     std::string symbol = drawing::EnsureSymbolBlock(run_, util::GetCommaField(1, style), drawing_);
-    MifToDrawing objects({drawing_, run_.Ui(), symbol, run_.ReadIniFlag("MIDIN", "Extended")}, header, lines,
+    MifToDrawing objects({drawing_, run_.Ui(), symbol,
+                          config::ReadKeys<MifImportSettings>(run_.Installation(), keys).extended},
+                         header, lines,
                          mid ? std::optional(WithoutByteOrderMark(mid->Text())) : std::nullopt);
     ReadObjects(objects, *mif, mid ? &*mid : nullptr);
     for (const std::string& remark : objects.Remarks()) run_.Ui().Report(mif->Name() + ": " + remark);
@@ -91,11 +107,14 @@ void frmFromMID::ReadObjects(MifToDrawing& objects, platform::MappedFile& mif, p
 }
 
 void frmFromMID::ShowProgress(const MifToDrawing& objects) {
-    drawing_.zoomExtents();
     view_->Progress(objects.ObjectCount(), 0);
     if (objects.MultiSectionCount() > 0 || objects.NoneCount() > 0)
         view_->SetLabel("M:" + std::to_string(objects.MultiSectionCount()) +
                         "  N:" + std::to_string(objects.NoneCount()));
+}
+
+config::KeyList MifImportKeys() {
+    return config::ListOf<MifImportSettings>(keys);
 }
 
 }  // namespace vexlator::importer

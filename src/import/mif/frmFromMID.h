@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "config/Keys.h"
 #include "config/Outcome.h"
-#include "config/Run.h"
 #include "drawing/DrawingOutput.h"
 #include "platform/Files.h"
 
@@ -43,5 +43,7 @@ private:
     std::unique_ptr<ui::FormView> view_;
     std::uint64_t features_ = 0;
 };
+
+config::KeyList MifImportKeys();
 
 }  // namespace vexlator::importer

@@ -16,13 +16,30 @@ namespace {
 
 constexpr double metresPerFoot = 0.3048;
 
+using Keys = config::Keys<ShapeImportSettings>;
+
+constexpr config::KeyOf<ShapeImportSettings> keys[] = {
+    Keys::Flag("SHPin", "LL", &ShapeImportSettings::degrees, "shapefile imports are in latitude/longitude"),
+    Keys::Flag("SHPin", "USFT", &ShapeImportSettings::feet, "shapefile imports are in feet"),
+    Keys::Flag(
+        "SHPin", "FOLLOWPRJ", &ShapeImportSettings::followPrj,
+        "where the .PRJ of a shapefile names another coordinate system than these settings, its coordinates "
+        "are converted from that system to the drawings'; else the difference is only told",
+        true),
+};
+
 }  // namespace
+
+ShapeCoordinates::ShapeCoordinates(config::Run& run)
+    : run_(run), settings_(config::ReadKeys<ShapeImportSettings>(run.Installation(), keys)) {}
+
+config::KeyList ShapeImportKeys() {
+    return config::ListOf<ShapeImportSettings>(keys);
+}
 
 void ShapeCoordinates::BeginFile(std::string_view shpPath) {
     kept_ = 0;
-    rule_ = run_.ReadIniFlag("SHPin", "LL")     ? Rule::Degrees
-            : run_.ReadIniFlag("SHPin", "USFT") ? Rule::Feet
-                                                : Rule::AsTheyStand;
+    rule_ = settings_.degrees ? Rule::Degrees : settings_.feet ? Rule::Feet : Rule::AsTheyStand;
     std::string prj = util::ChangeExtension(shpPath, "PRJ");
     if (util::FileSize(prj) > 0) ComparePrj(prj);
     if (rule_ == Rule::Degrees && !converter_) converter_ = std::make_unique<coords::frmLatLng>(run_);
@@ -52,8 +69,7 @@ void ShapeCoordinates::LoadSystem(const std::string& prjPath) {
 
 std::string ShapeCoordinates::FollowPrj(const std::string& prjName) {
     if (!system_->IsKnown()) return "the settings hold";
-    if (!run_.ReadIniFlag("SHPin", "FOLLOWPRJ"))
-        return "the settings hold ([SHPin] FOLLOWPRJ=1 would follow the .PRJ)";
+    if (!settings_.followPrj) return "the settings hold ([SHPin] FOLLOWPRJ=1 would follow the .PRJ)";
     std::string reason = system_->PrepareConversion(prjName);
     if (!reason.empty()) return "the settings hold, because " + reason;
     rule_ = Rule::Prj;

@@ -93,7 +93,6 @@ bool frmFromSHP::ImportShapefile(const std::string& path) {
                          util::FileNameOf(source.shp.Name()) + " have no attributes");
     }
     ReadRecords(source);
-    drawing_.zoomExtents();
     Report(source);
     return true;
 }
@@ -194,6 +193,13 @@ void frmFromSHP::Report(const Source& source) {
     if (source.table)
         for (const std::string& remark : source.table->Remarks()) run_.Ui().Report(remark);
     run_.Log("        " + std::to_string(source.count) + " entites read OK");
+}
+
+config::KeyList ShapefileRuleKeys() {
+    return {
+        {"GENERAL", "CUSTOMERMODE",
+         "import rules of one customer: CORVANTEX gives every shapefile the feature code PIPES", "none"},
+    };
 }
 
 }  // namespace vexlator::importer

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "config/Keys.h"
 #include "config/Outcome.h"
-#include "config/Run.h"
 #include "drawing/DrawingOutput.h"
 #include "import/shapefile/ShapeCoordinates.h"
 
@@ -61,5 +61,7 @@ private:
     ShapeCoordinates coordinates_;
     std::uint64_t features_ = 0;
 };
+
+config::KeyList ShapefileRuleKeys();
 
 }  // namespace vexlator::importer

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "startup/Installation.h"
+#include "startup/MakeInstallation.h"
 
 #include "drawing/Drawing.h"
 #include "platform/CodePages.h"

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "config/Installation.h"
+
+#include "config/Ini.h"
+#include "util/Log.h"
+
+namespace vexlator::config {
+
+std::string Installation::IniFile(std::string_view file) const {
+    return file.empty() ? settings_.IniFilePath : std::string(file);
+}
+
+std::string Installation::ReadIni(std::string_view section, std::string_view key,
+                                  std::string_view file) const {
+    return ReadIniFile(IniFile(file), section, key);
+}
+
+bool Installation::ReadIniFlag(std::string_view section, std::string_view key, std::string_view file) const {
+    return ReadIni(section, key, file) == "1";
+}
+
+void Installation::WriteIni(std::string_view section, std::string_view key, std::string_view value,
+                            std::string_view file) {
+    WriteIniFile(IniFile(file), section, key, value);
+}
+
+void Installation::Log(std::string_view text) { util::WriteRunLog(settings_.InOutLog, text, Now()); }
+
+}  // namespace vexlator::config

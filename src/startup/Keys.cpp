@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "startup/Keys.h"
+
+#include "background/build/BuildSettings.h"
+#include "coords/TransformationSetting.h"
+#include "drawing/FieldMapping.h"
+#include "export/ProjectPrefix.h"
+#include "export/csv/CsvSettings.h"
+#include "export/fmo/frmFMO.h"
+#include "export/kml/frmKML.h"
+#include "export/mif/frmMID.h"
+#include "export/photos/Photos.h"
+#include "export/shapefile/frmSHP.h"
+#include "gpx/frmGPX.h"
+#include "import/csv/CsvColumns.h"
+#include "import/gml/frmFromGML.h"
+#include "import/job/frmFromJOB.h"
+#include "import/mif/frmFromMID.h"
+#include "import/shapefile/ShapeCoordinates.h"
+#include "import/shapefile/frmFromSHP.h"
+#include "startup/Settings.h"
+#include "workflow/JobPackage.h"
+#include "workflow/WorkflowDatabase.h"
+
+#include <algorithm>
+
+namespace vexlator::startup {
+
+namespace {
+
+/// What the selection window and a GO command leave in gv.ini.
+config::KeyList WindowKeys() {
+    return {
+        {"OPTION", "",
+         "what the selection window's controls were left at, one key per control; written by the program"},
+        {"ESRI", "ARC10", "ESRI version: 0 none, 1 version 10, 2 version 10.2, 5 version 10.5", "none"},
+    };
+}
+
+}  // namespace
+
+config::KeyList AllKeys() {
+    config::KeyList keys;
+    for (const config::KeyList& list : {SharedKeys(),
+                                        exporter::PrefixKeys(),
+                                        exporter::DatabaseKeys(),
+                                        exporter::KmlKeys(),
+                                        importer::ShapefileRuleKeys(),
+                                        coords::CoordinateKeys(),
+                                        exporter::PhotoKeys(),
+                                        exporter::CsvKeys(),
+                                        importer::CsvImportKeys(),
+                                        exporter::ShapefileKeys(),
+                                        importer::ShapeImportKeys(),
+                                        exporter::MifKeys(),
+                                        importer::MifImportKeys(),
+                                        importer::GmlKeys(),
+                                        importer::JobKeys(),
+                                        gpx::GpxKeys(),
+                                        background::PackageBuildKeys(),
+                                        drawing::DrawingKeys(),
+                                        workflow::PackageKeys(),
+                                        workflow::WorkflowKeys(),
+                                        WindowKeys()})
+        keys.insert(keys.end(), list.begin(), list.end());
+    std::vector<std::string_view> sections;
+    for (const config::Key& key : keys)
+        if (std::ranges::find(sections, key.section) == sections.end()) sections.push_back(key.section);
+    std::ranges::stable_sort(keys, {}, [&](const config::Key& key) {
+        return std::ranges::find(sections, key.section) - sections.begin();
+    });
+    return keys;
+}
+
+std::string SettingsPage() {
+    std::string page =
+        "# Settings\n\nEvery key of `gv.ini`, as `vexlator --settings` prints it. A flag is on when its "
+        "value is "
+        "exactly 1. A key that is\nempty or missing has its default.\n";
+    std::string_view section;
+    for (const config::Key& key : AllKeys()) {
+        if (key.section != section)
+            page.append("\n## [").append(section = key.section).append("]\n\n| key | meaning |\n|---|---|\n");
+        std::string name = key.name.empty() ? "any name" : "`" + std::string(key.name) + "`";
+        page.append("| ").append(name).append(" | ").append(key.Explanation()).append(" |\n");
+    }
+    return page;
+}
+
+}  // namespace vexlator::startup

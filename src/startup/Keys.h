@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Keys.h"
+
+namespace vexlator::startup {
+
+/// Every key of gv.ini that something reads, those of one section together.
+config::KeyList AllKeys();
+
+/// The same for people: a page of Markdown, a table for each section.
+std::string SettingsPage();
+
+}  // namespace vexlator::startup
