@@ -89,6 +89,8 @@ public:
     /// first is committed, so that the set changes within moments.
     void Finish();
     void Commit();
+    /// Puts the file into place only where none has its name. @throws WriteError also when one has
+    void CommitNew();
     /// Native path of the target, for messages.
     const std::string& Name() const { return target_; }
     /// Native path of the temporary file, for libraries that write by path.
@@ -108,6 +110,8 @@ private:
     void StartWriteBack();
     /// Where the file replaces another one of the same name in another letter case only.
     void TakeRightsOfTwin(const std::multimap<std::string, std::string>& twins);
+    /// What is left to do once the file is in place.
+    void Settle();
     void Put(const char* data, std::size_t size);
     [[noreturn]] void Fail(int error) const;
 
@@ -126,7 +130,8 @@ private:
 
 /// Deletes temporary files and folders that killed runs left in a folder, and ends what they were putting
 /// into place. What belongs to running programs stays.
-void RemoveLeftovers(std::string_view folder);
+/// @returns a line for the user when that could not be ended as it began; mostly ""
+std::string RemoveLeftovers(std::string_view folder);
 
 /// The content of a small file that other programs may write meanwhile. @throws ReadError
 std::string ReadWholeFile(std::string_view path);

@@ -9,6 +9,7 @@
 #include <atomic>
 #include <cerrno>
 #include <chrono>
+#include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/file.h>
@@ -22,7 +23,8 @@ namespace vexlator::platform {
 namespace fs = std::filesystem;
 
 std::string Reason(int error) {
-    if (error == EWOULDBLOCK) return "another program holds the lock";
+    if (error == heldLock)
+        return "another program has been using it for 20 seconds; try again when that has ended";
     return std::generic_category().message(error);
 }
 
@@ -120,9 +122,18 @@ int OpenLocked(const std::string& native, int flags, unsigned mode) {
         // The holder before us may have deleted the file while we waited; then our lock guards nothing.
         if (isLocked && HasName(descriptor, native)) return descriptor;
         ::close(descriptor);
-        errno = EWOULDBLOCK;
+        errno = heldLock;
         if (!isLocked) return -1;
     }
+}
+
+int RenameToFreeName(const std::string& native, const std::string& newName) {
+    if (::renameat2(AT_FDCWD, native.c_str(), AT_FDCWD, newName.c_str(), RENAME_NOREPLACE) == 0) return 0;
+    if (errno != EINVAL && errno != ENOSYS) return errno;
+    // Network file systems know no such renaming, but links, which replace nothing either.
+    if (::link(native.c_str(), newName.c_str()) != 0) return errno;
+    ::unlink(native.c_str());
+    return 0;
 }
 
 void SyncFolder(const std::string& folder) {

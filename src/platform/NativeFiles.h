@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cerrno>
 #include <map>
 #include <string>
 #include <string_view>
@@ -10,7 +11,9 @@
 /// What the files of this folder share about native paths; for no others.
 namespace vexlator::platform {
 
-/// The system's text for an error number.
+/// Of a lock that somebody else has held for too long.
+constexpr int heldLock = ETIME;
+/// The system's text for an error number, or ours for `heldLock`.
 std::string Reason(int error);
 
 /// Folder and name of a native path; "." and "/" as they need be.
@@ -39,6 +42,9 @@ void RemoveTwins(const Twins& twins);
 /// Opens a file and waits for the lock on it, at most for 20 seconds; the file still has that name then. The
 /// descriptor, or -1 with the reason in errno. A link is not followed. @throws Stopped
 int OpenLocked(const std::string& native, int flags, unsigned mode);
+
+/// Renames a file unless there is one of the new name. An error number, or 0.
+int RenameToFreeName(const std::string& native, const std::string& newName);
 
 /// What has been renamed in a folder is on disk.
 void SyncFolder(const std::string& folder);

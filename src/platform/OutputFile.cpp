@@ -61,11 +61,6 @@ int CreateTemporary(const std::string& native, mode_t mode) {
     return -1;
 }
 
-ino_t NumberOf(const std::string& native) {
-    struct stat info {};
-    return ::lstat(native.c_str(), &info) == 0 ? info.st_ino : 0;
-}
-
 }  // namespace
 
 OutputFile::OutputFile(std::string_view path, OtherCases otherCases)
@@ -208,9 +203,19 @@ void OutputFile::Commit() {
     if (otherCases_ == OtherCases::Replace) twins = FindTwins({target_});
     TakeRightsOfTwin(twins);
     if (::rename(temporary_.c_str(), target_.c_str()) != 0) Fail(errno);
+    RemoveTwins(twins);
+    Settle();
+}
+
+void OutputFile::CommitNew() {
+    Finish();
+    if (int error = RenameToFreeName(temporary_, target_); error != 0) Fail(error);
+    Settle();
+}
+
+void OutputFile::Settle() {
     temporary_.clear();
     ::close(std::exchange(descriptor_, -1));
-    RemoveTwins(twins);
     SyncFolder(FolderPart(target_));
 }
 
@@ -259,14 +264,15 @@ void OutputSet::Commit() {
     for (const OutputFile& file : files_) targets.push_back(file.target_);
     Twins twins = FindTwins(targets);
     std::vector<SetMember> members;
-    std::set<std::string> folders;
-    for (OutputFile& file : files_) {
-        file.TakeRightsOfTwin(twins);
-        members.push_back({file.temporary_, file.target_, NumberOf(file.temporary_)});
-        folders.insert(FolderPart(file.target_));
+    std::set<std::string> folders, seen;
+    for (auto file = files_.rbegin(); file != files_.rend(); ++file) {
+        if (!seen.insert(file->target_).second) continue;  // of two files of one name the later stays
+        file->TakeRightsOfTwin(twins);
+        members.push_back({file->temporary_, file->target_, MarkOf(file->temporary_)});
+        folders.insert(FolderPart(file->target_));
     }
-    MoveTogether(FolderPart(targets.front()), std::move(members));
-    RemoveTwins(twins);
+    std::ranges::reverse(members);
+    MoveTogether(FolderPart(targets.front()), std::move(members), twins);
     for (const std::string& folder : folders) SyncFolder(folder);
     Forget();
 }
@@ -294,19 +300,20 @@ void ReplaceFile(std::string_view path, std::string_view content) {
     file.Commit();
 }
 
-void RemoveLeftovers(std::string_view folder) {
+std::string RemoveLeftovers(std::string_view folder) {
     std::string native = FindExisting(folder);
-    if (native.empty()) return;
-    if (!EndAbandonedMove(native)) return;
-    std::vector<std::string> names;
+    if (native.empty()) return "";
+    // First, so that no file is among them that a move which begins later needs.
+    std::vector<std::string> names = EntriesOf(native);
+    std::string told = EndAbandonedMove(native);
+    if (HasMove(native)) return told;
+    std::erase_if(names, [](const std::string& name) { return !IsTemporaryName(name) || IsMoveList(name); });
     std::set<std::string> atWork;
-    for (const std::string& name : EntriesOf(native)) {
-        if (!IsTemporaryName(name) || BelongsToMove(name)) continue;
-        names.push_back(name);
+    for (const std::string& name : names)
         if (IsLocked(native + "/" + name)) atWork.insert(WriterOf(name));
-    }
     for (const std::string& name : names)
         if (!atWork.contains(WriterOf(name))) RemoveIfAbandoned(native + "/" + name);
+    return told;
 }
 
 // --- FileLock

@@ -123,6 +123,10 @@ private:
     bool made_;
 };
 
+void RemoveLeftovers(config::Run& run, const std::string& folder) {
+    if (std::string told = platform::RemoveLeftovers(folder); !told.empty()) run.Ui().Report(told);
+}
+
 ExitStatus RefuseExport(config::Run& run, const Conversions& conversions, const std::string& reason) {
     return Refuse(run, reason + "; formats are " + conversions.ExportCodes(), ExitStatus::NothingToDo);
 }
@@ -135,7 +139,7 @@ ExitStatus Export(config::Run& run, const ExportRow& row, ExportCommand command,
     if (platform::FileExists(command.drawingPath)) folder.Require();
     std::string target = platform::NativePath(command.targetPath);
     ExitStatus status = Stoppable(run, target + " is as it was", [&] {
-        platform::RemoveLeftovers(command.targetPath);
+        RemoveLeftovers(run, command.targetPath);
         run.Outcome() = row.call(run, command);
         return StatusOf(run.Outcome());
     });
@@ -170,7 +174,7 @@ ExitStatus RunImport(config::Run& run, const Conversions& conversions, std::stri
         run.Ui().Report("?BOX limits imports of databases only; " + platform::NativePath(command.sourcePath) +
                         " is read whole");
     return Stoppable(run, platform::NativePath(DrawingOf(command)) + " is as it was", [&] {
-        platform::RemoveLeftovers(command.sourceFolder);
+        RemoveLeftovers(run, command.sourceFolder);
         run.Outcome() = row->call(run, command);
         // A drawing is saved even when one of several files could not be read.
         if (!run.Outcome().target.empty()) Summarise(run, "imported " + command.code);

@@ -54,7 +54,7 @@ constexpr config::KeyOf<UnpackSettings> keys[] = {
 void frmZip2::ZipJobFolder(std::string_view pattern) {
     std::string folder = util::FolderOf(pattern), names = util::FileNameOf(pattern);
     std::string archiveName = util::FileNameOf(folder) + ".ZIP";
-    platform::RemoveLeftovers(folder);
+    RemoveLeftovers(run_.Ui(), folder);
     std::vector<std::string> files;
     CollectFiles(folder, "", names, names == "*.*" || names == "*", files);
     std::erase_if(files, [&](const std::string& file) { return platform::SameNoCase(file, archiveName); });
@@ -66,7 +66,7 @@ void frmZip2::ZipJobFolder(std::string_view pattern) {
     run_.Ui().Settle(settleTime);
 }
 
-std::vector<std::string> frmZip2::UnZipJobFolder(std::string_view archive) {
+platform::MadeFiles frmZip2::UnZipJobFolder(std::string_view archive) {
     auto settings = config::ReadKeys<UnpackSettings>(run_.Installation(), keys);
     if (settings.megabytes == 0) settings = {};
     ZipInput input(archive);

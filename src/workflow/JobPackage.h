@@ -3,10 +3,10 @@
 #pragma once
 
 #include "config/Keys.h"
+#include "platform/MadeFiles.h"
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace vexlator::workflow {
 
@@ -27,9 +27,10 @@ public:
     /// from anywhere: one that would write outside that folder, holds links or names that differ only by
     /// letter case, unpacks to more than [ZIP] MaxMB megabytes (2,048 when not set) or an entry to more than
     /// 1,000 times its size, is refused before anything is written.
-    /// @returns what RemoveUnpacked() takes: the paths of the files and folders that were not there before
+    /// Files that are there already stay: see ZipInput::UnpackTo().
+    /// @returns the files and folders that were not there before
     /// @throws platform::ReadError the archive, the entry and the reason; platform::WriteError
-    std::vector<std::string> UnZipJobFolder(std::string_view archive);
+    platform::MadeFiles UnZipJobFolder(std::string_view archive);
 
 private:
     config::Run& run_;

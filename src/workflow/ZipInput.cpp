@@ -61,32 +61,6 @@ bool IsLinkEntry(zip_t* archive, std::uint64_t index) {
     return system == ZIP_OPSYS_UNIX && ((attributes >> 16) & typeMask) == link;
 }
 
-/// Files and folders that were not there before. They go again unless all is well.
-class NewPaths {
-public:
-    ~NewPaths() { RemoveUnpacked(paths_); }
-    void Add(const std::string& path) { paths_.push_back(path); }
-    /// Makes a folder, and those above it, that are missing.
-    void Folder(const std::string& path) {
-        if (platform::FolderExists(path)) return;
-        if (std::string above = util::FolderOf(path); !above.empty()) Folder(above);
-        platform::RequireFolder(path);
-        Add(path);
-    }
-    std::vector<std::string> Keep() { return std::exchange(paths_, {}); }
-
-private:
-    std::vector<std::string> paths_;
-};
-
-/// What a killed run left of the files that it was unpacking.
-void RemoveLeftoversBelow(const std::string& folder) {
-    platform::RemoveLeftovers(folder);
-    for (const std::string& name : platform::ListFolders(folder))
-        if (std::string below = util::JoinPath(folder, name); !platform::IsLink(below))
-            RemoveLeftoversBelow(below);
-}
-
 }  // namespace
 
 ZipInput::ZipInput(std::string_view path) : name_(platform::MappedFile(path).Name()) {
@@ -186,32 +160,45 @@ void ZipInput::RefuseLinks(const std::string& folder, const Entry& entry) const 
     }
 }
 
-std::vector<std::string> ZipInput::UnpackTo(std::string_view folderPath) const {
+bool ZipInput::IsThere(const Entry& entry, const std::string& path) const {
+    if (!platform::FileExists(path)) return false;
+    platform::MappedFile file(path);
+    std::string_view left = file.Text();
+    bool isSame = true;
+    ReadContent(entry, [&](std::string_view piece) {
+        isSame = isSame && left.starts_with(piece);
+        left.remove_prefix(std::min(piece.size(), left.size()));
+    });
+    if (isSame && left.empty()) return true;
+    throw platform::WriteError(
+        file.Name(), "is there already and would be replaced by that of " + name_ + "; rename or move it");
+}
+
+platform::MadeFiles ZipInput::UnpackTo(std::string_view folderPath) const {
     std::string folder(folderPath);
     // In a new folder nothing can stand in the way, and to look for it would cost a walk through the folder
     // for each file.
     bool fresh = platform::FindExisting(folder).empty();
-    if (!fresh) RemoveLeftoversBelow(folder);
-    NewPaths made;
-    made.Folder(folder);
-    for (const Entry& entry : entries_) {
-        if (!fresh) RefuseLinks(folder, entry);
-        std::string path = util::JoinPath(folder, entry.path);
-        made.Folder(entry.isFolder ? path : util::FolderOf(path));
-        if (entry.isFolder) continue;
-        bool isNew = fresh || !platform::FileExists(path);
-        platform::OutputFile file(
-            path, fresh ? platform::OutputFile::OtherCases::Keep : platform::OutputFile::OtherCases::Replace);
-        ReadContent(entry, [&](std::string_view piece) { file.Write(piece); });
-        file.Commit();
-        if (isNew) made.Add(path);
+    platform::MadeFiles made;
+    try {
+        made.Folder(folder);
+        for (const Entry& entry : entries_) {
+            if (!fresh) RefuseLinks(folder, entry);
+            std::string path = util::JoinPath(folder, entry.path);
+            made.Folder(entry.isFolder ? path : util::FolderOf(path));
+            if (!entry.isFolder && (fresh || !IsThere(entry, path))) Unpack(entry, path, made);
+        }
+    } catch (...) {
+        made.Remove();
+        throw;
     }
-    return made.Keep();
+    return made;
 }
 
-void RemoveUnpacked(const std::vector<std::string>& paths) {
-    for (auto path = paths.rbegin(); path != paths.rend(); ++path)
-        if (!platform::RemoveFile(*path)) platform::RemoveEmptyFolder(*path);
+void ZipInput::Unpack(const Entry& entry, const std::string& path, platform::MadeFiles& made) const {
+    platform::OutputFile file(path);
+    ReadContent(entry, [&](std::string_view piece) { file.Write(piece); });
+    made.Commit(file);
 }
 
 }  // namespace vexlator::workflow

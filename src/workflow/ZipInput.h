@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/MadeFiles.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -26,11 +28,12 @@ public:
     /// @param mostBytes of all entries together
     void Check(std::uint64_t mostBytes) const;
 
-    /// Writes all entries below `folder`, which is made when it is missing. Files of the same names are
-    /// replaced. On an error the files and folders that were not there before are removed again.
-    /// @returns the paths of those that were not there before, folders before what they hold
-    /// @throws platform::WriteError; ReadError when a link in the folder stands in the way
-    std::vector<std::string> UnpackTo(std::string_view folder) const;
+    /// Writes all entries below `folder`, which is made when it is missing. A file that is there already,
+    /// with the same bytes, serves as it is; no other is ever replaced. On an error what was made is removed
+    /// again.
+    /// @throws platform::WriteError, also when a file of a name is there with other bytes; ReadError when a
+    /// link in the folder stands in the way
+    platform::MadeFiles UnpackTo(std::string_view folder) const;
 
 private:
     struct Entry {
@@ -42,6 +45,9 @@ private:
     void ReadEntry(std::uint64_t index);
     void RefuseTwins() const;
     void RefuseLinks(const std::string& folder, const Entry& entry) const;
+    /// Whether a file with the content of the entry is there. @throws platform::WriteError one with another
+    bool IsThere(const Entry& entry, const std::string& path) const;
+    void Unpack(const Entry& entry, const std::string& path, platform::MadeFiles& made) const;
     /// Gives the content piece by piece.
     template <typename Take>
     void ReadContent(const Entry& entry, Take take) const;
@@ -51,8 +57,5 @@ private:
     zip* archive_ = nullptr;
     std::vector<Entry> entries_;
 };
-
-/// Removes what UnpackTo() made: the files, and the folders that are empty then.
-void RemoveUnpacked(const std::vector<std::string>& paths);
 
 }  // namespace vexlator::workflow

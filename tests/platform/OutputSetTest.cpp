@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
+#include "platform/FileMark.h"
 #include "platform/OutputSet.h"
 #include "support/Errors.h"
 #include "support/TempFolder.h"
@@ -115,49 +116,51 @@ TEST(OutputSet, AFailureBringsTheOldFilesBack) {
 
 /// What a run that was killed leaves of the set a, b (which had no old file), c, after the first had moved.
 struct KilledRun {
-    std::string what, lastTexts;
-    bool isInTheWay;
-    std::string a, b, c;
-    bool isTaken = false;  ///< somebody removed a temporary file
+    std::string what, a, b, c;           ///< afterwards
+    std::string lastTexts = "whole 0|";  ///< of the list; | stands for NUL
+    std::function<void(const TempFolder&)> meanwhile = [](const TempFolder&) {};
+    std::string told = {};
 };
 
 TEST(OutputSet, TheNextRunEndsTheMoveOfAKilledOne) {
-    const std::string whole("whole\0", 6), undone("whole\0undone\0", 13);
-    const KilledRun cases[] = {{"finished", whole, false, "new", "new", "new"},
-                               {"cannot be finished", whole, true, "old", "", ""},
-                               {"has lost a file", whole, false, "old", "", "old", true},
-                               {"was being undone", undone, false, "old", "", "old"},
-                               {"the list never became whole", "", false, "new", "", "old"}};
+    auto overwrite = [](const std::string& name) {
+        return [name](const TempFolder& folder) { folder.Write(name, "theirs"); };
+    };
+    const std::string came =
+        ": came after a run was killed while it replaced files here; it stays, and no file "
+        "of that run does";
+    const KilledRun cases[] = {
+        {"finished", "new", "new", "new"},
+        {"the list never became whole", "new", "", "old", ""},
+        {"was being undone", "old", "", "old", "whole 0|undone|"},
+        {"has lost a file", "old", "", "old", "whole 0|",
+         [](const TempFolder& folder) { fs::remove(folder / ".c.1-2.vxtmp"); }},
+        {"somebody wrote over the new file", "theirs", "", "old", "whole 0|", overwrite("a"), "/a" + came},
+        {"somebody put a file where none was", "old", "theirs", "old", "whole 0|", overwrite("b"),
+         "/b" + came},
+        {"somebody wrote over an old file", "old", "", "theirs", "whole 0|", overwrite("c"), "/c" + came}};
     for (const KilledRun& run : cases) {
         SCOPED_TRACE(run.what);
         TempFolder folder;
-        folder.Write("a", "new");
-        folder.Write(".a.1-0.old.vxtmp", "old");
-        folder.Write(".b.1-1.vxtmp", "new");
-        folder.Write(".c.1-2.vxtmp", "new");
-        if (run.isInTheWay)
-            fs::create_directory(folder / "c");
-        else
-            folder.Write("c", "old");
-        auto numberOf = [&](const std::string& name) {
-            struct stat info {};
-            ::stat((folder / name).c_str(), &info);
-            return std::to_string(info.st_ino);
+        auto mark = [&](const std::string& name) {
+            FileMark of = MarkOf(folder / name);
+            return std::to_string(of.number) + " " + std::to_string(of.size) + " " +
+                   std::to_string(of.seconds) + " " + std::to_string(of.nanoseconds) + "|";
         };
-        std::string list = ".a.1-0.vxtmp|a|.a.1-0.old.vxtmp|" + numberOf("a") + "|.b.1-1.vxtmp|b||" +
-                           numberOf(".b.1-1.vxtmp") + "|.c.1-2.vxtmp|c|.c.1-2.old.vxtmp|" +
-                           numberOf(".c.1-2.vxtmp") + "|";
-        if (run.isTaken) fs::remove(std::string(folder / ".c.1-2.vxtmp"));
+        for (const char* name : {"a", ".b.1-1.vxtmp", ".c.1-2.vxtmp"}) folder.Write(name, "new");
+        for (const char* name : {".a.old.1-3.vxtmp", "c"}) folder.Write(name, "old");
+        std::string list = ".a.1-0.vxtmp|a|.a.old.1-3.vxtmp|" + mark("a") + mark(".a.old.1-3.vxtmp") +
+                           ".b.1-1.vxtmp|b||" + mark(".b.1-1.vxtmp") + mark("b") +
+                           ".c.1-2.vxtmp|c|.c.old.1-4.vxtmp|" + mark(".c.1-2.vxtmp") + mark("c") +
+                           run.lastTexts;
         std::replace(list.begin(), list.end(), '|', '\0');
-        folder.Write(".set.vxtmp", list + run.lastTexts);
-        RemoveLeftovers(folder.Path());
+        folder.Write(".set.vxtmp", list);
+        run.meanwhile(folder);
+        EXPECT_EQ(RemoveLeftovers(folder.Path()), run.told.empty() ? "" : folder.Path() + run.told);
         EXPECT_EQ(TempFolder::Read(folder / "a"), run.a);
         EXPECT_EQ(TempFolder::Read(folder / "b"), run.b);
-        if (!run.isInTheWay) {
-            EXPECT_EQ(TempFolder::Read(folder / "c"), run.c);
-        }
-        EXPECT_FALSE(fs::exists(folder / ".set.vxtmp"));
-        EXPECT_FALSE(fs::exists(folder / ".c.1-2.vxtmp"));
+        EXPECT_EQ(TempFolder::Read(folder / "c"), run.c);
+        EXPECT_EQ(Names(folder.Path()).size(), run.b.empty() ? 2U : 3U) << "nothing temporary is left";
     }
 }
 

@@ -7,7 +7,6 @@
 #include "util/Files.h"
 #include "util/Paths.h"
 #include "workflow/JobPackage.h"
-#include "workflow/ZipInput.h"
 
 #include <utility>
 
@@ -18,12 +17,9 @@ TabletPackage::TabletPackage(config::Run& run, std::string_view packagePath)
       unpacked_(workflow::frmZip2(run).UnZipJobFolder(packagePath)) {}
 
 TabletPackage::~TabletPackage() {
-    workflow::RemoveUnpacked(unpacked_);
-    if (!unpacked_.empty()) util::RemoveFolder(folder_);
-}
-
-void TabletPackage::Keep() {
-    unpacked_.clear();
+    if (isKept_) return;
+    unpacked_.Remove();
+    util::RemoveFolder(folder_);
 }
 
 std::string TabletPackage::DatabaseName() const {
