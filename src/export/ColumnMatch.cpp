@@ -19,14 +19,18 @@ std::string KeyOf(std::string_view name) {
     return platform::LowerAscii(util::Trim(drawing::AtpNameOf(std::string(name))));
 }
 
-std::string Shown(std::string_view name) {
-    return name.empty() ? "(no name)" : util::ShortList::Shortened(name);
-}
-
 }  // namespace
 
 std::string ColumnName(std::string_view name, std::size_t position) {
-    return util::Trim(name).empty() ? "FIELD" + std::to_string(position + 1) : std::string(name);
+    if (util::Trim(name).empty()) return "FIELD" + std::to_string(position + 1);
+    std::string plain(name);
+    std::ranges::replace_if(
+        plain, [](unsigned char c) { return c < ' ' || c == '\x7F'; }, '_');
+    return plain;
+}
+
+std::string ShownName(std::string_view name) {
+    return name.empty() ? "(no name)" : util::ShortList::Shortened(name);
 }
 
 util::ShortList OtherNames() {
@@ -114,9 +118,9 @@ std::size_t ColumnMatch::FreeColumn(std::string_view name, std::vector<bool>& ta
 
 void ColumnMatch::NoteOther(std::string_view name, std::size_t column) {
     if (column >= columns_.size())
-        others_.Add(Shown(name) + (byName_ ? " left out" : " in no column"));
+        others_.Add(ShownName(name) + (byName_ ? " left out" : " in no column"));
     else if (!byName_ && std::ranges::find(Named(name), column) == Named(name).end())
-        others_.Add(Shown(name) + " in " + Shown(columns_[column].front()));
+        others_.Add(ShownName(name) + " in " + ShownName(columns_[column].front()));
 }
 
 void ColumnMatch::Report() {

@@ -21,7 +21,24 @@ namespace vexlator::exporter {
 using ColumnNames = std::vector<std::string>;
 
 /// The name of column number `position`, which gets one of its own where the template leaves it empty.
+/// Control characters, at which readers and databases stop, become "_".
 std::string ColumnName(std::string_view name, std::size_t position);
+
+/// Attributes may have the template's names, or those of an exported table that was imported again.
+/// @param columns one for each field, or for the first ones, with a member `name`
+template <typename Column>
+std::vector<ColumnNames> NamesForAttributes(const std::vector<drawing::AtpField>& fields,
+                                            const std::vector<Column>& columns) {
+    std::vector<ColumnNames> names;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        names.push_back({fields[i].name, columns[i].name});
+        if (!fields[i].shortName.empty()) names.back().push_back(fields[i].shortName);
+    }
+    return names;
+}
+
+/// A name as messages have it.
+std::string ShownName(std::string_view name);
 
 /// How attributes that are not named like their columns are listed in one line.
 util::ShortList OtherNames();

@@ -6,16 +6,23 @@
 
 #include <charconv>
 #include <cmath>
+#include <optional>
 #include <string_view>
 
 namespace vexlator::util {
 
-/// Whether the whole text is a finite number, not only its beginning; blanks around it do not count.
-inline bool IsWhollyNumber(std::string_view text) {
+/// The number that the whole text is, not only its beginning; blanks around it do not count. Finite.
+inline std::optional<double> WholeNumberOf(std::string_view text) {
     text = Trim(text);
     double value = 0;
     auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    return error == std::errc() && end == text.data() + text.size() && std::isfinite(value);
+    if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(value))
+        return std::nullopt;
+    return value;
+}
+
+inline bool IsWhollyNumber(std::string_view text) {
+    return WholeNumberOf(text).has_value();
 }
 
 }  // namespace vexlator::util

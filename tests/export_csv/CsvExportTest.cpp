@@ -77,14 +77,6 @@ TEST_F(CsvExport, EverySettingOfTheLayout) {
     for (const Case& c : cases) EXPECT_EQ(Csv(c.settings), c.written) << c.settings;
 }
 
-TEST_F(CsvExport, PolylinesSpreadTheirCoordinatesToo) {
-    std::vector<drawing::Point> line{{0, 0, 0}, {1, 2, 3}};
-    Give(On("LINE").addPolyline(line), {{"A", "1"}});
-    drawing.addPolyline();
-    EXPECT_EQ(Csv("header=0\r\nCoords=0\r\nMultiXYZ=1"),
-              "Polyline,LINE,1,0.000,0.000,0.000:1.000,2.000,3.000:,\r\nPolyline,LINE,,,\r\n");
-}
-
 TEST_F(CsvExport, AscIsTabbedWithoutCoordinatesWhateverTheSettings) {
     MakeSurvey();
     Ini("[CSV]\r\nSepFiles=1\r\nheader=0\r\nMultiXYZ=1\r\nSuppressNA=1\r\nQuote=1\r\nBOM=1\r\n");
@@ -109,54 +101,31 @@ TEST_F(CsvExport, FilesPerLayerReplaceTheFileOfTheDrawing) {
     EXPECT_EQ(OutFiles(), (Files{"FENCE.CSV", "TREE.CSV"})) << "nothing to export: the old file goes";
 }
 
-TEST_F(CsvExport, NamesMayBeginWithTheProject) {
-    installation.Settings().WorkFlowDirectory = "C:\\Flow";
-    for (auto [source, name] : {std::pair("C:\\Flow\\eng\\P7\\job\\a.VDF", "P7_Survey.CSV"),
-                                std::pair("C:\\Flow\\eng\\a.VDF", "Survey.CSV"),
-                                std::pair("C:\\Other\\eng\\P7\\a.VDF", "Survey.CSV")}) {
-        std::filesystem::remove_all(folder / "out");
-        std::filesystem::create_directory(folder / "out");
-        run.Job().relative = "";
-        drawing.clear();
-        drawing.properties().emplace_back("Source", source);
-        On("CODE").addPoint({});
-        Csv("", "[GENERAL]\r\nPrefixExport=1\r\n");
-        EXPECT_EQ(OutFiles(), Files{name}) << source;
-    }
-}
-
 TEST_F(CsvExport, HostileValues) {
-    for (std::string value : {"say \"hi\"", "two\r\nlines", "=1+1"}) EXPECT_EQ(Value(value, ""), value);
-    EXPECT_EQ(Value("tab\there", "Quote=1"), "tab\there");
-    EXPECT_EQ(Value("tab\there, x", "Quote=1\r\nSeparator=TAB"), "\"tab\there, x\"");
-    std::string large = std::string(1 << 21, 'x') + ",";
-    EXPECT_EQ(Value(large, "Separator=TAB"), std::string(1 << 21, 'x') + "\t");
-}
-
-TEST_F(CsvExport, SafeFormulasAreShownNotRun) {
-    struct Case {
-        std::string value, settings, written;
-    };
-    const Case cases[] = {{"=1+1", "", "'=1+1"},
-                          {"+44 161", "", "'+44 161"},
-                          {"@SUM(A1)", "", "'@SUM(A1)"},
-                          {"-12.50", "", "-12.50"},
-                          {"-1+cmd|' /C calc'!A0", "", "'-1+cmd|' /C calc'!A0"},
-                          {"a,=b", "", "a,'=b"},
-                          {"a\n=b", "", "a\n'=b"},
-                          {"a\t=b", "Separator=TAB", "a\t'=b"},
-                          {"a,=b", "Quote=1", "\"a,=b\""},
-                          {"=\"a\"", "Quote=1", "\"'=\"\"a\"\"\""}};
-    for (const Case& c : cases) EXPECT_EQ(Value(c.value, "SafeFormulas=1\r\n" + c.settings), c.written);
-}
-
-TEST_F(CsvExport, PhotographsBecomeLinks) {
-    const std::string links = "[PHOTO]\r\nExportAsHyperlinks=x\r\n";
-    EXPECT_EQ(Value("sub\\a.jpg", "", links), "=hyperlink(\"sub\\a.jpg\")");
-    EXPECT_EQ(Value("a.bmp", "", links), "a.bmp");
-    EXPECT_EQ(Value("a.jpg", "SafeFormulas=1", links), "=hyperlink(\"a.jpg\")");
-    EXPECT_EQ(Value("a.jpg\")+cmd(\"", "SafeFormulas=1", links), "=hyperlink(\"a.jpg\"\")+cmd(\"\"\")");
-    EXPECT_EQ(Value("a.JPG", "Quote=1", links), "\"=hyperlink(\"\"a.JPG\"\")\"");
+    const std::string links = "[PHOTO]\r\nExportAsHyperlinks=x\r\n", safe = "SafeFormulas=1\r\n";
+    const std::string large(1 << 21, 'x');
+    const struct {
+        std::string value, settings, others, written;
+    } cases[] = {{"say \"hi\"\r\n", "", "", "say \"hi\"\r\n"},
+                 {"=1+1", "", "", "=1+1"},
+                 {"tab\there", "Quote=1", "", "tab\there"},
+                 {"tab\there, x", "Quote=1\r\nSeparator=TAB", "", "\"tab\there, x\""},
+                 {large + ",", "Separator=TAB", "", large + "\t"},
+                 {"=1+1", safe, "", "'=1+1"},
+                 {"+44 161", safe, "", "'+44 161"},
+                 {"@SUM(A1)", safe, "", "'@SUM(A1)"},
+                 {"-12.50", safe, "", "-12.50"},
+                 {"-1+cmd|' /C calc'!A0", safe, "", "'-1+cmd|' /C calc'!A0"},
+                 {"a,=b", safe, "", "a,'=b"},
+                 {"a\n=b", safe, "", "a\n'=b"},
+                 {"a\t=b", safe + "Separator=TAB", "", "a\t'=b"},
+                 {"a,=b", safe + "Quote=1", "", "\"a,=b\""},
+                 {"=\"a\"", safe + "Quote=1", "", "\"'=\"\"a\"\"\""},
+                 {"sub\\a.jpg", "", links, "=hyperlink(\"sub\\a.jpg\")"},
+                 {"a.bmp", "", links, "a.bmp"},
+                 {"a.jpg\")+cmd(\"", safe, links, "=hyperlink(\"a.jpg\"\")+cmd(\"\"\")"},
+                 {"a.JPG", "Quote=1", links, "\"=hyperlink(\"\"a.JPG\"\")\""}};
+    for (const auto& c : cases) EXPECT_EQ(Value(c.value, c.settings, c.others), c.written);
 }
 
 TEST_F(CsvExport, TextThatWindowsLacksIsCountedOrTheFileIsUtf8) {

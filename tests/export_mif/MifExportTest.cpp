@@ -110,16 +110,10 @@ TEST_F(MifExport, TheCharsetLineTellsTheTruth) {
     EXPECT_NE(Out("CODE.MIF").find("Charset \"UTF-8\""), std::string::npos);
     EXPECT_TRUE(run.Losses().Empty());
     Template("CODE", "[01,01]\xD0\x96,C10.00\r\n");
+    const std::string nonEarth = "CoordSys NonEarth Units \"m\" Bounds (0, 0) (1, 1)\r\n";
+    Ini("[MID]\r\nMIDMIFHEADER=" + nonEarth);
     EXPECT_EQ(Row({{"A", "caf\xC3\xA9"}}), "caf\xC3\xA9\r\n");
-    EXPECT_EQ(Out("CODE.MIF"), Header("Columns 1\r\n  \xD0\x96 Char(10)\r\n", "UTF-8") +
-                                   "Point 0.000 0.000\r\n    Symbol (35,255,12)\r\n");
-}
-
-TEST_F(MifExport, TheCoordinateSystemIsASetting) {
-    Ini("[MID]\r\nMIDMIFHEADER=CoordSys NonEarth Units \"m\" Bounds (0, 0) (1, 1)\r\n");
-    Row({{"A", "1"}});
-    EXPECT_EQ(Out("CODE.MIF"), Header("Columns 1\r\n  A Char(32)\r\n", "WindowsLatin1",
-                                      "CoordSys NonEarth Units \"m\" Bounds (0, 0) (1, 1)\r\n") +
+    EXPECT_EQ(Out("CODE.MIF"), Header("Columns 1\r\n  \xD0\x96 Char(10)\r\n", "UTF-8", nonEarth) +
                                    "Point 0.000 0.000\r\n    Symbol (35,255,12)\r\n");
 }
 

@@ -212,17 +212,6 @@ protected:
     }
 };
 
-TEST_P(DatabaseFileTest, AnMdbExportComesBackThroughItsDefinitions) {
-    AddLayers();
-    EXPECT_EQ(exporter::frmMDB(run_).Start(folder_ / "a.VDF", folder_ / "out").features, 3U);
-    EXPECT_EQ(platform::ListFiles(folder_ / "out"), (Texts{"a.MDB", "PIPES.FMO", "VALVES.FMO"}));
-    Import(folder_ / "out/VALVES.FMO", "|PIPES.FMO");
-    ASSERT_EQ(imported_.entityCount(), 3U);
-    EXPECT_EQ(TextOf(imported_.entityAt(0)), "VDINSERT NAME=p EAST=east");
-    EXPECT_EQ(imported_.entityAt(0).position(), (Point{3, 4, 0}));
-    EXPECT_EQ(imported_.entityAt(1).vertexCount(), 1U) << "a point among lines";
-}
-
 TEST_P(DatabaseFileTest, OneDatabaseForEachJobAndPrefixes) {
     folder_.Write("gv.ini", "[GENERAL]\r\nJobBasedMDB=1\r\nPrefixExport=1\r\n");
     AddLayers();
@@ -230,8 +219,10 @@ TEST_P(DatabaseFileTest, OneDatabaseForEachJobAndPrefixes) {
     EXPECT_EQ(platform::ListFiles(folder_ / "FMO/J12"),
               (Texts{"J12.MDB", "north_PIPES.FMO", "north_VALVES.FMO"}));
     EXPECT_EQ(run_.ReadIni("DEF", "TABLE", folder_ / "FMO/J12/north_PIPES.FMO"), "north_PIPES");
-    Import(folder_ / "FMO/J12/north_VALVES.FMO");
-    EXPECT_EQ(imported_.entityCount(), 1U);
+    Import(folder_ / "FMO/J12/north_VALVES.FMO", "|north_PIPES.FMO");
+    ASSERT_EQ(imported_.entityCount(), 3U);
+    EXPECT_EQ(TextOf(imported_.entityAt(0)), "VDINSERT NAME=p NAME=p EAST1=3 NORTH=4 EAST=east");
+    EXPECT_EQ(imported_.entityAt(1).vertexCount(), 1U) << "a point among lines";
 }
 
 TEST_P(DatabaseFileTest, SeveralProgramsMakeOneDatabase) {

@@ -112,14 +112,6 @@ TEST_P(FmoImportTest, GeometryValuesBecomePolylines) {
               (folder_ / "out/PIPES.VDF") + " is as it was: nothing was read that could replace it");
 }
 
-TEST_P(FmoImportTest, IncompleteDefinitionsLeaveTheirLayer) {
-    std::string path = folder_.Write("FMO/EMPTY.FMO", "[DEF]\nMDB=C:\\none.mdb\nKEY=ID\nENBLOB=G\n");
-    EXPECT_EQ(Import(path).status, config::Outcome::Status::Failed);
-    EXPECT_EQ(ui_.messages, Texts{"No Database Specification in INI File\n" + path});
-    EXPECT_TRUE(imported_.findLayer("EMPTY"));
-    EXPECT_EQ(imported_.entityCount(), 0U);
-}
-
 VEXLATOR_ON_EACH_DATABASE(FmoImportTest);
 
 }  // namespace vexlator

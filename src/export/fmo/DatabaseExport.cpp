@@ -213,6 +213,8 @@ void DatabaseExport::WriteRows(const WholeLayer& layer, const LayerTarget& targe
     if (!target.newText.empty()) files_.Add(target.definition.definitionPath).Write(target.newText);
     ++outcome_.layers;
     outcome_.features += written;
+    for (const auto& [name, count] : table.ValuesLost())
+        run_.Losses().Count(config::LossReport::Kind::NoColumn, layer.layer.name, name, count);
     ReportOtherNames(run_, layer.layer.name, columns.Others());
     leftOut.Report(run_, layer.layer.name);
 }

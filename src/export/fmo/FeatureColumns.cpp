@@ -18,8 +18,9 @@ FeatureColumns::FeatureColumns(const database::FmoDefinition& definition,
     AddFields(fields);
     for (std::uint32_t index : set.indexes()) {
         drawing::Entity entity = set.entity(index);
-        if (!sources_.contains(entity.attributeSet()))
-            sources_.emplace(entity.attributeSet(), MapAttributes(entity.xproperties()));
+        drawing::AttributeSet attributes = entity.attributeSet();
+        if (!sources_.contains(attributes))
+            sources_.emplace(attributes, MapAttributes(entity.xproperties(), leftOvers_[attributes]));
     }
     for (auto& [attributes, sources] : sources_) sources.resize(names_.size(), none);
 }
@@ -49,7 +50,7 @@ bool FeatureColumns::IsPlace(std::string_view name) const {
 void FeatureColumns::AddFields(const std::vector<drawing::AtpField>& fields) {
     bool hasKey = std::ranges::any_of(
         fields, [&](const drawing::AtpField& field) { return SameNoCase(field.name, definition_.key); });
-    if (!hasKey && !fields.empty()) keyField_ = fields[0].name;
+    if (!hasKey && !fields.empty()) keyField_ = ColumnName(fields[0].name, 0);
     for (std::size_t i = 0; i < fields.size(); ++i) {
         std::string name = ColumnName(fields[i].name, i);
         if (i == 0 && !hasKey)
@@ -65,19 +66,21 @@ std::size_t FeatureColumns::FieldColumn(std::string_view name, std::size_t posit
     return position < fieldColumns_.size() ? fieldColumns_[position] : none;
 }
 
-std::vector<std::size_t> FeatureColumns::MapAttributes(const drawing::XProperties& attributes) {
-    constexpr std::string_view nameless = "FIELD";
+std::vector<std::size_t> FeatureColumns::MapAttributes(const drawing::XProperties& attributes,
+                                                       std::vector<LeftOver>& leftOvers) {
     std::vector<std::size_t> sources(names_.size(), none), unnamed;
     for (std::size_t i = 0; i < attributes.count(); ++i) {
-        std::string_view name = attributes.name(i);
+        std::string name = ColumnName(attributes.name(i), i);
         std::size_t column = Find(name);
         if (column != none && sources[column] == none)
             sources[column] = i;
-        else if (column == none ? !IsPlace(name) : attributes.name(sources[column]) != name)
+        else if (column == none ? IsPlace(name) : attributes.name(sources[column]) == attributes.name(i))
+            leftOvers.push_back({i, column == none ? none : sources[column]});
+        else
             unnamed.push_back(i);
     }
     for (std::size_t i : unnamed) {
-        std::string_view name = attributes.name(i).empty() ? nameless : attributes.name(i);
+        std::string name = ColumnName(attributes.name(i), i);
         std::size_t column = FieldColumn(name, i);
         if (column == none || sources[column] != none) column = AddFree(name, sources);
         if (!SameNoCase(name, column == 0 && !keyField_.empty() ? keyField_ : names_[column]))

@@ -41,6 +41,15 @@ public:
         return sources_.at(entity.attributeSet());
     }
 
+    /// An attribute without a column: it is named like one that holds the place, or like an attribute before
+    /// it, its `twin`.
+    struct LeftOver {
+        std::size_t attribute, twin;  ///< twin: none when it is named like the place
+    };
+    const std::vector<LeftOver>& LeftOversOf(const drawing::Entity& entity) const {
+        return leftOvers_.at(entity.attributeSet());
+    }
+
 private:
     std::size_t Find(std::string_view name) const;
     std::size_t Add(const std::string& name);
@@ -48,7 +57,8 @@ private:
     std::size_t AddFree(std::string_view name, const std::vector<std::size_t>& sources);
     bool IsPlace(std::string_view name) const;
     void AddFields(const std::vector<drawing::AtpField>& fields);
-    std::vector<std::size_t> MapAttributes(const drawing::XProperties& attributes);
+    std::vector<std::size_t> MapAttributes(const drawing::XProperties& attributes,
+                                           std::vector<LeftOver>& leftOvers);
 
     const database::FmoDefinition& definition_;
     bool byName_;
@@ -56,6 +66,7 @@ private:
     std::vector<std::string> names_;
     std::vector<std::size_t> fieldColumns_;  ///< column of each template field; none for coordinates
     std::unordered_map<drawing::AttributeSet, std::vector<std::size_t>> sources_;
+    std::unordered_map<drawing::AttributeSet, std::vector<LeftOver>> leftOvers_;
     util::ShortList others_;
 };
 

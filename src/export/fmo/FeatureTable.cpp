@@ -4,10 +4,10 @@
 
 #include "formats/fmo/GeometryValue.h"
 #include "util/Text.h"
+#include "util/WholeNumber.h"
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 
 namespace vexlator::exporter {
 
@@ -205,6 +205,23 @@ void FeatureTable::SetAttributes(Entity entity) {
             values_[at++] = ValueFor(column, texts_[sources[column]]);
     }
     values_.back() = ValueFor(0, keys_[pending_]);
+    CountLost(entity);
+}
+
+/// What the record says anyway is not lost: tables that were imported have their key and place twice.
+void FeatureTable::CountLost(Entity entity) {
+    for (auto [attribute, twin] : columns_.LeftOversOf(entity)) {
+        std::string_view text = texts_[attribute];
+        bool isKept = twin == FeatureColumns::none ? IsCoordinate(text) : text == texts_[twin];
+        if (!text.empty() && !isKept) ++lost_[std::string(entity.xproperties().name(attribute))];
+    }
+}
+
+/// Whether a text is one of those that the record holds.
+bool FeatureTable::IsCoordinate(std::string_view text) const {
+    std::optional<double> number = util::WholeNumberOf(text);
+    if (!number || definition_.IsLineTable()) return false;
+    return *number == std::get<double>(values_[0]) || *number == std::get<double>(values_[1]);
 }
 
 /// What the column's type can take: numbers for a column of numbers, NULL for an empty text where only text
@@ -218,9 +235,7 @@ FeatureTable::Value FeatureTable::ValueFor(std::size_t column, std::string_view 
     std::int64_t whole = 0;
     if (auto [at, error] = std::from_chars(trimmed.data(), end, whole); error == std::errc() && at == end)
         return whole;
-    double number = 0;
-    auto [at, error] = std::from_chars(trimmed.data(), end, number);
-    if (error == std::errc() && at == end && std::isfinite(number)) return number;
+    if (std::optional<double> number = util::WholeNumberOf(trimmed)) return *number;
     return text;
 }
 

@@ -9,6 +9,7 @@
 #include "export/fmo/FeatureColumns.h"
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -34,6 +35,8 @@ public:
     void Finish();
     /// How many of the features written last are not in the database yet: an error may be about any of them.
     std::size_t Pending() const { return pending_; }
+    /// How many values, by the names of their attributes, no column has taken.
+    const std::map<std::string, std::uint64_t>& ValuesLost() const { return lost_; }
 
 private:
     using Value = database::Value;
@@ -43,6 +46,8 @@ private:
     void PrepareStatements();
     bool SetPlace(drawing::Entity entity);
     void SetAttributes(drawing::Entity entity);
+    void CountLost(drawing::Entity entity);
+    bool IsCoordinate(std::string_view text) const;
     void Flush();
     std::string InsertStatement(std::size_t rows) const;
     Value ValueFor(std::size_t column, std::string_view text) const;
@@ -67,6 +72,7 @@ private:
     std::vector<std::string_view> texts_;  ///< of its attributes
     std::unordered_set<std::string> keysWritten_;
     bool hasOwnIndex_ = false;
+    std::map<std::string, std::uint64_t> lost_;
 };
 
 }  // namespace vexlator::exporter

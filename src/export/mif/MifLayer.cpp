@@ -37,18 +37,9 @@ std::vector<MifColumn> ColumnsOf(const std::vector<drawing::AtpField>& fields) {
         bool isNameless = util::Trim(field.name).empty();
         std::string name = ColumnName(field.name, columns.size());
         while (isNameless && isTaken(name)) name += '_';
-        columns.push_back({name, MifColumnType(field)});
+        columns.push_back({util::ReplaceAll(name, " ", "_"), MifColumnType(field)});
     }
     return columns;
-}
-
-std::vector<ColumnNames> NamesForAttributes(const std::vector<drawing::AtpField>& fields) {
-    std::vector<ColumnNames> names;
-    for (const drawing::AtpField& field : fields) {
-        names.push_back({field.name, util::ReplaceAll(field.name, " ", "_")});
-        if (!field.shortName.empty()) names.back().push_back(field.shortName);
-    }
-    return names;
 }
 
 formats::MifWriter MakeWriter(const MifSettings& settings, const ExportLayer& layer,
@@ -91,7 +82,7 @@ MifLayer::MifLayer(config::Run& run, const MifSettings& settings, const ExportLa
       fields_(FieldsOf(run, layer)),
       columns_(ColumnsOf(fields_)),
       writer_(MakeWriter(settings, layer, columns_, util::JoinPath(targetPath, layer.fileName), files)),
-      match_(run, layer.layer.name, NamesForAttributes(fields_)) {}
+      match_(run, layer.layer.name, NamesForAttributes(fields_, columns_)) {}
 
 void MifLayer::Write(const LayerPart& part) {
     for (Entity entity : part) {

@@ -167,6 +167,12 @@ void WritePhotoList(std::string_view path, const std::string& list) {
     platform::ReplaceFile(path, platform::FitsWindows1252(list) ? platform::Windows1252FromUtf8(list) : list);
 }
 
+/// The list of missing photographs, which may lie beside it, keeps its name.
+std::string ListFileName(std::string_view name, std::string_view extension) {
+    bool isTaken = platform::SameNoCase(name, "MissingPhotos");
+    return util::SafeFileName(std::string(name) + (isTaken ? "_." : ".") + std::string(extension));
+}
+
 }  // namespace
 
 /// Called for every value of a drawing: most hold no full stop, and are looked through once.
@@ -219,8 +225,8 @@ PhotoPaths GatherPhotos(config::Run& run, drawing::DrawingFile& drawing, std::st
     drawing.ForEachChunk([&](drawing::Drawing& chunk) {
         chunk.forEach([&](const drawing::Entity& entity) { gathering.Visit(entity); });
     });
-    std::string name = util::SafeFileName(std::string(listName) + "." + std::string(listExtension));
-    if (settings.list) WritePhotoList(util::JoinPath(targetFolder, name), gathering.List());
+    if (settings.list)
+        WritePhotoList(util::JoinPath(targetFolder, ListFileName(listName, listExtension)), gathering.List());
     return gathering.Paths();
 }
 

@@ -73,17 +73,7 @@ LayerTable::LayerTable(config::Run& run, const ExportLayer& layer, bool suppress
       suppressNA_(suppressNA),
       fields_(FieldsOf(run, layer)),
       writer_(MakeWriter(run, layer, fields_, basePath, files)),
-      match_(run, layer.layer.name, NamesForAttributes()) {}
-
-/// Attributes may have the template's names, or those of an exported table that was imported again.
-std::vector<ColumnNames> LayerTable::NamesForAttributes() const {
-    std::vector<ColumnNames> names;
-    for (std::size_t i = 0; i < writer_.Columns().size(); ++i) {
-        names.push_back({fields_[i].name, writer_.Columns()[i].name});
-        if (!fields_[i].shortName.empty()) names.back().push_back(fields_[i].shortName);
-    }
-    return names;
-}
+      match_(run, layer.layer.name, NamesForAttributes(fields_, writer_.Columns())) {}
 
 std::string_view LayerTable::Shown(std::string_view value) const {
     if (suppressNA_ && value == "NA") return "";
@@ -118,14 +108,13 @@ void LayerTable::Finish() {
 void LayerTable::ReportColumns() const {
     util::ShortList renamed = OtherNames();
     for (std::size_t i = 0; i < writer_.Columns().size(); ++i) {
-        std::string wanted = ColumnName(NameFor(run_.Settings(), fields_[i]), i);
+        std::string_view wanted = drawing::MappedFieldName(run_.Settings(), fields_[i]);
         const std::string& name = writer_.Columns()[i].name;
-        if (util::ReplaceAll(wanted, " ", "_") != name)
-            renamed.Add(util::ShortList::Shortened(wanted) + " -> " + name);
+        if (wanted != name) renamed.Add(ShownName(wanted) + " -> " + name);
     }
     if (!renamed.Empty())
         run_.Ui().Report(util::ShortList::Shortened(layer_.layer.name) +
-                         ": names of columns cut: " + renamed.Text());
+                         ": names of columns changed: " + renamed.Text());
 }
 
 }  // namespace vexlator::exporter

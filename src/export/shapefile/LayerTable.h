@@ -30,13 +30,12 @@ public:
 
     /// One record; an entity without values gives its handle.
     void Add(drawing::Entity entity);
-    /// Ends the table, tells which names were cut and counts what its values lost.
+    /// Ends the table, tells which names became others and counts what its values lost.
     void Finish();
 
 private:
     std::string_view Shown(std::string_view value) const;
     void ReportColumns() const;
-    std::vector<ColumnNames> NamesForAttributes() const;
 
     config::Run& run_;
     const ExportLayer& layer_;

@@ -72,6 +72,7 @@ std::string DbfWriter::FreeName(std::set<std::string>& taken, std::string_view n
 
 /// As much of a UTF-8 text as takes at most `width` bytes of the table.
 std::string_view DbfWriter::Cut(std::string_view text, std::size_t width) const {
+    if (text.size() <= width) return text;
     return encoder_.Encoding() == Encoding::Utf8 ? platform::CutUtf8(text, width)
                                                  : platform::FirstCharacters(text, width);
 }
@@ -100,14 +101,11 @@ void DbfWriter::SetField(std::size_t column, std::string_view value) {
     if (column >= columns_.size()) return;
     value = WithoutQuotes(util::Trim(value));
     auto width = static_cast<std::size_t>(columns_[column].width);
+    std::string_view kept = Cut(value, width);
+    if (kept.size() < value.size()) ++cut_[column];
     std::uint64_t before = encoder_.Replaced();
-    value = encoder_.Encode(value);
+    value = encoder_.Encode(kept).substr(0, width);
     replaced_[column] += encoder_.Replaced() - before;
-    if (value.size() > width) {
-        value =
-            encoder_.Encoding() == Encoding::Utf8 ? platform::CutUtf8(value, width) : value.substr(0, width);
-        ++cut_[column];
-    }
     if (!value.empty()) std::memcpy(record_ + offsets_[column], value.data(), value.size());
 }
 

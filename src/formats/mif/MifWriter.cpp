@@ -4,7 +4,6 @@
 
 #include "formats/QuotedText.h"
 #include "util/Numbers.h"
-#include "util/Text.h"
 
 #include <algorithm>
 
@@ -32,7 +31,7 @@ void MifWriter::WriteHeader(const MifHeader& header) {
     text.append(header.coordSys).append("\r\nColumns ").append(std::to_string(header.columns.size()));
     text += "\r\n";
     for (const MifColumn& column : header.columns)
-        text.append("  " + util::ReplaceAll(column.name, " ", "_") + " " + column.type + "\r\n");
+        text.append("  " + column.name + " " + column.type + "\r\n");
     text += "Data\r\n\r\n";
     mif_.Write(encoder_.Encode(text));
 }

@@ -17,7 +17,7 @@
 namespace vexlator::formats {
 
 struct MifColumn {
-    std::string name;  ///< blanks become "_"
+    std::string name;  ///< without blanks
     std::string type;  ///< as in "Char(32)"
 };
 

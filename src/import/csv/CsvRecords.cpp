@@ -4,16 +4,32 @@
 
 #include "util/Numbers.h"
 #include "util/Text.h"
+#include "util/WholeNumber.h"
+
+#include <algorithm>
 
 namespace vexlator::importer {
 
 namespace {
 
+using Located = CsvRecord::Located;
+
 /// 0 is a number only where a digit stands.
-bool IsNumber(double value, std::string_view field) {
+bool BeginsWithNumber(double value, std::string_view field) {
     if (value != 0) return true;
     std::size_t digit = field.find_first_not_of(" \t\r\n+-.");
     return digit != std::string_view::npos && field[digit] >= '0' && field[digit] <= '9';
+}
+
+Located ReadCoordinate(std::string_view field, double& value) {
+    std::string_view text = util::Trim(field);
+    if (text.starts_with('+')) text.remove_prefix(1);
+    if (std::optional<double> number = util::WholeNumberOf(text)) {
+        value = *number;
+        return Located::Yes;
+    }
+    value = util::NumberOf(field);
+    return BeginsWithNumber(value, field) ? Located::Doubtful : Located::No;
 }
 
 }  // namespace
@@ -54,10 +70,8 @@ bool CsvRecords::Next(const CsvColumns& columns, CsvRecord& record) {
 
 void CsvRecords::ParseCsvRecord(std::string_view line, const CsvColumns& columns, CsvRecord& record) {
     SplitCsvLine(line, delimiter_, columns.Count(), fields_);
-    std::string_view east = Field(columns.East()), north = Field(columns.North());
-    record.east = util::NumberOf(east);
-    record.north = util::NumberOf(north);
-    record.located = IsNumber(record.east, east) && IsNumber(record.north, north);
+    record.located = std::min(ReadCoordinate(Field(columns.East()), record.east),
+                              ReadCoordinate(Field(columns.North()), record.north));
     std::string_view key = Field(columns.Key());
     if (util::Trim(key).empty()) key = madeKey_ = "gvw" + std::to_string(count_);
     values_.clear();

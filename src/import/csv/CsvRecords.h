@@ -21,8 +21,12 @@ std::string UnquoteCsvLine(std::string_view line, char delimiter);
 
 /// One point of a table.
 struct CsvRecord {
+    /// Whether both coordinates are numbers. Of a field that only begins with one this number counts, of any
+    /// other 0.
+    enum class Located { No, Doubtful, Yes };
+
     double east, north;
-    bool located;  ///< both coordinates are numbers; what is none counts as 0
+    Located located;
     /// The key, then the values of the attribute columns that the record has. Good until the next is read.
     std::span<const std::string_view> values;
 };

@@ -79,9 +79,10 @@ void frmFromCSV::ReadRecords(CsvRecords& records, const std::string& symbol, pla
     constexpr std::uint64_t refreshStep = 501;
     MissingValues missing(file.Bytes().size());
     CsvRecord record{};
-    std::uint64_t notLocated = 0;
+    OddRows notLocated, doubtful;
     while (records.Next(columns_, record)) {
-        if (!record.located) ++notLocated;
+        if (record.located == CsvRecord::Located::No) notLocated.Add(records.Line());
+        if (record.located == CsvRecord::Located::Doubtful) doubtful.Add(records.Line());
         drawing_.addInsert({record.east, record.north, 0}, symbol, 1, 1, 0);
         if (std::size_t names = columns_.AttributeNames().size(); names > 0) {
             missing.Count(names - record.values.size(), records.Line());
@@ -91,11 +92,19 @@ void frmFromCSV::ReadRecords(CsvRecords& records, const std::string& symbol, pla
         file.DoneBefore(records.Position());
         if (records.Count() % refreshStep == 0) ShowCsvProgress(records.Count());
     }
-    if (notLocated > 0)
-        run_.Ui().Report(file.Name() + ": rows that lack a coordinate, which counts as 0: " +
-                         util::GroupedCount(notLocated) + " of " + util::GroupedCount(records.Count()));
+    std::uint64_t all = records.Count();
+    Tell(file.Name(), "rows that lack a coordinate, which counts as 0", notLocated, all);
+    Tell(file.Name(), "rows with a coordinate that is a number only at its beginning, which counts", doubtful,
+         all);
     ShowCsvProgress(records.Count());
     features_ += records.Count();
+}
+
+void frmFromCSV::Tell(const std::string& fileName, const std::string& what, const OddRows& rows,
+                      std::uint64_t all) {
+    if (rows.count == 0) return;
+    run_.Ui().Report(fileName + ": " + what + ": " + util::GroupedCount(rows.count) + " of " +
+                     util::GroupedCount(all) + ", the first in line " + util::GroupedCount(rows.firstLine));
 }
 
 void frmFromCSV::AttachCsvAttributes(const CsvRecord& record) {

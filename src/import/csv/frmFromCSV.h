@@ -36,6 +36,13 @@ private:
     bool ImportTable(const std::string& code, platform::MappedFile& file);
     bool HasItsColumns();
     void ReadRecords(CsvRecords& records, const std::string& symbol, platform::MappedFile& file);
+    struct OddRows {
+        std::uint64_t count = 0, firstLine = 0;
+        void Add(std::uint64_t line) {
+            if (count++ == 0) firstLine = line;
+        }
+    };
+    void Tell(const std::string& fileName, const std::string& what, const OddRows& rows, std::uint64_t all);
     void AttachCsvAttributes(const CsvRecord& record);
     void ShowCsvProgress(std::uint64_t count);
 

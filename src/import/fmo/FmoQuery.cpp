@@ -37,11 +37,13 @@ std::string AsNumber(const Connection& connection, const std::string& column) {
     return "CAST(" + column + " AS DOUBLE PRECISION)";
 }
 
-/// The driver for Access files counts rows only without a condition.
-std::optional<std::uint64_t> RowCountToProve(Connection& connection, const Table& table,
-                                             const std::string& condition) {
-    bool isAccess = connection.OnlyReads() && connection.Kind() == Connection::Product::Other;
-    if (!isAccess || !condition.empty()) return std::nullopt;
+bool IsAccess(const Connection& connection) {
+    return connection.OnlyReads() && connection.Kind() == Connection::Product::Other;
+}
+
+/// The driver for Access files has been seen to end early.
+std::optional<std::uint64_t> RowCountToProve(Connection& connection, const Table& table) {
+    if (!IsAccess(connection)) return std::nullopt;
     database::Statement count(connection, "SELECT COUNT(*) FROM " + table.Name());
     count.Execute();
     if (!count.Next()) return std::nullopt;
@@ -94,12 +96,17 @@ FmoQuery::Statement FmoQuery::For(Connection& connection) const {
     if (list_.everything)
         for (const Table::ColumnInfo& column : table->Columns())
             add(column, &column == geometry ? "NULL" : column.quoted);
-    std::string where;
-    if (extent_.maxX != 0)
-        where = Condition(AsNumber(connection, table->Column(east_)),
-                          AsNumber(connection, table->Column(north_)), extent_);
-    return {"SELECT " + Joined(columns) + " FROM " + table->Name() + where, std::move(names),
-            RowCountToProve(connection, *table, where)};
+    Statement statement;
+    statement.sql = "SELECT " + Joined(columns) + " FROM " + table->Name();
+    statement.columns = std::move(names);
+    statement.rowCount = RowCountToProve(connection, *table);
+    // Only whole tables can be counted.
+    if (statement.rowCount)
+        statement.extent = extent_;
+    else if (extent_.maxX != 0)
+        statement.sql += Condition(AsNumber(connection, table->Column(east_)),
+                                   AsNumber(connection, table->Column(north_)), extent_);
+    return statement;
 }
 
 }  // namespace vexlator::importer

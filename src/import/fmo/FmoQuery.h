@@ -34,8 +34,10 @@ public:
     struct Statement {
         std::string sql;
         std::vector<std::string> columns;  ///< names of those that it returns
-        /// Rows by the table's own count, where the driver has to be proved and has a count.
+        /// Rows by the table's own count, where the driver has to be proved.
         std::optional<std::uint64_t> rowCount;
+        /// What of the rows is wanted, where the statement gives all of them.
+        config::ImportExtentBox extent;
     };
     /// @throws database::DatabaseError when table or columns are missing
     Statement For(database::Connection& connection) const;

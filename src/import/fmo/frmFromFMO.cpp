@@ -3,7 +3,6 @@
 #include "import/fmo/frmFromFMO.h"
 
 #include "database/DatabaseError.h"
-#include "database/Statement.h"
 #include "drawing/AttributeTemplate.h"
 #include "drawing/SymbolBlock.h"
 #include "formats/fmo/GeometryValue.h"
@@ -16,13 +15,11 @@
 #include "platform/Paths.h"
 #include "util/Counted.h"
 #include "util/Files.h"
-#include "util/Numbers.h"
 #include "util/Paths.h"
 #include "util/Text.h"
+#include "util/WholeNumber.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 #include <optional>
 #include <vector>
 
@@ -68,13 +65,13 @@ SelectList TemplateSelectList(const config::Run& run, const std::string& code) {
 
 /// Nothing when the value is NULL, no number, or more than that.
 std::optional<double> Coordinate(const Statement& rows, std::size_t column) {
-    if (rows.IsNull(column)) return std::nullopt;
-    std::string_view text = util::Trim(rows.Text(column));
-    double value = 0;
-    auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(value))
-        return std::nullopt;
-    return value;
+    return rows.IsNull(column) ? std::nullopt : util::WholeNumberOf(rows.Text(column));
+}
+
+/// As the condition of a query has it.
+bool IsInside(const config::ImportExtentBox& extent, double east, double north) {
+    return extent.maxX == 0 ||
+           (east > extent.minX && north > extent.minY && east < extent.maxX && north < extent.maxY);
 }
 
 /// Rows whose geometry value is damaged.
@@ -191,34 +188,17 @@ void frmFromFMO::ShowError(const std::string& reason, const FmoQuery& query) {
 bool frmFromFMO::ImportPoints(std::unique_ptr<Connection> connection, const FmoQuery& query,
                               const std::string& code, const std::string& symbol) {
     run_.DebugMessage(query.Shown());
-    FmoQuery::Statement statement;
-    std::optional<Statement> rows;
-    try {
-        statement = query.For(*connection);
-        rows.emplace(std::move(connection), statement.sql);
-        rows->Execute();
-        rows->ExpectRows(statement.rowCount);
-    } catch (const DatabaseError& error) {
-        ShowError(error.what(), query);
-        return false;
-    }
     std::string problem;
     try {
-        RowAttributes attributes(drawing_, *rows, statement.columns, 2);
-        while (problem.empty() && rows->Next()) {
-            std::optional<double> east = Coordinate(*rows, 0), north = Coordinate(*rows, 1);
-            if (!east || !north) {
-                problem = "row " + std::to_string(count_ + 1) + ", key " + std::string(rows->Text(2)) +
-                          ": a coordinate is no number";
-                continue;
-            }
-            drawing_.addInsert({*east, *north, 0}, symbol, 1, 1, 0);
-            attributes.AttachTo(drawing_);
-            output_->WriteFullChunk();
-            view_->Progress(++count_, 0);
-        }
+        FmoQuery::Statement statement = query.For(*connection);
+        Statement rows(std::move(connection), statement.sql);
+        rows.Execute();
+        rows.ExpectRows(statement.rowCount);
+        problem = AddPoints(rows, statement, symbol);
     } catch (const DatabaseError& error) {
-        problem = error.what();
+        features_ += count_;
+        ShowError(error.what(), query);
+        return false;
     }
     features_ += count_;
     if (problem.empty() && count_ > 0) {
@@ -229,6 +209,26 @@ bool frmFromFMO::ImportPoints(std::unique_ptr<Connection> connection, const FmoQ
     if (problem.empty()) return true;
     run_.Ui().Report(code + ": " + problem);
     return false;
+}
+
+/// Returns why a row has no place, at which the import ends; "" behind the last row.
+std::string frmFromFMO::AddPoints(Statement& rows, const FmoQuery::Statement& statement,
+                                  const std::string& symbol) {
+    RowAttributes attributes(drawing_, rows, statement.columns, 2);
+    for (std::uint64_t row = 1; rows.Next(); ++row) {
+        bool isSomewhere = !rows.IsNull(0) && !rows.IsNull(1);
+        if (!isSomewhere && statement.extent.maxX != 0) continue;
+        std::optional<double> east = Coordinate(rows, 0), north = Coordinate(rows, 1);
+        if (!east || !north)
+            return "row " + std::to_string(row) + ", key " + std::string(rows.Text(2)) +
+                   ": a coordinate is no number";
+        if (!IsInside(statement.extent, *east, *north)) continue;
+        drawing_.addInsert({*east, *north, 0}, symbol, 1, 1, 0);
+        attributes.AttachTo(drawing_);
+        output_->WriteFullChunk();
+        view_->Progress(++count_, 0);
+    }
+    return "";
 }
 
 bool frmFromFMO::ImportLines(std::unique_ptr<Connection> connection, const FmoQuery& query,

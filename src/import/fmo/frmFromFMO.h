@@ -5,6 +5,7 @@
 #include "config/Outcome.h"
 #include "config/Run.h"
 #include "database/FmoDefinition.h"
+#include "database/Statement.h"
 #include "drawing/DrawingOutput.h"
 #include "import/fmo/FmoQuery.h"
 
@@ -47,6 +48,8 @@ private:
                       const std::string& code, const std::string& symbol);
     bool ImportLines(std::unique_ptr<database::Connection> connection, const FmoQuery& query,
                      const std::string& code);
+    std::string AddPoints(database::Statement& rows, const FmoQuery::Statement& statement,
+                          const std::string& symbol);
     std::string SelectFeatureLayer(const std::string& code);
     void ShowError(const std::string& reason, const FmoQuery& query);
     config::Outcome Save(const std::string& drawingPath);

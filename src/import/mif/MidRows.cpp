@@ -17,6 +17,7 @@ std::size_t EndOfRows(std::string_view text) {
 
 std::string UndeclaredDelimiter(std::string_view text, std::size_t columnCount) {
     constexpr std::size_t searched = std::size_t{64} << 10;
+    if (columnCount < 2) return ",";
     util::LineReader lines(text.substr(0, searched));
     while (!lines.AtEnd()) {
         std::size_t tabs = 0, commas = 0;
