@@ -21,14 +21,23 @@ class Picture {
 public:
     Picture(const Box& box, platform::OutputFile& file) : box_(box), file_(file) {}
 
-    void Begin() {
+    void Begin(const std::string& title) {
         double width = std::max(box_.maxX - box_.minX, 1.0), height = std::max(box_.maxY - box_.minY, 1.0);
-        double margin = std::max(width, height) / 50;
-        file_.Write("<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"" + Pair(-margin, -margin) + " " +
-                    Pair(width + 2 * margin, height + 2 * margin) +
-                    "\" fill=\"none\" stroke-linejoin=\"round\" font-family=\"sans-serif\">\n" +
-                    "<style>path,circle{vector-effect:non-scaling-stroke}</style>\n");
-        pointRadius_ = Number(std::max(width, height) / 1000);
+        double larger = std::max(width, height), margin = larger / 50;
+        double wholeWidth = width + 2 * margin, wholeHeight = height + 2 * margin;
+        double scale = pixels / std::max(wholeWidth, wholeHeight);
+        std::string corner = Attribute("x", -margin) + Attribute("y", -margin);
+        file_.Write("<svg xmlns=\"http://www.w3.org/2000/svg\"" + Attribute("width", wholeWidth * scale) +
+                    Attribute("height", wholeHeight * scale) + " viewBox=\"" + Pair(-margin, -margin) + " " +
+                    Pair(wholeWidth, wholeHeight) +
+                    "\" fill=\"none\" stroke-linejoin=\"round\" stroke-linecap=\"round\" "
+                    "font-family=\"sans-serif\">\n<title>");
+        formats::WriteXmlText(file_, title);
+        file_.Write("</title>\n<rect" + corner + Attribute("width", wholeWidth) +
+                    Attribute("height", wholeHeight) + " fill=\"white\"/>\n");
+        thin_ = Size(larger, 1);
+        thick_ = Size(larger, 3);
+        pointRadius_ = Size(larger, 2);
     }
     void End() { file_.Write("</svg>\n"); }
 
@@ -45,8 +54,8 @@ public:
                         Number(Right(line.points[0].x)) + "\" cy=\"" + Number(Down(line.points[0].y)) +
                         "\"/>\n");
         else
-            file_.Write("<path stroke=\"" + look.colour + "\" stroke-width=\"" + (look.isThick ? "3" : "1") +
-                        "\" d=\"" + Path(line.points) + "\"/>\n");
+            file_.Write("<path stroke=\"" + look.colour + "\" stroke-width=\"" +
+                        (look.isThick ? thick_ : thin_) + "\" d=\"" + Path(line.points) + "\"/>\n");
     }
     void DrawText(const Element& text) {
         file_.Write("<text dominant-baseline=\"text-before-edge\" fill=\"" + LookOf(text.header).colour +
@@ -58,7 +67,16 @@ public:
     }
 
 private:
+    static constexpr double pixels = 1000;  ///< of the longer side
+
     static std::string Number(double value) { return util::FormatFixed(value, 2); }
+    /// Of a line or point, in pixels.
+    static std::string Size(double larger, double size) {
+        return util::FormatFixed(larger / pixels * size, 4);
+    }
+    static std::string Attribute(const std::string& name, double value) {
+        return " " + name + "=\"" + Number(value) + "\"";
+    }
     static std::string Pair(double x, double y) { return Number(x) + " " + Number(y); }
     double Right(double x) const { return x - box_.minX; }
     double Down(double y) const { return box_.maxY - y; }
@@ -71,7 +89,7 @@ private:
 
     Box box_;
     platform::OutputFile& file_;
-    std::string pointRadius_;
+    std::string thin_, thick_, pointRadius_;  ///< in ground units
 };
 
 }  // namespace
@@ -79,7 +97,7 @@ private:
 void WriteSvg(const PackageReader& package, std::string_view path) {
     platform::OutputFile file(path);
     Picture picture(package.Extents(), file);
-    picture.Begin();
+    picture.Begin(package.IndexName());
     ForEachElement(package, "A", [&](const PackageReader& member, const Tile&, const Element& area) {
         picture.DrawArea(member, area);
     });

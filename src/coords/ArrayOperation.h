@@ -27,6 +27,8 @@ public:
     ArrayOperation(ProjContext& context, ProjObject operation, ListChoices listChoices = nullptr)
         : context_(&context), operation_(std::move(operation)), listChoices_(std::move(listChoices)) {}
 
+    /// Null when there is none.
+    PJ* Get() const { return operation_.get(); }
     explicit operator bool() const { return operation_ != nullptr; }
 
     /// As Transform() does (ProjContext.h).

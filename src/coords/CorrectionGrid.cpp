@@ -45,19 +45,21 @@ std::string Unusable(const std::string& file, const ProjContext& context) {
 }  // namespace
 
 CorrectionGrid::CorrectionGrid(const GridFolders& folders, ui::UserInterface& userInterface)
-    : context_(folders.inOrder),
+    : ui_(userInterface),
+      context_(folders.inOrder),
+      damage_(userInterface, folders.forNew),
       howToGetOne_(std::string(": put ") + publishedShifts + " (or OSTN02.INT, OSTN97.INT) into " +
                    platform::NativePath(folders.forNew)) {
-    LoadShifts(userInterface);
-    if (shifts_) LoadGeoid(userInterface);
+    LoadShifts();
+    if (shifts_) LoadGeoid();
 }
 
-void CorrectionGrid::LoadShifts(ui::UserInterface& userInterface) {
+void CorrectionGrid::LoadShifts() {
     for (const char* name : {"OSTN02.INT", "OSTN97.INT", publishedShifts, publishedShiftsNtv2}) {
         shiftFile_ = context_.FindInFolders(name);
         if (shiftFile_.empty()) continue;
         shifts_ = ArrayOperation(context_, CreateShifts(context_, name));
-        if (!shifts_) userInterface.ShowMessage(Unusable(shiftFile_, context_));
+        if (!shifts_) ui_.ShowMessage(Unusable(shiftFile_, context_));
         return;
     }
     for (const char* name : {publishedShifts, publishedShiftsNtv2}) {
@@ -65,14 +67,14 @@ void CorrectionGrid::LoadShifts(ui::UserInterface& userInterface) {
         shifts_ = ArrayOperation(context_, CreateShifts(context_, name));
         if (shifts_) return;
     }
-    userInterface.ShowMessage("No Correction File Found" + howToGetOne_);
+    ui_.ShowMessage("No Correction File Found" + howToGetOne_);
 }
 
-void CorrectionGrid::LoadGeoid(ui::UserInterface& userInterface) {
+void CorrectionGrid::LoadGeoid() {
     std::string file = context_.FindInFolders(publishedGeoid);
     geoid_ = CreateGeoid(context_, publishedGeoid);
     geoidFile_ = file.empty() ? publishedGeoid : file;
-    if (!geoid_ && !file.empty()) userInterface.ShowMessage(Unusable(file, context_));
+    if (!geoid_ && !file.empty()) ui_.ShowMessage(Unusable(file, context_));
 }
 
 void CorrectionGrid::Convert(Direction direction, Coordinates coordinates) {
@@ -80,15 +82,22 @@ void CorrectionGrid::Convert(Direction direction, Coordinates coordinates) {
         for (util::PlanePoint& point : coordinates.points) point = {HUGE_VAL, HUGE_VAL};
         return;
     }
-    bool geoid = geoid_ && !coordinates.heights.empty();
-    if (geoid && direction == Direction::ToGrid) Transform(*geoid_, Direction::ToGrid, coordinates);
+    if (direction == Direction::ToGrid) ConvertHeights(direction, coordinates);
     shifts_.Convert(direction, {coordinates.points, {}});
-    if (geoid && direction == Direction::ToLatLng) Transform(*geoid_, direction, coordinates);
+    damage_.TellOf(shiftFile_);
+    if (direction == Direction::ToLatLng) ConvertHeights(direction, coordinates);
+}
+
+void CorrectionGrid::ConvertHeights(Direction direction, Coordinates coordinates) {
+    if (!geoid_ || coordinates.heights.empty()) return;
+    Transform(*geoid_, direction, coordinates);
+    damage_.TellOf(geoidFile_);
 }
 
 std::string CorrectionGrid::Description() {
     if (!shifts_) return "no correction grid" + howToGetOne_;
-    return "correction grid " + shiftFile_ + (geoid_ ? ", geoid " + geoidFile_ : "");
+    return "correction grid " + shiftFile_ + (geoid_ ? ", geoid " + geoidFile_ : "") +
+           damage_.Found(context_, *shifts_.Get()) + (geoid_ ? damage_.Found(context_, *geoid_) : "");
 }
 
 }  // namespace vexlator::coords

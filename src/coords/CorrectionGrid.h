@@ -4,6 +4,7 @@
 
 #include "coords/ArrayOperation.h"
 #include "coords/Backend.h"
+#include "coords/DamageNotice.h"
 #include "coords/ProjContext.h"
 #include "coords/TransformationSetting.h"
 #include "ui/UserInterface.h"
@@ -21,20 +22,24 @@ class CorrectionGrid : public Backend {
 public:
     /// Looks for the files in `folders`, in their order, and for the published ones then in the projection
     /// library's own data folders. Shows "No Correction File Found" and where it belongs when there is none,
-    /// or why the first one found cannot be used; then no point has a result.
+    /// or why the first one found cannot be used; then no point has a result. A file that turns out to be
+    /// damaged where a point needs it is told once.
     CorrectionGrid(const GridFolders& folders, ui::UserInterface& userInterface);
 
     void Convert(Direction direction, Coordinates coordinates) override;
     std::string Description() override;
 
 private:
-    void LoadShifts(ui::UserInterface& userInterface);
-    void LoadGeoid(ui::UserInterface& userInterface);
+    void LoadShifts();
+    void LoadGeoid();
+    void ConvertHeights(Direction direction, Coordinates coordinates);
 
+    ui::UserInterface& ui_;
     ProjContext context_;
     ArrayOperation shifts_;
     ProjObject geoid_;
     std::string shiftFile_, geoidFile_;
+    DamageNotice damage_;
     std::string howToGetOne_;  ///< for people
 };
 

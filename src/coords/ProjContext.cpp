@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "coords/ProjContext.h"
 
+#include "coords/TiffMessages.h"
 #include "platform/Paths.h"
 #include "util/Files.h"
 #include "util/Paths.h"
@@ -27,6 +28,7 @@ ProjContext::ProjContext(std::vector<std::string> folders)
     proj_context_use_proj4_init_rules(context_, 1);  // "+init=epsg:27700" is still found in old files
     proj_context_set_file_finder(context_, FindFile, this);
     proj_log_func(context_, this, TakeMessage);
+    CatchTiffMessages();
 }
 
 ProjContext::~ProjContext() {
@@ -35,10 +37,17 @@ ProjContext::~ProjContext() {
 
 ProjObject ProjContext::Create(const std::string& definition) {
     reason_.clear();
+    TakeTiffMessage();
     ProjObject object(proj_create(context_, definition.c_str()));
     if (!object && reason_.empty())
         reason_ = proj_context_errno_string(context_, proj_context_errno(context_));
+    if (!object) NoteTiffMessage();
     return object;
+}
+
+void ProjContext::NoteTiffMessage() {
+    std::string message = TakeTiffMessage();
+    if (!message.empty()) reason_ += "; " + message;
 }
 
 bool ProjContext::CanReadGrids(PJ& operation) {
@@ -48,6 +57,7 @@ bool ProjContext::CanReadGrids(PJ& operation) {
     proj_errno_reset(&operation);
     if (error != PROJ_ERR_INVALID_OP_FILE_NOT_FOUND_OR_INVALID) return true;
     reason_ = proj_context_errno_string(context_, error);
+    NoteTiffMessage();
     return false;
 }
 

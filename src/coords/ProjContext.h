@@ -45,6 +45,7 @@ public:
     const std::string& Reason() const { return reason_; }
 
 private:
+    void NoteTiffMessage();
     static const char* FindFile(PJ_CONTEXT*, const char* name, void* self);
     static void TakeMessage(void* self, int level, const char* text);
 

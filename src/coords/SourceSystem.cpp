@@ -4,6 +4,7 @@
 
 #include "coords/ConvertArray.h"
 #include "coords/CoordinateOperation.h"
+#include "coords/DamageNotice.h"
 #include "coords/SystemComparison.h"
 #include "coords/TransformationSetting.h"
 #include "platform/Errors.h"
@@ -37,9 +38,11 @@ ProjObject DrawingSystem(ProjContext& context, const config::Run& run) {
 /// The systems of source and drawings, and what leads from one to the other.
 class SourceSystem::Conversion : public Backend {
 public:
-    Conversion(const config::Run& run, const std::string& definition)
-        : folders_(GridFoldersOf(run)),
+    Conversion(config::Run& run, const std::string& definition)
+        : kind_(ReadTransformationSetting(run).kind),
+          folders_(GridFoldersOf(run)),
           context_(folders_.inOrder),
+          damage_(run.Ui(), folders_.forNew),
           source_(PlaneSystem(context_, DefinitionOf(definition))),
           drawing_(DrawingSystem(context_, run)) {}
 
@@ -51,6 +54,12 @@ public:
         if (expected.empty()) return "";
         return "the coordinates are in " + NameOf(source_, "a system without a name") +
                ", the settings say " + expected;
+    }
+
+    bool SuitsLatLng() {
+        if (!IsInDegrees()) return false;
+        if (kind_ != TransformationSetting::Kind::CorrectionGrid) return !drawing_;
+        return !context_.FindInFolders("OSTN02.INT").empty() || !context_.FindInFolders("OSTN97.INT").empty();
     }
 
     std::string Prepare(std::string_view sourceName, ui::UserInterface& userInterface) {
@@ -77,6 +86,7 @@ public:
 
     void Convert(Direction direction, Coordinates coordinates) override {
         operation_.Convert(direction, coordinates);
+        damage_.TellOf(context_, *operation_.Get());
     }
     std::optional<int> GridDecimals() const override { return decimals_; }
     std::string Description() override { return "conversion to the drawings' coordinate system"; }
@@ -84,21 +94,25 @@ public:
 private:
     /// What the settings say instead; "" when the source agrees.
     std::string Mismatch(Assumed assumed) {
-        if (assumed == Assumed::Degrees) {
-            for (const char* degrees : {"EPSG:4326", "EPSG:4258"})
-                if (AreSame(context_, source_, context_.Create(degrees))) return "";
-            return "longitude and latitude on WGS 84";
-        }
-        if (!drawing_) return "";
+        if (assumed == Assumed::Degrees) return IsInDegrees() ? "" : "longitude and latitude on WGS 84";
+        const std::string setting = "that of [GPS] TRANSFORMATION";
+        if (!drawing_) return IsInDegrees() ? setting : "";
         bool feet = assumed == Assumed::GridInFeet && !IsGeographic(context_, drawing_);
         if (AreSame(context_, source_, feet ? InFeet(context_, drawing_) : Copy(drawing_))) return "";
-        return NameOf(drawing_, "that of [GPS] TRANSFORMATION") + (feet ? " in feet" : "");
+        return NameOf(drawing_, setting) + (feet ? " in feet" : "");
+    }
+
+    bool IsInDegrees() {
+        return AreSame(context_, source_, context_.Create("EPSG:4326")) ||
+               AreSame(context_, source_, context_.Create("EPSG:4258"));
     }
 
     ProjObject Copy(const ProjObject& system) { return ProjObject(proj_clone(context_.Get(), system.get())); }
 
+    TransformationSetting::Kind kind_;
     GridFolders folders_;
     ProjContext context_;
+    DamageNotice damage_;
     ProjObject source_, drawing_;  ///< null when they are not known
     ArrayOperation operation_;     ///< none where nothing has to be converted
     Direction direction_ = Direction::ToLatLng;
@@ -116,6 +130,10 @@ bool SourceSystem::IsKnown() const {
 
 std::string SourceSystem::Difference(Assumed assumed) const {
     return conversion_->Difference(assumed);
+}
+
+bool SourceSystem::SuitsLatLng() const {
+    return conversion_->SuitsLatLng();
 }
 
 std::string SourceSystem::PrepareConversion(std::string_view sourceName) {

@@ -33,8 +33,12 @@ public:
     /// False when the definition means no coordinate system.
     bool IsKnown() const;
     /// For people: how it differs, or that it is not known. "" when it does not, or when the drawings' system
-    /// has no definition to compare with.
+    /// has no definition to compare with, but for degrees, which drawings are not in then.
     std::string Difference(Assumed assumed) const;
+
+    /// Whether frmLatLng has to lead from the source's degrees to the drawings: through OSTN02.INT or
+    /// OSTN97.INT, which the projection library would not find, or through an operation.
+    bool SuitsLatLng() const;
 
     /// Prepares the conversion to the drawings' system; shows a grid that is missing, with `sourceName`
     /// before it. Says why there is no conversion; "" when there is one.

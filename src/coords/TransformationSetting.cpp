@@ -73,9 +73,9 @@ std::string ReadDefinition(const std::string& path) {
 config::KeyList CoordinateKeys() {
     return {
         {"GPS", "TRANSFORMATION",
-         "coordinate system of the drawings: EPSG code, WKT or PROJ text, or the path of a file with it; the "
-         "path of a "
-         "file that holds LatLng means that drawings are in latitude/longitude already",
+         "coordinate system of the drawings: EPSG code, WKT or PROJ text, or the path of a file with one of these; where "
+         "that path has the letters LatLng in it, in a folder's name or the file's, drawings are in latitude/longitude "
+         "already, whatever stands in the file (it must not be empty)",
          "British National Grid through a correction grid, OSTN15 (uk_os_OSTN15_NTv2_OSGBtoETRS.tif), "
          "OSTN02.INT or "
          "OSTN97.INT in Resources"},

@@ -23,7 +23,8 @@ Transformer::Transformer(TransformationSetting setting, GridFolders folders, ui:
     : setting_(std::move(setting)),
       folderForGrids_(std::move(folders.forNew)),
       ui_(userInterface),
-      context_(std::move(folders.inOrder)) {}
+      context_(std::move(folders.inOrder)),
+      damage_(userInterface, folderForGrids_) {}
 
 void Transformer::Convert(Direction direction, Coordinates coordinates) {
     Instance& instance = direction == Direction::ToLatLng ? toLatLng_ : toGrid_;
@@ -33,6 +34,7 @@ void Transformer::Convert(Direction direction, Coordinates coordinates) {
         return;
     }
     instance.operation.Convert(direction, coordinates);
+    damage_.TellOf(context_, *instance.operation.Get());
 }
 
 CoordinateOperation Transformer::Read(std::string& text) {
@@ -66,7 +68,8 @@ std::string Transformer::Description() {
     std::string text;
     CoordinateOperation loaded = Read(text);
     if (!loaded.operation) return "no transformation: " + setting_.Name() + ": " + loaded.reason;
-    std::string description = "coordinate system of " + setting_.Name();
+    std::string description =
+        "coordinate system of " + setting_.Name() + damage_.Found(context_, *loaded.operation.Get());
     if (loaded.missingGrid.empty()) return description;
     return description + "; " + MissingGridText(loaded.missingGrid, folderForGrids_);
 }

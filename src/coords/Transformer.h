@@ -4,6 +4,7 @@
 
 #include "coords/Backend.h"
 #include "coords/CoordinateOperation.h"
+#include "coords/DamageNotice.h"
 #include "coords/ProjContext.h"
 #include "coords/TransformationSetting.h"
 #include "ui/UserInterface.h"
@@ -20,7 +21,7 @@ public:
     Transformer(TransformationSetting setting, GridFolders folders, ui::UserInterface& userInterface);
 
     /// A definition that fails to load is asked about once, and then no point has a result in this direction.
-    /// A missing grid is told once.
+    /// A missing grid is told once, and so is a damaged one.
     void Convert(Direction direction, Coordinates coordinates) override;
     std::string Description() override;
 
@@ -42,6 +43,7 @@ private:
     ProjContext context_;
     Instance toLatLng_, toGrid_;
     bool toldMissingGrid_ = false;
+    DamageNotice damage_;
 };
 
 }  // namespace vexlator::coords

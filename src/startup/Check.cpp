@@ -3,6 +3,7 @@
 #include "startup/Check.h"
 
 #include "config/Run.h"
+#include "coords/DrawingProjection.h"
 #include "coords/frmLatLng.h"
 #include "database/Drivers.h"
 #include "platform/Files.h"
@@ -12,6 +13,7 @@
 #include "util/Paths.h"
 
 #include <exception>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -37,7 +39,7 @@ public:
         Folder("WorkFlowDirectory", settings.WorkFlowDirectory, "drawings belong to no job");
         Folder("TempDirectory", settings.TempDirectory, "");
         if (usable) File("default symbol", util::JoinPath(settings.SymbolsDirectory, "DEFAULT.VDF"));
-        File("projection file", ProjectionFile());
+        ProjectionFile();
         WorkflowDatabase();
         Line("ODBC drivers", Listed(database::DriverNames()));
         Line("latitude/longitude", coords::frmLatLng(run_).Description());
@@ -60,10 +62,16 @@ private:
                                : platform::NativePath(path) + (present ? "" : " (missing)"));
         return present;
     }
-    std::string ProjectionFile() const {
+    void ProjectionFile() {
         std::string name = run_.ReadIni("SHPout", "PRJ");
         std::string folder = util::JoinPath(run_.Settings().ProgramFolder, "Resources");
-        return util::JoinPath(folder, name.empty() ? "ESRI.PRJ" : name);
+        auto defined = name.empty() ? coords::DrawingProjection(run_) : std::nullopt;
+        if (!defined)
+            File("projection file", util::JoinPath(folder, name.empty() ? "ESRI.PRJ" : name));
+        else
+            Line("projection file", defined->empty()
+                                        ? "none ([GPS] TRANSFORMATION gives no coordinate system)"
+                                        : "made from [GPS] TRANSFORMATION");
     }
     void WorkflowDatabase() {
         const std::string& folder = run_.Settings().WorkFlowSystem;

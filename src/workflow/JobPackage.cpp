@@ -38,6 +38,18 @@ std::string EntryName(const std::string& name) {
     return platform::IsUtf8(name) ? name : platform::Utf8FromWindows1252(name);
 }
 
+void RemoveLeftovers(ui::UserInterface& userInterface, const std::string& folder) {
+    if (std::string told = platform::RemoveLeftovers(folder); !told.empty()) userInterface.Report(told);
+}
+
+/// What a killed run left of the files that it was unpacking.
+void RemoveLeftoversBelow(ui::UserInterface& userInterface, const std::string& folder) {
+    RemoveLeftovers(userInterface, folder);
+    for (const std::string& name : platform::ListFolders(folder))
+        if (std::string below = util::JoinPath(folder, name); !platform::IsLink(below))
+            RemoveLeftoversBelow(userInterface, below);
+}
+
 struct UnpackSettings {
     int megabytes = 2048;
 };
@@ -71,7 +83,9 @@ platform::MadeFiles frmZip2::UnZipJobFolder(std::string_view archive) {
     if (settings.megabytes == 0) settings = {};
     ZipInput input(archive);
     input.Check(static_cast<std::uint64_t>(settings.megabytes) << 20);
-    return input.UnpackTo(util::ChangeExtension(archive, ""));
+    std::string folder = util::ChangeExtension(archive, "");
+    RemoveLeftoversBelow(run_.Ui(), folder);
+    return input.UnpackTo(folder);
 }
 
 config::KeyList PackageKeys() {

@@ -43,6 +43,8 @@ TEST(Grpinfo, TellsPrintsAndDrawsAPackage) {
     std::string picture = TempFolder::Read(build.folder / "map.svg");
     EXPECT_TRUE(Has(picture, R"(d="M0.00 10.50L10.00 10.50L10.00 0.00L0.00 10.50Z"/>)")) << picture;
     EXPECT_TRUE(Has(picture, ">Mill</text>"));
+    EXPECT_TRUE(Has(picture, R"( width="1000.00" height="543.27" viewBox="-0.40 -0.40 20.80 11.30")"))
+        << picture;
 }
 
 TEST(Grpinfo, DamageEndsWithPlaceAndStatusOne) {

@@ -25,96 +25,88 @@ std::string Member(const std::string& content) {
     return Collection("<gml:featureMember> <a:F gml:id=\"i\">" + content + "</a:F> </gml:featureMember>");
 }
 
+/// An element of GML.
+std::string Gml(const std::string& name, const std::string& content, const std::string& attributes = "") {
+    return "<gml:" + name + attributes + ">" + content + "</gml:" + name + ">";
+}
+std::string List(const std::string& values) {
+    return Gml("posList", values);
+}
+std::string Line(const std::string& values, const std::string& attributes = "") {
+    return Gml("LineString", List(values), attributes);
+}
+std::string Ring(const std::string& kind, const std::string& values) {
+    return Gml(kind, Gml("LinearRing", List(values)));
+}
+
+const std::string point = Gml("Point", Gml("pos", "1 2"));
+
+using Case = std::pair<std::string, const char*>;
+void ExpectEntities(const std::string& text, const char* entities) {
+    GmlOffice office;
+    EXPECT_EQ(office.Import(text), entities) << text;
+    EXPECT_TRUE(office.ui.messages.empty());
+}
+
 TEST(GmlXml, GeometryOfEveryLayout) {
-    const std::string square =
-        "<gml:exterior><gml:LinearRing><gml:posList>0 0 9 0 9 9 0 0</gml:posList>"
-        "</gml:LinearRing></gml:exterior>";
-    const std::string hole =
-        "<gml:interior><gml:LinearRing><gml:posList>1 1 2 1 2 2 1 1</gml:posList>"
-        "</gml:LinearRing></gml:interior>";
-    const std::pair<std::string, const char*> cases[] = {
-        {"<gml:Point><gml:coordinates>1.5,2.5,9</gml:coordinates></gml:Point>", "F * 1.5,2.5\n"},
-        {"<gml:Point><gml:coord><gml:X>1</gml:X>\n<gml:Y>2</gml:Y><gml:Z>3</gml:Z></gml:coord></gml:Point>",
-         "F * 1,2\n"},
-        {"<gml:LineString><gml:coordinates>1,2\n 3,4\t5,6 </gml:coordinates></gml:LineString>",
-         "F 1,2 3,4 5,6\n"},
-        {"<gml:LineString><gml:coordinates decimal=',' cs=';' ts='|'>1,5;2|+3;4e1</gml:coordinates>"
-         "</gml:LineString>",
+    const std::string square = Ring("exterior", "0 0 9 0 9 9 0 0"),
+                      hole = Ring("interior", "1 1 2 1 2 2 1 1"), polygon = Gml("Polygon", square),
+                      three = " srsDimension='3'",
+                      segments = Gml("segments", Gml("LineStringSegment", List("1 2 3 4")) +
+                                                     Gml("LineStringSegment", List("3 4 5 6"))),
+                      box = Gml("boundedBy", Gml("Envelope", Gml("pos", "7 7")));
+    const Case cases[] = {
+        {Gml("Point", Gml("coordinates", "1.5,2.5,9")), "F * 1.5,2.5\n"},
+        {Gml("Point", Gml("coord", Gml("X", "1") + "\n" + Gml("Y", "2") + Gml("Z", "3"))), "F * 1,2\n"},
+        {Gml("LineString", Gml("coordinates", "1,2\n 3,4\t5,6 ")), "F 1,2 3,4 5,6\n"},
+        {Gml("LineString", Gml("coordinates", "1,5;2|+3;4e1", " decimal=',' cs=';' ts='|'")),
          "F 1.5,2 3,40\n"},
-        {"<gml:LineString><gml:pos>1 2 9</gml:pos><gml:pos>3 4 9</gml:pos></gml:LineString>", "F 1,2 3,4\n"},
-        {"<gml:LineString srsDimension='3'><gml:posList>1 2 9 3 4 9</gml:posList></gml:LineString>",
-         "F 1,2 3,4\n"},
-        {"<gml:LineString><gml:posList srsDimension='3'>1 2 9 3<!-- c --> 4<![CDATA[ 9]]></gml:posList>"
-         "</gml:LineString>",
-         "F 1,2 3,4\n"},
+        {Gml("LineString", Gml("pos", "1 2 9") + Gml("pos", "3 4 9")), "F 1,2 3,4\n"},
+        {Line("1 2 9 3 4 9", three), "F 1,2 3,4\n"},
+        {Gml("LineString", Gml("posList", "1 2 9 3<!-- c --> 4<![CDATA[ 9]]>", three)), "F 1,2 3,4\n"},
         {"<Point xmlns='http://www.opengis.net/gml/3.2'><pos>1 2</pos></Point>", "F * 1,2\n"},
-        {"<gml:MultiSurface><gml:surfaceMember><gml:Polygon>" + square + hole + hole +
-             "</gml:Polygon></"
-             "gml:surfaceMember><gml:surfaceMember><gml:Surface><gml:patches><gml:PolygonPatch>" +
-             square +
-             "</gml:PolygonPatch></gml:patches></gml:Surface></gml:surfaceMember></gml:MultiSurface>",
+        {Gml("MultiSurface",
+             Gml("surfaceMember", Gml("Polygon", square + hole + hole)) +
+                 Gml("surfaceMember", Gml("Surface", Gml("patches", Gml("PolygonPatch", square))))),
          "F 0,0 9,0 9,9 0,0 MPOLY=1\nF 1,1 2,1 2,2 1,1 MPOLY=1 ISHOLE=1\nF 1,1 2,1 2,2 1,1 MPOLY=1 ISHOLE=1\n"
          "F 0,0 9,0 9,9 0,0 MPOLY=2\n"},
-        {"<gml:Curve><gml:segments><gml:LineStringSegment><gml:posList>1 2 3 4</gml:posList>"
-         "</gml:LineStringSegment><gml:LineStringSegment><gml:posList>3 4 5 6</gml:posList>"
-         "</gml:LineStringSegment></gml:segments></gml:Curve>",
-         "F 1,2 3,4 5,6\n"},
-        {"<gml:Polygon><gml:exterior><gml:Ring><gml:curveMember><gml:LineString><gml:posList>0 0 9 0 9 9"
-         "</gml:posList></gml:LineString></gml:curveMember><gml:curveMember><gml:OrientableCurve "
-         "orientation='-'>"
-         "<gml:baseCurve><gml:LineString><gml:posList>0 0 0 9 9 "
-         "9</gml:posList></gml:LineString></gml:baseCurve>"
-         "</gml:OrientableCurve></gml:curveMember></gml:Ring></gml:exterior></gml:Polygon>",
+        {Gml("Curve", segments), "F 1,2 3,4 5,6\n"},
+        {Gml("OrientableCurve", Gml("Curve", segments), " orientation='-'"), "F 5,6 3,4 1,2\n"},
+        {Gml("Polygon",
+             Gml("exterior", Gml("Ring", Gml("curveMember", Line("0 0 9 0 9 9")) +
+                                             Gml("curveMember", Gml("OrientableCurve", Line("0 0 0 9 9 9"),
+                                                                    " orientation='-'"))))),
          "F 0,0 9,0 9,9 0,9 0,0\n"},
-        {"<gml:LineString><gml:coordinates>1 2, 3 4</gml:coordinates></gml:LineString>", "F 1,2 3,4\n"},
-        {"<gml:LineString srsName='EPSG:7405'><gml:posList>1 2 9 3 4 9</gml:posList></gml:LineString>",
+        {Gml("LineString", Gml("coordinates", "1 2, 3 4")), "F 1,2 3,4\n"},
+        {Line("1 2 9 3 4 9", " srsName='EPSG:7405'"), "F 1,2 3,4\n"},
+        {Gml("boundedBy", Gml("Envelope", "", " srsName='EPSG:27700' srsDimension='3'")) +
+             Line("1 2 9 3 4 9", " srsName='EPSG:27700'"),
          "F 1,2 3,4\n"},
-        {"<gml:boundedBy><gml:Envelope srsName='EPSG:27700' "
-         "srsDimension='3'/></gml:boundedBy><gml:LineString "
-         "srsName='EPSG:27700'><gml:posList>1 2 9 3 4 9</gml:posList></gml:LineString>",
+        {Gml("MultiCurve", Gml("curveMember", Line("1 2 3 4", " srsName='EPSG:27700'")),
+             " srsName='EPSG:7405' srsDimension='3'"),
          "F 1,2 3,4\n"},
-        {"<gml:MultiCurve srsName='EPSG:7405' srsDimension='3'><gml:curveMember><gml:LineString "
-         "srsName='EPSG:27700'><gml:posList>1 2 3 4</gml:posList></gml:LineString></gml:curveMember>"
-         "</gml:MultiCurve>",
-         "F 1,2 3,4\n"},
-        {"<a:ElevatedPoint srsDimension='3'><gml:pos>1 2 3</gml:pos><a:elevation>8</a:elevation>"
-         "</a:ElevatedPoint>",
+        {"<a:ElevatedPoint srsDimension='3'>" + Gml("pos", "1 2 3") +
+             "<a:elevation>8</a:elevation></a:ElevatedPoint>",
          "F * 1,2 elevation=8\n"},
-        {"<a:ElevatedCurve><gml:segments><gml:LineStringSegment><gml:posList>1 2 3 4</gml:posList>"
-         "</gml:LineStringSegment><gml:LineStringSegment><gml:posList>3 4 5 6</gml:posList>"
-         "</gml:LineStringSegment></gml:segments></a:ElevatedCurve>",
-         "F 1,2 3,4 5,6\n"},
-        {"<a:boundedBy><a:Wall><gml:MultiSurface><gml:surfaceMember><gml:Polygon>" + square +
-             "</gml:Polygon></gml:surfaceMember></gml:MultiSurface></a:Wall></a:boundedBy>",
+        {"<a:ElevatedCurve>" + segments + "</a:ElevatedCurve>", "F 1,2 3,4 5,6\n"},
+        {"<a:boundedBy><a:Wall>" + Gml("MultiSurface", Gml("surfaceMember", polygon)) +
+             "</a:Wall></a:boundedBy>",
          "F 0,0 9,0 9,9 0,0\n"},
-        {"<gml:boundedBy><gml:Box><gml:coordinates>0,0 1,1</gml:coordinates></gml:Box></gml:boundedBy>"
-         "<a:extent><gml:Polygon><gml:boundedBy><gml:Envelope><gml:pos>7 7</gml:pos></gml:Envelope>"
-         "</gml:boundedBy>" +
-             square + "</gml:Polygon></a:extent>",
+        {Gml("boundedBy", Gml("Box", Gml("coordinates", "0,0 1,1"))) + "<a:extent>" +
+             Gml("Polygon", box + square) + "</a:extent>",
          "F 0,0 9,0 9,9 0,0\n"},
     };
-    GmlOffice office;
-    for (const auto& [geometry, entities] : cases) {
-        EXPECT_EQ(office.Import(Member("<a:geometry>" + geometry + "</a:geometry>")), entities) << geometry;
-        EXPECT_TRUE(office.ui.messages.empty());
-        EXPECT_EQ(office.imported.layerCount(), 2U);
-    }
+    for (const auto& [geometry, entities] : cases)
+        ExpectEntities(Member("<a:geometry>" + geometry + "</a:geometry>"), entities);
 }
 
 TEST(GmlXml, OnlyTheLastPartWhenRingsAreOff) {
-    GmlOffice office;
-    EXPECT_EQ(
-        office.Import(Member("<gml:Polygon><gml:exterior><gml:LinearRing><gml:posList>0 0 9 0 0 0"
-                             "</gml:posList></gml:LinearRing></gml:exterior><gml:interior><gml:LinearRing>"
-                             "<gml:pos>1 1</gml:pos><gml:pos>2 2</gml:pos></gml:LinearRing></gml:interior>"
-                             "</gml:Polygon>"),
-                      false),
-        "F 1,1 2,2\n");
+    std::string polygon = Gml("Polygon", Ring("exterior", "0 0 9 0 0 0") + Ring("interior", "1 1 2 2"));
+    EXPECT_EQ(GmlOffice().Import(Member(polygon), false), "F 1,1 2,2\n");
 }
 
 TEST(GmlXml, ElementsWithoutChildrenAreProperties) {
-    const std::string point = "<gml:Point><gml:pos>1 2</gml:pos></gml:Point>";
-    const std::pair<std::string, const char*> cases[] = {
+    const Case cases[] = {
         {"<a:name>\n  High St &amp; 2:30 </a:name><gml:description>d</gml:description><a:at>" + point +
              "</a:at>",
          "F * 1,2 name=High St & 2:30 description=d\n"},
@@ -123,34 +115,18 @@ TEST(GmlXml, ElementsWithoutChildrenAreProperties) {
          "F * 1,2 date=2001 why=New Point=x empty= kind=#k\n"},
         {"<a:t>1</a:t>" + point + "<a:t>2</a:t>", "F * 1,2 t=1 t=2\n"},
     };
-    GmlOffice office;
-    for (const auto& [content, entities] : cases) {
-        EXPECT_EQ(office.Import(Member(content)), entities) << content;
-    }
+    for (const auto& [content, entities] : cases) ExpectEntities(Member(content), entities);
 }
 
-TEST(GmlXml, MembersOfEveryKind) {
-    const std::string f = "<a:F><gml:Point><gml:pos>1 2</gml:pos></gml:Point></a:F>";
-    const std::pair<std::string, const char*> cases[] = {
-        {"<gml:featureMembers>" + f + f + "</gml:featureMembers>", "F * 1,2\nF * 1,2\n"},
-        {"<wfs:member><wfs:FeatureCollection><wfs:member>" + f +
-             "</wfs:member></wfs:FeatureCollection></wfs:member>"
-             "<member>" +
-             f + "</member>",
+TEST(GmlXml, FeaturesInAndOutsideOfMembers) {
+    const std::string gml = " xmlns:gml='http://www.opengis.net/gml'", f = "<a:F>" + point + "</a:F>",
+                      road = "<Road><n>x</n><at>" + point + "</at></Road>";
+    const Case cases[] = {
+        {Collection(Gml("featureMembers", f + f)), "F * 1,2\nF * 1,2\n"},
+        {Collection("<wfs:member><wfs:FeatureCollection><wfs:member>" + f +
+                    "</wfs:member></wfs:FeatureCollection></wfs:member><member>" + f + "</member>"),
          "F * 1,2\nF * 1,2\n"},
-        {"<gml:boundedBy><gml:Envelope/></gml:boundedBy>", ""},
-    };
-    GmlOffice office;
-    for (const auto& [members, entities] : cases) {
-        EXPECT_EQ(office.Import(Collection(members)), entities) << members;
-    }
-}
-
-TEST(GmlXml, FeaturesOutsideOfMembers) {
-    const std::string gml = " xmlns:gml='http://www.opengis.net/gml'";
-    const std::string point = "<gml:Point><gml:pos>1 2</gml:pos></gml:Point>";
-    const std::string road = "<Road><n>x</n><at>" + point + "</at></Road>";
-    const std::pair<std::string, const char*> cases[] = {
+        {Collection(Gml("boundedBy", Gml("Envelope", ""))), ""},
         {Collection("<name>c</name>" + road + "<member>" + road + "</member>" + road),
          "Road * 1,2 n=x\nRoad * 1,2 n=x\nRoad * 1,2 n=x\n"},
         {Collection("<extent>" + point + "</extent><F>" + point + "</F>"), "F * 1,2\n"},
@@ -162,8 +138,7 @@ TEST(GmlXml, FeaturesOutsideOfMembers) {
         {Collection("<m:member>" + point + "</m:member>"), "Point * 1,2\n"},
         {"<Road" + gml + "><n>x</n></Road>", ""},
     };
-    GmlOffice office;
-    for (const auto& [text, entities] : cases) EXPECT_EQ(office.Import(text), entities) << text;
+    for (const auto& [text, entities] : cases) ExpectEntities(text, entities);
 }
 
 TEST(GmlXml, Encodings) {
@@ -200,10 +175,8 @@ std::string Refusal(GmlOffice& office, const std::string& bytes) {
 }
 
 TEST(GmlXml, WhatIsRefused) {
-    auto line = [](const std::string& points) {
-        return Member("<gml:LineString>\n<gml:posList>" + points + "</gml:posList></gml:LineString>");
-    };
-    const std::string good = Member("<gml:Point><gml:pos>1 2</gml:pos></gml:Point>"), large(2 << 20, 'x');
+    auto line = [](const std::string& points) { return Member(Gml("LineString", "\n" + List(points))); };
+    const std::string good = Member(point), large(2 << 20, 'x');
     std::string deep, names;
     for (int i = 0; i < 300; ++i) deep += "<a>";
     for (int i = 0; i < 100000; ++i) names += "<name" + std::to_string(i) + "/>";
@@ -230,9 +203,8 @@ TEST(GmlXml, WhatIsRefused) {
         {line("1 2 3 nan"), "\"nan\" is not a coordinate"},
         {line("1 2 3"), "line 3: the last of 2 points lacks values"},
         {line(std::string(5000, '1')), "more than 4,096 characters"},
-        {Member("<gml:Point><gml:coordinates>1</gml:coordinates></gml:Point>"), "has one value only"},
-        {Member("<gml:LineString srsDimension='1000000'><gml:posList>1 2</gml:posList></gml:LineString>"),
-         "srsDimension"},
+        {Member(Gml("Point", Gml("coordinates", "1"))), "has one value only"},
+        {Member(Line("1 2", " srsDimension='1000000'")), "srsDimension"},
         {"<c a='" + large + "'/>", "a tag or comments of more than 64 KB"},
         {"<c><!--" + large + "--></c>", "more than 1 MB"},
         {"<c><![CDATA[" + large + "]]></c>", "more than 1 MB"},
@@ -246,10 +218,7 @@ TEST(GmlXml, WhatIsRefused) {
         {Member("<n>" + std::string(1 << 20, 'x') + "</n><gml:MultiSurface>" +
                 [] {
                     std::string surfaces;
-                    for (int i = 0; i < 500; ++i)
-                        surfaces +=
-                            "<gml:Polygon><gml:exterior><gml:LinearRing><gml:pos>1 2</gml:pos>"
-                            "</gml:LinearRing></gml:exterior></gml:Polygon>";
+                    for (int i = 0; i < 500; ++i) surfaces += Gml("Polygon", Ring("exterior", "1 2"));
                     return surfaces;
                 }() +
                 "</gml:MultiSurface>"),
@@ -265,8 +234,7 @@ TEST(GmlXml, WhatIsRefused) {
 }
 
 TEST(GmlXml, WhatIsWellFormed) {
-    const std::string point = "<gml:Point><gml:pos>1 2</gml:pos></gml:Point>";
-    const std::pair<std::string, const char*> cases[] = {
+    const Case cases[] = {
         {"<n>a\r\nb\rc<![CDATA[<&\r\n]]>]]&lt;&gt;&amp;&quot;&apos;&#xE9;<?p q?><!-- c --></n>",
          " n=a\nb\nc<&\n]]<>&\"'\xC3\xA9"},
         {"<n xlink:href='a&amp;&#98;\r\nc'/>", " n=a&b c"},
@@ -284,7 +252,7 @@ TEST(GmlXml, WhatIsWellFormed) {
 }
 
 TEST(GmlXml, FeaturesBeforeAnErrorAreTaken) {
-    std::string member = "<member><F><gml:Point><gml:pos>1 2</gml:pos></gml:Point></F></member>";
+    std::string member = "<member><F>" + point + "</F></member>";
     GmlOffice office;
     EXPECT_NE(Refusal(office, "<c>" + member + member + "<member><F></member>"), "");
     EXPECT_EQ(office.Entities(), "F * 1,2\nF * 1,2\n");
@@ -339,7 +307,7 @@ TEST(GmlXml, ErrorsNameTheFileAndLeaveTheOldDrawing) {
 
 TEST(GmlXml, CompressedFilesGiveTheirDrawingTheirOwnName) {
     GmlOffice office;
-    std::string text = Member("<gml:Point><gml:pos>1 2</gml:pos></gml:Point>");
+    std::string text = Member(point);
     std::size_t half = text.size() / 2;  // a file of two members
     office.folder.Write("Roads.gml.gz", test::Gzip(text.substr(0, half)) + test::Gzip(text.substr(half)));
     EXPECT_TRUE(office.Start("Roads.gml.gz").target.ends_with("\\Roads.VDF"));
@@ -361,9 +329,8 @@ TEST(GmlXml, TextMayBeCutAnywhere) {
 }
 
 TEST(GmlXml, DamagedBytesGiveAnErrorOrADrawing) {
-    const std::string text = Member(
-        "<a:n k='v'>&amp;</a:n><gml:Polygon><gml:exterior><gml:LinearRing><gml:posList>"
-        "0 0 9 0 0 0</gml:posList></gml:LinearRing></gml:exterior></gml:Polygon>");
+    const std::string text =
+        Member("<a:n k='v'>&amp;</a:n>" + Gml("Polygon", Ring("exterior", "0 0 9 0 0 0")));
     const std::string packed = test::Gzip(text);
     GmlOffice office;
     for (std::size_t i = 0; i < packed.size(); ++i) {

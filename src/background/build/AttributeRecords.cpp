@@ -2,18 +2,23 @@
 // SPDX-License-Identifier: MIT
 #include "background/build/AttributeRecords.h"
 
+#include "background/package/TileGrid.h"
+
 #include <cmath>
 
 namespace vexlator::background {
 
 namespace {
 
-/// Nothing for an entity that lies nowhere: its square would lead to the origin.
-std::optional<Box> BoxOf(const drawing::Entity& entity) {
-    drawing::Box box = entity.extents();
-    bool isFinite = std::isfinite(box.minX + box.minY + box.maxX + box.maxY);
-    if (entity.vertexCount() == 0 || !isFinite) return std::nullopt;
-    return Box{box.minX, box.minY, box.maxX, box.maxY};
+/// Nothing for an entity that lies nowhere, as its square would lead to the origin, or where a package has no
+/// tiles.
+std::optional<Box> BoxOf(const drawing::Entity& entity, double tileSize) {
+    drawing::Box extents = entity.extents();
+    bool isFinite = std::isfinite(extents.minX + extents.minY + extents.maxX + extents.maxY);
+    if (entity.vertexCount() == 0 || !isFinite || extents.minX < 0 || extents.minY < 0) return std::nullopt;
+    Box box{extents.minX, extents.minY, extents.maxX, extents.maxY};
+    if (!TileNumber(TileSizeFor(tileSize, box.Size()), {box.maxX, box.maxY})) return std::nullopt;
+    return box;
 }
 
 }  // namespace
@@ -32,9 +37,17 @@ std::optional<std::int32_t> AttributeRecords::WriteRecord(const drawing::Entity&
     values_.clear();
     for (drawing::ValueCursor values = entity.xproperties().values(); !values.AtEnd();)
         values_.push_back(values.Next());
-    if (columns.search != none && !values_[columns.search].empty())
-        if (auto box = BoxOf(entity)) writer_.Search().Add(values_[columns.search], *box);
     return group ? WriteListed(*group, columns) : WriteFree(entity);
+}
+
+void AttributeRecords::AddToSearch(const drawing::Entity& entity) {
+    if (searchField_.empty() || entity.xproperties().count() == 0) return;
+    std::size_t column = ColumnsOf(entity, GroupOf(entity.layerName())).search;
+    if (column == none) return;
+    drawing::XProperty property = entity.xproperties().item(column);
+    std::string_view value = property.value();
+    if (value.empty()) return;
+    if (auto box = BoxOf(entity, writer_.DefaultTileSize())) writer_.Search().Add(value, *box);
 }
 
 const AttributeList::Group* AttributeRecords::GroupOf(const std::string& layer) {

@@ -24,6 +24,8 @@ public:
     /// Writes a record for every entity of the chunk that has attributes: those of a listed layer have the
     /// values of the layer's fields, all others every attribute with its name.
     void Write(drawing::Drawing& chunk);
+    /// Gives the gazetteer its value of an entity, unless it lies where a package has no tiles.
+    void AddToSearch(const drawing::Entity& entity);
     /// The number of the record of an entity of that chunk; 0 when it has none.
     std::int32_t NumberOf(const drawing::Entity& entity) const {
         return entity.index() < numbers_.size() ? numbers_[entity.index()] : 0;

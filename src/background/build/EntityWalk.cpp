@@ -63,6 +63,7 @@ std::uint64_t EntityWalk::Run() {
                 hasDeeper_ = true;
             else
                 Take(item);
+            if (!writer_.IsCounted()) headers_.AddToSearch(item.entity);
         });
     });
     for (int depth = 0; depth <= deepestSymbol && hasDeeper_; ++depth) {

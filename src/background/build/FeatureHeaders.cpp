@@ -60,6 +60,10 @@ void FeatureHeaders::WriteRecords(drawing::Drawing& chunk) {
     if (kind_ == DrawingKind::Attributed) records_.Write(chunk);
 }
 
+void FeatureHeaders::AddToSearch(const drawing::Entity& entity) {
+    if (kind_ == DrawingKind::Attributed) records_.AddToSearch(entity);
+}
+
 void FeatureHeaders::WriteLayers(const drawing::Drawing& drawing, PackageWriter& writer) {
     for (const drawing::Layer& layer : drawing.layers())
         layerNumbers_[&layer.name] = writer.Layers().AddLayer(layer.name);

@@ -40,9 +40,11 @@ public:
     /// @throws platform::ReadError for a damaged drawing
     FeatureHeaders(config::Run& run, const BuildSettings& settings, drawing::DrawingFile& drawing,
                    PackageWriter& writer);
-    /// Writes the records of a chunk's entities into the layer file, and gathers the gazetteer. Each chunk in
-    /// turn, before the headers of its entities are asked for.
+    /// Writes the records of a chunk's entities into the layer file. Each chunk in turn, before the headers
+    /// of its entities are asked for.
     void WriteRecords(drawing::Drawing& chunk);
+    /// Gives the gazetteer its value of an entity, unless it lies where a package has no tiles.
+    void AddToSearch(const drawing::Entity& entity);
 
     bool IsClassifiedMode() const { return isClassifiedMode_; }
     bool IsHidden(const std::string& layer) { return LookOf(layer).isHidden; }

@@ -241,7 +241,10 @@ void Proof::NoteKeys(const Tile& tile, const Element& element) {
 
 /// Features that have identifiers, or classes, have their keys from these.
 void Proof::ProveKeys() const {
-    if (!stray_ || records_.count == 0 || records_.hasIdentifiers || isClassified_) return;
+    if (!stray_ || records_.hasIdentifiers || isClassified_) return;
+    if (!platform::FileExists(package_.Companion("LAY")))
+        Fail(*stray_->tile, stray_->offset + 5,
+             "key " + std::to_string(stray_->key) + ", but the layer file is missing");
     Fail(*stray_->tile, stray_->offset + 5,
          "key " + std::to_string(stray_->key) + ", but the layer file has " +
              util::Counted(records_.count, "record"));

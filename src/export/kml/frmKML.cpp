@@ -61,6 +61,13 @@ config::Outcome frmKML::Start(std::string_view drawingPath, std::string_view tar
     begun.outcome.target = util::JoinPath(targetPath, name + ".KML");
     KmlSettings settings = ReadSettings(run_, targetPath);
     if (settings.web) MakeThumbnails(run_, targetPath);
+    if (!WriteFile(begun, settings, name)) return begun.outcome;
+    if (run_.Settings().AutoLaunchExport) Launch(settings.web, begun.outcome.target);
+    util::Pause(run_.Ui(), 1);
+    return begun.outcome;
+}
+
+bool frmKML::WriteFile(BegunExport& begun, const KmlSettings& settings, const std::string& name) {
     coords::frmLatLng converter(run_);
     std::vector<ExportLayer> layers = FindLayers(begun, LayerZero::Skip);
     platform::OutputFile file(begun.outcome.target);
@@ -81,13 +88,11 @@ config::Outcome frmKML::Start(std::string_view drawingPath, std::string_view tar
         run_.Ui().ShowMessage(platform::NativePath(begun.outcome.target) +
                               ": not written, because none of its placemarks would have a place");
         begun.outcome.status = config::Outcome::Status::Failed;
-        return begun.outcome;
+        return false;
     }
     writer.Finish();
     file.Commit();
-    if (run_.Settings().AutoLaunchExport) Launch(settings.web, begun.outcome.target);
-    util::Pause(run_.Ui(), 1);
-    return begun.outcome;
+    return true;
 }
 
 void frmKML::Launch(bool web, std::string_view kmlPath) try {

@@ -5,9 +5,13 @@
 #include "config/Keys.h"
 #include "config/Outcome.h"
 
+#include <string>
 #include <string_view>
 
 namespace vexlator::exporter {
+
+struct BegunExport;
+struct KmlSettings;
 
 /// A drawing becomes one KML document in latitude and longitude for virtual globes, with thumbnails of its
 /// photographs where these are published on a web server.
@@ -20,6 +24,8 @@ public:
     config::Outcome Start(std::string_view drawingPath, std::string_view targetPath);
 
 private:
+    /// False where no placemark has a place: then no file appears.
+    bool WriteFile(BegunExport& begun, const KmlSettings& settings, const std::string& name);
     void Launch(bool web, std::string_view kmlPath);
     void Publish(std::string_view kmlPath);
 

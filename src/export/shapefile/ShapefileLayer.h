@@ -23,7 +23,7 @@ struct ShapefileSettings {
     bool suppressNA = false;  ///< values "NA" are written empty
     bool latLng = false;      ///< coordinates in degrees, x longitude and y latitude
     std::string projection;   ///< file of the program folder's Resources, copied beside each layer; empty:
-                              ///< ESRI.PRJ or, for layers in degrees, WGS 84
+                              ///< the drawings' system or, for layers in degrees, WGS 84
 };
 
 /// The shapefile of one layer while it is written: geometry, index and attribute table.

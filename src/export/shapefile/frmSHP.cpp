@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "export/shapefile/frmSHP.h"
 
+#include "coords/DrawingProjection.h"
 #include "coords/frmLatLng.h"
 #include "export/LayerLoop.h"
 #include "export/shapefile/ShapefileLayer.h"
@@ -11,6 +12,8 @@
 
 #include <deque>
 #include <memory>
+#include <optional>
+#include <string>
 
 namespace vexlator::exporter {
 
@@ -20,8 +23,9 @@ using Keys = config::Keys<ShapefileSettings>;
 
 constexpr config::KeyOf<ShapefileSettings> keys[] = {
     Keys::Flag("SHPout", "LL", &ShapefileSettings::latLng, "shapefile exports in latitude/longitude"),
-    Keys::Text("SHPout", "PRJ", &ShapefileSettings::projection, "projection file in the folder Resources",
-               "ESRI.PRJ; with LL, WGS 84, which needs no file"),
+    Keys::Text("SHPout", "PRJ", &ShapefileSettings::projection, "projection file in the folder Resources, for every .PRJ",
+               "with LL, WGS 84; else the coordinate system that [GPS] TRANSFORMATION defines; without a definition "
+               "ESRI.PRJ, which holds the British National Grid"),
 };
 
 ShapefileSettings ReadSettings(const config::Run& run) {
@@ -30,17 +34,39 @@ ShapefileSettings ReadSettings(const config::Run& run) {
     return settings;
 }
 
-/// WGS 84 (EPSG:4326) in the names of ESRI's well-known text: what conversions to degrees result in.
-constexpr std::string_view worldGeodeticSystem =
-    R"wkt(GEOGCS["GCS_WGS_1984",DATUM["D_WGS_1984",SPHEROID["WGS_1984",6378137.0,298.257223563]],)wkt"
-    R"wkt(PRIMEM["Greenwich",0.0],UNIT["Degree",0.0174532925199433]])wkt";
+/// What goes into the .PRJ files.
+class Projections {
+public:
+    Projections(config::Run& run, const std::string& chosenFile) {
+        std::optional<std::string> defined;
+        if (chosenFile.empty()) defined = coords::DrawingProjection(run);
+        drawing_ = defined ? *defined : ReadFile(run, chosenFile.empty() ? "ESRI.PRJ" : chosenFile);
+        degrees_ = chosenFile.empty() ? coords::DegreesProjection() : drawing_;
+        isUnknown_ = defined && defined->empty();
+    }
+    /// "" where no .PRJ is written.
+    const std::string& TextFor(const ShapefileLayer& layer) {
+        isMissed_ |= isUnknown_ && !layer.IsInDegrees();
+        return layer.IsInDegrees() ? degrees_ : drawing_;
+    }
+    void Report(config::Run& run) const {
+        if (isMissed_)
+            run.Ui().Report(
+                "no .PRJ: [GPS] TRANSFORMATION does not say which coordinate system the "
+                "drawing is in ([SHPout] PRJ may name a file that does)");
+    }
 
-/// The bytes of the projection file; none when there is no such file.
-std::string ReadProjection(const config::Run& run, const std::string& name) {
-    std::string path = util::JoinPath(util::JoinPath(run.Settings().ProgramFolder, "Resources"), name);
-    if (util::FileSize(path) == 0) return "";
-    return std::string(platform::MappedFile(path).Text());
-}
+private:
+    /// The bytes of the projection file; none when there is no such file.
+    static std::string ReadFile(const config::Run& run, const std::string& name) {
+        std::string resources = util::JoinPath(run.Settings().ProgramFolder, "Resources");
+        std::string path = util::JoinPath(resources, name);
+        return util::FileSize(path) == 0 ? "" : std::string(platform::MappedFile(path).Text());
+    }
+
+    std::string drawing_, degrees_;
+    bool isUnknown_ = false, isMissed_ = false;
+};
 
 }  // namespace
 
@@ -48,8 +74,7 @@ config::Outcome frmSHP::Start(std::string_view drawingPath, std::string_view tar
     BegunExport begun = BeginExport(run_, "frmSHP", drawingPath, targetPath);
     if (begun.IsStopped()) return begun.outcome;
     ShapefileSettings settings = ReadSettings(run_);
-    bool isChosen = !settings.projection.empty();
-    std::string projection = ReadProjection(run_, isChosen ? settings.projection : "ESRI.PRJ");
+    Projections projections(run_, settings.projection);
     std::unique_ptr<coords::frmLatLng> converter;
     if (settings.latLng) converter = std::make_unique<coords::frmLatLng>(run_);
 
@@ -59,8 +84,7 @@ config::Outcome frmSHP::Start(std::string_view drawingPath, std::string_view tar
     for (const ExportLayer& layer : layers)
         shapefiles.emplace_back(run_, settings, converter.get(), layer, targetPath, files);
     auto writeProjection = [&](std::size_t layer) {
-        bool degrees = !isChosen && shapefiles[layer].IsInDegrees();
-        std::string_view text = degrees ? worldGeodeticSystem : projection;
+        const std::string& text = projections.TextFor(shapefiles[layer]);
         if (!text.empty()) files.Add(util::JoinPath(targetPath, layers[layer].fileName + ".PRJ")).Write(text);
     };
     WriteLayers(
@@ -70,6 +94,7 @@ config::Outcome frmSHP::Start(std::string_view drawingPath, std::string_view tar
             writeProjection(layer);
             return records;
         });
+    projections.Report(run_);
     files.Commit();
     return begun.outcome;
 }

@@ -15,17 +15,6 @@ namespace {
 
 using platform::ReadError;
 
-constexpr std::string_view gmlNamespace = "http://www.opengis.net/gml";
-constexpr std::size_t mostPrefixes = 16;
-constexpr std::size_t mostText = std::size_t{64} << 20;
-constexpr std::size_t propertyCost = sizeof(GmlProperty);
-
-std::string_view Attribute(XmlAttributes attributes, std::string_view name) {
-    for (const XmlAttribute& attribute : attributes)
-        if (attribute.name == name) return attribute.value;
-    return {};
-}
-
 /// The digits of "osgb1000000347615112"; "" for another identifier.
 std::string_view ToidDigits(std::string_view identifier) {
     if (!identifier.starts_with("osgb")) return {};
@@ -42,28 +31,28 @@ void GmlXmlReader::ReadFeatures(const Take& take) {
 }
 
 void GmlXmlReader::StartElement(std::string_view name, XmlAttributes attributes) {
-    NotePrefixes(attributes);
-    Open open;
-    open.scope = Scope::Skipped;
-    open.isGml = IsGml(name);
+    namespaces_.Note(attributes);
+    GmlOpenElement open;
+    open.scope = GmlScope::Skipped;
+    open.isGml = namespaces_.IsGml(name);
     if (!open_.empty()) open.reference = open_.back().reference;
-    Scope parent = open_.empty() ? Scope::Outside : open_.back().scope;
+    GmlScope parent = open_.empty() ? GmlScope::Outside : open_.back().scope;
     ReadReference(attributes, parent, open);
     switch (parent) {
-        case Scope::Outside:
+        case GmlScope::Outside:
             StartOutside(name, attributes, open);
             break;
-        case Scope::Holder:
+        case GmlScope::Holder:
             StartInHolder(name, attributes, open);
             break;
-        case Scope::Feature:
-        case Scope::Property:
+        case GmlScope::Feature:
+        case GmlScope::Property:
             StartInFeature(name, attributes, open);
             break;
-        case Scope::Geometry:
+        case GmlScope::Geometry:
             StartInGeometry(name, attributes, open);
             break;
-        case Scope::Skipped:
+        case GmlScope::Skipped:
             StartInBoundedBy(ElementOf(name, open), open);
             break;
     }
@@ -71,62 +60,45 @@ void GmlXmlReader::StartElement(std::string_view name, XmlAttributes attributes)
 }
 
 void GmlXmlReader::EndElement() {
-    Open open = open_.back();
+    GmlOpenElement open = open_.back();
     open_.pop_back();
-    if (open.scope == Scope::Outside) EndOuterElement();
-    if (open.scope == Scope::Feature) EndFeature();
-    if (open.scope == Scope::Property) EndProperty();
-    if (open.scope == Scope::Geometry) EndGeometry(open);
+    if (open.scope == GmlScope::Outside) EndOuterElement();
+    if (open.scope == GmlScope::Feature) EndFeature();
+    if (open.scope == GmlScope::Property) properties_.End();
+    if (open.scope == GmlScope::Geometry) geometry_.End(open);
     if (open.isFeature) EndFeature();
     if (outer_.size() > open_.size()) outer_.pop_back();
 }
 
 void GmlXmlReader::Text(std::string_view text) {
-    if (inCoordinates_) {
-        CoordinatesText(text);
-    } else if (inProperty_) {
-        CountText(text.size());
-        if (inProperty_) feature_.properties.back().value += text;
+    if (geometry_.TakesText()) {
+        geometry_.Text(text);
+    } else if (properties_.IsOpen()) {
+        MakeRoom(text.size());
+        if (properties_.IsOpen()) properties_.Append(text);
     }
-}
-
-// --- Namespaces
-
-void GmlXmlReader::NotePrefixes(XmlAttributes attributes) {
-    for (const auto& [name, uri] : attributes) {
-        if (name != "xmlns" && !name.starts_with("xmlns:")) continue;
-        std::string prefix(name.substr(std::min<std::size_t>(6, name.size())));
-        std::erase(gmlPrefixes_, prefix);
-        if (uri.starts_with(gmlNamespace) && gmlPrefixes_.size() < mostPrefixes)
-            gmlPrefixes_.push_back(std::move(prefix));
-    }
-}
-
-bool GmlXmlReader::IsGml(std::string_view name) const {
-    std::string_view prefix = PrefixOf(name);
-    return std::find(gmlPrefixes_.begin(), gmlPrefixes_.end(), prefix) != gmlPrefixes_.end();
 }
 
 /// The meaning of an element; that of another namespace has none.
-GmlElement GmlXmlReader::ElementOf(std::string_view name, const Open& open) {
+GmlElement GmlXmlReader::ElementOf(std::string_view name, const GmlOpenElement& open) {
     return open.isGml ? GmlElementNamed(LocalName(name)) : GmlElement::Other;
 }
 
-void GmlXmlReader::ReadReference(XmlAttributes attributes, Scope parent, Open& open) {
-    bool isRead = parent != Scope::Skipped || open_.back().element == GmlElement::BoundedBy;
+void GmlXmlReader::ReadReference(XmlAttributes attributes, GmlScope parent, GmlOpenElement& open) {
+    bool isRead = parent != GmlScope::Skipped || open_.back().element == GmlElement::BoundedBy;
     if (!isRead || attributes.empty() || rules_.lineLayout) return;
     references_.Read(attributes, open.reference);
 }
 
 /// The extent of a collection or a feature tells the coordinate system of all that follows in it.
-void GmlXmlReader::StartInBoundedBy(GmlElement element, const Open& open) {
+void GmlXmlReader::StartInBoundedBy(GmlElement element, const GmlOpenElement& open) {
     bool isExtent = open_.back().element == GmlElement::BoundedBy && element == GmlElement::Envelope;
     if (isExtent && open_.size() >= 2) open_[open_.size() - 2].reference = open.reference;
 }
 
 // --- Elements around features
 
-void GmlXmlReader::StartOutside(std::string_view name, XmlAttributes attributes, Open& open) {
+void GmlXmlReader::StartOutside(std::string_view name, XmlAttributes attributes, GmlOpenElement& open) {
     GmlElement element = ElementOf(name, open);
     open.element = element;
     if (element == GmlElement::BoundedBy || element == GmlElement::Envelope) return;
@@ -135,43 +107,44 @@ void GmlXmlReader::StartOutside(std::string_view name, XmlAttributes attributes,
         StartOuterElement(name, attributes, open);
         return;
     }
-    LeaveProperty();
+    properties_.Leave();
     std::size_t geometryDepth = open_.size() - (isContent ? 1 : 0);
     std::optional<GmlOwner> owner =
         ImplyFeature(geometryDepth, isContent ? outer_.back().name : std::string(name));
     if (!owner) return;
     (isContent ? open_.back() : open).isFeature = owner->isGeometryItself;
-    if (isContent) BecomeGeometry(element, open_.back());
-    StartGeometry(element, attributes, open);
+    if (isContent) geometry_.BecomeGeometry(element, open_.back());
+    geometry_.Start(element, attributes, open);
 }
 
-void GmlXmlReader::StartOuterElement(std::string_view name, XmlAttributes attributes, Open& open) {
-    LeaveProperty();
+void GmlXmlReader::StartOuterElement(std::string_view name, XmlAttributes attributes, GmlOpenElement& open) {
+    properties_.Leave();
     bool holdsFeatures = HoldsFeatures(LocalName(name));
-    open.scope = holdsFeatures ? Scope::Holder : Scope::Outside;
+    open.scope = holdsFeatures ? GmlScope::Holder : GmlScope::Outside;
     GmlOuterElement& element = outer_.emplace_back();
     element.name = name;
     element.identifier = IdentifierOf(attributes);
     element.isGml = open.isGml;
     element.holdsFeatures = holdsFeatures;
-    element.firstProperty = feature_.properties.size();
-    element.textBefore = textBytes_;
-    if (!holdsFeatures && !rules_.lineLayout) BeginProperty(name, attributes);
+    element.firstProperty = properties_.Count();
+    element.textBefore = properties_.Bytes();
+    if (holdsFeatures || rules_.lineLayout) return;
+    MakeRoom(name.size());
+    properties_.Begin(name, attributes);
 }
 
 /// Values of what ends here can only belong to an element around it, or to none below the root.
 void GmlXmlReader::EndOuterElement() {
     const GmlOuterElement& element = outer_.back();
-    if (inProperty_) {
+    if (properties_.IsOpen()) {
         if (outer_.size() >= 2 && !element.isGml) outer_[outer_.size() - 2].hasOwnValue = true;
-        EndProperty();
-    } else if (outer_.size() == 2 && element.firstProperty < feature_.properties.size()) {
-        feature_.properties.resize(element.firstProperty);
-        textBytes_ = element.textBefore;
+        properties_.End();
+    } else if (outer_.size() == 2 && element.firstProperty < properties_.Count()) {
+        properties_.KeepFirst(element.firstProperty, element.textBefore);
     }
 }
 
-void GmlXmlReader::StartInHolder(std::string_view name, XmlAttributes attributes, Open& open) {
+void GmlXmlReader::StartInHolder(std::string_view name, XmlAttributes attributes, GmlOpenElement& open) {
     open.element = ElementOf(name, open);
     if (open.element == GmlElement::BoundedBy) return;
     if (name.ends_with("FeatureCollection")) {
@@ -180,16 +153,15 @@ void GmlXmlReader::StartInHolder(std::string_view name, XmlAttributes attributes
     }
     ForgetFeature();
     BeginFeature(name, IdentifierOf(attributes));
-    open.scope = Scope::Feature;
+    open.scope = GmlScope::Feature;
     if (rules_.lineLayout || !BeginsGeometry(open.element)) return;
     open.isFeature = true;
-    StartGeometry(open.element, attributes, open);
+    geometry_.Start(open.element, attributes, open);
 }
 
 /// Begins the feature of a geometry that is in no member; `depth` counts the elements around the geometry.
 std::optional<GmlOwner> GmlXmlReader::ImplyFeature(std::size_t depth, const std::string& geometryName) {
-    std::optional<GmlOwner> owner =
-        OwnerOfGeometry(std::span(outer_).first(depth), feature_.properties.size());
+    std::optional<GmlOwner> owner = OwnerOfGeometry(std::span(outer_).first(depth), properties_.Count());
     if (!owner) return owner;
     if (owner->isGeometryItself) {
         ForgetFeature();
@@ -197,14 +169,11 @@ std::optional<GmlOwner> GmlXmlReader::ImplyFeature(std::size_t depth, const std:
         return owner;
     }
     const GmlOuterElement& element = outer_[owner->element];
-    auto begin = feature_.properties.begin();
-    auto others = std::min(element.firstProperty, feature_.properties.size());
-    feature_.properties.erase(begin, begin + static_cast<std::ptrdiff_t>(others));
-    textBytes_ -= std::min(element.textBefore, textBytes_);
+    properties_.DropFirst(element.firstProperty, element.textBefore);
     BeginFeature(element.name, element.identifier);
     isImplied_ = true;
-    for (std::size_t i = owner->element; i < depth; ++i) open_[i].scope = Scope::Property;
-    open_[owner->element].scope = Scope::Feature;
+    for (std::size_t i = owner->element; i < depth; ++i) open_[i].scope = GmlScope::Property;
+    open_[owner->element].scope = GmlScope::Feature;
     outer_.resize(owner->element + 1);
     return owner;
 }
@@ -214,7 +183,7 @@ std::optional<GmlOwner> GmlXmlReader::ImplyFeature(std::size_t depth, const std:
 std::string GmlXmlReader::IdentifierOf(XmlAttributes attributes) const {
     std::string identifier;
     for (const auto& [key, value] : attributes)
-        if (key == "fid" || (LocalName(key) == "id" && IsGml(key))) identifier = value;
+        if (key == "fid" || (LocalName(key) == "id" && namespaces_.IsGml(key))) identifier = value;
     return identifier;
 }
 
@@ -222,7 +191,7 @@ void GmlXmlReader::BeginFeature(std::string_view name, const std::string& identi
     feature_.type = LocalName(name);
     feature_.identifier = identifier;
     osgb_ = PrefixOf(name) == "osgb";
-    ring_ = GmlPart::Kind::Path;
+    geometry_.BeginFeature();
 }
 
 void GmlXmlReader::EndFeature() {
@@ -240,17 +209,17 @@ void GmlXmlReader::EndFeature() {
 }
 
 void GmlXmlReader::ForgetFeature() {
+    properties_.Forget();
     feature_.Clear();
-    textBytes_ = 0;
-    inProperty_ = isImplied_ = false;
+    isImplied_ = false;
 }
 
-void GmlXmlReader::StartInFeature(std::string_view name, XmlAttributes attributes, Open& open) {
-    LeaveProperty();
-    Open& around = open_.back();
-    if (isImplied_ && around.scope == Scope::Feature && HoldsFeatures(LocalName(name))) {
+void GmlXmlReader::StartInFeature(std::string_view name, XmlAttributes attributes, GmlOpenElement& open) {
+    properties_.Leave();
+    GmlOpenElement& around = open_.back();
+    if (isImplied_ && around.scope == GmlScope::Feature && HoldsFeatures(LocalName(name))) {
         EndFeature();  // what was taken for a feature is a collection
-        around.scope = Scope::Outside;
+        around.scope = GmlScope::Outside;
         StartOuterElement(name, attributes, open);
         return;
     }
@@ -258,45 +227,34 @@ void GmlXmlReader::StartInFeature(std::string_view name, XmlAttributes attribute
     open.element = element;
     if (element == GmlElement::BoundedBy || element == GmlElement::Envelope) return;
     bool isContent = IsGeometryContent(element) && !around.isGml && !rules_.lineLayout;
-    if (isContent) BecomeGeometry(element, around);
+    if (isContent) geometry_.BecomeGeometry(element, around);
     if (isContent || BeginsGeometry(element)) {
-        StartGeometry(element, attributes, open);
+        geometry_.Start(element, attributes, open);
         return;
     }
-    open.scope = Scope::Property;
-    if (!rules_.lineLayout || name.starts_with("fme")) BeginProperty(name, attributes);
+    open.scope = GmlScope::Property;
+    if (rules_.lineLayout && !name.starts_with("fme")) return;
+    MakeRoom(name.size());
+    properties_.Begin(name, attributes);
 }
 
-void GmlXmlReader::BeginProperty(std::string_view name, XmlAttributes attributes) {
-    CountText(name.size() + propertyCost);
-    feature_.properties.push_back({std::string(LocalName(name)), ""});
-    reference_ = Attribute(attributes, "xlink:href");
-    inProperty_ = true;
-}
-
-/// A child element shows that the innermost property holds more than text.
-void GmlXmlReader::LeaveProperty() {
-    if (!std::exchange(inProperty_, false)) return;
-    if (rules_.lineLayout)
-        feature_.properties.back().value.clear();
-    else
-        feature_.properties.pop_back();
-}
-
-void GmlXmlReader::EndProperty() {
-    if (!std::exchange(inProperty_, false) || rules_.lineLayout) return;
-    std::string& value = feature_.properties.back().value;
-    std::string_view trimmed = TrimmedXml(value);
-    if (trimmed.empty()) trimmed = reference_;
-    if (trimmed.size() != value.size()) value = std::string(trimmed);
+void GmlXmlReader::StartInGeometry(std::string_view name, XmlAttributes attributes, GmlOpenElement& open) {
+    GmlOpenElement& around = open_.back();
+    if (around.isSubstitute && !open.isGml) {
+        StartInFeature(name, attributes, open);
+        return;
+    }
+    GmlElement element = ElementOf(name, open);
+    bool isSubstitute = around.element == GmlElement::Other && !around.isGml && !rules_.lineLayout;
+    if (isSubstitute && IsGeometryContent(element)) geometry_.BecomeGeometry(element, around);
+    geometry_.Start(element, attributes, open);
 }
 
 /// Outside of features nobody may ever ask for the values.
-void GmlXmlReader::CountText(std::size_t bytes) {
-    textBytes_ += bytes;
-    if (textBytes_ <= mostText) return;
-    Scope around = open_.empty() ? Scope::Outside : open_.back().scope;
-    if (around != Scope::Outside && around != Scope::Holder)
+void GmlXmlReader::MakeRoom(std::size_t bytes) {
+    if (properties_.HaveRoomFor(bytes)) return;
+    GmlScope around = open_.empty() ? GmlScope::Outside : open_.back().scope;
+    if (around != GmlScope::Outside && around != GmlScope::Holder)
         throw ReadError("", "", "a feature with more than 64 MB of properties");
     ForgetFeature();
 }

@@ -83,7 +83,10 @@ void MifToDrawing::HandleLine(std::string_view line) {
     std::string upper = platform::UpperAscii(line);
     MifKeyword keyword = MifKeywordOf(upper, extended_);
     if (keyword == MifKeyword::Data) started_ = true;
-    if (!started_) return;
+    if (started_) HandleKeyword(keyword, line, upper);
+}
+
+void MifToDrawing::HandleKeyword(MifKeyword keyword, std::string_view line, const std::string& upper) {
     switch (keyword) {
         case MifKeyword::Point:
             return AddPoint(line);

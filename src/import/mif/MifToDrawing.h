@@ -67,6 +67,7 @@ private:
     };
 
     void HandleLine(std::string_view line);
+    void HandleKeyword(MifKeyword keyword, std::string_view line, const std::string& upper);
     void AddPoint(std::string_view line);
     void AddLine(std::string_view line);
     void AddEllipse(std::string_view line);

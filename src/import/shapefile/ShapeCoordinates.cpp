@@ -70,9 +70,13 @@ void ShapeCoordinates::LoadSystem(const std::string& prjPath) {
 std::string ShapeCoordinates::FollowPrj(const std::string& prjName) {
     if (!system_->IsKnown()) return "the settings hold";
     if (!settings_.followPrj) return "the settings hold ([SHPin] FOLLOWPRJ=1 would follow the .PRJ)";
-    std::string reason = system_->PrepareConversion(prjName);
-    if (!reason.empty()) return "the settings hold, because " + reason;
-    rule_ = Rule::Prj;
+    if (system_->SuitsLatLng()) {
+        rule_ = Rule::Degrees;
+    } else {
+        std::string reason = system_->PrepareConversion(prjName);
+        if (!reason.empty()) return "the settings hold, because " + reason;
+        rule_ = Rule::Prj;
+    }
     return "the .PRJ is followed ([SHPin] FOLLOWPRJ=1)";
 }
 

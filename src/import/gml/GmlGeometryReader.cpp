@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
+#include "import/gml/GmlGeometryReader.h"
 
-// The geometry of features.
-#include "import/gml/GmlXmlReader.h"
 #include "platform/Errors.h"
 
 #include <algorithm>
@@ -28,7 +27,7 @@ char SeparatorOf(XmlAttributes attributes, std::string_view name, char usual) {
 
 /// What is wrong with coordinates costs their feature, not the file.
 template <typename Step>
-void GmlXmlReader::TryCoordinates(Step step) {
+void GmlGeometryReader::TryCoordinates(Step step) {
     if (!feature_.damage.empty()) return;
     try {
         step();
@@ -39,47 +38,38 @@ void GmlXmlReader::TryCoordinates(Step step) {
     if (memory > mostPointMemory) Damage("more than 128 MB of points");
 }
 
-void GmlXmlReader::Damage(const std::string& reason) {
-    if (feature_.damage.empty()) feature_.damage = ReadError::AtLine(line) + ": " + reason;
+void GmlGeometryReader::Damage(const std::string& reason) {
+    if (feature_.damage.empty()) feature_.damage = ReadError::AtLine(line_) + ": " + reason;
 }
 
-void GmlXmlReader::CoordinatesText(std::string_view text) {
+void GmlGeometryReader::Text(std::string_view text) {
     TryCoordinates([&] { coordinates_.Append(text); });
 }
 
-/// An element of another namespace turns out to be a geometry when its content comes: one with rings is a
-/// surface, any other a point or a line.
-void GmlXmlReader::BecomeGeometry(GmlElement content, Open& around) {
+void GmlGeometryReader::BecomeGeometry(GmlElement content, GmlOpenElement& around) {
     bool hasRings =
         content == GmlElement::Exterior || content == GmlElement::Interior || content == GmlElement::Patches;
-    around.isFeature |= around.scope == Scope::Feature;
-    around.scope = Scope::Geometry;
+    around.isFeature |= around.scope == GmlScope::Feature;
+    around.scope = GmlScope::Geometry;
     around.isSubstitute = true;
     around.element = hasRings ? GmlElement::Geometry : GmlElement::Curve;
     around.firstPoint = feature_.points.size();
     if (!hasRings) BeginPart(around);
 }
 
-void GmlXmlReader::StartInGeometry(std::string_view name, XmlAttributes attributes, Open& open) {
-    Open& around = open_.back();
-    if (around.isSubstitute && !open.isGml) {
-        StartInFeature(name, attributes, open);
-        return;
-    }
-    GmlElement element = ElementOf(name, open);
-    bool isSubstitute = around.element == GmlElement::Other && !around.isGml && !rules_.lineLayout;
-    if (isSubstitute && IsGeometryContent(element)) BecomeGeometry(element, around);
-    StartGeometry(element, attributes, open);
+void GmlGeometryReader::Start(GmlElement element, XmlAttributes attributes, GmlOpenElement& open) {
+    open.element = element;
+    open.scope = feature_.damage.empty() ? GmlScope::Geometry : GmlScope::Skipped;
+    if (open.scope == GmlScope::Skipped) return;
+    open.firstPoint = feature_.points.size();
+    ReadAttributes(attributes, open);
+    feature_.hasArcs |= element == GmlElement::Arc || element == GmlElement::Unsupported;
+    StartMeaning(attributes, open);
+    if (open.reversed) reversed_.push_back(open.firstPoint);
 }
 
-void GmlXmlReader::StartGeometry(GmlElement element, XmlAttributes attributes, Open& open) {
-    open.element = element;
-    open.scope = feature_.damage.empty() ? Scope::Geometry : Scope::Skipped;
-    if (open.scope == Scope::Skipped) return;
-    open.firstPoint = feature_.points.size();
-    ReadGeometryAttributes(attributes, open);
-    feature_.hasArcs |= element == GmlElement::Arc || element == GmlElement::Unsupported;
-    switch (element) {
+void GmlGeometryReader::StartMeaning(XmlAttributes attributes, GmlOpenElement& open) {
+    switch (open.element) {
         case GmlElement::Point:
         case GmlElement::Curve:
             BeginPart(open);
@@ -93,7 +83,7 @@ void GmlXmlReader::StartGeometry(GmlElement element, XmlAttributes attributes, O
         case GmlElement::Unsupported:
         case GmlElement::BoundedBy:
         case GmlElement::Envelope:
-            open.scope = Scope::Skipped;
+            open.scope = GmlScope::Skipped;
             break;
         case GmlElement::Pos:
         case GmlElement::PosList:
@@ -106,17 +96,16 @@ void GmlXmlReader::StartGeometry(GmlElement element, XmlAttributes attributes, O
     }
 }
 
-void GmlXmlReader::ReadGeometryAttributes(XmlAttributes attributes, Open& open) {
+void GmlGeometryReader::ReadAttributes(XmlAttributes attributes, GmlOpenElement& open) {
     for (const auto& [name, value] : attributes) {
         bool tellsDimension = name == "dimension" || (name == "srsDimension" && rules_.lineLayout);
         if (tellsDimension) open.reference.dimension = GmlDimension(value);
         if (name == "orientation" && value == "-" && open.element == GmlElement::Curve) open.reversed = true;
     }
     if (open.reference.dimension == 3) feature_.threeDimensional = true;
-    if (open.reversed) ++reversals_;
 }
 
-void GmlXmlReader::EndGeometry(const Open& open) {
+void GmlGeometryReader::End(const GmlOpenElement& open) {
     switch (open.element) {
         case GmlElement::Point:
             EndPart(open);
@@ -131,7 +120,7 @@ void GmlXmlReader::EndGeometry(const Open& open) {
             ring_ = GmlPart::Kind::Path;
             break;
         case GmlElement::Axis:
-            if (inCoordinates_) CoordinatesText(" ");
+            if (inCoordinates_) Text(" ");
             break;
         case GmlElement::Pos:
         case GmlElement::PosList:
@@ -145,23 +134,25 @@ void GmlXmlReader::EndGeometry(const Open& open) {
 }
 
 /// A curve of several segments repeats their common points.
-void GmlXmlReader::EndCurve(const Open& open) {
+void GmlGeometryReader::EndCurve(const GmlOpenElement& open) {
     std::vector<util::PlanePoint>& points = feature_.points;
     std::size_t first = std::min(open.firstPoint, points.size());
     auto begin = points.begin() + static_cast<std::ptrdiff_t>(first);
     if (open.reversed) {
         std::reverse(begin, points.end());
-        --reversals_;
+        reversed_.pop_back();
     }
-    bool follows = inPart_ && !open.beginsPart && first > feature_.parts.back().begin;
-    if (follows && reversals_ == 0 && begin != points.end() && *begin == *(begin - 1)) points.erase(begin);
+    std::size_t course = inPart_ ? feature_.parts.back().begin : 0;
+    if (!reversed_.empty()) course = std::max(course, reversed_.back());
+    bool follows = inPart_ && !open.beginsPart && first > course;
+    if (follows && begin != points.end() && *begin == *(begin - 1)) points.erase(begin);
     EndPart(open);
 }
 
-void GmlXmlReader::BeginCoordinates(XmlAttributes attributes, Open& open) {
+void GmlGeometryReader::BeginCoordinates(XmlAttributes attributes, GmlOpenElement& open) {
     if (inCoordinates_) {
         Damage("a coordinate element within a coordinate element");
-        open.scope = Scope::Skipped;
+        open.scope = GmlScope::Skipped;
         return;
     }
     inCoordinates_ = true;
@@ -176,7 +167,7 @@ void GmlXmlReader::BeginCoordinates(XmlAttributes attributes, Open& open) {
     coordinates_.Begin(format, feature_.points);
 }
 
-CoordinateFormat GmlXmlReader::FormatOf(XmlAttributes attributes, const Open& open) const {
+CoordinateFormat GmlGeometryReader::FormatOf(XmlAttributes attributes, const GmlOpenElement& open) const {
     CoordinateFormat format;
     format.strict = !rules_.lineLayout;
     format.valuesPerPoint = CoordinateFormat::allInOne;
@@ -192,13 +183,13 @@ CoordinateFormat GmlXmlReader::FormatOf(XmlAttributes attributes, const Open& op
     return format;
 }
 
-void GmlXmlReader::EndCoordinates(const Open& open) {
+void GmlGeometryReader::EndCoordinates(const GmlOpenElement& open) {
     inCoordinates_ = false;
     TryCoordinates([&] { coordinates_.End(); });
     EndPart(open);
 }
 
-void GmlXmlReader::BeginPart(Open& open) {
+void GmlGeometryReader::BeginPart(GmlOpenElement& open) {
     if (std::exchange(inPart_, true)) return;
     open.beginsPart = true;
     if (!rules_.fullRings) {
@@ -214,7 +205,7 @@ void GmlXmlReader::BeginPart(Open& open) {
     part.surface = feature_.surfaces;
 }
 
-void GmlXmlReader::EndPart(const Open& open) {
+void GmlGeometryReader::EndPart(const GmlOpenElement& open) {
     if (!open.beginsPart) return;
     inPart_ = false;
     if (feature_.parts.back().begin == feature_.points.size()) feature_.parts.pop_back();
