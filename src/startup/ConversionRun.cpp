@@ -127,10 +127,6 @@ void RemoveLeftovers(config::Run& run, const std::string& folder) {
     if (std::string told = platform::RemoveLeftovers(folder); !told.empty()) run.Ui().Report(told);
 }
 
-ExitStatus RefuseExport(config::Run& run, const Conversions& conversions, const std::string& reason) {
-    return Refuse(run, reason + "; formats are " + conversions.ExportCodes(), ExitStatus::NothingToDo);
-}
-
 ExitStatus Export(config::Run& run, const ExportRow& row, ExportCommand command, TargetFolder& folder) {
     if (HasExtent(run))
         run.Ui().Report("?BOX limits imports of databases only; " +
@@ -185,19 +181,13 @@ ExitStatus RunImport(config::Run& run, const Conversions& conversions, std::stri
 ExitStatus RunExport(config::Run& run, const Conversions& conversions, std::string_view text) {
     if (auto slip = FindExportSlip(conversions, text)) return Refuse(run, slip->advice, slip->status);
     ExportCommand command = ParseExport(text);
-    if (command.code.empty()) {
-        std::string path = platform::NativePath(command.targetPath);
-        return RefuseExport(run, conversions,
-                            "\"" + path + "\" names no format, as \"" + path + ".SHP\" does");
-    }
     TargetFolder folder(command.targetPath);
     const ExportRow* row = conversions.FindExport(command.code);
     if (!row || !row->call) {
-        folder.Keep();
         RunPostExportSteps(run, command);
-        return RefuseExport(run, conversions,
-                            row ? command.code + " export is not available yet"
-                                : "nothing exports to \"" + command.code + "\"");
+        std::string reason = row ? command.code + " export is not available yet"
+                                 : "nothing exports to \"" + command.code + "\"";
+        return Refuse(run, reason + "; formats are " + conversions.ExportCodes(), ExitStatus::NothingToDo);
     }
     return Export(run, *row, command, folder);
 }

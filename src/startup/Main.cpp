@@ -8,7 +8,7 @@
 #include "startup/CommandLine.h"
 #include "startup/ConversionRun.h"
 #include "startup/Settings.h"
-#include "startup/Slips.h"
+#include "startup/Tidied.h"
 #include "util/Files.h"
 #include "util/Text.h"
 
@@ -49,12 +49,11 @@ bool InstallationIsUsable(config::Run& run) {
     return false;
 }
 
-/// Takes the switches off the command, and its quotes. The quotes go before the blanks do: a quoted command
-/// that a blank follows keeps its last quote.
+/// Takes the switches off the command.
 std::string WithoutSwitches(config::RunOptions& options, std::string text) {
     options.quiet = TakeQuiet(text);
     options.extent = TakeExtent(text).value_or(config::ImportExtentBox{});
-    return std::string(util::Trim(WithoutQuotes(text)));
+    return text;
 }
 
 ExitStatus Perform(config::Installation& installation, config::Run& run, std::string_view received,

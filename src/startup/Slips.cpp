@@ -5,18 +5,56 @@
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "startup/CommandLine.h"
+#include "startup/NamedFiles.h"
 #include "util/Paths.h"
 #include "util/Text.h"
 
 #include <algorithm>
 #include <cctype>
+#include <span>
 
 namespace vexlator::startup {
 
 namespace {
 
 constexpr std::string_view howToExport =
-    "an export is a path alone, as in \"/data/roads.SHP\", which reads /data/roads.VDF";
+    "an export is a path alone, as in \"/data/roads.SHP\", which reads /data/roads.VDF and fills the folder "
+    "/data/roads";
+constexpr std::string_view howToJoin = "; several files are joined by |, as in \"IMPORT a.shp|b.shp\"";
+
+/// A command that is nearly right.
+struct Given {
+    const Conversions& conversions;
+    NamedFiles files;
+    std::string_view text;
+    std::string_view argument;             ///< an import's up to its first bar, an export's whole text
+    std::span<const std::string> sources;  ///< of an import
+
+    std::string_view Behind() const { return files.BehindFirst(argument); }
+    std::string_view First() const { return files.First(argument); }
+    std::string_view Missing() const { return files.FirstMissing(argument); }
+    std::string Word() const { return platform::UpperAscii(text.substr(0, text.find(' '))); }
+    std::string Rest() const { return std::string(util::Trim(text.substr(Word().size()))); }
+    std::string Path() const { return platform::AbsolutePath(argument); }
+};
+
+/// What a person is told who made this slip; "" when the command is none of it.
+using Advice = std::string (*)(const Given&);
+
+struct SlipRow {
+    Advice advice;
+    ExitStatus status = ExitStatus::NothingToDo;
+};
+
+std::optional<Slip> FirstOf(std::span<const SlipRow> rows, const Given& given) {
+    for (const SlipRow& row : rows)
+        if (std::string advice = row.advice(given); !advice.empty()) return Slip{row.status, advice};
+    return std::nullopt;
+}
+
+std::optional<Slip> ExportSlip(const Conversions& conversions, std::string_view text);
+
+// --- Parts of the advice.
 
 std::string Quoted(std::string_view text) {
     return "\"" + std::string(text) + "\"";
@@ -24,23 +62,35 @@ std::string Quoted(std::string_view text) {
 std::string Native(std::string_view path) {
     return Quoted(platform::NativePath(path));
 }
-std::string DidYouMean(const std::string& command) {
+std::string DidYouMean(std::string_view command) {
     return "did you mean " + Quoted(command) + "?";
 }
-
-std::string CodeOf(std::string_view path) {
-    return platform::UpperAscii(util::ExtensionOf(util::FileNameOf(path)));
+std::string Import(std::string_view path) {
+    return "IMPORT " + std::string(path);
 }
+std::string ImportOf(std::string_view path) {
+    return Import(platform::NativePath(path));
+}
+std::string NameAFormat(std::string_view drawing) {
+    return "; name the format to export it to, as in " + Native(util::ChangeExtension(drawing, "SHP"));
+}
+std::string NotUnderstood(std::string_view text) {
+    return Quoted(text) + " is not understood";
+}
+
+// --- What the tests ask.
+
 bool IsThere(std::string_view path) {
     return platform::FileExists(platform::AbsolutePath(path));
 }
-
-std::string WithoutQuietWords(const std::string& text) {
-    constexpr std::string_view word = " -quiet ";
-    std::string padded = " " + text + " ";
-    while (std::size_t position = util::InStrNoCase(padded, word))
-        padded.replace(position - 1, word.size(), " ");
-    return std::string(util::Trim(padded));
+bool IsOneOf(std::string_view word, std::initializer_list<std::string_view> words) {
+    return std::ranges::find(words, word) != words.end();
+}
+bool IsLetter(char c) {
+    return std::isalpha(static_cast<unsigned char>(c)) != 0;
+}
+bool HasPattern(std::string_view text) {
+    return text.find_first_of("*?") != std::string_view::npos;
 }
 
 /// One letter more, less or wrong, or two that changed places.
@@ -57,190 +107,353 @@ bool IsOneSlipFrom(std::string_view word, std::string_view meant) {
     return changedPlaces || std::max(word.size(), meant.size()) <= 1;
 }
 
-/// The slips of one command, against the formats that there are.
-class Finder {
-public:
-    explicit Finder(const Conversions& conversions) : conversions_(conversions) {}
+/// The format that the last word names, as "KML" and "x.kml" do; "" when it names none.
+std::string LastFormat(const Given& given, std::string_view text) {
+    std::string_view word = text.substr(text.find_last_of(nameSeparators) + 1);
+    std::string code = CodeOf(word).empty() ? platform::UpperAscii(word) : CodeOf(word);
+    return code == "VDF" || given.conversions.FindExport(code) ? code : "";
+}
 
-    bool NamesFiles(std::string_view text) const {
-        if (ModeOf(text) == Mode::Import) {
-            ImportCommand command = ParseImport(text);
-            return CanImport(conversions_, command.code) && IsThere(command.sourcePath);
+/// "" when the word is no switch.
+std::string SwitchAdvice(std::string_view text) {
+    std::string word(text.substr(0, text.find(' ')));
+    std::string name = platform::UpperAscii(word.substr(std::min(word.find_first_not_of("-/"), word.size())));
+    if (name.empty() || !IsLetter(name[0])) return "";
+    bool isQuiet = name == "Q" || IsOneSlipFrom(name, "QUIET");
+    if (!word.starts_with('-') && !(isQuiet && word.starts_with('/'))) return "";
+    if (isQuiet) return Quoted(word) + " is no switch; " + DidYouMean("-QUIET");
+    return Quoted(word) +
+           " is no switch; there are -QUIET and ?BOX, --yes before or behind the command, and the options of "
+           "vexlator --help";
+}
+
+// --- Slips of either kind of command.
+
+std::string WebAddress(const Given& given) {
+    std::size_t sign = given.argument.find("://");
+    if (sign == std::string_view::npos) return "";
+    if (platform::UpperAscii(given.argument.substr(0, sign)) == "FILE")
+        return Quoted(given.argument) + " is an address; give the path alone, " +
+               Quoted(given.argument.substr(sign + 3));
+    return Quoted(given.argument) + " is a web address; download the file, and give its path";
+}
+
+std::string WrongSwitch(const Given& given) {
+    for (std::string_view part : {given.argument, given.Behind(), given.Missing()})
+        if (std::string advice = SwitchAdvice(part); !advice.empty()) return advice;
+    return "";
+}
+
+std::string LeftQuote(const Given& given) {
+    if (given.argument.find('"') == std::string_view::npos) return "";
+    return "a double quote is left over in " + std::string(given.argument) +
+           "; put two around the whole command, or none";
+}
+
+/// What a shell replaces, except inside quotes.
+std::string Shorthand(const Given& given) {
+    std::string_view text = given.argument;
+    if (text.starts_with("~/"))
+        return "~ is no folder inside quotes; give the whole path for " + Quoted(text);
+    std::size_t name = text.find('$') + 1;  // 0: there is none
+    bool isVariable = name > 0 && name < text.size() && (IsLetter(text[name]) || text[name] == '{');
+    bool isWindowsVariable = text.starts_with('%') && text.find('%', 1) != std::string_view::npos;
+    if (!isVariable && !isWindowsVariable) return "";
+    return "no variable is replaced in " + Quoted(text) + "; give the whole path";
+}
+
+std::string Brackets(const Given& given) {
+    std::string_view text = given.argument;
+    for (std::string_view pair : {"<>", "[]", "()", "{}"})
+        if (text.size() > 2 && text.front() == pair[0] && text.back() == pair[1]) {
+            std::string inner(text.substr(1, text.size() - 2));
+            return DidYouMean(ModeOf(given.text) == Mode::Import ? Import(inner) : inner);
         }
-        ExportCommand command = ParseExport(text);
-        return conversions_.FindExport(command.code) && IsThere(command.drawingPath);
-    }
+    return "";
+}
 
-    std::optional<Slip> InImport(std::string_view text, const SourceList& sources) const {
-        if (sources.paths.empty())
-            return Slip{.advice = "IMPORT needs a file, as in \"IMPORT /data/roads.shp\""};
-        const std::string& path = sources.paths.front();
-        std::string code = CodeOf(path);
-        if (!IsThere(path))
-            if (auto slip = InMissingSource(text.substr(0, text.find('|')), path)) return slip;
-        if (code == "VDF") return Slip{.advice = Native(path) + " is a drawing already" + NameAFormat(path)};
-        if (!CanImport(conversions_, code)) return UnknownSource(path, code);
-        return AnotherFormat(sources);
-    }
+/// A path of another system. Where it leads to on this one, nobody guesses.
+std::string MissingDrive(const Given& given) {
+    std::string_view path = given.First();
+    bool isDrive =
+        path.size() > 2 && IsLetter(path[0]) && path[1] == ':' && (path[2] == '\\' || path[2] == '/');
+    if (!isDrive && !path.starts_with("\\\\")) return "";
+    bool isSource = ModeOf(given.text) == Mode::Import;
+    std::string file = isSource ? std::string(path) : util::ChangeExtension(path, "VDF");
+    return std::string("there is no ") + (isSource ? "file " : "drawing ") + Quoted(file) +
+           ", which is looked for as " + Native(file) +
+           "; put it there, or give the path that it has on this system";
+}
 
-    std::optional<Slip> InExport(std::string_view text) const {
-        ExportCommand command = ParseExport(text);
-        if (auto slip = InWords(text)) return slip;
-        std::string_view behind = BehindFirstFile(text);
-        if (auto slip = InSigns(behind)) return slip;
-        if (!behind.empty())
-            return Slip{.advice = Quoted(behind) + " is not understood; " + std::string(howToExport)};
-        if (command.code == "VDF")
-            return Slip{.advice = "VDF is what drawings are kept in" + NameAFormat(command.drawingPath)};
-        std::string source = SourceBeside(platform::AbsolutePath(text));
-        if (source.empty()) return std::nullopt;
-        std::string import = "IMPORT " + platform::NativePath(source);
-        const ExportRow* row = conversions_.FindExport(command.code);
-        if (row && row->call)
-            return Slip{ExitStatus::Failed, "there is no drawing " + Native(command.drawingPath) +
-                                                "; make it first: " + Quoted(import)};
-        if (!CanImport(conversions_, command.code)) return std::nullopt;
-        return Slip{.advice = "nothing exports to " + Quoted(command.code) + "; " + DidYouMean(import)};
-    }
+// --- Slips of exports.
 
-private:
-    static std::string NameAFormat(std::string_view drawing) {
-        return "; name the format to export it to, as in " + Native(util::ChangeExtension(drawing, "SHP"));
-    }
+/// The drawing is missing; a file that it can be made of lies beside it.
+std::string SourceInstead(const Given& given) {
+    std::string source = given.files.SourceBeside(given.Path());
+    std::string code = CodeOf(given.text);
+    const ExportRow* row = given.conversions.FindExport(code);
+    if (source.empty() || code.empty()) return "";
+    bool isExport = code == "VDF" || (row && row->call);
+    if (!isExport && !given.files.CanImport(code)) return "";
+    if (!isExport) return "nothing exports to " + Quoted(code) + "; " + DidYouMean(ImportOf(source));
+    return "there is no drawing " + Native(util::ChangeExtension(given.Path(), "VDF")) +
+           "; make it first: " + Quoted(ImportOf(source));
+}
 
-    /// What the words of a command tell whose file is not there.
-    static std::optional<Slip> InWords(std::string_view text) {
-        std::string word = platform::UpperAscii(text.substr(0, text.find(' ')));
-        std::string rest(util::Trim(text.substr(word.size())));
-        if (word == "EXPORT" || word == "CONVERT") return Slip{.advice = std::string(howToExport)};
-        if (IsOneSlipFrom(word, importWord))
-            return Slip{.advice = DidYouMean("IMPORT " + (rest.empty() ? "FILE" : rest))};
-        if (word == "SELECT" || word == "GO") return Slip{.advice = DidYouMean(word)};
-        if (word == "INIT" || word == "CHECK")
-            return Slip{.advice = "see vexlator --help for --init and --check"};
-        if (auto slip = InSigns(text)) return slip;
-        if (text.find_first_of("*?") != std::string_view::npos)
-            return Slip{.advice = "one command makes one export; give a command for each drawing of " +
-                                  Quoted(text)};
-        return std::nullopt;
-    }
-    /// What stands in no path.
-    static std::optional<Slip> InSigns(std::string_view text) {
-        if (text.starts_with('-'))
-            return Slip{ExitStatus::NotUsable,
-                        Quoted(text.substr(0, text.find(' '))) +
-                            " is no switch; there are -QUIET and ?BOX, and the options of "
-                            "vexlator --help"};
-        if (text.find('"') != std::string_view::npos)
-            return Slip{.advice = "a double quote is left over in " + std::string(text) +
-                                  "; put two around the whole command, or none"};
-        if (text.starts_with("~/"))
-            return Slip{.advice = "~ is no folder inside quotes; give the whole path for " + Quoted(text)};
-        return std::nullopt;
-    }
+std::string AnotherVerb(const Given& given) {
+    std::string word = given.Word(), rest = given.Rest();
+    bool reads = IsOneOf(word, {"GET", "LOAD", "OPEN", "READ"});
+    if (!reads && !IsOneOf(word, {"CONVERT", "EXPORT", "SAVE", "TRANSLATE", "VEXLATOR", "WRITE"})) return "";
+    if (reads && IsThere(rest) && given.files.CanImport(CodeOf(rest))) return DidYouMean(Import(rest));
+    if (given.files.IsCommand(rest) || rest.starts_with(importWord)) return DidYouMean(rest);
+    if (reads && (given.files.CanImport(CodeOf(rest)) || platform::FolderExists(rest)))
+        return DidYouMean(Import(rest));
+    std::optional<Slip> slip = ExportSlip(given.conversions, rest);
+    return slip && !rest.empty() ? slip->advice : std::string(howToExport);
+}
 
-    std::optional<Slip> InMissingSource(std::string_view text, const std::string& path) const {
-        bool isJoined = text.size() > importWord.size() &&
-                        std::isalnum(static_cast<unsigned char>(text[importWord.size()]));
-        if (isJoined)
-            return Slip{.advice = DidYouMean("IMPORT " + std::string(text.substr(importWord.size())))};
-        std::string_view argument = ImportArgument(text);
-        if (auto slip = InSigns(argument)) return slip;
-        if (argument.find_first_of("*?") != std::string_view::npos)
-            return Slip{ExitStatus::Failed, "no file that can be imported matches " + Native(path)};
-        if (BehindFirstFile(argument).empty()) return std::nullopt;
-        std::string_view missing = FirstMissing(argument);
-        if (auto slip = InSigns(missing)) return slip;
-        if (CodeOf(missing) == "VDF")
-            return Slip{.advice = Quoted(missing) +
-                                  " is not understood; an import's drawing is named after its first file"};
-        constexpr std::string_view joined = "; several files are joined by |, as in \"IMPORT a.shp|b.shp\"";
-        if (IsKnown(CodeOf(missing)))
-            return Slip{ExitStatus::Failed, "there is no file " + Quoted(missing) + std::string(joined)};
-        return Slip{.advice = Quoted(missing) + " is not understood" + std::string(joined)};
-    }
+std::string MisspeltImport(const Given& given) {
+    std::string rest = given.Rest();
+    return IsOneSlipFrom(given.Word(), importWord) ? DidYouMean(Import(rest.empty() ? "FILE" : rest)) : "";
+}
 
-    Slip UnknownSource(const std::string& path, const std::string& code) const {
-        bool isFolder = platform::FolderExists(path);
-        std::string advice =
-            code.empty() ? Native(path) + " names no format" : "nothing imports " + Quoted(code);
-        if (conversions_.FindImport(code)) advice = code + " import is not available yet";
-        if (isFolder) advice = Native(path) + " is a folder";
-        std::string source = SourceBeside(path);
-        if (!source.empty())
-            advice += "; " + DidYouMean("IMPORT " + platform::NativePath(source));
-        else
-            advice += isFolder ? "; name a file in it" : "; formats are " + conversions_.ImportCodes();
-        return {.advice = advice};
-    }
+/// "importroads.shp", in small letters.
+std::string ForgottenBlank(const Given& given) {
+    if (!platform::UpperAscii(given.text).starts_with(importWord)) return "";
+    std::string_view rest = given.text.substr(importWord.size());
+    return given.files.CanImport(CodeOf(rest)) && IsThere(rest) ? DidYouMean(Import(rest)) : "";
+}
 
-    /// One importer reads all sources of a command.
-    std::optional<Slip> AnotherFormat(const SourceList& sources) const {
-        const std::string& first = sources.paths.front();
-        const ImportRow* wanted = conversions_.FindImport(CodeOf(first));
-        for (const std::string& path : sources.paths) {
-            const ImportRow* row = conversions_.FindImport(CodeOf(path));
-            if (wanted && row && row->call && row->form != wanted->form)
-                return Slip{.advice = Native(first) + " and " + Native(path) +
-                                      " are of different formats; give a command for each format"};
-        }
-        return std::nullopt;
-    }
+/// "SHP x.VDF"
+std::string FormatInFront(const Given& given) {
+    std::string rest = given.Rest();
+    if (rest.empty() || !given.conversions.FindExport(given.Word())) return "";
+    std::string drawing = CodeOf(rest).empty() ? rest + ".VDF" : util::ChangeExtension(rest, "VDF");
+    return IsThere(drawing) ? DidYouMean(util::ChangeExtension(drawing, given.Word())) : "";
+}
 
-    bool IsKnown(const std::string& code) const {
-        return code == "VDF" || CanImport(conversions_, code) || conversions_.FindExport(code);
-    }
-    /// What stands behind the first name that ends in a known extension.
-    std::string_view BehindFirstFile(std::string_view text) const {
-        std::size_t end = 0;
-        while ((end = text.find_first_of(nameSeparators, end + 1)) != std::string_view::npos)
-            if (IsKnown(CodeOf(text.substr(0, end))))
-                return text.substr(std::min(text.find_first_not_of(nameSeparators, end), text.size()));
-        return {};
-    }
-    /// The first of several names that is no file.
-    std::string_view FirstMissing(std::string_view text) const {
-        while (true) {
-            std::string_view behind = BehindFirstFile(text);
-            std::string_view name = text.substr(0, text.size() - behind.size());
-            name = name.substr(0, name.find_last_not_of(nameSeparators) + 1);
-            if (behind.empty() || !IsThere(name)) return name;
-            text = behind;
-        }
-    }
-    /// The path itself, or a file beside it with its name and another extension, if it can be imported.
-    std::string SourceBeside(const std::string& path) const {
-        if (CanImport(conversions_, CodeOf(path)) && IsThere(path)) return platform::FindExisting(path);
-        std::string folder = util::FolderOf(path);
-        std::string name = util::BaseNameOf(path);
-        for (const std::string& file : platform::ListFiles(folder))
-            if (platform::SameNoCase(util::BaseNameOf(file), name) && CanImport(conversions_, CodeOf(file)))
-                return util::JoinPath(folder, file);
-        return "";
-    }
+std::string OptionWithoutHyphens(const Given& given) {
+    if (IsOneOf(given.Word(), {"SELECT", "GO"})) return DidYouMean(given.Word());
+    return IsOneOf(given.Word(), {"INIT", "CHECK"}) ? "see vexlator --help for --init and --check" : "";
+}
 
-    const Conversions& conversions_;
+std::string PatternOfExports(const Given& given) {
+    return HasPattern(given.text)
+               ? "one command makes one export; give a command for each drawing of " + Quoted(given.text)
+               : "";
+}
+
+/// "x.VDF TO SHP", "x.SHP|x.CSV", "a.shp b.kml"
+std::string FormatBehind(const Given& given) {
+    std::string format = LastFormat(given, given.Behind());
+    if (given.Behind().empty() || format.empty()) return "";
+    std::string first(given.First()), other = util::ChangeExtension(first, format);
+    if (CodeOf(first) == "VDF" && format != "VDF") return DidYouMean(other);
+    bool isSource = IsThere(first) && given.files.CanImport(CodeOf(first));
+    if (isSource && format == CodeOf(first)) return DidYouMean(Import(given.text));
+    if (isSource)
+        return "first " + Quoted(Import(first)) +
+               (format == "VDF" ? "" : ", then " + Quoted(other) + "; they are two commands");
+    return "one command makes one export; give a command for each, as in " + Quoted(first) +
+           (format == "VDF" ? "" : " and " + Quoted(other));
+}
+
+std::string StrangeBehind(const Given& given) {
+    if (given.Behind().empty()) return "";
+    return NotUnderstood(given.Behind()) + "; " + std::string(howToExport);
+}
+
+std::string WithoutSeparatorAtEnd(std::string_view path) {
+    return std::string(path.substr(0, path.find_last_not_of("\\/") + 1));
+}
+
+std::string FolderOfDrawings(const Given& given) {
+    std::string folder = WithoutSeparatorAtEnd(given.Path());
+    if (!platform::FolderExists(folder) || IsThere(folder + ".VDF")) return "";
+    std::string drawing = "roads.VDF";
+    for (const std::string& file : platform::ListFiles(folder))
+        if (CodeOf(file) == "VDF") drawing = file;
+    return Native(folder) + " is a folder; name a drawing in it and its format, as in " +
+           Native(util::ChangeExtension(util::JoinPath(folder, drawing), "SHP"));
+}
+
+std::string SeparatorAtEnd(const Given& given) {
+    std::string path = WithoutSeparatorAtEnd(given.argument);
+    return path.size() < given.argument.size() && given.files.IsCommand(path) ? DidYouMean(path) : "";
+}
+
+std::string DrawingItself(const Given& given) {
+    if (CodeOf(given.text) != "VDF" || !IsThere(given.text)) return "";
+    return "VDF is what drawings are kept in" + NameAFormat(given.Path());
+}
+
+std::string NoFormat(const Given& given) {
+    std::string path = WithoutSeparatorAtEnd(given.Path()), drawing = path + ".VDF";
+    if (!ParseExport(given.text).code.empty()) return "";
+    if (IsThere(drawing))
+        return Native(path) + " names no format, as " + Native(path + ".SHP") + " does; formats are " +
+               given.conversions.ExportCodes();
+    std::string source = given.files.SourceBeside(path);
+    return Quoted(given.text) + " is no command, and there is no drawing " + Native(drawing) + "; " +
+           (source.empty() ? "see vexlator --help" : DidYouMean(ImportOf(source)));
+}
+
+std::string NoDrawing(const Given& given) {
+    const ExportRow* row = given.conversions.FindExport(CodeOf(given.text));
+    if (CodeOf(given.text) != "VDF" && !(row && row->call)) return "";
+    return "there is no drawing " + Native(ParseExport(given.text).drawingPath) +
+           "; \"IMPORT FILE\" makes a drawing, and its path with a format for extension exports it";
+}
+
+constexpr SlipRow exportSlips[] = {
+    {WebAddress},
+    {SourceInstead, ExitStatus::Failed},
+    {WrongSwitch, ExitStatus::NotUsable},
+    {LeftQuote},
+    {Shorthand},
+    {Brackets},
+    {AnotherVerb},
+    {MisspeltImport},
+    {ForgottenBlank},
+    {FormatInFront},
+    {OptionWithoutHyphens},
+    {PatternOfExports},
+    {FormatBehind},
+    {StrangeBehind},
+    {FolderOfDrawings},
+    {SeparatorAtEnd},
+    {DrawingItself},
+    {NoFormat},
+    {MissingDrive, ExitStatus::Failed},
+    {NoDrawing, ExitStatus::Failed},
+};
+
+std::optional<Slip> ExportSlip(const Conversions& conversions, std::string_view text) {
+    return FirstOf(exportSlips, {conversions, NamedFiles(conversions), text, text, {}});
+}
+
+// --- Slips of imports whose source is not there.
+
+std::string JoinedWord(const Given& given) {
+    std::string_view behind = given.text.substr(importWord.size());
+    bool isJoined = !behind.empty() && std::isalnum(static_cast<unsigned char>(behind.front()));
+    return isJoined ? DidYouMean(Import(behind)) : "";
+}
+
+std::string WrongExtent(const Given& given) {
+    std::string word = platform::UpperAscii(given.Behind().substr(0, given.Behind().find(' ')));
+    if (!IsOneOf(word, {"BOX", "BBOX", "?BBOX", "EXTENT"})) return "";
+    return NotUnderstood(given.Behind()) + "; an extent is written ?BOX minX,minY,maxX,maxY ?";
+}
+
+std::string NoMatch(const Given& given) {
+    return HasPattern(given.argument)
+               ? "no file that can be imported matches " + Native(given.sources.front())
+               : "";
+}
+
+std::string NamedDrawing(const Given& given) {
+    if (given.Behind().empty() || CodeOf(given.Missing()) != "VDF") return "";
+    return NotUnderstood(given.Missing()) + "; an import's drawing is named after its first file";
+}
+
+std::string MissingOfSeveral(const Given& given) {
+    if (given.Behind().empty() || !given.files.IsKnown(CodeOf(given.Missing()))) return "";
+    return "there is no file " + Quoted(given.Missing()) + std::string(howToJoin);
+}
+
+std::string StrangeOfSeveral(const Given& given) {
+    return given.Behind().empty() ? "" : NotUnderstood(given.Missing()) + std::string(howToJoin);
+}
+
+constexpr SlipRow missingSourceSlips[] = {
+    {JoinedWord},
+    {WebAddress},
+    {WrongSwitch, ExitStatus::NotUsable},
+    {LeftQuote},
+    {Shorthand},
+    {Brackets},
+    {WrongExtent, ExitStatus::NotUsable},
+    {NoMatch, ExitStatus::Failed},
+    {NamedDrawing},
+    {MissingOfSeveral, ExitStatus::Failed},
+    {StrangeOfSeveral},
+    {MissingDrive, ExitStatus::Failed},
+};
+
+// --- Slips of imports, whether their source is there or not.
+
+std::string SourceWithSeparatorAtEnd(const Given& given) {
+    std::string path = WithoutSeparatorAtEnd(given.argument);
+    bool isFile = path.size() < given.argument.size() && given.files.CanImport(CodeOf(path)) && IsThere(path);
+    return isFile ? DidYouMean(Import(path)) : "";
+}
+
+/// A drawing begins a list, or stands in it.
+std::string DrawingAsSource(const Given& given) {
+    const std::string& first = given.sources.front();
+    if (CodeOf(first) == "VDF") return Native(first) + " is a drawing already" + NameAFormat(first);
+    for (const std::string& path : given.sources)
+        if (CodeOf(path) == "VDF")
+            return Native(path) +
+                   " is a drawing, no source; an import's drawing is named after its first file, " +
+                   Native(first);
+    return "";
+}
+
+std::string FolderOfSources(const Given& given) {
+    const std::string& folder = given.sources.front();
+    if (!platform::FolderExists(folder) || !given.files.SourceBeside(folder).empty()) return "";
+    for (const std::string& file : platform::ListFiles(folder))
+        if (given.files.CanImport(CodeOf(file)))
+            return Native(folder) + " is a folder; name a file in it, as in " +
+                   Quoted(ImportOf(util::JoinPath(WithoutSeparatorAtEnd(folder), file)));
+    return Native(folder) + " is a folder, and none of its files can be imported; formats are " +
+           given.conversions.ImportCodes();
+}
+
+std::string UnknownSource(const Given& given) {
+    const std::string& path = given.sources.front();
+    std::string code = CodeOf(path);
+    if (given.files.CanImport(code)) return "";
+    std::string advice = code.empty() ? Native(path) + " names no format" : "nothing imports " + Quoted(code);
+    if (given.conversions.FindImport(code)) advice = code + " import is not available yet";
+    std::string source = given.files.SourceBeside(path);
+    return advice + "; " +
+           (source.empty() ? "formats are " + given.conversions.ImportCodes() : DidYouMean(ImportOf(source)));
+}
+
+/// One importer reads all sources of a command.
+std::string AnotherFormat(const Given& given) {
+    const std::string& first = given.sources.front();
+    const ImportRow* wanted = given.conversions.FindImport(CodeOf(first));
+    for (const std::string& path : given.sources) {
+        const ImportRow* row = given.conversions.FindImport(CodeOf(path));
+        if (wanted && row && row->call && row->form != wanted->form)
+            return Native(first) + " and " + Native(path) +
+                   " are of different formats; give a command for each format";
+    }
+    return "";
+}
+
+constexpr SlipRow importSlips[] = {
+    {DrawingAsSource}, {SourceWithSeparatorAtEnd}, {FolderOfSources}, {UnknownSource}, {AnotherFormat},
 };
 
 }  // namespace
 
-std::string Tidied(const Conversions& conversions, std::string_view text) {
-    std::string tidied(text);
-    if (Finder(conversions).NamesFiles(text)) return tidied;
-    std::erase_if(tidied, [](char c) { return c == '\r' || c == '\n'; });
-    if (util::CountOf(tidied, "\"") % 2 == 0) std::erase(tidied, '"');
-    if (IsInSingleQuotes(tidied)) tidied = tidied.substr(1, tidied.size() - 2);
-    return WithoutQuietWords(tidied);
-}
-
 std::optional<Slip> FindImportSlip(const Conversions& conversions, std::string_view text,
                                    const SourceList& sources) {
-    return Finder(conversions).InImport(text, sources);
+    if (sources.paths.empty()) return Slip{.advice = "IMPORT needs a file, as in \"IMPORT /data/roads.shp\""};
+    Given given{conversions, NamedFiles(conversions), text, ImportArgument(text.substr(0, text.find('|'))),
+                sources.paths};
+    bool isMissing = !platform::FileExists(sources.paths.front());
+    std::optional<Slip> slip = isMissing ? FirstOf(missingSourceSlips, given) : std::nullopt;
+    return slip ? slip : FirstOf(importSlips, given);
 }
 
 std::optional<Slip> FindExportSlip(const Conversions& conversions, std::string_view text) {
-    Finder finder(conversions);
-    return finder.NamesFiles(text) ? std::nullopt : finder.InExport(text);
+    return NamedFiles(conversions).IsCommand(text) ? std::nullopt : ExportSlip(conversions, text);
 }
 
 }  // namespace vexlator::startup

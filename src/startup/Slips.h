@@ -20,10 +20,6 @@ struct Slip {
     std::string advice;
 };
 
-/// The command without what people put around it and its paths: double quotes in pairs, "-quiet" in any
-/// letter case as a word of its own, line ends.
-std::string Tidied(const Conversions& conversions, std::string_view text);
-
 /// Nothing when the importer can try: the format is known, and nothing else can be meant. `text` is the
 /// command as it was given, `sources` what it means.
 std::optional<Slip> FindImportSlip(const Conversions& conversions, std::string_view text,

@@ -4,6 +4,8 @@
 
 #include "platform/Files.h"
 #include "platform/Paths.h"
+#include "startup/NamedFiles.h"
+#include "startup/Tidied.h"
 #include "util/Files.h"
 #include "util/Paths.h"
 #include "util/Text.h"
@@ -17,16 +19,17 @@ namespace {
 
 using Paths = std::vector<std::string>;
 
-class Finder {
+/// The sources of a command while they are gathered.
+class Gathering {
 public:
-    explicit Finder(const Conversions& conversions) : conversions_(conversions) {}
+    explicit Gathering(const Conversions& conversions) : files_(conversions) {}
 
     void AddItem(std::string_view item) {
         std::string_view name = util::Trim(item);
-        if (!Exists(name) && IsInSingleQuotes(name)) name = name.substr(1, name.size() - 2);
+        if (!Exists(name)) name = WithoutSingleQuotes(name);
         if (Exists(item))
             Add(std::string(item));
-        else if (Exists(name) || !(AddGuessed(Matches(name)) || AddGuessed(Parts(name))))
+        else if (Exists(name) || !(AddGuessed(Matches(name, First())) || AddGuessed(Parts(name))))
             Add(std::string(name));
     }
     SourceList TakeList() { return std::move(list_); }
@@ -40,25 +43,24 @@ private:
     std::string First() const { return list_.paths.empty() ? "" : list_.paths.front(); }
     bool Exists(std::string_view name) const { return platform::FileExists(Located(name, First())); }
     void Add(const std::string& name) {
-        if (!name.empty()) list_.paths.push_back(list_.paths.empty() ? platform::AbsolutePath(name) : name);
+        // One file may be named twice, in two letter cases even: it would double its features.
+        std::string file = platform::FindExisting(Located(name, First()));
+        bool isKnown = !file.empty() && !known_.insert(file).second;
+        if (name.empty() || (isKnown && list_.guessed)) return;
+        list_.paths.push_back(list_.paths.empty() ? platform::AbsolutePath(name) : name);
     }
 
     /// Adds those that can be imported. False when there are none.
-    bool AddGuessed(const Paths& names) {
-        bool added = false;
-        for (const std::string& name : names) {
-            if (!CanImport(conversions_, platform::UpperAscii(util::ExtensionOf(name)))) continue;
-            added = true;
-            // One file may be named in two letter cases: read twice, it would double its features.
-            if (known_.insert(platform::FindExisting(Located(name, First()))).second) Add(name);
-        }
-        list_.guessed |= added;
-        return added;
+    bool AddGuessed(Paths names) {
+        std::erase_if(names, [&](const std::string& name) { return !files_.CanImport(CodeOf(name)); });
+        list_.guessed |= !names.empty();
+        for (const std::string& name : names) Add(name);
+        return !names.empty();
     }
 
-    Paths Matches(std::string_view pattern) const {
+    static Paths Matches(std::string_view pattern, const std::string& first) {
         Paths matches;
-        std::string folder = util::FolderOf(Located(pattern, First()));
+        std::string folder = util::FolderOf(Located(pattern, first));
         std::string names = util::FileNameOf(pattern);
         if (names.find_first_of("*?") == std::string::npos) return matches;
         for (const std::string& name : platform::ListFiles(folder))
@@ -66,7 +68,7 @@ private:
         return matches;
     }
 
-    /// The files whose names stand in the text; none when something else does, too.
+    /// The files whose names or patterns stand in the text; none when something else does, too.
     Paths Parts(std::string_view text) const {
         Paths parts;
         std::string first = First();
@@ -75,39 +77,32 @@ private:
             end = std::min(text.find_first_of(nameSeparators, end + 1), text.size());
             std::string_view name = text.substr(begin, end - begin);
             name.remove_prefix(std::min(name.find_first_not_of(nameSeparators), name.size()));
-            if (name.find('.') == std::string_view::npos || !platform::FileExists(Located(name, first)))
-                continue;
-            if (first.empty()) first = platform::AbsolutePath(name);
-            parts.emplace_back(name);
+            if (name.find('.') == std::string_view::npos) continue;
+            Paths found = Matches(name, first);
+            if (platform::FileExists(Located(name, first))) found.emplace_back(name);
+            if (found.empty()) continue;
+            if (first.empty()) first = platform::AbsolutePath(found.front());
+            parts.insert(parts.end(), found.begin(), found.end());
             begin = end;
         }
         return begin == text.size() ? parts : Paths();
     }
 
-    const Conversions& conversions_;
+    NamedFiles files_;
     SourceList list_;
-    std::set<std::string> known_;  ///< files of a guessed list, by their native paths
+    std::set<std::string> known_;  ///< by their native paths
 };
 
 }  // namespace
 
-bool IsInSingleQuotes(std::string_view text) {
-    return text.size() > 1 && text.starts_with('\'') && text.ends_with('\'');
-}
-
-bool CanImport(const Conversions& conversions, std::string_view code) {
-    const ImportRow* row = conversions.FindImport(code == "TXT" ? "CSV" : code);
-    return row && row->call;
-}
-
 SourceList FindSources(const Conversions& conversions, std::string_view argument) {
-    Finder finder(conversions);
+    Gathering sources(conversions);
     while (!argument.empty()) {
         std::size_t bar = std::min(argument.find('|'), argument.size());
-        finder.AddItem(argument.substr(0, bar));
+        sources.AddItem(argument.substr(0, bar));
         argument.remove_prefix(std::min(bar + 1, argument.size()));
     }
-    return finder.TakeList();
+    return sources.TakeList();
 }
 
 }  // namespace vexlator::startup

@@ -42,7 +42,7 @@ TEST_F(JobFiles, GoIntoOneDrawing) {
     EXPECT_EQ(source, folder / "in/a.job");
     EXPECT_EQ(ui.labels[ui.labels.size() - 2], "1 positions, 1 entities");
     EXPECT_EQ(ui.labels.back(), "Completed!");
-    EXPECT_EQ(ui.messages, std::vector{folder / "in/D.JOB: holds no record of a device job"});
+    EXPECT_EQ(ui.messages, std::vector{folder / "in/D.JOB: holds no position of a device job to import"});
 }
 
 TEST_F(JobFiles, AddToTheDrawingThatIsThere) {

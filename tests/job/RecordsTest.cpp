@@ -21,7 +21,7 @@ protected:
     }
 };
 
-/// Some rules by example; every combination of the rules is compared with PlainImport.
+/// Some rules by example; random jobs hold every combination of them.
 TEST_F(JobRecords, BecomeEntities) {
     const JobSettings plain, quality{.importQA = true}, openAreas{.forceClose = false};
     const std::string triangle = "$GIS,A,1,FENCE(1),0,0\n$GIS,A,2,FENCE(1),4,0\n$GIS,A,3,FENCE(1),",

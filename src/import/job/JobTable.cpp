@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "import/job/JobTable.h"
 
+#include "import/TextSource.h"
 #include "platform/Errors.h"
 #include "util/Files.h"
 #include "util/Text.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace vexlator::importer {
 
@@ -38,7 +38,8 @@ JobTable::JobTable(std::string_view text) : text_(text) {
 }
 
 void JobTable::Append(std::string_view line, std::uint64_t number) {
-    if (line.size() > std::numeric_limits<std::uint32_t>::max() || rows_.size() >= noRow)
+    CheckLineLength(line, number);
+    if (rows_.size() >= noRow)
         throw platform::ReadError("", platform::ReadError::AtLine(number), "is too much for a job file");
     std::size_t fields = static_cast<std::size_t>(std::count(line.begin(), line.end(), ',')) + 1;
     if (fields > width_) {

@@ -42,11 +42,9 @@ public:
 
     /// `text` is not copied: it must outlive the table. Of neighbouring lines that are no records only one is
     /// kept, as they part the records around them and are nothing else.
-    /// @throws platform::ReadError: a line of 4 GB or more, more lines than a row number can tell
+    /// @throws platform::ReadError: a line of more than longestLine, more lines than a row number can tell
     explicit JobTable(std::string_view text = {});
 
-    /// False when no line is a record.
-    bool HasRecords() const { return RowCount() > 1 || (RowCount() == 1 && Kind(0) != RecordKind::Other); }
     Row RowCount() const { return static_cast<Row>(rows_.size()); }
     /// Fields of the line that has the most, and that line's number from 1.
     std::size_t Width() const { return width_; }

@@ -4,6 +4,7 @@
 
 #include "import/TextSource.h"
 #include "platform/CodePages.h"
+#include "util/Files.h"
 
 namespace vexlator::importer {
 
@@ -13,7 +14,12 @@ JobText::JobText(const platform::MappedFile& file) {
         throw platform::ReadError("", "", "is a ZIP archive; unpack it and import the job inside");
     text_ = TextBehindMark(file.Text(), decoded_);
     if (platform::IsUtf8(text_)) return;
-    decoded_ = platform::Utf8FromWindows1252(text_);
+    for (util::LineReader lines(text_); !lines.AtEnd();) {
+        std::string_view line = lines.ReadTextLine();
+        CheckLineLength(line, lines.Line());
+    }
+    decoded_.reserve(text_.size() + text_.size() / 8);
+    platform::AppendUtf8FromWindows1252(decoded_, text_);
     text_ = decoded_;
 }
 

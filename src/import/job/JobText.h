@@ -14,7 +14,8 @@ namespace vexlator::importer {
 class JobText {
 public:
     /// @throws platform::ReadError, without a file name, for an archive, which holds its job packed, and for
-    /// bytes that are no UTF-16 behind its mark
+    /// bytes that are no UTF-16 behind its mark; of a text that has to be decoded, for a line of more than
+    /// longestLine
     explicit JobText(const platform::MappedFile& file);
     JobText(const JobText&) = delete;
     JobText& operator=(const JobText&) = delete;

@@ -147,6 +147,7 @@ void JobToDrawing::Job::CloseFeature(std::string_view id) {
     // Unlike an area, a feature that is closed by command needs a style to be filled.
     const std::string& style = layers_.Current().style;
     closer_.CloseAll(std::string(id), !style.empty() && StyleFills(style));
+    ++counts_.closings;
 }
 
 void JobToDrawing::Job::LeaveOut(Row row) {

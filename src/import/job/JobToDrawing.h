@@ -22,6 +22,7 @@ struct JobSettings {
 struct JobCounts {
     std::uint64_t entities = 0;   ///< points and features
     std::uint64_t positions = 0;  ///< points and vertices
+    std::uint64_t closings = 0;   ///< commands to close a feature
     std::uint64_t leftOut = 0;    ///< position records whose x or y is no number
     JobTable::Row firstLeftOut = JobTable::noRow;
 };

@@ -104,14 +104,14 @@ bool frmFromJOB::ImportJobFile(const std::string& path, JobToDrawing& importer) 
     try {
         JobText text(*file);
         JobTable table(text.Text());
-        if (!table.HasRecords()) {
-            run_.Ui().ShowMessage(file->Name() + ": holds no record of a device job");
-            return false;
-        }
         ResolveSupersededRecords(table);
         counts = importer.ImportRecords(table, path, *view_);
         imported_ += counts.entities;
         ReportLeftOut(run_.Ui(), file->Name(), table, counts);
+        if (counts.entities + counts.closings == 0) {
+            run_.Ui().ShowMessage(file->Name() + ": holds no position of a device job to import");
+            return false;
+        }
     } catch (const platform::ReadError& error) {
         throw error.InFile(file->Name());
     }
