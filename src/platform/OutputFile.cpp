@@ -10,15 +10,19 @@
 #include "platform/Signals.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <cstring>
+#include <exception>
 #include <fcntl.h>
 #include <filesystem>
+#include <mutex>
 #include <set>
 #include <string>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
+#include <thread>
 #include <unistd.h>
 #include <utility>
 
@@ -28,7 +32,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::uint64_t writeBackStep = std::uint64_t{8} << 20;
+/// Small enough that little is left for the sync at the end, large enough that the requests cost nothing.
+constexpr std::uint64_t writeBackStep = std::uint64_t{2} << 20;
 
 bool IsLocked(const std::string& native) {
     int descriptor = ::open(native.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
@@ -248,7 +253,23 @@ void OutputSet::FinishSoFar() {
 
 void OutputSet::Finish() {
     FinishSoFar();
-    for (OutputFile& file : files_) file.Finish();
+    std::atomic<std::size_t> next = 0;
+    std::exception_ptr error;
+    std::once_flag onlyFirst;
+    auto finishFiles = [&] {
+        try {
+            for (std::size_t i = next++; i < files_.size(); i = next++) files_[i].Finish();
+        } catch (...) {
+            std::call_once(onlyFirst, [&] { error = std::current_exception(); });
+        }
+    };
+    {
+        std::vector<std::jthread> helpers;
+        while (helpers.size() < std::min(mostSyncing, files_.size() / filesPerThread))
+            helpers.emplace_back(finishFiles);
+        finishFiles();
+    }
+    if (error) std::rethrow_exception(error);
 }
 
 void OutputSet::Forget() {
