@@ -76,7 +76,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (map.OneIn(2)) flags += "GENFULLPOLYS=1\r\n";
     if (map.OneIn(4)) flags += "MEMORYMB=0\r\n";
     std::string style = map.OneIn(3) ? "" : folder / "style.BSF";
-    run.Settings().IniFilePath =
+    installation.Settings().IniFilePath =
         folder.Write("gv.ini", "[GRP]\r\n" + flags + "AttributeList=" + std::string(numbers.Rest()));
     background::frmGRP(run).Start(folder / "area.VDF", folder / "map", style);
     ProvePackage(background::PackageReader(folder / "map/map.GRP"));

@@ -9,7 +9,7 @@
 namespace vexlator::drawing {
 namespace {
 
-std::vector<std::string> Handles(SelectionSet& set) {
+std::vector<std::string> Handles(const SelectionSet& set) {
     std::vector<std::string> handles;
     for (std::size_t i = 0; i < set.count(); ++i) handles.push_back(set.item(i).handle());
     return handles;
