@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 #include "drawing/Drawing.h"
-#include "drawing/DrawingOutput.h"
+#include "drawing/DrawingSink.h"
 #include "drawing/Vdf.h"
 #include "vdf_generated.h"
 
@@ -260,11 +260,27 @@ std::string VdfBytes(const Drawing& drawing) {
     return all;
 }
 
-DrawingOutput::DrawingOutput(Drawing& drawing, std::string_view path) : drawing_(drawing), path_(path) {}
+DrawingSink::DrawingSink() = default;
+DrawingSink::~DrawingSink() = default;
 
-DrawingOutput::~DrawingOutput() = default;
+void DrawingSink::ConvertBy(Conversion conversion) {
+    EndConversion();
+    conversion_ = std::move(conversion);
+    firstUnconverted_ = static_cast<std::uint32_t>(drawing_.store().Size());
+}
 
-void DrawingOutput::WriteEntities() {
+void DrawingSink::EndConversion() {
+    Convert();
+    conversion_ = nullptr;
+}
+
+void DrawingSink::Convert() {
+    if (conversion_) conversion_(drawing_.planFrom(firstUnconverted_));
+    firstUnconverted_ = static_cast<std::uint32_t>(drawing_.store().Size());
+}
+
+void DrawingSink::WriteEntities() {
+    Convert();
     if (!file_) {
         file_.emplace(path_);
         writer_ =
@@ -272,9 +288,10 @@ void DrawingOutput::WriteEntities() {
     }
     writer_->WriteEntities();
     drawing_.clearEntities();
+    firstUnconverted_ = 0;
 }
 
-void DrawingOutput::Commit() {
+void DrawingSink::Commit() {
     WriteEntities();
     writer_->WriteIndex();
     file_->Commit();

@@ -6,8 +6,6 @@
 #include "drawing/SymbolBlock.h"
 #include "import/FeatureCode.h"
 #include "import/FeatureLayer.h"
-#include "import/SaveImport.h"
-#include "import/SourceFiles.h"
 #include "import/TextSource.h"
 #include "util/Files.h"
 #include "util/Numbers.h"
@@ -16,19 +14,18 @@
 
 namespace vexlator::importer {
 
-frmFromCSV::frmFromCSV(config::Run& run) : run_(run), settings_(ReadCsvSettings(run)), columns_(settings_) {}
+frmFromCSV::frmFromCSV(config::Run& run)
+    : run_(run),
+      import_(run, "frmFromCSV"),
+      drawing_(import_.Drawing()),
+      settings_(ReadCsvSettings(run)),
+      columns_(settings_) {}
 
 config::Outcome frmFromCSV::Start(std::string_view sourcePath, std::string_view sourceFolder,
                                   std::string_view fileList) {
-    view_ = run_.Ui().ShowForm("frmFromCSV");
-    config::Outcome outcome;
-    outcome.target = util::JoinPath(sourceFolder, util::BaseNameOf(sourcePath) + ".VDF");
-    output_.emplace(drawing_, outcome.target);
-    using Status = config::Outcome::Status;
-    for (const std::string& path : SourceFiles(sourcePath, fileList))
-        if (!ImportCsvFile(path)) outcome.status = stopped_ ? Status::StoppedByUser : Status::Failed;
-    outcome.features = features_;
-    return SaveImport(run_, drawing_, outcome, [&] { output_->Commit(); });
+    import_.Begin(sourceFolder, util::BaseNameOf(sourcePath));
+    import_.ForEachSource(sourcePath, fileList, [&](const std::string& path) { return ImportCsvFile(path); });
+    return import_.Finish();
 }
 
 bool frmFromCSV::ImportCsvFile(const std::string& path) {
@@ -44,7 +41,7 @@ bool frmFromCSV::ImportCsvFile(const std::string& path) {
 }
 
 bool frmFromCSV::ImportTable(const std::string& code, platform::MappedFile& file) {
-    view_->SetLabel(code);
+    import_.View().SetLabel(code);
     std::string style = SelectFeatureLayer(run_, drawing_, code);
     std::string decoded;
     CsvRecords records(TextBehindMark(file.Text(), decoded), settings_.delimiter);
@@ -58,7 +55,7 @@ bool frmFromCSV::ImportTable(const std::string& code, platform::MappedFile& file
     if (symbol.empty()) return false;
     set_ = drawing_.attributeSet(columns_.AttributeNames());
     ReadRecords(records, symbol, file);
-    view_->SetLabel("Completed!");
+    import_.View().SetLabel("Completed!");
     return true;
 }
 
@@ -67,7 +64,7 @@ bool frmFromCSV::HasItsColumns() {
     if (named && (columns_.East() < 0 || columns_.North() < 0) &&
         !run_.Ui().AskYesNo("East or North Field '" + settings_.east + "/" + settings_.north +
                             "' Not Found\n\nContinue with No Coords?")) {
-        stopped_ = true;
+        import_.LeaveOut(config::Outcome::Status::StoppedByUser);
         return false;
     }
     if (columns_.Key() >= 0) return true;
@@ -88,7 +85,7 @@ void frmFromCSV::ReadRecords(CsvRecords& records, const std::string& symbol, pla
             missing.Count(names - record.values.size(), records.Line());
             AttachCsvAttributes(record);
         }
-        output_->WriteFullChunk();
+        import_.Sink().FeatureDone();
         file.DoneBefore(records.Position());
         if (records.Count() % refreshStep == 0) ShowCsvProgress(records.Count());
     }
@@ -97,7 +94,7 @@ void frmFromCSV::ReadRecords(CsvRecords& records, const std::string& symbol, pla
     Tell(file.Name(), "rows with a coordinate that is a number only at its beginning, which counts", doubtful,
          all);
     ShowCsvProgress(records.Count());
-    features_ += records.Count();
+    import_.CountFeatures(records.Count());
 }
 
 void frmFromCSV::Tell(const std::string& fileName, const std::string& what, const OddRows& rows,
@@ -115,7 +112,7 @@ void frmFromCSV::AttachCsvAttributes(const CsvRecord& record) {
 }
 
 void frmFromCSV::ShowCsvProgress(std::uint64_t count) {
-    view_->Progress(count, 0);
+    import_.View().Progress(count, 0);
 }
 
 }  // namespace vexlator::importer

@@ -4,13 +4,11 @@
 
 #include "config/Outcome.h"
 #include "config/Run.h"
-#include "drawing/DrawingOutput.h"
+#include "import/ImportRun.h"
 #include "import/csv/CsvColumns.h"
 #include "import/csv/CsvRecords.h"
 
 #include <cstdint>
-#include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -47,14 +45,11 @@ private:
     void ShowCsvProgress(std::uint64_t count);
 
     config::Run& run_;
+    ImportRun import_;
+    drawing::Drawing& drawing_;
     CsvSettings settings_;
     CsvColumns columns_;
-    drawing::Drawing drawing_;
-    std::optional<drawing::DrawingOutput> output_;
     drawing::AttributeSet set_ = 0;
-    std::unique_ptr<ui::FormView> view_;
-    std::uint64_t features_ = 0;
-    bool stopped_ = false;  ///< an answer left out a file
 };
 
 }  // namespace vexlator::importer

@@ -7,8 +7,6 @@
 #include "drawing/SymbolBlock.h"
 #include "formats/fmo/GeometryValue.h"
 #include "import/FeatureCode.h"
-#include "import/SaveImport.h"
-#include "import/SourceFiles.h"
 #include "import/fmo/RowAttributes.h"
 #include "import/fmo/TabletPackage.h"
 #include "platform/CodePages.h"
@@ -85,30 +83,29 @@ struct DamagedRows {
 
 }  // namespace
 
-frmFromFMO::frmFromFMO(config::Run& run) : run_(run) {}
+frmFromFMO::frmFromFMO(config::Run& run)
+    : run_(run), import_(run, "frmFromFMO"), drawing_(import_.Drawing()) {}
 frmFromFMO::~frmFromFMO() = default;
 
 config::Outcome frmFromFMO::Start(std::string_view sourcePath, std::string_view sourceFolder,
                                   std::string_view fileList) {
-    view_ = run_.Ui().ShowForm("frmFromFMO");
-    std::string drawingPath = util::JoinPath(sourceFolder, util::BaseNameOf(sourcePath) + ".VDF");
-    if (util::FileSize(drawingPath) > 0) drawing_.open(drawingPath);
-    output_.emplace(drawing_, drawingPath);
-    for (const std::string& path : SourceFiles(sourcePath, fileList)) {
+    import_.Begin(sourceFolder, util::BaseNameOf(sourcePath), ImportRun::Existing::AddedTo);
+    import_.ForEachSource(sourcePath, fileList, [&](const std::string& path) {
         try {
             files_.push_back(database::ReadFmoFile(path));
+            return true;
         } catch (const platform::ReadError& error) {
             run_.Ui().Report(error.what());
-            complete_ = false;
+            return false;
         }
-    }
+    });
     ImportFiles();
-    return Save(drawingPath);
+    return Save();
 }
 
 config::Outcome frmFromFMO::StartTablet(std::string_view packagePath, std::string_view sourceFolder,
                                         std::string& fileList) {
-    view_ = run_.Ui().ShowForm("frmFromFMO");
+    import_.Begin(sourceFolder, util::BaseNameOf(packagePath));
     TabletPackage package(run_, packagePath);
     fileList.clear();
     std::string database = package.DatabaseName();
@@ -123,24 +120,19 @@ config::Outcome frmFromFMO::StartTablet(std::string_view packagePath, std::strin
     files_ = FmoFilesForDatabase(folder, database);
     for (const FmoFile& file : files_) fileList += "|" + util::FileNameOf(file.path);
     if (files_.empty()) {
-        complete_ = false;
+        import_.LeaveOut();
         run_.Ui().Report(platform::NativePath(folder) + ": no FMO file names a database " + database);
     }
-    std::string drawingPath = util::JoinPath(sourceFolder, util::BaseNameOf(packagePath) + ".VDF");
-    output_.emplace(drawing_, drawingPath);
     ImportFiles();
-    return Save(drawingPath);
+    return Save();
 }
 
-config::Outcome frmFromFMO::Save(const std::string& drawingPath) {
-    view_->SetLabel("Completed!");
-    config::Outcome outcome;
-    outcome.target = drawingPath;
+config::Outcome frmFromFMO::Save() {
+    import_.View().SetLabel("Completed!");
     // Half of a table is better than nothing, but does not replace a drawing.
-    bool isHalf = !tableReadToEnd_ && util::FileSize(drawingPath) > 0;
-    outcome.features = isHalf ? 0 : features_;
-    if (!complete_) outcome.status = config::Outcome::Status::Failed;
-    return SaveImport(run_, drawing_, outcome, [&] { output_->Commit(); });
+    bool isHalf = !tableReadToEnd_ && util::FileSize(import_.Target()) > 0;
+    import_.CountFeatures(isHalf ? 0 : features_);
+    return import_.Finish();
 }
 
 void frmFromFMO::ImportFiles() {
@@ -148,7 +140,7 @@ void frmFromFMO::ImportFiles() {
         if (ImportFmoFile(file))
             tableReadToEnd_ |= count_ > 0;
         else
-            complete_ = false;
+            import_.LeaveOut();
     }
 }
 
@@ -171,7 +163,7 @@ bool frmFromFMO::ImportFmoFile(const FmoFile& file) {
 /// Returns the name of the code's symbol.
 std::string frmFromFMO::SelectFeatureLayer(const std::string& code) {
     drawing_.setActiveLayer(code);
-    view_->SetLabel(code);
+    import_.View().SetLabel(code);
     std::string style = drawing::ReadAtpStyle(run_, code);
     drawing_.setActiveStyle({});
     if (style.empty())
@@ -202,7 +194,7 @@ bool frmFromFMO::ImportPoints(std::unique_ptr<Connection> connection, const FmoQ
     }
     features_ += count_;
     if (problem.empty() && count_ > 0) {
-        view_->SetLabel(std::to_string(count_));
+        import_.View().SetLabel(std::to_string(count_));
         return true;
     }
     run_.Ui().ShowMessage("No Records Returned\n" + query.Shown());
@@ -225,8 +217,8 @@ std::string frmFromFMO::AddPoints(Statement& rows, const FmoQuery::Statement& st
         if (!IsInside(statement.extent, *east, *north)) continue;
         drawing_.addInsert({*east, *north, 0}, symbol, 1, 1, 0);
         attributes.AttachTo(drawing_);
-        output_->WriteFullChunk();
-        view_->Progress(++count_, 0);
+        import_.Sink().FeatureDone();
+        import_.View().Progress(++count_, 0);
     }
     return "";
 }
@@ -242,7 +234,7 @@ bool frmFromFMO::ImportLines(std::unique_ptr<Connection> connection, const FmoQu
         rows.Execute();
         rows.ExpectRows(statement.rowCount);
         RowAttributes attributes(drawing_, rows, statement.columns, 1);
-        for (; rows.Next(); view_->Progress(++count_, 0)) {
+        for (; rows.Next(); import_.View().Progress(++count_, 0)) {
             std::string value = rows.Bytes(0);
             if (value.empty()) continue;
             try {
@@ -252,19 +244,19 @@ bool frmFromFMO::ImportLines(std::unique_ptr<Connection> connection, const FmoQu
                 if (vertices.size() > 2 && formats::AreClosed(vertices.front(), vertices.back()))
                     polyline.setClosed(true);
                 attributes.AttachTo(drawing_);
-                output_->WriteFullChunk();
+                import_.Sink().FeatureDone();
                 ++features_;
             } catch (const platform::ReadError& error) {
                 damaged.Add(rows.Text(1), error.what());
             }
         }
-        view_->SetLabel(std::to_string(count_));
+        import_.View().SetLabel(std::to_string(count_));
         toEnd = true;
     } catch (const DatabaseError& error) {
         ShowError(error.what(), query);
     }
     if (damaged.count == 0) return toEnd;
-    complete_ = false;
+    import_.LeaveOut();
     run_.Ui().Report(code + ": " + util::Counted(damaged.count, "row") +
                      " with a damaged geometry value left out, the first with " + damaged.first);
     return toEnd;

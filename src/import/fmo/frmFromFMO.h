@@ -6,12 +6,11 @@
 #include "config/Run.h"
 #include "database/FmoDefinition.h"
 #include "database/Statement.h"
-#include "drawing/DrawingOutput.h"
+#include "import/ImportRun.h"
 #include "import/fmo/FmoQuery.h"
 
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -52,16 +51,14 @@ private:
                           const std::string& symbol);
     std::string SelectFeatureLayer(const std::string& code);
     void ShowError(const std::string& reason, const FmoQuery& query);
-    config::Outcome Save(const std::string& drawingPath);
+    config::Outcome Save();
 
     config::Run& run_;
-    drawing::Drawing drawing_;
-    std::optional<drawing::DrawingOutput> output_;
-    std::unique_ptr<ui::FormView> view_;
+    ImportRun import_;
+    drawing::Drawing& drawing_;
     std::vector<database::FmoFile> files_;
     std::uint64_t count_ = 0;      ///< rows of the current file
     std::uint64_t features_ = 0;   ///< entities made
-    bool complete_ = true;         ///< nothing was left out
     bool tableReadToEnd_ = false;  ///< of one file at least
 };
 

@@ -3,8 +3,6 @@
 #include "import/gml/frmFromGML.h"
 
 #include "coords/SourceSystem.h"
-#include "import/SaveImport.h"
-#include "import/SourceFiles.h"
 #include "import/TextSource.h"
 #include "import/gml/GmlReader.h"
 #include "util/Numbers.h"
@@ -51,15 +49,10 @@ GmlOptions OptionsOf(const config::Run& run) {
 
 config::Outcome frmFromGML::Start(std::string_view sourcePath, std::string_view sourceFolder,
                                   std::string_view fileList) {
-    view_ = run_.Ui().ShowForm("frmFromGML");
-    config::Outcome outcome;
-    outcome.target = util::JoinPath(sourceFolder, DrawingNameOf(sourcePath) + ".VDF");
-    output_.emplace(drawing_, outcome.target);
-    for (const std::string& path : SourceFiles(sourcePath, fileList))
-        if (!ImportGmlFile(path)) outcome.status = config::Outcome::Status::Failed;
-    view_->SetLabel("Completed!");
-    outcome.features = features_;
-    return SaveImport(run_, drawing_, outcome, [&] { output_->Commit(); });
+    import_.Begin(sourceFolder, DrawingNameOf(sourcePath));
+    import_.ForEachSource(sourcePath, fileList, [&](const std::string& path) { return ImportGmlFile(path); });
+    import_.View().SetLabel("Completed!");
+    return import_.Finish();
 }
 
 bool frmFromGML::ImportGmlFile(const std::string& path) {
@@ -70,10 +63,10 @@ bool frmFromGML::ImportGmlFile(const std::string& path) {
         entities_.BeginFile(gml.lineLayout);
         std::string shownType;
         gml.reader->ReadFeatures([&](const GmlFeature& feature) {
-            if (feature.type != shownType) view_->SetLabel(shownType = feature.type);
+            if (feature.type != shownType) import_.View().SetLabel(shownType = feature.type);
             entities_.Add(feature, gml.reader->Consumed());
-            output_->WriteFullChunk();
-            view_->Progress(entities_.Features(), 0);
+            import_.Sink().FeatureDone();
+            import_.View().Progress(entities_.Features(), 0);
             file->DoneBefore(gml.reader->Consumed());
         });
         CompareSystem(file->Name(), gml.reader->SrsName());
@@ -95,7 +88,7 @@ void frmFromGML::CompareSystem(const std::string& file, const std::string& srsNa
 }
 
 void frmFromGML::Report(const std::string& file) {
-    features_ += entities_.Features();
+    import_.CountFeatures(entities_.Features());
     auto report = [&](std::uint64_t count, const std::string& text) {
         if (count > 0) run_.Ui().Report(file + ": " + text + ": " + util::GroupedCount(count));
     };

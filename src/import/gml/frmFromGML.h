@@ -4,12 +4,10 @@
 
 #include "config/Keys.h"
 #include "config/Outcome.h"
-#include "drawing/DrawingOutput.h"
+#include "import/ImportRun.h"
 #include "import/gml/GmlEntities.h"
 
 #include <cstdint>
-#include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,7 +16,8 @@ namespace vexlator::importer {
 /// GML files, compressed ones too, become one drawing, with a layer for each feature type.
 class frmFromGML {
 public:
-    explicit frmFromGML(config::Run& run) : run_(run), entities_(run, drawing_) {}
+    explicit frmFromGML(config::Run& run)
+        : run_(run), import_(run, "frmFromGML"), entities_(run, import_.Drawing()) {}
 
     /// Imports `sourcePath` and the files of `fileList` (each preceded by "|"; names without a folder lie
     /// beside `sourcePath`) and saves the drawing in `sourceFolder` under the first one's base name.
@@ -36,11 +35,8 @@ private:
     void Report(const std::string& file);
 
     config::Run& run_;
-    drawing::Drawing drawing_;
-    std::optional<drawing::DrawingOutput> output_;
+    ImportRun import_;
     GmlEntities entities_;
-    std::unique_ptr<ui::FormView> view_;
-    std::uint64_t features_ = 0;
 };
 
 config::KeyList GmlKeys();

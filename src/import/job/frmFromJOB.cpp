@@ -3,8 +3,6 @@
 #include "import/job/frmFromJOB.h"
 
 #include "gpx/frmGPX.h"
-#include "import/SaveImport.h"
-#include "import/SourceFiles.h"
 #include "import/job/JobText.h"
 #include "import/job/SupersededRecords.h"
 #include "platform/Paths.h"
@@ -47,9 +45,9 @@ void NameSource(drawing::Drawing& drawing, std::string_view jobPath) {
         drawing.properties().emplace_back(sourceProperty, platform::AbsolutePath(jobPath));
 }
 
-std::uint64_t LayersInUse(drawing::Drawing& drawing) {
+std::uint64_t LayersInUse(const drawing::Drawing& drawing) {
     std::unordered_set<const std::string*> names;
-    drawing.forEach([&](const drawing::Entity& entity) { names.insert(&entity.layerName()); });
+    drawing.forEach([&](const drawing::EntityView& entity) { names.insert(&entity.layerName()); });
     return names.size();
 }
 
@@ -65,25 +63,21 @@ void ReportLeftOut(ui::UserInterface& ui, const std::string& file, const JobTabl
 
 config::Outcome frmFromJOB::Start(std::string_view sourcePath, std::string_view sourceFolder,
                                   std::string_view fileList) {
-    view_ = run_.Ui().ShowForm("frmFromJOB");
-    config::Outcome outcome;
-    outcome.target = util::JoinPath(sourceFolder, util::BaseNameOf(sourcePath) + ".VDF");
-    if (util::FileSize(outcome.target) > 0) drawing_.open(outcome.target);
+    import_.Begin(sourceFolder, util::BaseNameOf(sourcePath), ImportRun::Existing::AddedTo);
     std::uint64_t before = drawing_.entityCount();
     std::vector<std::string> paths = SourceFiles(sourcePath, fileList);
     bool isOfSameJob =
         std::ranges::any_of(paths, [&](const auto& path) { return ComesFrom(drawing_, path); });
     JobToDrawing importer(run_, drawing_, config::ReadKeys<JobSettings>(run_.Installation(), keys));
-    bool complete = true;
-    for (const std::string& path : paths) complete &= ImportJobFile(path, importer);
+    import_.ForEachSource(sourcePath, fileList,
+                          [&](const std::string& path) { return ImportJobFile(path, importer); });
     NameSource(drawing_, sourcePath);
-    complete &= gpx::frmGPX(run_).ProcessAnyTrailData(util::FolderOf(sourcePath));
-    if (!complete) outcome.status = config::Outcome::Status::Failed;
-    outcome.features = imported_;
-    outcome = SaveImport(run_, drawing_, outcome, [&] { drawing_.saveAs(outcome.target); });
+    if (!gpx::frmGPX(run_).ProcessAnyTrailData(util::FolderOf(sourcePath))) import_.LeaveOut();
+    std::uint64_t layers = LayersInUse(drawing_), features = drawing_.entityCount();
+    config::Outcome outcome = import_.Finish();
     if (outcome.target.empty()) return outcome;
-    outcome.layers = LayersInUse(drawing_);
-    outcome.features = drawing_.entityCount();
+    outcome.layers = layers;
+    outcome.features = features;
     if (before > 0) ReportAddition(outcome, before, isOfSameJob);
     return outcome;
 }
@@ -105,8 +99,8 @@ bool frmFromJOB::ImportJobFile(const std::string& path, JobToDrawing& importer) 
         JobText text(*file);
         JobTable table(text.Text());
         ResolveSupersededRecords(table);
-        counts = importer.ImportRecords(table, path, *view_);
-        imported_ += counts.entities;
+        counts = importer.ImportRecords(table, path, import_.View());
+        import_.CountFeatures(counts.entities);
         ReportLeftOut(run_.Ui(), file->Name(), table, counts);
         if (counts.entities + counts.closings == 0) {
             run_.Ui().ShowMessage(file->Name() + ": holds no position of a device job to import");
@@ -115,10 +109,10 @@ bool frmFromJOB::ImportJobFile(const std::string& path, JobToDrawing& importer) 
     } catch (const platform::ReadError& error) {
         throw error.InFile(file->Name());
     }
-    view_->SetLabel(util::GroupedCount(counts.positions) + " positions, " +
-                    util::GroupedCount(counts.entities) + " entities");
+    import_.View().SetLabel(util::GroupedCount(counts.positions) + " positions, " +
+                            util::GroupedCount(counts.entities) + " entities");
     run_.Ui().Settle(0.01);
-    view_->SetLabel("Completed!");
+    import_.View().SetLabel("Completed!");
     return true;
 }
 

@@ -4,11 +4,10 @@
 
 #include "config/Keys.h"
 #include "config/Outcome.h"
-#include "drawing/Drawing.h"
+#include "import/ImportRun.h"
 #include "import/job/JobToDrawing.h"
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 
@@ -18,7 +17,8 @@ namespace vexlator::importer {
 /// polylines, their values text attributes, and the GPS trails beside them GPX files.
 class frmFromJOB {
 public:
-    explicit frmFromJOB(config::Run& run) : run_(run) {}
+    explicit frmFromJOB(config::Run& run)
+        : run_(run), import_(run, "frmFromJOB"), drawing_(import_.Drawing()) {}
 
     /// Imports `sourcePath` and the files of `fileList` (each preceded by "|"; names without a folder lie
     /// beside `sourcePath`) into the drawing in `sourceFolder` that has the first one's base name. A drawing
@@ -37,9 +37,8 @@ private:
     void ReportAddition(const config::Outcome& outcome, std::uint64_t before, bool isOfSameJob);
 
     config::Run& run_;
-    drawing::Drawing drawing_;
-    std::unique_ptr<ui::FormView> view_;
-    std::uint64_t imported_ = 0;  ///< entities that the jobs brought
+    ImportRun import_;
+    drawing::Drawing& drawing_;
 };
 
 config::KeyList JobKeys();

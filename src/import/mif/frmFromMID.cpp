@@ -6,8 +6,6 @@
 #include "drawing/SymbolBlock.h"
 #include "import/FeatureCode.h"
 #include "import/FeatureLayer.h"
-#include "import/SaveImport.h"
-#include "import/SourceFiles.h"
 #include "import/TextSource.h"
 #include "import/mif/MifHeader.h"
 #include "import/mif/MifToDrawing.h"
@@ -49,14 +47,9 @@ void GenerateTemplate(config::Run& run, const std::string& code, const MifHeader
 
 config::Outcome frmFromMID::Start(std::string_view sourcePath, std::string_view sourceFolder,
                                   std::string_view fileList) {
-    view_ = run_.Ui().ShowForm("frmFromMID");
-    config::Outcome outcome;
-    outcome.target = util::JoinPath(sourceFolder, util::BaseNameOf(sourcePath) + ".VDF");
-    output_.emplace(drawing_, outcome.target);
-    for (const std::string& path : SourceFiles(sourcePath, fileList))
-        if (!ImportMifFile(path)) outcome.status = config::Outcome::Status::Failed;
-    outcome.features = features_;
-    return SaveImport(run_, drawing_, outcome, [&] { output_->Commit(); });
+    import_.Begin(sourceFolder, util::BaseNameOf(sourcePath));
+    import_.ForEachSource(sourcePath, fileList, [&](const std::string& path) { return ImportMifFile(path); });
+    return import_.Finish();
 }
 
 bool frmFromMID::ImportMifFile(const std::string& path) {
@@ -64,7 +57,7 @@ bool frmFromMID::ImportMifFile(const std::string& path) {
     if (!mif) return false;
     auto mid = util::OpenFile(util::ChangeExtension(path, "MID"), &run_.Ui());
     std::string code = Capitals(util::BaseNameOf(path));
-    view_->SetLabel(code);
+    import_.View().SetLabel(code);
     std::string style = SelectFeatureLayer(run_, drawing_, code);
 
     MifLines lines(WithoutByteOrderMark(mif->Text()), mif->Name());
@@ -81,7 +74,7 @@ bool frmFromMID::ImportMifFile(const std::string& path) {
                          mid ? std::optional(WithoutByteOrderMark(mid->Text())) : std::nullopt);
     ReadObjects(objects, *mif, mid ? &*mid : nullptr);
     for (const std::string& remark : objects.Remarks()) run_.Ui().Report(mif->Name() + ": " + remark);
-    view_->SetLabel("Completed!");
+    import_.View().SetLabel("Completed!");
     return mid.has_value();
 }
 
@@ -90,7 +83,7 @@ void frmFromMID::ReadObjects(MifToDrawing& objects, platform::MappedFile& mif, p
     std::uint64_t threshold = refreshStep, refreshed = objects.Lines().Line();
     try {
         while (objects.ReadObject()) {
-            if (!objects.IsWithinCollection()) output_->WriteFullChunk();
+            if (!objects.IsWithinCollection()) import_.Sink().FeatureDone();
             mif.DoneBefore(objects.Lines().Position());
             if (mid) mid->DoneBefore(objects.RowPosition());
             if (objects.Lines().Line() - refreshed <= threshold) continue;
@@ -103,14 +96,14 @@ void frmFromMID::ReadObjects(MifToDrawing& objects, platform::MappedFile& mif, p
     }
     ShowProgress(objects);
     objects.ShowRemainingRows();
-    features_ += objects.ObjectCount();
+    import_.CountFeatures(objects.ObjectCount());
 }
 
 void frmFromMID::ShowProgress(const MifToDrawing& objects) {
-    view_->Progress(objects.ObjectCount(), 0);
+    import_.View().Progress(objects.ObjectCount(), 0);
     if (objects.MultiSectionCount() > 0 || objects.NoneCount() > 0)
-        view_->SetLabel("M:" + std::to_string(objects.MultiSectionCount()) +
-                        "  N:" + std::to_string(objects.NoneCount()));
+        import_.View().SetLabel("M:" + std::to_string(objects.MultiSectionCount()) +
+                                "  N:" + std::to_string(objects.NoneCount()));
 }
 
 config::KeyList MifImportKeys() {

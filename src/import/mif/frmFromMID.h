@@ -4,12 +4,10 @@
 
 #include "config/Keys.h"
 #include "config/Outcome.h"
-#include "drawing/DrawingOutput.h"
+#include "import/ImportRun.h"
 #include "platform/Files.h"
 
 #include <cstdint>
-#include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,7 +19,8 @@ class MifToDrawing;
 /// symbols, lines and areas become polylines, the columns of the .MID rows become text attributes.
 class frmFromMID {
 public:
-    explicit frmFromMID(config::Run& run) : run_(run) {}
+    explicit frmFromMID(config::Run& run)
+        : run_(run), import_(run, "frmFromMID"), drawing_(import_.Drawing()) {}
 
     /// Imports `sourcePath` and the files of `fileList` (each preceded by "|"; names without a folder lie
     /// beside `sourcePath`) and saves the drawing in `sourceFolder` under the first one's base name. The
@@ -38,10 +37,8 @@ private:
     void ShowProgress(const MifToDrawing& objects);
 
     config::Run& run_;
-    drawing::Drawing drawing_;
-    std::optional<drawing::DrawingOutput> output_;
-    std::unique_ptr<ui::FormView> view_;
-    std::uint64_t features_ = 0;
+    ImportRun import_;
+    drawing::Drawing& drawing_;
 };
 
 config::KeyList MifImportKeys();

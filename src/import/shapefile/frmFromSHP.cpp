@@ -7,8 +7,6 @@
 #include "formats/shapefile/ShapefileReader.h"
 #include "import/FeatureCode.h"
 #include "import/FeatureLayer.h"
-#include "import/SaveImport.h"
-#include "import/SourceFiles.h"
 #include "import/shapefile/TableAttributes.h"
 #include "platform/Paths.h"
 #include "util/Counted.h"
@@ -38,7 +36,6 @@ struct frmFromSHP::Source {
     formats::ShapefileReader reader;
     std::optional<TableAttributes> table;
     std::uint64_t count = 0;
-    std::uint32_t firstUnconverted = 0;  ///< entity
 
     Source(std::string featureCode, platform::MappedFile&& shpFile, platform::MappedFile&& shxFile)
         : code(std::move(featureCode)),
@@ -47,7 +44,8 @@ struct frmFromSHP::Source {
           reader(shp.Bytes(), shx.Bytes()) {}
 };
 
-frmFromSHP::frmFromSHP(config::Run& run) : run_(run), coordinates_(run) {}
+frmFromSHP::frmFromSHP(config::Run& run)
+    : run_(run), import_(run, "frmFromSHP"), drawing_(import_.Drawing()), coordinates_(run) {}
 frmFromSHP::~frmFromSHP() = default;
 
 std::string frmFromSHP::mkCodeNameFromFile(std::string_view path) {
@@ -56,16 +54,11 @@ std::string frmFromSHP::mkCodeNameFromFile(std::string_view path) {
 
 config::Outcome frmFromSHP::Start(std::string_view sourcePath, std::string_view sourceFolder,
                                   std::string_view fileList) {
-    view_ = run_.Ui().ShowForm("frmFromSHP");
-    config::Outcome outcome;
-    outcome.target = util::JoinPath(sourceFolder, util::BaseNameOf(sourcePath) + ".VDF");
-    output_.emplace(drawing_, outcome.target);
-    bool complete = true;
-    for (const std::string& path : SourceFiles(sourcePath, fileList)) complete &= ImportShapefile(path);
-    view_->SetLabel("Completed!");
-    if (!complete) outcome.status = config::Outcome::Status::Failed;
-    outcome.features = features_;
-    return SaveImport(run_, drawing_, outcome, [&] { output_->Commit(); });
+    import_.Begin(sourceFolder, util::BaseNameOf(sourcePath));
+    import_.ForEachSource(sourcePath, fileList,
+                          [&](const std::string& path) { return ImportShapefile(path); });
+    import_.View().SetLabel("Completed!");
+    return import_.Finish();
 }
 
 bool frmFromSHP::ImportShapefile(const std::string& path) {
@@ -105,23 +98,21 @@ std::string frmFromSHP::SelectShapefileLayer(const std::string& code) {
 
 void frmFromSHP::ReadRecords(Source& source) {
     std::size_t records = std::min(source.reader.RecordCount(), source.shp.Bytes().size() / 12);
-    source.firstUnconverted = static_cast<std::uint32_t>(drawing_.entityCount());
-    view_->SetLabel(source.code);
+    import_.Sink().ConvertBy(
+        [this](std::span<util::PlanePoint> vertices) { coordinates_.Convert(vertices); });
+    import_.View().SetLabel(source.code);
     ShapeRecord record;
     try {
         while (source.reader.Next(record)) {
             AddShape(source, record);
-            if (output_->IsFull()) {
-                ConvertShapePoints(source);
-                output_->WriteFullChunk();
-            }
-            view_->Progress(++source.count, records);
+            import_.Sink().FeatureDone();
+            import_.View().Progress(++source.count, records);
             source.shp.DoneBefore(record.offset);
         }
     } catch (const platform::ReadError& error) {
         throw error.InFile(source.shp.Name());
     }
-    ConvertShapePoints(source);
+    import_.Sink().EndConversion();
 }
 
 void frmFromSHP::AddShape(Source& source, const ShapeRecord& record) {
@@ -180,13 +171,8 @@ void frmFromSHP::ShowUnknownType(const Source& source, const ShapeRecord& record
                           std::to_string(record.offset + 1) + "/" + std::to_string(source.reader.ShpSize()));
 }
 
-void frmFromSHP::ConvertShapePoints(Source& source) {
-    coordinates_.Convert(drawing_.planFrom(source.firstUnconverted));
-    source.firstUnconverted = 0;  // what is full leaves the drawing
-}
-
 void frmFromSHP::Report(const Source& source) {
-    features_ += source.count;
+    import_.CountFeatures(source.count);
     if (coordinates_.Kept() > 0)
         run_.Ui().Report(source.code + ": " + util::Counted(coordinates_.Kept(), "vertex", "vertices") +
                          " outside the conversion to the grid, left as they are");

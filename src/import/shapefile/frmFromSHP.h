@@ -4,13 +4,11 @@
 
 #include "config/Keys.h"
 #include "config/Outcome.h"
-#include "drawing/DrawingOutput.h"
+#include "import/ImportRun.h"
 #include "import/shapefile/ShapeCoordinates.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -50,16 +48,12 @@ private:
     /// Returns the symbol of the code's points.
     std::string SelectShapefileLayer(const std::string& code);
     void UseStyleFor(const formats::ShapeRecord& record);
-    /// Converts the coordinates of the entities that were added since the last time.
-    void ConvertShapePoints(Source& source);
     void Report(const Source& source);
 
     config::Run& run_;
-    drawing::Drawing drawing_;
-    std::optional<drawing::DrawingOutput> output_;
-    std::unique_ptr<ui::FormView> view_;
+    ImportRun import_;
+    drawing::Drawing& drawing_;
     ShapeCoordinates coordinates_;
-    std::uint64_t features_ = 0;
 };
 
 config::KeyList ShapefileRuleKeys();
