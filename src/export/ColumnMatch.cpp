@@ -58,7 +58,7 @@ ColumnMatch::ColumnMatch(config::Run& run, std::string layer, std::vector<Column
         }
 }
 
-std::span<const std::string_view> ColumnMatch::Row(const drawing::Entity& entity) {
+std::span<const std::string_view> ColumnMatch::Row(const drawing::EntityView& entity) {
     const Places& places = PlacesFor(entity);
     drawing::ValueCursor values = entity.xproperties().values();
     row_.assign(byName_ ? columns_.size() : places.size(), {});
@@ -70,7 +70,7 @@ std::span<const std::string_view> ColumnMatch::Row(const drawing::Entity& entity
     return row_;
 }
 
-const ColumnMatch::Places& ColumnMatch::PlacesFor(const drawing::Entity& entity) {
+const ColumnMatch::Places& ColumnMatch::PlacesFor(const drawing::EntityView& entity) {
     drawing::AttributeSet set = entity.attributeSet();
     if (last_ && set == lastSet_) return *last_;
     auto [known, isNew] = known_.try_emplace(set);
@@ -80,7 +80,7 @@ const ColumnMatch::Places& ColumnMatch::PlacesFor(const drawing::Entity& entity)
     return *last_;
 }
 
-ColumnMatch::Places ColumnMatch::Match(const drawing::XProperties& attributes) {
+ColumnMatch::Places ColumnMatch::Match(const drawing::XPropertiesView& attributes) {
     Places places;
     std::vector<bool> taken(columns_.size());
     for (std::size_t i = 0, count = attributes.count(); i < count; ++i) {

@@ -56,7 +56,7 @@ public:
     bool IsByName() const { return byName_; }
     /// The values, until the next call. By position: all that the entity has, be it fewer or more than there
     /// are columns. By name: one for each column, empty where the entity has none.
-    std::span<const std::string_view> Row(const drawing::Entity& entity);
+    std::span<const std::string_view> Row(const drawing::EntityView& entity);
     /// Tells in one line which names differ, and counts values without a column in the session's losses. To
     /// be called once, behind the last row.
     void Report();
@@ -69,8 +69,8 @@ private:
     };
     using Places = std::vector<Place>;
 
-    const Places& PlacesFor(const drawing::Entity& entity);
-    Places Match(const drawing::XProperties& attributes);
+    const Places& PlacesFor(const drawing::EntityView& entity);
+    Places Match(const drawing::XPropertiesView& attributes);
     std::span<const std::size_t> Named(std::string_view name) const;
     std::size_t FreeColumn(std::string_view name, std::vector<bool>& taken) const;
     void NoteOther(std::string_view name, std::size_t column);

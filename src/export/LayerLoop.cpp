@@ -32,8 +32,8 @@ bool IsExported(const drawing::Layer& layer, LayerZero layerZero) {
     return !layer.frozen && (layerZero == LayerZero::Export || layer.name != "0");
 }
 
-std::vector<std::string> NamesOf(const drawing::Entity& entity) {
-    drawing::XProperties properties = entity.xproperties();
+std::vector<std::string> NamesOf(const drawing::EntityView& entity) {
+    drawing::XPropertiesView properties = entity.xproperties();
     std::vector<std::string> names;
     for (std::size_t i = 0; i < properties.count(); ++i) names.emplace_back(properties.name(i));
     return names;
@@ -47,13 +47,13 @@ public:
 
     /// Calls `visit(layer, LayerPart)` for every wanted layer in the chunk, in order.
     template <typename Visit>
-    void ForEach(drawing::Drawing& chunk, Visit visit) {
+    void ForEach(const drawing::Drawing& chunk, Visit visit) {
         Count(chunk);
         std::ranges::sort(layers_);
         std::size_t end = 0;
         for (std::uint32_t layer : layers_) ends_[layer] = std::exchange(end, end + ends_[layer]);
         indexes_.resize(end);
-        chunk.forEach([&](const drawing::Entity& entity) {
+        chunk.forEach([&](const drawing::EntityView& entity) {
             std::uint32_t layer = entity.layerIndex();
             if (isWanted_[layer]) indexes_[ends_[layer]++] = entity.index();
         });
@@ -67,8 +67,8 @@ public:
     }
 
 private:
-    void Count(drawing::Drawing& chunk) {
-        chunk.forEach([&](const drawing::Entity& entity) {
+    void Count(const drawing::Drawing& chunk) {
+        chunk.forEach([&](const drawing::EntityView& entity) {
             std::uint32_t layer = entity.layerIndex();
             if (isWanted_[layer] && ends_[layer]++ == 0) layers_.push_back(layer);
         });
@@ -100,13 +100,13 @@ BegunExport BeginExport(config::Run& run, std::string_view formName, std::string
     return begun;
 }
 
-void ExportLayer::Take(const drawing::Entity& entity) {
+void ExportLayer::Take(const drawing::EntityView& entity) {
     drawing::AttributeSet set = entity.attributeSet();
     if (entities++ == 0) names = NamesOf(entity);
     drawing::Kind kind = entity.kindCode();
     if (kind == drawing::Kind::Point || kind == drawing::Kind::Insert || kind == drawing::Kind::Polyline)
         ++pointsAndLines;
-    drawing::XProperties properties = entity.xproperties();
+    drawing::XPropertiesView properties = entity.xproperties();
     if ((sets.empty() || set != lastSet) && knownSets.insert(set).second) sets.push_back(set);
     lastSet = set;
     if (!windows || platform::IsAscii(properties.encoded())) return;
@@ -122,8 +122,8 @@ std::vector<ExportLayer> FindLayers(BegunExport& begun, LayerZero layerZero) {
     std::vector<ExportLayer> all;
     for (const drawing::Layer& layer : begun.file->Current().layers())
         all.push_back({.layer = layer, .index = static_cast<std::uint32_t>(all.size())});
-    begun.ForEachChunk([&](drawing::Drawing& chunk) {
-        chunk.forEach([&](const drawing::Entity& entity) {
+    begun.ForEachChunk([&](const drawing::Drawing& chunk) {
+        chunk.forEach([&](const drawing::EntityView& entity) {
             ExportLayer& layer = all[entity.layerIndex()];
             if (IsExported(layer.layer, layerZero)) layer.Take(entity);
         });
@@ -150,7 +150,7 @@ void WriteLayers(config::Run& run, BegunExport& begun, const std::vector<ExportL
         total += layers[i].entities;
     }
     LayerParts parts(isWanted);
-    begun.ForEachChunk([&](drawing::Drawing& chunk) {
+    begun.ForEachChunk([&](const drawing::Drawing& chunk) {
         parts.ForEach(chunk, [&](std::uint32_t layer, const LayerPart& part) {
             begun.view->SetLabel(layers[places[layer]].layer.name);
             write(places[layer], part);

@@ -14,6 +14,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace vexlator::exporter {
@@ -22,13 +23,13 @@ namespace vexlator::exporter {
 struct BegunExport {
     /// The answer was No: nothing may be written, and `outcome` says so.
     bool IsStopped() const { return outcome.status == config::Outcome::Status::StoppedByUser; }
-    /// Calls `visit(Drawing&)` with every chunk of the drawing, photographs named as the settings ask.
+    /// Calls `visit(const Drawing&)` with every chunk of the drawing, photographs named as the settings ask.
     /// @throws platform::ReadError
     template <typename Visit>
     void ForEachChunk(Visit visit) {
         file->ForEachChunk([&](drawing::Drawing& chunk) {
             photoPaths.ApplyTo(chunk);
-            visit(chunk);
+            visit(std::as_const(chunk));
         });
     }
 
@@ -49,7 +50,7 @@ enum class LayerZero { Export, Skip };
 /// One layer that an exporter writes, and what has to be known of it before its first byte.
 struct ExportLayer {
     /// Counts one more entity.
-    void Take(const drawing::Entity& entity);
+    void Take(const drawing::EntityView& entity);
 
     const drawing::Layer& layer;
     std::uint32_t index = 0;              ///< of the layer in the drawing
@@ -71,8 +72,8 @@ std::vector<ExportLayer> FindLayers(BegunExport& begun, LayerZero layerZero);
 struct LayerPart {
     class Iterator {
     public:
-        Iterator(drawing::Drawing& chunk, const std::uint32_t* index) : chunk_(&chunk), index_(index) {}
-        drawing::Entity operator*() const { return {*chunk_, *index_}; }
+        Iterator(const drawing::Drawing& chunk, const std::uint32_t* index) : chunk_(&chunk), index_(index) {}
+        drawing::EntityView operator*() const { return {*chunk_, *index_}; }
         Iterator& operator++() {
             ++index_;
             return *this;
@@ -80,7 +81,7 @@ struct LayerPart {
         bool operator!=(const Iterator& other) const { return index_ != other.index_; }
 
     private:
-        drawing::Drawing* chunk_;
+        const drawing::Drawing* chunk_;
         const std::uint32_t* index_;
     };
     // NOLINTBEGIN(readability-identifier-naming): what range-based loops look for
@@ -88,7 +89,7 @@ struct LayerPart {
     Iterator end() const { return {chunk, indexes.data() + indexes.size()}; }
     // NOLINTEND(readability-identifier-naming)
 
-    drawing::Drawing& chunk;
+    const drawing::Drawing& chunk;
     std::span<const std::uint32_t> indexes;
 };
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "drawing/Drawing.h"
 #include "drawing/DrawingFile.h"
-#include "drawing/DrawingOutput.h"
+#include "drawing/DrawingSink.h"
 #include "drawing/Vdf.h"
 #include "support/RandomDrawing.h"
 #include "support/TempFolder.h"
@@ -123,8 +123,10 @@ TEST(Vdf, EveryPassOverAFileGivesTheWholeDrawing) {
 TEST(Vdf, ADrawingIsWrittenWhileItIsMade) {
     TempFolder folder;
     folder.Write("a.VDF", "old");
-    Drawing expected, drawing;
-    DrawingOutput output(drawing, folder / "a.VDF");
+    Drawing expected;
+    DrawingSink output;
+    output.SetPath(folder / "a.VDF");
+    Drawing& drawing = output.Drawing();
     const std::vector<std::string> names{"ID", "NAME"};
     std::size_t most = 0;
     for (int i = 0; i < 70000; ++i) {
@@ -137,7 +139,7 @@ TEST(Vdf, ADrawingIsWrittenWhileItIsMade) {
             each->appendValue(std::string(static_cast<std::size_t>(i % 50), 'n'));
         }
         most = std::max(most, drawing.entityCount());
-        output.WriteFullChunk();
+        output.FeatureDone();
     }
     EXPECT_LE(most, vdf::entitiesPerChunk);
     EXPECT_EQ(TempFolder::Read(folder / "a.VDF"), "old");

@@ -12,7 +12,7 @@
 
 namespace vexlator::exporter {
 
-using drawing::Entity;
+using drawing::EntityView;
 using drawing::Kind;
 using formats::CsvCoordinates;
 using util::PlanePoint;
@@ -21,7 +21,7 @@ namespace {
 
 constexpr int degreeDecimals = 6;
 
-bool IsPoint(Entity entity) {
+bool IsPoint(EntityView entity) {
     return entity.kindCode() == Kind::Point || entity.kindCode() == Kind::Insert;
 }
 
@@ -106,7 +106,7 @@ void CsvLayer::AddHeader() {
 
 void CsvLayer::AddRows(const LayerPart& part) {
     if (converter_) Convert(part);
-    for (Entity entity : part) {
+    for (EntityView entity : part) {
         switch (entity.kindCode()) {
             case Kind::Point:
             case Kind::Insert:
@@ -126,7 +126,7 @@ void CsvLayer::AddRows(const LayerPart& part) {
 void CsvLayer::Convert(const LayerPart& part) {
     std::vector<PlanePoint> points;
     std::vector<double> heights;
-    for (Entity entity : part) {
+    for (EntityView entity : part) {
         if (!IsPoint(entity)) continue;
         drawing::Point at = entity.position();
         points.push_back({at.x, at.y});
@@ -146,7 +146,7 @@ void CsvLayer::Convert(const LayerPart& part) {
     }
 }
 
-void CsvLayer::AddPoint(Entity entity) {
+void CsvLayer::AddPoint(EntityView entity) {
     drawing::Point at = entity.position();
     Converted written{{at.x, at.y}, at.z, false};
     if (converter_) written = converted_[nextConverted_++];
@@ -155,7 +155,7 @@ void CsvLayer::AddPoint(Entity entity) {
     AddRow("Point", coordinates, entity);
 }
 
-void CsvLayer::AddPolyline(Entity entity) {
+void CsvLayer::AddPolyline(EntityView entity) {
     CsvCoordinates coordinates{.points = entity.planVertices(),
                                .heights = entity.heights(),
                                .decimals = settings_.decimals,
@@ -163,7 +163,7 @@ void CsvLayer::AddPolyline(Entity entity) {
     AddRow("Polyline", coordinates, entity);
 }
 
-void CsvLayer::AddRow(std::string_view geometry, const CsvCoordinates& coordinates, Entity entity) {
+void CsvLayer::AddRow(std::string_view geometry, const CsvCoordinates& coordinates, EntityView entity) {
     writer_.AddText(geometry);
     writer_.AddText(layer_.layer.name);
     if (settings_.coords) writer_.AddCoordinates(coordinates, false);
@@ -175,7 +175,7 @@ void CsvLayer::AddRow(std::string_view geometry, const CsvCoordinates& coordinat
     writer_.EndRow();
 }
 
-void CsvLayer::AddValues(Entity entity) {
+void CsvLayer::AddValues(EntityView entity) {
     std::span<const std::string_view> row = match_.Row(entity);
     if (row.empty()) return writer_.AddText("");
     formats::CsvLosses before = writer_.Losses();

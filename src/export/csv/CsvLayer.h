@@ -49,11 +49,11 @@ private:
     void AddRows(const LayerPart& part);
     /// Makes `converted_` hold the points among the entities.
     void Convert(const LayerPart& part);
-    void AddPoint(drawing::Entity entity);
-    void AddPolyline(drawing::Entity entity);
+    void AddPoint(drawing::EntityView entity);
+    void AddPolyline(drawing::EntityView entity);
     void AddRow(std::string_view geometry, const formats::CsvCoordinates& coordinates,
-                drawing::Entity entity);
-    void AddValues(drawing::Entity entity);
+                drawing::EntityView entity);
+    void AddValues(drawing::EntityView entity);
     void AddValue(std::string_view value);
     void CountLosses(std::string_view column, const formats::CsvLosses& losses);
     void Report();

@@ -75,7 +75,7 @@ std::vector<std::string> TemplateNames(const FmoDefinition& definition, const da
     return names;
 }
 
-std::string PlaceOf(const drawing::Entity& last, const FeatureTable& table) {
+std::string PlaceOf(const drawing::EntityView& last, const FeatureTable& table) {
     if (table.Pending() <= 1) return ", feature " + last.handle();
     return ", one of the " + std::to_string(table.Pending()) + " features up to " + last.handle();
 }
@@ -195,7 +195,7 @@ void DatabaseExport::WriteRows(const WholeLayer& layer, const LayerTarget& targe
     std::uint64_t done = 0, written = 0;
     LeftOutEntities leftOut;
     for (std::uint32_t index : layer.set.indexes()) {
-        drawing::Entity entity = layer.set.entity(index);
+        drawing::EntityView entity = layer.set.entity(index);
         try {
             if (table.Write(entity))
                 ++written;

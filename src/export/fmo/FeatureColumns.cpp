@@ -17,7 +17,7 @@ FeatureColumns::FeatureColumns(const database::FmoDefinition& definition,
     : definition_(definition), byName_(byName), names_{definition.key}, others_(OtherNames()) {
     AddFields(fields);
     for (std::uint32_t index : set.indexes()) {
-        drawing::Entity entity = set.entity(index);
+        drawing::EntityView entity = set.entity(index);
         drawing::AttributeSet attributes = entity.attributeSet();
         if (!sources_.contains(attributes))
             sources_.emplace(attributes, MapAttributes(entity.xproperties(), leftOvers_[attributes]));
@@ -66,7 +66,7 @@ std::size_t FeatureColumns::FieldColumn(std::string_view name, std::size_t posit
     return position < fieldColumns_.size() ? fieldColumns_[position] : none;
 }
 
-std::vector<std::size_t> FeatureColumns::MapAttributes(const drawing::XProperties& attributes,
+std::vector<std::size_t> FeatureColumns::MapAttributes(const drawing::XPropertiesView& attributes,
                                                        std::vector<LeftOver>& leftOvers) {
     std::vector<std::size_t> sources(names_.size(), none), unnamed;
     for (std::size_t i = 0; i < attributes.count(); ++i) {

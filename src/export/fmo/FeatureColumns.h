@@ -37,7 +37,7 @@ public:
 
     static constexpr std::size_t none = static_cast<std::size_t>(-1);
     /// For each column the position of the entity's attribute that goes there, or `none`.
-    const std::vector<std::size_t>& SourcesFor(const drawing::Entity& entity) const {
+    const std::vector<std::size_t>& SourcesFor(const drawing::EntityView& entity) const {
         return sources_.at(entity.attributeSet());
     }
 
@@ -46,7 +46,7 @@ public:
     struct LeftOver {
         std::size_t attribute, twin;  ///< twin: none when it is named like the place
     };
-    const std::vector<LeftOver>& LeftOversOf(const drawing::Entity& entity) const {
+    const std::vector<LeftOver>& LeftOversOf(const drawing::EntityView& entity) const {
         return leftOvers_.at(entity.attributeSet());
     }
 
@@ -57,7 +57,7 @@ private:
     std::size_t AddFree(std::string_view name, const std::vector<std::size_t>& sources);
     bool IsPlace(std::string_view name) const;
     void AddFields(const std::vector<drawing::AtpField>& fields);
-    std::vector<std::size_t> MapAttributes(const drawing::XProperties& attributes,
+    std::vector<std::size_t> MapAttributes(const drawing::XPropertiesView& attributes,
                                            std::vector<LeftOver>& leftOvers);
 
     const database::FmoDefinition& definition_;

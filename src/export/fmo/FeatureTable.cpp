@@ -14,7 +14,7 @@ namespace vexlator::exporter {
 using database::ColumnType;
 using database::Connection;
 using database::Table;
-using drawing::Entity;
+using drawing::EntityView;
 using drawing::Kind;
 
 namespace {
@@ -136,7 +136,7 @@ void FeatureTable::PrepareStatements() {
     values_.resize(quoted_.size() + 1);
 }
 
-bool FeatureTable::Write(Entity entity) {
+bool FeatureTable::Write(EntityView entity) {
     if (!SetPlace(entity)) return false;
     SetAttributes(entity);
     if (!isNew_ && keysWritten_.insert(keys_[pending_]).second) {
@@ -169,7 +169,7 @@ void FeatureTable::Flush() {
     pending_ = 0;
 }
 
-bool FeatureTable::SetPlace(Entity entity) {
+bool FeatureTable::SetPlace(EntityView entity) {
     Kind kind = entity.kindCode();
     if (kind != Kind::Point && kind != Kind::Insert && kind != Kind::Polyline) return false;
     if (definition_.IsLineTable()) {
@@ -185,7 +185,7 @@ bool FeatureTable::SetPlace(Entity entity) {
     return true;
 }
 
-void FeatureTable::SetAttributes(Entity entity) {
+void FeatureTable::SetAttributes(EntityView entity) {
     texts_.clear();
     for (drawing::ValueCursor values = entity.xproperties().values(); !values.AtEnd();)
         texts_.push_back(values.Next());
@@ -209,7 +209,7 @@ void FeatureTable::SetAttributes(Entity entity) {
 }
 
 /// What the record says anyway is not lost: tables that were imported have their key and place twice.
-void FeatureTable::CountLost(Entity entity) {
+void FeatureTable::CountLost(EntityView entity) {
     for (auto [attribute, twin] : columns_.LeftOversOf(entity)) {
         std::string_view text = texts_[attribute];
         bool isKept = twin == FeatureColumns::none ? IsCoordinate(text) : text == texts_[twin];

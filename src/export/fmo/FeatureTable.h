@@ -30,7 +30,7 @@ public:
     /// Writes the feature's record: inserts it, or replaces the one with its key, whose other columns stay.
     /// Features of one export that share a key all get a record. False when the table has no place for such
     /// an entity.
-    bool Write(drawing::Entity entity);
+    bool Write(drawing::EntityView entity);
     /// To be called behind the last feature.
     void Finish();
     /// How many of the features written last are not in the database yet: an error may be about any of them.
@@ -44,9 +44,9 @@ private:
     void Create();
     void AddMissingColumns(database::Transaction& transaction);
     void PrepareStatements();
-    bool SetPlace(drawing::Entity entity);
-    void SetAttributes(drawing::Entity entity);
-    void CountLost(drawing::Entity entity);
+    bool SetPlace(drawing::EntityView entity);
+    void SetAttributes(drawing::EntityView entity);
+    void CountLost(drawing::EntityView entity);
     bool IsCoordinate(std::string_view text) const;
     void Flush();
     std::string InsertStatement(std::size_t rows) const;

@@ -14,7 +14,7 @@
 
 namespace vexlator::exporter {
 
-using drawing::Entity;
+using drawing::EntityView;
 using drawing::Kind;
 using formats::KmlShape;
 
@@ -32,7 +32,7 @@ KmlShape ShapeOf(std::size_t positions, bool closed) {
     return positions >= 2 ? KmlShape::Line : KmlShape::Point;
 }
 
-std::string_view FirstValue(Entity entity) {
+std::string_view FirstValue(EntityView entity) {
     drawing::ValueCursor values = entity.xproperties().values();
     return values.AtEnd() ? "" : values.Next();
 }
@@ -44,7 +44,7 @@ KmlLayer::KmlLayer(config::Run& run, const KmlSettings& settings, coords::frmLat
     : run_(run), settings_(settings), converter_(converter), layer_(layer), writer_(writer) {}
 
 void KmlLayer::Write(const LayerPart& part) {
-    for (Entity entity : part) {
+    for (EntityView entity : part) {
         Gather(entity);
         if (points_.size() >= batchPoints || items_.size() >= batchPoints) WriteBatch();
     }
@@ -59,7 +59,7 @@ std::uint64_t KmlLayer::Finish() {
     return placemarks_;
 }
 
-void KmlLayer::Gather(Entity entity) {
+void KmlLayer::Gather(EntityView entity) {
     Kind kind = entity.kindCode();
     if (kind != Kind::Point && kind != Kind::Insert && kind != Kind::Polyline) return leftOut_.Add(kind);
     std::size_t begin = points_.size();
@@ -110,7 +110,7 @@ void KmlLayer::WriteBatch() {
     heights_.clear();
 }
 
-void KmlLayer::WriteDescription(Entity entity) {
+void KmlLayer::WriteDescription(EntityView entity) {
     std::string_view photo;
     drawing::ValueCursor values = entity.xproperties().values();
     for (std::size_t i = 0; !values.AtEnd(); ++i) {
@@ -125,7 +125,7 @@ void KmlLayer::WriteDescription(Entity entity) {
         WritePhoto(photo);
 }
 
-void KmlLayer::CountReplaced(Entity entity, std::size_t value, std::uint64_t characters) {
+void KmlLayer::CountReplaced(EntityView entity, std::size_t value, std::uint64_t characters) {
     run_.Losses().Count(config::LossReport::Kind::Replaced, layer_.layer.name,
                         entity.xproperties().name(value), characters);
 }

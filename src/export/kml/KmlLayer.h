@@ -36,17 +36,17 @@ public:
 private:
     /// One entity of a batch whose positions are gathered to be converted at once.
     struct Item {
-        drawing::Entity entity;
+        drawing::EntityView entity;
         std::size_t positions;
         bool closed;
     };
 
-    void Gather(drawing::Entity entity);
+    void Gather(drawing::EntityView entity);
     void CloseRing(std::size_t begin);
     void ConvertBatch();
     void WriteBatch();
-    void WriteDescription(drawing::Entity entity);
-    void CountReplaced(drawing::Entity entity, std::size_t value, std::uint64_t characters);
+    void WriteDescription(drawing::EntityView entity);
+    void CountReplaced(drawing::EntityView entity, std::size_t value, std::uint64_t characters);
     void WritePhoto(std::string_view value);
     void WriteGeometry(const Item& item, std::size_t begin);
 

@@ -34,7 +34,7 @@ public:
         file_.Write("," + std::to_string(entities) + ",mr\r\n");
     }
 
-    void Meter(drawing::Entity entity) {
+    void Meter(drawing::EntityView entity) {
         file_.Write("cr,");
         for (const char* name : {"MeterRef", "Reading", "Date"}) {
             Field(name, Value(entity, name), ',');
@@ -47,8 +47,8 @@ public:
     }
 
 private:
-    static std::string_view Value(drawing::Entity entity, std::string_view name) {
-        std::optional<drawing::XProperty> property = entity.xproperties().find(name);
+    static std::string_view Value(drawing::EntityView entity, std::string_view name) {
+        std::optional<drawing::XPropertyView> property = entity.xproperties().find(name);
         return property ? property->value() : "";
     }
 
@@ -83,7 +83,7 @@ std::uint64_t WriteMeterReadings(config::Run& run, const WholeLayer& layer, std:
     LeftOutEntities leftOut;
     std::uint64_t meters = 0;
     for (std::uint32_t index : layer.set.indexes()) {
-        drawing::Entity entity = layer.set.entity(index);
+        drawing::EntityView entity = layer.set.entity(index);
         drawing::Kind kind = entity.kindCode();
         if (kind != drawing::Kind::Insert && kind != drawing::Kind::Point) {
             leftOut.Add(kind);

@@ -12,7 +12,7 @@
 
 namespace vexlator::exporter {
 
-using drawing::Entity;
+using drawing::EntityView;
 using drawing::Kind;
 using formats::MifColumn;
 
@@ -85,7 +85,7 @@ MifLayer::MifLayer(config::Run& run, const MifSettings& settings, const ExportLa
       match_(run, layer.layer.name, NamesForAttributes(fields_, columns_)) {}
 
 void MifLayer::Write(const LayerPart& part) {
-    for (Entity entity : part) {
+    for (EntityView entity : part) {
         if (!AddObject(entity)) continue;
         AddRow(entity);
         ++objects_;
@@ -98,14 +98,14 @@ std::uint64_t MifLayer::Finish() {
     return objects_;
 }
 
-bool MifLayer::IsComplete(Entity entity) const {
+bool MifLayer::IsComplete(EntityView entity) const {
     // An empty row is a row of one value.
     bool hasRow =
         columns_.size() == 1 || match_.IsByName() || entity.xproperties().count() >= columns_.size();
     return hasRow && (entity.kindCode() != Kind::Polyline || entity.vertexCount() >= fewestVertices);
 }
 
-bool MifLayer::AddObject(Entity entity) {
+bool MifLayer::AddObject(EntityView entity) {
     switch (entity.kindCode()) {
         case Kind::Point:
         case Kind::Insert:
@@ -123,7 +123,7 @@ bool MifLayer::AddObject(Entity entity) {
     }
 }
 
-void MifLayer::AddPolyline(Entity entity) {
+void MifLayer::AddPolyline(EntityView entity) {
     std::span<const util::PlanePoint> vertices = entity.planVertices();
     if (vertices.size() >= fewestVertices || !settings_.strict)
         entity.isClosed() ? writer_.AddRegion(vertices) : writer_.AddPolyline(vertices);
@@ -133,7 +133,7 @@ void MifLayer::AddPolyline(Entity entity) {
         writer_.AddPoint(vertices[0]);
 }
 
-void MifLayer::AddRow(Entity entity) {
+void MifLayer::AddRow(EntityView entity) {
     std::span<const std::string_view> row = match_.Row(entity);
     std::uint64_t before = writer_.Replaced();
     for (std::string_view value : row) writer_.AddValue(value);

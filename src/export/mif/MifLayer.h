@@ -44,11 +44,11 @@ public:
 
 private:
     /// Whether strict readers take the entity's object and row as they are.
-    bool IsComplete(drawing::Entity entity) const;
+    bool IsComplete(drawing::EntityView entity) const;
     /// False for a kind that is left out.
-    bool AddObject(drawing::Entity entity);
-    void AddPolyline(drawing::Entity entity);
-    void AddRow(drawing::Entity entity);
+    bool AddObject(drawing::EntityView entity);
+    void AddPolyline(drawing::EntityView entity);
+    void AddRow(drawing::EntityView entity);
     void Report();
 
     config::Run& run_;

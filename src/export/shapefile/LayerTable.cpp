@@ -80,7 +80,7 @@ std::string_view LayerTable::Shown(std::string_view value) const {
     return drawing::ShortenValue(run_.Settings(), value);
 }
 
-void LayerTable::Add(drawing::Entity entity) {
+void LayerTable::Add(drawing::EntityView entity) {
     writer_.BeginRecord();
     bool empty = true;
     std::span<const std::string_view> row = match_.Row(entity);

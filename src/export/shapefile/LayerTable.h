@@ -29,7 +29,7 @@ public:
                platform::OutputSet& files);
 
     /// One record; an entity without values gives its handle.
-    void Add(drawing::Entity entity);
+    void Add(drawing::EntityView entity);
     /// Ends the table, tells which names became others and counts what its values lost.
     void Finish();
 

@@ -9,7 +9,7 @@
 
 namespace vexlator::exporter {
 
-using drawing::Entity;
+using drawing::EntityView;
 using drawing::Kind;
 
 namespace {
@@ -21,7 +21,7 @@ bool HasZero(const util::PlanePoint& point) {
     return point.x == 0 || point.y == 0;
 }
 
-bool IsPolygon(Entity entity) {
+bool IsPolygon(EntityView entity) {
     return entity.isClosed() || entity.xproperties().find("Area").has_value();
 }
 
@@ -38,7 +38,7 @@ ShapefileLayer::ShapefileLayer(config::Run& run, const ShapefileSettings& settin
       table_(run, layer, settings.suppressNA, util::JoinPath(targetPath, layer.fileName), files) {}
 
 void ShapefileLayer::Write(const LayerPart& part) {
-    for (Entity entity : part) {
+    for (EntityView entity : part) {
         Gather(entity);
         if (points_.size() >= batchPoints) WriteBatch();
     }
@@ -52,7 +52,7 @@ std::uint64_t ShapefileLayer::Finish() {
     return shapes_.RecordCount();
 }
 
-void ShapefileLayer::Gather(Entity entity) {
+void ShapefileLayer::Gather(EntityView entity) {
     switch (entity.kindCode()) {
         case Kind::Point:
         case Kind::Insert: {
@@ -70,7 +70,7 @@ void ShapefileLayer::Gather(Entity entity) {
     }
 }
 
-void ShapefileLayer::GatherPolyline(Entity entity) {
+void ShapefileLayer::GatherPolyline(EntityView entity) {
     std::span<const util::PlanePoint> vertices = entity.planVertices();
     std::size_t begin = points_.size();
     points_.insert(points_.end(), vertices.begin(), vertices.end());

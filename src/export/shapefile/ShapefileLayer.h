@@ -43,13 +43,13 @@ public:
 private:
     /// One entity of a batch whose coordinates are gathered to be converted at once.
     struct Item {
-        drawing::Entity entity;
+        drawing::EntityView entity;
         bool polyline, polygon;
         std::size_t points;
     };
 
-    void Gather(drawing::Entity entity);
-    void GatherPolyline(drawing::Entity entity);
+    void Gather(drawing::EntityView entity);
+    void GatherPolyline(drawing::EntityView entity);
     void WriteBatch();
     void ConvertBatch();
     void Report();

@@ -23,9 +23,11 @@ using Keys = config::Keys<ShapefileSettings>;
 
 constexpr config::KeyOf<ShapefileSettings> keys[] = {
     Keys::Flag("SHPout", "LL", &ShapefileSettings::latLng, "shapefile exports in latitude/longitude"),
-    Keys::Text("SHPout", "PRJ", &ShapefileSettings::projection, "projection file in the folder Resources, for every .PRJ",
-               "with LL, WGS 84; else the coordinate system that [GPS] TRANSFORMATION defines; without a definition "
-               "ESRI.PRJ, which holds the British National Grid"),
+    Keys::Text(
+        "SHPout", "PRJ", &ShapefileSettings::projection,
+        "projection file in the folder Resources, for every .PRJ",
+        "with LL, WGS 84; else the coordinate system that [GPS] TRANSFORMATION defines; without a definition "
+        "ESRI.PRJ, which holds the British National Grid"),
 };
 
 ShapefileSettings ReadSettings(const config::Run& run) {
