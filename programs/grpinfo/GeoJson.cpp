@@ -3,7 +3,7 @@
 #include "grpinfo/GeoJson.h"
 
 #include "grpinfo/Features.h"
-#include "vdfjson/JsonText.h"
+#include "util/JsonText.h"
 
 #include <cmath>
 #include <string>
@@ -13,14 +13,12 @@ namespace vexlator::grpinfo {
 namespace {
 
 using namespace background;
-using vdfjson::AppendNumber;
-using vdfjson::AppendText;
 
 void AppendPosition(std::string& out, double x, double y) {
     out += '[';
-    AppendNumber(out, x);
+    util::AppendNumber(out, x);
     out += ',';
-    AppendNumber(out, y);
+    util::AppendNumber(out, y);
     out += ']';
 }
 
@@ -79,13 +77,13 @@ void AppendMember(std::string& out, std::string_view name, double value) {
     out += ",\"";
     out += name;
     out += "\":";
-    AppendNumber(out, value);
+    util::AppendNumber(out, value);
 }
 
 void AppendProperties(std::string& out, const Tile& tile, const Element& element) {
     const ElementHeader& header = element.header;
     out += R"("file":)";
-    AppendText(out, tile.file->name);
+    util::AppendText(out, tile.file->name);
     AppendMember(out, "offset", static_cast<double>(element.offset));
     AppendMember(out, "type", header.type);
     AppendMember(out, "keyHigh", header.keyHigh);
@@ -95,7 +93,7 @@ void AppendProperties(std::string& out, const Tile& tile, const Element& element
     AppendMember(out, "classC", header.classC);
     if (!element.IsText()) return;
     out += R"(,"text":)";
-    AppendText(out, element.characters);
+    util::AppendText(out, element.characters);
     AppendMember(out, "height", element.text.height / 10.0);
     AppendMember(out, "rotation", element.text.rotation / 10.0);
 }

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "grpinfo/Summary.h"
 
+#include "util/JsonText.h"
 #include "util/Numbers.h"
-#include "vdfjson/JsonText.h"
 
 #include <string_view>
 #include <utility>
@@ -36,7 +36,7 @@ void AppendBox(std::string& out, const Box& box) {
     char separator = '[';
     for (double value : {box.minX, box.minY, box.maxX, box.maxY}) {
         out += separator;
-        vdfjson::AppendNumber(out, value);
+        util::AppendNumber(out, value);
         separator = ',';
     }
     out += ']';
@@ -60,19 +60,19 @@ std::string SummaryText(const PackageReader& package, const PackageCounts& count
 
 std::string SummaryJson(const PackageReader& package, const PackageCounts& counts) {
     std::string out = R"({"package":)";
-    vdfjson::AppendText(out, package.IndexName());
+    util::AppendText(out, package.IndexName());
     out += R"(,"extents":)";
     AppendBox(out, package.Extents());
     for (const Count& count : counted) {
         out += std::string(",\"") + count.name + "\":";
-        vdfjson::AppendNumber(out, static_cast<std::int64_t>(counts.*count.value));
+        util::AppendNumber(out, static_cast<std::int64_t>(counts.*count.value));
     }
     out += R"(,"members":[)";
     const char* separator = "\n";
     for (const IndexEntry& entry : package.Entries()) {
         out += separator;
         out += R"({"name":)";
-        vdfjson::AppendText(out, entry.name);
+        util::AppendText(out, entry.name);
         out += R"(,"kind":)" + std::to_string(entry.kind) + R"(,"box":)";
         AppendBox(out, entry.box);
         out += '}';

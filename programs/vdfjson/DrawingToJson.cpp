@@ -4,8 +4,8 @@
 
 #include "drawing/Vdf.h"
 #include "platform/Errors.h"
+#include "util/JsonText.h"
 #include "vdfjson/FeatureToJson.h"
-#include "vdfjson/JsonText.h"
 
 #include <cstdint>
 #include <string>
@@ -33,9 +33,9 @@ void AppendProperties(std::string& out, const drawing::Drawing& drawing) {
     for (const auto& [name, value] : drawing.properties()) {
         comma.Next(out);
         out += '[';
-        AppendText(out, name);
+        util::AppendText(out, name);
         out += ',';
-        AppendText(out, value);
+        util::AppendText(out, value);
         out += ']';
     }
 }
@@ -45,11 +45,11 @@ void AppendLayers(std::string& out, const drawing::Drawing& drawing) {
     for (const drawing::Layer& layer : drawing.layers()) {
         comma.Next(out);
         out += "{\"name\":";
-        AppendText(out, layer.name);
+        util::AppendText(out, layer.name);
         out += ",\"frozen\":";
-        AppendFlag(out, layer.frozen);
+        util::AppendFlag(out, layer.frozen);
         out += ",\"colour\":";
-        AppendNumber(out, std::int64_t{layer.colour});
+        util::AppendNumber(out, std::int64_t{layer.colour});
         out += '}';
     }
 }
@@ -91,7 +91,7 @@ void Dump::AppendDescription(const drawing::Drawing& drawing, int depth) {
     out_ += "],\n            \"layers\":[";
     AppendLayers(out_, drawing);
     out_ += "],\n            \"activeLayer\":";
-    AppendText(out_, drawing.activeLayerName());
+    util::AppendText(out_, drawing.activeLayerName());
     out_ += ",\"blocks\":[";
     Separator comma;
     for (const drawing::Block& block : drawing.blocks()) {
@@ -103,9 +103,9 @@ void Dump::AppendDescription(const drawing::Drawing& drawing, int depth) {
 
 void Dump::AppendBlock(const drawing::Block& block, int depth) {
     drawing::Drawing content;
-    if (!Unpack(block, depth, content)) return AppendText(out_, block.name);
+    if (!Unpack(block, depth, content)) return util::AppendText(out_, block.name);
     out_ += "\n  {\"name\":";
-    AppendText(out_, block.name);
+    util::AppendText(out_, block.name);
     out_ += ',';
     AppendDescription(content, depth);
     out_ += ",\"entities\":[";

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "vdfjson/FeatureToJson.h"
 
-#include "vdfjson/JsonText.h"
+#include "util/JsonText.h"
 
 #include <cmath>
 #include <unordered_set>
@@ -23,11 +23,11 @@ bool StandsAtPoint(Kind kind) {
 
 void AppendPoint(std::string& out, const drawing::Point& point) {
     out += '[';
-    AppendNumber(out, point.x);
+    util::AppendNumber(out, point.x);
     out += ',';
-    AppendNumber(out, point.y);
+    util::AppendNumber(out, point.y);
     out += ',';
-    AppendNumber(out, point.z);
+    util::AppendNumber(out, point.z);
     out += ']';
 }
 
@@ -73,7 +73,7 @@ const FeatureToJson::Names& FeatureToJson::NamesOf(const Entity& entity) {
     std::size_t count = attributes.count();
     for (std::size_t i = 0; i < count; ++i) {
         Name name;
-        AppendText(name.quoted, attributes.name(i));
+        util::AppendText(name.quoted, attributes.name(i));
         name.typeCode = attributes.typeCode(i);
         name.isFirst = seen.insert(name.quoted).second;
         namesSize_ += sizeof(Name) + name.quoted.size();
@@ -115,7 +115,7 @@ void FeatureToJson::AppendProperties(const Entity& entity, const Names& names) {
         isFirst = false;
         out_ += name.quoted;
         out_ += ':';
-        AppendText(out_, value);
+        util::AppendText(out_, value);
     }
 }
 
@@ -123,21 +123,21 @@ void FeatureToJson::AppendProperties(const Entity& entity, const Names& names) {
 
 void FeatureToJson::TextMember(std::string_view name, std::string_view value) {
     Member(name);
-    AppendText(out_, value);
+    util::AppendText(out_, value);
 }
 
 template <typename Number>
 void FeatureToJson::NumberMember(std::string_view name, Number value) {
     Member(name);
     if constexpr (std::is_floating_point_v<Number>)
-        AppendNumber(out_, value);
+        util::AppendNumber(out_, value);
     else
-        AppendNumber(out_, std::int64_t{value});
+        util::AppendNumber(out_, std::int64_t{value});
 }
 
 void FeatureToJson::FlagMember(std::string_view name, bool value) {
     Member(name);
-    AppendFlag(out_, value);
+    util::AppendFlag(out_, value);
 }
 
 void FeatureToJson::AppendVdf(const Entity& entity) {
@@ -150,7 +150,7 @@ void FeatureToJson::AppendVdf(const Entity& entity) {
 void FeatureToJson::AppendCommon(const Entity& entity) {
     const drawing::Style& style = entity.style();
     out_ += "\"kind\":";
-    AppendText(out_, entity.kind());
+    util::AppendText(out_, entity.kind());
     TextMember("layer", entity.layerName());
     NumberMember("colour", style.colour);
     TextMember("lineType", style.lineType);
@@ -185,9 +185,9 @@ void FeatureToJson::AppendShape(const Entity& entity) {
             TextMember("block", shape.name);
             Member("scale");
             out_ += '[';
-            AppendNumber(out_, shape.scaleX);
+            util::AppendNumber(out_, shape.scaleX);
             out_ += ',';
-            AppendNumber(out_, shape.scaleY);
+            util::AppendNumber(out_, shape.scaleY);
             out_ += ']';
             NumberMember("rotation", shape.rotation);
             break;
@@ -223,10 +223,10 @@ void FeatureToJson::AppendXProperties(const Entity& entity, const Names& names) 
         isFirst = false;
         out_ += name.quoted;
         out_ += ',';
-        AppendText(out_, values.Next());
+        util::AppendText(out_, values.Next());
         if (name.typeCode != drawing::textTypeCode) {
             out_ += ',';
-            AppendNumber(out_, std::int64_t{name.typeCode});
+            util::AppendNumber(out_, std::int64_t{name.typeCode});
         }
         out_ += ']';
     }

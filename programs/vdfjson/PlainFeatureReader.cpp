@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "vdfjson/PlainFeatureReader.h"
 
+#include "util/JsonText.h"
 #include "vdfjson/Coordinates.h"
-#include "vdfjson/JsonText.h"
 
 #include <algorithm>
 
@@ -21,7 +21,7 @@ std::string ValueText(element value) {
             text = TextOf(value);
             break;
         case simdjson::dom::element_type::DOUBLE:
-            AppendNumber(text, NumberOf(value));
+            util::AppendNumber(text, NumberOf(value));
             break;
         case simdjson::dom::element_type::NULL_VALUE:
             break;

@@ -31,11 +31,29 @@ constexpr TaskName taskNames[] = {
     {"--init", Task::Init},
     {"-init", Task::Init},
     {"--settings", Task::Settings},
+    {"--batch", Task::Batch},
+    {"-batch", Task::Batch},
 };
 /// These could begin a path, so they have to stand alone.
 constexpr TaskName loneNames[] = {{"help", Task::Help}, {"version", Task::Version}};
 
 constexpr std::string_view yesOption = "--yes";
+
+struct Flag {
+    std::string_view name;
+    bool Options::*member;
+};
+constexpr Flag flags[] = {
+    {yesOption, &Options::yesToAll}, {"--strict", &Options::strict}, {"--json", &Options::json}};
+
+bool SetFlag(Options& options, std::string_view argument) {
+    for (const Flag& flag : flags) {
+        if (!platform::SameNoCase(argument, flag.name)) continue;
+        options.*flag.member = true;
+        return true;
+    }
+    return false;
+}
 
 template <std::size_t count>
 Task TaskOf(const TaskName (&names)[count], std::string_view argument) {
@@ -79,9 +97,7 @@ Options CommandOptions(Options options, std::span<const char* const> arguments) 
             Append(options.commandText, argument);
         else if (argument == "--" && options.commandText.empty())
             literal = true;
-        else if (platform::SameNoCase(argument, yesOption))
-            options.yesToAll = true;
-        else
+        else if (!SetFlag(options, argument))
             Append(options.commandText, platform::SameNoCase(argument, "--quiet") ? "-QUIET" : argument);
     }
     if (!literal && TakeYes(options.commandText)) options.yesToAll = true;
@@ -95,11 +111,12 @@ Options ParseOptions(std::span<const char* const> arguments) {
     if (arguments.size() == 1) options.task = TaskOf(loneNames, arguments[0]);
     if (options.task != Task::Run) return options;
     std::span<const char* const> rest = arguments;
-    while (!rest.empty() && platform::SameNoCase(rest[0], yesOption)) rest = rest.subspan(1);
+    while (!rest.empty() && SetFlag(options, rest[0])) rest = rest.subspan(1);
     if (rest.empty()) return CommandOptions(options, arguments);
     std::string_view first = rest[0];
     options.task = TaskOf(taskNames, first);
     if (options.task == Task::Init) return InitOptions(options, rest.subspan(1));
+    if (options.task == Task::Batch) options.batchArguments.assign(rest.begin() + 1, rest.end());
     if (options.task != Task::Run) return options;
     bool isUnknown = first.starts_with("--") && first != "--" && !platform::SameNoCase(first, "--quiet") &&
                      first.find(' ') == std::string_view::npos;

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "startup/Main.h"
 
+#include "Commands.h"
 #include "Options.h"
+#include "batch/Batch.h"
 #include "platform/Files.h"
 #include "platform/Process.h"
 #include "platform/Signals.h"
@@ -39,9 +41,12 @@ In a command:
 
 Before or behind a command:
   --yes                             answers every question with Yes
+  --strict                          exit status 5 when the output could not hold something
+  --json                            prints what came of it as one JSON object
 
 Instead of a command:
   --init FOLDER                     makes an installation; never overwrites a file
+  --batch LIST                      runs the commands of a file, a folder or standard input; see --batch --help
   --check                           tells what is configured and what is missing
   --settings                        lists every key of gv.ini with its meaning
   --help, --version
@@ -49,7 +54,7 @@ Instead of a command:
 The environment variable VEXLATOR_HOME names the installation; without it, it is the program's folder.
 Exit status: 0 done; 1 the conversion failed; 2 the installation or an option is not usable;
 3 nothing to do for this command, or it is not understood; 4 stopped by the answer to a question;
-130, 143 stopped by INT, TERM.
+5 done, with losses, under --strict; 130, 143 stopped by INT, TERM.
 
 )";
 
@@ -75,6 +80,23 @@ ExitStatus OpenDesktop(config::Run& run, std::string_view received) {
     return ExitStatus::NothingToDo;
 }
 
+ExitStatus PerformBatch(const Options& options, ui::UserInterface& terminal) {
+    batch::Options night = batch::ParseOptions(options.batchArguments);
+    if (night.help) return Print(std::string(batch::helpText));
+    if (!night.error.empty()) {
+        terminal.Report("vexlator: " + night.error + "; see vexlator --batch --help");
+        return ExitStatus::NotUsable;
+    }
+    platform::StopOnSignals();
+    return batch::Run(night, [&](const std::string& command) {
+        const char* argument = command.c_str();
+        Options asked = ParseOptions({&argument, 1});
+        asked.yesToAll |= options.yesToAll || night.yesToAll;
+        asked.strict |= options.strict || night.strict;
+        return PerformInBatch(asked);
+    });
+}
+
 ExitStatus Perform(const Options& options) {
     ui::TerminalInterface terminal(
         stdin, stderr, {.yesToAll = options.yesToAll, .isTerminal = platform::IsTerminal(stderr)});
@@ -86,18 +108,22 @@ ExitStatus Perform(const Options& options) {
         case Options::Task::Help:
             return Print(HelpText());
         case Options::Task::Version:
-            return Print("vexlator " VEXLATOR_VERSION "\n");
+            return Print("vexlator " VEXLATOR_VERSION "\ncompiled by " VEXLATOR_COMPILER
+                         "\nwith " VEXLATOR_LIBRARIES "\n");
         case Options::Task::Init:
             return startup::MakeInstallation(options.initFolder, terminal);
         case Options::Task::Settings:
             return Print(startup::SettingsPage());
         case Options::Task::Check:
             return startup::CheckInstallation(terminal);
+        case Options::Task::Batch:
+            return PerformBatch(options, terminal);
         case Options::Task::Run:
             break;
     }
     platform::StopOnSignals();
-    return startup::Main(options.commandText, terminal, {.showSelection = OpenDesktop});
+    if (options.json) return PerformAsJson(options);
+    return PerformCommand(options, terminal, OpenDesktop).status;
 }
 
 }  // namespace

@@ -16,6 +16,7 @@
 #include <exception>
 #include <fcntl.h>
 #include <filesystem>
+#include <functional>
 #include <mutex>
 #include <set>
 #include <string>
@@ -64,6 +65,29 @@ int CreateTemporary(const std::string& native, mode_t mode) {
     ::close(descriptor);
     errno = EEXIST;
     return -1;
+}
+
+/// Runs the work in this thread and in further ones, as far as the system gives them, and waits for all.
+/// @throws what the first of them throws
+void InThreads(std::size_t count, const std::function<void()>& work) {
+    std::exception_ptr error;
+    std::mutex mutex;
+    auto guarded = [&] {
+        try {
+            work();
+        } catch (...) {
+            std::lock_guard lock(mutex);
+            if (!error) error = std::current_exception();
+        }
+    };
+    std::vector<std::thread> threads;
+    try {
+        while (threads.size() + 1 < count) threads.emplace_back(guarded);
+    } catch (const std::system_error&) {  // then fewer do
+    }
+    guarded();
+    for (std::thread& thread : threads) thread.join();
+    if (error) std::rethrow_exception(error);
 }
 
 }  // namespace
@@ -254,22 +278,9 @@ void OutputSet::FinishSoFar() {
 void OutputSet::Finish() {
     FinishSoFar();
     std::atomic<std::size_t> next = 0;
-    std::exception_ptr error;
-    std::once_flag onlyFirst;
-    auto finishFiles = [&] {
-        try {
-            for (std::size_t i = next++; i < files_.size(); i = next++) files_[i].Finish();
-        } catch (...) {
-            std::call_once(onlyFirst, [&] { error = std::current_exception(); });
-        }
-    };
-    {
-        std::vector<std::jthread> helpers;
-        while (helpers.size() < std::min(mostSyncing, files_.size() / filesPerThread))
-            helpers.emplace_back(finishFiles);
-        finishFiles();
-    }
-    if (error) std::rethrow_exception(error);
+    InThreads(std::min(files_.size(), mostSyncs), [&] {
+        for (std::size_t i = next++; i < files_.size(); i = next++) files_[i].Finish();
+    });
 }
 
 void OutputSet::Forget() {

@@ -27,9 +27,8 @@ public:
     OutputFile& Add(std::string_view path);
     /// Gives what has been written to the disk, so that its buffers are free while further files are added.
     void FinishSoFar();
-    /// Syncs what has been written; a Commit() that follows only renames. The first file that is synced takes
-    /// most of the others with it, since all are on their way to the disk; many files are synced several at
-    /// once, since each still waits for the disk, which answers them together.
+    /// Syncs what has been written; a Commit() that follows only renames. The files are synced side by side:
+    /// the disk then has to flush its cache once or twice, and not once for each.
     void Finish();
     /// Puts all files into place, in the order in which they were added. @throws WriteError; then every file
     /// is as it was, unless the error names those that could not be brought back
@@ -48,8 +47,7 @@ private:
     /// Further files are open only while they have buffers, and locked by the names that they share with
     /// these: see RemoveLeftovers().
     static constexpr std::size_t mostOpen = 1000;
-    static constexpr std::size_t mostSyncing = 16;     ///< threads
-    static constexpr std::size_t filesPerThread = 16;  ///< fewer are not worth one
+    static constexpr std::size_t mostSyncs = 16;  ///< that wait for the disk at a time
 
     /// A buffer for one of the files; the file that took its own first may have to give it.
     std::unique_ptr<char[]> LendBuffer(OutputFile& file);

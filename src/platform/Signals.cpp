@@ -11,6 +11,7 @@ namespace vexlator::platform {
 namespace {
 
 volatile std::sig_atomic_t stopSignal = 0;
+bool stopIsAccepted = false;
 
 void NoteSignal(int signal) {
     stopSignal = signal;
@@ -44,7 +45,11 @@ void StopOnSignals() {
 }
 
 void ThrowIfStopped() {
-    if (stopSignal != 0) throw Stopped();
+    if (stopSignal != 0 && !stopIsAccepted) throw Stopped();
+}
+
+void AcceptStop() {
+    stopIsAccepted = true;
 }
 
 void EndBySignal() {

@@ -22,6 +22,9 @@ void StopOnSignals();
 /// Cheap enough for every feature. @throws Stopped
 void ThrowIfStopped();
 
+/// After the work has stopped: what is still to be told can be written, ThrowIfStopped() throws no more.
+void AcceptStop();
+
 /// Ends the process by the signal that stopped the run, as its caller expects of an interrupted program. Does
 /// nothing when there was none.
 void EndBySignal();

@@ -11,6 +11,7 @@ enum class ExitStatus : int {
     NotUsable = 2,    ///< the installation or the program's options cannot be used
     NothingToDo = 3,  ///< nothing converts this format, the command is not understood, or there is no window
     StoppedByUser = 4,  ///< the answer to a question ended the run
+    Lossy = 5,  ///< done, but the output could not hold everything, which the caller takes for a failure
     Interrupted = 130,  ///< a signal ended the run; a program then ends by the same signal
 };
 

@@ -88,14 +88,11 @@ ExitStatus Fail(config::Run& run, const std::string& reason) {
     return ExitStatus::Failed;
 }
 
-}  // namespace
-
-ExitStatus Main(std::string_view commandText, ui::UserInterface& userInterface, const MainOptions& options) {
-    platform::RaiseOpenFileLimit();
-    config::Installation installation(options.clock);
-    config::Run run(installation, userInterface);
+/// What a conversion throws ends here: it is shown to the person.
+ExitStatus PerformShowingErrors(config::Installation& installation, config::Run& run,
+                                std::string_view received, const MainOptions& options) {
     try {
-        return Perform(installation, run, commandText, options);
+        return Perform(installation, run, received, options);
     } catch (const platform::Stopped&) {
         run.Ui().Report("stopped before the conversion began");
         return ExitStatus::Interrupted;
@@ -104,6 +101,17 @@ ExitStatus Main(std::string_view commandText, ui::UserInterface& userInterface, 
     } catch (const std::exception& error) {
         return Fail(run, error.what());
     }
+}
+
+}  // namespace
+
+ExitStatus Main(std::string_view commandText, ui::UserInterface& userInterface, const MainOptions& options) {
+    platform::RaiseOpenFileLimit();
+    config::Installation installation(options.clock);
+    config::Run run(installation, userInterface);
+    ExitStatus status = PerformShowingErrors(installation, run, commandText, options);
+    if (options.whenEnded) options.whenEnded(run);
+    return status;
 }
 
 }  // namespace vexlator::startup

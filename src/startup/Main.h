@@ -20,6 +20,7 @@ struct MainOptions {
     Conversions conversions = AllConversions();
     SelectionWindow showSelection = {};  ///< none: a command that asks for it finds nothing to do
     platform::Clock clock = platform::LocalTime;
+    std::function<void(config::Run&)> whenEnded = {};  ///< gets the run with what came of it
 };
 
 /// One run of the program: reads the settings, then does what the command text asks for, which is at most one

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "vdfjson/JsonText.h"
+#include "util/JsonText.h"
 
 #include "platform/CodePages.h"
 #include "util/Numbers.h"
@@ -10,7 +10,7 @@
 #include <cmath>
 #include <cstring>
 
-namespace vexlator::vdfjson {
+namespace vexlator::util {
 
 namespace {
 
@@ -97,8 +97,8 @@ void AppendNumber(std::string& out, double value) {
         out += std::signbit(value) ? "-0.0" : "0";  // "-0" reads as the whole number 0
         return;
     }
-    std::array<char, util::longestShortest> digits;
-    out.append(digits.data(), util::WriteShortest(digits.data(), value));
+    std::array<char, longestShortest> digits;
+    out.append(digits.data(), WriteShortest(digits.data(), value));
 }
 
 void AppendNumber(std::string& out, std::int64_t value) {
@@ -106,4 +106,4 @@ void AppendNumber(std::string& out, std::int64_t value) {
     out.append(digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr);
 }
 
-}  // namespace vexlator::vdfjson
+}  // namespace vexlator::util

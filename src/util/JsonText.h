@@ -7,7 +7,7 @@
 #include <string_view>
 
 /// The parts of JSON text (RFC 8259), added to a buffer.
-namespace vexlator::vdfjson {
+namespace vexlator::util {
 
 /// The text in double quotes, escaped where JSON asks for it. Bytes that are not UTF-8 are read as
 /// Windows-1252, so that the result always is.
@@ -22,4 +22,4 @@ inline void AppendFlag(std::string& out, bool value) {
     out += value ? "true" : "false";
 }
 
-}  // namespace vexlator::vdfjson
+}  // namespace vexlator::util

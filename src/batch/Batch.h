@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "batch/Options.h"
+#include "config/Outcome.h"
+#include "startup/ExitStatus.h"
+
+#include <functional>
+#include <string>
+
+namespace vexlator::batch {
+
+/// What a command did.
+struct CommandResult {
+    startup::ExitStatus status = startup::ExitStatus::Failed;
+    config::Outcome outcome;
+    std::string losses;  ///< one line; "": none
+};
+
+/// Performs one command text, as the program does when it gets the text as its arguments.
+using Perform = std::function<CommandResult(const std::string& command)>;
+
+/// Runs the commands of a list, in processes beside this one, and writes journal and report. What is told
+/// goes to standard error. Never throws.
+/// @returns Done when all commands are done, Failed when some are not, NotUsable when the list, the journal
+/// or an option is not usable, NothingToDo when there is no command, Interrupted
+startup::ExitStatus Run(const Options& options, const Perform& perform);
+
+}  // namespace vexlator::batch
