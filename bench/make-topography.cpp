@@ -28,7 +28,6 @@ constexpr std::array<std::string_view, 4> groups = {"Building", "Road Or Track",
 class Topography {
 public:
     explicit Topography(std::size_t features) : side_(std::sqrt(double(features) / featuresPerSquareUnit)) {
-        drawing_.reserve(features, features * 16, features * 80);
         const std::string names[] = {"TOID", "THEME", "MAKE", "DESCRIPTIVEGROUP"};
         names_ = drawing_.attributeSet(names);
         for (std::size_t i = 0; i < features; ++i) Add(i);

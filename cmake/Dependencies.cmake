@@ -12,6 +12,12 @@ pkg_check_modules(LIBXML2 REQUIRED IMPORTED_TARGET libxml-2.0)
 pkg_check_modules(ZLIB REQUIRED IMPORTED_TARGET zlib)
 pkg_check_modules(XXHASH REQUIRED IMPORTED_TARGET libxxhash)
 find_package(simdjson REQUIRED)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Gui Svg)
+# What includes Qt is compiled with options of Qt's own, and so are the headers that are compiled once for it.
+if(VEXLATOR_PRECOMPILED)
+  vexlator_precompiled(vexlator_qt_headers ${VEXLATOR_STANDARD_HEADERS} <QPainter>)
+  target_link_libraries(vexlator_qt_headers PRIVATE Qt6::Gui)
+endif()
 find_program(FLATC flatc REQUIRED)
 find_path(FLATBUFFERS_INCLUDE flatbuffers/flatbuffers.h REQUIRED)
 

@@ -1,11 +1,11 @@
-# vexlator_library(NAME [SUBFOLDERS] [LINK ...] [PRIVATE_LINK ...])
+# vexlator_library(NAME [SUBFOLDERS] [PRECOMPILED HEADERS] [LINK ...] [PRIVATE_LINK ...])
 #
 # One library per folder of src/, called vexlator_<folder>, made of all .cpp files in it (with SUBFOLDERS, of
 # the folders below it too). A folder with headers only is an interface library. Its public include path is a folder of the
 # build tree that holds nothing but a link to the source folder, so that `#include "util/Text.h"` compiles
 # only where vexlator_util is linked: a forbidden include fails to build.
 function(vexlator_library name)
-  cmake_parse_arguments(ARG "SUBFOLDERS" "" "LINK;PRIVATE_LINK" ${ARGN})
+  cmake_parse_arguments(ARG "SUBFOLDERS" "PRECOMPILED" "LINK;PRIVATE_LINK" ${ARGN})
   if(ARG_SUBFOLDERS)
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS "*.cpp")
   else()
@@ -16,7 +16,7 @@ function(vexlator_library name)
   if(sources)
     add_library(${target} STATIC ${sources})
     set(scope PUBLIC)
-    vexlator_compile(${target})
+    vexlator_compile(${target} ${ARG_PRECOMPILED})
   else()
     add_library(${target} INTERFACE)
     set(scope INTERFACE)

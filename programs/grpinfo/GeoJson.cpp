@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "grpinfo/GeoJson.h"
 
-#include "grpinfo/Features.h"
+#include "background/package/PackageElements.h"
 #include "util/JsonText.h"
 
 #include <cmath>

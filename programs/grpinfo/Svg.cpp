@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "grpinfo/Svg.h"
 
+#include "background/package/PackageElements.h"
 #include "formats/xml/XmlText.h"
-#include "grpinfo/Features.h"
 #include "platform/Files.h"
 #include "util/Numbers.h"
 
@@ -44,21 +44,21 @@ public:
     void DrawArea(const PackageReader& package, const Element& area) {
         std::string path;
         for (const auto& ring : RingsOf(package, area)) path += Path(ring) + "Z";
-        file_.Write("<path fill-rule=\"evenodd\" fill=\"" + LookOf(area.header).colour +
+        file_.Write("<path fill-rule=\"evenodd\" fill=\"" + LookOf(area.header).Colour() +
                     "\" fill-opacity=\"0.35\" d=\"" + path + "\"/>\n");
     }
     void DrawLine(const Element& line) {
         Look look = LookOf(line.header);
         if (line.points.size() == 1)
-            file_.Write("<circle fill=\"" + look.colour + "\" r=\"" + pointRadius_ + "\" cx=\"" +
+            file_.Write("<circle fill=\"" + look.Colour() + "\" r=\"" + pointRadius_ + "\" cx=\"" +
                         Number(Right(line.points[0].x)) + "\" cy=\"" + Number(Down(line.points[0].y)) +
                         "\"/>\n");
         else
-            file_.Write("<path stroke=\"" + look.colour + "\" stroke-width=\"" +
+            file_.Write("<path stroke=\"" + look.Colour() + "\" stroke-width=\"" +
                         (look.isThick ? thick_ : thin_) + "\" d=\"" + Path(line.points) + "\"/>\n");
     }
     void DrawText(const Element& text) {
-        file_.Write("<text dominant-baseline=\"text-before-edge\" fill=\"" + LookOf(text.header).colour +
+        file_.Write("<text dominant-baseline=\"text-before-edge\" fill=\"" + LookOf(text.header).Colour() +
                     "\" font-size=\"" + Number(text.text.height / 10.0) + "\" transform=\"translate(" +
                     Pair(Right(text.text.x), Down(text.text.y)) + ") rotate(" +
                     Number(-text.text.rotation / 10.0) + ")\">");

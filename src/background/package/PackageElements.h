@@ -7,26 +7,27 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
-namespace vexlator::grpinfo {
+namespace vexlator::background {
 
 /// Calls `take` for every element of the tile files with one of the letters, in the order of the container;
 /// of a mosaic, package after package. The package has been proved.
-void ForEachElement(const background::PackageReader& package, std::string_view letters,
-                    const std::function<void(const background::PackageReader&, const background::Tile&,
-                                             const background::Element&)>& take);
+void ForEachElement(const PackageReader& package, std::string_view letters,
+                    const std::function<void(const PackageReader&, const Tile&, const Element&)>& take);
 
 /// The vertices of an area's rings.
-std::vector<std::vector<util::PlanePoint>> RingsOf(const background::PackageReader& package,
-                                                   const background::Element& area);
+std::vector<std::vector<util::PlanePoint>> RingsOf(const PackageReader& package, const Element& area);
 
 /// How the device shows an element.
 struct Look {
-    std::string colour;  ///< as in "#c00000"
+    std::string_view name;  ///< of the theme or the colour
+    std::uint32_t rgb = 0;  ///< as in 0xC00000
     bool isThick = false;
+    std::string Colour() const;  ///< as in "#c00000"
 };
 /// Classified features by their theme, others by their colour; device styles are black.
-Look LookOf(const background::ElementHeader& header);
+Look LookOf(const ElementHeader& header);
 
-}  // namespace vexlator::grpinfo
+}  // namespace vexlator::background

@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "render/Course.h"
+#include "render/Painter.h"
+#include "render/Scene.h"
+#include "render/ThinLines.h"
+
+#include <QFont>
+#include <QPainter>
+#include <QPolygonF>
+#include <optional>
+
+namespace vexlator::render {
+
+/// Paints items, one after the other, on a part of a picture. One thread uses it.
+class ItemPainter {
+public:
+    /// `thinLines` draws on the same image as the painter, or is null when that is none.
+    ItemPainter(QPainter& painter, ThinLines* thinLines, const PixelBox& part, const PaintOptions& options);
+
+    /// @param toPixels from the scene's ground to pixels
+    void Paint(const Scene& scene, const Scene::Item& item, const Placement& toPixels);
+
+private:
+    /// A symbol's scene, in the colour of the feature that it stands for.
+    void PaintInColour(const Scene& scene, const Placement& toPixels, Argb colour);
+    void PaintCourse(const Pen& pen, const Placement& toPixels);
+    void PaintArea(const Scene& scene, const Scene::Item& area, const Pen& pen, const Placement& toPixels);
+    void PaintCurve(const Scene& scene, const Scene::Item& curve, const Pen& pen, const Placement& toPixels);
+    void PaintDot(PlanePoint pixel, const Pen& pen);
+    void PaintText(const Text& text, PlanePoint at, double height, double rotation, Argb colour,
+                   const Placement& toPixels);
+    void DrawLetters(const Text& text, PlanePoint at, double height, double rotation, Argb colour,
+                     const Placement& toPixels);
+    void PaintSymbol(const Scene& scene, const Scene::Item& symbol, const Pen& pen,
+                     const Placement& toPixels);
+    void PaintPattern(const Pattern& pattern, const Pen& pen, double pixelsPerUnit);
+    void PaintPatternText(const PatternText& text, double height, Argb colour);
+
+    /// Lines through `course_` or another course in pixels.
+    void Stroke(std::span<const PlanePoint> course, const Pen& pen);
+    void FillRing();
+    void FillPath(const Scene& scene, const Scene::Item& area, const Placement& toPixels);
+    bool IsThin(const Pen& pen) const { return thinLines_ && WidthOf(pen) <= 1.5; }
+    double WidthOf(const Pen& pen) const;
+    /// The item's pen with the colours of the feature that a symbol stands for.
+    Pen Coloured(const Pen& pen) const;
+    void UseFont();
+
+    QPainter& painter_;
+    ThinLines* thinLines_;
+    PixelBox part_;
+    const PaintOptions& options_;
+    double tolerance_;            ///< pixels between points that can be told apart
+    std::optional<Argb> colour_;  ///< of the feature whose symbol is being painted
+    Course course_, piece_, work_, curve_;
+    QPolygonF polygon_;
+    QFont font_;
+    bool hasFont_ = false;
+};
+
+}  // namespace vexlator::render
