@@ -49,9 +49,9 @@ public:
 
 private:
     void Index() {
-        std::size_t slots = 16;
-        while (slots < 4 * (values_.size() + 1)) slots *= 2;
-        places_.assign(slots, 0);
+        std::size_t size = 16;
+        while (size < 4 * (values_.size() + 1)) size *= 2;
+        places_.assign(size, 0);
         for (std::size_t i = 0; i < values_.size(); ++i) {
             std::uint32_t& slot = SlotOf(values_[i]);
             if (slot == 0) slot = static_cast<std::uint32_t>(i + 1);
