@@ -1,6 +1,10 @@
 # SPDX-FileCopyrightText: The Vexlator authors
 # SPDX-License-Identifier: MIT
 """Files as GDAL reads them, and their comparison with drawings, feature by feature."""
+import configparser
+import glob
+import os
+
 from osgeo import gdal, ogr
 
 gdal.UseExceptions()
@@ -140,3 +144,35 @@ def check_export(entities, path):
         for i, (name, text) in enumerate(entity["xproperties"]):
             wanted, found = cut(text, fields[i].GetWidth(), encoding), feature.GetFieldAsString(i)
             assert found == wanted, f"feature {feature.GetFID()}: {name} is \"{found}\" instead of \"{wanted}\""
+
+
+def check_world(points, world):
+    """The world file says of every corner of a large image, to a millionth of a pixel, what GDAL's fit of first order does."""
+    ini = configparser.ConfigParser()
+    ini.read(points)
+    pairs = [[tuple(map(float, ini["GEOREF"][f"{n}{kind}"].split(","))) for kind in "PG"]
+             for n in range(1, 100) if f"{n}P" in ini["GEOREF"]]
+    image = gdal.GetDriverByName("MEM").Create("", 1, 1)
+    image.SetGCPs([gdal.GCP(*ground, 0, *pixel) for pixel, ground in pairs], "")
+    peer = gdal.Transformer(image, None, ["METHOD=GCP_POLYNOMIAL", "MAX_GCP_ORDER=1"])
+    with open(world, encoding="ascii") as file:
+        a, d, b, e, c, f = map(float, file.read().split())
+    for column, row in ((0, 0), (20000, 0), (0, 20000), (20000, 20000)):
+        _, (x, y, _) = peer.TransformPoint(False, column + 0.5, row + 0.5)
+        apart = max(abs(a * column + b * row + c - x), abs(d * column + e * row + f - y))
+        assert apart < 1e-6 * abs(a * e - b * d) ** 0.5, f"{apart} apart at {column}, {row}"
+
+
+def check_tiles(folder, path):
+    """The tiles lie side by side where their names and world files say, and show what the image does."""
+    image = gdal.Open(path)
+    names = sorted(glob.glob(os.path.join(folder, "*.jpg")))
+    made = gdal.BuildVRT("", names)
+    assert (made.RasterXSize, made.RasterYSize) == (image.RasterXSize, image.RasterYSize)
+    terms, wanted = made.GetGeoTransform(), image.GetGeoTransform()
+    assert max(abs(a - b) for a, b in zip(terms, wanted)) < 1e-6, (terms, wanted)
+    places = [gdal.Open(name).GetGeoTransform() for name in names]
+    assert places == sorted(places, key=lambda place: (-place[3], place[0])), "names are in another order than rows"
+    pairs = list(zip(made.ReadRaster()[::7], image.ReadRaster()[::7]))
+    apart = sum(abs(a - b) for a, b in pairs) / len(pairs)
+    assert apart < 2, f"{apart} of 255 apart"

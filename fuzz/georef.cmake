@@ -1,0 +1,1 @@
+vexlator_fuzz(georef LINK vexlator_georef vexlator_util vexlator_platform)

@@ -1,0 +1,171 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "MakeWorldFile/Job.h"
+
+#include "MakeWorldFile/NorthUp.h"
+#include "MakeWorldFile/Picture.h"
+#include "MakeWorldFile/Tiles.h"
+#include "georef/PointEntries.h"
+#include "georef/WorldFile.h"
+#include "platform/OutputSet.h"
+#include "platform/Paths.h"
+#include "util/Numbers.h"
+#include "util/Paths.h"
+
+#include <algorithm>
+#include <optional>
+#include <stdexcept>
+#include <vector>
+
+namespace vexlator::makeworldfile {
+
+namespace {
+
+constexpr const char* lineEnd = "\r\n";
+
+/// Where the image lies, and whether it is to be turned.
+struct Placement {
+    std::optional<georef::Fit> fit;  ///< from control points
+    georef::WorldFile world;         ///< without them
+    bool turns = false;
+    std::string said;
+};
+
+std::string Counted(double value, int decimals, const char* unit) {
+    return util::FormatFixed(value, decimals) + " " + unit;
+}
+
+std::string Residuals(const georef::Fit& fit) {
+    auto both = [](double pixels, double metres) {
+        return Counted(pixels, 2, "pixels, ") + Counted(metres, 3, "on the ground");
+    };
+    georef::MeanError mean = fit.Error();
+    std::string text = "mean error: " + both(mean.pixels, mean.metres) + lineEnd;
+    for (const georef::Residual& residual : fit.Residuals())
+        text += "point " + std::to_string(residual.number) + ": " + both(residual.pixels, residual.metres) +
+                lineEnd;
+    return text;
+}
+
+/// Of the source, else of the first layer.
+georef::WorldFile WorldOf(const Command& command, const std::vector<std::string>& files,
+                          const Picture& picture) {
+    for (const std::string& image : {command.source, files.front()})
+        for (const std::string& name : georef::WorldFileNames(image))
+            if (platform::FileExists(name)) return georef::ReadWorldFile(name);
+    if (std::optional<georef::WorldFile> world = picture.Placement()) return *world;
+    throw std::runtime_error(platform::NativePath(command.source) +
+                             ": neither control points nor a world file say where the image lies");
+}
+
+Placement FitOf(const georef::GeorefFile& file, const Picture& picture) {
+    Placement placement;
+    placement.fit.emplace(georef::PointsForFit(file.points), file.order);
+    placement.turns = file.rotate;
+    const georef::Fit& fit = *placement.fit;
+    bool bends = fit.Kind() == georef::FitKind::SecondOrder;
+    if (bends && !file.rotate)
+        throw georef::FitError(
+            "a fit of second order bends the image, which a world file cannot tell; have the "
+            "image rotated, or fit in first order");
+    placement.world = fit.TermsAt({0, 0});
+    placement.said = fit.Description() + lineEnd + Residuals(fit);
+    if (fit.IsMirrored())
+        placement.said +=
+            std::string("the image lies mirrored: are two points, or x and y, exchanged?") + lineEnd;
+    bool isOtherSize = file.width > 0 && (file.width != picture.Width() || file.height != picture.Height());
+    if (isOtherSize)
+        placement.said += "the points were taken on an image of " + std::to_string(file.width) + " x " +
+                          std::to_string(file.height) + " pixels" + lineEnd;
+    return placement;
+}
+
+Placement PlacementOf(const Command& command, const std::vector<std::string>& files, const Picture& picture) {
+    georef::GeorefFile file;
+    if (!command.georefFile.empty()) {
+        if (!platform::FileExists(command.georefFile))
+            throw platform::ReadError(platform::NativePath(command.georefFile), "", "no such file");
+        file = georef::ReadGeorefFile(command.georefFile);
+    }
+    bool mayUseWorldFile = command.tileSize > 0 && georef::CountComplete(file.points) == 0;
+    if (!mayUseWorldFile) return FitOf(file, picture);
+    Placement placement;
+    placement.world = WorldOf(command, files, picture);
+    return placement;
+}
+
+/// Names in the list are those of files beside the source.
+std::vector<std::string> FilesOf(const Command& command) {
+    if (command.layers.empty()) return {command.source};
+    std::vector<std::string> files;
+    for (const std::string& name : command.layers) {
+        bool isPath = name.find_first_of("/\\") != std::string::npos;
+        std::string folder = util::FolderOf(command.source);
+        files.push_back(isPath || folder.empty() ? name : util::JoinPath(folder, name));
+    }
+    return files;
+}
+
+std::string Size(int width, int height) {
+    return std::to_string(width) + " x " + std::to_string(height) + " pixels";
+}
+
+/// The image as it is to be written.
+struct Result {
+    GDALDatasetH image = nullptr;
+    georef::WorldFile world;
+    std::optional<NorthUpImage> turned;
+};
+
+void WriteWhole(const Result& result, const Picture& picture, const std::string& source,
+                const std::string& path, platform::OutputSet& outputs) {
+    constexpr int longestSide = 65'500;
+    if (std::max(GDALGetRasterXSize(result.image), GDALGetRasterYSize(result.image)) > longestSide)
+        throw std::runtime_error(Size(GDALGetRasterXSize(result.image), GDALGetRasterYSize(result.image)) +
+                                 " are more than a JPEG can have; cut the image into tiles");
+    platform::OutputFile& output = outputs.Add(path);
+    if (!result.turned && picture.IsPlainJpeg()) {
+        picture.Prove();
+        output.Write(platform::MappedFile(source).Bytes());
+    } else {
+        WriteJpeg(result.image, output);
+    }
+    outputs.Add(georef::WorldFilePath(path)).Write(georef::WorldFileText(result.world));
+}
+
+std::string WriteOutputs(const Result& result, const Picture& picture, const Command& command) {
+    platform::OutputSet outputs;
+    std::string said;
+    if (command.tileSize > 0) {
+        std::string name =
+            util::JoinPath(command.target, util::SafeFileName(util::BaseNameOf(command.source)));
+        TileCount tiles =
+            CarveTiles(result.image, command.source, result.world, command.tileSize, name, outputs);
+        said = std::to_string(tiles.rows) + " rows of " + std::to_string(tiles.columns) + " tiles";
+    } else {
+        std::string path = util::JoinPath(command.target, "bkg.jpg");
+        WriteWhole(result, picture, command.source, path, outputs);
+        said = "bkg.jpg";
+    }
+    outputs.Finish();
+    outputs.Commit();
+    return said + ", " + Size(GDALGetRasterXSize(result.image), GDALGetRasterYSize(result.image)) + lineEnd;
+}
+
+}  // namespace
+
+std::string RunJob(const Command& command) {
+    std::vector<std::string> files = FilesOf(command);
+    Picture picture(files);
+    Placement placement = PlacementOf(command, files, picture);
+    std::string scratch = util::JoinPath(command.target, "scratch.tif");
+    Result result{picture.Flat(scratch, placement.turns), placement.world, std::nullopt};
+    if (placement.turns) {
+        result.turned.emplace(TurnNorthUp(result.image, *placement.fit, scratch));
+        result.image = result.turned->image.Handle();
+        result.world = result.turned->world;
+    }
+    return placement.said + WriteOutputs(result, picture, command);
+}
+
+}  // namespace vexlator::makeworldfile

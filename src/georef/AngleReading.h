@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vexlator::georef {
+
+/// Something of a typed position that is not understood; in words.
+struct NotUnderstood {
+    std::string reason;
+};
+
+/// One number of a value, and the mark behind it: 'd', 'm' or 's' for degrees, minutes, seconds; 0: none.
+struct AnglePart {
+    double value = 0;
+    bool isNegative = false, hasSign = false, hasDecimals = false;
+    char mark = 0;
+};
+
+/// One of the two values of a position: a plain number, or an angle in up to three parts.
+struct AngleValue {
+    std::vector<AnglePart> parts;
+    char hemisphere = 0;  ///< N, S, E or W; 0: none
+
+    bool IsPlain() const { return parts.size() == 1 && parts[0].mark == 0; }
+    /// With the sign, or that of the hemisphere. @throws NotUnderstood: not an angle
+    double Degrees() const;
+};
+
+/// Splits a typed position into its values; two when it is one. @throws NotUnderstood
+std::vector<AngleValue> ReadAngleValues(std::string_view text);
+
+}  // namespace vexlator::georef

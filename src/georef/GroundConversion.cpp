@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#include "georef/GroundConversion.h"
+
+#include "util/Numbers.h"
+#include "util/Paths.h"
+
+#include <utility>
+
+namespace vexlator::georef {
+
+namespace {
+
+using Texts = std::optional<coords::frmLatLng::Texts>;
+
+Texts ToGrid(util::PlanePoint degrees, coords::frmLatLng& grid) {
+    return grid.LatLngToGrid(util::FormatShortest(degrees.y), util::FormatShortest(degrees.x), "0");
+}
+
+std::optional<util::PlanePoint> CornerInGrid(util::PlanePoint degrees, coords::frmLatLng& grid) {
+    Texts texts = ToGrid(degrees, grid);
+    if (!texts) return std::nullopt;
+    return util::PlanePoint{util::NumberOf(texts->first), util::NumberOf(texts->second)};
+}
+
+}  // namespace
+
+GridEntry ToGridEntry(std::string_view typed, coords::frmLatLng& grid) {
+    constexpr int decimals = 3;
+    GroundReading reading = ReadGround(typed);
+    if (reading.kind == GroundKind::None) return {"", reading.said};
+    if (reading.kind == GroundKind::Grid)
+        return {
+            util::FormatFixed(reading.place.x, decimals) + "," + util::FormatFixed(reading.place.y, decimals),
+            reading.said};
+    Texts texts = ToGrid(reading.place, grid);
+    if (!texts && !reading.isOrderKnown) {
+        std::swap(reading.place.x, reading.place.y);
+        texts = ToGrid(reading.place, grid);
+        reading.said = "longitude " + util::FormatFixed(reading.place.x, 6) + ", latitude " +
+                       util::FormatFixed(reading.place.y, 6) +
+                       " (in this order, as the other has no place in the grid)";
+    }
+    if (!texts) return {"", reading.said + ": has no place in the grid"};
+    return {texts->first + "," + texts->second, reading.said};
+}
+
+std::size_t ConvertGroundToGrid(PointEntries& entries, coords::frmLatLng& grid) {
+    std::size_t converted = 0;
+    for (PointEntry& entry : entries) {
+        if (ReadGround(entry.ground).kind != GroundKind::Degrees) continue;
+        std::string inGrid = ToGridEntry(entry.ground, grid).entry;
+        if (inGrid.empty()) continue;
+        entry.ground = inGrid;
+        ++converted;
+    }
+    return converted;
+}
+
+std::optional<WorldFile> ProjectWorldFile(const WorldFile& degrees, int width, int height,
+                                          coords::frmLatLng& grid) {
+    std::optional<util::PlanePoint> topLeft = CornerInGrid({degrees.c, degrees.f}, grid);
+    std::optional<util::PlanePoint> bottomRight =
+        CornerInGrid({degrees.c + degrees.a * width, degrees.f + degrees.e * height}, grid);
+    if (!topLeft || !bottomRight || width < 1 || height < 1) return std::nullopt;
+    return WorldFile{(bottomRight->x - topLeft->x) / width,  0,          0,
+                     (bottomRight->y - topLeft->y) / height, topLeft->x, topLeft->y};
+}
+
+std::string DegreesWorldFilePath(std::string_view imagePath) {
+    return util::ChangeExtension(imagePath, "JPGW");
+}
+
+}  // namespace vexlator::georef

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+namespace vexlator::georef {
+
+constexpr std::size_t mostTerms = 6;
+using TermRow = std::array<double, mostTerms>;
+
+/// One observation: the factors of the unknown terms, and what their sum should be, of two sets of terms.
+struct Observation {
+    TermRow factors{};
+    double first = 0, second = 0;
+};
+
+/// Two sets of terms.
+struct Terms {
+    TermRow first{}, second{};
+};
+
+/// The terms, the first `count` of each set, that leave the smallest sum of squares. Factors should be of
+/// about the size of 1. Nothing when the observations do not determine them.
+std::optional<Terms> SolveLeastSquares(std::vector<Observation> observations, std::size_t count);
+
+}  // namespace vexlator::georef
