@@ -26,42 +26,41 @@ namespace {
 
 using startup::ExitStatus;
 
-constexpr std::string_view helpText =
+constexpr std::string_view commandHelp =
     R"(vexlator: turns field drawings into GIS formats, and GIS formats into drawings
 
-  vexlator "IMPORT P/A.SHP"         imports a file into the drawing P/A.VDF
-  vexlator "IMPORT P/A.SHP|P/B.SHP" imports several files into the first one's drawing
-  vexlator "IMPORT P/*.SHP"         imports all that match into the first one's drawing
-  vexlator "P/A.SHP"                exports the drawing P/A.VDF into the folder P/A
-  vexlator [SELECT | GO OPTIONS]    opens the selection window
+  vexlator "IMPORT P/A.SHP"          makes the drawing P/A.VDF of a file
+  vexlator "IMPORT P/A.SHP|P/B.SHP"  makes one drawing, P/A.VDF, of several files
+  vexlator "IMPORT P/*.SHP"          makes one drawing of all that match
+  vexlator "P/A.KML"                 exports the drawing P/A.VDF to the folder P/A
+  vexlator [SELECT | GO OPTIONS]     opens the selection window
 
-In a command:
-  -QUIET                            asks no questions that would hold up an unattended run
-  ?BOX MINX,MINY,MAXX,MAXY ?        limits an import to this extent
+The extension names the format.
 
-Before or behind a command:
-  --yes                             answers every question with Yes
-  --strict                          exit status 5 when the output could not hold something
-  --json                            prints what came of it as one JSON object
+)";
+constexpr std::string_view optionHelp = R"(
+With a command:
+  -QUIET                       asks nothing that would hold up an unattended run
+  ?BOX MINX,MINY,MAXX,MAXY ?   limits imports of databases to an extent
+  --yes                        answers every question with Yes
+  --strict                     exit status 5 when the output could not hold something
+  --json                       prints what came of it as one JSON object
 
 Instead of a command:
-  --init FOLDER                     makes an installation; never overwrites a file
-  --batch LIST                      runs the commands of a file, a folder or standard input; see --batch --help
-  --check                           tells what is configured and what is missing
-  --settings                        lists every key of gv.ini with its meaning
+  --init FOLDER                makes an installation; never overwrites a file
+  --batch LIST                 runs the commands of a list or folder; see --batch --help
+  --check                      tells what is configured, and what is wrong with it
+  --settings                   prints every key of gv.ini with its meaning
   --help, --version
 
-The environment variable VEXLATOR_HOME names the installation; without it, it is the program's folder.
-Exit status: 0 done; 1 the conversion failed; 2 the installation or an option is not usable;
-3 nothing to do for this command, or it is not understood; 4 stopped by the answer to a question;
-5 done, with losses, under --strict; 130, 143 stopped by INT, TERM.
-
+VEXLATOR_HOME=FOLDER in the environment names the installation; without it, it is
+the program's folder. Exit status: 0 done; 1 failed; 2 the installation or an option
+is not usable; 3 nothing to do, or the command is not understood; 4 stopped by the
+answer to a question; 5 done, with losses, under --strict; 130, 143 stopped by INT, TERM.
 )";
 
 std::string HelpText() {
-    startup::Conversions conversions = startup::AllConversions();
-    return std::string(helpText) + "Imports: " + conversions.ImportCodes() +
-           "\nExports: " + conversions.ExportCodes() + "\n";
+    return std::string(commandHelp) + startup::AllConversions().Table() + std::string(optionHelp);
 }
 
 ExitStatus Print(const std::string& text) {

@@ -203,6 +203,18 @@ std::string_view IniText::Value(std::string_view section, std::string_view key) 
     return found == keys->second.end() ? std::string_view() : PlainValue(found->second);
 }
 
+std::vector<IniEntry> IniText::Entries() const {
+    std::vector<IniEntry> entries;
+    std::string_view section, name, value;
+    for (util::LineReader lines(text_); !lines.AtEnd();) {
+        std::string_view line = lines.ReadTextLine();
+        if (IsSectionLine(line, section) || !IsKeyLine(line, name, value)) continue;
+        value = PlainValue(value);
+        entries.push_back({section, name, value, Value(section, name).data() == value.data()});
+    }
+    return entries;
+}
+
 void AppendIniSection(std::string& text, std::string_view section) {
     text.append("[").append(section).append("]\r\n");
 }

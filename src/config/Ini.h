@@ -6,6 +6,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// INI files by the rules of the Windows private-profile functions: `[section]` lines, `key=value` lines,
 /// `;` comment lines; sections and keys without regard to letter case; blanks around names and values do not
@@ -29,6 +30,12 @@ std::string IniValue(std::string_view text, std::string_view section, std::strin
 std::string WithIniValue(std::string_view text, std::string_view section, std::string_view key,
                          std::string_view value);
 
+/// A key line of a file. Good as long as the text that it was found in.
+struct IniEntry {
+    std::string_view section, key, value;
+    bool counts = false;  ///< false where an earlier section, or an earlier key in it, has the same name
+};
+
 /// A file's text, read once for all of its values.
 class IniText {
 public:
@@ -38,6 +45,8 @@ public:
 
     /// What IniValue() gives, names in UTF-8; good as long as this object. A hash look-up.
     std::string_view Value(std::string_view section, std::string_view key) const;
+    /// Every key line, in order.
+    std::vector<IniEntry> Entries() const;
 
 private:
     using Keys = util::NoCaseMap<std::string_view>;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "config/Keys.h"
 
+#include "platform/Files.h"
 #include "util/Numbers.h"
 #include "util/WholeNumber.h"
 
@@ -13,6 +14,11 @@ namespace {
 
 std::string RangeOf(const Key& key) {
     return std::to_string(key.least) + " to " + std::to_string(key.most);
+}
+
+bool IsInRange(const Key& key, std::string_view value) {
+    return util::IsWhollyNumber(value) && util::IntegerOf(value) >= key.least &&
+           util::IntegerOf(value) <= key.most;
 }
 
 }  // namespace
@@ -27,16 +33,23 @@ std::string Key::Explanation() const {
 }
 
 std::string Key::Problem(std::string_view value) const {
-    if (value.empty() || type == Type::Text) return "";
-    if (type == Type::Number) {
-        bool isInRange =
-            util::IsWhollyNumber(value) && util::IntegerOf(value) >= least && util::IntegerOf(value) <= most;
-        return isInRange ? ""
-                         : "no number from " + RangeOf(*this) + "; " +
-                               std::to_string(NumberOf(*this, value)) + " counts";
+    if (value.empty()) return "";
+    switch (type) {
+        case Type::Text:
+            return "";
+        case Type::Number:
+            if (IsInRange(*this, value)) return "";
+            return "no number from " + RangeOf(*this) + "; " + std::to_string(NumberOf(*this, value)) +
+                   " counts";
+        case Type::Folder:
+            return platform::FolderExists(value) ? "" : "there is no such folder";
+        case Type::File:
+            if (platform::FileExists(value)) return "";
+            return "there is no such file; the default counts: " + std::string(fallback);
+        default:
+            if (value == "0" || value == "1") return "";
+            return std::string("neither 0 nor 1; it counts as ") + (IsOn(*this, value) ? "on" : "off");
     }
-    if (value == "0" || value == "1") return "";
-    return std::string("neither 0 nor 1; it counts as ") + (IsOn(*this, value) ? "on" : "off");
 }
 
 bool IsOn(const Key& key, std::string_view value) {

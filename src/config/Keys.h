@@ -20,7 +20,9 @@ struct Key {
         Flag,    ///< on when its value is exactly 1
         Switch,  ///< on unless its value is exactly 0
         Text,
-        Number  ///< whole; kept within its range
+        Number,  ///< whole; kept within its range
+        Folder,  ///< its path
+        File     ///< its path; a file that is missing counts like a missing key
     };
     std::string_view section;
     std::string_view name;  ///< "": the section's keys can have any name
@@ -39,11 +41,11 @@ struct Key {
 /// A key, and the member of a struct of settings that gets its value.
 template <typename Settings>
 struct KeyOf : Key {
-    using Member = std::variant<std::monostate, bool Settings::*, std::string Settings::*, int Settings::*>;
-    Member member = {};
+    using Member = std::variant<bool Settings::*, std::string Settings::*, int Settings::*>;
+    Member member;
 };
 
-// How keys are declared; without a member where the reader looks the key up by itself.
+// How keys are declared.
 template <typename Settings>
 struct Keys {
     using Member = typename KeyOf<Settings>::Member;
@@ -60,6 +62,15 @@ struct Keys {
                                           std::string_view initial = "") {
         return {{section, name, meaning, fallback, initial, Key::Type::Text}, member};
     }
+    static constexpr KeyOf<Settings> Folder(std::string_view section, std::string_view name, Member member,
+                                            std::string_view meaning, std::string_view fallback,
+                                            std::string_view initial = "") {
+        return {{section, name, meaning, fallback, initial, Key::Type::Folder}, member};
+    }
+    static constexpr KeyOf<Settings> File(std::string_view section, std::string_view name, Member member,
+                                          std::string_view meaning, std::string_view fallback) {
+        return {{section, name, meaning, fallback, "", Key::Type::File}, member};
+    }
     static constexpr KeyOf<Settings> Number(std::string_view section, std::string_view name, Member member,
                                             std::string_view meaning, std::string_view fallback,
                                             std::int64_t least, std::int64_t most) {
@@ -75,7 +86,6 @@ template <typename Settings>
 Settings ReadKeys(const Installation& installation, std::span<const KeyOf<Settings>> keys,
                   Settings settings = {}) {
     for (const KeyOf<Settings>& key : keys) {
-        if (std::holds_alternative<std::monostate>(key.member)) continue;
         std::string value = installation.ReadIni(key.section, key.name);
         if (auto flag = std::get_if<bool Settings::*>(&key.member))
             settings.**flag = IsOn(key, value);

@@ -17,6 +17,23 @@ namespace {
 
 constexpr std::uint64_t largestDefinition = 1 << 20;
 
+struct IniSettings {
+    std::string transformation;
+};
+
+using Keys = config::Keys<IniSettings>;
+
+constexpr config::KeyOf<IniSettings> keys[] = {
+    Keys::Text("GPS", "TRANSFORMATION", &IniSettings::transformation,
+               "coordinate system of the drawings: EPSG code, WKT or PROJ text, or the path of a file with "
+               "one of these; where "
+               "that path has the letters LatLng in it, in a folder's name or the file's, drawings are in "
+               "latitude/longitude "
+               "already, whatever stands in the file (it must not be empty)",
+               "British National Grid through a correction grid, OSTN15 (uk_os_OSTN15_NTv2_OSGBtoETRS.tif), "
+               "OSTN02.INT or OSTN97.INT in Resources"),
+};
+
 }  // namespace
 
 GridFolders GridFoldersOf(const config::Run& run) {
@@ -33,13 +50,13 @@ std::string MissingGridText(const std::string& grid, const std::string& folderFo
 TransformationSetting ReadTransformationSetting(const config::Run& run) {
     using Kind = TransformationSetting::Kind;
     TransformationSetting setting;
-    setting.value = run.ReadIni("GPS", "TRANSFORMATION");
-    bool isSet = !setting.value.empty();
-    if (!isSet) setting.value = "\\qxmCS.DAT";
+    setting.value = config::ReadKeys<IniSettings>(run.Installation(), keys).transformation;
+    setting.isSet = !setting.value.empty();
+    if (!setting.isSet) setting.value = "\\qxmCS.DAT";
     setting.isFile = util::FileSize(setting.value) > 0;
     if (setting.isFile)
         setting.kind = util::InStrNoCase(setting.value, "LatLng") > 0 ? Kind::Degrees : Kind::Definition;
-    else if (isSet && IsDefinition(setting.value))
+    else if (setting.isSet && IsDefinition(setting.value))
         setting.kind = Kind::Definition;
     return setting;
 }
@@ -71,15 +88,7 @@ std::string ReadDefinition(const std::string& path) {
 }
 
 config::KeyList CoordinateKeys() {
-    return {
-        {"GPS", "TRANSFORMATION",
-         "coordinate system of the drawings: EPSG code, WKT or PROJ text, or the path of a file with one of these; where "
-         "that path has the letters LatLng in it, in a folder's name or the file's, drawings are in latitude/longitude "
-         "already, whatever stands in the file (it must not be empty)",
-         "British National Grid through a correction grid, OSTN15 (uk_os_OSTN15_NTv2_OSGBtoETRS.tif), "
-         "OSTN02.INT or "
-         "OSTN97.INT in Resources"},
-    };
+    return config::ListOf<IniSettings>(keys);
 }
 
 }  // namespace vexlator::coords

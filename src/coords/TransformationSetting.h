@@ -29,6 +29,7 @@ struct TransformationSetting {
     Kind kind = Kind::CorrectionGrid;
     std::string value;  ///< path of the definition file, or the definition itself
     bool isFile = false;
+    bool isSet = false;  ///< in gv.ini
 
     /// For people: which file, or the definition itself.
     std::string Name() const;

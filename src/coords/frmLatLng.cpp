@@ -28,9 +28,8 @@ std::unique_ptr<Backend> ChooseBackend(config::Run& run) {
     GridFolders folders = GridFoldersOf(run);
     if (setting.kind == Kind::Definition)
         return std::make_unique<Transformer>(std::move(setting), std::move(folders), run.Ui());
-    std::string value = run.ReadIni("GPS", "TRANSFORMATION");
-    if (!value.empty())
-        run.Ui().ShowMessage(platform::NativePath(value) +
+    if (setting.isSet)
+        run.Ui().ShowMessage(platform::NativePath(setting.value) +
                              ": no such transformation file, or it is empty, and no definition by itself; "
                              "the correction grid of the British National Grid is used");
     return std::make_unique<CorrectionGrid>(folders, run.Ui());

@@ -15,6 +15,17 @@ namespace vexlator::drawing {
 
 namespace {
 
+struct TemplateSettings {
+    bool generate = false;
+};
+
+using Keys = config::Keys<TemplateSettings>;
+
+constexpr config::KeyOf<TemplateSettings> keys[] = {
+    Keys::Flag("GENERICIN", "GenATP", &TemplateSettings::generate,
+               "imports offer to make attribute templates for feature codes that have none"),
+};
+
 constexpr std::string_view header = "[26,09]\r\n";
 constexpr std::string_view stylePrefix = "'STYLE=";
 constexpr std::uint64_t largestAlias = 16;
@@ -165,7 +176,9 @@ void WriteAtpFromFields(std::string_view templatePath, std::span<const std::stri
 
 void GenerateAtp(config::Run& run, std::string_view templatePath, std::span<const std::string> names,
                  std::span<const int> widths) {
-    if (util::FileSize(templatePath) > 0 || !run.ReadIniFlag("GENERICIN", "GenATP")) return;
+    if (util::FileSize(templatePath) > 0 ||
+        !config::ReadKeys<TemplateSettings>(run.Installation(), keys).generate)
+        return;
     if (!run.Ui().AskYesNo("Generate ATP For " + util::BaseNameOf(templatePath))) return;
     std::string text(header);
     for (std::size_t i = 0; i < names.size(); ++i) {
@@ -174,6 +187,10 @@ void GenerateAtp(config::Run& run, std::string_view templatePath, std::span<cons
         text += FieldLine(i + 1, name, std::clamp(widths[i], 1, 99));
     }
     platform::ReplaceFile(templatePath, EncodeTemplate(text));
+}
+
+config::KeyList TemplateKeys() {
+    return config::ListOf<TemplateSettings>(keys);
 }
 
 std::string ConvertXotToAtx(std::string_view path) {

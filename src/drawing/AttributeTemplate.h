@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Run.h"
+#include "config/Keys.h"
 
 #include <cstddef>
 #include <span>
@@ -71,6 +71,8 @@ void WriteAtpFromFields(std::string_view templatePath, std::span<const std::stri
 /// long as `names`. @throws platform::WriteError
 void GenerateAtp(config::Run& run, std::string_view templatePath, std::span<const std::string> names,
                  std::span<const int> widths);
+
+config::KeyList TemplateKeys();
 
 /// Turns the list of names in the file of the given path with extension XOT into a template with extension
 /// ATX, and returns the template to use: the ATX, or the path itself when there is no such list.

@@ -98,18 +98,12 @@ std::string SlashDateFromCompact(std::string_view text) {
     return result.append("/").append(text.substr(4, 2)).append("/").append(text.substr(0, 4));
 }
 
-config::KeyList DrawingKeys() {
+config::KeyList FeatureChangeKeys() {
     return {
-        {"INOUTFEATCHANGE", "",
+        {changeSection, "",
          "renames feature codes and their fields in exports: a key per code, and the code followed by "
          "_Fields",
          "nothing is renamed"},
-        {.section = "GENERICIN",
-         .name = "GenATP",
-         .meaning = "imports offer to make attribute templates for feature codes that have none",
-         .fallback = "off",
-         .initial = "0",
-         .type = config::Key::Type::Flag},
     };
 }
 

@@ -37,6 +37,6 @@ void RenameAttribute(config::Run& run, Entity entity, std::string_view oldName, 
 /// Eight characters, each a digit, "-" or ".": 20240315 gives 15/03/2024. Other texts come back unchanged.
 std::string SlashDateFromCompact(std::string_view text);
 
-config::KeyList DrawingKeys();
+config::KeyList FeatureChangeKeys();
 
 }  // namespace vexlator::drawing

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "gpx/GpxSettings.h"
 #include "gpx/TrailFile.h"
 #include "platform/Files.h"
 
@@ -9,14 +10,6 @@
 #include <string_view>
 
 namespace vexlator::gpx {
-
-struct GpxSettings {
-    /// The file is valid by the schema of GPX 1.1: version and namespace are named, both waypoints stand
-    /// before the track, and what the schema forbids (times that are none, heights with an exponent) is left
-    /// out.
-    bool strict = false;
-    std::string webBase = "https://www.veltrom.example/professional-services";
-};
 
 /// A position with the texts that a GPX file shows; empty ones when it could not be converted.
 struct GpxPosition {

@@ -15,21 +15,9 @@ namespace {
 
 constexpr int degreeDecimals = 6;
 
-using Keys = config::Keys<GpxSettings>;
-
-constexpr config::KeyOf<GpxSettings> keys[] = {
-    Keys::Flag("GPX", "Strict", &GpxSettings::strict,
-               "GPS trails become GPX 1.1 that every reader takes; positions without latitude/longitude are "
-               "left out"),
-    Keys::Text("GPX", "WebBase", &GpxSettings::webBase,
-               "web address that the GPX files of GPS trails refer to",
-               "https://www.veltrom.example/professional-services"),
-};
-
 }  // namespace
 
-frmGPX::frmGPX(config::Run& run)
-    : run_(run), settings_(config::ReadKeys<GpxSettings>(run.Installation(), keys)) {}
+frmGPX::frmGPX(config::Run& run) : run_(run), settings_(ReadGpxSettings(run)) {}
 
 bool frmGPX::ProcessAnyTrailData(std::string_view folder) {
     view_ = run_.Ui().ShowForm("frmGPX");
@@ -153,10 +141,6 @@ void frmGPX::Report(const std::string& name, std::uint64_t withoutPlace, bool is
                                          : " without latitude and longitude: outside of the conversion";
     if (withoutPlace > 0) run_.Ui().Report(name + ": " + util::Counted(withoutPlace, "position") + place);
     if (isEmpty) run_.Ui().Report(name + ": no position to write, so no GPX file is made");
-}
-
-config::KeyList GpxKeys() {
-    return config::ListOf<GpxSettings>(keys);
 }
 
 }  // namespace vexlator::gpx

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Keys.h"
+#include "config/Run.h"
 #include "coords/frmLatLng.h"
 #include "gpx/GpxWriter.h"
 #include "util/Files.h"
@@ -58,7 +58,5 @@ private:
         converter_;  ///< made for the first trail: it may have to tell something
     std::vector<GpxPosition> converted_;
 };
-
-config::KeyList GpxKeys();
 
 }  // namespace vexlator::gpx

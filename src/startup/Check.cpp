@@ -6,11 +6,15 @@
 #include "coords/DrawingProjection.h"
 #include "coords/frmLatLng.h"
 #include "database/Drivers.h"
+#include "export/shapefile/ShapefileSettings.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
+#include "startup/Findings.h"
+#include "startup/Keys.h"
 #include "startup/Settings.h"
 #include "util/Files.h"
 #include "util/Paths.h"
+#include "workflow/WorkflowDatabase.h"
 
 #include <exception>
 #include <optional>
@@ -33,16 +37,16 @@ public:
         const config::SharedSettings& settings = run_.Settings();
         Line("installation", platform::NativePath(settings.ProgramFolder));
         File("settings", settings.IniFilePath);
-        bool usable = Folder("ATPDirectory", settings.ATPDirectory, "required");
-        usable &= Folder("SymbolsDirectory", settings.SymbolsDirectory, "required");
-        Folder("FMODirectory", settings.FMODirectory, "no database definitions");
-        Folder("WorkFlowDirectory", settings.WorkFlowDirectory, "drawings belong to no job");
-        Folder("TempDirectory", settings.TempDirectory, "");
+        const config::KeyList keys = AllKeys();
+        for (const config::Key& key : keys)
+            if (key.type == config::Key::Type::Folder) Folder(key);
+        bool usable = IsFolder(settings.ATPDirectory) && IsFolder(settings.SymbolsDirectory);
         if (usable) File("default symbol", util::JoinPath(settings.SymbolsDirectory, "DEFAULT.VDF"));
         ProjectionFile();
         WorkflowDatabase();
         Line("ODBC drivers", Listed(database::DriverNames()));
         Line("latitude/longitude", coords::frmLatLng(run_).Description());
+        Findings(keys);
         Line("result", usable ? "usable" : "not usable");
         return usable ? ExitStatus::Done : ExitStatus::NotUsable;
     }
@@ -56,14 +60,24 @@ private:
         Line(what, platform::NativePath(path) + (present ? "" : " (missing)"));
         return present;
     }
-    bool Folder(std::string_view key, const std::string& path, const std::string& whenUnset) {
-        bool present = !path.empty() && platform::FolderExists(path);
-        Line(key, path.empty() ? "not set (" + whenUnset + ")"
-                               : platform::NativePath(path) + (present ? "" : " (missing)"));
-        return present;
+    static bool IsFolder(const std::string& path) { return !path.empty() && platform::FolderExists(path); }
+    /// Folders that a new installation lacks have a line only where they are set.
+    void Folder(const config::Key& key) {
+        std::string path = run_.ReadIni(key.section, key.name);
+        std::string fallback(key.fallback.empty() ? "required" : key.fallback);
+        if (!path.empty())
+            Line(key.name, platform::NativePath(path) + (IsFolder(path) ? "" : " (missing)"));
+        else if (!key.initial.empty())
+            Line(key.name, "not set (" + fallback + ")");
+    }
+    void Findings(const config::KeyList& keys) {
+        const std::string& path = run_.Settings().IniFilePath;
+        if (!platform::FileExists(path)) return;
+        for (const std::string& finding : FindingsOf(platform::ReadWholeFile(path), keys))
+            run_.Ui().Report(finding);
     }
     void ProjectionFile() {
-        std::string name = run_.ReadIni("SHPout", "PRJ");
+        std::string name = exporter::ReadShapefileSettings(run_).projection;
         std::string folder = util::JoinPath(run_.Settings().ProgramFolder, "Resources");
         auto defined = name.empty() ? coords::DrawingProjection(run_) : std::nullopt;
         if (!defined)
@@ -75,7 +89,7 @@ private:
     }
     void WorkflowDatabase() {
         const std::string& folder = run_.Settings().WorkFlowSystem;
-        if (!run_.ReadIni("WORKFLOW", "CONNECTION").empty())
+        if (workflow::IsOnServer(run_))
             Line("workflow database", "a server ([WORKFLOW] CONNECTION)");
         else if (folder.empty())
             Line("workflow database", "not set (exports are not recorded)");

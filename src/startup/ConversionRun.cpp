@@ -8,6 +8,7 @@
 #include "platform/Signals.h"
 #include "startup/CommandLine.h"
 #include "startup/PostExport.h"
+#include "startup/Similar.h"
 #include "startup/Slips.h"
 #include "util/Counted.h"
 #include "util/Files.h"
@@ -74,16 +75,52 @@ bool HasExtent(const config::Run& run) {
     return box.minX != 0 || box.minY != 0 || box.maxX != 0 || box.maxY != 0;
 }
 
-/// A text file is a table, or a meter-reading file where the installation says so. A job file too short to
-/// hold a job stands for the ADT file beside it.
-void ChooseSource(const config::Run& run, ImportCommand& command) {
+struct SourceSettings {
+    bool meterReadings = false;
+};
+
+using Keys = config::Keys<SourceSettings>;
+
+constexpr config::KeyOf<SourceSettings> keys[] = {
+    Keys::Flag("THIRD", "CAW", &SourceSettings::meterReadings, ".TXT imports are meter readings, not tables"),
+};
+
+/// A text file is a table, or a meter-reading file where the installation says so.
+std::string ChooseKindOfText(const config::Run& run, ImportCommand& command) {
+    bool isReadings = config::ReadKeys<SourceSettings>(run.Installation(), keys).meterReadings;
+    command.code = isReadings ? "PPS" : "CSV";
+    if (!isReadings) return "";
+    return platform::NativePath(command.sourcePath) +
+           " is a file of meter readings, because [THIRD] CAW of gv.ini is 1; ";
+}
+
+/// A job file too short to hold a job stands for the ADT file beside it.
+std::string ChooseFileOfJob(ImportCommand& command) {
     constexpr std::uint64_t shortestJob = 64;
-    if (command.code == "TXT") command.code = run.ReadIniFlag("THIRD", "CAW") ? "PPS" : "CSV";
-    if (command.code != "JOB" || util::FileSize(command.sourcePath) >= shortestJob) return;
     std::string sibling = util::ChangeExtension(command.sourcePath, "ADT");
-    if (util::FileSize(sibling) == 0) return;
+    if (util::FileSize(command.sourcePath) >= shortestJob || util::FileSize(sibling) == 0) return "";
+    std::string reason = platform::NativePath(command.sourcePath) +
+                         " is too short for a job and stands for " + util::FileNameOf(sibling) + "; ";
     command.code = "ADT";
     command.sourcePath = sibling;
+    return reason;
+}
+
+/// The source that a command means. Returns why it is another one than was named, "" when it is that one.
+std::string ChooseSource(const config::Run& run, ImportCommand& command) {
+    if (command.code == "TXT") return ChooseKindOfText(run, command);
+    return command.code == "JOB" ? ChooseFileOfJob(command) : "";
+}
+
+/// For a format that nothing exports to, as in "; did you mean "/data/roads.MID" (MapInfo interchange
+/// files)?"
+std::string MeantExport(const Conversions& conversions, const ExportCommand& command) {
+    for (const ExportRow& row : conversions.exports)
+        if (IsOneSlipFrom(command.code, row.code))
+            return "; did you mean \"" +
+                   platform::NativePath(util::ChangeExtension(command.drawingPath, row.code)) + "\" (" +
+                   std::string(row.words) + ")?";
+    return "; formats are " + conversions.ExportList();
 }
 
 /// The drawing that an import makes.
@@ -162,10 +199,12 @@ ExitStatus RunImport(config::Run& run, const Conversions& conversions, std::stri
         return Refuse(run, slip->advice, slip->status);
     if (sources.guessed) ReportGuess(run, sources);
     ImportCommand command = CommandOf(sources);
-    ChooseSource(run, command);
+    std::string reason = ChooseSource(run, command);
     const ImportRow* row = conversions.FindImport(command.code);
-    if (!row || !row->call)
-        return Refuse(run, command.code + " import is not available yet", ExitStatus::NothingToDo);
+    if (!row)
+        return Refuse(
+            run, reason + "nothing imports \"" + command.code + "\"; formats are " + conversions.ImportList(),
+            ExitStatus::NothingToDo);
     if (HasExtent(run) && row->form != "frmFromFMO")
         run.Ui().Report("?BOX limits imports of databases only; " + platform::NativePath(command.sourcePath) +
                         " is read whole");
@@ -183,13 +222,16 @@ ExitStatus RunExport(config::Run& run, const Conversions& conversions, std::stri
     ExportCommand command = ParseExport(text);
     TargetFolder folder(command.targetPath);
     const ExportRow* row = conversions.FindExport(command.code);
-    if (!row || !row->call) {
+    if (!row) {
         RunPostExportSteps(run, command);
-        std::string reason = row ? command.code + " export is not available yet"
-                                 : "nothing exports to \"" + command.code + "\"";
-        return Refuse(run, reason + "; formats are " + conversions.ExportCodes(), ExitStatus::NothingToDo);
+        return Refuse(run, "nothing exports to \"" + command.code + "\"" + MeantExport(conversions, command),
+                      ExitStatus::NothingToDo);
     }
     return Export(run, *row, command, folder);
+}
+
+config::KeyList SourceKeys() {
+    return config::ListOf<SourceSettings>(keys);
 }
 
 }  // namespace vexlator::startup

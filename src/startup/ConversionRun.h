@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Run.h"
+#include "config/Keys.h"
 #include "startup/Conversions.h"
 #include "startup/ExitStatus.h"
 
@@ -21,5 +21,8 @@ ExitStatus RunImport(config::Run& run, const Conversions& conversions, std::stri
 /// nothing exports this format. An export that failed or was stopped leaves neither a record nor an empty
 /// folder that it made. @throws whatever the exporter throws.
 ExitStatus RunExport(config::Run& run, const Conversions& conversions, std::string_view text);
+
+/// What settings say of the sources that commands name.
+config::KeyList SourceKeys();
 
 }  // namespace vexlator::startup

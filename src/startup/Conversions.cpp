@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "startup/Conversions.h"
 
+#include "background/build/BuildSettings.h"
 #include "background/build/frmGRP.h"
 #include "export/csv/frmCSV.h"
 #include "export/fmo/frmFMO.h"
@@ -20,13 +21,15 @@
 #include <algorithm>
 #include <array>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace vexlator::startup {
 
 namespace {
 
-// A new conversion gets its call in its row below; nothing else has to change. One whose operation is not
-// called Start(), or takes more arguments than these, gets a function of its own here.
+// A new conversion gets a row below; nothing else has to change. One whose operation is not called Start(),
+// or takes more arguments than these, gets a function of its own here.
 
 template <typename Form>
 config::Outcome Import(config::Run& run, const ImportCommand& command) {
@@ -46,7 +49,7 @@ config::Outcome ExportText(config::Run& run, const ExportCommand& command) {
 /// The command names no style; the settings may.
 config::Outcome BuildPackage(config::Run& run, const ExportCommand& command) {
     return background::frmGRP(run).Start(command.drawingPath, command.targetPath,
-                                         run.ReadIni("GRP", "STYLEFILE"));
+                                         background::StyleFileOfCommands(run));
 }
 
 config::Outcome ImportTablet(config::Run& run, const ImportCommand& command) {
@@ -55,50 +58,29 @@ config::Outcome ImportTablet(config::Run& run, const ImportCommand& command) {
 }
 
 constexpr std::array importRows{
-    ImportRow{"MID", "frmFromMID", Import<importer::frmFromMID>},
-    ImportRow{"MIF", "frmFromMID", Import<importer::frmFromMID>},
-    ImportRow{"SHP", "frmFromSHP", Import<importer::frmFromSHP>},
-    ImportRow{"FMO", "frmFromFMO", Import<importer::frmFromFMO>},
-    ImportRow{"TPK", "frmFromFMO", ImportTablet},
-    ImportRow{"CSV", "frmFromCSV", Import<importer::frmFromCSV>},
-    ImportRow{"TAB", "frmFromTAB", nullptr},
-    ImportRow{"PPS", "frmFromCAW", nullptr},
-    ImportRow{"JOB", "frmFromJOB", Import<importer::frmFromJOB>},
-    ImportRow{"PAK", "frmFromJOB", Import<importer::frmFromJOB>},
-    ImportRow{"GDB", "frmFromESRI", nullptr},
-    ImportRow{"MXD", "frmFromESRI", nullptr},
-    ImportRow{"SWD", "frmFromSWD", nullptr},
-    ImportRow{"XML", "frmFromXML", nullptr},
-    ImportRow{"GML", "frmFromGML", Import<importer::frmFromGML>},
-    ImportRow{"GZ", "frmFromGML", Import<importer::frmFromGML>},
-    ImportRow{"ADT", "frmFromADT", nullptr},
+    ImportRow{"SHP", "shapefiles", "frmFromSHP", Import<importer::frmFromSHP>},
+    ImportRow{"MID", "MapInfo interchange files", "frmFromMID", Import<importer::frmFromMID>},
+    ImportRow{"MIF", "MapInfo interchange files", "frmFromMID", Import<importer::frmFromMID>},
+    ImportRow{"GML", "GML, also compressed", "frmFromGML", Import<importer::frmFromGML>},
+    ImportRow{"GZ", "GML, also compressed", "frmFromGML", Import<importer::frmFromGML>},
+    ImportRow{"CSV", "tables of points", "frmFromCSV", Import<importer::frmFromCSV>},
+    ImportRow{"TXT", "tables of points", "frmFromCSV", Import<importer::frmFromCSV>},
+    ImportRow{"FMO", "database tables", "frmFromFMO", Import<importer::frmFromFMO>},
+    ImportRow{"TPK", "tablet packages", "frmFromFMO", ImportTablet},
+    ImportRow{"JOB", "device jobs", "frmFromJOB", Import<importer::frmFromJOB>},
+    ImportRow{"PAK", "device jobs", "frmFromJOB", Import<importer::frmFromJOB>},
 };
 
 constexpr std::array exportRows{
-    ExportRow{"MID", "frmMID", Export<exporter::frmMID>},
-    ExportRow{"SHP", "frmSHP", Export<exporter::frmSHP>},
-    ExportRow{"DWG", "frmDWG", nullptr},
-    ExportRow{"DXF", "frmDWG", nullptr},
-    ExportRow{"DGN", "frmDWG", nullptr},
-    ExportRow{"GRP", "frmGRP", BuildPackage},
-    ExportRow{"CSV", "frmCSV", ExportText<0>},
-    ExportRow{"ASC", "frmCSV", ExportText<1>},
-    ExportRow{"KML", "frmKML", Export<exporter::frmKML>},
-    ExportRow{"DBF", "frmDBF", nullptr},
-    ExportRow{"OV2", "frmTom", nullptr},
-    ExportRow{"GML", "frmGML", nullptr},
-    ExportRow{"XML", "frmXML", nullptr},
-    ExportRow{"PDF", "frmPDF", nullptr},
-    ExportRow{"STY", "frmPDF", nullptr},
-    ExportRow{"TAB", "frmTAB", nullptr},
-    ExportRow{"MDB", "frmMDB", Export<exporter::frmMDB>},
-    ExportRow{"ENV", "frmENV", nullptr},
-    ExportRow{"CAW", "frmCAW", Export<exporter::frmCAW>},
-    ExportRow{"XLS", "frmXLS", nullptr},
-    ExportRow{"PDB", "frmESRI", nullptr},
-    ExportRow{"MXD", "frmESRI", nullptr},
-    ExportRow{"SWD", "frmSWD", nullptr},
-    ExportRow{.code = "FMO", .form = "frmFMO", .call = Export<exporter::frmFMO>, .intoFmoDirectory = true},
+    ExportRow{"SHP", "shapefiles", "frmSHP", Export<exporter::frmSHP>},
+    ExportRow{"MID", "MapInfo interchange files", "frmMID", Export<exporter::frmMID>},
+    ExportRow{"CSV", "tables for spreadsheets", "frmCSV", ExportText<0>},
+    ExportRow{"ASC", "tables for programs", "frmCSV", ExportText<1>},
+    ExportRow{"KML", "placemarks for globes", "frmKML", Export<exporter::frmKML>},
+    ExportRow{"FMO", "database tables", "frmFMO", Export<exporter::frmFMO>, true},
+    ExportRow{"MDB", "database of its own", "frmMDB", Export<exporter::frmMDB>},
+    ExportRow{"GRP", "background maps", "frmGRP", BuildPackage},
+    ExportRow{"CAW", "meter readings", "frmCAW", Export<exporter::frmCAW>},
 };
 
 template <typename Row>
@@ -107,12 +89,36 @@ const Row* Find(std::span<const Row> rows, std::string_view code) {
     return row == rows.end() ? nullptr : &*row;
 }
 
+/// Calls `visit(codes, words)` for the rows that share their words.
+template <typename Row, typename Visit>
+void ForEachFormat(std::span<const Row> rows, Visit visit) {
+    for (std::size_t i = 0; i < rows.size();) {
+        std::string codes(rows[i].code);
+        std::string_view words = rows[i].words;
+        while (++i < rows.size() && rows[i].words == words) codes.append(" ").append(rows[i].code);
+        visit(codes, words);
+    }
+}
+
 template <typename Row>
-std::string Codes(std::span<const Row> rows) {
-    std::string codes;
-    for (const Row& row : rows)
-        if (row.call) codes.append(codes.empty() ? "" : " ").append(row.code);
-    return codes;
+std::string ListOf(std::span<const Row> rows) {
+    std::string list;
+    ForEachFormat(rows, [&](const std::string& codes, std::string_view words) {
+        list.append(list.empty() ? "" : ", ").append(codes).append(" (").append(words).append(")");
+    });
+    return list;
+}
+
+/// A line for each of the words, below a heading.
+template <typename Row>
+std::vector<std::string> LinesOf(std::string heading, std::span<const Row> rows) {
+    constexpr std::size_t width = 9;
+    std::vector<std::string> lines{std::move(heading)};
+    ForEachFormat(rows, [&](std::string codes, std::string_view words) {
+        codes.resize(std::max(codes.size(), width), ' ');
+        lines.push_back("  " + codes + std::string(words));
+    });
+    return lines;
 }
 
 }  // namespace
@@ -123,11 +129,25 @@ const ImportRow* Conversions::FindImport(std::string_view code) const {
 const ExportRow* Conversions::FindExport(std::string_view code) const {
     return Find(exports, code);
 }
-std::string Conversions::ImportCodes() const {
-    return Codes(imports);
+std::string Conversions::ImportList() const {
+    return ListOf(imports);
 }
-std::string Conversions::ExportCodes() const {
-    return Codes(exports);
+std::string Conversions::ExportList() const {
+    return ListOf(exports);
+}
+std::string Conversions::Table() const {
+    constexpr std::size_t width = 42;
+    std::vector<std::string> left = LinesOf("Imports:", imports), right = LinesOf("Exports:", exports);
+    std::string table;
+    for (std::size_t i = 0; i < std::max(left.size(), right.size()); ++i) {
+        std::string line = i < left.size() ? left[i] : "";
+        if (i < right.size()) {
+            line.resize(std::max(line.size(), width), ' ');
+            line += right[i];
+        }
+        table.append(line).append("\n");
+    }
+    return table;
 }
 
 Conversions AllConversions() {

@@ -18,12 +18,14 @@ using ExportCall = config::Outcome (*)(config::Run&, const ExportCommand&);
 
 struct ImportRow {
     std::string_view code;
-    std::string_view form;  ///< name of the conversion form
-    ImportCall call;        ///< nullptr while the conversion does not exist
+    std::string_view words;  ///< what is read, for people; rows with the same words follow each other
+    std::string_view form;   ///< name of the conversion form
+    ImportCall call;
 };
 
 struct ExportRow {
     std::string_view code;
+    std::string_view words;  ///< what is written
     std::string_view form;
     ExportCall call;
     bool intoFmoDirectory = false;  ///< the results go to FMODirectory, not to the folder beside the drawing
@@ -37,9 +39,11 @@ struct Conversions {
     /// nullptr when the code is in no row.
     const ImportRow* FindImport(std::string_view code) const;
     const ExportRow* FindExport(std::string_view code) const;
-    /// The codes whose conversions exist, with blanks between.
-    std::string ImportCodes() const;
-    std::string ExportCodes() const;
+    /// Every code with its words, as in "SHP (shapefiles), MID MIF (MapInfo interchange files)".
+    std::string ImportList() const;
+    std::string ExportList() const;
+    /// The same as lines of at most 80 characters, exports beside imports.
+    std::string Table() const;
 };
 
 /// Every format that there is.

@@ -5,20 +5,19 @@
 #include "background/build/BuildSettings.h"
 #include "coords/TransformationSetting.h"
 #include "drawing/FieldMapping.h"
-#include "export/ProjectPrefix.h"
+#include "export/ExportSettings.h"
 #include "export/csv/CsvSettings.h"
-#include "export/fmo/frmFMO.h"
 #include "export/kml/frmKML.h"
-#include "export/mif/frmMID.h"
+#include "export/mif/MifSettings.h"
 #include "export/photos/Photos.h"
-#include "export/shapefile/frmSHP.h"
-#include "gpx/frmGPX.h"
+#include "export/shapefile/ShapefileSettings.h"
+#include "gpx/GpxSettings.h"
 #include "import/csv/CsvColumns.h"
 #include "import/gml/frmFromGML.h"
-#include "import/job/frmFromJOB.h"
+#include "import/job/JobSettings.h"
 #include "import/mif/frmFromMID.h"
-#include "import/shapefile/ShapeCoordinates.h"
-#include "import/shapefile/frmFromSHP.h"
+#include "import/shapefile/ShapeImportSettings.h"
+#include "startup/ConversionRun.h"
 #include "startup/Settings.h"
 #include "workflow/JobPackage.h"
 #include "workflow/WorkflowDatabase.h"
@@ -43,13 +42,12 @@ config::KeyList WindowKeys() {
 config::KeyList AllKeys() {
     config::KeyList keys;
     for (const config::KeyList& list : {SharedKeys(),
-                                        exporter::PrefixKeys(),
-                                        exporter::DatabaseKeys(),
-                                        exporter::KmlKeys(),
-                                        importer::ShapefileRuleKeys(),
+                                        SourceKeys(),
                                         coords::CoordinateKeys(),
                                         exporter::PhotoKeys(),
+                                        exporter::KmlKeys(),
                                         exporter::CsvKeys(),
+                                        exporter::ExportKeys(),
                                         importer::CsvImportKeys(),
                                         exporter::ShapefileKeys(),
                                         importer::ShapeImportKeys(),
@@ -59,7 +57,8 @@ config::KeyList AllKeys() {
                                         importer::JobKeys(),
                                         gpx::GpxKeys(),
                                         background::PackageBuildKeys(),
-                                        drawing::DrawingKeys(),
+                                        drawing::TemplateKeys(),
+                                        drawing::FeatureChangeKeys(),
                                         workflow::PackageKeys(),
                                         workflow::WorkflowKeys(),
                                         WindowKeys()})

@@ -25,8 +25,7 @@ std::string CodeOf(std::string_view path) {
 }
 
 bool NamedFiles::CanImport(std::string_view code) const {
-    const ImportRow* row = conversions_.FindImport(code == "TXT" ? "CSV" : code);
-    return row && row->call;
+    return conversions_.FindImport(code) != nullptr;
 }
 
 bool NamedFiles::IsKnown(const std::string& code) const {

@@ -20,9 +20,8 @@ class NamedFiles {
 public:
     explicit NamedFiles(const Conversions& conversions) : conversions_(conversions) {}
 
-    /// True for a code that an importer exists for, and for TXT, which stands for one.
     bool CanImport(std::string_view code) const;
-    /// True for a code that stands in a table of formats, and for that of drawings.
+    /// True for the code of an import or export, and for that of drawings.
     bool IsKnown(const std::string& code) const;
     /// True for a command whose file is there, in a format that is known.
     bool IsCommand(std::string_view text) const;

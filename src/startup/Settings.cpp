@@ -18,22 +18,23 @@ using config::SharedSettings;
 using Keys = config::Keys<SharedSettings>;
 
 constexpr config::KeyOf<SharedSettings> keys[] = {
-    Keys::Text("GENERAL", "ATPDirectory", &SharedSettings::ATPDirectory,
-               "folder of attribute templates (.ATP), one per feature code; required", "", "@FOLDER@/ATP"),
-    Keys::Text("GENERAL", "SymbolsDirectory", &SharedSettings::SymbolsDirectory,
-               "folder of symbol drawings (.VDF); DEFAULT.VDF draws codes that have no symbol of their own; "
-               "required",
-               "", "@FOLDER@/Symbols"),
-    Keys::Text("GENERAL", "FMODirectory", &SharedSettings::FMODirectory,
-               "folder of database definitions (.FMO)", "none", "@FOLDER@/FMO"),
-    Keys::Text("GENERAL", "WorkFlowDirectory", &SharedSettings::WorkFlowDirectory,
-               "root of the job folders, engineer/project/job below it", "drawings belong to no job",
-               "@FOLDER@/Jobs"),
-    Keys::Text("GENERAL", "WorkFlowSystem", &SharedSettings::WorkFlowSystem,
-               "folder of the workflow database WorkFlow.MDB, where exports are recorded",
-               "nothing is recorded", "@FOLDER@/WorkFlow"),
-    Keys::Text("GENERAL", "TempDirectory", &SharedSettings::TempDirectory, "scratch folder", "c:\\temp",
-               "@FOLDER@/Temp"),
+    Keys::Folder("GENERAL", "ATPDirectory", &SharedSettings::ATPDirectory,
+                 "folder of attribute templates (.ATP), one per feature code; required", "", "@FOLDER@/ATP"),
+    Keys::Folder(
+        "GENERAL", "SymbolsDirectory", &SharedSettings::SymbolsDirectory,
+        "folder of symbol drawings (.VDF); DEFAULT.VDF draws codes that have no symbol of their own; "
+        "required",
+        "", "@FOLDER@/Symbols"),
+    Keys::Folder("GENERAL", "FMODirectory", &SharedSettings::FMODirectory,
+                 "folder of database definitions (.FMO)", "no definitions", "@FOLDER@/FMO"),
+    Keys::Folder("GENERAL", "WorkFlowDirectory", &SharedSettings::WorkFlowDirectory,
+                 "root of the job folders, engineer/project/job below it", "drawings belong to no job",
+                 "@FOLDER@/Jobs"),
+    Keys::Folder("GENERAL", "WorkFlowSystem", &SharedSettings::WorkFlowSystem,
+                 "folder of the workflow database WorkFlow.MDB, where exports are recorded",
+                 "nothing is recorded", "@FOLDER@/WorkFlow"),
+    Keys::Folder("GENERAL", "TempDirectory", &SharedSettings::TempDirectory, "scratch folder", "c:\\temp",
+                 "@FOLDER@/Temp"),
     Keys::Flag("GENERAL", "AutoLaunchExport", &SharedSettings::AutoLaunchExport,
                "the result of an export is opened when it is done"),
     Keys::Flag("GENERAL", "VEXLATORDEBUG", &SharedSettings::DebugMode,
@@ -51,7 +52,6 @@ constexpr config::KeyOf<SharedSettings> keys[] = {
                "separator at which attribute values are cut short", "values stay whole"),
     Keys::Flag("HOUSEKEEPING", "ReProcessFieldNames", &SharedSettings::ReProcessFieldNames,
                "shapefile exports use the second form of a template's field names, NAME<SECOND>"),
-    Keys::Flag("THIRD", "CAW", {}, ".TXT imports are meter readings, not tables"),
 };
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "platform/Paths.h"
 #include "startup/CommandLine.h"
 #include "startup/NamedFiles.h"
+#include "startup/Similar.h"
 #include "util/Paths.h"
 #include "util/Text.h"
 
@@ -93,20 +94,6 @@ bool HasPattern(std::string_view text) {
     return text.find_first_of("*?") != std::string_view::npos;
 }
 
-/// One letter more, less or wrong, or two that changed places.
-bool IsOneSlipFrom(std::string_view word, std::string_view meant) {
-    while (!word.empty() && !meant.empty() && word.front() == meant.front()) {
-        word.remove_prefix(1);
-        meant.remove_prefix(1);
-    }
-    while (!word.empty() && !meant.empty() && word.back() == meant.back()) {
-        word.remove_suffix(1);
-        meant.remove_suffix(1);
-    }
-    bool changedPlaces = word.size() == 2 && meant.size() == 2 && word[0] == meant[1] && word[1] == meant[0];
-    return changedPlaces || std::max(word.size(), meant.size()) <= 1;
-}
-
 /// The format that the last word names, as "KML" and "x.kml" do; "" when it names none.
 std::string LastFormat(const Given& given, std::string_view text) {
     std::string_view word = text.substr(text.find_last_of(nameSeparators) + 1);
@@ -191,9 +178,8 @@ std::string MissingDrive(const Given& given) {
 std::string SourceInstead(const Given& given) {
     std::string source = given.files.SourceBeside(given.Path());
     std::string code = CodeOf(given.text);
-    const ExportRow* row = given.conversions.FindExport(code);
     if (source.empty() || code.empty()) return "";
-    bool isExport = code == "VDF" || (row && row->call);
+    bool isExport = code == "VDF" || given.conversions.FindExport(code);
     if (!isExport && !given.files.CanImport(code)) return "";
     if (!isExport) return "nothing exports to " + Quoted(code) + "; " + DidYouMean(ImportOf(source));
     return "there is no drawing " + Native(util::ChangeExtension(given.Path(), "VDF")) +
@@ -292,15 +278,15 @@ std::string NoFormat(const Given& given) {
     if (!ParseExport(given.text).code.empty()) return "";
     if (IsThere(drawing))
         return Native(path) + " names no format, as " + Native(path + ".SHP") + " does; formats are " +
-               given.conversions.ExportCodes();
+               given.conversions.ExportList();
     std::string source = given.files.SourceBeside(path);
     return Quoted(given.text) + " is no command, and there is no drawing " + Native(drawing) + "; " +
            (source.empty() ? "see vexlator --help" : DidYouMean(ImportOf(source)));
 }
 
 std::string NoDrawing(const Given& given) {
-    const ExportRow* row = given.conversions.FindExport(CodeOf(given.text));
-    if (CodeOf(given.text) != "VDF" && !(row && row->call)) return "";
+    std::string code = CodeOf(given.text);
+    if (code != "VDF" && !given.conversions.FindExport(code)) return "";
     return "there is no drawing " + Native(ParseExport(given.text).drawingPath) +
            "; \"IMPORT FILE\" makes a drawing, and its path with a format for extension exports it";
 }
@@ -409,7 +395,7 @@ std::string FolderOfSources(const Given& given) {
             return Native(folder) + " is a folder; name a file in it, as in " +
                    Quoted(ImportOf(util::JoinPath(WithoutSeparatorAtEnd(folder), file)));
     return Native(folder) + " is a folder, and none of its files can be imported; formats are " +
-           given.conversions.ImportCodes();
+           given.conversions.ImportList();
 }
 
 std::string UnknownSource(const Given& given) {
@@ -417,10 +403,9 @@ std::string UnknownSource(const Given& given) {
     std::string code = CodeOf(path);
     if (given.files.CanImport(code)) return "";
     std::string advice = code.empty() ? Native(path) + " names no format" : "nothing imports " + Quoted(code);
-    if (given.conversions.FindImport(code)) advice = code + " import is not available yet";
     std::string source = given.files.SourceBeside(path);
     return advice + "; " +
-           (source.empty() ? "formats are " + given.conversions.ImportCodes() : DidYouMean(ImportOf(source)));
+           (source.empty() ? "formats are " + given.conversions.ImportList() : DidYouMean(ImportOf(source)));
 }
 
 /// One importer reads all sources of a command.
@@ -429,7 +414,7 @@ std::string AnotherFormat(const Given& given) {
     const ImportRow* wanted = given.conversions.FindImport(CodeOf(first));
     for (const std::string& path : given.sources) {
         const ImportRow* row = given.conversions.FindImport(CodeOf(path));
-        if (wanted && row && row->call && row->form != wanted->form)
+        if (wanted && row && row->form != wanted->form)
             return Native(first) + " and " + Native(path) +
                    " are of different formats; give a command for each format";
     }

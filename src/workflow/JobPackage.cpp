@@ -57,8 +57,10 @@ struct UnpackSettings {
 using Keys = config::Keys<UnpackSettings>;
 
 constexpr config::KeyOf<UnpackSettings> keys[] = {
-    Keys::Number("ZIP", "MaxMB", &UnpackSettings::megabytes,
-                 "most megabytes that a tablet package or job archive may unpack to", "2048", 0, 1 << 30),
+    Keys::Number(
+        "ZIP", "MaxMB", &UnpackSettings::megabytes,
+        "most megabytes that a tablet package or job archive may unpack to; 0 stands for the default", "2048",
+        0, 1 << 30),
 };
 
 }  // namespace

@@ -24,12 +24,25 @@ using database::Table;
 
 namespace {
 
+struct WorkflowSettings {
+    std::string connection;
+};
+
+using Keys = config::Keys<WorkflowSettings>;
+
+constexpr config::KeyOf<WorkflowSettings> keys[] = {
+    Keys::Text("WORKFLOW", "CONNECTION", &WorkflowSettings::connection,
+               "ODBC connection of a workflow database that machines share, as in Driver=PostgreSQL "
+               "Unicode;Server=...",
+               "the database in WorkFlowSystem"),
+};
+
 std::string ServerConnection(const config::Run& run) {
-    return run.ReadIni("WORKFLOW", "CONNECTION");
+    return config::ReadKeys<WorkflowSettings>(run.Installation(), keys).connection;
 }
 
 std::string DatabasePath(const config::Run& run) {
-    std::string folder = run.ReadIni("GENERAL", "WORKFLOWSYSTEM");
+    const std::string& folder = run.Settings().WorkFlowSystem;
     return folder.empty() ? "" : util::JoinPath(folder, "WorkFlow.MDB");
 }
 
@@ -55,7 +68,7 @@ std::unique_ptr<Connection> OpenWorkflowConnection(config::Run& run) {
 
 /// A database file belongs to the workflow software, which lays it out; a server's tables are ours to make.
 void PrepareTables(const config::Run& run, Connection& connection) {
-    if (!ServerConnection(run).empty()) CreateMissingTables(connection);
+    if (IsOnServer(run)) CreateMissingTables(connection);
 }
 
 /// "Job"=? AND "Project"=? AND "Engineer"=?
@@ -183,13 +196,12 @@ void CreateWorkflowDatabase(std::string_view path) {
     file.Commit();
 }
 
+bool IsOnServer(const config::Run& run) {
+    return !ServerConnection(run).empty();
+}
+
 config::KeyList WorkflowKeys() {
-    return {
-        {"WORKFLOW", "CONNECTION",
-         "ODBC connection of a workflow database that machines share, as in Driver=PostgreSQL "
-         "Unicode;Server=...",
-         "the database in WorkFlowSystem"},
-    };
+    return config::ListOf<WorkflowSettings>(keys);
 }
 
 }  // namespace vexlator::workflow

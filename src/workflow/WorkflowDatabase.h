@@ -48,6 +48,9 @@ bool ConfirmExportAllowed(config::Run& run);
 /// @throws platform::WriteError
 void CreateWorkflowDatabase(std::string_view path);
 
+/// Whether [WORKFLOW] CONNECTION names a server database.
+bool IsOnServer(const config::Run& run);
+
 config::KeyList WorkflowKeys();
 
 }  // namespace vexlator::workflow

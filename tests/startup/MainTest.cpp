@@ -39,8 +39,8 @@ Outcome ExportStub(config::Run& run, const ExportCommand& c) {
     calls.push_back(c.drawingPath + " " + c.targetPath);
     return act(run);
 }
-constexpr ImportRow imports[] = {{"SHP", "frmFromSHP", ImportStub}};
-constexpr ExportRow exports[] = {{"SHP", "frmSHP", ExportStub}, {"FMO", "frmFMO", ExportStub, true}};
+constexpr ImportRow imports[] = {{"SHP", "", "frmFromSHP", ImportStub}};
+constexpr ExportRow exports[] = {{"SHP", "", "frmSHP", ExportStub}, {"FMO", "", "frmFMO", ExportStub, true}};
 
 class MainTest : public testing::Test {
 protected:

@@ -34,7 +34,7 @@ protected:
         if (GetParam() == test::DatabaseKind::Sqlite) {
             CreateWorkflowDatabase(folder_ / "WorkFlow.MDB");
             fs::create_symlink("WorkFlow.MDB", folder_ / "test.sqlite");
-            folder_.Write("gv.ini", "[GENERAL]\nWORKFLOWSYSTEM=" + folder_.Path() + "\n");
+            installation_.Settings().WorkFlowSystem = folder_.Path();
         } else {
             folder_.Write("gv.ini", "[WORKFLOW]\nCONNECTION=" + ConnectionString() + "\n");
         }
@@ -134,7 +134,7 @@ VEXLATOR_ON_EACH_DATABASE(WorkflowTest);
 /// What the person is told when a database file cannot be used; no failure may reach the export.
 class WorkflowFileTest : public test::InstallationTest {
 protected:
-    WorkflowFileTest() { Ini("[GENERAL]\nWorkFlowSystem=" + folder.Path() + "\n"); }
+    WorkflowFileTest() { installation.Settings().WorkFlowSystem = folder.Path(); }
     std::string File() const { return folder / "WorkFlow.MDB"; }
     /// The messages of recording and of asking.
     Texts Messages() {
@@ -171,7 +171,7 @@ TEST_F(WorkflowFileTest, TellsWhatIsWrongWithTheFile) {
 }
 
 TEST_F(WorkflowFileTest, NothingIsConfigured) {
-    Ini("");
+    installation.Settings().WorkFlowSystem = "";
     EXPECT_EQ(Messages(), Texts{});
     run.Job().relative = "e\\P\\J.VDF";
     EXPECT_TRUE(ConfirmExportAllowed(run));
@@ -205,7 +205,7 @@ TEST_F(WorkflowFileTest, CreatingNeverOverwrites) {
     EXPECT_TRUE(JobWasExported(run, "E", "p", "j")) << "folder names differ by more than case";
     std::size_t files = 0;
     for ([[maybe_unused]] const auto& entry : fs::directory_iterator(folder.Path())) ++files;
-    EXPECT_EQ(files, 2U);
+    EXPECT_EQ(files, 1U);
     EXPECT_THROW(CreateWorkflowDatabase(folder / "none/WorkFlow.MDB"), platform::WriteError);
 }
 

@@ -31,7 +31,7 @@ bool HasInfoFile(std::string_view drawingPath) {
 struct IniSettings {
     bool createDxf = false, keepSymbols = false, fullPolygons = false;
     int megabytes = PackageWriter::usualMemory >> 20;
-    std::string attributeList, layerOnField, searchOnField;
+    std::string attributeList, layerOnField, searchOnField, styleFile, mobileStyleFile;
 };
 
 using Keys = config::Keys<IniSettings>;
@@ -49,12 +49,13 @@ constexpr config::KeyOf<IniSettings> keys[] = {
         "GRP", "GENFULLPOLYS", &IniSettings::fullPolygons,
         "closed polylines become areas too, not only those of classified drawings; a file DRAWING.VDF.info "
         "beside the drawing does the same"),
-    Keys::Text("GRP", "STYLEFILE", {},
+    Keys::File("GRP", "STYLEFILE", &IniSettings::styleFile,
                "background style file (.BSF) of packages that are built from the command line", "none"),
     Keys::Number("GRP", "MEMORYMB", &IniSettings::megabytes,
                  "megabytes of memory for a package's tiles; what is beyond goes to a temporary file", "512",
                  0, mostMegabytes),
-    Keys::Text("MOBILESTYLING", "FILE", {}, "path of the mobile styling file", "none"),
+    Keys::File("MOBILESTYLING", "FILE", &IniSettings::mobileStyleFile, "path of the mobile styling file",
+               "none"),
     Keys::Text(
         "LAYERON", "FIELD", &IniSettings::layerOnField,
         "attribute that chooses a feature's layer in a background package that is built without a style file",
@@ -63,11 +64,15 @@ constexpr config::KeyOf<IniSettings> keys[] = {
                "attribute that such a package can be searched by", "none"),
 };
 
+IniSettings ReadIniSettings(const config::Run& run) {
+    return config::ReadKeys<IniSettings>(run.Installation(), keys);
+}
+
 }  // namespace
 
 BuildSettings::BuildSettings(config::Run& run, std::string_view drawingPath, std::string_view styleFile)
-    : mobileStyles(ReadStyleText(run.ReadIni("MOBILESTYLING", "FILE"))) {
-    auto ini = config::ReadKeys<IniSettings>(run.Installation(), keys);
+    : mobileStyles(ReadStyleText(ReadIniSettings(run).mobileStyleFile)) {
+    IniSettings ini = ReadIniSettings(run);
     createDxf = ini.createDxf;
     keepSymbols = ini.keepSymbols;
     fullPolygons = ini.fullPolygons || HasInfoFile(drawingPath);
@@ -90,6 +95,10 @@ void BuildSettings::ListOptimisedAttributes(const drawing::Drawing& drawing) {
     const auto& layers = drawing.layers();
     auto layer = std::ranges::find_if(layers, [](const drawing::Layer& each) { return each.name != "0"; });
     attributes.Add(layer == layers.end() ? "0" : layer->name, optimisedWidth, fields);
+}
+
+std::string StyleFileOfCommands(const config::Run& run) {
+    return ReadIniSettings(run).styleFile;
 }
 
 config::KeyList PackageBuildKeys() {

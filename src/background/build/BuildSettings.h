@@ -9,6 +9,7 @@
 #include "drawing/Drawing.h"
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace vexlator::background {
@@ -29,6 +30,9 @@ struct BuildSettings {
     BackgroundStyle style;
     MobileStyles mobileStyles;
 };
+
+/// The style file of packages that a command asks for; "" for none.
+std::string StyleFileOfCommands(const config::Run& run);
 
 config::KeyList PackageBuildKeys();
 

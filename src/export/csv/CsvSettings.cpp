@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "export/csv/CsvSettings.h"
 
+#include "export/ExportSettings.h"
+
 #include <string>
 
 namespace vexlator::exporter {
@@ -11,7 +13,7 @@ namespace {
 /// What gv.ini says, before it becomes a layout.
 struct IniSettings : CsvSettings {
     bool quote = false, safeFormulas = false, byteOrderMark = false;
-    std::string separator;
+    std::string separator, hyperlinksText;
 };
 
 using Keys = config::Keys<IniSettings>;
@@ -23,8 +25,6 @@ constexpr config::KeyOf<IniSettings> keys[] = {
     Keys::Text("CSV", "Separator", &IniSettings::separator, "TAB: fields are separated by tabs", "by commas"),
     Keys::Switch("CSV", "Coords", &IniSettings::coords, "a coordinate column"),
     Keys::Flag("CSV", "LatLng", &IniSettings::latLng, "coordinates of points in latitude/longitude"),
-    Keys::Flag("CSV", "SuppressNA", &IniSettings::suppressNA,
-               "the value NA is written as an empty value, in shapefile exports too"),
     Keys::Flag("CSV", "MultiXYZ", &IniSettings::multiXYZ,
                "coordinates again as columns of their own at the end of the row"),
     Keys::Number("CSV", "DP", &IniSettings::decimals, "decimal places of x and y", "3", 0, 15),
@@ -36,20 +36,19 @@ constexpr config::KeyOf<IniSettings> keys[] = {
         "them and never run them; for files that people open, not for those that programs read"),
     Keys::Flag("CSV", "BOM", &IniSettings::byteOrderMark,
                "files are UTF-8 and begin with a byte-order mark; else they are Windows-1252"),
+    Keys::Text("PHOTO", "ExportAsHyperlinks", &IniSettings::hyperlinksText,
+               "anything: CSV exports write photographs as spreadsheet links", "off"),
 };
 
 }  // namespace
 
 CsvSettings ReadCsvSettings(const config::Run& run, CsvFlavour flavour) {
-    CsvSettings settings;
-    if (flavour == CsvFlavour::Csv) {
-        IniSettings ini;
-        ini.extension = ".CSV";
-        ini = config::ReadKeys<IniSettings>(run.Installation(), keys, ini);
-        ini.layout = {ini.separator == "TAB" ? '\t' : ',', ini.quote, ini.safeFormulas, ini.byteOrderMark};
-        settings = ini;
-    }
-    settings.hyperlinks = !run.ReadIni("PHOTO", "ExportAsHyperlinks").empty();
+    auto ini = config::ReadKeys<IniSettings>(run.Installation(), keys);
+    ini.extension = ".CSV";
+    ini.suppressNA = ReadExportSettings(run).suppressNA;
+    ini.layout = {ini.separator == "TAB" ? '\t' : ',', ini.quote, ini.safeFormulas, ini.byteOrderMark};
+    CsvSettings settings = flavour == CsvFlavour::Csv ? ini : CsvSettings();
+    settings.hyperlinks = !ini.hyperlinksText.empty();
     return settings;
 }
 

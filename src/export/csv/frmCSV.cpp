@@ -3,9 +3,9 @@
 #include "export/csv/frmCSV.h"
 
 #include "coords/frmLatLng.h"
+#include "export/ExportSettings.h"
 #include "export/LayerLoop.h"
 #include "export/LayerTurns.h"
-#include "export/ProjectPrefix.h"
 #include "export/csv/CsvLayer.h"
 #include "export/csv/CsvSettings.h"
 #include "platform/OutputSet.h"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "export/fmo/frmFMO.h"
 
+#include "export/ExportSettings.h"
 #include "export/fmo/DatabaseExport.h"
 #include "platform/Errors.h"
 #include "platform/Files.h"
@@ -17,7 +18,7 @@ config::Outcome frmFMO::Start(std::string_view drawingPath, std::string_view fmo
         DefinitionFolders folders;
         folders.existing = folders.target = platform::AbsolutePath(fmoDirectory);
         std::string database = "Features";
-        folders.oneDatabase = run_.ReadIniFlag("GENERAL", "JobBasedMDB");
+        folders.oneDatabase = ReadExportSettings(run_).oneDatabaseOfJob;
         if (folders.oneDatabase) {
             database = JobDatabaseName(run_, drawingPath);
             folders.target = util::JoinPath(folders.existing, database);
@@ -26,17 +27,6 @@ config::Outcome frmFMO::Start(std::string_view drawingPath, std::string_view fmo
         folders.database = util::JoinPath(folders.target, database + ".MDB");
         return folders;
     });
-}
-
-config::KeyList DatabaseKeys() {
-    return {
-        {.section = "GENERAL",
-         .name = "JobBasedMDB",
-         .meaning = "one database per job in database exports",
-         .fallback = "off",
-         .initial = "0",
-         .type = config::Key::Type::Flag},
-    };
 }
 
 }  // namespace vexlator::exporter

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Keys.h"
 #include "config/Outcome.h"
+#include "config/Run.h"
 
 #include <string_view>
 
@@ -24,7 +24,5 @@ public:
 private:
     config::Run& run_;
 };
-
-config::KeyList DatabaseKeys();
 
 }  // namespace vexlator::exporter

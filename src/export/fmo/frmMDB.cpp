@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "export/fmo/frmMDB.h"
 
-#include "export/ProjectPrefix.h"
+#include "export/ExportSettings.h"
 #include "export/fmo/DatabaseExport.h"
 #include "platform/Paths.h"
 #include "util/Paths.h"
@@ -11,7 +11,7 @@ namespace vexlator::exporter {
 
 config::Outcome frmMDB::Start(std::string_view drawingPath, std::string_view targetPath) {
     return ExportToDatabase(run_, "frmMDB", drawingPath, targetPath, [&] {
-        bool ofJob = run_.ReadIniFlag("GENERAL", "JobBasedMDB");
+        bool ofJob = ReadExportSettings(run_).oneDatabaseOfJob;
         std::string name =
             ofJob ? JobDatabaseName(run_, drawingPath) : std::string(util::BaseNameOf(drawingPath));
         DefinitionFolders folders;

@@ -28,27 +28,29 @@ std::string WithSlash(std::string text) {
     return text;
 }
 
-/// What stands before a photograph's name on the web.
-struct WebAddress {
+/// What gv.ini says: whether photographs are on the web, and what stands before their names there.
+struct WebSettings {
+    bool web = false;
     std::string base, company;
 };
 
-using Keys = config::Keys<WebAddress>;
+using Keys = config::Keys<WebSettings>;
 
-constexpr config::KeyOf<WebAddress> keys[] = {
-    Keys::Text("KML", "WebBase", &WebAddress::base,
+constexpr config::KeyOf<WebSettings> keys[] = {
+    Keys::Text("KML", "WebBase", &WebSettings::base,
                "web address below which photographs are published, in the folder that Company names, when "
                "GoogleMaps is on",
                "addresses relative to the KML"),
-    Keys::Text("GENERAL", "Company", &WebAddress::company, "company name, written into KML exports", "none"),
+    Keys::Text("GENERAL", "Company", &WebSettings::company, "company name, written into KML exports", "none"),
+    Keys::Flag("PHOTO", "GoogleMaps", &WebSettings::web, "photo links of KML exports are for web maps"),
 };
 
 KmlSettings ReadSettings(const config::Run& run, std::string_view targetPath) {
-    auto address = config::ReadKeys<WebAddress>(run.Installation(), keys);
+    auto ini = config::ReadKeys<WebSettings>(run.Installation(), keys);
     KmlSettings settings;
     settings.folder = platform::NativePath(platform::AbsolutePath(targetPath));
-    settings.web = run.ReadIniFlag("PHOTO", "GoogleMaps");
-    settings.photoAddress = WithSlash(EncodedAddress(address.base)) + WithSlash(EncodedPath(address.company));
+    settings.web = ini.web;
+    settings.photoAddress = WithSlash(EncodedAddress(ini.base)) + WithSlash(EncodedPath(ini.company));
     return settings;
 }
 
@@ -114,7 +116,7 @@ void frmKML::Publish(std::string_view kmlPath) {
 }
 
 config::KeyList KmlKeys() {
-    return config::ListOf<WebAddress>(keys);
+    return config::ListOf<WebSettings>(keys);
 }
 
 }  // namespace vexlator::exporter

@@ -8,6 +8,7 @@
 #include "export/ColumnMatch.h"
 #include "export/LayerLoop.h"
 #include "export/LeftOutEntities.h"
+#include "export/mif/MifSettings.h"
 #include "formats/mif/MifWriter.h"
 #include "platform/OutputSet.h"
 
@@ -18,14 +19,6 @@
 #include <vector>
 
 namespace vexlator::exporter {
-
-/// What the MIF/MID export is set to, from [MID] of gv.ini.
-struct MifSettings {
-    std::string coordSys =
-        "CoordSys Earth Projection 8, 79, \"m\", -2, 49, 0.9996012717, 400000, -100000 "
-        "Bounds (-7845061.1011, -15524202.1641) (8645061.1011, 4470074.53373)";
-    bool strict = false;  ///< everything is written so that readers that refuse half a record take it
-};
 
 /// The column type of a template field, widths as the template has them; what it leaves open is as wide as
 /// the format allows.

@@ -11,25 +11,10 @@
 
 namespace vexlator::exporter {
 
-namespace {
-
-using Keys = config::Keys<MifSettings>;
-
-constexpr config::KeyOf<MifSettings> keys[] = {
-    Keys::Text("MID", "MIDMIFHEADER", &MifSettings::coordSys, "coordinate system line of MIF exports",
-               "the British National Grid"),
-    Keys::Flag(
-        "MID", "Strict", &MifSettings::strict,
-        "rows get a value for every column, and lines or areas of fewer than two vertices become points or "
-        "no objects, because some programs stop reading where that is not so"),
-};
-
-}  // namespace
-
 config::Outcome frmMID::Start(std::string_view drawingPath, std::string_view targetPath) {
     BegunExport begun = BeginExport(run_, "frmMID", drawingPath, targetPath);
     if (begun.IsStopped()) return begun.outcome;
-    auto settings = config::ReadKeys<MifSettings>(run_.Installation(), keys);
+    MifSettings settings = ReadMifSettings(run_);
     platform::OutputSet files;
     std::vector<ExportLayer> layers = FindLayers(begun, LayerZero::Skip);
     std::deque<MifLayer> pairs;
@@ -40,10 +25,6 @@ config::Outcome frmMID::Start(std::string_view drawingPath, std::string_view tar
     files.Commit();
     run_.Ui().Settle(1);
     return begun.outcome;
-}
-
-config::KeyList MifKeys() {
-    return config::ListOf<MifSettings>(keys);
 }
 
 }  // namespace vexlator::exporter

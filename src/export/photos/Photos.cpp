@@ -39,17 +39,14 @@ using Keys = config::Keys<PhotoSettings>;
 constexpr config::KeyOf<PhotoSettings> keys[] = {
     Keys::Flag("PHOTO", "FixedExport", &PhotoSettings::fixedExport,
                "photographs go to FixedExportFolder instead of the folder of the export"),
-    Keys::Text("PHOTO", "FixedExportFolder", &PhotoSettings::fixedTarget, "that folder", "none"),
+    Keys::Folder("PHOTO", "FixedExportFolder", &PhotoSettings::fixedTarget, "that folder", "none"),
     Keys::Flag("PHOTO", "FullPath", &PhotoSettings::fullPath,
                "full paths of photographs are written into the features"),
     Keys::Flag("PHOTO", "DontCopy", &PhotoSettings::dontCopy, "photographs are not copied"),
-    Keys::Text("PHOTO", "FIXEDSOURCE", &PhotoSettings::fixedSource, "folder that photographs are taken from",
-               "that of the drawing's job"),
+    Keys::Folder("PHOTO", "FIXEDSOURCE", &PhotoSettings::fixedSource,
+                 "folder that photographs are taken from", "that of the drawing's job"),
     Keys::Text("PHOTO", "FALSETARGET", &PhotoSettings::falseTarget,
                "folder written in place of the one that photographs were really copied to", "none"),
-    Keys::Text("PHOTO", "ExportAsHyperlinks", {},
-               "anything: CSV exports write photographs as spreadsheet links", "off"),
-    Keys::Flag("PHOTO", "GoogleMaps", {}, "photo links of KML exports are for web maps"),
     Keys::Flag("THIRD", "SSE", &PhotoSettings::list, "exports list the photographs that they copied"),
 };
 

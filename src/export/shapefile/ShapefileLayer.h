@@ -8,6 +8,7 @@
 #include "export/LayerLoop.h"
 #include "export/LeftOutEntities.h"
 #include "export/shapefile/LayerTable.h"
+#include "export/shapefile/ShapefileSettings.h"
 #include "formats/shapefile/ShapefileWriter.h"
 #include "platform/OutputSet.h"
 
@@ -17,14 +18,6 @@
 #include <vector>
 
 namespace vexlator::exporter {
-
-/// What the shapefile export is set to, from [CSV] and [SHPout] of gv.ini.
-struct ShapefileSettings {
-    bool suppressNA = false;  ///< values "NA" are written empty
-    bool latLng = false;      ///< coordinates in degrees, x longitude and y latitude
-    std::string projection;   ///< file of the program folder's Resources, copied beside each layer; empty:
-                              ///< the drawings' system or, for layers in degrees, WGS 84
-};
 
 /// The shapefile of one layer while it is written: geometry, index and attribute table.
 class ShapefileLayer {

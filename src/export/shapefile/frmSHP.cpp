@@ -19,23 +19,6 @@ namespace vexlator::exporter {
 
 namespace {
 
-using Keys = config::Keys<ShapefileSettings>;
-
-constexpr config::KeyOf<ShapefileSettings> keys[] = {
-    Keys::Flag("SHPout", "LL", &ShapefileSettings::latLng, "shapefile exports in latitude/longitude"),
-    Keys::Text(
-        "SHPout", "PRJ", &ShapefileSettings::projection,
-        "projection file in the folder Resources, for every .PRJ",
-        "with LL, WGS 84; else the coordinate system that [GPS] TRANSFORMATION defines; without a definition "
-        "ESRI.PRJ, which holds the British National Grid"),
-};
-
-ShapefileSettings ReadSettings(const config::Run& run) {
-    auto settings = config::ReadKeys<ShapefileSettings>(run.Installation(), keys);
-    settings.suppressNA = run.ReadIniFlag("CSV", "SuppressNA");
-    return settings;
-}
-
 /// What goes into the .PRJ files.
 class Projections {
 public:
@@ -75,7 +58,7 @@ private:
 config::Outcome frmSHP::Start(std::string_view drawingPath, std::string_view targetPath) {
     BegunExport begun = BeginExport(run_, "frmSHP", drawingPath, targetPath);
     if (begun.IsStopped()) return begun.outcome;
-    ShapefileSettings settings = ReadSettings(run_);
+    ShapefileSettings settings = ReadShapefileSettings(run_);
     Projections projections(run_, settings.projection);
     std::unique_ptr<coords::frmLatLng> converter;
     if (settings.latLng) converter = std::make_unique<coords::frmLatLng>(run_);
@@ -99,10 +82,6 @@ config::Outcome frmSHP::Start(std::string_view drawingPath, std::string_view tar
     projections.Report(run_);
     files.Commit();
     return begun.outcome;
-}
-
-config::KeyList ShapefileKeys() {
-    return config::ListOf<ShapefileSettings>(keys);
 }
 
 }  // namespace vexlator::exporter

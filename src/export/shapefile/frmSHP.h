@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Keys.h"
 #include "config/Outcome.h"
+#include "config/Run.h"
 
+#include <string>
 #include <string_view>
 
 namespace vexlator::exporter {
@@ -22,7 +23,5 @@ public:
 private:
     config::Run& run_;
 };
-
-config::KeyList ShapefileKeys();
 
 }  // namespace vexlator::exporter

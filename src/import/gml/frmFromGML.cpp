@@ -34,7 +34,8 @@ constexpr config::KeyOf<IniOptions> keys[] = {
                "1: GML imports keep every ring and part of a feature; 0: only the one that is read last",
                "1, but 0 for files of FME translators with one element a line"),
     Keys::Number("GML", "MaxMB", &IniOptions::megabytes,
-                 "most megabytes that a compressed GML file may unpack to", "16384", 0, 1 << 30),
+                 "most megabytes that a compressed GML file may unpack to; 0 stands for the default", "16384",
+                 0, 1 << 30),
 };
 
 GmlOptions OptionsOf(const config::Run& run) {

@@ -6,17 +6,13 @@
 #include "drawing/Drawing.h"
 #include "import/job/FeatureCloser.h"
 #include "import/job/FeatureLayers.h"
+#include "import/job/JobSettings.h"
 #include "import/job/JobTable.h"
 
 #include <cstdint>
 #include <string_view>
 
 namespace vexlator::importer {
-
-struct JobSettings {
-    bool importQA = false;   ///< mark the quality of GPS positions
-    bool forceClose = true;  ///< close every area, not only those whose ends meet
-};
 
 /// What was made of a job file.
 struct JobCounts {

@@ -19,15 +19,6 @@ namespace vexlator::importer {
 
 namespace {
 
-using Keys = config::Keys<JobSettings>;
-
-constexpr config::KeyOf<JobSettings> keys[] = {
-    Keys::Flag("JOB", "ImportQA", &JobSettings::importQA,
-               "device job imports mark the quality of GPS positions"),
-    Keys::Switch("JOB", "ForceClose", &JobSettings::forceClose,
-                 "areas of device jobs are always closed, not only where their ends meet"),
-};
-
 constexpr std::string_view sourceProperty = "Source";
 
 bool ComesFrom(const drawing::Drawing& drawing, std::string_view jobPath) {
@@ -68,7 +59,7 @@ config::Outcome frmFromJOB::Start(std::string_view sourcePath, std::string_view 
     std::vector<std::string> paths = SourceFiles(sourcePath, fileList);
     bool isOfSameJob =
         std::ranges::any_of(paths, [&](const auto& path) { return ComesFrom(drawing_, path); });
-    JobToDrawing importer(run_, drawing_, config::ReadKeys<JobSettings>(run_.Installation(), keys));
+    JobToDrawing importer(run_, drawing_, ReadJobSettings(run_));
     import_.ForEachSource(sourcePath, fileList,
                           [&](const std::string& path) { return ImportJobFile(path, importer); });
     NameSource(drawing_, sourcePath);
@@ -114,10 +105,6 @@ bool frmFromJOB::ImportJobFile(const std::string& path, JobToDrawing& importer) 
     run_.Ui().Settle(0.01);
     import_.View().SetLabel("Completed!");
     return true;
-}
-
-config::KeyList JobKeys() {
-    return config::ListOf<JobSettings>(keys);
 }
 
 }  // namespace vexlator::importer

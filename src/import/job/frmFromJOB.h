@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Keys.h"
 #include "config/Outcome.h"
 #include "import/ImportRun.h"
 #include "import/job/JobToDrawing.h"
@@ -40,7 +39,5 @@ private:
     ImportRun import_;
     drawing::Drawing& drawing_;
 };
-
-config::KeyList JobKeys();
 
 }  // namespace vexlator::importer

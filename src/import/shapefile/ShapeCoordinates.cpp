@@ -16,26 +16,10 @@ namespace {
 
 constexpr double metresPerFoot = 0.3048;
 
-using Keys = config::Keys<ShapeImportSettings>;
-
-constexpr config::KeyOf<ShapeImportSettings> keys[] = {
-    Keys::Flag("SHPin", "LL", &ShapeImportSettings::degrees, "shapefile imports are in latitude/longitude"),
-    Keys::Flag("SHPin", "USFT", &ShapeImportSettings::feet, "shapefile imports are in feet"),
-    Keys::Flag(
-        "SHPin", "FOLLOWPRJ", &ShapeImportSettings::followPrj,
-        "where the .PRJ of a shapefile names another coordinate system than these settings, its coordinates "
-        "are converted from that system to the drawings'; else the difference is only told",
-        true),
-};
-
 }  // namespace
 
-ShapeCoordinates::ShapeCoordinates(config::Run& run)
-    : run_(run), settings_(config::ReadKeys<ShapeImportSettings>(run.Installation(), keys)) {}
-
-config::KeyList ShapeImportKeys() {
-    return config::ListOf<ShapeImportSettings>(keys);
-}
+ShapeCoordinates::ShapeCoordinates(config::Run& run, const ShapeImportSettings& settings)
+    : run_(run), settings_(settings) {}
 
 void ShapeCoordinates::BeginFile(std::string_view shpPath) {
     kept_ = 0;

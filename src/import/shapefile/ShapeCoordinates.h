@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Keys.h"
+#include "config/Run.h"
 #include "coords/SourceSystem.h"
 #include "coords/frmLatLng.h"
+#include "import/shapefile/ShapeImportSettings.h"
 #include "util/Angles.h"
 
 #include <cstdint>
@@ -15,16 +16,11 @@
 
 namespace vexlator::importer {
 
-struct ShapeImportSettings {
-    bool degrees = false, feet = false, followPrj = false;
-};
-config::KeyList ShapeImportKeys();
-
 /// What the coordinates of shapefiles are, and how they become the drawing's: as [SHPin] LL and USFT say, or
 /// with FOLLOWPRJ as the .PRJ says. A .PRJ that differs from the settings is told in one line.
 class ShapeCoordinates {
 public:
-    explicit ShapeCoordinates(config::Run& run);
+    ShapeCoordinates(config::Run& run, const ShapeImportSettings& settings);
 
     /// What comes next is of this shapefile.
     void BeginFile(std::string_view shpPath);
@@ -43,7 +39,7 @@ private:
     std::string FollowPrj(const std::string& prjName);
 
     config::Run& run_;
-    ShapeImportSettings settings_;
+    const ShapeImportSettings& settings_;
     Rule rule_ = Rule::AsTheyStand;
     std::uint64_t kept_ = 0;
     std::unique_ptr<coords::frmLatLng> converter_;

@@ -45,7 +45,7 @@ struct frmFromSHP::Source {
 };
 
 frmFromSHP::frmFromSHP(config::Run& run)
-    : run_(run), import_(run, "frmFromSHP"), drawing_(import_.Drawing()), coordinates_(run) {}
+    : run_(run), import_(run, "frmFromSHP"), drawing_(import_.Drawing()), settings_(ReadShapeImportSettings(run)), coordinates_(run, settings_) {}
 frmFromSHP::~frmFromSHP() = default;
 
 std::string frmFromSHP::mkCodeNameFromFile(std::string_view path) {
@@ -70,7 +70,7 @@ bool frmFromSHP::ImportShapefile(const std::string& path) {
     }
     auto shx = util::OpenFile(util::ChangeExtension(path, "SHX"), &run_.Ui());
     if (!shx) return false;
-    bool pipes = run_.ReadIni("GENERAL", "CUSTOMERMODE") == "CORVANTEX";
+    bool pipes = settings_.customer == "CORVANTEX";
     run_.Log("Reading:" + platform::NativePath(path));
 
     Source source(pipes ? "PIPES" : mkCodeNameFromFile(path), std::move(*shp), std::move(*shx));
@@ -179,13 +179,6 @@ void frmFromSHP::Report(const Source& source) {
     if (source.table)
         for (const std::string& remark : source.table->Remarks()) run_.Ui().Report(remark);
     run_.Log("        " + std::to_string(source.count) + " entites read OK");
-}
-
-config::KeyList ShapefileRuleKeys() {
-    return {
-        {"GENERAL", "CUSTOMERMODE",
-         "import rules of one customer: CORVANTEX gives every shapefile the feature code PIPES", "none"},
-    };
 }
 
 }  // namespace vexlator::importer

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Keys.h"
 #include "config/Outcome.h"
 #include "import/ImportRun.h"
 #include "import/shapefile/ShapeCoordinates.h"
@@ -53,9 +52,8 @@ private:
     config::Run& run_;
     ImportRun import_;
     drawing::Drawing& drawing_;
+    ShapeImportSettings settings_;
     ShapeCoordinates coordinates_;
 };
-
-config::KeyList ShapefileRuleKeys();
 
 }  // namespace vexlator::importer

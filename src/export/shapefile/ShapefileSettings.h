@@ -1,0 +1,21 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Keys.h"
+
+#include <string>
+
+namespace vexlator::exporter {
+
+/// What the shapefile export is set to, from [CSV] and [SHPout] of gv.ini.
+struct ShapefileSettings {
+    bool suppressNA = false;  ///< values "NA" are written empty
+    bool latLng = false;      ///< coordinates in degrees, x longitude and y latitude
+    std::string projection;   ///< file of the program folder's Resources, copied beside each layer; empty:
+                              ///< the drawings' system or, for layers in degrees, WGS 84
+};
+ShapefileSettings ReadShapefileSettings(const config::Run& run);
+config::KeyList ShapefileKeys();
+
+}  // namespace vexlator::exporter

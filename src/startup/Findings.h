@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Keys.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vexlator::startup {
+
+/// What a person should know of the text of a gv.ini, a line each: values that do not mean what they seem to,
+/// and what counts instead; lines that do not count; keys that nothing reads, but that look like one of
+/// `keys`. Keys that look like none may be another program's. Says nothing of folders.
+std::vector<std::string> FindingsOf(std::string_view iniText, const config::KeyList& keys);
+
+}  // namespace vexlator::startup
