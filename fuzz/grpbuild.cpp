@@ -3,10 +3,10 @@
 
 // Any drawing with any settings becomes a package that is whole. The bytes of an input are the numbers that
 // drawing, style and settings are made of, the last ones the text of the attribute list.
-#include "background/build/frmGRP.h"
+#include "background/builder/frmGRP.h"
 #include "background/package/PackageProof.h"
 #include "background/package/PackageReader.h"
-#include "background_build/RandomMap.h"
+#include "background_builder/RandomMap.h"
 #include "config/Run.h"
 #include "support/TempFolder.h"
 #include "support/TestUi.h"

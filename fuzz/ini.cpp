@@ -5,8 +5,8 @@
 // that is written must read back, and every other key that the file shows must keep its value.
 #include "config/Ini.h"
 
+#include "platform/AsciiCase.h"
 #include "platform/CodePages.h"
-#include "platform/Paths.h"
 
 #include <algorithm>
 #include <cstdint>

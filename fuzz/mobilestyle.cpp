@@ -3,8 +3,8 @@
 
 // Any bytes are a mobile style file, and every name has the number that a walk over the lines finds.
 #include "background/styling/MobileStyles.h"
+#include "platform/AsciiCase.h"
 #include "platform/CodePages.h"
-#include "platform/Paths.h"
 #include "util/Files.h"
 
 #include <cstdint>

@@ -3,6 +3,7 @@
 #include "vdfjson/JsonToDrawing.h"
 
 #include "drawing/Vdf.h"
+#include "platform/CodePages.h"
 #include "platform/Errors.h"
 #include "vdfjson/EntityReader.h"
 #include "vdfjson/JsonScanner.h"
@@ -224,8 +225,7 @@ void DocumentReader::ReadFeature(Part feature, void (FeatureReader::*add)(elemen
 }  // namespace
 
 void JsonToDrawing(std::string_view json, std::string_view plainLayer, drawing::Drawing& drawing) {
-    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-    std::size_t begin = json.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
+    std::size_t begin = json.size() - platform::WithoutByteOrderMark(json).size();
     PropertyColumns columns;
     DocumentReader(json, plainLayer, columns, drawing).Read(begin);
     if (columns.AreUniform()) return;

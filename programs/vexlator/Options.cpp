@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Options.h"
 
-#include "platform/Paths.h"
+#include "platform/AsciiCase.h"
 
 #include <string_view>
 

@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "config/Ini.h"
 
+#include "platform/AsciiCase.h"
 #include "platform/CodePages.h"
 #include "platform/Files.h"
-#include "platform/Paths.h"
 #include "util/Files.h"
+#include "util/Text.h"
 
 #include <algorithm>
 
@@ -13,17 +14,11 @@ namespace vexlator::config {
 
 namespace {
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-
-std::string_view WithoutBlanks(std::string_view text) {
-    std::size_t begin = text.find_first_not_of(" \t");
-    if (begin == std::string_view::npos) return text.substr(text.size());
-    return text.substr(begin, text.find_last_not_of(" \t") - begin + 1);
-}
+constexpr std::string_view blanks = " \t";
 
 /// A section's or key's name as callers give it, as UTF-8.
 std::string Name(std::string_view name) {
-    return std::string(WithoutBlanks(platform::AsUtf8(name)));
+    return std::string(util::Trim(platform::AsUtf8(name), blanks));
 }
 
 bool IsQuoted(std::string_view value) {
@@ -34,18 +29,18 @@ bool IsQuoted(std::string_view value) {
 
 /// The name in a "[name]" line.
 bool IsSectionLine(std::string_view line, std::string_view& name) {
-    line = WithoutBlanks(line);
+    line = util::Trim(line, blanks);
     std::size_t end = line.find(']');
     if (!line.starts_with('[') || end == std::string_view::npos) return false;
-    name = WithoutBlanks(line.substr(1, end - 1));
+    name = util::Trim(line.substr(1, end - 1), blanks);
     return true;
 }
 
 bool IsKeyLine(std::string_view line, std::string_view& name, std::string_view& value) {
     std::size_t equals = line.find('=');
-    name = WithoutBlanks(line.substr(0, equals));
+    name = util::Trim(line.substr(0, equals), blanks);
     if (equals == std::string_view::npos || name.empty() || name[0] == ';') return false;
-    value = WithoutBlanks(line.substr(equals + 1));
+    value = util::Trim(line.substr(equals + 1), blanks);
     return true;
 }
 
@@ -101,7 +96,7 @@ std::string StoredValue(std::string_view value) {
     std::string stored = platform::AsUtf8(value);
     std::replace_if(
         stored.begin(), stored.end(), [](char c) { return c == '\r' || c == '\n' || c == '\0'; }, ' ');
-    bool needsQuotes = IsQuoted(stored) || WithoutBlanks(stored).size() != stored.size();
+    bool needsQuotes = IsQuoted(stored) || util::Trim(stored, blanks).size() != stored.size();
     return needsQuotes ? '"' + stored + '"' : stored;
 }
 
@@ -161,9 +156,9 @@ std::string WithIniValue(std::string_view text, std::string_view section, std::s
                          std::string_view value) {
     std::string sectionName = Name(section), keyName = Name(key);
     if (!CanBeSection(sectionName) || !CanBeKey(keyName)) return std::string(text);
-    std::string mark(text.starts_with(byteOrderMark) ? byteOrderMark : "");
-    text.remove_prefix(mark.size());
-    return mark + Recoded(text, sectionName, keyName, StoredValue(value));
+    std::string_view bare = platform::WithoutByteOrderMark(text);
+    std::string mark(text.substr(0, text.size() - bare.size()));
+    return mark + Recoded(bare, sectionName, keyName, StoredValue(value));
 }
 
 std::string ReadIniFile(std::string_view file, std::string_view section, std::string_view key) {
@@ -197,9 +192,9 @@ IniText::IniText(std::string_view text) : text_(platform::DecodeText(text)) {
 }
 
 std::string_view IniText::Value(std::string_view section, std::string_view key) const {
-    auto keys = sections_.find(WithoutBlanks(section));
+    auto keys = sections_.find(util::Trim(section, blanks));
     if (keys == sections_.end()) return {};
-    auto found = keys->second.find(WithoutBlanks(key));
+    auto found = keys->second.find(util::Trim(key, blanks));
     return found == keys->second.end() ? std::string_view() : PlainValue(found->second);
 }
 

@@ -6,6 +6,7 @@
 #include "config/LoggedInterface.h"
 #include "config/LossReport.h"
 #include "config/Outcome.h"
+#include "ui/UserInterface.h"
 
 #include <functional>
 #include <set>

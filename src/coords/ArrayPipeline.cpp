@@ -112,9 +112,9 @@ std::optional<ArrayPipeline> ArrayPipeline::From(ProjContext& context, PJ& opera
     const std::vector<PipelineStep> steps = StepsOf(proj_pj_info(&operation).definition);
     auto parameters = steps.empty() ? std::nullopt : TransverseMercatorOf(steps[0]);
     if (!parameters) return std::nullopt;
-    ArrayPipeline pipeline{TransverseMercator(*parameters)};
-    pipeline.shift_ = DatumShiftOf(Steps(steps).subspan(1));
-    std::size_t own = pipeline.shift_ ? 1 + shiftSteps : 1;
+    std::optional<DatumShift> shift = DatumShiftOf(Steps(steps).subspan(1));
+    ArrayPipeline pipeline{Projection(*parameters, shift)};
+    std::size_t own = shift ? 1 + shiftSteps : 1;
 
     Steps rest = Steps(steps).subspan(own);
     ProjObject peer = context.Create(TextOf(Steps(steps).first(own)) + " step " + toDegrees);
@@ -149,25 +149,20 @@ void ArrayPipeline::Convert(Direction direction, Coordinates coordinates) const 
             lanes.y[i] = points[i].y;
             if (!coordinates.heights.empty()) lanes.height[i] = coordinates.heights[begin + i];
         }
-        toGrid ? LanesToGrid(lanes) : LanesToLatLng(lanes);
+        ConvertLanes(direction, lanes);
         for (std::size_t i = 0; i < points.size(); ++i) points[i] = {lanes.x[i], lanes.y[i]};
     }
     if (rest_ && !toGrid) Transform(*rest_, direction, coordinates);
 }
 
-void ArrayPipeline::LanesToGrid(Lanes& lanes) const {
-    if (!rest_) lanes.Scale(radiansPerDegree);
-    for (double& longitude : lanes.x) longitude = Within(std::numbers::pi, longitude);
-    for (double& latitude : lanes.y) latitude = Within(std::numbers::pi / 2, latitude);
-    if (shift_) shift_->ApplyInverse(lanes);
-    projection_.ToGrid(lanes);
-}
-
-void ArrayPipeline::LanesToLatLng(Lanes& lanes) const {
-    projection_.ToGeographic(lanes);
-    if (shift_) shift_->Apply(lanes);
-    for (double& longitude : lanes.x) longitude = Within(std::numbers::pi, longitude);
-    if (!rest_) lanes.Scale(1 / radiansPerDegree);
+void ArrayPipeline::ConvertLanes(Direction direction, Lanes& lanes) const {
+    if (direction == Direction::ToGrid) {
+        if (!rest_) lanes.Scale(radiansPerDegree);
+        projection_.ToGrid(lanes);
+    } else {
+        projection_.ToGeographic(lanes);
+        if (!rest_) lanes.Scale(1 / radiansPerDegree);
+    }
 }
 
 }  // namespace vexlator::coords

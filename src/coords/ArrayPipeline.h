@@ -3,9 +3,8 @@
 #pragma once
 
 #include "coords/Backend.h"
-#include "coords/DatumShift.h"
 #include "coords/ProjContext.h"
-#include "coords/TransverseMercator.h"
+#include "coords/projection/Projection.h"
 
 #include <optional>
 
@@ -25,14 +24,13 @@ public:
     void Convert(Direction direction, Coordinates coordinates) const;
 
 private:
-    explicit ArrayPipeline(const TransverseMercator& projection) : projection_(projection) {}
+    explicit ArrayPipeline(const Projection& projection) : projection_(projection) {}
 
     bool AgreesWith(PJ& peer, double centralMeridian) const;
-    void LanesToGrid(Lanes& lanes) const;
-    void LanesToLatLng(Lanes& lanes) const;
+    /// What Convert() does, but for what is left to the library.
+    void ConvertLanes(Direction direction, Lanes& lanes) const;
 
-    TransverseMercator projection_;
-    std::optional<DatumShift> shift_;
+    Projection projection_;
     ProjObject rest_;  ///< from radians on; null: nothing but to degrees
 };
 

@@ -20,13 +20,6 @@ struct FactoryDeleter {
 };
 using Factory = std::unique_ptr<PJ_OPERATION_FACTORY_CONTEXT, FactoryDeleter>;
 
-std::string_view WithoutBlanks(std::string_view text) {
-    constexpr std::string_view blanks(" \t\r\n\0", 5);
-    std::size_t begin = text.find_first_not_of(blanks);
-    if (begin == std::string_view::npos) return {};
-    return text.substr(begin, text.find_last_not_of(blanks) - begin + 1);
-}
-
 /// Names alone are not taken: the library would settle for a system whose name is only similar.
 bool MayDefine(const std::string& text) {
     return text.find_first_of("[{=:") != std::string::npos;
@@ -119,12 +112,12 @@ ProjObject PlanePart(PJ_CONTEXT* context, PJ* system) {
 }  // namespace
 
 std::string DefinitionText(std::string_view content) {
-    if (content.starts_with("\xEF\xBB\xBF")) content.remove_prefix(3);
-    content = WithoutBlanks(content);
+    constexpr std::string_view blanks(" \t\r\n\0", 5);
+    content = util::Trim(platform::WithoutByteOrderMark(content), blanks);
     if (content.starts_with('"')) {
         content.remove_prefix(1);
         if (!content.empty()) content.remove_suffix(1);
-        content = WithoutBlanks(content);
+        content = util::Trim(content, blanks);
     }
     return platform::IsUtf8(content) ? std::string(content) : platform::Utf8FromWindows1252(content);
 }

@@ -4,6 +4,7 @@
 
 #include "coords/TiffMessages.h"
 #include "util/Angles.h"
+#include "util/Geometry.h"
 
 #include <algorithm>
 #include <cmath>

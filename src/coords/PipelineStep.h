@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "coords/Ellipsoid.h"
+#include "coords/projection/Projection.h"
 
 #include <map>
 #include <string>

@@ -8,6 +8,7 @@
 #include "coords/SystemComparison.h"
 #include "coords/TransformationSetting.h"
 #include "platform/Errors.h"
+#include "ui/UserInterface.h"
 #include "util/Text.h"
 
 #include <optional>

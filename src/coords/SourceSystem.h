@@ -3,7 +3,7 @@
 #pragma once
 
 #include "config/Run.h"
-#include "util/Angles.h"
+#include "util/Geometry.h"
 
 #include <cstddef>
 #include <memory>

@@ -8,6 +8,7 @@
 #include "coords/TransformationSetting.h"
 #include "coords/Transformer.h"
 #include "platform/Paths.h"
+#include "util/Angles.h"
 #include "util/Numbers.h"
 #include "util/Text.h"
 

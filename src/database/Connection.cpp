@@ -5,7 +5,7 @@
 #include "database/ConnectionImpl.h"
 #include "database/ConnectionString.h"
 #include "database/DbaseFolder.h"
-#include "platform/Paths.h"
+#include "platform/AsciiCase.h"
 #include "util/Text.h"
 
 #include <array>

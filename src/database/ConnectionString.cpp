@@ -4,6 +4,7 @@
 
 #include "database/DatabaseError.h"
 #include "database/Odbc.h"
+#include "platform/AsciiCase.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "util/Text.h"

@@ -5,6 +5,7 @@
 #include "config/Ini.h"
 #include "database/ConnectionString.h"
 #include "database/DatabaseError.h"
+#include "platform/AsciiCase.h"
 #include "platform/Errors.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"

@@ -4,8 +4,8 @@
 
 namespace vexlator::database {
 
-/// Has the SQLite library, which its ODBC driver uses, leave out locks that nobody needs, and gives it memory
-/// of ours. Does nothing when the library is in use already.
+/// Has the SQLite library, which its ODBC driver uses, leave out locks that nobody needs. Does nothing when
+/// the library is in use already.
 void SetUpSqlite();
 
 }  // namespace vexlator::database

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "database/Table.h"
 
-#include "platform/Paths.h"
+#include "platform/AsciiCase.h"
 
 namespace vexlator::database {
 

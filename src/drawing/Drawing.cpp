@@ -3,8 +3,8 @@
 #include "drawing/Drawing.h"
 
 #include "drawing/Vdf.h"
+#include "platform/AsciiCase.h"
 #include "platform/Files.h"
-#include "platform/Paths.h"
 
 #include <algorithm>
 #include <array>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "drawing/PodVector.h"
-#include "util/Angles.h"
+#include "util/Geometry.h"
 
 #include <cstdint>
 #include <optional>

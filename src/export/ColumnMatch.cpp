@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "export/ColumnMatch.h"
 
+#include "platform/AsciiCase.h"
 #include "platform/CodePages.h"
-#include "platform/Paths.h"
 #include "util/Text.h"
 
 #include <algorithm>

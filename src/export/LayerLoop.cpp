@@ -3,6 +3,7 @@
 #include "export/LayerLoop.h"
 
 #include "drawing/AttributeTemplate.h"
+#include "platform/AsciiCase.h"
 #include "platform/CodePages.h"
 #include "platform/Paths.h"
 #include "util/Files.h"

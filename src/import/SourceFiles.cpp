@@ -20,4 +20,13 @@ std::vector<std::string> SourceFiles(std::string_view sourcePath, std::string_vi
     return paths;
 }
 
+std::optional<platform::MappedFile> OpenFile(std::string_view path, ui::UserInterface& show) {
+    try {
+        return std::make_optional<platform::MappedFile>(path);
+    } catch (const platform::ReadError& error) {
+        show.ShowMessage("Error Opening " + error.File() + "\n" + error.Reason());
+        return std::nullopt;
+    }
+}
+
 }  // namespace vexlator::importer

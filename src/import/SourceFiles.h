@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/Files.h"
+#include "ui/UserInterface.h"
+
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,5 +15,9 @@ namespace vexlator::importer {
 /// The files of an import: `sourcePath` and the names of `fileList`, each preceded by "|" (what stands before
 /// the first "|" does not count). Names without a folder lie beside `sourcePath`; empty ones are left out.
 std::vector<std::string> SourceFiles(std::string_view sourcePath, std::string_view fileList);
+
+/// Opens a file for reading. On failure nothing is returned, and the message "Error Opening ", the path, a
+/// line end and the system's reason are shown.
+std::optional<platform::MappedFile> OpenFile(std::string_view path, ui::UserInterface& show);
 
 }  // namespace vexlator::importer

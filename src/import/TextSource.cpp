@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "import/TextSource.h"
 
+#include "import/SourceFiles.h"
 #include "platform/CodePages.h"
 #include "util/Files.h"
 #include "util/Numbers.h"
@@ -51,20 +52,15 @@ void CheckLineLength(std::string_view text, std::uint64_t line) {
 }
 
 std::optional<platform::MappedFile> OpenTextSource(std::string_view path, ui::UserInterface& show) {
-    auto file = util::OpenFile(path, &show);
+    auto file = OpenFile(path, show);
     if (!file || !file->Bytes().empty()) return file;
     show.ShowMessage("Error Opening " + file->Name() + "\nThe file is empty");
     return std::nullopt;
 }
 
-std::string_view WithoutByteOrderMark(std::string_view text) {
-    constexpr std::string_view mark = "\xEF\xBB\xBF";
-    return text.starts_with(mark) ? text.substr(mark.size()) : text;
-}
-
 std::string_view TextBehindMark(std::string_view bytes, std::string& decoded) {
     bool little = bytes.starts_with("\xFF\xFE");
-    if (!little && !bytes.starts_with("\xFE\xFF")) return WithoutByteOrderMark(bytes);
+    if (!little && !bytes.starts_with("\xFE\xFF")) return platform::WithoutByteOrderMark(bytes);
     return decoded = DecodeUtf16(bytes.substr(2), little);
 }
 

@@ -25,9 +25,8 @@ constexpr std::string_view lineTooLong = "a line of more than 64 MB";
 /// @throws platform::ReadError, without a file name, for a longer one
 void CheckLineLength(std::string_view text, std::uint64_t line);
 
-/// The text behind its UTF-8 byte-order mark, if it has one.
-std::string_view WithoutByteOrderMark(std::string_view text);
-/// The same; a text whose mark is that of UTF-16 is decoded as a whole into `decoded`.
+/// The text behind its UTF-8 byte-order mark, if it has one; a text whose mark is that of UTF-16 is decoded
+/// as a whole into `decoded`.
 /// @throws platform::ReadError, without a file name, for bytes that are no UTF-16, and then for a line of
 /// more than longestLine
 std::string_view TextBehindMark(std::string_view bytes, std::string& decoded);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/CodePages.h"
 
-#include "platform/Paths.h"
+#include "platform/AsciiCase.h"
 
 #include <algorithm>
 #include <array>
@@ -22,44 +22,6 @@ constexpr std::array<char16_t, 32> windows1252High = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
-void AppendCodePoint(std::string& target, char32_t c) {
-    if (c < 0x80) {
-        target += static_cast<char>(c);
-    } else if (c < 0x800) {
-        target += static_cast<char>(0xC0 | (c >> 6));
-        target += static_cast<char>(0x80 | (c & 0x3F));
-    } else {
-        target += static_cast<char>(0xE0 | (c >> 12));
-        target += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-        target += static_cast<char>(0x80 | (c & 0x3F));
-    }
-}
-
-/// Length of the well-formed UTF-8 character at the start of `text` and its code point; 0 when it is not one.
-std::size_t DecodeUtf8(std::string_view text, char32_t& c) {
-    auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    auto follows = [&](std::size_t i) { return i < text.size() && (byte(i) & 0xC0) == 0x80; };
-    unsigned char lead = byte(0);
-    if (lead < 0x80) {
-        c = lead;
-        return 1;
-    }
-    if (lead >= 0xC2 && lead < 0xE0 && follows(1)) {
-        c = static_cast<char32_t>((lead & 0x1F) << 6 | (byte(1) & 0x3F));
-        return 2;
-    }
-    if (lead >= 0xE0 && lead < 0xF0 && follows(1) && follows(2)) {
-        c = static_cast<char32_t>((lead & 0x0F) << 12 | (byte(1) & 0x3F) << 6 | (byte(2) & 0x3F));
-        return c >= 0x800 && (c < 0xD800 || c > 0xDFFF) ? 3 : 0;
-    }
-    if (lead >= 0xF0 && lead < 0xF5 && follows(1) && follows(2) && follows(3)) {
-        c = static_cast<char32_t>((lead & 0x07) << 18 | (byte(1) & 0x3F) << 12 | (byte(2) & 0x3F) << 6 |
-                                  (byte(3) & 0x3F));
-        return c >= 0x10000 && c <= 0x10FFFF ? 4 : 0;
-    }
-    return 0;
-}
 
 /// The Windows-1252 byte of a code point, or -1.
 int Windows1252Byte(char32_t c) {
@@ -130,6 +92,37 @@ std::string IconvName(std::string_view name) {
 
 }  // namespace
 
+void AppendUtf8(std::string& target, char32_t character) {
+    constexpr unsigned char leads[] = {0, 0xC0, 0xE0, 0xF0};
+    int more = character < 0x80 ? 0 : character < 0x800 ? 1 : character < 0x10000 ? 2 : 3;
+    target += static_cast<char>(leads[more] | (character >> (6 * more)));
+    while (more-- > 0) target += static_cast<char>(0x80 | ((character >> (6 * more)) & 0x3F));
+}
+
+std::size_t DecodeUtf8(std::string_view text, char32_t& c) {
+    auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    auto follows = [&](std::size_t i) { return i < text.size() && (byte(i) & 0xC0) == 0x80; };
+    unsigned char lead = byte(0);
+    if (lead < 0x80) {
+        c = lead;
+        return 1;
+    }
+    if (lead >= 0xC2 && lead < 0xE0 && follows(1)) {
+        c = static_cast<char32_t>((lead & 0x1F) << 6 | (byte(1) & 0x3F));
+        return 2;
+    }
+    if (lead >= 0xE0 && lead < 0xF0 && follows(1) && follows(2)) {
+        c = static_cast<char32_t>((lead & 0x0F) << 12 | (byte(1) & 0x3F) << 6 | (byte(2) & 0x3F));
+        return c >= 0x800 && (c < 0xD800 || c > 0xDFFF) ? 3 : 0;
+    }
+    if (lead >= 0xF0 && lead < 0xF5 && follows(1) && follows(2) && follows(3)) {
+        c = static_cast<char32_t>((lead & 0x07) << 18 | (byte(1) & 0x3F) << 12 | (byte(2) & 0x3F) << 6 |
+                                  (byte(3) & 0x3F));
+        return c >= 0x10000 && c <= 0x10FFFF ? 4 : 0;
+    }
+    return 0;
+}
+
 bool IsAscii(std::string_view text) {
     const char* p = text.data();
     std::size_t left = text.size();
@@ -160,7 +153,7 @@ void AppendUtf8FromWindows1252(std::string& target, std::string_view bytes) {
     }
     for (char byte : bytes) {
         auto value = static_cast<unsigned char>(byte);
-        AppendCodePoint(target, value >= 0x80 && value < 0xA0 ? windows1252High[value - 0x80U] : value);
+        AppendUtf8(target, value >= 0x80 && value < 0xA0 ? windows1252High[value - 0x80U] : value);
     }
 }
 
@@ -181,9 +174,7 @@ std::string AsUtf8(std::string_view bytes) {
 }
 
 std::string DecodeText(std::string_view bytes) {
-    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-    if (bytes.starts_with(byteOrderMark)) bytes.remove_prefix(byteOrderMark.size());
-    return AsUtf8(bytes);
+    return AsUtf8(WithoutByteOrderMark(bytes));
 }
 
 std::string Utf8FromWindows1252(std::string_view bytes) {

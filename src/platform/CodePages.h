@@ -22,6 +22,18 @@ std::size_t CountCharacters(std::string_view utf8);
 /// The start of a UTF-8 text that has at most `most` characters.
 std::string_view FirstCharacters(std::string_view utf8, std::size_t most);
 
+/// Adds a character, at most U+10FFFF.
+void AppendUtf8(std::string& target, char32_t character);
+/// Length of the well-formed character at the start of a text that is not empty, and the character; 0 when
+/// there is none.
+std::size_t DecodeUtf8(std::string_view text, char32_t& character);
+
+/// What the text of a file may begin with to say that it is UTF-8.
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view WithoutByteOrderMark(std::string_view bytes) {
+    return bytes.starts_with(byteOrderMark) ? bytes.substr(byteOrderMark.size()) : bytes;
+}
+
 /// A text of unknown encoding as UTF-8: as it stands when it is valid UTF-8, else taken as Windows-1252.
 std::string AsUtf8(std::string_view bytes);
 /// The same for the whole text of a file, whose byte-order mark is dropped.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Files.h"
 
+#include "platform/AsciiCase.h"
 #include "platform/FileRights.h"
 #include "platform/NativeFiles.h"
 #include "platform/Paths.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/NativeFiles.h"
 
-#include "platform/Paths.h"
+#include "platform/AsciiCase.h"
 #include "platform/Signals.h"
 
 #include <algorithm>

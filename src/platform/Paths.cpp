@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Paths.h"
 
+#include "platform/AsciiCase.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
@@ -14,14 +16,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-char Lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-char Upper(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
 bool IsLetter(char c) {
-    return Lower(c) >= 'a' && Lower(c) <= 'z';
+    return LowerAscii(c) >= 'a' && LowerAscii(c) <= 'z';
 }
 
 std::string WithSlashes(std::string_view path) {
@@ -95,30 +91,6 @@ std::string MatchNoCase(const std::string& native, bool& complete) {
 
 }  // namespace
 
-bool SameNoCase(std::string_view a, std::string_view b) {
-    return a.size() == b.size() &&
-           std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return Lower(x) == Lower(y); });
-}
-
-int CompareNoCase(std::string_view a, std::string_view b) {
-    auto byte = [](char c) { return static_cast<unsigned char>(Lower(c)); };
-    for (std::size_t i = 0; i < a.size() && i < b.size(); ++i)
-        if (byte(a[i]) != byte(b[i])) return byte(a[i]) < byte(b[i]) ? -1 : 1;
-    return a.size() == b.size() ? 0 : a.size() < b.size() ? -1 : 1;
-}
-
-std::string LowerAscii(std::string_view text) {
-    std::string result(text);
-    std::transform(result.begin(), result.end(), result.begin(), Lower);
-    return result;
-}
-
-std::string UpperAscii(std::string_view text) {
-    std::string result(text);
-    std::transform(result.begin(), result.end(), result.begin(), Upper);
-    return result;
-}
-
 std::string UserDataFolder() {
     if (const char* data = std::getenv("XDG_DATA_HOME"); data && *data) return data;
     const char* home = std::getenv("HOME");
@@ -129,7 +101,7 @@ std::string NativePath(std::string_view path) {
     if (IsDrivePath(path)) {
         std::string rest = WithSlashes(path.substr(2));
         if (!rest.empty() && rest[0] != '/') rest.insert(rest.begin(), '/');
-        return DrivesFolder() + "/" + Upper(path[0]) + rest;
+        return DrivesFolder() + "/" + UpperAscii(path[0]) + rest;
     }
     if (IsServerPath(path)) return DrivesFolder() + "/unc/" + WithSlashes(path.substr(2));
     return WithSlashes(path);

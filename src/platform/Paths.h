@@ -39,15 +39,4 @@ std::string UserDataFolder();
 /// The path text made absolute against the current folder; drive and server paths stay as they are.
 std::string AbsolutePath(std::string_view path);
 
-/// Equal but for letter case (ASCII letters only, as file names are compared here).
-bool SameNoCase(std::string_view a, std::string_view b);
-
-/// Below, equal to or above 0 as `a` stands before, beside or behind `b` in a listing without letter case.
-int CompareNoCase(std::string_view a, std::string_view b);
-
-/// ASCII letters made small; other bytes stay.
-std::string LowerAscii(std::string_view text);
-/// ASCII letters made capital; other bytes stay.
-std::string UpperAscii(std::string_view text);
-
 }  // namespace vexlator::platform

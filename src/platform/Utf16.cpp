@@ -4,7 +4,7 @@
 
 #include "platform/CodePages.h"
 
-#include <cstdint>
+#include <algorithm>
 
 namespace vexlator::platform {
 
@@ -23,26 +23,12 @@ void AppendUtf16(std::string& out, char32_t character) {
     AppendUnit(out, 0xDC00 + ((character - 0x10000) & 0x3FF));
 }
 
-void AppendUtf8(std::string& out, char32_t character) {
-    int more = character < 0x80 ? 0 : character < 0x800 ? 1 : character < 0x10000 ? 2 : 3;
-    constexpr unsigned char leads[] = {0, 0xC0, 0xE0, 0xF0};
-    out += static_cast<char>(leads[more] | (character >> (6 * more)));
-    while (more-- > 0) out += static_cast<char>(0x80 | ((character >> (6 * more)) & 0x3F));
-}
-
 /// Takes the first character off a text that is not empty.
 char32_t TakeCharacter(std::string_view& text) {
-    auto lead = static_cast<unsigned char>(text.front());
-    std::size_t size = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-    if (!IsUtf8(text.substr(0, size))) size = 0;
-    if (size == 0) {
-        text.remove_prefix(1);
-        return replacement;
-    }
-    char32_t character = size == 1 ? lead : lead & (0xFFU >> (size + 1));
-    for (std::size_t i = 1; i < size; ++i) character = (character << 6) | (text[i] & 0x3F);
-    text.remove_prefix(size);
-    return character;
+    char32_t character = replacement;
+    std::size_t size = DecodeUtf8(text, character);
+    text.remove_prefix(std::max<std::size_t>(size, 1));
+    return size == 0 ? replacement : character;
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "startup/CommandLine.h"
 
+#include "platform/AsciiCase.h"
 #include "platform/Paths.h"
 #include "util/Paths.h"
 #include "util/Text.h"

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "startup/Conversions.h"
 
-#include "background/build/BuildSettings.h"
-#include "background/build/frmGRP.h"
+#include "background/builder/BuildSettings.h"
+#include "background/builder/frmGRP.h"
 #include "export/csv/frmCSV.h"
 #include "export/fmo/frmFMO.h"
 #include "export/fmo/frmMDB.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "startup/Keys.h"
 
-#include "background/build/BuildSettings.h"
+#include "background/builder/BuildSettings.h"
 #include "coords/TransformationSetting.h"
 #include "drawing/FieldMapping.h"
 #include "export/ExportSettings.h"

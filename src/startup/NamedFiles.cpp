@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "startup/NamedFiles.h"
 
+#include "platform/AsciiCase.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "startup/CommandLine.h"

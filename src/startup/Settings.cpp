@@ -3,6 +3,7 @@
 #include "startup/Settings.h"
 
 #include "config/LocateConfigFile.h"
+#include "platform/AsciiCase.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "util/Numbers.h"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "startup/Slips.h"
 
+#include "platform/AsciiCase.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "startup/CommandLine.h"

@@ -3,6 +3,7 @@
 #include "util/Angles.h"
 
 #include "util/Numbers.h"
+#include "util/Text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -51,31 +52,7 @@ bool Take(std::string_view& text, char mark) {
     return true;
 }
 
-std::string_view WithoutBlanks(std::string_view text) {
-    std::size_t begin = text.find_first_not_of(" \t\r\n");
-    if (begin == std::string_view::npos) return {};
-    return text.substr(begin, text.find_last_not_of(" \t\r\n") - begin + 1);
-}
-
 }  // namespace
-
-double Distance(double x1, double y1, double x2, double y2) {
-    return std::hypot(x1 - x2, y1 - y2);
-}
-
-double Bearing(double x1, double y1, double x2, double y2, ui::UserInterface* show) {
-    if (x1 == x2 && y1 == y2) {
-        if (show) show->ShowMessage("RO sameas Occupied - assuming 0");
-        return 0;
-    }
-    double bearing = std::atan2(x2 - x1, y2 - y1);
-    if (bearing < 0) bearing += fullCircle;
-    return bearing < fullCircle ? bearing : 0;
-}
-
-PlanePoint PolarPoint(double x, double y, double bearing, double distance) {
-    return {x + distance * std::sin(bearing), y + distance * std::cos(bearing)};
-}
 
 std::string FormatAngleText(double radians, std::optional<int> decimals) {
     if (!std::isfinite(radians)) radians = 0;
@@ -96,7 +73,7 @@ std::string FormatAngleText(double radians, std::optional<int> decimals) {
 }
 
 std::optional<double> ParseAngleText(std::string_view text) {
-    text = WithoutBlanks(text);
+    text = Trim(text, lineBlanks);
     bool negative = Take(text, '-');
     if (!negative) Take(text, '+');
     std::string_view degrees = TakeDigits(text), minutes, seconds, fraction;

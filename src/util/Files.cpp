@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "util/Files.h"
 
+#include "platform/AsciiCase.h"
 #include "platform/CodePages.h"
-#include "platform/Paths.h"
 #include "util/Paths.h"
 
 #include <algorithm>
@@ -131,11 +131,10 @@ bool MatchesPattern(std::string_view name, std::string_view pattern) {
     return pattern.find_first_not_of('*') == std::string_view::npos;
 }
 
-std::optional<platform::MappedFile> OpenFile(std::string_view path, ui::UserInterface* show) {
+std::optional<platform::MappedFile> OpenFile(std::string_view path) {
     try {
         return std::make_optional<platform::MappedFile>(path);
-    } catch (const platform::ReadError& error) {
-        if (show) show->ShowMessage("Error Opening " + error.File() + "\n" + error.Reason());
+    } catch (const platform::ReadError&) {
         return std::nullopt;
     }
 }

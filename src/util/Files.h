@@ -3,7 +3,6 @@
 #pragma once
 
 #include "platform/Files.h"
-#include "ui/UserInterface.h"
 
 #include <cstdint>
 #include <optional>
@@ -36,9 +35,8 @@ std::string ReadFirstLine(std::string_view path);
 /// name, as on Windows. Letter case does not count.
 bool MatchesPattern(std::string_view name, std::string_view pattern);
 
-/// Opens a file for reading. On failure nothing is returned and the message "Error Opening ", the path, a
-/// line end and the system's reason are shown when `show` is given.
-std::optional<platform::MappedFile> OpenFile(std::string_view path, ui::UserInterface* show = nullptr);
+/// Opens a file for reading; nothing when that fails.
+std::optional<platform::MappedFile> OpenFile(std::string_view path);
 
 /// Text lines that end in CR LF, LF or CR, from a buffer.
 class LineReader {

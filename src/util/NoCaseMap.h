@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/Paths.h"
+#include "platform/AsciiCase.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "util/Paths.h"
 
+#include "platform/AsciiCase.h"
 #include "platform/CodePages.h"
 #include "platform/Paths.h"
 

@@ -16,14 +16,6 @@ std::string LocaleCountry() {
     return platform::LocaleCountry();
 }
 
-void Pause(ui::UserInterface& ui, double seconds) {
-    ui.Settle(seconds);
-}
-
-int RunAndWait(const std::string& commandLine, ui::UserInterface& ui) {
-    return platform::RunProgram(commandLine, [&] { ui.Settle(0); });
-}
-
 void OpenDocument(std::string_view path) {
     if (path.starts_with('"')) path.remove_prefix(1);
     if (path.ends_with('"')) path.remove_suffix(1);

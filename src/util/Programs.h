@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/UserInterface.h"
-
 #include <string>
 #include <string_view>
 
@@ -15,11 +13,6 @@ std::string UserName();
 /// ISO 3166 country code of the system's locale; "UNK" when it gives none.
 std::string LocaleCountry();
 
-/// Waits while windows stay responsive; returns at once where there are none.
-void Pause(ui::UserInterface& ui, double seconds);
-/// Starts a program from a command line and waits until it has ended, while windows stay responsive. Returns
-/// its exit status, or -1 when it could not be started.
-int RunAndWait(const std::string& commandLine, ui::UserInterface& ui);
 /// Opens a document with the program registered for it; does not wait, and no failure is told.
 void OpenDocument(std::string_view path);
 

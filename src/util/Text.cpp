@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "util/Text.h"
 
-#include "platform/Paths.h"
+#include "platform/AsciiCase.h"
 #include "util/Numbers.h"
 
 #include <algorithm>
@@ -42,12 +42,6 @@ std::size_t CountOf(std::string_view text, std::string_view part) {
 std::size_t InStrNoCase(std::string_view text, std::string_view part) {
     std::size_t hit = platform::LowerAscii(text).find(platform::LowerAscii(part));
     return hit == std::string::npos ? 0 : hit + 1;
-}
-
-std::string_view Trim(std::string_view text) {
-    std::size_t begin = text.find_first_not_of(' ');
-    if (begin == std::string_view::npos) return {};
-    return text.substr(begin, text.find_last_not_of(' ') - begin + 1);
 }
 
 std::string ReplaceAll(std::string_view text, std::string_view what, std::string_view by) {

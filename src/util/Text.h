@@ -19,8 +19,19 @@ std::string_view GetBarField(std::size_t index, std::string_view text);
 std::size_t CountOf(std::string_view text, std::string_view part);
 /// Position in bytes, from 1, of `part`, the case of ASCII letters ignored; 0 when absent.
 std::size_t InStrNoCase(std::string_view text, std::string_view part);
-/// Without the blanks (spaces only) at both ends.
-std::string_view Trim(std::string_view text);
+/// Spaces, tabs and what ends lines.
+constexpr std::string_view lineBlanks = " \t\r\n";
+/// Without the characters of `blanks`, by default spaces only, at both ends. Of nothing else the end is left.
+constexpr std::string_view Trim(std::string_view text, std::string_view blanks = " ") {
+    auto isBlank = [blanks](char c) {
+        for (char blank : blanks)
+            if (c == blank) return true;
+        return false;
+    };
+    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+    return text;
+}
 std::string ReplaceAll(std::string_view text, std::string_view what, std::string_view by);
 /// Blanks become "_"; the name DATE (any letter case) becomes "gvDate".
 std::string FieldNameFor(std::string_view name);

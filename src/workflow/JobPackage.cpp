@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "workflow/JobPackage.h"
 
+#include "platform/AsciiCase.h"
 #include "platform/CodePages.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
+#include "ui/UserInterface.h"
 #include "util/Files.h"
 #include "util/Numbers.h"
 #include "util/Paths.h"

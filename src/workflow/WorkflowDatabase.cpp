@@ -4,6 +4,7 @@
 
 #include "database/ConnectionString.h"
 #include "database/Statement.h"
+#include "platform/AsciiCase.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Process.h"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "workflow/ZipInput.h"
 
+#include "platform/AsciiCase.h"
 #include "platform/CodePages.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "support/TestUi.h"
 #include "util/Angles.h"
+#include "util/Geometry.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -26,9 +26,9 @@ TEST(Angles, Bearings) {
     for (const auto& c : cases) EXPECT_NEAR(Bearing(10, 20, 10 + c.x, 20 + c.y), c.bearing, 1e-15);
     EXPECT_LT(Bearing(0, 0, -1e-300, 1), 2 * pi) << "a hair west of north";
 
-    test::TestUi ui;
-    EXPECT_EQ(Bearing(1, 2, 1, 2, &ui), 0);
-    EXPECT_EQ(ui.messages, std::vector<std::string>{"RO sameas Occupied - assuming 0"});
+    std::string message;
+    EXPECT_EQ(Bearing(1, 2, 1, 2, [&](const std::string& text) { message = text; }), 0);
+    EXPECT_EQ(message, "RO sameas Occupied - assuming 0");
 }
 
 TEST(Angles, Text) {

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "background/classification/Classifier.h"
 
+#include "platform/AsciiCase.h"
 #include "platform/CodePages.h"
 #include "platform/Files.h"
-#include "platform/Paths.h"
 #include "util/Paths.h"
 #include "util/Text.h"
 

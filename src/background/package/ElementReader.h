@@ -4,7 +4,7 @@
 
 #include "background/package/PackageReader.h"
 #include "background/package/Records.h"
-#include "util/Angles.h"
+#include "util/Geometry.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "background/package/Records.h"
-#include "util/Angles.h"
+#include "util/Geometry.h"
 
 #include <span>
 #include <vector>

@@ -3,6 +3,7 @@
 #include "background/package/Mosaic.h"
 
 #include "background/package/PackageIndex.h"
+#include "platform/AsciiCase.h"
 #include "platform/CodePages.h"
 #include "platform/Errors.h"
 #include "platform/Files.h"

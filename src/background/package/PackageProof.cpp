@@ -4,8 +4,8 @@
 
 #include "background/package/ElementReader.h"
 #include "background/package/FeatureHeader.h"
+#include "platform/AsciiCase.h"
 #include "platform/CodePages.h"
-#include "platform/Paths.h"
 #include "util/Counted.h"
 #include "util/Files.h"
 #include "util/Numbers.h"

@@ -8,6 +8,7 @@
 #include "platform/Errors.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
+#include "util/Angles.h"
 #include "util/Paths.h"
 
 #include <algorithm>

@@ -11,7 +11,7 @@
 #include "background/package/TileTable.h"
 #include "platform/OutputSet.h"
 #include "ui/UserInterface.h"
-#include "util/Angles.h"
+#include "util/Geometry.h"
 
 #include <cstdint>
 #include <optional>

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "background/package/TextAnchor.h"
 
+#include "util/Angles.h"
+
 #include <cmath>
 
 namespace vexlator::background {

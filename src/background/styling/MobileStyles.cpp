@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "background/styling/MobileStyles.h"
 
+#include "platform/AsciiCase.h"
 #include "platform/CodePages.h"
-#include "platform/Paths.h"
 #include "util/Files.h"
 #include "util/Text.h"
 

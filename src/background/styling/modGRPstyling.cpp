@@ -3,6 +3,7 @@
 #include "background/styling/modGRPstyling.h"
 
 #include "config/Ini.h"
+#include "platform/AsciiCase.h"
 #include "platform/CodePages.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"

@@ -11,6 +11,7 @@
 #include "export/LeftOutEntities.h"
 #include "export/fmo/FeatureColumns.h"
 #include "export/fmo/FeatureTable.h"
+#include "platform/AsciiCase.h"
 #include "platform/Paths.h"
 #include "util/Files.h"
 #include "util/Paths.h"

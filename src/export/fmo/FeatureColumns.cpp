@@ -3,7 +3,7 @@
 #include "export/fmo/FeatureColumns.h"
 
 #include "export/ColumnMatch.h"
-#include "platform/Paths.h"
+#include "platform/AsciiCase.h"
 
 #include <algorithm>
 

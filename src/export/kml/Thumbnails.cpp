@@ -5,6 +5,7 @@
 #include "export/kml/PhotoNames.h"
 #include "export/photos/PhotoFolders.h"
 #include "formats/image/Thumbnail.h"
+#include "platform/AsciiCase.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "util/Paths.h"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "export/kml/frmKML.h"
 
+#include "config/Waiting.h"
 #include "coords/frmLatLng.h"
 #include "export/LayerLoop.h"
 #include "export/LayerTurns.h"
@@ -65,7 +66,7 @@ config::Outcome frmKML::Start(std::string_view drawingPath, std::string_view tar
     if (settings.web) MakeThumbnails(run_, targetPath);
     if (!WriteFile(begun, settings, name)) return begun.outcome;
     if (run_.Settings().AutoLaunchExport) Launch(settings.web, begun.outcome.target);
-    util::Pause(run_.Ui(), 1);
+    config::Pause(run_.Ui(), 1);
     return begun.outcome;
 }
 
@@ -111,7 +112,7 @@ void frmKML::Publish(std::string_view kmlPath) {
     std::string program = util::JoinPath(run_.Settings().ConfigFolder, "gvSync.exe");
     std::string command =
         "\"" + program + "\" /FTPkml \"" + platform::NativePath(platform::AbsolutePath(kmlPath)) + "\"";
-    if (util::RunAndWait(command, run_.Ui()) < 0)
+    if (config::RunAndWait(command, run_.Ui()) < 0)
         run_.Ui().ShowMessage(platform::NativePath(program) + ": cannot be started");
 }
 

@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "export/meter/frmCAW.h"
 
+#include "config/Waiting.h"
 #include "export/LayerLoop.h"
 #include "export/meter/MeterReadings.h"
-#include "platform/Paths.h"
+#include "platform/AsciiCase.h"
 #include "util/Paths.h"
 #include "util/Programs.h"
 
@@ -34,7 +35,7 @@ config::Outcome frmCAW::Start(std::string_view drawingPath, std::string_view tar
         begun.outcome.target = path;
     });
     if (run_.Settings().AutoLaunchExport && begun.outcome.layers > 0) util::OpenDocument(path);
-    util::Pause(run_.Ui(), 1);
+    config::Pause(run_.Ui(), 1);
     return begun.outcome;
 }
 

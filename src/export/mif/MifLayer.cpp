@@ -3,7 +3,7 @@
 #include "export/mif/MifLayer.h"
 
 #include "export/LayerEncoding.h"
-#include "platform/Paths.h"
+#include "platform/AsciiCase.h"
 #include "util/Numbers.h"
 #include "util/Paths.h"
 #include "util/Text.h"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "export/photos/PhotoFolders.h"
 
+#include "platform/AsciiCase.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "util/Paths.h"

@@ -4,6 +4,7 @@
 
 #include "export/photos/PhotoFolders.h"
 #include "formats/QuotedText.h"
+#include "platform/AsciiCase.h"
 #include "platform/CodePages.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"

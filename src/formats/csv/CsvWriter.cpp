@@ -3,7 +3,9 @@
 #include "formats/csv/CsvWriter.h"
 
 #include "formats/QuotedText.h"
+#include "platform/CodePages.h"
 #include "util/Numbers.h"
+#include "util/Text.h"
 
 #include <algorithm>
 #include <charconv>
@@ -13,7 +15,6 @@ namespace vexlator::formats {
 namespace {
 
 constexpr int heightDecimals = 3;
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 bool IsNumber(std::string_view text) {
     if (text.starts_with('+')) text.remove_prefix(1);
@@ -23,18 +24,10 @@ bool IsNumber(std::string_view text) {
     return error != std::errc::invalid_argument && end == text.data() + text.size();
 }
 
-/// Without what spreadsheets take off before they look: quotes and blanks.
-std::string_view Bare(std::string_view text) {
-    constexpr std::string_view around = "\" ";
-    std::size_t begin = text.find_first_not_of(around);
-    if (begin == std::string_view::npos) return {};
-    return text.substr(begin, text.find_last_not_of(around) + 1 - begin);
-}
-
-/// Spreadsheets take tabs and carriage returns off, too.
+/// Spreadsheets take quotes, blanks, tabs and carriage returns off before they look.
 bool MayRun(std::string_view text) {
     constexpr std::string_view starts = "=+-@\t\r";
-    text = Bare(text);
+    text = util::Trim(text, "\" ");
     return !text.empty() && starts.find(text.front()) != std::string_view::npos && !IsNumber(text);
 }
 
@@ -56,7 +49,7 @@ CsvWriter::CsvWriter(platform::OutputFile& file, const CsvLayout& layout)
     : file_(&file),
       layout_(layout),
       encoder_(layout.byteOrderMark ? TextEncoding::Utf8 : TextEncoding::Windows1252) {
-    if (layout.byteOrderMark) file_->Write(byteOrderMark);
+    if (layout.byteOrderMark) file_->Write(platform::byteOrderMark);
 }
 
 void CsvWriter::BeginField() {

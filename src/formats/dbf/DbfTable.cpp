@@ -3,6 +3,7 @@
 #include "formats/dbf/DbfTable.h"
 
 #include "formats/Bytes.h"
+#include "platform/CodePages.h"
 #include "platform/Errors.h"
 #include "util/Text.h"
 
@@ -21,13 +22,6 @@ constexpr std::size_t descriptorSize = 32;
 constexpr std::size_t nameSize = 11;
 constexpr std::size_t longestName = 10;
 constexpr char endOfFields = 0x0D;
-
-std::string_view Trimmed(std::string_view text) {
-    auto blank = [](char c) { return c == ' ' || c == '\0'; };
-    while (!text.empty() && blank(text.back())) text.remove_suffix(1);
-    while (!text.empty() && blank(text.front())) text.remove_prefix(1);
-    return text;
-}
 
 std::string_view TextOf(std::span<const std::byte> bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
@@ -74,13 +68,12 @@ std::string_view DbfTable::Record(std::int64_t number) const {
 
 std::string_view DbfTable::Value(std::string_view record, const DbfField& field) {
     if (field.offset >= record.size()) return {};
-    return Trimmed(record.substr(field.offset, field.width));
+    return util::Trim(record.substr(field.offset, field.width), std::string_view(" \0", 2));
 }
 
 std::string DbfEncoding(std::string_view cpgText, std::uint8_t languageByte) {
     std::string_view named = cpgText.substr(0, cpgText.find_first_of("\r\n"));
-    if (named.starts_with("\xEF\xBB\xBF")) named.remove_prefix(3);
-    named = util::Trim(named);
+    named = util::Trim(platform::WithoutByteOrderMark(named));
     if (!named.empty()) return std::string(named);
 
     static constexpr std::array<std::pair<std::uint8_t, std::string_view>, 59> codes = {{

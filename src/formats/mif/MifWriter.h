@@ -4,7 +4,7 @@
 
 #include "formats/TextEncoding.h"
 #include "platform/Files.h"
-#include "util/Angles.h"
+#include "util/Geometry.h"
 
 #include <cstdint>
 #include <span>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/Files.h"
-#include "util/Angles.h"
+#include "util/Geometry.h"
 
 #include <cstddef>
 #include <cstdint>

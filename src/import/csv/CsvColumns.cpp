@@ -4,9 +4,9 @@
 
 #include "import/FeatureCode.h"
 #include "import/csv/CsvRecords.h"
+#include "platform/AsciiCase.h"
 #include "platform/CodePages.h"
 #include "platform/Errors.h"
-#include "platform/Paths.h"
 #include "util/Numbers.h"
 #include "util/Text.h"
 

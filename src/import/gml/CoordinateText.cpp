@@ -5,6 +5,7 @@
 #include "import/gml/GmlElements.h"
 #include "platform/Errors.h"
 #include "util/Numbers.h"
+#include "util/Text.h"
 
 #include <algorithm>
 #include <charconv>
@@ -132,7 +133,7 @@ void CoordinateText::Take(std::string_view token) {
 }
 
 void CoordinateText::TakeTuple(std::string_view token) {
-    token = TrimmedXml(token);
+    token = util::Trim(token, util::lineBlanks);
     if (token.empty()) return;
     index_ = 0;
     for (std::string_view left = token; !left.empty();) TakeValue(NumberIn(NextValue(left)));

@@ -84,13 +84,6 @@ std::string_view LocalName(std::string_view name) {
     return name.substr(name.find(':') + 1);
 }
 
-std::string_view TrimmedXml(std::string_view text) {
-    constexpr std::string_view space = " \t\r\n";
-    std::size_t begin = text.find_first_not_of(space);
-    if (begin == std::string_view::npos) return {};
-    return text.substr(begin, text.find_last_not_of(space) - begin + 1);
-}
-
 std::string_view PrefixOf(std::string_view name) {
     std::size_t colon = name.find(':');
     return colon == std::string_view::npos ? std::string_view() : name.substr(0, colon);

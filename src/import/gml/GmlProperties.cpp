@@ -3,6 +3,7 @@
 #include "import/gml/GmlProperties.h"
 
 #include "import/gml/GmlElements.h"
+#include "util/Text.h"
 
 #include <algorithm>
 #include <utility>
@@ -42,7 +43,7 @@ void GmlProperties::Leave() {
 void GmlProperties::End() {
     if (!std::exchange(isOpen_, false) || keepsParents_) return;
     std::string& value = feature_.properties.back().value;
-    std::string_view trimmed = TrimmedXml(value);
+    std::string_view trimmed = util::Trim(value, util::lineBlanks);
     if (trimmed.empty()) trimmed = reference_;
     if (trimmed.size() != value.size()) value = std::string(trimmed);
 }

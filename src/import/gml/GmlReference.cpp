@@ -4,11 +4,12 @@
 
 #include "coords/AxisCount.h"
 #include "import/gml/GmlElements.h"
+#include "util/Text.h"
 
 namespace vexlator::importer {
 
 std::uint8_t GmlDimension(std::string_view text) {
-    text = TrimmedXml(text);
+    text = util::Trim(text, util::lineBlanks);
     bool isKnown = text == "2" || text == "3" || text == "4";
     return isKnown ? static_cast<std::uint8_t>(text[0] - '0') : 0;
 }
@@ -16,7 +17,7 @@ std::uint8_t GmlDimension(std::string_view text) {
 void GmlReferences::Read(XmlAttributes attributes, GmlReference& reference) {
     std::string_view name, dimension;
     for (const XmlAttribute& attribute : attributes) {
-        if (attribute.name == "srsName") name = TrimmedXml(attribute.value);
+        if (attribute.name == "srsName") name = util::Trim(attribute.value, util::lineBlanks);
         if (attribute.name == "srsDimension") dimension = attribute.value;
     }
     if (!name.empty()) UseSystem(name, reference);

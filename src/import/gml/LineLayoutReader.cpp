@@ -40,13 +40,6 @@ bool SetsThreeDimensions(std::string_view line) {
            line.find("srsDimension=\"3\"") != std::string_view::npos;
 }
 
-void AppendUtf8(std::string& target, char32_t c) {
-    static constexpr unsigned char leads[] = {0, 0xC0, 0xE0, 0xF0};
-    int following = c < 0x80 ? 0 : c < 0x800 ? 1 : c < 0x10000 ? 2 : 3;
-    target += static_cast<char>(leads[following] | (c >> (6 * following)));
-    while (following-- > 0) target += static_cast<char>(0x80 | ((c >> (6 * following)) & 0x3F));
-}
-
 std::optional<char32_t> NumberedCharacter(std::string_view reference) {
     reference.remove_prefix(1);
     int base = reference.starts_with('x') ? 16 : 10;
@@ -79,7 +72,7 @@ std::string WithoutReferences(std::string_view text) {
         std::size_t size = std::min<std::size_t>(text.substr(0, 16).find(';'), text.size());
         auto character = size < text.size() ? ReferredCharacter(text.substr(1, size - 1)) : std::nullopt;
         if (character) {
-            AppendUtf8(result, *character);
+            platform::AppendUtf8(result, *character);
             text.remove_prefix(size + 1);
         } else {
             result += '&';
@@ -89,7 +82,7 @@ std::string WithoutReferences(std::string_view text) {
 }
 
 std::string_view DeclaredEncoding(std::string_view text) {
-    if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
+    text = platform::WithoutByteOrderMark(text);
     if (!text.starts_with("<?xml")) return {};
     text = text.substr(0, text.find('>'));
     std::size_t begin = text.find_first_of("\"'", text.find("encoding"));

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "import/job/UsedPoints.h"
 
-#include "platform/Paths.h"
+#include "platform/AsciiCase.h"
 
 #include <algorithm>
 

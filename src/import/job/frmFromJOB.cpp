@@ -5,7 +5,9 @@
 #include "gpx/frmGPX.h"
 #include "import/job/JobText.h"
 #include "import/job/SupersededRecords.h"
+#include "platform/AsciiCase.h"
 #include "platform/Paths.h"
+#include "ui/UserInterface.h"
 #include "util/Counted.h"
 #include "util/Files.h"
 #include "util/Numbers.h"
@@ -83,7 +85,7 @@ void frmFromJOB::ReportAddition(const config::Outcome& outcome, std::uint64_t be
 }
 
 bool frmFromJOB::ImportJobFile(const std::string& path, JobToDrawing& importer) {
-    auto file = util::OpenFile(path, &run_.Ui());
+    auto file = OpenFile(path, run_.Ui());
     if (!file) return false;
     JobCounts counts;
     try {

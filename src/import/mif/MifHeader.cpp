@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "import/mif/MifHeader.h"
 
-#include "platform/Paths.h"
+#include "platform/AsciiCase.h"
 #include "util/Numbers.h"
 #include "util/Text.h"
 

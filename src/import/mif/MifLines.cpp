@@ -66,12 +66,6 @@ double TakeNumber(std::string_view& line) {
 
 }  // namespace
 
-std::string_view TrimmedLine(std::string_view line) {
-    std::size_t begin = line.find_first_not_of(mifBlanks);
-    if (begin == std::string_view::npos) return {};
-    return line.substr(begin, line.find_last_not_of(mifBlanks) - begin + 1);
-}
-
 bool IsCoordinateLine(std::string_view line) {
     SkipBlanks(line);
     std::size_t sign = line.starts_with('-') ? 1 : 0;

@@ -3,8 +3,9 @@
 #pragma once
 
 #include "platform/Errors.h"
-#include "util/Angles.h"
 #include "util/Files.h"
+#include "util/Geometry.h"
+#include "util/Text.h"
 
 #include <array>
 #include <cstddef>
@@ -17,7 +18,9 @@ namespace vexlator::importer {
 
 constexpr std::string_view mifBlanks = " \t";
 /// Without blanks at both ends.
-std::string_view TrimmedLine(std::string_view line);
+constexpr std::string_view TrimmedLine(std::string_view line) {
+    return util::Trim(line, mifBlanks);
+}
 
 /// Whether a line holds a vertex: without surrounding blanks it begins with a digit, or a "-" and a digit,
 /// and there is a blank in it.

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "import/mif/MifShapes.h"
 
+#include "util/Angles.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>

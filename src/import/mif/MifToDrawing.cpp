@@ -3,7 +3,8 @@
 #include "import/mif/MifToDrawing.h"
 
 #include "import/mif/MifShapes.h"
-#include "platform/Paths.h"
+#include "platform/AsciiCase.h"
+#include "util/Angles.h"
 #include "util/Counted.h"
 #include "util/Numbers.h"
 #include "util/Text.h"

@@ -55,12 +55,12 @@ config::Outcome frmFromMID::Start(std::string_view sourcePath, std::string_view 
 bool frmFromMID::ImportMifFile(const std::string& path) {
     auto mif = OpenTextSource(util::ChangeExtension(path, "MIF"), run_.Ui());
     if (!mif) return false;
-    auto mid = util::OpenFile(util::ChangeExtension(path, "MID"), &run_.Ui());
+    auto mid = OpenFile(util::ChangeExtension(path, "MID"), run_.Ui());
     std::string code = Capitals(util::BaseNameOf(path));
     import_.View().SetLabel(code);
     std::string style = SelectFeatureLayer(run_, drawing_, code);
 
-    MifLines lines(WithoutByteOrderMark(mif->Text()), mif->Name());
+    MifLines lines(platform::WithoutByteOrderMark(mif->Text()), mif->Name());
     MifHeader header = ReadMifHeader(lines);
     if (!header.complete) {
         run_.Ui().Report(mif->Name() + ": has no \"Columns\" line; nothing was imported from it");
@@ -71,7 +71,7 @@ bool frmFromMID::ImportMifFile(const std::string& path) {
     MifToDrawing objects({drawing_, run_.Ui(), symbol,
                           config::ReadKeys<MifImportSettings>(run_.Installation(), keys).extended},
                          header, lines,
-                         mid ? std::optional(WithoutByteOrderMark(mid->Text())) : std::nullopt);
+                         mid ? std::optional(platform::WithoutByteOrderMark(mid->Text())) : std::nullopt);
     ReadObjects(objects, *mif, mid ? &*mid : nullptr);
     for (const std::string& remark : objects.Remarks()) run_.Ui().Report(mif->Name() + ": " + remark);
     import_.View().SetLabel("Completed!");

@@ -6,7 +6,7 @@
 #include "coords/SourceSystem.h"
 #include "coords/frmLatLng.h"
 #include "import/shapefile/ShapeImportSettings.h"
-#include "util/Angles.h"
+#include "util/Geometry.h"
 
 #include <cstdint>
 #include <memory>

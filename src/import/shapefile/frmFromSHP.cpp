@@ -62,13 +62,13 @@ config::Outcome frmFromSHP::Start(std::string_view sourcePath, std::string_view 
 }
 
 bool frmFromSHP::ImportShapefile(const std::string& path) {
-    auto shp = util::OpenFile(path, &run_.Ui());
+    auto shp = OpenFile(path, run_.Ui());
     if (!shp) return false;
     if (shp->Bytes().empty()) {
         run_.Ui().ShowMessage("Error Opening " + shp->Name() + "\nThe file is empty");
         return false;
     }
-    auto shx = util::OpenFile(util::ChangeExtension(path, "SHX"), &run_.Ui());
+    auto shx = OpenFile(util::ChangeExtension(path, "SHX"), run_.Ui());
     if (!shx) return false;
     bool pipes = settings_.customer == "CORVANTEX";
     run_.Log("Reading:" + platform::NativePath(path));

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/terminal/TerminalInterface.h"
 
-#include "platform/Paths.h"
+#include "platform/AsciiCase.h"
 #include "platform/Signals.h"
 #include "ui/terminal/PlainText.h"
 #include "util/Text.h"

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "background/build/FeatureHeaders.h"
+#include "background/builder/FeatureHeaders.h"
 
 #include <optional>
 

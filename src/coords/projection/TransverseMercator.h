@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "coords/Ellipsoid.h"
-#include "coords/Lanes.h"
-#include "coords/Series.h"
+#include "coords/projection/Ellipsoid.h"
+#include "coords/projection/Lanes.h"
+#include "coords/projection/Series.h"
 
 #include <array>
 

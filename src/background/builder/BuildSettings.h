@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "background/build/AttributeList.h"
+#include "background/builder/AttributeList.h"
 #include "background/styling/MobileStyles.h"
 #include "background/styling/modGRPstyling.h"
 #include "config/Keys.h"

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "background/build/frmGRP.h"
+#include "background/builder/frmGRP.h"
 #include "background/package/PackageProof.h"
 #include "background/package/PackageReader.h"
-#include "background_build/PlainPackage.h"
-#include "background_build/RandomMap.h"
+#include "background_builder/PlainPackage.h"
+#include "background_builder/RandomMap.h"
 #include "drawing/Vdf.h"
 #include "support/ImportOffice.h"
 

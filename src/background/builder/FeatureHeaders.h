@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "background/build/AttributeRecords.h"
-#include "background/build/BuildSettings.h"
+#include "background/builder/AttributeRecords.h"
+#include "background/builder/BuildSettings.h"
 #include "background/classification/Classifier.h"
 #include "background/package/FeatureHeader.h"
 #include "background/styling/LayerStyles.h"

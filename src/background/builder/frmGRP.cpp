@@ -1,14 +1,16 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "background/build/frmGRP.h"
+#include "background/builder/frmGRP.h"
 
-#include "background/build/BuildSettings.h"
-#include "background/build/EntityWalk.h"
-#include "background/build/FeatureHeaders.h"
+#include "background/builder/BuildSettings.h"
+#include "background/builder/EntityWalk.h"
+#include "background/builder/FeatureHeaders.h"
 #include "background/package/PackageWriter.h"
+#include "config/Waiting.h"
 #include "drawing/DrawingFile.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
+#include "ui/UserInterface.h"
 #include "util/Files.h"
 #include "util/Paths.h"
 #include "util/Programs.h"
@@ -64,9 +66,9 @@ void ConvertVDFtoDXF(config::Run& run, std::string_view drawingPath, std::string
     if (util::FileSize(converter) == 0) return run.Ui().ShowMessage("No VDCONV application located");
     platform::RemoveFile(dxfPath);
     // The converter takes its parameters separated by question marks: version, size and what to draw.
-    util::RunAndWait(converter + " ? " + std::string(drawingPath) + " ? " + std::string(dxfPath) +
-                         " ? 500 ? 1024 ? 768 ? 0 ? 0 ? 0 ? 1",
-                     run.Ui());
+    config::RunAndWait(converter + " ? " + std::string(drawingPath) + " ? " + std::string(dxfPath) +
+                           " ? 500 ? 1024 ? 768 ? 0 ? 0 ? 0 ? 1",
+                       run.Ui());
     if (util::FileSize(dxfPath) == 0) run.Ui().ShowMessage("No Converted File Located");
 }
 

@@ -3,12 +3,12 @@
 #pragma once
 
 #include "background/PerAttributeSet.h"
-#include "background/build/Annotation.h"
-#include "background/build/BuildSettings.h"
-#include "background/build/FeatureHeaders.h"
-#include "background/build/Outline.h"
-#include "background/build/Placement.h"
-#include "background/build/Symbols.h"
+#include "background/builder/Annotation.h"
+#include "background/builder/BuildSettings.h"
+#include "background/builder/FeatureHeaders.h"
+#include "background/builder/Outline.h"
+#include "background/builder/Placement.h"
+#include "background/builder/Symbols.h"
 #include "background/package/PackageWriter.h"
 #include "background/styling/AnnotationText.h"
 #include "config/Run.h"

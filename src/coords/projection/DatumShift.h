@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "coords/Ellipsoid.h"
-#include "coords/Lanes.h"
+#include "coords/projection/Ellipsoid.h"
+#include "coords/projection/Lanes.h"
 
 #include <array>
 

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "background/build/Placement.h"
+#include "background/builder/Placement.h"
 #include "drawing/Drawing.h"
-#include "util/Angles.h"
+#include "util/Geometry.h"
 
 #include <span>
 #include <vector>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "background/build/AttributeList.h"
+#include "background/builder/AttributeList.h"
 
-#include "platform/Paths.h"
+#include "platform/AsciiCase.h"
 #include "util/Numbers.h"
 #include "util/Text.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "background/build/AttributeRecords.h"
+#include "background/builder/AttributeRecords.h"
 
 #include "background/package/TileGrid.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "background/build/Symbols.h"
+#include "background/builder/Symbols.h"
 
 #include "drawing/Vdf.h"
 #include "platform/Errors.h"

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "background/build/BuildSettings.h"
+#include "background/builder/BuildSettings.h"
 
 #include "background/package/PackageWriter.h"
 #include "platform/Files.h"

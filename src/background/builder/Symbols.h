@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "background/build/Placement.h"
+#include "background/builder/Placement.h"
 #include "drawing/Drawing.h"
 #include "ui/UserInterface.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "background/build/Annotation.h"
+#include "background/builder/Annotation.h"
 
 #include "background/styling/AnnotationText.h"
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "background/package/PackageWriter.h"
-#include "util/Angles.h"
+#include "util/Geometry.h"
 
 #include <span>
 #include <string_view>

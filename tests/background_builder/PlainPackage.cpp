@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "background_build/PlainPackage.h"
+#include "background_builder/PlainPackage.h"
 
 #include "background/package/ElementReader.h"
 #include "background/package/PackageReader.h"

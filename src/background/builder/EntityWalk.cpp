@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "background/build/EntityWalk.h"
+#include "background/builder/EntityWalk.h"
 
 #include "background/ShowCount.h"
 #include "background/styling/DrawingTools.h"

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "coords/TransverseMercator.h"
+#include "coords/projection/TransverseMercator.h"
 
-#include "coords/Series.h"
+#include "coords/projection/Series.h"
 
 #include <cmath>
 

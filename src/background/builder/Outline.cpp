@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "background/build/Outline.h"
+#include "background/builder/Outline.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "background/build/AttributeList.h"
+#include "background/builder/AttributeList.h"
 #include "background/package/PackageWriter.h"
 #include "drawing/Drawing.h"
 
