@@ -51,11 +51,11 @@ void Print(const std::vector<util::PlanePoint>& points, int decimals) {
     std::fwrite(text.data(), 1, text.size(), stdout);
 }
 
-int Run(const char* installation, bool toGrid, const char* source) {
+int Convert(const char* folder, bool toGrid, const char* source) {
     StderrUi ui;
     config::Installation installation;
     config::Run run(installation, ui);
-    installation.Settings().ProgramFolder = installation;
+    installation.Settings().ProgramFolder = folder;
     std::vector<util::PlanePoint> points = ReadPoints(source);
     auto start = std::chrono::steady_clock::now();
     coords::frmLatLng form(run);
@@ -71,7 +71,7 @@ int Run(const char* installation, bool toGrid, const char* source) {
 int main(int count, char** arguments) {
     if (count != 4) return 2;
     try {
-        return Run(arguments[1], std::string_view(arguments[2]) == "to-grid", arguments[3]);
+        return Convert(arguments[1], std::string_view(arguments[2]) == "to-grid", arguments[3]);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());
         return 1;

@@ -25,6 +25,8 @@ void Installation::WriteIni(std::string_view section, std::string_view key, std:
     WriteIniFile(IniFile(file), section, key, value);
 }
 
-void Installation::Log(std::string_view text) { util::WriteRunLog(settings_.InOutLog, text, Now()); }
+void Installation::Log(std::string_view text) {
+    util::WriteRunLog(settings_.InOutLog, text, Now());
+}
 
 }  // namespace vexlator::config

@@ -10,8 +10,8 @@
 
 namespace vexlator::config {
 
-/// What stays the same for the life of a program: gv.ini, the folders, the clock, the run log. Made once by Main
-/// (or a window, or a test), passed by reference; nothing else is global.
+/// What stays the same for the life of a program: gv.ini, the folders, the clock, the run log. Made once by
+/// Main (or a window, or a test), passed by reference; nothing else is global.
 class Installation {
 public:
     explicit Installation(platform::Clock clock = platform::LocalTime) : clock_(std::move(clock)) {}

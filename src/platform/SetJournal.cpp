@@ -26,7 +26,7 @@ constexpr std::string_view listName = ".set.vxtmp";
 constexpr std::string_view wholeMark = "whole ", undoneMark = "undone";
 constexpr std::size_t textsOfMember = 5;
 
-bool Exists(const std::string& native) {
+bool IsThere(const std::string& native) {
     struct stat info {};
     return ::lstat(native.c_str(), &info) == 0;
 }
@@ -153,7 +153,7 @@ private:
 /// for a moment. An error number, or 0.
 int KeepOldFile(const SetMember& member) {
     struct stat info {};
-    if (::lstat(member.target.c_str(), &info) != 0 || Exists(member.kept)) return 0;
+    if (::lstat(member.target.c_str(), &info) != 0 || IsThere(member.kept)) return 0;
     if (S_ISDIR(info.st_mode)) return EISDIR;
     bool isKept = ::link(member.target.c_str(), member.kept.c_str()) == 0 ||
                   ::rename(member.target.c_str(), member.kept.c_str()) == 0;
@@ -164,8 +164,8 @@ int KeepOldFile(const SetMember& member) {
 /// is nowhere ends the way forward.
 int MoveForward(const SetMember& member) {
     if (member.temporary.empty()) return 0;
-    if (!Exists(member.temporary))
-        return !Exists(member.target) || Has(member.target, member.old) ? ENOENT : 0;
+    if (!IsThere(member.temporary))
+        return !IsThere(member.target) || Has(member.target, member.old) ? ENOENT : 0;
     int error = member.kept.empty() ? 0 : KeepOldFile(member);
     if (error == 0 && ::rename(member.temporary.c_str(), member.target.c_str()) != 0) error = errno;
     return error;
@@ -173,8 +173,8 @@ int MoveForward(const SetMember& member) {
 
 /// False when the new file is still in place, or nothing. A file of somebody else stays.
 bool MoveBack(const SetMember& member) {
-    bool isOurs = Has(member.target, member.ours), hasKept = !member.kept.empty() && Exists(member.kept);
-    if (!isOurs && Exists(member.target)) {
+    bool isOurs = Has(member.target, member.ours), hasKept = !member.kept.empty() && IsThere(member.kept);
+    if (!isOurs && IsThere(member.target)) {
         if (hasKept) ::unlink(member.kept.c_str());
         return true;
     }
@@ -217,7 +217,7 @@ std::optional<std::pair<const SetMember*, int>> MoveAllForward(List& list,
 
 /// Somebody has put another file into the place of a member.
 bool IsDelivered(const SetMember& member) {
-    return !member.temporary.empty() && Exists(member.target) && !Has(member.target, member.ours) &&
+    return !member.temporary.empty() && IsThere(member.target) && !Has(member.target, member.ours) &&
            !Has(member.target, member.old);
 }
 
@@ -226,7 +226,7 @@ bool IsDelivered(const SetMember& member) {
 void EndOldMove(List& list) {
     std::vector<std::string> texts = list.Texts();
     std::vector<SetMember> members = MembersOf(texts, list.Folder(), list.Number());
-    bool isComplete = std::ranges::none_of(members, Exists, &SetMember::temporary);
+    bool isComplete = std::ranges::none_of(members, IsThere, &SetMember::temporary);
     auto delivered = isComplete ? members.end() : std::ranges::find_if(members, IsDelivered);
     bool isUndone = delivered != members.end() || (!texts.empty() && texts.back() == undoneMark);
     if (!isUndone && !MoveAllForward(list, members)) return;
@@ -264,7 +264,7 @@ void EndWhatWentBefore(List& list) {
 void Begin(List& list, std::vector<SetMember>& members, const Twins& twins) {
     for (SetMember& member : members) {
         member.old = MarkOf(member.target);
-        if (Exists(member.target)) member.kept = NewTemporaryName(member.target + ".old");
+        if (IsThere(member.target)) member.kept = NewTemporaryName(member.target + ".old");
     }
     for (const auto& [target, twin] : twins) members.push_back({"", twin, {}, MarkOf(twin)});
     std::string text = TextOf(members, list.Folder()) + WithNul(std::string(wholeMark) + list.Number());
@@ -300,7 +300,7 @@ std::string EndAbandonedMove(const std::string& folder) {
 }
 
 bool HasMove(const std::string& folder) {
-    return Exists(folder + "/" + std::string(listName));
+    return IsThere(folder + "/" + std::string(listName));
 }
 
 bool IsMoveList(std::string_view name) {

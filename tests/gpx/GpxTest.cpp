@@ -21,9 +21,7 @@ protected:
         return util::ReplaceAll(test::TempFolder::Read(folder / "Day.GPX"), "\r\n", "\n");
     }
     /// Definitions that convert some points only.
-    void UseNationalGrid() {
-        run.WriteIni("GPS", "TRANSFORMATION", folder.Write("grid.dat", "EPSG:27700"));
-    }
+    void UseNationalGrid() { run.WriteIni("GPS", "TRANSFORMATION", folder.Write("grid.dat", "EPSG:27700")); }
     void BeStrict() { run.WriteIni("GPX", "Strict", "1"); }
     static std::size_t Count(const std::string& text, const std::string& part) {
         return util::CountOf(text, part);
@@ -170,8 +168,8 @@ TEST_F(Gpx, OutsideReadersTakeBothLayouts) {
         }
         EXPECT_EQ(shell("xmllint --noout " + (folder / "Day.GPX")), 0) << log();
     }
-    EXPECT_EQ(shell("xmllint --noout --schema " VEXLATOR_SOURCE "/tests/gpx/gpx11.xsd " + (folder / "Day.GPX")),
-              0)
+    EXPECT_EQ(
+        shell("xmllint --noout --schema " VEXLATOR_SOURCE "/tests/gpx/gpx11.xsd " + (folder / "Day.GPX")), 0)
         << log();
 }
 

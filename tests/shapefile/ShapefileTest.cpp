@@ -99,7 +99,8 @@ TEST(ShapefileImport, ShapesLookAsTheirCodeSays) {
     office.folder.Write("ATP/POINTS.ATP", "'STYLE=x,HYDRANT,255,more\r\n");
     office.Import("out/lines.shp|POINTS.SHP");
     ASSERT_EQ(office.drawing.entityCount(), 3U);
-    Entity line = office.drawing.entityAt(0), area = office.drawing.entityAt(1), point = office.drawing.entityAt(2);
+    Entity line = office.drawing.entityAt(0), area = office.drawing.entityAt(1),
+           point = office.drawing.entityAt(2);
     EXPECT_FALSE(line.isClosed());
     EXPECT_EQ(line.style().lineWeight, 30);
     EXPECT_EQ(line.style().colour, 2U);  // the second layer of the drawing

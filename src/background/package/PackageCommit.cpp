@@ -42,7 +42,7 @@ void WriteRecord(platform::OutputFile& file, const Record& record) {
 }
 
 /// The box that a user wants the index to have, from the first line of NAME.BME.
-Box ReadExtents(const std::string& file) {
+Box ReadWantedExtents(const std::string& file) {
     std::string line = util::ReadFirstLine(file);
     auto field = [&](std::size_t index) { return util::GetCommaNumber(index, line); };
     return {field(0), field(1), field(2), field(3)};
@@ -99,7 +99,7 @@ void PackageWriter::WriteIndex(std::span<const TileFile* const> tiles, platform:
                 index.AddIndexEntry(TileFileName(tile->number, letter), tile->box, member::tile);
     std::string extents = util::ChangeExtension(packageFile_, "BME");
     if (!HasName(oldFiles_, util::FileNameOf(extents)) && util::FileSize(extents) > 0)
-        index.SetExtents(ReadExtents(extents));
+        index.SetExtents(ReadWantedExtents(extents));
     file.Write(index.Bytes());
 }
 

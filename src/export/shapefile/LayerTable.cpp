@@ -16,7 +16,7 @@ namespace {
 constexpr int widestText = 254, longTextWidth = 99, dateTextWidth = 10;
 constexpr int widestNumber = 19, numberDecimals = 11;  ///< hold every number that people type
 
-std::vector<drawing::AtpField> FieldsOf(config::Run& run, const ExportLayer& layer) {
+std::vector<drawing::AtpField> ColumnFieldsOf(config::Run& run, const ExportLayer& layer) {
     std::vector<drawing::AtpField> fields =
         drawing::ReadAtpFields(TemplateFor(run, layer), drawing::NullFields::Keep);
     std::erase_if(fields, [&](const drawing::AtpField& field) {
@@ -71,7 +71,7 @@ LayerTable::LayerTable(config::Run& run, const ExportLayer& layer, bool suppress
     : run_(run),
       layer_(layer),
       suppressNA_(suppressNA),
-      fields_(FieldsOf(run, layer)),
+      fields_(ColumnFieldsOf(run, layer)),
       writer_(MakeWriter(run, layer, fields_, basePath, files)),
       match_(run, layer.layer.name, NamesForAttributes(fields_, writer_.Columns())) {}
 

@@ -4,6 +4,7 @@
 
 #include "formats/Bytes.h"
 #include "platform/CodePages.h"
+#include "formats/dbf/DbfLayout.h"
 #include "platform/Errors.h"
 #include "util/Text.h"
 
@@ -17,11 +18,7 @@ using platform::ReadError;
 
 namespace {
 
-constexpr std::size_t fixedHeader = 32;
-constexpr std::size_t descriptorSize = 32;
 constexpr std::size_t nameSize = 11;
-constexpr std::size_t longestName = 10;
-constexpr char endOfFields = 0x0D;
 
 std::string_view TextOf(std::span<const std::byte> bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
@@ -30,13 +27,13 @@ std::string_view TextOf(std::span<const std::byte> bytes) {
 }  // namespace
 
 DbfTable::DbfTable(std::span<const std::byte> bytes) : bytes_(bytes) {
-    if (bytes.size() < fixedHeader)
+    if (bytes.size() < dbf::fixedHeader)
         throw ReadError("", ReadError::AtByte(0),
                         "a table needs a header of 32 bytes, " + std::to_string(bytes.size()) + " are there");
     headerLength_ = LittleAt<std::uint16_t>(bytes, 8);
     recordLength_ = LittleAt<std::uint16_t>(bytes, 10);
     language_ = LittleAt<std::uint8_t>(bytes, 29);
-    if (headerLength_ < fixedHeader || headerLength_ > bytes.size())
+    if (headerLength_ < dbf::fixedHeader || headerLength_ > bytes.size())
         throw ReadError("", ReadError::AtByte(8),
                         "a header of " + std::to_string(headerLength_) +
                             " bytes is announced, the file has " + std::to_string(bytes.size()));
@@ -47,11 +44,12 @@ DbfTable::DbfTable(std::span<const std::byte> bytes) : bytes_(bytes) {
 void DbfTable::ReadFields(std::size_t headerLength) {
     std::size_t inRecord = 1;
     // Some writers keep more behind the field descriptors; the end mark tells where these stop.
-    for (std::size_t at = fixedHeader; at + descriptorSize < headerLength + 1; at += descriptorSize) {
-        std::string_view descriptor = TextOf(bytes_.subspan(at, descriptorSize));
-        if (descriptor[0] == endOfFields) break;
+    for (std::size_t at = dbf::fixedHeader; at + dbf::descriptorSize < headerLength + 1;
+         at += dbf::descriptorSize) {
+        std::string_view descriptor = TextOf(bytes_.subspan(at, dbf::descriptorSize));
+        if (descriptor[0] == dbf::endOfFields) break;
         std::string_view name = descriptor.substr(0, nameSize);
-        name = name.substr(0, std::min(name.find('\0'), longestName));
+        name = name.substr(0, std::min(name.find('\0'), dbf::longestName));
         auto width = static_cast<unsigned char>(descriptor[16]);
         fields_.push_back({util::Trim(name), inRecord, width, descriptor[11]});
         inRecord += width;

@@ -4,6 +4,7 @@
 
 #include "formats/Bytes.h"
 #include "platform/AsciiCase.h"
+#include "formats/dbf/DbfLayout.h"
 #include "platform/CodePages.h"
 #include "util/Text.h"
 
@@ -14,10 +15,6 @@ namespace vexlator::formats {
 
 namespace {
 
-constexpr std::size_t fixedHeader = 32;
-constexpr std::size_t descriptorSize = 32;
-constexpr std::size_t longestName = 10;
-constexpr char endOfFields = 0x0D;
 constexpr char endOfFile = 0x1A;
 
 std::string_view WithoutQuotes(std::string_view value) {
@@ -39,7 +36,7 @@ DbfWriter::DbfWriter(platform::OutputFile& file, std::vector<DbfColumn> columns,
     }
     cut_.resize(columns_.size());
     replaced_.resize(columns_.size());
-    file_.Write(std::string(fixedHeader, '\0'));
+    file_.Write(std::string(dbf::fixedHeader, '\0'));
     WriteDescriptors();
     CheckRoomFor(records);
 }
@@ -55,17 +52,17 @@ void DbfWriter::NameColumns() {
     std::vector<DbfColumn*> others;
     for (DbfColumn& column : columns_) {
         column.name = util::ReplaceAll(column.name, " ", "_");
-        bool fits = Cut(column.name, longestName).size() == column.name.size();
+        bool fits = Cut(column.name, dbf::longestName).size() == column.name.size();
         if (!fits || !taken.insert(platform::LowerAscii(column.name)).second) others.push_back(&column);
     }
     for (DbfColumn* column : others) column->name = FreeName(taken, column->name);
 }
 
 std::string DbfWriter::FreeName(std::set<std::string>& taken, std::string_view name) const {
-    std::string candidate(Cut(name, longestName));
+    std::string candidate(Cut(name, dbf::longestName));
     for (int n = 1; !taken.insert(platform::LowerAscii(candidate)).second; ++n) {
         std::string number = std::to_string(n);
-        candidate = std::string(Cut(name, longestName - number.size())) + number;
+        candidate = std::string(Cut(name, dbf::longestName - number.size())) + number;
     }
     return candidate;
 }
@@ -79,16 +76,16 @@ std::string_view DbfWriter::Cut(std::string_view text, std::size_t width) const 
 
 void DbfWriter::WriteDescriptors() {
     for (const DbfColumn& column : columns_) {
-        std::string descriptor(descriptorSize, '\0');
-        std::string_view name = encoder_.Encode(column.name).substr(0, longestName);
-        std::fill_n(descriptor.begin(), longestName + 1, ' ');
+        std::string descriptor(dbf::descriptorSize, '\0');
+        std::string_view name = encoder_.Encode(column.name).substr(0, dbf::longestName);
+        std::fill_n(descriptor.begin(), dbf::longestName + 1, ' ');
         *std::copy(name.begin(), name.end(), descriptor.begin()) = '\0';
         descriptor[11] = column.type;
         descriptor[16] = static_cast<char>(column.width);
         descriptor[17] = static_cast<char>(column.decimals);
         file_.Write(descriptor);
     }
-    file_.Write(std::string_view(&endOfFields, 1));
+    file_.Write(std::string_view(&dbf::endOfFields, 1));
 }
 
 void DbfWriter::BeginRecord() {
@@ -115,7 +112,7 @@ void DbfWriter::EndRecord() {
 }
 
 std::string DbfWriter::Header() const {
-    std::string header(fixedHeader, '\0');
+    std::string header(dbf::fixedHeader, '\0');
     header[0] = 3;
     // A fixed date: the same drawing gives the same bytes on every day.
     header[1] = 99;
@@ -123,7 +120,7 @@ std::string DbfWriter::Header() const {
     header[3] = 12;
     PutLittle(header.data() + 4, records_);
     PutLittle(header.data() + 8,
-              static_cast<std::uint16_t>(fixedHeader + descriptorSize * columns_.size() + 1));
+              static_cast<std::uint16_t>(dbf::fixedHeader + dbf::descriptorSize * columns_.size() + 1));
     PutLittle(header.data() + 10, static_cast<std::uint16_t>(recordLength_));
     return header;
 }
