@@ -1,20 +1,24 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 #include "background/builder/frmGRP.h"
+#include "background/package/ElementReader.h"
 #include "background/package/PackageProof.h"
 #include "background/package/PackageReader.h"
-#include "background_builder/PlainPackage.h"
 #include "background_builder/RandomMap.h"
 #include "drawing/Vdf.h"
 #include "support/ImportOffice.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
+#include <iomanip>
+#include <map>
 #include <numbers>
 #include <random>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -46,6 +50,49 @@ struct Office : test::ImportOffice<frmGRP> {
     }
 };
 
+/// An element on a line: places to a tenth of a millimetre, steps in hundredths.
+std::string TextOf(const Element& element) {
+    const ElementHeader& header = element.header;
+    std::ostringstream text;
+    text.precision(4);
+    text << std::fixed << int{header.type} << " key " << header.keyHigh << "/" << header.keyLow << " length "
+         << header.length << " class " << int{header.classA} << "," << int{header.classB} << ","
+         << int{header.classC} << ":";
+    if (element.IsText()) {
+        text << " " << element.text.x + 0.0 << " " << element.text.y + 0.0 << " height "
+             << element.text.height << " rotation " << (element.text.rotation + 3600) % 3600 << " \""
+             << element.characters << "\"\n";
+        return text.str();
+    }
+    if (element.IsArea()) {
+        const Box& box = element.area.box;
+        for (double side : {box.minX, box.minY, box.maxX, box.maxY}) text << " " << side + 0.0;
+        text << " rings " << element.area.rings << " of tile " << element.rings.at(0).tile << "\n";
+        return text.str();
+    }
+    const std::vector<util::PlanePoint>& points = element.points;
+    text << " " << points.at(0).x + 0.0 << " " << points.at(0).y + 0.0;
+    for (std::size_t i = 1; i < points.size(); ++i)
+        text << " " << std::lround((points[i].x - points[i - 1].x) * 100) << ","
+             << std::lround((points[i].y - points[i - 1].y) * 100);
+    return text.str() + "\n";
+}
+
+/// The tiles of a package by name, as text.
+std::map<std::string, std::string> TilesOf(const std::string& index) {
+    PackageReader package(index);
+    std::map<std::string, std::string> tiles;
+    for (const Tile& tile : package.Tiles()) {
+        std::string& text = tiles[tile.file->name];
+        std::ostringstream size;
+        size << std::fixed << std::setprecision(4) << tile.header.tileSize + 0.0;
+        text = "tiles of " + size.str() + "\n";
+        ElementReader elements(package, tile);
+        for (Element element; elements.Next(element);) text += TextOf(element);
+    }
+    return tiles;
+}
+
 /// Long texts that are no part of a package end a chunk of the drawing's file.
 void EndChunksWithin(drawing::Drawing& drawing) {
     for (std::size_t i = 0; i < drawing.entityCount(); i += 40)
@@ -72,9 +119,8 @@ std::string BuildRandomly(unsigned seed) {
     }
     office.Build("MAP", style);
     EXPECT_NO_THROW(office.Counts());
-    test::PlainPackage package = test::ReadBack(office.index);
-    std::string text = package.layers + package.gazetteer;
-    for (const auto& [name, elements] : package.tiles) text += name + "\n" + elements;
+    std::string text = office.File("LAY") + office.File("GAZ");
+    for (const auto& [name, elements] : TilesOf(office.index)) text += name + "\n" + elements;
     return text;
 }
 
@@ -101,38 +147,23 @@ TEST(Build, VerticesOfLongLinesAndCurves) {
         std::function<void(Office&)> add;
         std::uint64_t vertices;
     };
+    auto arc = [](double radius, double from, double to) {
+        return [=](Office& office) { office.drawing.addArc({50, 50}, radius, from, to); };
+    };
+    auto circle = [](double radius) {
+        return [=](Office& office) { office.drawing.addCircle({50, 50}, radius); };
+    };
+    auto line = [](std::size_t count) {
+        return [=](Office& office) { office.Polyline(std::vector<drawing::Point>(count, {5, 5}), false); };
+    };
     const Case cases[] = {
-        {"circle of circumference 10, led back",
-         [&](auto& o) {
-             o.drawing.addCircle({50, 50}, 10 / around);
-         },
-         41},
-        {"circle too small for a vertex",
-         [](auto& o) {
-             o.drawing.addCircle({50, 50}, .039);
-         },
-         21},
-        {"half of a circle",
-         [&](auto& o) {
-             o.drawing.addArc({50, 50}, 10 / around, 1, 1 + around / 2);
-         },
-         20},
-        {"arc over angle 0",
-         [&](auto& o) {
-             o.drawing.addArc({50, 50}, 40 / around, 6, 6.5 - around);
-         },
-         12},
-        {"16,000 vertices",
-         [](auto& o) {
-             o.Polyline(std::vector<drawing::Point>(16000, {5, 5}), false);
-         },
-         16000},
-        {"16,001 vertices",
-         [](auto& o) {
-             o.Polyline(std::vector<drawing::Point>(16001, {5, 5}), false);
-         },
-         8002},
-        {"no vertex", [](auto& o) { o.drawing.addPolyline(); }, 0},
+        {"circle of circumference 10, led back", circle(10 / around), 41},
+        {"circle too small for a vertex", circle(.039), 21},
+        {"half of a circle", arc(10 / around, 1, 1 + around / 2), 20},
+        {"arc over angle 0", arc(40 / around, 6, 6.5 - around), 12},
+        {"16,000 vertices", line(16000), 16000},
+        {"16,001 vertices", line(16001), 8002},
+        {"no vertex", line(0), 0},
     };
     for (const Case& each : cases) {
         Office office;
@@ -164,14 +195,6 @@ TEST(Build, InfoFileAsksForAreas) {
     }
 }
 
-TEST(Build, SearchValueFarApartIsOneSquare) {
-    Office office;
-    for (double x : {1000., 2000.}) office.drawing.addPoint({x, 700}).xproperties().add("NAME", "Mill");
-    office.Ini("[SEARCHON]\r\nFIELD=NAME\r\n");
-    office.Build();
-    EXPECT_EQ(office.File("GAZ"), "Mill,1500,700,1000\r\n");
-}
-
 TEST(Build, SymbolInASymbolThatIsScaledUnevenly) {
     Office office;
     const double quarter = std::numbers::pi / 2;
@@ -184,7 +207,7 @@ TEST(Build, SymbolInASymbolThatIsScaledUnevenly) {
         office.drawing.addBlock({name, test::TempFolder::Read(office.folder / (std::string(name) + ".VDF"))});
     office.drawing.addInsert({100, 100}, "OUTER", 2, 1, quarter);
     office.Build();
-    std::string lines = test::ReadBack(office.index).tiles["0L.PMM"];
+    std::string lines = TilesOf(office.index)["0L.PMM"];
     EXPECT_NE(lines.find(" 100.0000 120.0000 -300,0\n"), lines.npos) << lines;
 }
 
@@ -231,17 +254,6 @@ TEST(Build, ADrawingDamagedFarInsideLeavesThePackage) {
         EXPECT_NE(std::string(error.what()).find("area.VDF: chunk 3"), std::string::npos) << error.what();
     }
     EXPECT_EQ(office.Counts().points, 100U);
-}
-
-TEST(Build, WhatIsMissingIsToldAndTheBuildGoesOn) {
-    Office office;
-    office.Ini("[GRP]\r\nCREATEDXF=1\r\n[LAYERON]\r\nFIELD=\r\n");
-    drawing::Entity point = office.drawing.addPoint({5, 5});
-    point.xproperties().add("", "a layer that no field names");
-    office.Build("MAP", office.folder / "none.BSF");
-    EXPECT_EQ(office.outcome.layers, 1U);
-    EXPECT_EQ(office.Counts().points, 1U);
-    for (const char* text : {"VDCONV", "none.BSF"}) EXPECT_TRUE(office.IsTold(text)) << text;
 }
 
 }  // namespace

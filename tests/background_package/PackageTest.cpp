@@ -78,16 +78,3 @@ TEST(LayerFile, ListedRecordsHaveTheirWidth) {
     EXPECT_EQ(build.Prove().layerRecords, 3U);
     EXPECT_EQ(build.ui.messages.size(), 1U) << "one character was replaced";
 }
-
-TEST(Gazetteer, OneLinePerValueCoversAllItsFeatures) {
-    Build build;
-    Gazetteer& search = build.writer.Search();
-    search.Add("b", {100.9, 200, 110, 204});
-    search.Add("Z\xC3\xBC", {0, 0, 9.9, 1});
-    search.Add("a,\n1", {10, 10, 10, 10});
-    search.Add("b", {1100, 200, 1110, 204});
-    build.writer.Commit();
-    // 105,202 of size 9 and 1105,202 of size 10 lie in 100.5 to 1110.
-    EXPECT_EQ(build.Read("GAZ"), "Z\xFC,4,0,9\r\na, 1,10,10,0\r\nb,605,202,1009\r\n");
-    EXPECT_EQ(build.Prove().searchValues, 3U);
-}

@@ -104,6 +104,8 @@ TEST(Reader, FaultsAreNamed) {
          file + std::to_string(reference + 10) + ": " + tile + "no line begins at byte 42 of the tile"},
         {reference + 14, I32(42),
          file + std::to_string(reference + 14) + ": " + tile + "there is no tile 42"},
+        {bag.size(), "x", file + std::to_string(bag.size()) + ": bytes behind the last member"},
+        {28 + 9, "A", file + "0: 209300724A.PMM is there twice"},
         {reference + 2, I32(1),
          file + std::to_string(reference + 2) + ": " + tile + "the keys are not those of the line"},
     };

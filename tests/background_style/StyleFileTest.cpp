@@ -3,6 +3,7 @@
 #include "background/styling/modGRPstyling.h"
 #include "support/Errors.h"
 #include "support/TempFolder.h"
+#include "util/Text.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -93,21 +94,10 @@ TEST_F(StyleFile, SavingWritesTheWholeFileAnew) {
 
 TEST_F(StyleFile, WhatIsSavedIsLoaded) {
     std::mt19937 random(5);
-    const std::string odd[] = {"",
-                               " ",
-                               "\"a\"",
-                               "'",
-                               "=",
-                               ";x",
-                               "[LAYERS]",
-                               "True",
-                               "a b\t",
-                               "K\xC3\xBC",
-                               "\xE2\x82\xAC",
-                               "1",
-                               "\xEF\xBB\xBF",
-                               "\""};
-    auto text = [&] { return odd[random() % std::size(odd)] + odd[random() % std::size(odd)]; };
+    const std::string_view odd =
+        "| |\"a\"|'|=|;x|[LAYERS]|True|a b\t|K\xC3\xBC|\xE2\x82\xAC|1|\xEF\xBB\xBF|\"";
+    auto part = [&] { return std::string(util::GetBarField(random() % 14, odd)); };
+    auto text = [&] { return part() + part(); };
     for (int round = 0; round < 50; ++round) {
         BackgroundStyle style;
         for (auto n = random() % 30; n > 0; --n)

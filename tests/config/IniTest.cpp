@@ -88,19 +88,6 @@ TEST(Ini, Files) {
     EXPECT_EQ(ReadIniFile(folder.Path(), "S", "K"), "");
 }
 
-TEST(Ini, WhatMayNotBeWrittenStays) {
-    if (::geteuid() == 0) GTEST_SKIP() << "the superuser may write everything";
-    TempFolder folder;
-    std::string file = folder.Write("gv.ini", "[S]\nK=1\n");
-    ::chmod(file.c_str(), 0444);
-    EXPECT_THROW(WriteIniFile(file, "S", "K", "2"), std::runtime_error);
-    ::chmod(file.c_str(), 0644);
-    ::chmod(folder.Path().c_str(), 0555);
-    EXPECT_THROW(WriteIniFile(file, "S", "K", "2"), std::runtime_error);
-    ::chmod(folder.Path().c_str(), 0755);
-    EXPECT_EQ(ReadIniFile(file, "S", "K"), "1");
-}
-
 TEST(Ini, ManyProcessesLoseNoKey) {
     constexpr int processes = 8, keys = 100;
     // Every write waits for the disk: on one in memory the processes meet more often, and sooner.

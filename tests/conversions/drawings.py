@@ -55,7 +55,8 @@ def line_of(vdf):
         kind = next(kind for kind, name in KINDS.items() if name == vdf["kind"])
     points = vdf["vertices"] if "vertices" in vdf else [vdf["position"]]
     texts = [",".join(number(value) for value in (point if point[2] else point[:2])) for point in points]
-    return " | ".join([" ".join([vdf["layer"], kind, *texts]), *("=".join(pair[:2]) for pair in vdf["xproperties"])])
+    line = " | ".join([" ".join([vdf["layer"], kind, *texts]), *("=".join(pair[:2]) for pair in vdf["xproperties"])])
+    return line.replace("\n", "\\n")
 
 
 def lines_of(dump):

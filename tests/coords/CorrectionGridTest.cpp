@@ -123,18 +123,6 @@ TEST_F(CorrectionGridTest, AnglesReadBackAsTheSameDegrees) {
     }
 }
 
-TEST_F(CorrectionGridTest, AMissingDefinitionIsToldAndTheGridServes) {
-    folder.Write("inst/OSTN02.INT", Grid(2));
-    for (std::string path : {folder.Write("empty.dat", ""), folder / "nowhere.dat"}) {
-        run.WriteIni("GPS", "TRANSFORMATION", path);
-        ui.messages.clear();
-        frmLatLng form(run);
-        EXPECT_EQ(LatLng(form, easting, northing), Shifted(2));
-        ASSERT_EQ(ui.messages.size(), 1U);
-        EXPECT_NE(ui.messages[0].find(".dat: no such transformation file"), std::string::npos);
-    }
-}
-
 TEST_F(CorrectionGridTest, WholeArraysKeepWhatFailsAndRoundLikeTexts) {
     folder.Write("inst/OSTN02.INT", Grid(1));
     frmLatLng form(run);

@@ -98,20 +98,6 @@ TEST_F(TransformerTest, FindsItsGridInTheProgramFolder) {
     EXPECT_TRUE(ui.messages.empty()) << ui.messages[0];
 }
 
-TEST_F(TransformerTest, AbsurdCoordinatesHaveNoResult) {
-    for (const char* system : {"EPSG:3857", "EPSG:32630", "EPSG:4326"}) {
-        Define(system);
-        frmLatLng form(run);
-        for (double bad : {HUGE_VAL - HUGE_VAL, HUGE_VAL, -HUGE_VAL, 1e300, -1e12}) {
-            EXPECT_EQ(LatLng(form, bad, 50), "") << system << " " << bad;
-            EXPECT_EQ(LatLng(form, 50, bad), "") << system << " " << bad;
-        }
-        EXPECT_FALSE(form.LatLngToGrid("1e300", "0", "0"));
-        EXPECT_FALSE(form.LatLngToGrid("50", "-1e300", "0"));
-        EXPECT_FALSE(form.LatLngToGrid("95", "0", "0"));
-    }
-}
-
 TEST_F(TransformerTest, LatLngInTheNameMeansNoConversion) {
     for (const char* name : {"LatLng.dat", "sub LATLNG folder/x.dat"}) {
         Define("anything", name);

@@ -130,16 +130,5 @@ TEST(Drawing, VerticesGrowAnywhereAndKeepTheirHeights) {
     EXPECT_EQ(drawing.extents(), (Box{0, 0, 55, 55}));
 }
 
-TEST(Drawing, StylesOfManyEntitiesShareFewEntries) {
-    Drawing drawing;
-    for (int i = 0; i < 1000; ++i) {
-        Style style = drawing.addPoint({}).style();
-        style.colour = static_cast<Colour>(i % 3);
-        drawing.entityAt(drawing.entityCount() - 1).setStyle(style);
-    }
-    EXPECT_EQ(drawing.entityAt(999).style().colour, 0U);
-    EXPECT_EQ(drawing.entityAt(998).style().colour, 2U);
-}
-
 }  // namespace
 }  // namespace vexlator::drawing

@@ -140,37 +140,5 @@ TEST_F(AttributeTemplate, NamesReadBackWithoutWhatIsTemplateSyntax) {
     }
 }
 
-TEST_F(AttributeTemplate, GeneratedForAnImportWhenThePersonAgrees) {
-    const std::string path = folder / "ATP/PIPE.ATP";
-    const std::vector<std::string> names = {"FIFTEEN_LETTERS", "ID",
-                                            "\xC3\x96\xC3\x96\xC3\x96\xC3\x96LONGERTHAN"};
-    const std::vector<int> widths = {5, 254, 0};
-    GenerateAtp(run, path, names, widths);
-    EXPECT_FALSE(std::filesystem::exists(path));
-    ui.answers = {true};
-    GenerateAtp(run, path, names, widths);
-    EXPECT_EQ(ui.questions, (std::vector<std::string>{"Generate ATP For PIPE", "Generate ATP For PIPE"}));
-    const std::string expected =
-        "[26,09]\r\n[01,01]FIFTEEN_LETT,C05.00\r\n[01,02]ID          ,C99.00\r\n"
-        "[01,03]\xD6\xD6\xD6\xD6LONGERTH,C01.00\r\n";
-    EXPECT_EQ(Read("ATP/PIPE.ATP"), expected);
-    GenerateAtp(run, path, {}, {});
-    EXPECT_EQ(ui.questions.size(), 2U);
-    EXPECT_EQ(Read("ATP/PIPE.ATP"), expected);
-}
-
-TEST_F(AttributeTemplate, AListOfNamesBecomesATemplate) {
-    const std::string path = folder / "ATP/MH.ATP";
-    EXPECT_EQ(ConvertXotToAtx(path), path);
-    folder.Write("ATP/MH.XOT", "COVER,1\r\nDEPTH\nLEVEL<LVL>");
-    EXPECT_EQ(ConvertXotToAtx(path), folder / "ATP/MH.ATX");
-    EXPECT_EQ(Read("ATP/MH.ATX"),
-              "[00,00]COVER,C20.00=\r\n[00,00]DEPTH,C20.00=\r\n[00,00]LEVEL<LVL>,C20.00=\r\n");
-    auto fields = ReadAtpFields(folder / "ATP/MH.ATX");
-    ASSERT_EQ(fields.size(), 3U);
-    EXPECT_EQ(fields[2].name, "LEVEL");
-    EXPECT_EQ(fields[2].Width(), 20);
-}
-
 }  // namespace
 }  // namespace vexlator::drawing

@@ -36,21 +36,6 @@ protected:
     }
 };
 
-TEST_F(CsvExport, WritesABlockForEachLayer) {
-    MakeSurvey();
-    Give(On("0").addPoint({}), {{"A", "1"}});
-    EXPECT_EQ(Csv(),
-              "Geometry,Feature,Coords,NAME,PHOTO,\r\n"
-              "Point,TREE,400000.123 300000.500 12.500,oak\r\n"
-              "Point,TREE,1.000 2.000 0.000,a,b,NA\r\n"
-              "\r\n"
-              "Geometry,Feature,Coords,KIND,\r\n"
-              "Polyline,FENCE,0.000 0.000 1.000:10.001 0.000 2.000:10.000 20.000 0.000:,x\r\n"
-              "Polyline,FENCE,,\r\n");
-    EXPECT_EQ(OutFiles(), Files{"Survey.CSV"});
-    EXPECT_EQ(ui.labels, (Files{"TREE", "FENCE", "Completed!"}));
-}
-
 TEST_F(CsvExport, EverySettingOfTheLayout) {
     MakeSurvey();
     drawing.findLayer("FENCE")->frozen = true;
@@ -126,19 +111,6 @@ TEST_F(CsvExport, HostileValues) {
                  {"a.jpg\")+cmd(\"", safe, links, "=hyperlink(\"a.jpg\"\")+cmd(\"\"\")"},
                  {"a.JPG", "Quote=1", links, "\"=hyperlink(\"\"a.JPG\"\")\""}};
     for (const auto& c : cases) EXPECT_EQ(Value(c.value, c.settings, c.others), c.written);
-}
-
-TEST_F(CsvExport, TextThatWindowsLacksIsCountedOrTheFileIsUtf8) {
-    EXPECT_EQ(Value("caf\xC3\xA9", ""), "caf\xE9");
-    EXPECT_TRUE(run.Losses().Empty());
-    EXPECT_EQ(Value("\xD0\x96 \xD0\x97", ""), "? ?");
-    EXPECT_EQ(run.Losses().Line(), "characters replaced: CODE.A 2");
-    Give(On("\xD0\x96").addPoint({}), {{"\xD0\x97", "x"}});
-    Csv("Coords=0");
-    EXPECT_TRUE(Out("Survey.CSV").ends_with("Geometry,Feature,?,\r\nPoint,?,x\r\n"));
-    EXPECT_TRUE(run.Losses().Line().ends_with(", \xD0\x96 2")) << run.Losses().Line();
-    Value("caf\xC3\xA9 \xD0\x96", "BOM=1");
-    EXPECT_EQ(Out("Survey.CSV"), "\xEF\xBB\xBFPoint,CODE,caf\xC3\xA9 \xD0\x96\r\n");
 }
 
 TEST_F(CsvExport, PointsInLatitudeAndLongitude) {

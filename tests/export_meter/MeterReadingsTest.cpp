@@ -63,17 +63,5 @@ TEST_F(MeterExport, LinesHoldTogetherWhateverTheValues) {
     EXPECT_EQ(run.Losses().Line(), "characters replaced: METER.MeterRef 2, METER.Remarks 2");
 }
 
-TEST_F(MeterExport, WithoutMetersThereIsNoFile) {
-    drawing.addPoint({1, 1, 0});
-    drawing.findLayer("METER")->frozen = true;
-    drawing.setActiveLayer("OTHER");
-    drawing.addPoint({1, 1, 0});
-    config::Outcome outcome = Export();
-    EXPECT_EQ(outcome.layers, 0U);
-    EXPECT_EQ(outcome.target, folder / "out");
-    EXPECT_FALSE(std::filesystem::exists(folder / "out/Round 7.TXT"));
-    EXPECT_TRUE(ui.messages.empty() && ui.reports.empty());
-}
-
 }  // namespace
 }  // namespace vexlator::exporter

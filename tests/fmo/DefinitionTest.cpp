@@ -28,12 +28,9 @@ TEST_P(DefinitionTest, ChecksWhatIsThere) {
     };
     std::string noDatabase = "No Database Specification in INI File\n" + (folder_ / "FMO/a.FMO");
     for (const Case& c : {
-             Case{"TABLE=Pipes\nMDB=C:\\Net.mdb\nKEY=ID\nENBLOB=Geom\n", true, true},
-             Case{"TABLE=Pipes\nMDB=C:\\Net.mdb\nKEY=ID\nEAST=E\nNORTH=N\n", true, true},
              Case{"TABLE=Pipes\nMDB=C:\\Net.mdb\nKEY=ID\nEAST=E\n", true, false},
              Case{"TABLE=Pipes\nMDB=C:\\Net.mdb\nENBLOB=Geom\n", true, false},
              Case{"TABLE=Pipes\nKEY=ID\nENBLOB=Geom\n", false, true},
-             Case{"", false, false},
          }) {
         ui_.messages.clear();
         Read("[DEF]\n" + c.keys);
@@ -79,41 +76,6 @@ TEST_P(DefinitionTest, ConnectionStrings) {
         ui_.questions[0].ends_with("\nBUT it is in the same folder as FMO\n\nRe-assign MDB Location?"));
 }
 
-TEST_P(DefinitionTest, DbaseFoldersCanBeReadOnly) {
-    std::filesystem::create_directories(folder_ / "tables");
-    platform::OutputFile file(folder_ / "tables/Lamps.dbf");
-    formats::DbfWriter table(
-        file, {{"E", 'N', 10, 2}, {"N", 'N', 10, 2}, {"ID", 'C', 5}, {"NAME", 'C', 20}, {"D", 'D', 8}},
-        formats::DbfWriter::Encoding::Windows1252);
-    for (const Texts& row : {Texts{"5.50", "6", "1", "Größe", "00000000"}, Texts{"40", "6", "2", "", ""},
-                             Texts{"7", "6", "3", "deleted", ""}}) {
-        table.BeginRecord();
-        for (std::size_t i = 0; i < row.size(); ++i) table.SetField(i, row[i]);
-        table.EndRecord();
-    }
-    table.Finish();
-    file.Commit();
-    std::string bytes = platform::ReadWholeFile(folder_ / "tables/Lamps.dbf");
-    constexpr std::size_t header = 32 + 5 * 32 + 1, record = 1 + 10 + 10 + 5 + 20 + 8;
-    bytes.at(header + 2 * record) = '*';
-    folder_.Write("tables/Lamps.dbf", bytes);
-    run_.Options().extent = {0, 0, 10, 10};
-    folder_.Write("FMO/LAMPS.FMO",
-                  "[DEF]\nMDB=" + (folder_ / "tables") + "\nTABLE=LAMPS\nEAST=E\nNORTH=N\nKEY=ID\n");
-    Import(folder_ / "FMO/LAMPS.FMO");
-    ASSERT_EQ(imported_.entityCount(), 1U);
-    EXPECT_EQ(TextOf(imported_.entityAt(0)), "VDINSERT ID=1 E=5.5 N=6 ID=1 NAME=Größe D=");
-
-    drawing_.setActiveLayer("LAMPS");
-    drawing_.addPoint({1, 2, 0});
-    try {
-        Export();
-        FAIL() << "written";
-    } catch (const platform::WriteError& error) {
-        EXPECT_NE(std::string_view(error.what()).find("only reads"), std::string_view::npos) << error.what();
-    }
-}
-
 INSTANTIATE_TEST_SUITE_P(, DefinitionTest, testing::Values(test::DatabaseKind::Sqlite),
                          test::DatabaseKindName);
 
@@ -147,19 +109,6 @@ TEST_P(TabletTest, ImportsTheDefinitionsOfItsDatabase) {
     std::filesystem::remove(folder_ / "Net/VALVES.SHP");
     importer::frmFromFMO(run_).StartTablet(folder_ / "Net.TPK", folder_ / "out", list);
     EXPECT_FALSE(platform::FolderExists(folder_ / "Net"));
-}
-
-TEST_P(TabletTest, PackagesThatGiveNothing) {
-    std::string list;
-    config::Outcome outcome =
-        importer::frmFromFMO(run_).StartTablet(Package({"a.txt"}), folder_ / "out", list);
-    EXPECT_EQ(ui_.messages, Texts{"No MDB in Package"});
-    EXPECT_EQ(outcome.status, config::Outcome::Status::Failed);
-    EXPECT_EQ(platform::ListFiles(folder_ / "Net"), Texts{"a.txt"});
-    EXPECT_EQ(platform::ListFiles(folder_ / "out"), Texts{});
-    EXPECT_THROW(importer::frmFromFMO(run_).StartTablet(Package({"../TEST.MDB"}), folder_ / "out", list),
-                 platform::ReadError);
-    EXPECT_FALSE(platform::FileExists(folder_ / "TEST.MDB"));
 }
 
 INSTANTIATE_TEST_SUITE_P(, TabletTest, testing::Values(test::DatabaseKind::Sqlite), test::DatabaseKindName);

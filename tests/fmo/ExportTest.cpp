@@ -181,20 +181,6 @@ TEST_P(FmoExportTest, WhatWasExportedComesBack) {
     for (std::size_t i = 0; i < before.size(); ++i) ASSERT_EQ(after[i], before[i]);
 }
 
-TEST_P(FmoExportTest, ATemplateIsMadeFromTheTable) {
-    Sql("CREATE TABLE valves (e DOUBLE PRECISION, n DOUBLE PRECISION, id TEXT, owner TEXT, "
-        "remark TEXT NOT NULL DEFAULT 'none')");
-    Sql("INSERT INTO valves VALUES (0, 0, '2', 'y', 'office')");
-    Define("VALVES", "TABLE=Valves\nEAST=E\nNORTH=N\nKEY=ID\n");
-    drawing_.setActiveLayer("VALVES");
-    for (const char* key : {"1", "2"}) Add(drawing_.addPoint({1, 2, 0}), {{"ID", key}, {"OWNER", "x"}});
-    Export();
-    EXPECT_EQ(test::TempFolder::Read(folder_ / "ATP/VALVES.ATP"),
-              "[26,09]\r\n[01,01]ID        ,C32.00\r\n[01,02]owner     ,C32.00\r\n"
-              "[01,03]remark    ,C32.00\r\n");
-    EXPECT_EQ(Query("SELECT id, owner, remark FROM valves ORDER BY id"), (Texts{"1|x|none", "2|x|office"}));
-}
-
 VEXLATOR_ON_EACH_DATABASE(FmoExportTest);
 
 /// Exports that make their own definitions and database files.
@@ -248,13 +234,6 @@ TEST_P(DatabaseFileTest, SeveralProgramsMakeOneDatabase) {
     }
     Import(folder_ / "FMO/VALVES.FMO", "|PIPES.FMO");
     EXPECT_EQ(imported_.entityCount(), 3U);
-}
-
-TEST_P(DatabaseFileTest, FeaturesAreRenamedFirst) {
-    folder_.Write("gv.ini", "[INOUTFEATCHANGE]\r\nVALVES=SV\r\nVALVES_Fields=NAME|ID\r\n");
-    AddLayers();
-    exporter::frmMDB(run_).Start(folder_ / "a.VDF", folder_ / "out");
-    EXPECT_EQ(run_.ReadIni("DEF", "KEY", folder_ / "out/SV.FMO"), "ID");
 }
 
 INSTANTIATE_TEST_SUITE_P(, DatabaseFileTest, testing::Values(test::DatabaseKind::Sqlite),

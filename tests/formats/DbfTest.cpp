@@ -100,6 +100,8 @@ TEST(DbfTable, ReadsWhatIsThere) {
     EXPECT_EQ(value(0), "");
     EXPECT_EQ(value(-2147483648LL), "");
     EXPECT_EQ(table.RecordCount(), 2U);
+    bytes.replace(32, 11, "ELEVENCHARS");
+    EXPECT_EQ(DbfTable(AsBytes(bytes)).Fields()[0].name, "ELEVENCHAR");
 }
 
 TEST(DbfTable, DamagedHeadersAreRefusedOrHarmless) {

@@ -83,37 +83,5 @@ TEST(CsvImport, AFixedFeatureTakesEveryFile) {
     EXPECT_EQ(run.outcome.features, 2U);
 }
 
-TEST(CsvImport, MissingColumnsAreAskedAboutOrTold) {
-    Office run;
-    run.ui.answers = {true, false};
-    const std::string question = "East or North Field 'E/N' Not Found\n\nContinue with No Coords?";
-    EXPECT_EQ(run.Text("ID,E,A\n1,2,3\n"), "CODE VDINSERT 2,0 | ID=1 | A=3\n");
-    EXPECT_EQ(run.outcome.status, Outcome::Status::Done);
-    EXPECT_EQ(run.Text("ID,E,A\n1,2,3\n"), "");
-    EXPECT_EQ(run.outcome.status, Outcome::Status::StoppedByUser);
-    EXPECT_EQ(run.ui.questions, (Messages{question, question}));
-    EXPECT_EQ(run.Text("id,E,N\n1,2,3\n"), "");
-    EXPECT_EQ(run.ui.messages, Messages{"Key Field 'ID' Not Found"});
-    EXPECT_EQ(run.outcome.status, Outcome::Status::Failed);
-}
-
-TEST(CsvImport, ATemplateIsOffered) {
-    Office run;
-    run.Columns("ID", "E", "N", "[GENERICIN]\nGenATP=1\n");
-    run.ui.answers = {true};
-    run.Text("ID,E,N,TYPE,\n17,1.5,2.5,VALVE,x\n");
-    EXPECT_EQ(run.ui.questions, Messages{"Generate ATP For CODE"});
-    EXPECT_EQ(test::TempFolder::Read(run.folder / "ATP/CODE.ATP"),
-              "[26,09]\r\n[01,01]ID          ,C16.00\r\n[01,02]TYPE        ,C64.00\r\n");
-}
-
-TEST(CsvImport, WithoutASymbolNothingIsAdded) {
-    Office run;
-    std::filesystem::remove(run.folder / "Symbols/DEFAULT.VDF");
-    EXPECT_EQ(run.Text("ID,E,N\n1,2,3\n"), "");
-    EXPECT_EQ(run.ui.messages, Messages{"No Default Sym"});
-    EXPECT_EQ(run.outcome.status, Outcome::Status::Failed);
-}
-
 }  // namespace
 }  // namespace vexlator

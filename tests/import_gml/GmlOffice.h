@@ -2,13 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "config/Run.h"
 #include "drawing/Drawing.h"
 #include "import/gml/GmlEntities.h"
 #include "import/gml/GmlReader.h"
 #include "import/gml/frmFromGML.h"
-#include "support/TempFolder.h"
-#include "support/TestUi.h"
+#include "support/Installation.h"
 #include "util/Numbers.h"
 
 #include <optional>
@@ -37,13 +35,9 @@ inline std::string Gzip(std::string_view bytes) {
 }
 
 /// An installation with GML files, and what their import gives.
-struct GmlOffice {
+struct GmlOffice : Installation {
     GmlOffice() {
-        config::SharedSettings& settings = installation.Settings();
-        settings.IniFilePath = folder.Write("gv.ini", "");
-        settings.ConfigFolder = settings.ProgramFolder = folder.Path();
-        settings.ATPDirectory = folder / "ATP";
-        settings.SymbolsDirectory = folder / "Symbols";
+        Ini("");
         drawing::Drawing symbol;
         symbol.addCircle({}, 1);
         for (const char* name : {"Symbols", "ATP"}) std::filesystem::create_directories(folder / name);
@@ -86,11 +80,6 @@ struct GmlOffice {
     }
 
     std::string damage;  ///< why the first feature was left out that was, with its line
-
-    TempFolder folder;
-    TestUi ui;
-    config::Installation installation;
-    config::Run run{installation, ui};
     drawing::Drawing imported;
 };
 

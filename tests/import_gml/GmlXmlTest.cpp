@@ -56,13 +56,10 @@ TEST(GmlXml, GeometryOfEveryLayout) {
                                                      Gml("LineStringSegment", List("3 4 5 6"))),
                       box = Gml("boundedBy", Gml("Envelope", Gml("pos", "7 7")));
     const Case cases[] = {
-        {Gml("Point", Gml("coordinates", "1.5,2.5,9")), "F * 1.5,2.5\n"},
         {Gml("Point", Gml("coord", Gml("X", "1") + "\n" + Gml("Y", "2") + Gml("Z", "3"))), "F * 1,2\n"},
-        {Gml("LineString", Gml("coordinates", "1,2\n 3,4\t5,6 ")), "F 1,2 3,4 5,6\n"},
         {Gml("LineString", Gml("coordinates", "1,5;2|+3;4e1", " decimal=',' cs=';' ts='|'")),
          "F 1.5,2 3,40\n"},
         {Gml("LineString", Gml("pos", "1 2 9") + Gml("pos", "3 4 9")), "F 1,2 3,4\n"},
-        {Line("1 2 9 3 4 9", three), "F 1,2 3,4\n"},
         {Gml("LineString", Gml("posList", "1 2 9 3<!-- c --> 4<![CDATA[ 9]]>", three)), "F 1,2 3,4\n"},
         {"<Point xmlns='http://www.opengis.net/gml/3.2'><pos>1 2</pos></Point>", "F * 1,2\n"},
         {Gml("MultiSurface",
@@ -98,11 +95,6 @@ TEST(GmlXml, GeometryOfEveryLayout) {
     };
     for (const auto& [geometry, entities] : cases)
         ExpectEntities(Member("<a:geometry>" + geometry + "</a:geometry>"), entities);
-}
-
-TEST(GmlXml, OnlyTheLastPartWhenRingsAreOff) {
-    std::string polygon = Gml("Polygon", Ring("exterior", "0 0 9 0 0 0") + Ring("interior", "1 1 2 2"));
-    EXPECT_EQ(GmlOffice().Import(Member(polygon), false), "F 1,1 2,2\n");
 }
 
 TEST(GmlXml, ElementsWithoutChildrenAreProperties) {
@@ -251,13 +243,6 @@ TEST(GmlXml, WhatIsWellFormed) {
               "F * 1,2\n");
 }
 
-TEST(GmlXml, FeaturesBeforeAnErrorAreTaken) {
-    std::string member = "<member><F>" + point + "</F></member>";
-    GmlOffice office;
-    EXPECT_NE(Refusal(office, "<c>" + member + member + "<member><F></member>"), "");
-    EXPECT_EQ(office.Entities(), "F * 1,2\nF * 1,2\n");
-}
-
 /// Blocks of a document that is one text.
 struct LongText : importer::ByteBlocks {
     std::string_view Next() override {
@@ -286,32 +271,6 @@ TEST(GmlXml, LongTextComesInPieces) {
     importer::ParseXml(text, handler);
     EXPECT_EQ(handler.size, (LongText::most - 1) * importer::ByteBlocks::blockSize);
     EXPECT_LE(handler.longest, importer::ByteBlocks::blockSize);
-}
-
-TEST(GmlXml, ErrorsNameTheFileAndLeaveTheOldDrawing) {
-    GmlOffice office;
-    office.run.WriteIni("GML", "MaxMB", "1");
-    std::string padding(2 << 20, ' ');
-    for (std::size_t i = 0; i < padding.size(); i += 7) padding[i] = '\n';
-    office.folder.Write("a.gml.gz", test::Gzip(Collection(padding)));
-    std::string old = office.folder.Write("a.VDF", "old");
-    try {
-        office.Start("a.gml.gz");
-        ADD_FAILURE() << "unpacked more than it may";
-    } catch (const ReadError& error) {
-        EXPECT_TRUE(error.File().ends_with("a.gml.gz")) << error.what();
-        EXPECT_EQ(error.Reason(), "unpacks to more than 1 MB");
-    }
-    EXPECT_EQ(test::TempFolder::Read(old), "old");
-}
-
-TEST(GmlXml, CompressedFilesGiveTheirDrawingTheirOwnName) {
-    GmlOffice office;
-    std::string text = Member(point);
-    std::size_t half = text.size() / 2;  // a file of two members
-    office.folder.Write("Roads.gml.gz", test::Gzip(text.substr(0, half)) + test::Gzip(text.substr(half)));
-    EXPECT_TRUE(office.Start("Roads.gml.gz").target.ends_with("\\Roads.VDF"));
-    EXPECT_EQ(office.Entities(), "F * 1,2\n");
 }
 
 TEST(GmlXml, TextMayBeCutAnywhere) {

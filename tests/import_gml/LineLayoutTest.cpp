@@ -69,18 +69,6 @@ TEST(LineLayout, TypesHaveLayersColoursAndSymbols) {
     EXPECT_EQ(office.ui.reports.size(), 1U);  // one feature has no coordinates
 }
 
-TEST(LineLayout, FilesThatAreGoneDoNotStopTheOthers) {
-    GmlOffice office;
-    office.folder.Write("b.gml", Feature("<gml:pos>1 2</gml:pos>\r\n"));
-    office.folder.Write("empty.gml", "");
-    config::Outcome outcome = office.Start("a.gml", "|b.gml|empty.gml|b.gml");
-    EXPECT_EQ(office.Entities(), "Road * 1,2\nRoad * 1,2\n");
-    EXPECT_EQ(outcome.status, config::Outcome::Status::Failed);
-    EXPECT_EQ(outcome.features, 2U);
-    EXPECT_EQ(office.ui.messages.size(), 2U);
-    EXPECT_TRUE(outcome.target.ends_with("\\a.VDF")) << outcome.target;
-}
-
 /// A well-formed file in the line layout.
 std::string RandomFile(unsigned seed) {
     std::mt19937 random(seed);

@@ -28,52 +28,6 @@ struct Office : test::ImportOffice<importer::frmFromMID> {
     Entity At(std::size_t index) { return drawing.entityAt(index); }
 };
 
-TEST(MifImport, ObjectsBecomeEntities) {
-    Office run;
-    EXPECT_EQ(run.Objects("Point 1.5 -2\n    Symbol (35,0,12)\n"
-                          "Line 1 2 3 4\n    Pen (1,2,0)\n"
-                          "Pline 3\n0 0\n10 0\n 10  -10\n    Pen (1,2,0)\n    Smooth\n"
-                          "PLINE\n 2 \n5 5\n6 6\n"
-                          "none\n"
-                          "Ellipse 0 0 6 8\n",
-                          "\"a, 1\",1\nb,2\nc,3\nd,4\nskipped,5\ne,6\n"),
-              "CODE VDINSERT 1.5,-2 | A=a/ 1 | B=1\n"
-              "CODE VDPOLYLINE 1,2 3,4 | A=b | B=2\n"
-              "CODE VDPOLYLINE 0,0 10,0 10,-10 | A=c | B=3\n"
-              "CODE VDPOLYLINE 5,5 6,6 | A=d | B=4\n"
-              // A hexagon at the length of the diagonal.
-              "CODE VDPOLYLINE 3,14 11.6602540378,9 11.6602540378,-1 3,-6 "
-              "-5.66025403784,-1 -5.66025403784,9 3,14 | A=e | B=6\n");
-    EXPECT_EQ(run.ui.messages, Messages{});
-    EXPECT_EQ(run.At(0).blockName(), "default");
-    EXPECT_EQ(run.At(0).style().colour, 2U);  // the drawing's second layer
-    EXPECT_EQ(run.At(0).style().lineWeight, 0);
-    EXPECT_EQ(run.At(1).style().lineWeight, 30);
-    EXPECT_FALSE(run.At(2).isClosed() || run.At(2).isFilled());
-    EXPECT_EQ(run.outcome.features, 5U);
-    EXPECT_EQ(run.outcome.layers, 1U);
-    EXPECT_EQ(run.outcome.status, Outcome::Status::Done);
-    EXPECT_EQ(run.ui.labels, (Messages{"CODE", "M:0  N:1", "Completed!"}));
-}
-
-TEST(MifImport, SectionsAndRingsBecomeOnePolyline) {
-    Office run;
-    EXPECT_EQ(
-        run.Objects("Pline Multiple 2\n  3\n0 0\n100 0\n100 1\n  4\n200 0\n201 0\n202 0\n203 0\n"
-                    "Region  3\n  4\n0 0\n0 9\n9 9\n9 0\n  3\n1 1\n2 1\n2 2\n  2\n5 5\n6 6\n    Pen (1,2,0)\n"
-                    "    Brush (2,3)\n    Center 3 3\n"
-                    "Region 0\n 1\n7 7\n",
-                    ""),
-        "CODE VDPOLYLINE 0,0 100,0 100,1 200,0 201,0 202,0 203,0 | A= | B=\n"
-        "CODE VDPOLYLINE 0,0 0,9 9,9 9,0 0,0 1,1 2,1 2,2 1,1 9,0 5,5 6,6 5,5 9,0 | A= | B=\n"
-        "CODE VDPOLYLINE 7,7 7,7 | A= | B=\n");
-    EXPECT_EQ(run.ui.labels[1], "M:1  N:0");
-    EXPECT_TRUE(run.At(1).isFilled());
-    EXPECT_FALSE(run.At(1).isClosed());
-    EXPECT_EQ(run.At(1).style().fillColour, 2U);
-    EXPECT_EQ(run.At(1).style().outlineColour, 7U);
-}
-
 TEST(MifImport, TextsLastToTheNextEmptyLine) {
     Office run;
     run.Objects(
@@ -102,10 +56,14 @@ TEST(MifImport, ExtendedTakesMoreKindsOfObjects) {
         "Roundrect 0 0 40 20 8\n"
         "Multipoint 2\n1 2\n3 4\n    Symbol (35,0,12)\n"
         "Collection 2\nPline 2\n1 1\n2 2\nMultipoint 1\n9 9\n"
-        "Text\n\"t\"\n0 0 3 4\nPoint 5 5\n",
-        "a,1\nb,2\nc,3\nd,4\ne,5\nf,6\ng,7\n");
+        "Text\n\"t\"\n0 0 3 4\nPoint 5 5\nEllipse 0 0 6 8\n"
+        "Roundrect 0 0 40 20\n 8\n",
+        "a,1\nb,2\nc,3\nd,4\ne,5\nf,6\ng,7\nh,8\ni,9\n");
     EXPECT_EQ(run.ui.messages, Messages{});
-    ASSERT_EQ(run.drawing.entityCount(), 9U) << text;
+    ASSERT_EQ(run.drawing.entityCount(), 11U) << text;
+    EXPECT_EQ(run.At(10).vertexCount(), run.At(2).vertexCount());
+    // A hexagon at the length of the diagonal.
+    EXPECT_NEAR(drawing::distance(run.At(9).vertex(1), {3 + 5 * std::sqrt(3.0), 9, 0}), 0, 1e-9);
     Entity arc = run.At(0), rounded = run.At(2);
     EXPECT_EQ(arc.vertexCount(), 46U);
     EXPECT_EQ(arc.vertex(0), (drawing::Point{20, 5, 0}));
@@ -190,25 +148,6 @@ TEST(MifImport, TheCharacterSetIsHonoured) {
     }
 }
 
-TEST(MifImport, LineEndsAndMarksDoNotCount) {
-    std::string objects = "Pline 2\n1 2\n3 4\nPoint 5 6", mid = "a,1\nb,2\n\n\x1A";
-    auto with = [](std::string text, std::string_view end) {
-        for (std::size_t at = 0; (at = text.find('\n', at)) != std::string::npos; at += end.size())
-            text.replace(at, 1, end);
-        return text;
-    };
-    Office plain;
-    std::string wanted = plain.Objects(objects, mid);
-    for (std::string_view end : {"\r\n", "\r"}) {
-        Office run;
-        run.folder.Write("CODE.MIF",
-                         "\xEF\xBB\xBF" + with("Columns 2\n A Char\n B Char\nData\n" + objects, end));
-        run.folder.Write("CODE.MID", with(mid, end));
-        EXPECT_EQ(run.Import("CODE.MID"), wanted);
-        EXPECT_EQ(run.ui.messages, Messages{});
-    }
-}
-
 TEST(MifImport, TemplatesTakeWidthsFromColumns) {
     Office run;
     run.Ini("[GENERICIN]\nGenATP=1\n");
@@ -217,18 +156,12 @@ TEST(MifImport, TemplatesTakeWidthsFromColumns) {
                      "Columns 6\n \"NAME\" Char(30)\n C1 char\n N1 Smallint\n"
                      " N2 Decimal(12,3)\n N3 Integer\n L Logical\nData\nPoint 1 1\n");
     run.folder.Write("Water main.mid", "");
-    run.folder.Write("ATP/B.ATP", "'STYLE=0,,255\n");
-    run.folder.Write("B.MIF", "Columns 0\nData\nRegion 1\n1\n1 1\n");
-    run.folder.Write("B.MID", "");
-    EXPECT_EQ(run.Import("Water main.MID|B.MID"),
-              "WATER MAIN VDINSERT 1,1 | NAME= | C1= | N1= | N2= | N3= | L=\nB VDPOLYLINE 1,1 1,1\n");
+    run.Import("Water main.MID");
     EXPECT_EQ(run.ui.questions, Messages{"Generate ATP For WATER MAIN"});
     EXPECT_EQ(test::TempFolder::Read(run.folder / "ATP/WATER MAIN.ATP"),
               "[26,09]\r\n[01,01]NAME        ,C30.00\r\n[01,02]C1          ,C64.00\r\n"
               "[01,03]N1          ,C06.00\r\n[01,04]N2          ,C12.00\r\n[01,05]N3          ,C10.00\r\n"
               "[01,06]L           ,C64.00\r\n");
-    EXPECT_EQ(run.At(1).style().colour, 255U);
-    EXPECT_EQ(run.At(1).style().fillColour, 255U);
 }
 
 TEST(MifImport, CountsOfDamagedFilesAreNotBelieved) {

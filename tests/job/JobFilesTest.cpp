@@ -45,20 +45,6 @@ TEST_F(JobFiles, GoIntoOneDrawing) {
     EXPECT_EQ(ui.messages, std::vector{folder / "in/D.JOB: holds no position of a device job to import"});
 }
 
-TEST_F(JobFiles, AddToTheDrawingThatIsThere) {
-    drawing::Drawing drawing;
-    drawing.properties().emplace_back("Source", "C:\\work\\W.JOB");
-    drawing.addPolyline().setLabel("WALL(1)");
-    drawing.setActiveLayer("REFLINE");
-    drawing.addPoint({});
-    drawing.saveAs(folder / "out/A.VDF");
-    folder.Write("in/A.JOB", "CO,WALL(1),Close\n$GIS,P,1,NONE,1,1\n");
-    EXPECT_EQ(Start("A.JOB").status, Status::Done);
-    EXPECT_EQ(Saved("A.VDF"), (std::vector<std::string>{"VDPOLYLINE 0 c7  WALL(1) closed {}",
-                                                        "VDINSERT NONE c4 (1,1,0) [default] {FOID=1}"}));
-    EXPECT_EQ(source, "C:\\work\\W.JOB");
-}
-
 TEST_F(JobFiles, OptionsComeFromTheConfiguration) {
     folder.Write("gv.ini", "[JOB]\nRAPIDREAD=OFF\nImportQA=1\nForceClose=0\n");
     folder.Write("in/A.JOB", "$GPS,A,1,OPEN(1),,,,,1/1/1/1\n=,1,1\n$GIS,A,2,OPEN(1),5,5\n");
@@ -67,33 +53,6 @@ TEST_F(JobFiles, OptionsComeFromTheConfiguration) {
                                   "VDPOLYLINE OPEN c9 (1,1,0)(5,5,0) OPEN(1) {FOID=OPEN(1)}",
                                   "VDCIRCLE $QA c9 (1,1,0) r1 "
                                   "{PtId=1;Feature=OPEN(1);NumSats=1;DOP=1;DiffMode=1;RealTimeAcc=1.000}"}));
-}
-
-TEST_F(JobFiles, TextIsWindows1252UnlessItIsUtf8OrMarked) {
-    folder.Write("in/A.JOB", "\xEF\xBB\xBF DB,1,\xC3\xA9,\"a\nx$GIS\n$GIS,P,1,b\xC3\xA9,1,1\n");
-    folder.Write("in/B.JOB", " DB,1,\xE9,\"b\r$GIS,P,1,b\xE9,1,1\r");
-    std::string wide = "\xFE\xFF";
-    for (char c : std::string(" DB,1,\xE9,\"c\nx$GIS\n$GIS,P,1,b\xE9,1,1\n"))
-        wide.append(1, '\0').append(1, c);
-    folder.Write("in/C.JOB", wide);
-    Start("A.JOB", "|B.JOB|C.JOB");
-    std::vector<std::string> wanted;
-    for (const char* quoted : {"\"a", "\"b", "\"c"})
-        wanted.push_back("VDINSERT B\xC3\x89 c2 (1,1,0) [default] {FIELD1=\xC3\xA9;FIELD2=" +
-                         std::string(quoted) + ";FIELD3=;FIELD4=}");
-    EXPECT_EQ(Saved("A.VDF"), wanted);
-}
-
-TEST_F(JobFiles, WhatCannotBeReadIsToldAndTheRestIsSaved) {
-    folder.Write("in/A.JOB", "$GIS,P,1,NONE,1,1\n");
-    folder.Write("in/Day.GXY", "01/02/2024 10:00:00,1,2,3\n");
-    fs::create_directories(folder / "in/Day.GPX/in the way");
-    EXPECT_EQ(Start("A.JOB", "|none.JOB").status, Status::Failed);
-    EXPECT_EQ(Saved("A.VDF").size(), 1U);
-    ASSERT_EQ(ui.messages.size(), 2U);
-    EXPECT_TRUE(ui.messages[0].starts_with("Error Opening ")) << ui.messages[0];
-    EXPECT_NE(ui.messages[0].find("none.JOB"), std::string::npos);
-    EXPECT_NE(ui.messages[1].find("Day.GPX"), std::string::npos) << ui.messages[1];
 }
 
 TEST_F(JobFiles, DamageSavesNothing) {

@@ -3,6 +3,7 @@
 #include "export/photos/PhotoFolders.h"
 #include "export/photos/Photos.h"
 #include "support/Installation.h"
+#include "util/Text.h"
 
 #include <algorithm>
 
@@ -43,24 +44,6 @@ protected:
     std::string source, target;
 };
 
-TEST_F(Photos, AreCopiedFromTheAttributesOfPointsSymbolsAndLines) {
-    for (std::string name : {"a.jpg", "b.BMP", "sub/c.Jpg", "circle.jpg", "d.jpeg", "e.png"})
-        folder.Write("job/" + name, name);
-    folder.Write("job/empty.jpg", "");
-    fs::create_directories(folder / "job/folder.jpg");
-    Add({"b.BMP", "a.jpg", "e.png", "x.jpe", "jpg", ".jp"});
-    drawing.addInsert({}, "default", 1, 1, 0).xproperties().add("A", "sub\\c.Jpg");
-    drawing.addPolyline().xproperties().add("A", "none.jpg");
-    drawing.addCircle({}, 1).xproperties().add("A", "circle.jpg");
-    Add({"1", "empty.jpg", "folder.jpg", "a.jpg;b.BMP"});
-    Gather();
-    for (std::string name : {"a.jpg", "b.BMP", "sub/c.Jpg"}) EXPECT_EQ(Out(name), name);
-    EXPECT_EQ(FilesBelow(target), 3U);
-    EXPECT_EQ(Missing(),
-              "none.jpg missing from none.jpg\r\nempty.jpg missing from 1\r\nfolder.jpg missing from 1\r\n"
-              "a.jpg;b.BMP missing from 1\r\n");
-}
-
 TEST_F(Photos, LetterCaseDoesNotCount) {
     folder.Write("job/PHOTOS/One.JPG", "one");
     folder.Write("job/two.jpg", "lower");
@@ -88,31 +71,17 @@ TEST_F(Photos, NamesDoNotLeadOutOfTheFolders) {
     fs::create_symlink("/dev/zero", source + "/zero.jpg");
     fs::create_symlink("loop.jpg", source + "/loop.jpg");
     ::setenv("VEXLATOR_DRIVES", (folder / "drives").c_str(), 1);
-    const std::vector<std::string> names = {
-        "..\\secret.jpg",
-        "../secret.jpg",
-        "sub/../../secret.jpg",
-        "sub\\..\\sub\\in.jpg",
-        "./sub/in.jpg",
-        folder / "secret.jpg",
-        "\\secret.jpg",
-        "C:\\secret.jpg",
-        "C:secret.jpg",
-        "\\\\server\\secret.jpg",
-        "sub\\\\in.jpg",
-        "sub/in.jpg\\",
-        "sub/in.jpg:x",
-        ".. \\secret.jpg",
-        "up/secret.jpg",
-        "link.jpg",
-        "zero.jpg",
-        "loop.jpg",
-        std::string("sub/in.jpg\0", 11),
-        "sub\n/in.jpg",
-        "job.jpg\\..\\..\\secret.jpg",
-    };
+    const std::string
+        secret = folder / "secret.jpg",
+        names = R"(..\secret.jpg|../secret.jpg|sub/../../secret.jpg|sub\..\sub\in.jpg|./sub/in.jpg|)" +
+                secret +
+                R"(|\secret.jpg|C:\secret.jpg|C:secret.jpg|\\server\secret.jpg|sub\\in.jpg|)"
+                R"(sub/in.jpg\|sub/in.jpg:x|.. \secret.jpg|up/secret.jpg|link.jpg|zero.jpg|loop.jpg|)"
+                R"(job.jpg\..\..\secret.jpg)" +
+                std::string("|sub/in.jpg\0|sub\n/in.jpg", 24);
     std::size_t files = FilesBelow(folder.Path());
-    for (const std::string& name : names) {
+    for (std::size_t i = 0; i <= util::CountOf(names, "|"); ++i) {
+        const std::string name(util::GetBarField(i, names));
         drawing.clear();
         Add({"first", name});
         Gather();
@@ -228,27 +197,6 @@ TEST_F(Photos, TheListNamesEveryFeatureAndItsCopy) {
     EXPECT_EQ(Out("Survey.CSV"), "\"1,\"\"2\"\"\"," + target + "/a.jpg\r\nplain," + target +
                                      "/a.jpg\r\nplain,\"" + target + "/b,1.jpg\"\r\n\xD6," + target +
                                      "/a.jpg\r\n");
-}
-
-TEST(JobSource, IsTheSourcePropertyAndItsPathBelowTheWorkflow) {
-    struct Case {
-        std::string workflow, source, relative;
-    };
-    const Case cases[] = {
-        {"C:\\WF", "c:\\wf\\Eng\\Proj\\Job.VDF", "Eng\\Proj\\Job.VDF"},
-        {"/srv/wf/", "/srv/wf/Eng/Job.VDF", "Eng\\Job.VDF"},
-        {"C:\\WF", "C:\\WF2\\Eng\\Job.VDF", ""},
-        {"", "\\Eng\\Job.VDF", ""},
-    };
-    for (const Case& c : cases) {
-        test::Installation office;
-        config::Run& run = office.run;
-        office.installation.Settings().WorkFlowDirectory = c.workflow;
-        run.Job().relative = "before";
-        ReadJobSource(run, {{"source", "no"}, {"Source", c.source}, {"Source", "second"}});
-        EXPECT_EQ(run.Job().full, c.source);
-        EXPECT_EQ(run.Job().relative, c.relative) << c.source;
-    }
 }
 
 }  // namespace

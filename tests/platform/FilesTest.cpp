@@ -21,19 +21,6 @@ std::size_t Entries(const TempFolder& folder) {
     return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder.Path()), {}));
 }
 
-TEST(OutputFile, NothingChangesWithoutCommit) {
-    TempFolder folder;
-    std::string path = folder.Write("a.shp", "old");
-    {
-        OutputFile file(path);
-        file.Write(std::string(3 << 20, 'x'));
-        file.Finish();
-        EXPECT_EQ(TempFolder::Read(path), "old");
-    }
-    EXPECT_EQ(TempFolder::Read(path), "old");
-    EXPECT_EQ(Entries(folder), 1U) << "the temporary file is gone";
-}
-
 TEST(OutputFile, BytesStayInOrderWhateverTheirSizes) {
     TempFolder folder;
     std::string expected;
@@ -91,16 +78,6 @@ TEST(OutputFile, KeepsRightsAndLinks) {
     EXPECT_THROW(ReplaceFile(folder / "inner/real", "through"), WriteError);
     EXPECT_THROW(AppendToFile(folder / "link", "through"), WriteError);
     EXPECT_EQ(TempFolder::Read(real).substr(0, 3), "new");
-}
-
-TEST(OutputFile, TellsWhereItCannotWrite) {
-    TempFolder folder;
-    std::string file = folder.Write("file", "x");
-    for (std::string path : {folder.Path(), folder / "none/a", file + "/a"}) {
-        std::string error = test::ErrorOf<WriteError>([&] { OutputFile output(path); });
-        EXPECT_TRUE(error.starts_with(path + ": ")) << error;
-    }
-    EXPECT_EQ(Entries(folder), 1U);
 }
 
 TEST(OutputFile, FullDiskLeavesTheOldFile) {

@@ -71,6 +71,7 @@ TEST(OutputSet, LeavesFoldersThatHoldMoreOrAreNoPlainFolders) {
         prepare(top);
         std::set<std::string> before = Names(top / "map"), beside = Names(top.Path());
         OutputSet set;
+        set.Add(top / "map/b").Write("of two the later stays");
         Fill(set, top / "map");
         EXPECT_FALSE(set.CommitAsFolder(top / "map", {"b"}));
         EXPECT_EQ(TempFolder::Read(top / "map/b"), "old b");

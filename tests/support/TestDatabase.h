@@ -4,9 +4,9 @@
 
 #include "database/ConnectionString.h"
 #include "database/Statement.h"
-#include "support/PostgresServer.h"
 #include "support/TempFolder.h"
 
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -20,8 +20,10 @@ class OnEachDatabase : public testing::TestWithParam<DatabaseKind> {
 protected:
     void SetUp() override {
         if (GetParam() == DatabaseKind::Sqlite) return;
-        static PostgresServer server;
-        connectionString_ = server.ConnectionString();
+        const char* server = std::getenv("VEXLATOR_TEST_POSTGRES");
+        if (server == nullptr)
+            GTEST_SKIP() << "no server; scripts/postgres-for-tests runs a program with one";
+        connectionString_ = server;
         database::Connection(connectionString_).Execute("DROP SCHEMA public CASCADE; CREATE SCHEMA public");
     }
     std::string ConnectionString() const {

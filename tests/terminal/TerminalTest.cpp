@@ -64,14 +64,6 @@ TEST(Terminal, TextsCannotForgeLinesOrCommandTheTerminal) {
     EXPECT_EQ(OneLine("WALL\r\nFENCE"), "WALL FENCE");
 }
 
-TEST(Terminal, NothingButLinesWithoutATerminal) {
-    Terminal terminal({.isTerminal = false});
-    auto view = terminal.ui->ShowForm("frmSHP");
-    view->SetLabel("FENCE");
-    view->Progress(1, 2);
-    EXPECT_EQ(terminal.Shown(), "");
-}
-
 TEST(Terminal, ProgressIsOneLineThatOtherLinesReplace) {
     Terminal terminal({.isTerminal = true});
     {
@@ -88,6 +80,7 @@ TEST(Terminal, ProgressIsOneLineThatOtherLinesReplace) {
         std::string line = terminal.Shown();
         EXPECT_TRUE(line.starts_with("\r\x1B[KFEN?CE  12,445  ")) << line;
         EXPECT_TRUE(line.ends_with("/s")) << line;
+        EXPECT_EQ(line.find(',', line.find("12,445") + 3), std::string::npos) << "below 1,000 a second";
     }
     EXPECT_EQ(terminal.Shown(), "\r\x1B[K");
 }

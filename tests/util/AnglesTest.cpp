@@ -77,15 +77,5 @@ TEST(Angles, TextRead) {
     }
 }
 
-TEST(Angles, SixDecimalsOfADegreeSurviveText) {
-    std::mt19937_64 random(3);
-    std::uniform_real_distribution<double> angles(-pi, pi);
-    for (int i = 0; i < 10'000; ++i) {
-        double radians = angles(random);
-        double back = ParseAngleText(FormatAngleText(radians, 6)).value();
-        ASSERT_NEAR(back * degreesPerRadian, radians * degreesPerRadian, 1e-6 / 3600 * 1.01);
-    }
-}
-
 }  // namespace
 }  // namespace vexlator::util

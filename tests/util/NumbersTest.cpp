@@ -108,23 +108,6 @@ TEST(Numbers, FixedDecimalsOfManyValues) {
     }
 }
 
-TEST(Numbers, FixedStaysInItsBuffer) {
-    std::mt19937_64 random(11);
-    std::vector<char> buffer(longestFixed);  // a vector, so that the sanitizers see an overrun
-    for (int i = 0; i < 100'000; ++i) {
-        std::uint64_t bits = random();
-        double value;
-        std::memcpy(&value, &bits, sizeof value);
-        int decimals = static_cast<int>(random() % 16);
-        char* end = WriteFixed(buffer.data(), value, decimals);
-        ASSERT_LE(static_cast<std::size_t>(end - buffer.data()), longestFixed);
-        std::string_view text(buffer.data(), end);
-        if (!std::isfinite(value)) continue;
-        ASSERT_NEAR(NumberOf(text), value, 0.5 * std::pow(10, -decimals) + std::fabs(value) * 1e-15) << text;
-        ASSERT_EQ(RoundFixed(value, decimals), NumberOf(text)) << text;
-    }
-}
-
 TEST(Numbers, OtherTexts) {
     const std::pair<double, const char*> shortest[] = {
         {0.1, "0.1"}, {400000, "400000"},  {-0.000012, "-0.000012"},

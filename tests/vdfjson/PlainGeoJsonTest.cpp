@@ -55,14 +55,6 @@ TEST(PlainGeoJson, GeometriesBecomeEntities) {
             EXPECT_EQ(entity.xproperties().item(1).value(), "2");
             EXPECT_EQ(entity.layerName(), "FILE");
         });
-
-        drawing::Drawing one;
-        Load(feature, one);
-        EXPECT_EQ(Entities(one), c.entities) << c.geometry;
-        if (std::string_view(c.geometry) == "null") continue;
-        drawing::Drawing bare;
-        Load(c.geometry, bare);
-        EXPECT_EQ(Entities(bare), c.entities) << c.geometry;
     }
 }
 
@@ -101,19 +93,6 @@ TEST(PlainGeoJson, FeaturesOfALayerHaveTheSameNames) {
     EXPECT_EQ(found, (std::vector<std::string>{"CREW=c REF= layer= REF= ", "CREW=d REF=1 layer= REF= ",
                                                "CREW= REF= layer= REF= ", "CREW= REF=2 layer=file REF=3 ",
                                                "layer=B REF=4 "}));
-}
-
-TEST(PlainGeoJson, ThePropertyLayerNamesTheLayer) {
-    drawing::Drawing drawing;
-    Load(
-        R"({"type":"FeatureCollection","features":[{"properties":{"layer":"WALL","A":"1"}},{"properties":{"layer":12}},
-        {"properties":{"layer":""}},{"properties":{"layer":null}},{"properties":null},{"vdf":{}}]})",
-        drawing);
-    std::vector<std::string> layers;
-    drawing.forEach([&](drawing::Entity entity) { layers.push_back(entity.layerName()); });
-    EXPECT_EQ(layers, (std::vector<std::string>{"WALL", "12", "FILE", "FILE", "FILE", "0"}));
-    EXPECT_EQ(drawing.entityAt(0).xproperties().item(0).value(), "WALL");
-    EXPECT_EQ(drawing.activeLayerName(), "0");
 }
 
 }  // namespace

@@ -191,18 +191,6 @@ TEST(RoundTrip, ABlockThatIsNoDrawingKeepsItsName) {
     EXPECT_TRUE(notes.starts_with("block \"odd\" is dumped by its name only: ")) << notes;
 }
 
-TEST(RoundTrip, OrderOfTheMembersMeansNothing) {
-    const char* json = R"({"features":[{"vdf":{"layer":"B"}}],"crs":{"type":"name"},
-        "drawing":{"layers":[{"name":"A"},{"name":"B","colour":2}],"activeLayer":"A"},"type":"FeatureCollection"})";
-    drawing::Drawing drawing;
-    Load(json, drawing);
-    ASSERT_EQ(drawing.layerCount(), 3U);
-    EXPECT_EQ(drawing.layers()[1].name, "A");
-    EXPECT_EQ(drawing.layers()[2].colour, 2U);
-    EXPECT_EQ(drawing.activeLayerName(), "A");
-    EXPECT_EQ(drawing.entityAt(0).layerName(), "B");
-}
-
 }  // namespace
 
 }  // namespace vexlator::test

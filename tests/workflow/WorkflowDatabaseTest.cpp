@@ -105,30 +105,6 @@ TEST_P(WorkflowTest, SixteenExportsAtOnceLoseNoRow) {
     EXPECT_EQ(Rows(R"(SELECT job, "CURRENT STATUS" FROM jobhdr)"), Texts{"Jøb|Exported to SHP"});
 }
 
-TEST_P(WorkflowTest, AsksBeforeAnExportIsRepeated) {
-    const std::string question = "Warning this Job has previously been exported!\nContinue?";
-    EXPECT_TRUE(ConfirmExportAllowed(run_));
-    run_.Job().relative = "e\\P\\sub/Survey.VDF";
-    EXPECT_TRUE(ConfirmExportAllowed(run_));
-    EXPECT_EQ(ui_.questions, Texts{});
-    RecordJobAction(run_, "P", "Survey", "e", "Exported to SHP", morning);
-    ui_.answers = {true, false};
-    EXPECT_TRUE(ConfirmExportAllowed(run_));
-    EXPECT_FALSE(ConfirmExportAllowed(run_));
-    EXPECT_EQ(ui_.questions, (Texts{question, question}));
-    run_.Options().quiet = true;
-    EXPECT_TRUE(ConfirmExportAllowed(run_));
-    EXPECT_EQ(ui_.questions.size(), 2U);
-}
-
-TEST_P(WorkflowTest, DebugModeTellsWhatItDoes) {
-    installation_.Settings().DebugMode = true;
-    RecordJobAction(run_, "P", "J", "e", "CLOSED", morning);
-    ASSERT_EQ(ui_.messages.size(), 2U);
-    EXPECT_EQ(ui_.messages[0], "About To Connect");
-    EXPECT_TRUE(ui_.messages[1].starts_with("INSERT INTO \"ActionTbl\"")) << ui_.messages[1];
-}
-
 VEXLATOR_ON_EACH_DATABASE(WorkflowTest);
 
 /// What the person is told when a database file cannot be used; no failure may reach the export.
@@ -196,17 +172,6 @@ TEST_F(WorkflowFileTest, ReadOnlyDatabaseLosesTheActionOnly) {
         EXPECT_NE(texts[0].find("readonly"), std::string::npos) << texts[0];
     }
     ASSERT_EQ(::chmod(folder.Path().c_str(), 0755), 0);
-}
-
-TEST_F(WorkflowFileTest, CreatingNeverOverwrites) {
-    CreateWorkflowDatabase(File());
-    RecordJobAction(run, "P", "J", "e", "CLOSED", morning);
-    CreateWorkflowDatabase(folder / "workflow.mdb");
-    EXPECT_TRUE(JobWasExported(run, "E", "p", "j")) << "folder names differ by more than case";
-    std::size_t files = 0;
-    for ([[maybe_unused]] const auto& entry : fs::directory_iterator(folder.Path())) ++files;
-    EXPECT_EQ(files, 1U);
-    EXPECT_THROW(CreateWorkflowDatabase(folder / "none/WorkFlow.MDB"), platform::WriteError);
 }
 
 }  // namespace vexlator::workflow

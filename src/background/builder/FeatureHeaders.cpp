@@ -46,8 +46,8 @@ StyleCell CellOf(const drawing::Entity& entity) {
     }
 }
 
-FeatureHeaders::FeatureHeaders(config::Run& run, const BuildSettings& settings,
-                               drawing::DrawingFile& drawing, PackageWriter& writer)
+FeatureHeaders::FeatureHeaders(config::Run& run, const BuildSettings& settings, drawing::DrawingFile& drawing,
+                               PackageWriter& writer)
     : kind_(KindOf(drawing)),
       classifier_(run),
       records_(settings.attributes, settings.style.searchOnField, writer),

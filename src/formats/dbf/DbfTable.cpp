@@ -3,8 +3,8 @@
 #include "formats/dbf/DbfTable.h"
 
 #include "formats/Bytes.h"
-#include "platform/CodePages.h"
 #include "formats/dbf/DbfLayout.h"
+#include "platform/CodePages.h"
 #include "platform/Errors.h"
 #include "util/Text.h"
 

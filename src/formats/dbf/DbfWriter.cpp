@@ -3,8 +3,8 @@
 #include "formats/dbf/DbfWriter.h"
 
 #include "formats/Bytes.h"
-#include "platform/AsciiCase.h"
 #include "formats/dbf/DbfLayout.h"
+#include "platform/AsciiCase.h"
 #include "platform/CodePages.h"
 #include "util/Text.h"
 

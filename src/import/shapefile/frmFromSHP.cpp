@@ -45,7 +45,11 @@ struct frmFromSHP::Source {
 };
 
 frmFromSHP::frmFromSHP(config::Run& run)
-    : run_(run), import_(run, "frmFromSHP"), drawing_(import_.Drawing()), settings_(ReadShapeImportSettings(run)), coordinates_(run, settings_) {}
+    : run_(run),
+      import_(run, "frmFromSHP"),
+      drawing_(import_.Drawing()),
+      settings_(ReadShapeImportSettings(run)),
+      coordinates_(run, settings_) {}
 frmFromSHP::~frmFromSHP() = default;
 
 std::string frmFromSHP::mkCodeNameFromFile(std::string_view path) {
