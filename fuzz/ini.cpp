@@ -15,10 +15,13 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 using namespace vexlator;
 
 namespace {
+
+constexpr std::size_t mostNames = 100;  // each is looked for in the whole text
 
 std::string_view TakeLine(std::string_view& text) {
     std::size_t end = std::min(text.find('\n'), text.size());
@@ -35,11 +38,10 @@ std::string WithoutBlanks(std::string text) {
 
 /// Where the names of sections and keys may stand, read in the crudest way; what is none reads as "".
 std::set<std::pair<std::string, std::string>> NamesIn(std::string_view bytes) {
-    constexpr std::size_t most = 100;  // each is looked for in the whole text
     std::set<std::pair<std::string, std::string>> names;
     std::string text = platform::DecodeText(bytes), section;
     std::replace(text.begin(), text.end(), '\r', '\n');
-    for (std::string_view rest = text; !rest.empty() && names.size() < most;) {
+    for (std::string_view rest = text; !rest.empty() && names.size() < mostNames;) {
         std::string line = WithoutBlanks(std::string(TakeLine(rest)));
         if (line.starts_with('[')) section = WithoutBlanks(line.substr(1, line.find(']') - 1));
         names.emplace(section, WithoutBlanks(line.substr(0, line.find('='))));
@@ -74,5 +76,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (!written_to(name))
             Require(config::IniValue(text, name.first, name.second) ==
                     config::IniValue(written, name.first, name.second));
+    config::IniText ini(text);
+    std::vector<config::IniEntry> entries = ini.Entries();
+    for (std::size_t i = 0; i < std::min(entries.size(), mostNames); ++i)
+        Require(!entries[i].counts ||
+                config::IniValue(text, entries[i].section, entries[i].key) == entries[i].value);
     return 0;
 }

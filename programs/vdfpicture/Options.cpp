@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "vdfpicture/Options.h"
 
+#include "platform/AsciiCase.h"
 #include "platform/Paths.h"
 #include "util/Paths.h"
 

@@ -3,6 +3,7 @@
 
 // vdfpicture: a picture of a drawing or a background package, without a display.
 #include "config/Ini.h"
+#include "platform/AsciiCase.h"
 #include "platform/Paths.h"
 #include "platform/Signals.h"
 #include "platform/StandardOutput.h"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "batch/CommandList.h"
 
+#include "platform/AsciiCase.h"
 #include "platform/CodePages.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
@@ -81,10 +82,9 @@ private:
         if (imports_) return;
         if (format == drawingCode)
             throw ListError("--to VDF imports, and stands alone; run the exports as a second batch");
-        const startup::ExportRow* row = conversions_.FindExport(format);
-        if (!row || !row->call)
+        if (!conversions_.FindExport(format))
             throw ListError("nothing exports to \"" + format + "\"; formats are VDF, for imports, and " +
-                            conversions_.ExportCodes());
+                            conversions_.ExportList());
     }
     void AddFile(const std::string& path) {
         std::string code = platform::UpperAscii(util::ExtensionOf(path));

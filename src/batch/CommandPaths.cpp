@@ -3,6 +3,7 @@
 #include "batch/CommandPaths.h"
 
 #include "platform/FileStamp.h"
+#include "platform/AsciiCase.h"
 #include "platform/Paths.h"
 #include "startup/CommandLine.h"
 #include "startup/Sources.h"

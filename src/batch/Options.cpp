@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "batch/Options.h"
 
+#include "platform/AsciiCase.h"
 #include "platform/Paths.h"
 #include "util/Numbers.h"
 #include "util/Text.h"

@@ -3,6 +3,7 @@
 #include "batch/ReportPage.h"
 
 #include "ReportTemplate.h"
+#include "platform/AsciiCase.h"
 #include "platform/Paths.h"
 #include "util/JsonText.h"
 #include "util/Numbers.h"

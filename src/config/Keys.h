@@ -11,9 +11,9 @@
 #include <variant>
 #include <vector>
 
-/// The keys of gv.ini. Each is declared once, in the folder of what reads it; gv.ini of a new installation,
-/// what
-/// --check says of values and the list of all settings come from the declarations.
+/// The keys of gv.ini. Each is declared once, in the folder of what reads it, beside the struct of settings
+/// that it fills. gv.ini of a new installation, what --check says of values and the page of all settings come
+/// from the declarations.
 namespace vexlator::config {
 
 struct Key {
@@ -46,7 +46,7 @@ struct KeyOf : Key {
     Member member;
 };
 
-// How keys are declared.
+/// How the keys of a struct are declared. A key that can have any name is a Key by itself.
 template <typename Settings>
 struct Keys {
     using Member = typename KeyOf<Settings>::Member;
@@ -82,19 +82,19 @@ struct Keys {
 bool IsOn(const Key& key, std::string_view value);
 int NumberOf(const Key& key, std::string_view value);
 
-/// The settings that these keys say. A text or number whose key is missing or empty keeps its value in
-/// `settings`.
+/// The settings that these keys say. What is no flag keeps its value in `settings` where the key is missing
+/// or empty.
 template <typename Settings>
 Settings ReadKeys(const Installation& installation, std::span<const KeyOf<Settings>> keys,
                   Settings settings = {}) {
     for (const KeyOf<Settings>& key : keys) {
         std::string value = installation.ReadIni(key.section, key.name);
         if (auto flag = std::get_if<bool Settings::*>(&key.member))
-            settings.** flag = IsOn(key, value);
+            settings.*(*flag) = IsOn(key, value);
         else if (value.empty())
             continue;
         else if (auto number = std::get_if<int Settings::*>(&key.member))
-            settings.** number = NumberOf(key, value);
+            settings.*(*number) = NumberOf(key, value);
         else
             settings.*std::get<std::string Settings::*>(key.member) = std::move(value);
     }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "georef/AngleReading.h"
 
+#include "platform/AsciiCase.h"
 #include "platform/Paths.h"
 #include "util/Text.h"
 

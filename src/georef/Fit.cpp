@@ -3,6 +3,7 @@
 #include "georef/Fit.h"
 
 #include "georef/LeastSquares.h"
+#include "util/Angles.h"
 #include "util/Numbers.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "georef/WorldFile.h"
-#include "util/Angles.h"
+#include "util/Geometry.h"
 
 #include <array>
 #include <optional>

@@ -4,6 +4,7 @@
 #include "georef/PointEntries.h"
 #include "platform/CodePages.h"
 #include "platform/Files.h"
+#include "platform/AsciiCase.h"
 #include "platform/Paths.h"
 #include "util/Files.h"
 #include "util/Numbers.h"

@@ -4,6 +4,7 @@
 
 #include "georef/AngleReading.h"
 #include "georef/GridLetters.h"
+#include "util/Angles.h"
 #include "util/Numbers.h"
 #include "util/Text.h"
 

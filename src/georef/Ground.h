@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "util/Angles.h"
+#include "util/Geometry.h"
 
 #include <optional>
 #include <string>
@@ -33,7 +33,7 @@ struct GroundReading {
 ///   number of digits or two groups of equally many; it stands for the square's south-west corner;
 /// - degrees: decimal, degrees and minutes, or degrees, minutes and seconds; marked by signs, the letters d,
 /// m,
-///   s, colons or blanks; N, S, E, W before or behind, or signs; and the angle texts of util/Angles.h.
+///   s, colons or blanks; N, S, E, W before or behind, or signs; and the angle texts of util/Geometry.h.
 /// Comma, semicolon or blank stands between the two; decimal commas are understood where that leaves no
 /// doubt. Two plain numbers are degrees when both can be: below 90 one, up to 180 the other.
 GroundReading ReadGround(std::string_view text);

@@ -4,6 +4,7 @@
 
 #include "georef/Ground.h"
 #include "platform/Errors.h"
+#include "platform/AsciiCase.h"
 #include "platform/Paths.h"
 #include "util/Files.h"
 #include "util/Numbers.h"

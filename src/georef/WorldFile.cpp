@@ -3,6 +3,7 @@
 #include "georef/WorldFile.h"
 
 #include "platform/Files.h"
+#include "platform/AsciiCase.h"
 #include "platform/Paths.h"
 #include "util/Files.h"
 #include "util/Paths.h"

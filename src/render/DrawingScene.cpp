@@ -4,6 +4,7 @@
 
 #include "drawing/DrawingFile.h"
 #include "platform/Errors.h"
+#include "platform/AsciiCase.h"
 #include "platform/Paths.h"
 #include "render/EntityItems.h"
 #include "render/SymbolScenes.h"

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "render/ItemPainter.h"
 
+#include "util/Angles.h"
+
 #include <QFontMetricsF>
 #include <QPainterPath>
 #include <cmath>

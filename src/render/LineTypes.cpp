@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "render/LineTypes.h"
 
+#include "platform/AsciiCase.h"
 #include "platform/Paths.h"
 
 namespace vexlator::render {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "util/Angles.h"
+#include "util/Geometry.h"
 
 #include <cmath>
 

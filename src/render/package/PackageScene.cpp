@@ -4,7 +4,9 @@
 
 #include "background/package/PackageElements.h"
 #include "background/package/PackageProof.h"
+#include "platform/AsciiCase.h"
 #include "platform/Paths.h"
+#include "util/Angles.h"
 
 #include <algorithm>
 #include <map>
