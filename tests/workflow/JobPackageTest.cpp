@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 #include "platform/Errors.h"
-#include "platform/Paths.h"
+#include "platform/Files.h"
 #include "support/Errors.h"
 #include "support/Installation.h"
 #include "util/Text.h"
