@@ -173,14 +173,6 @@ TEST(Build, VerticesOfLongLinesAndCurves) {
     }
 }
 
-TEST(Build, NothingGivesAnIndexOfItsHeader) {
-    Office office;
-    office.Build();
-    ASSERT_EQ(office.File("GRP").size(), 96U);
-    EXPECT_EQ(PackageReader(office.index).Extents(), unsetBox);
-    EXPECT_EQ(office.File("BAG") + office.File("LAY") + office.File("GAZ"), "");
-}
-
 TEST(Build, InfoFileAsksForAreas) {
     for (const char* name : {"area.VDF.info", "area.info"}) {
         Office office;

@@ -11,13 +11,6 @@
 using namespace vexlator;
 using namespace vexlator::background;
 
-TEST(TileGrid, LargeElementsGoToCoarserTiles) {
-    struct {
-        double size, expected;
-    } cases[] = {{0, 250}, {125, 250}, {125.5, 2500}, {500, 2500}, {500.5, 25000}, {1e6, 25000}};
-    for (auto [size, expected] : cases) EXPECT_EQ(TileSizeFor(250, size), expected) << size;
-}
-
 TEST(TileGrid, NumbersAreColumnAndRow) {
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
     constexpr std::int32_t none = -1;

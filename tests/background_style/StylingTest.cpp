@@ -35,7 +35,7 @@ TEST(MobileStyles, ListsOfACell) {
     EXPECT_EQ(MobileStyles().ListFor("P"), colours + select);
 }
 
-/// What rows say of layers is compared with the plain build; these are the numbers that the device knows.
+/// The numbers that the device knows; random maps show what rows say of layers.
 TEST(LayerStyles, ClassesOfCells) {
     std::string many;
     for (int i = 0; i < 300; ++i) many += "s" + std::to_string(i) + "=P\n";

@@ -35,14 +35,6 @@ TEST(ShortenValue, CutsAtASeparatorBehindAShortCode) {
     }
 }
 
-TEST(SlashDate, OnlyEightDigitsHyphensAndStopsAreTurned) {
-    const std::pair<std::string, std::string> cases[] = {
-        {"20240315", "15/03/2024"}, {"2024-3-1", "-1/-3/2024"}, {"2024031", "2024031"},
-        {"2024 315", "2024 315"},   {"202403155", "202403155"}, {"", ""},
-    };
-    for (const auto& [compact, slashed] : cases) EXPECT_EQ(SlashDateFromCompact(compact), slashed);
-}
-
 class FeatureChanges : public test::InstallationTest {
 protected:
     void Apply(std::string_view ini) {

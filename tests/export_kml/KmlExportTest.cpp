@@ -131,15 +131,6 @@ TEST(PhotoNames, LeadNowhereElse) {
     EXPECT_EQ(ThumbnailName("sub/a.b.jpg"), "sub/s_a.b.BMP");
 }
 
-TEST_F(KmlExport, PhotographsBesideTheDocument) {
-    Give(drawing.addPoint({1, 2, 0}), {{"A", "T1"}, {"A", "a b.jpg"}, {"A", "second.jpg"}});
-    Give(drawing.addPoint({1, 2, 0}), {{"A", "no photo"}});
-    Settings("[GENERAL]\nCompany=Acme\n[KML]\nWebBase=https://example.org/\n");
-    Export();
-    EXPECT_EQ(Images(), (Texts{"a%20b.jpg"}));
-    EXPECT_EQ(kml.find("Open FullSize"), std::string::npos);
-}
-
 TEST_F(KmlExport, PhotographsOnTheWeb) {
     folder.Write("job/a b.jpg", test::JpegOf(800, 600));
     folder.Write("job/sub/c.JPG", test::JpegOf(80, 60));

@@ -146,13 +146,6 @@ TEST_F(WorkflowFileTest, TellsWhatIsWrongWithTheFile) {
                                  "JOB already Exported Error:there is no such table"}));
 }
 
-TEST_F(WorkflowFileTest, NothingIsConfigured) {
-    installation.Settings().WorkFlowSystem = "";
-    EXPECT_EQ(Messages(), Texts{});
-    run.Job().relative = "e\\P\\J.VDF";
-    EXPECT_TRUE(ConfirmExportAllowed(run));
-}
-
 /// Gives root's rights up for a while, which read-only files do not bind.
 class AsNobody {
 public:
