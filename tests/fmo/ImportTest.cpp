@@ -44,12 +44,12 @@ TEST_P(FmoImportTest, RowsBecomeSymbolsWithTheirValues) {
 
 TEST_P(FmoImportTest, WhatEndsTheImportOfAPointTable) {
     MakeValves();
-    Sql("UPDATE valves SET n='5,3' WHERE id='8'");
+    Sql("UPDATE valves SET n='5,3' WHERE id='9'");
     Define("NOCOLUMN", "TABLE=VALVES\nEAST=E\nNORTH=MISSING\nKEY=ID\n");
     Define("NOTABLE", "TABLE=NOTABLE\nEAST=E\nNORTH=N\nKEY=ID\n");
     EXPECT_EQ(Import(folder_ / "FMO/VALVES.FMO", "|NOCOLUMN.FMO|NOTABLE.FMO").status,
               config::Outcome::Status::Failed);
-    EXPECT_EQ(ui_.reports[0], "VALVES: row 2, key 8: a coordinate is no number");
+    EXPECT_EQ(ui_.reports[0], "VALVES: row 3, key 9: a coordinate is no number");
     ASSERT_EQ(ui_.messages.size(), 3U);
     const char* const reasons[] = {"No Records Returned\nSELECT E,N,ID,* FROM VALVES", "MISSING",
                                    "there is no table"};
