@@ -48,7 +48,7 @@ With a command:
 
 Instead of a command:
   --init FOLDER                makes an installation; never overwrites a file
-  --batch LIST                 runs the commands of a list or folder; see --batch --help
+  --batch LIST                 runs a list or a folder; see --batch --help
   --check                      tells what is configured, and what is wrong with it
   --settings                   prints every key of gv.ini with its meaning
   --help, --version
@@ -56,7 +56,8 @@ Instead of a command:
 VEXLATOR_HOME=FOLDER in the environment names the installation; without it, it is
 the program's folder. Exit status: 0 done; 1 failed; 2 the installation or an option
 is not usable; 3 nothing to do, or the command is not understood; 4 stopped by the
-answer to a question; 5 done, with losses, under --strict; 130, 143 stopped by INT, TERM.
+answer to a question; 5 done, with losses, under --strict; 130, 143 stopped by INT,
+TERM.
 )";
 
 std::string HelpText() {

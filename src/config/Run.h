@@ -18,6 +18,8 @@ namespace vexlator::config {
 /// The part of the world that an import is limited to, in drawing units. All 0: no limit.
 struct ImportExtentBox {
     double minX = 0, minY = 0, maxX = 0, maxY = 0;
+
+    bool IsSet() const { return minX != 0 || minY != 0 || maxX != 0 || maxY != 0; }
 };
 
 /// What the command of a run asks for beside its conversion.

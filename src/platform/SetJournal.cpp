@@ -200,11 +200,8 @@ std::string MoveAllBack(List& list, const std::vector<SetMember>& members) {
     return failed.empty() ? "" : "not brought back: " + failed + "; the next run tries it again";
 }
 
-/// The first member that cannot be moved, with the reason; nothing when all are in place.
-std::optional<std::pair<const SetMember*, int>> MoveAllForward(List& list,
-                                                               const std::vector<SetMember>& members) {
-    for (const SetMember& member : members)
-        if (int error = MoveForward(member); error != 0) return std::pair(&member, error);
+/// What is left to do once all members are in place.
+void RemoveOldFiles(List& list, const std::vector<SetMember>& members) {
     for (const SetMember& member : members) {
         if (!member.kept.empty()) ::unlink(member.kept.c_str());
         // Where a file system makes no difference, the twin is the new file by now.
@@ -212,6 +209,14 @@ std::optional<std::pair<const SetMember*, int>> MoveAllForward(List& list,
         if (isTwin && Has(member.target, member.old)) ::unlink(member.target.c_str());
     }
     list.Clear();
+}
+
+/// The first member that cannot be moved, with the reason; nothing when all are in place.
+std::optional<std::pair<const SetMember*, int>> MoveAllForward(List& list,
+                                                               const std::vector<SetMember>& members) {
+    for (const SetMember& member : members)
+        if (int error = MoveForward(member); error != 0) return std::pair(&member, error);
+    RemoveOldFiles(list, members);
     return std::nullopt;
 }
 
@@ -221,14 +226,22 @@ bool IsDelivered(const SetMember& member) {
            !Has(member.target, member.old);
 }
 
+/// Its old file is gone for good, which comes after all files have moved.
+bool IsPastReturn(const SetMember& member) {
+    return !member.kept.empty() && !IsThere(member.kept) && !IsThere(member.temporary) &&
+           !Has(member.target, member.old);
+}
+
 /// Ends the move of a killed run. @throws WriteError what the user has to know: files that are not back, or
 /// that somebody else has put there
 void EndOldMove(List& list) {
     std::vector<std::string> texts = list.Texts();
     std::vector<SetMember> members = MembersOf(texts, list.Folder(), list.Number());
+    bool wasUndone = !texts.empty() && texts.back() == undoneMark;
+    if (!wasUndone && std::ranges::any_of(members, IsPastReturn)) return RemoveOldFiles(list, members);
     bool isComplete = std::ranges::none_of(members, IsThere, &SetMember::temporary);
     auto delivered = isComplete ? members.end() : std::ranges::find_if(members, IsDelivered);
-    bool isUndone = delivered != members.end() || (!texts.empty() && texts.back() == undoneMark);
+    bool isUndone = delivered != members.end() || wasUndone;
     if (!isUndone && !MoveAllForward(list, members)) return;
     std::string lost = MoveAllBack(list, members);
     if (!lost.empty()) throw WriteError(list.Name(), "files of a killed run are " + lost);

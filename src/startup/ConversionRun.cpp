@@ -70,11 +70,6 @@ ImportCommand CommandOf(const SourceList& sources) {
     return ParseImport(text);
 }
 
-bool HasExtent(const config::Run& run) {
-    const config::ImportExtentBox& box = run.Options().extent;
-    return box.minX != 0 || box.minY != 0 || box.maxX != 0 || box.maxY != 0;
-}
-
 struct SourceSettings {
     bool meterReadings = false;
 };
@@ -165,7 +160,7 @@ void RemoveLeftovers(config::Run& run, const std::string& folder) {
 }
 
 ExitStatus Export(config::Run& run, const ExportRow& row, ExportCommand command, TargetFolder& folder) {
-    if (HasExtent(run))
+    if (run.Options().extent.IsSet())
         run.Ui().Report("?BOX limits imports of databases only; " +
                         platform::NativePath(command.drawingPath) + " is exported whole");
     if (row.intoFmoDirectory) command.targetPath = run.Settings().FMODirectory;
@@ -205,7 +200,7 @@ ExitStatus RunImport(config::Run& run, const Conversions& conversions, std::stri
         return Refuse(
             run, reason + "nothing imports \"" + command.code + "\"; formats are " + conversions.ImportList(),
             ExitStatus::NothingToDo);
-    if (HasExtent(run) && row->form != "frmFromFMO")
+    if (run.Options().extent.IsSet() && row->form != "frmFromFMO")
         run.Ui().Report("?BOX limits imports of databases only; " + platform::NativePath(command.sourcePath) +
                         " is read whole");
     return Stoppable(run, platform::NativePath(DrawingOf(command)) + " is as it was", [&] {

@@ -19,7 +19,7 @@ namespace {
 /// " WHERE E>minX AND ...": all four sides are outside.
 std::string Condition(const std::string& east, const std::string& north,
                       const config::ImportExtentBox& extent) {
-    if (extent.maxX == 0) return "";
+    if (!extent.IsSet()) return "";
     return " WHERE " + east + ">" + util::FormatShortest(extent.minX) + " AND " + north + ">" +
            util::FormatShortest(extent.minY) + " AND " + east + "<" + util::FormatShortest(extent.maxX) +
            " AND " + north + "<" + util::FormatShortest(extent.maxY);
@@ -103,7 +103,7 @@ FmoQuery::Statement FmoQuery::For(Connection& connection) const {
     // Only whole tables can be counted.
     if (statement.rowCount)
         statement.extent = extent_;
-    else if (extent_.maxX != 0)
+    else if (extent_.IsSet())
         statement.sql += Condition(AsNumber(connection, table->Column(east_)),
                                    AsNumber(connection, table->Column(north_)), extent_);
     return statement;

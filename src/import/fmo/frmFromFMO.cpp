@@ -68,7 +68,7 @@ std::optional<double> Coordinate(const Statement& rows, std::size_t column) {
 
 /// As the condition of a query has it.
 bool IsInside(const config::ImportExtentBox& extent, double east, double north) {
-    return extent.maxX == 0 ||
+    return !extent.IsSet() ||
            (east > extent.minX && north > extent.minY && east < extent.maxX && north < extent.maxY);
 }
 
@@ -209,7 +209,7 @@ std::string frmFromFMO::AddPoints(Statement& rows, const FmoQuery::Statement& st
     RowAttributes attributes(drawing_, rows, statement.columns, 2);
     for (std::uint64_t row = 1; rows.Next(); ++row) {
         bool isSomewhere = !rows.IsNull(0) && !rows.IsNull(1);
-        if (!isSomewhere && statement.extent.maxX != 0) continue;
+        if (!isSomewhere && statement.extent.IsSet()) continue;
         std::optional<double> east = Coordinate(rows, 0), north = Coordinate(rows, 1);
         if (!east || !north)
             return "row " + std::to_string(row) + ", key " + std::string(rows.Text(2)) +
