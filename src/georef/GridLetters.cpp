@@ -44,7 +44,7 @@ std::optional<util::PlanePoint> SquareOf(std::string_view letters) {
     return util::PlanePoint{column * squareSide, row * squareSide};
 }
 
-std::vector<std::string_view> Words(std::string_view text) {
+std::vector<std::string_view> GridWords(std::string_view text) {
     std::vector<std::string_view> words;
     while (true) {
         std::size_t begin = text.find_first_not_of(blanks);
@@ -67,7 +67,7 @@ std::size_t WholeDigits(std::string_view word) {
 /// Easting and northing within the square, in metres, and the side of the square that they mean.
 std::optional<GridSquare> WithinSquare(std::string_view text) {
     constexpr std::size_t digitsOfMetres = 5;
-    std::vector<std::string_view> words = Words(text);
+    std::vector<std::string_view> words = GridWords(text);
     if (words.size() == 1 && words[0].size() % 2 == 0) {
         std::size_t half = words[0].size() / 2;
         words = {words[0].substr(0, half), words[0].substr(half)};
