@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "batch/CommandPaths.h"
 
-#include "platform/FileStamp.h"
 #include "platform/AsciiCase.h"
+#include "platform/FileStamp.h"
 #include "platform/Paths.h"
 #include "startup/CommandLine.h"
 #include "startup/Sources.h"

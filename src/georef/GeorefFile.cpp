@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "config/Ini.h"
 #include "georef/PointEntries.h"
+#include "platform/AsciiCase.h"
 #include "platform/CodePages.h"
 #include "platform/Files.h"
-#include "platform/AsciiCase.h"
 #include "platform/Paths.h"
 #include "util/Files.h"
 #include "util/Numbers.h"

@@ -3,8 +3,8 @@
 #include "georef/QgisPoints.h"
 
 #include "georef/Ground.h"
-#include "platform/Errors.h"
 #include "platform/AsciiCase.h"
+#include "platform/Errors.h"
 #include "platform/Paths.h"
 #include "util/Files.h"
 #include "util/Numbers.h"

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "georef/WorldFile.h"
 
-#include "platform/Files.h"
 #include "platform/AsciiCase.h"
+#include "platform/Files.h"
 #include "platform/Paths.h"
 #include "util/Files.h"
 #include "util/Paths.h"

@@ -3,8 +3,8 @@
 #include "render/DrawingScene.h"
 
 #include "drawing/DrawingFile.h"
-#include "platform/Errors.h"
 #include "platform/AsciiCase.h"
+#include "platform/Errors.h"
 #include "platform/Paths.h"
 #include "render/EntityItems.h"
 #include "render/SymbolScenes.h"
