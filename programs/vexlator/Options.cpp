@@ -3,6 +3,7 @@
 #include "Options.h"
 
 #include "platform/AsciiCase.h"
+#include "startup/CommandLine.h"
 
 #include <string_view>
 
@@ -37,14 +38,12 @@ constexpr TaskName taskNames[] = {
 /// These could begin a path, so they have to stand alone.
 constexpr TaskName loneNames[] = {{"help", Task::Help}, {"version", Task::Version}};
 
-constexpr std::string_view yesOption = "--yes";
-
 struct Flag {
     std::string_view name;
     bool Options::*member;
 };
 constexpr Flag flags[] = {
-    {yesOption, &Options::yesToAll}, {"--strict", &Options::strict}, {"--json", &Options::json}};
+    {startup::yesOption, &Options::yesToAll}, {"--strict", &Options::strict}, {"--json", &Options::json}};
 
 bool SetFlag(Options& options, std::string_view argument) {
     for (const Flag& flag : flags) {
@@ -76,19 +75,6 @@ void Append(std::string& text, std::string_view word) {
     text += word;
 }
 
-/// Takes --yes off a command that holds it at one of its ends.
-bool TakeYes(std::string& text) {
-    const std::string before = std::string(yesOption) + " ";
-    const std::string behind = " " + std::string(yesOption);
-    if (text.starts_with(before))
-        text.erase(0, before.size());
-    else if (text.ends_with(behind))
-        text.erase(text.size() - behind.size());
-    else
-        return false;
-    return true;
-}
-
 /// The command, and the options before and behind it.
 Options CommandOptions(Options options, std::span<const char* const> arguments) {
     bool literal = false;
@@ -100,7 +86,7 @@ Options CommandOptions(Options options, std::span<const char* const> arguments) 
         else if (!SetFlag(options, argument))
             Append(options.commandText, platform::SameNoCase(argument, "--quiet") ? "-QUIET" : argument);
     }
-    if (!literal && TakeYes(options.commandText)) options.yesToAll = true;
+    if (!literal && startup::TakeYes(options.commandText)) options.yesToAll = true;
     return options;
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "batch/CommandPaths.h"
 
+#include "import/SourceFiles.h"
 #include "platform/AsciiCase.h"
 #include "platform/FileStamp.h"
 #include "platform/Paths.h"
@@ -59,12 +60,10 @@ CommandPaths PathsOfImport(const startup::Conversions& conversions, std::string_
     std::vector<std::string> sources = startup::FindSources(conversions, startup::ImportArgument(text)).paths;
     if (sources.empty()) return paths;
     std::string folder = util::FolderOf(sources.front());
-    std::string name = util::BaseNameOf(sources.front());
-    if (platform::SameNoCase(util::ExtensionOf(sources.front()), "GZ")) name = util::BaseNameOf(name);
-    paths.drawing = DrawingKey(folder, name);
-    std::string code = platform::UpperAscii(util::ExtensionOf(sources.front()));
-    if (code == "JOB" || code == "PAK")
-        paths.addedTo = platform::NativePath(util::JoinPath(folder, name + ".VDF"));
+    std::string drawing = importer::DrawingPath(sources.front(), folder);
+    paths.drawing = DrawingKey(folder, util::BaseNameOf(drawing));
+    const startup::ImportRow* row = conversions.FindImport(util::ExtensionOf(sources.front()));
+    if (row && row->addsToDrawing) paths.addedTo = platform::NativePath(drawing);
     for (const std::string& source : sources) {
         bool beside = util::FileNameOf(source) == source;
         AddWithCompanions(paths.sources, beside ? util::JoinPath(folder, source) : source);
@@ -89,7 +88,9 @@ std::vector<Source> SourceOf(const std::string& native) {
 }
 
 CommandPaths PathsOf(const startup::Conversions& conversions, std::string_view command) {
-    std::string text = util::ReplaceAll(command, "--yes", "");
+    std::string text(command);
+    while (startup::TakeYes(text)) {
+    }
     startup::TakeQuiet(text);
     startup::TakeExtent(text);
     text = startup::Tidied(conversions, util::Trim(startup::WithoutQuotes(util::Trim(text))));

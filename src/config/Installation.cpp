@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "config/Installation.h"
 
-#include "config/Ini.h"
+#include "platform/Files.h"
 #include "util/Log.h"
 
 namespace vexlator::config {
@@ -14,6 +14,14 @@ std::string Installation::IniFile(std::string_view file) const {
 std::string Installation::ReadIni(std::string_view section, std::string_view key,
                                   std::string_view file) const {
     return ReadIniFile(IniFile(file), section, key);
+}
+
+IniText Installation::Ini() const {
+    try {
+        return IniText(platform::ReadWholeFile(settings_.IniFilePath));
+    } catch (const platform::ReadError&) {
+        return IniText("");
+    }
 }
 
 bool Installation::ReadIniFlag(std::string_view section, std::string_view key, std::string_view file) const {

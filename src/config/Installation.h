@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "config/Ini.h"
 #include "config/SharedSettings.h"
 #include "platform/Clock.h"
 
@@ -25,6 +26,8 @@ public:
     /// The value of a key, "" when it is missing. An empty file means gv.ini. Never cached: a value written
     /// earlier is seen.
     std::string ReadIni(std::string_view section, std::string_view key, std::string_view file = "") const;
+    /// gv.ini as a whole, read once for all of its values; one that is missing has none.
+    IniText Ini() const;
     /// On only when the value is exactly "1".
     bool ReadIniFlag(std::string_view section, std::string_view key, std::string_view file = "") const;
     /// The path text of the file that an empty one means.

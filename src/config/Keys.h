@@ -87,8 +87,9 @@ int NumberOf(const Key& key, std::string_view value);
 template <typename Settings>
 Settings ReadKeys(const Installation& installation, std::span<const KeyOf<Settings>> keys,
                   Settings settings = {}) {
+    const IniText ini = installation.Ini();
     for (const KeyOf<Settings>& key : keys) {
-        std::string value = installation.ReadIni(key.section, key.name);
+        std::string_view value = ini.Value(key.section, key.name);
         if (auto flag = std::get_if<bool Settings::*>(&key.member))
             settings.*(*flag) = IsOn(key, value);
         else if (value.empty())
@@ -96,7 +97,7 @@ Settings ReadKeys(const Installation& installation, std::span<const KeyOf<Settin
         else if (auto number = std::get_if<int Settings::*>(&key.member))
             settings.*(*number) = NumberOf(key, value);
         else
-            settings.*std::get<std::string Settings::*>(key.member) = std::move(value);
+            settings.*std::get<std::string Settings::*>(key.member) = value;
     }
     return settings;
 }

@@ -4,15 +4,14 @@
 
 #include "platform/Paths.h"
 #include "util/Files.h"
-#include "util/Paths.h"
 
 namespace vexlator::importer {
 
 using Status = config::Outcome::Status;
 
-void ImportRun::Begin(std::string_view folder, std::string_view name, Existing existing) {
+void ImportRun::Begin(std::string_view sourcePath, std::string_view folder, Existing existing) {
     view_ = run_.Ui().ShowForm(form_);
-    outcome_.target = util::JoinPath(folder, std::string(name) + ".VDF");
+    outcome_.target = DrawingPath(sourcePath, folder);
     sink_.SetPath(outcome_.target);
     if (existing == Existing::AddedTo && util::FileSize(outcome_.target) > 0)
         sink_.Drawing().open(outcome_.target);

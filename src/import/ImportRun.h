@@ -20,10 +20,9 @@ public:
 
     ImportRun(config::Run& run, std::string_view form) : run_(run), form_(form) {}
 
-    /// Shows the form. The drawing will be `folder`/`name`.VDF; one that is there is opened when it is added
-    /// to.
+    /// Shows the form. The drawing is that of DrawingPath(); one that is there is opened when it is added to.
     /// @throws platform::ReadError for such a drawing
-    void Begin(std::string_view folder, std::string_view name, Existing existing = Existing::Replaced);
+    void Begin(std::string_view sourcePath, std::string_view folder, Existing existing = Existing::Replaced);
     /// Calls `importFile(path)` for `sourcePath` and the files of `fileList` (see SourceFiles()); false from
     /// it means that something was left out.
     template <typename ImportFile>

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "import/SourceFiles.h"
 
+#include "platform/AsciiCase.h"
 #include "util/Paths.h"
 
 #include <algorithm>
@@ -18,6 +19,13 @@ std::vector<std::string> SourceFiles(std::string_view sourcePath, std::string_vi
         paths.push_back(hasFolder ? std::string(name) : util::JoinPath(util::FolderOf(sourcePath), name));
     }
     return paths;
+}
+
+std::string DrawingPath(std::string_view sourcePath, std::string_view folder) {
+    std::string name = util::BaseNameOf(sourcePath), extension = util::ExtensionOf(sourcePath);
+    bool isGml = platform::SameNoCase(extension, "gml") || platform::SameNoCase(extension, "gz");
+    if (isGml && platform::SameNoCase(util::ExtensionOf(name), "gml")) name = util::BaseNameOf(name);
+    return util::JoinPath(folder, name + ".VDF");
 }
 
 std::optional<platform::MappedFile> OpenFile(std::string_view path, ui::UserInterface& show) {

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "render/LineTypes.h"
-#include "render/Placement.h"
+#include "util/Placement.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,6 +13,9 @@
 
 /// Lines and rings in pixels: as few points as show the same, and none far outside the picture.
 namespace vexlator::render {
+
+using util::Placement;
+using util::PlanePoint;
 
 using Course = std::vector<PlanePoint>;
 

@@ -88,7 +88,7 @@ void ItemPainter::PaintCourse(const Pen& pen, const Placement& toPixels) {
     if (pen.line == 0 || course_.empty()) return;
     if (pen.lineType == 0) return Stroke(course_, pen);
     const LineType& type = LineTypeOf(pen.lineType);
-    double pixelsPerUnit = type.onGround ? toPixels.Scale() : options_.pixelsPerMillimetre;
+    double pixelsPerUnit = type.onGround ? toPixels.LargerScale() : options_.pixelsPerMillimetre;
     Pattern pattern(type, pixelsPerUnit);
     if (!pattern.IsVisible()) return Stroke(course_, pen);
     PaintPattern(pattern, pen, pixelsPerUnit);
@@ -137,7 +137,7 @@ void ItemPainter::PaintCurve(const Scene& scene, const Scene::Item& curve, const
         sweep = std::fmod(vertices[2].y - start, wholeTurn);
         if (sweep <= 0) sweep += wholeTurn;
     }
-    CurveOf(vertices[0], vertices[1].x, start, sweep, toPixels.Scale(), curve_);
+    CurveOf(vertices[0], vertices[1].x, start, sweep, toPixels.LargerScale(), curve_);
     Project(curve_, toPixels, tolerance_, false, course_);
     if (pen.fill != 0) FillRing();
     PaintCourse(pen, toPixels);
@@ -195,7 +195,7 @@ void ItemPainter::PaintSymbol(const Scene& scene, const Scene::Item& symbol, con
     const Scene& content = scene.SymbolOf(symbol);
     Placement inner = toPixels.After({vertices[1], vertices[2], vertices[0]});
     const Box& box = content.Extents();
-    double size = std::max(box.maxX - box.minX, box.maxY - box.minY) * inner.Scale();
+    double size = std::max(box.maxX - box.minX, box.maxY - box.minY) * inner.LargerScale();
     if (!(size >= leastSymbol)) return PaintDot(toPixels(vertices[0]), pen);
     PaintInColour(content, inner, pen.line);
 }
@@ -212,7 +212,7 @@ void ItemPainter::UseFont() {
 
 void ItemPainter::PaintText(const Text& text, PlanePoint at, double height, double rotation, Argb colour,
                             const Placement& toPixels) {
-    double pixels = height * toPixels.Scale();
+    double pixels = height * toPixels.LargerScale();
     PlanePoint pixel = toPixels(at);
     double reach = pixels * double(text.characters.size() + 1);
     if (options_.isCoarse || !(pixels > 0.2 && pixels < mostText) || !part_.Grown(reach).Holds(pixel)) return;

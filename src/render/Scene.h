@@ -5,7 +5,7 @@
 #include "drawing/Drawing.h"
 #include "drawing/PodVector.h"
 #include "render/Palette.h"
-#include "render/Placement.h"
+#include "util/Placement.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -16,6 +16,9 @@
 #include <vector>
 
 namespace vexlator::render {
+
+using util::Placement;
+using util::PlanePoint;
 
 using drawing::Box;
 

@@ -3,13 +3,16 @@
 #pragma once
 
 #include "render/Palette.h"
-#include "render/Placement.h"
+#include "util/Placement.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <span>
 
 namespace vexlator::render {
+
+using util::Placement;
+using util::PlanePoint;
 
 /// Draws lines of one pixel, and dots, into rows of an image of 32-bit pixels (premultiplied, 0xAARRGGBB).
 /// Most lines of a map are of this kind, and a painter that is made for lines of any width takes ten times

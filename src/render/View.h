@@ -3,9 +3,12 @@
 #pragma once
 
 #include "drawing/Drawing.h"
-#include "render/Placement.h"
+#include "util/Placement.h"
 
 namespace vexlator::render {
+
+using util::Placement;
+using util::PlanePoint;
 
 using drawing::Box;
 

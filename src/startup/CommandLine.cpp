@@ -72,6 +72,18 @@ std::vector<GoOption> GoOptions(std::string_view goCommand) {
     return options;
 }
 
+bool TakeYes(std::string& text) {
+    const std::string before = std::string(yesOption) + " ";
+    const std::string behind = " " + std::string(yesOption);
+    if (text.starts_with(before))
+        text.erase(0, before.size());
+    else if (text.ends_with(behind))
+        text.erase(text.size() - behind.size());
+    else
+        return false;
+    return true;
+}
+
 bool TakeQuiet(std::string& text) {
     bool quiet = util::InStrNoCase(text, quietSwitch) > 0;
     text = util::ReplaceAll(text, quietSwitch, "");

@@ -33,6 +33,10 @@ std::vector<GoOption> GoOptions(std::string_view goCommand);
 /// and no blank with it.
 bool TakeQuiet(std::string& text);
 
+constexpr std::string_view yesOption = "--yes";
+/// Takes --yes off a command that holds it at one of its ends; false when none does.
+bool TakeYes(std::string& text);
+
 /// The extent of a block such as "?BOX 1,2,3,4 ?", which is taken out of the text; blanks at the ends of what
 /// is left go too. Nothing, and the text unchanged, when there is no block or it is not closed. One character
 /// before the closing "?" belongs to the block, not to the extent: "?BOX1,2,3,4?" ends in 0, not in 4.

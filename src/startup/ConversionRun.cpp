@@ -3,6 +3,7 @@
 #include "startup/ConversionRun.h"
 
 #include "drawing/DrawingFile.h"
+#include "import/SourceFiles.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Signals.h"
@@ -118,13 +119,6 @@ std::string MeantExport(const Conversions& conversions, const ExportCommand& com
     return "; formats are " + conversions.ExportList();
 }
 
-/// The drawing that an import makes.
-std::string DrawingOf(const ImportCommand& command) {
-    std::string name = util::BaseNameOf(command.sourcePath);
-    if (command.code == "GZ") name = util::BaseNameOf(name);
-    return util::JoinPath(command.sourceFolder, name + ".VDF");
-}
-
 /// Does what a signal may stop, and then says what that leaves.
 ExitStatus Stoppable(config::Run& run, const std::string& left, const std::function<ExitStatus()>& work) {
     try {
@@ -203,13 +197,16 @@ ExitStatus RunImport(config::Run& run, const Conversions& conversions, std::stri
     if (run.Options().extent.IsSet() && row->form != "frmFromFMO")
         run.Ui().Report("?BOX limits imports of databases only; " + platform::NativePath(command.sourcePath) +
                         " is read whole");
-    return Stoppable(run, platform::NativePath(DrawingOf(command)) + " is as it was", [&] {
-        RemoveLeftovers(run, command.sourceFolder);
-        run.Outcome() = row->call(run, command);
-        // A drawing is saved even when one of several files could not be read.
-        if (!run.Outcome().target.empty()) Summarise(run, "imported " + command.code);
-        return StatusOf(run.Outcome());
-    });
+    return Stoppable(run,
+                     platform::NativePath(importer::DrawingPath(command.sourcePath, command.sourceFolder)) +
+                         " is as it was",
+                     [&] {
+                         RemoveLeftovers(run, command.sourceFolder);
+                         run.Outcome() = row->call(run, command);
+                         // A drawing is saved even when one of several files could not be read.
+                         if (!run.Outcome().target.empty()) Summarise(run, "imported " + command.code);
+                         return StatusOf(run.Outcome());
+                     });
 }
 
 ExitStatus RunExport(config::Run& run, const Conversions& conversions, std::string_view text) {

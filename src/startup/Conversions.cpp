@@ -65,10 +65,10 @@ constexpr std::array importRows{
     ImportRow{"GZ", "GML, also compressed", "frmFromGML", Import<importer::frmFromGML>},
     ImportRow{"CSV", "tables of points", "frmFromCSV", Import<importer::frmFromCSV>},
     ImportRow{"TXT", "tables of points", "frmFromCSV", Import<importer::frmFromCSV>},
-    ImportRow{"FMO", "database tables", "frmFromFMO", Import<importer::frmFromFMO>},
+    ImportRow{"FMO", "database tables", "frmFromFMO", Import<importer::frmFromFMO>, true},
     ImportRow{"TPK", "tablet packages", "frmFromFMO", ImportTablet},
-    ImportRow{"JOB", "device jobs", "frmFromJOB", Import<importer::frmFromJOB>},
-    ImportRow{"PAK", "device jobs", "frmFromJOB", Import<importer::frmFromJOB>},
+    ImportRow{"JOB", "device jobs", "frmFromJOB", Import<importer::frmFromJOB>, true},
+    ImportRow{"PAK", "device jobs", "frmFromJOB", Import<importer::frmFromJOB>, true},
 };
 
 constexpr std::array exportRows{

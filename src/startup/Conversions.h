@@ -21,6 +21,7 @@ struct ImportRow {
     std::string_view words;  ///< what is read, for people; rows with the same words follow each other
     std::string_view form;   ///< name of the conversion form
     ImportCall call;
+    bool addsToDrawing = false;  ///< to one that is there, so that a second import doubles what it brings
 };
 
 struct ExportRow {

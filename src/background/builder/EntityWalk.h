@@ -7,12 +7,12 @@
 #include "background/builder/BuildSettings.h"
 #include "background/builder/FeatureHeaders.h"
 #include "background/builder/Outline.h"
-#include "background/builder/Placement.h"
 #include "background/builder/Symbols.h"
 #include "background/package/PackageWriter.h"
 #include "background/styling/AnnotationText.h"
 #include "config/Run.h"
 #include "drawing/DrawingFile.h"
+#include "util/Placement.h"
 
 #include <cstdint>
 #include <optional>
@@ -20,6 +20,8 @@
 #include <vector>
 
 namespace vexlator::background {
+
+using util::Placement;
 
 /// Takes the entities of a drawing to a package: first those that are written as they stand, in order; then
 /// what symbols and curves among them are made of, again in order; then what is in the symbols of symbols,

@@ -2,14 +2,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "background/builder/Placement.h"
 #include "drawing/Drawing.h"
 #include "util/Geometry.h"
+#include "util/Placement.h"
 
 #include <span>
 #include <vector>
 
 namespace vexlator::background {
+
+using util::Placement;
 
 /// The course of a polyline, or of a curve turned into one, as a package takes it.
 class Outline {

@@ -2,15 +2,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "background/builder/Placement.h"
 #include "drawing/Drawing.h"
 #include "ui/UserInterface.h"
+#include "util/Placement.h"
 
 #include <memory>
 #include <string_view>
 #include <unordered_map>
 
 namespace vexlator::background {
+
+using util::Placement;
 
 /// The contents of the symbols that inserts refer to, each unpacked when it is first needed.
 class Symbols {

@@ -23,7 +23,7 @@ frmFromCSV::frmFromCSV(config::Run& run)
 
 config::Outcome frmFromCSV::Start(std::string_view sourcePath, std::string_view sourceFolder,
                                   std::string_view fileList) {
-    import_.Begin(sourceFolder, util::BaseNameOf(sourcePath));
+    import_.Begin(sourcePath, sourceFolder);
     import_.ForEachSource(sourcePath, fileList, [&](const std::string& path) { return ImportCsvFile(path); });
     return import_.Finish();
 }

@@ -89,7 +89,7 @@ frmFromFMO::~frmFromFMO() = default;
 
 config::Outcome frmFromFMO::Start(std::string_view sourcePath, std::string_view sourceFolder,
                                   std::string_view fileList) {
-    import_.Begin(sourceFolder, util::BaseNameOf(sourcePath), ImportRun::Existing::AddedTo);
+    import_.Begin(sourcePath, sourceFolder, ImportRun::Existing::AddedTo);
     import_.ForEachSource(sourcePath, fileList, [&](const std::string& path) {
         try {
             files_.push_back(database::ReadFmoFile(path));
@@ -105,7 +105,7 @@ config::Outcome frmFromFMO::Start(std::string_view sourcePath, std::string_view 
 
 config::Outcome frmFromFMO::StartTablet(std::string_view packagePath, std::string_view sourceFolder,
                                         std::string& fileList) {
-    import_.Begin(sourceFolder, util::BaseNameOf(packagePath));
+    import_.Begin(packagePath, sourceFolder);
     TabletPackage package(run_, packagePath);
     fileList.clear();
     std::string database = package.DatabaseName();

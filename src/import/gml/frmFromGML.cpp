@@ -15,13 +15,6 @@ namespace vexlator::importer {
 
 namespace {
 
-/// "Roads" for Roads.GML and for Roads.gml.gz.
-std::string DrawingNameOf(std::string_view path) {
-    std::string name = util::BaseNameOf(path);
-    bool isGml = util::InStrNoCase(util::ExtensionOf(name), "gml") == 1;
-    return isGml ? util::BaseNameOf(name) : name;
-}
-
 struct IniOptions {
     std::string fullRings;
     int megabytes = 0;
@@ -50,7 +43,7 @@ GmlOptions OptionsOf(const config::Run& run) {
 
 config::Outcome frmFromGML::Start(std::string_view sourcePath, std::string_view sourceFolder,
                                   std::string_view fileList) {
-    import_.Begin(sourceFolder, DrawingNameOf(sourcePath));
+    import_.Begin(sourcePath, sourceFolder);
     import_.ForEachSource(sourcePath, fileList, [&](const std::string& path) { return ImportGmlFile(path); });
     import_.View().SetLabel("Completed!");
     return import_.Finish();

@@ -56,7 +56,7 @@ void ReportLeftOut(ui::UserInterface& ui, const std::string& file, const JobTabl
 
 config::Outcome frmFromJOB::Start(std::string_view sourcePath, std::string_view sourceFolder,
                                   std::string_view fileList) {
-    import_.Begin(sourceFolder, util::BaseNameOf(sourcePath), ImportRun::Existing::AddedTo);
+    import_.Begin(sourcePath, sourceFolder, ImportRun::Existing::AddedTo);
     std::uint64_t before = drawing_.entityCount();
     std::vector<std::string> paths = SourceFiles(sourcePath, fileList);
     bool isOfSameJob =

@@ -47,7 +47,7 @@ void GenerateTemplate(config::Run& run, const std::string& code, const MifHeader
 
 config::Outcome frmFromMID::Start(std::string_view sourcePath, std::string_view sourceFolder,
                                   std::string_view fileList) {
-    import_.Begin(sourceFolder, util::BaseNameOf(sourcePath));
+    import_.Begin(sourcePath, sourceFolder);
     import_.ForEachSource(sourcePath, fileList, [&](const std::string& path) { return ImportMifFile(path); });
     return import_.Finish();
 }

@@ -58,7 +58,7 @@ std::string frmFromSHP::mkCodeNameFromFile(std::string_view path) {
 
 config::Outcome frmFromSHP::Start(std::string_view sourcePath, std::string_view sourceFolder,
                                   std::string_view fileList) {
-    import_.Begin(sourceFolder, util::BaseNameOf(sourcePath));
+    import_.Begin(sourcePath, sourceFolder);
     import_.ForEachSource(sourcePath, fileList,
                           [&](const std::string& path) { return ImportShapefile(path); });
     import_.View().SetLabel("Completed!");
