@@ -1,18 +1,21 @@
 # vexlator_library(NAME [SUBFOLDERS] [PRECOMPILED HEADERS] [LINK ...] [PRIVATE_LINK ...])
 #
-# One library per folder of src/, called vexlator_<folder>, made of all .cpp files in it (with SUBFOLDERS, of
+# One library per folder of src/, called vexlator_<folder> ("_" for "/"), made of all .cpp files in it (with SUBFOLDERS, of
 # the folders below it too). A folder with headers only is an interface library. Its public include path is a folder of the
-# build tree that holds nothing but a link to the source folder, so that `#include "util/Text.h"` compiles
+# build tree that holds nothing but links to the headers of the source folder, so that `#include "util/Text.h"` compiles
 # only where vexlator_util is linked: a forbidden include fails to build.
 function(vexlator_library name)
   cmake_parse_arguments(ARG "SUBFOLDERS" "PRECOMPILED" "LINK;PRIVATE_LINK" ${ARGN})
-  if(ARG_SUBFOLDERS)
-    file(GLOB_RECURSE sources CONFIGURE_DEPENDS "*.cpp")
-  else()
-    file(GLOB sources CONFIGURE_DEPENDS "*.cpp")
-  endif()
-  set(target vexlator_${name})
   string(REPLACE "_" "/" folder "${name}")
+  set(source "${PROJECT_SOURCE_DIR}/src/${folder}")
+  if(ARG_SUBFOLDERS)
+    set(glob GLOB_RECURSE)
+  else()
+    set(glob GLOB)
+  endif()
+  file(${glob} sources CONFIGURE_DEPENDS "${source}/*.cpp")
+  file(${glob} headers CONFIGURE_DEPENDS RELATIVE "${source}" "${source}/*.h")
+  set(target vexlator_${name})
   if(sources)
     add_library(${target} STATIC ${sources})
     vexlator_settings_alone(${sources})
@@ -23,16 +26,20 @@ function(vexlator_library name)
     set(scope INTERFACE)
   endif()
   set(include "${CMAKE_BINARY_DIR}/include/${name}")
-  cmake_path(GET folder PARENT_PATH parent)
-  file(MAKE_DIRECTORY "${include}/${parent}")
-  file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}" "${include}/${folder}" SYMBOLIC)
+  file(REMOVE_RECURSE "${include}")
+  foreach(header ${headers})
+    cmake_path(SET link "${include}/${folder}/${header}")
+    cmake_path(GET link PARENT_PATH parent)
+    file(MAKE_DIRECTORY "${parent}")
+    file(CREATE_LINK "${source}/${header}" "${link}" SYMBOLIC)
+  endforeach()
   target_include_directories(${target} ${scope} "${include}")
   target_link_libraries(${target} ${scope} ${ARG_LINK})
   if(ARG_PRIVATE_LINK AND sources)
     target_link_libraries(${target} PRIVATE ${ARG_PRIVATE_LINK})
   endif()
   if(VEXLATOR_HEADERS)
-    vexlator_headers_alone(${target} ${folder} ${ARG_PRIVATE_LINK})
+    vexlator_headers_alone(${target} ${folder} "${headers}" ${ARG_PRIVATE_LINK})
   endif()
 endfunction()
 
@@ -46,14 +53,13 @@ function(vexlator_settings_alone)
   endforeach()
 endfunction()
 
-# Compiles every header of the current folder (and the folders below it) in a file of its own. The further arguments are
-# what the library links for itself: headers that stay inside it may use that too.
-function(vexlator_headers_alone target folder)
-  file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" "*.h")
+# Compiles every header of a library in a file of its own. The further arguments are what the library links for itself:
+# headers that stay inside it may use that too.
+function(vexlator_headers_alone target folder headers)
   set(sources "")
   foreach(header ${headers})
     string(REPLACE "/" "_" flat "${header}")
-    set(source "${CMAKE_CURRENT_BINARY_DIR}/headers/${flat}.cpp")
+    set(source "${CMAKE_CURRENT_BINARY_DIR}/headers/${target}/${flat}.cpp")
     file(CONFIGURE OUTPUT "${source}" CONTENT "#include \"${folder}/${header}\"\n")
     list(APPEND sources "${source}")
   endforeach()

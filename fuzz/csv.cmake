@@ -1,1 +1,1 @@
-vexlator_fuzz(csv LINK vexlator_import)
+vexlator_fuzz(csv LINK vexlator_formats_csv)

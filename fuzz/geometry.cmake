@@ -1,1 +1,1 @@
-vexlator_fuzz(geometry LINK vexlator_formats)
+vexlator_fuzz(geometry LINK vexlator_formats_fmo)

@@ -1,1 +1,1 @@
-vexlator_fuzz(gml LINK vexlator_import)
+vexlator_fuzz(gml LINK vexlator_formats_gml)

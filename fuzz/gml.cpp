@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 // Any bytes are features or an error, and a feature's parts are its points in order, none of them empty.
-#include "import/gml/GmlReader.h"
+#include "formats/gml/GmlReader.h"
 #include "platform/Errors.h"
 
 #include <cstdint>
@@ -13,7 +13,7 @@ using namespace vexlator;
 
 namespace {
 
-void Check(const importer::GmlFeature& feature) {
+void Check(const formats::GmlFeature& feature) {
     for (std::size_t part = 0; part < feature.parts.size(); ++part) {
         if (feature.parts[part].begin >= feature.PartEnd(part)) std::abort();
         if (feature.parts[part].surface > feature.surfaces) std::abort();
@@ -22,9 +22,9 @@ void Check(const importer::GmlFeature& feature) {
     if (feature.parts.empty() && !feature.points.empty()) std::abort();
 }
 
-void Read(std::span<const std::byte> bytes, const importer::GmlOptions& options) {
+void Read(std::span<const std::byte> bytes, const formats::GmlOptions& options) {
     try {
-        importer::OpenedGml gml = importer::OpenGml(bytes, options);
+        formats::OpenedGml gml = formats::OpenGml(bytes, options);
         gml.reader->ReadFeatures(Check);
         if (gml.reader->Consumed() > bytes.size()) std::abort();
     } catch (const platform::ReadError&) {

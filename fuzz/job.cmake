@@ -1,1 +1,1 @@
-vexlator_fuzz(job LINK vexlator_import)
+vexlator_fuzz(job LINK vexlator_import_job)

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
+#include "formats/job/SupersededRecords.h"
 #include "import/job/JobToDrawing.h"
-#include "import/job/SupersededRecords.h"
 #include "platform/Errors.h"
 #include "support/TestUi.h"
 
@@ -33,8 +33,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     drawing::Drawing drawing;
     importer::JobToDrawing importer(run, drawing, {.importQA = true, .forceClose = size % 2 == 0});
     try {
-        importer::JobTable table(text);
-        importer::ResolveSupersededRecords(table);
+        formats::JobTable table(text);
+        formats::ResolveSupersededRecords(table);
         Check(drawing, importer.ImportRecords(table, "J.JOB", *ui.ShowForm("")), size);
     } catch (const platform::ReadError& error) {
         Expect(!error.Place().empty());

@@ -1,1 +1,1 @@
-vexlator_fuzz(mif LINK vexlator_import vexlator_drawing vexlator_ui)
+vexlator_fuzz(mif LINK vexlator_import_mif vexlator_drawing vexlator_ui)

@@ -43,16 +43,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     NoOne person;
     drawing::Drawing drawing;
-    importer::MifLines lines(text.substr(0, parting), "");
-    importer::MifHeader header;
+    formats::MifLines lines(text.substr(0, parting), "");
+    std::optional<formats::MifHeader> header;
     try {
-        header = importer::ReadMifHeader(lines);
-        importer::MifToDrawing objects({drawing, person, "default", (data[0] & 1) != 0}, header, lines, mid);
+        header = formats::ReadMifHeader(lines);
+        if (!header) return 0;
+        importer::MifToDrawing objects({drawing, person, "default", (data[0] & 1) != 0}, *header, lines, mid);
         while (objects.ReadObject()) {
         }
         objects.ShowRemainingRows();
     } catch (const platform::ReadError&) {
     }
-    drawing.forEach([&](drawing::Entity entity) { Check(entity, header.columns.size()); });
+    if (!header) return 0;
+    drawing.forEach([&](drawing::Entity entity) { Check(entity, header->columns.size()); });
     return 0;
 }

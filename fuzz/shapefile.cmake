@@ -1,1 +1,1 @@
-vexlator_fuzz(shapefile LINK vexlator_import vexlator_export vexlator_drawing vexlator_config vexlator_platform)
+vexlator_fuzz(shapefile LINK vexlator_import_shapefile vexlator_export_shapefile vexlator_drawing vexlator_config vexlator_platform)

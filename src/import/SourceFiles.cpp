@@ -37,4 +37,11 @@ std::optional<platform::MappedFile> OpenFile(std::string_view path, ui::UserInte
     }
 }
 
+std::optional<platform::MappedFile> OpenTextSource(std::string_view path, ui::UserInterface& show) {
+    auto file = OpenFile(path, show);
+    if (!file || !file->Bytes().empty()) return file;
+    show.ShowMessage("Error Opening " + file->Name() + "\nThe file is empty");
+    return std::nullopt;
+}
+
 }  // namespace vexlator::importer

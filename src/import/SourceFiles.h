@@ -24,4 +24,7 @@ std::string DrawingPath(std::string_view sourcePath, std::string_view folder);
 /// line end and the system's reason are shown.
 std::optional<platform::MappedFile> OpenFile(std::string_view path, ui::UserInterface& show);
 
+/// The same; a file that is empty does not open either.
+std::optional<platform::MappedFile> OpenTextSource(std::string_view path, ui::UserInterface& show);
+
 }  // namespace vexlator::importer

@@ -12,7 +12,7 @@
 #include "export/photos/Photos.h"
 #include "export/shapefile/ShapefileSettings.h"
 #include "gpx/GpxSettings.h"
-#include "import/csv/CsvColumns.h"
+#include "import/csv/CsvImportSettings.h"
 #include "import/gml/frmFromGML.h"
 #include "import/job/JobSettings.h"
 #include "import/mif/frmFromMID.h"

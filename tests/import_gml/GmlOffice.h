@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "coords/AxisCount.h"
 #include "drawing/Drawing.h"
+#include "formats/gml/GmlReader.h"
 #include "import/gml/GmlEntities.h"
-#include "import/gml/GmlReader.h"
 #include "import/gml/frmFromGML.h"
 #include "support/Installation.h"
 #include "util/Numbers.h"
@@ -54,12 +55,12 @@ struct GmlOffice : Installation {
     std::string Import(std::string_view bytes, std::optional<bool> fullRings = std::nullopt) {
         imported.clear();
         ui.messages.clear();
-        importer::OpenedGml gml =
-            importer::OpenGml(std::as_bytes(std::span(bytes)), {.fullRings = fullRings});
+        formats::OpenedGml gml = formats::OpenGml(std::as_bytes(std::span(bytes)),
+                                                  {.fullRings = fullRings, .axisCount = coords::AxisCount});
         importer::GmlEntities entities(run, imported);
         entities.BeginFile(gml.lineLayout);
         gml.reader->ReadFeatures(
-            [&](const importer::GmlFeature& feature) { entities.Add(feature, gml.reader->Consumed()); });
+            [&](const formats::GmlFeature& feature) { entities.Add(feature, gml.reader->Consumed()); });
         damage = entities.FirstDamage();
         return Entities();
     }

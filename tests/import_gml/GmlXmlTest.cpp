@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "import/gml/ByteBlocks.h"
-#include "import/gml/XmlParser.h"
+#include "formats/gml/ByteBlocks.h"
+#include "formats/gml/XmlParser.h"
 #include "import_gml/GmlOffice.h"
 #include "platform/Errors.h"
 
@@ -244,7 +244,7 @@ TEST(GmlXml, WhatIsWellFormed) {
 }
 
 /// Blocks of a document that is one text.
-struct LongText : importer::ByteBlocks {
+struct LongText : formats::ByteBlocks {
     std::string_view Next() override {
         if (count == 0) return std::exchange(end, "");
         return --count == most - 1 ? "<c>" : std::string_view(block);
@@ -258,8 +258,8 @@ struct LongText : importer::ByteBlocks {
 };
 
 TEST(GmlXml, LongTextComesInPieces) {
-    struct : importer::XmlHandler {
-        void StartElement(std::string_view, importer::XmlAttributes) override {}
+    struct : formats::XmlHandler {
+        void StartElement(std::string_view, formats::XmlAttributes) override {}
         void EndElement() override {}
         void Text(std::string_view text) override {
             longest = std::max(longest, text.size());
@@ -268,9 +268,9 @@ TEST(GmlXml, LongTextComesInPieces) {
         std::size_t longest = 0, size = 0;
     } handler;
     LongText text;
-    importer::ParseXml(text, handler);
-    EXPECT_EQ(handler.size, (LongText::most - 1) * importer::ByteBlocks::blockSize);
-    EXPECT_LE(handler.longest, importer::ByteBlocks::blockSize);
+    formats::ParseXml(text, handler);
+    EXPECT_EQ(handler.size, (LongText::most - 1) * formats::ByteBlocks::blockSize);
+    EXPECT_LE(handler.longest, formats::ByteBlocks::blockSize);
 }
 
 TEST(GmlXml, TextMayBeCutAnywhere) {
@@ -282,7 +282,7 @@ TEST(GmlXml, TextMayBeCutAnywhere) {
                    " 7</gml:posList></gml:LineString></a:F></m:member>";
         entities += "F " + n + ".25,1 " + n + ",7 n=v" + n + "\n";
     }
-    ASSERT_GT(members.size(), 3 * importer::ByteBlocks::blockSize);
+    ASSERT_GT(members.size(), 3 * formats::ByteBlocks::blockSize);
     GmlOffice office;
     EXPECT_EQ(office.Import(Collection(members)), entities);
 }

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "config/Run.h"
 #include "drawing/Drawing.h"
-#include "import/RowReader.h"
-#include "import/mif/MifHeader.h"
+#include "formats/RowReader.h"
+#include "formats/mif/MifHeader.h"
 #include "import/mif/frmFromMID.h"
 #include "support/ImportOffice.h"
 
@@ -188,7 +188,7 @@ TEST(MifImport, RowsOfStrayQuotesCostWhatTheyHold) {
     for (std::string line : {"a\",x,\"\n", "\",a\",\"\n"}) {  // ends inside quotes, wherever it begins
         std::string text;
         for (int i = 0; i < 1000000; ++i) text += line;
-        importer::RowReader rows(text, ",");
+        formats::RowReader rows(text, ",");
         while (!rows.AtEnd()) rows.ReadRow();
         EXPECT_EQ(rows.Line(), 1000000U);
     }

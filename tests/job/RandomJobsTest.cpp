@@ -1,13 +1,16 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
+#include "formats/job/SupersededRecords.h"
 #include "import/job/JobToDrawing.h"
-#include "import/job/SupersededRecords.h"
 #include "job/JobTest.h"
 
 #include <random>
 #include <xxhash.h>
 
 namespace vexlator::importer {
+
+using namespace formats;
+
 namespace {
 
 /// Small jobs in which everything meets everything: few numbers, few codes, many of them alike.

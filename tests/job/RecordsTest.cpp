@@ -1,12 +1,15 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
+#include "formats/job/SupersededRecords.h"
 #include "import/job/JobToDrawing.h"
 #include "import/job/RecordAttributes.h"
-#include "import/job/SupersededRecords.h"
 #include "job/JobTest.h"
 #include "support/Errors.h"
 
 namespace vexlator::importer {
+
+using namespace formats;
+
 namespace {
 
 class JobRecords : public test::JobTest {

@@ -47,8 +47,10 @@ formats::MifWriter MakeWriter(const MifSettings& settings, const ExportLayer& la
                               platform::OutputSet& files) {
     std::vector<std::string> names{settings.coordSys};
     for (const MifColumn& column : columns) names.push_back(column.name);
-    return {files.Add(basePath + ".MIF"), files.Add(basePath + ".MID"),
-            formats::MifHeader{settings.coordSys, columns, EncodingFor(layer, names)}};
+    formats::MifHeader header;
+    header.coordSys = settings.coordSys;
+    header.columns = columns;
+    return {files.Add(basePath + ".MIF"), files.Add(basePath + ".MID"), header, EncodingFor(layer, names)};
 }
 
 }  // namespace

@@ -20,14 +20,15 @@ std::string_view CharsetName(TextEncoding encoding) {
 
 }  // namespace
 
-MifWriter::MifWriter(platform::OutputFile& mif, platform::OutputFile& mid, const MifHeader& header)
-    : mif_(mif), mid_(mid), encoder_(header.encoding) {
+MifWriter::MifWriter(platform::OutputFile& mif, platform::OutputFile& mid, const MifHeader& header,
+                     TextEncoding encoding)
+    : mif_(mif), mid_(mid), encoder_(encoding) {
     WriteHeader(header);
 }
 
 void MifWriter::WriteHeader(const MifHeader& header) {
     std::string text = "Version 450\r\nCharset \"";
-    text.append(CharsetName(header.encoding)).append("\"\r\nDelimiter \",\"\r\nIndex 1\r\n");
+    text.append(CharsetName(encoder_.Encoding())).append("\"\r\nDelimiter \",\"\r\nIndex 1\r\n");
     text.append(header.coordSys).append("\r\nColumns ").append(std::to_string(header.columns.size()));
     text += "\r\n";
     for (const MifColumn& column : header.columns)

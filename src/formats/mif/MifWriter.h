@@ -3,6 +3,7 @@
 #pragma once
 
 #include "formats/TextEncoding.h"
+#include "formats/mif/MifHeader.h"
 #include "platform/Files.h"
 #include "util/Geometry.h"
 
@@ -16,22 +17,14 @@
 /// MapInfo interchange format.
 namespace vexlator::formats {
 
-struct MifColumn {
-    std::string name;  ///< without blanks
-    std::string type;  ///< as in "Char(32)"
-};
-
-struct MifHeader {
-    std::string coordSys;  ///< the whole line
-    std::vector<MifColumn> columns;
-    TextEncoding encoding = TextEncoding::Windows1252;  ///< the header tells it
-};
-
 /// Writes objects and their rows into two files that the caller commits: an object, its values, EndRow().
-/// Lines end in CR LF, coordinates have three decimals. @throws platform::WriteError
+/// The header gets the
+/// character set of the encoding, whatever it names. Lines end in CR LF, coordinates have three decimals.
+/// @throws platform::WriteError
 class MifWriter {
 public:
-    MifWriter(platform::OutputFile& mif, platform::OutputFile& mid, const MifHeader& header);
+    MifWriter(platform::OutputFile& mif, platform::OutputFile& mid, const MifHeader& header,
+              TextEncoding encoding);
 
     /// An object without geometry.
     void AddNone();

@@ -4,9 +4,10 @@
 
 #include "drawing/AttributeTemplate.h"
 #include "drawing/SymbolBlock.h"
+#include "formats/SourceText.h"
 #include "import/FeatureCode.h"
 #include "import/FeatureLayer.h"
-#include "import/TextSource.h"
+#include "import/SourceFiles.h"
 #include "util/Files.h"
 #include "util/Numbers.h"
 #include "util/Paths.h"
@@ -18,8 +19,8 @@ frmFromCSV::frmFromCSV(config::Run& run)
     : run_(run),
       import_(run, "frmFromCSV"),
       drawing_(import_.Drawing()),
-      settings_(ReadCsvSettings(run)),
-      columns_(settings_) {}
+      settings_(ReadCsvImportSettings(run)),
+      columns_(settings_.table) {}
 
 config::Outcome frmFromCSV::Start(std::string_view sourcePath, std::string_view sourceFolder,
                                   std::string_view fileList) {
@@ -44,10 +45,11 @@ bool frmFromCSV::ImportTable(const std::string& code, platform::MappedFile& file
     import_.View().SetLabel(code);
     std::string style = SelectFeatureLayer(run_, drawing_, code);
     std::string decoded;
-    CsvRecords records(TextBehindMark(file.Text(), decoded), settings_.delimiter);
-    if (settings_.header) columns_.ReadCsvHeader(records.ReadRow());
+    formats::CsvRecords records(formats::TextBehindMark(file.Text(), decoded), settings_.table.delimiter);
+    if (settings_.table.header) columns_.ReadCsvHeader(records.ReadRow());
     bool complete = HasItsColumns();
-    if (std::string what = columns_.WhatToSet(); !what.empty()) run_.Ui().Report(file.Name() + ": " + what);
+    if (std::string what = WhatToSet(settings_.table, columns_); !what.empty())
+        run_.Ui().Report(file.Name() + ": " + what);
     if (!complete) return false;
     drawing::GenerateAtp(run_, FeatureTemplatePath(run_, code), columns_.AttributeNames(),
                          columns_.AttributeWidths());
@@ -60,26 +62,27 @@ bool frmFromCSV::ImportTable(const std::string& code, platform::MappedFile& file
 }
 
 bool frmFromCSV::HasItsColumns() {
-    bool named = settings_.header && !settings_.east.empty();
+    bool named = settings_.table.header && !settings_.table.east.empty();
     if (named && (columns_.East() < 0 || columns_.North() < 0) &&
-        !run_.Ui().AskYesNo("East or North Field '" + settings_.east + "/" + settings_.north +
+        !run_.Ui().AskYesNo("East or North Field '" + settings_.table.east + "/" + settings_.table.north +
                             "' Not Found\n\nContinue with No Coords?")) {
         import_.LeaveOut(config::Outcome::Status::StoppedByUser);
         return false;
     }
     if (columns_.Key() >= 0) return true;
-    run_.Ui().ShowMessage("Key Field '" + settings_.key + "' Not Found");
+    run_.Ui().ShowMessage("Key Field '" + settings_.table.key + "' Not Found");
     return false;
 }
 
-void frmFromCSV::ReadRecords(CsvRecords& records, const std::string& symbol, platform::MappedFile& file) {
+void frmFromCSV::ReadRecords(formats::CsvRecords& records, const std::string& symbol,
+                             platform::MappedFile& file) {
     constexpr std::uint64_t refreshStep = 501;
-    MissingValues missing(file.Bytes().size());
-    CsvRecord record{};
+    formats::MissingValues missing(file.Bytes().size());
+    formats::CsvRecord record{};
     OddRows notLocated, doubtful;
     while (records.Next(columns_, record)) {
-        if (record.located == CsvRecord::Located::No) notLocated.Add(records.Line());
-        if (record.located == CsvRecord::Located::Doubtful) doubtful.Add(records.Line());
+        if (record.located == formats::CsvRecord::Located::No) notLocated.Add(records.Line());
+        if (record.located == formats::CsvRecord::Located::Doubtful) doubtful.Add(records.Line());
         drawing_.addInsert({record.east, record.north, 0}, symbol, 1, 1, 0);
         if (std::size_t names = columns_.AttributeNames().size(); names > 0) {
             missing.Count(names - record.values.size(), records.Line());
@@ -104,7 +107,7 @@ void frmFromCSV::Tell(const std::string& fileName, const std::string& what, cons
                      util::GroupedCount(all) + ", the first in line " + util::GroupedCount(rows.firstLine));
 }
 
-void frmFromCSV::AttachCsvAttributes(const CsvRecord& record) {
+void frmFromCSV::AttachCsvAttributes(const formats::CsvRecord& record) {
     drawing_.beginValues(set_);
     for (std::string_view value : record.values) drawing_.appendValue(value);
     for (std::size_t i = record.values.size(); i < columns_.AttributeNames().size(); ++i)

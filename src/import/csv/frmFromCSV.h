@@ -4,9 +4,9 @@
 
 #include "config/Outcome.h"
 #include "config/Run.h"
+#include "formats/csv/CsvRecords.h"
 #include "import/ImportRun.h"
-#include "import/csv/CsvColumns.h"
-#include "import/csv/CsvRecords.h"
+#include "import/csv/CsvImportSettings.h"
 
 #include <cstdint>
 #include <string>
@@ -33,7 +33,7 @@ private:
     bool ImportCsvFile(const std::string& path);
     bool ImportTable(const std::string& code, platform::MappedFile& file);
     bool HasItsColumns();
-    void ReadRecords(CsvRecords& records, const std::string& symbol, platform::MappedFile& file);
+    void ReadRecords(formats::CsvRecords& records, const std::string& symbol, platform::MappedFile& file);
     struct OddRows {
         std::uint64_t count = 0, firstLine = 0;
         void Add(std::uint64_t line) {
@@ -41,14 +41,14 @@ private:
         }
     };
     void Tell(const std::string& fileName, const std::string& what, const OddRows& rows, std::uint64_t all);
-    void AttachCsvAttributes(const CsvRecord& record);
+    void AttachCsvAttributes(const formats::CsvRecord& record);
     void ShowCsvProgress(std::uint64_t count);
 
     config::Run& run_;
     ImportRun import_;
     drawing::Drawing& drawing_;
-    CsvSettings settings_;
-    CsvColumns columns_;
+    CsvImportSettings settings_;
+    formats::CsvColumns columns_;
     drawing::AttributeSet set_ = 0;
 };
 

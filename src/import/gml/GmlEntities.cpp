@@ -20,14 +20,15 @@ constexpr std::string_view partNumberName = "MPOLY", holeName = "ISHOLE";
 constexpr std::uint64_t copiesAllowed = std::uint64_t{64} << 20;
 constexpr std::uint64_t copiesPerByte = 64;
 
-bool IsNumbered(const GmlFeature& feature, const GmlPart& part) {
-    return feature.surfaces > 1 && part.kind != GmlPart::Kind::Path;
+bool IsNumbered(const formats::GmlFeature& feature, const formats::GmlPart& part) {
+    return feature.surfaces > 1 && part.kind != formats::GmlPart::Kind::Path;
 }
 
-bool HaveSameAttributes(const GmlFeature& feature, const GmlPart& a, const GmlPart& b) {
+bool HaveSameAttributes(const formats::GmlFeature& feature, const formats::GmlPart& a,
+                        const formats::GmlPart& b) {
     bool numbered = IsNumbered(feature, a);
     if (numbered != IsNumbered(feature, b) || (numbered && a.surface != b.surface)) return false;
-    return (a.kind == GmlPart::Kind::Hole) == (b.kind == GmlPart::Kind::Hole);
+    return (a.kind == formats::GmlPart::Kind::Hole) == (b.kind == formats::GmlPart::Kind::Hole);
 }
 
 }  // namespace
@@ -38,7 +39,7 @@ void GmlEntities::BeginFile(bool lineLayout) {
     features_ = withoutPoints_ = withArcs_ = damaged_ = copiedBytes_ = 0;
 }
 
-void GmlEntities::Add(const GmlFeature& feature, std::size_t bytesRead) {
+void GmlEntities::Add(const formats::GmlFeature& feature, std::size_t bytesRead) {
     if (!feature.damage.empty()) {
         if (++damaged_ == 1) firstDamage_ = feature.damage;
         return;
@@ -83,7 +84,7 @@ void GmlEntities::UseLineWeight(std::int32_t weight) {
     drawing_.setActiveStyle(style);
 }
 
-void GmlEntities::AddPart(const GmlFeature& feature, std::size_t part) {
+void GmlEntities::AddPart(const formats::GmlFeature& feature, std::size_t part) {
     std::size_t begin = feature.parts[part].begin, count = feature.PartEnd(part) - begin;
     const util::PlanePoint* points = feature.points.data() + begin;
     UseLineWeight(count == 1 ? 0 : polylineWeight);
@@ -95,8 +96,8 @@ void GmlEntities::AddPart(const GmlFeature& feature, std::size_t part) {
     }
 }
 
-void GmlEntities::AddAttributes(const GmlFeature& feature, std::size_t part, std::size_t bytesRead) {
-    const GmlPart& current = feature.parts[part];
+void GmlEntities::AddAttributes(const formats::GmlFeature& feature, std::size_t part, std::size_t bytesRead) {
+    const formats::GmlPart& current = feature.parts[part];
     if (part > 0) {
         if (HaveSameAttributes(feature, feature.parts[part - 1], current)) {
             drawing_.shareValues();
@@ -107,22 +108,24 @@ void GmlEntities::AddAttributes(const GmlFeature& feature, std::size_t part, std
     AddFeatureProperties(feature, current);
 }
 
-void GmlEntities::AddFeatureProperties(const GmlFeature& feature, const GmlPart& part) {
-    bool numbered = IsNumbered(feature, part), hole = part.kind == GmlPart::Kind::Hole;
+void GmlEntities::AddFeatureProperties(const formats::GmlFeature& feature, const formats::GmlPart& part) {
+    bool numbered = IsNumbered(feature, part), hole = part.kind == formats::GmlPart::Kind::Hole;
     if (feature.properties.empty() && !numbered && !hole) return;
     drawing_.beginValues(AttributesOf(feature, numbered, hole));
-    for (const GmlProperty& property : feature.properties) drawing_.appendValue(Stored(property.value));
+    for (const formats::GmlProperty& property : feature.properties)
+        drawing_.appendValue(Stored(property.value));
     if (numbered) drawing_.appendValue(std::to_string(part.surface));
     if (hole) drawing_.appendValue("1");
 }
 
-drawing::AttributeSet GmlEntities::AttributesOf(const GmlFeature& feature, bool numbered, bool hole) {
-    auto sameName = [this](const std::string& name, const GmlProperty& property) {
+drawing::AttributeSet GmlEntities::AttributesOf(const formats::GmlFeature& feature, bool numbered,
+                                                bool hole) {
+    auto sameName = [this](const std::string& name, const formats::GmlProperty& property) {
         return name == Stored(property.name);
     };
     if (!std::ranges::equal(type_->names, feature.properties, sameName)) {
         type_->names.clear();
-        for (const GmlProperty& property : feature.properties)
+        for (const formats::GmlProperty& property : feature.properties)
             type_->names.emplace_back(Stored(property.name));
         type_->sets = {};
     }
@@ -137,8 +140,8 @@ drawing::AttributeSet GmlEntities::AttributesOf(const GmlFeature& feature, bool 
 }
 
 /// Every surface of a feature has all its properties, so a small file could ask for a huge drawing.
-void GmlEntities::CountCopies(const GmlFeature& feature, std::size_t bytesRead) {
-    for (const GmlProperty& property : feature.properties) copiedBytes_ += property.value.size() + 1;
+void GmlEntities::CountCopies(const formats::GmlFeature& feature, std::size_t bytesRead) {
+    for (const formats::GmlProperty& property : feature.properties) copiedBytes_ += property.value.size() + 1;
     if (copiedBytes_ > copiesAllowed + copiesPerByte * bytesRead)
         throw platform::ReadError("", "feature \"" + feature.type + "\" " + feature.identifier,
                                   "has too many surfaces for the length of its properties: " +

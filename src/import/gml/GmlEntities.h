@@ -4,7 +4,7 @@
 
 #include "config/Run.h"
 #include "drawing/Drawing.h"
-#include "import/gml/GmlFeature.h"
+#include "formats/gml/GmlFeature.h"
 
 #include <array>
 #include <cstddef>
@@ -29,7 +29,7 @@ public:
     void BeginFile(bool lineLayout);
     /// `bytesRead` of the file so far, which bound what features may repeat.
     /// @throws platform::ReadError without file and place
-    void Add(const GmlFeature& feature, std::size_t bytesRead);
+    void Add(const formats::GmlFeature& feature, std::size_t bytesRead);
 
     /// Of the file.
     std::uint64_t Features() const { return features_; }
@@ -48,11 +48,11 @@ private:
 
     void SelectFeatureTypeLayer(const std::string& type);
     void UseLineWeight(std::int32_t weight);
-    void AddPart(const GmlFeature& feature, std::size_t part);
-    void AddAttributes(const GmlFeature& feature, std::size_t part, std::size_t bytesRead);
-    void AddFeatureProperties(const GmlFeature& feature, const GmlPart& part);
-    drawing::AttributeSet AttributesOf(const GmlFeature& feature, bool numbered, bool hole);
-    void CountCopies(const GmlFeature& feature, std::size_t bytesRead);
+    void AddPart(const formats::GmlFeature& feature, std::size_t part);
+    void AddAttributes(const formats::GmlFeature& feature, std::size_t part, std::size_t bytesRead);
+    void AddFeatureProperties(const formats::GmlFeature& feature, const formats::GmlPart& part);
+    drawing::AttributeSet AttributesOf(const formats::GmlFeature& feature, bool numbered, bool hole);
+    void CountCopies(const formats::GmlFeature& feature, std::size_t bytesRead);
     std::string_view Stored(std::string_view text) const;
 
     config::Run& run_;

@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "import/gml/frmFromGML.h"
 
+#include "coords/AxisCount.h"
 #include "coords/SourceSystem.h"
-#include "import/TextSource.h"
-#include "import/gml/GmlReader.h"
+#include "formats/SourceText.h"
+#include "formats/gml/GmlReader.h"
+#include "import/SourceFiles.h"
 #include "util/Numbers.h"
 #include "util/Paths.h"
 #include "util/Text.h"
@@ -31,9 +33,10 @@ constexpr config::KeyOf<IniOptions> keys[] = {
                  0, 1 << 30),
 };
 
-GmlOptions OptionsOf(const config::Run& run) {
+formats::GmlOptions OptionsOf(const config::Run& run) {
     auto ini = config::ReadKeys<IniOptions>(run.Installation(), keys);
-    GmlOptions options;
+    formats::GmlOptions options;
+    options.axisCount = coords::AxisCount;
     if (!ini.fullRings.empty()) options.fullRings = ini.fullRings == "1";
     if (ini.megabytes > 0) options.mostUnpacked = static_cast<std::uint64_t>(ini.megabytes) << 20;
     return options;
@@ -53,10 +56,10 @@ bool frmFromGML::ImportGmlFile(const std::string& path) {
     auto file = OpenTextSource(path, run_.Ui());
     if (!file) return false;
     try {
-        OpenedGml gml = OpenGml(file->Bytes(), OptionsOf(run_));
+        formats::OpenedGml gml = formats::OpenGml(file->Bytes(), OptionsOf(run_));
         entities_.BeginFile(gml.lineLayout);
         std::string shownType;
-        gml.reader->ReadFeatures([&](const GmlFeature& feature) {
+        gml.reader->ReadFeatures([&](const formats::GmlFeature& feature) {
             if (feature.type != shownType) import_.View().SetLabel(shownType = feature.type);
             entities_.Add(feature, gml.reader->Consumed());
             import_.Sink().FeatureDone();

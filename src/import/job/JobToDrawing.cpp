@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "import/job/JobToDrawing.h"
 
-#include "import/job/AttributeRecords.h"
+#include "formats/job/AttributeRecords.h"
+#include "formats/job/RecordCoordinates.h"
+#include "formats/job/VertexRecords.h"
 #include "import/job/QualityMarkers.h"
 #include "import/job/RecordAttributes.h"
-#include "import/job/RecordCoordinates.h"
 #include "import/job/UsedPoints.h"
-#include "import/job/VertexRecords.h"
 #include "util/Numbers.h"
 #include "util/Text.h"
 
@@ -16,7 +16,7 @@
 
 namespace vexlator::importer {
 
-using Row = JobTable::Row;
+using Row = formats::JobTable::Row;
 
 namespace {
 
@@ -33,12 +33,17 @@ bool StyleFills(std::string_view style) {
     return util::GetCommaNumber(1, style) >= 0;
 }
 
+drawing::Point PositionOf(const formats::JobTable& table, formats::JobTable::Row row) {
+    formats::JobPosition position = formats::GetRecordCoordinates(table, row);
+    return {position.x, position.y, position.z};
+}
+
 }  // namespace
 
 /// One job file while its records are imported.
 class JobToDrawing::Job {
 public:
-    Job(JobToDrawing& importer, JobTable& table, std::string_view jobPath)
+    Job(JobToDrawing& importer, formats::JobTable& table, std::string_view jobPath)
         : drawing_(importer.drawing_),
           layers_(importer.layers_),
           closer_(importer.closer_),
@@ -65,9 +70,9 @@ private:
     FeatureLayers& layers_;
     FeatureCloser& closer_;
     const JobSettings& settings_;
-    JobTable& table_;
-    AttributeRecords attributeRecords_;
-    VertexRecords vertexRecords_;
+    formats::JobTable& table_;
+    formats::AttributeRecords attributeRecords_;
+    formats::VertexRecords vertexRecords_;
     RecordAttributes attributes_;
     UsedPoints usedPoints_;
     std::optional<QualityMarkers> markers_;
@@ -76,14 +81,14 @@ private:
 };
 
 void JobToDrawing::Job::ImportRow(Row row) {
-    if (IsPositionRecord(table_, row)) {
+    if (formats::IsPositionRecord(table_, row)) {
         if (table_.Field(row, 1) == "P")
             ImportPointRecord(row);
         else
             ImportFeatureRecord(row);
     } else if (table_.IsPosition(row)) {
         LeaveOut(row);
-    } else if (table_.Kind(row) == RecordKind::Command && table_.Field(row, 2) == "Close") {
+    } else if (table_.Kind(row) == formats::RecordKind::Command && table_.Field(row, 2) == "Close") {
         CloseFeature(table_.Field(row, 1));
     }
 }
@@ -93,8 +98,7 @@ void JobToDrawing::Job::ImportPointRecord(Row row) {
     usedPoints_.EraseEarlier(number, drawing_);
     const std::string& code = layers_.MapAliasCode(util::Trim(table_.Field(row, 3)));
     layers_.SelectFeatureLayer(code, FeatureLayers::Kind::Point);
-    drawing::Entity insert =
-        drawing_.addInsert(GetRecordCoordinates(table_, row), layers_.SymbolBlock(), 1, 1, 0);
+    drawing::Entity insert = drawing_.addInsert(PositionOf(table_, row), layers_.SymbolBlock(), 1, 1, 0);
     attributes_.AttachRecordAttributes(insert, layers_.Current(), number,
                                        attributeRecords_.OfPoint(row, number));
     usedPoints_.Add(number, insert);
@@ -113,7 +117,7 @@ void JobToDrawing::Job::ImportFeatureRecord(Row row) {
 
     // Whole first, markers after it: the drawing holds every entity in one piece.
     drawing::Entity polyline = drawing_.addPolyline();
-    for (Row vertex : vertices_) polyline.appendVertex(GetRecordCoordinates(table_, vertex));
+    for (Row vertex : vertices_) polyline.appendVertex(PositionOf(table_, vertex));
     polyline.setLabel(id);
     closer_.Added(polyline, id);
     attributes_.AttachRecordAttributes(polyline, layers_.Current(), id, attributeRecords_.OfFeature(row, id));
@@ -128,9 +132,9 @@ void JobToDrawing::Job::ImportFeatureRecord(Row row) {
 
 void JobToDrawing::Job::AddMarker(Row row, std::string_view feature) {
     if (!markers_) return;
-    std::string_view quality = GetRecordQuality(table_, row);
+    std::string_view quality = formats::GetRecordQuality(table_, row);
     if (!quality.empty())
-        markers_->AddQualityMarker(GetRecordCoordinates(table_, row), quality, table_.Field(row, 2), feature);
+        markers_->AddQualityMarker(PositionOf(table_, row), quality, table_.Field(row, 2), feature);
 }
 
 void JobToDrawing::Job::CloseAreaIfNeeded(drawing::Entity polyline) {
@@ -157,7 +161,8 @@ void JobToDrawing::Job::LeaveOut(Row row) {
 JobToDrawing::JobToDrawing(config::Run& run, drawing::Drawing& drawing, JobSettings settings)
     : drawing_(drawing), settings_(settings), layers_(run, drawing), closer_(drawing) {}
 
-JobCounts JobToDrawing::ImportRecords(JobTable& table, std::string_view jobPath, ui::FormView& view) {
+JobCounts JobToDrawing::ImportRecords(formats::JobTable& table, std::string_view jobPath,
+                                      ui::FormView& view) {
     Job job(*this, table, jobPath);
     for (Row row = 0; row < table.RowCount(); ++row) {
         job.ImportRow(row);

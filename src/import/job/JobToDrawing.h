@@ -4,10 +4,10 @@
 
 #include "config/Run.h"
 #include "drawing/Drawing.h"
+#include "formats/job/JobTable.h"
 #include "import/job/FeatureCloser.h"
 #include "import/job/FeatureLayers.h"
 #include "import/job/JobSettings.h"
-#include "import/job/JobTable.h"
 
 #include <cstdint>
 #include <string_view>
@@ -20,7 +20,7 @@ struct JobCounts {
     std::uint64_t positions = 0;  ///< points and vertices
     std::uint64_t closings = 0;   ///< commands to close a feature
     std::uint64_t leftOut = 0;    ///< position records whose x or y is no number
-    JobTable::Row firstLeftOut = JobTable::noRow;
+    formats::JobTable::Row firstLeftOut = formats::JobTable::noRow;
 };
 
 /// Turns the records of job files into the entities of one drawing.
@@ -31,7 +31,7 @@ public:
     /// Adds what the table holds, whose records are used up. Edited and deleted records must have been
     /// resolved. `jobPath`: see RecordAttributes.
     /// @throws platform::ReadError: line and reason
-    JobCounts ImportRecords(JobTable& table, std::string_view jobPath, ui::FormView& view);
+    JobCounts ImportRecords(formats::JobTable& table, std::string_view jobPath, ui::FormView& view);
 
 private:
     class Job;

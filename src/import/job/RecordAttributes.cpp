@@ -14,15 +14,16 @@ namespace {
 
 constexpr std::size_t firstValue = 2;  ///< the field where the values of an attribute record begin
 
-CellCursor ValuesOf(const JobTable& table, JobTable::Row row) {
-    CellCursor cells(table.Line(row));
+formats::CellCursor ValuesOf(const formats::JobTable& table, formats::JobTable::Row row) {
+    formats::CellCursor cells(table.Line(row));
     for (std::size_t i = 0; i < firstValue; ++i) cells.Next();
     return cells;
 }
 
 }  // namespace
 
-RecordAttributes::RecordAttributes(drawing::Drawing& drawing, const JobTable& table, std::string_view jobPath)
+RecordAttributes::RecordAttributes(drawing::Drawing& drawing, const formats::JobTable& table,
+                                   std::string_view jobPath)
     : drawing_(drawing),
       table_(table),
       jobName_(util::BaseNameOf(jobPath)),
@@ -30,8 +31,8 @@ RecordAttributes::RecordAttributes(drawing::Drawing& drawing, const JobTable& ta
       numberedCount_(table.Width() > firstValue ? table.Width() - firstValue : 0) {}
 
 void RecordAttributes::AttachRecordAttributes(drawing::Entity entity, const FeatureTemplate& feature,
-                                              std::string_view key, JobTable::Row row) {
-    if (row == JobTable::noRow) {
+                                              std::string_view key, formats::JobTable::Row row) {
+    if (row == formats::JobTable::noRow) {
         AddIdentity(feature, key);
     } else if (feature.fields.empty()) {
         AddValues(NumberedFields(), numberedCount_, row);
@@ -51,9 +52,9 @@ void RecordAttributes::AddIdentity(const FeatureTemplate& feature, std::string_v
     drawing_.appendValue(text_);
 }
 
-void RecordAttributes::AddValues(drawing::AttributeSet set, std::size_t count, JobTable::Row row) {
+void RecordAttributes::AddValues(drawing::AttributeSet set, std::size_t count, formats::JobTable::Row row) {
     drawing_.beginValues(set);
-    CellCursor cells = ValuesOf(table_, row);
+    formats::CellCursor cells = ValuesOf(table_, row);
     for (; count > 0 && !cells.AtEnd(); --count) drawing_.appendValue(ValueOf(cells.Next()));
     padding_ += count;
     if (padding_ > mostPadding) FailTooWide();
@@ -61,9 +62,9 @@ void RecordAttributes::AddValues(drawing::AttributeSet set, std::size_t count, J
 }
 
 void RecordAttributes::SetHyperlink(drawing::Entity entity, const FeatureTemplate& feature,
-                                    JobTable::Row row) {
+                                    formats::JobTable::Row row) {
     if (!feature.hotlink) return;
-    CellCursor cells = ValuesOf(table_, row);
+    formats::CellCursor cells = ValuesOf(table_, row);
     for (std::size_t i = 0; i < *feature.hotlink; ++i) cells.Next();
     std::string_view name = ValueOf(cells.Next());
     if (!name.empty()) entity.setHyperlink(platform::NativePath(util::JoinPath(photoFolder_, name)));

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "drawing/Drawing.h"
+#include "formats/job/JobTable.h"
 #include "import/job/FeatureLayers.h"
-#include "import/job/JobTable.h"
 
 #include <cstdint>
 #include <string>
@@ -23,24 +23,24 @@ public:
     static constexpr std::size_t mostNumberedFields = 65'536;
 
     /// `table` must outlive the object. `jobPath` names the job; photographs lie beside it.
-    RecordAttributes(drawing::Drawing& drawing, const JobTable& table, std::string_view jobPath);
+    RecordAttributes(drawing::Drawing& drawing, const formats::JobTable& table, std::string_view jobPath);
 
     /// Gives the entity added last the attributes of `row`; without a row (JobTable::noRow) the one that
     /// tells its key, a point number or feature ID. A value named HOTLINK becomes the entity's hyperlink too.
     /// @throws platform::ReadError naming the widest line, when one of the two limits is reached
     void AttachRecordAttributes(drawing::Entity entity, const FeatureTemplate& feature, std::string_view key,
-                                JobTable::Row row);
+                                formats::JobTable::Row row);
 
 private:
     void AddIdentity(const FeatureTemplate& feature, std::string_view key);
-    void AddValues(drawing::AttributeSet set, std::size_t count, JobTable::Row row);
-    void SetHyperlink(drawing::Entity entity, const FeatureTemplate& feature, JobTable::Row row);
+    void AddValues(drawing::AttributeSet set, std::size_t count, formats::JobTable::Row row);
+    void SetHyperlink(drawing::Entity entity, const FeatureTemplate& feature, formats::JobTable::Row row);
     drawing::AttributeSet NumberedFields();
     std::string_view ValueOf(std::string_view cell);
     [[noreturn]] void FailTooWide() const;
 
     drawing::Drawing& drawing_;
-    const JobTable& table_;
+    const formats::JobTable& table_;
     std::string jobName_, photoFolder_;
     std::size_t numberedCount_;
     drawing::AttributeSet numbered_ = 0;

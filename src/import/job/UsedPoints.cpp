@@ -12,7 +12,7 @@ std::uint32_t UsedPoints::IndexOf(std::string_view number) {
     if (std::any_of(number.begin(), number.end(), [](char c) { return c >= 'A' && c <= 'Z'; })) {
         std::string lowered = platform::LowerAscii(number);
         std::uint32_t known = numbers_.Find(lowered);
-        if (known != TextIndex::none) return known;
+        if (known != formats::TextIndex::none) return known;
         number = lowered_.emplace_back(std::move(lowered));
     }
     std::uint32_t index = numbers_.Add(number);

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "drawing/Drawing.h"
-#include "import/job/TextIndex.h"
+#include "formats/job/TextIndex.h"
 
 #include <cstdint>
 #include <deque>
@@ -25,7 +25,7 @@ private:
 
     static constexpr std::uint32_t noEntity = 0xFFFFFFFF;
 
-    TextIndex numbers_;
+    formats::TextIndex numbers_;
     std::vector<std::uint32_t> entities_;  ///< by the number's place in numbers_
     std::deque<std::string> lowered_;      ///< numbers that had capital letters
 };

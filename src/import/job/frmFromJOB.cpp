@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "import/job/frmFromJOB.h"
 
+#include "formats/job/JobText.h"
+#include "formats/job/SupersededRecords.h"
 #include "gpx/frmGPX.h"
-#include "import/job/JobText.h"
-#include "import/job/SupersededRecords.h"
+#include "import/SourceFiles.h"
 #include "platform/AsciiCase.h"
 #include "platform/Paths.h"
 #include "ui/UserInterface.h"
@@ -44,7 +45,7 @@ std::uint64_t LayersInUse(const drawing::Drawing& drawing) {
     return names.size();
 }
 
-void ReportLeftOut(ui::UserInterface& ui, const std::string& file, const JobTable& table,
+void ReportLeftOut(ui::UserInterface& ui, const std::string& file, const formats::JobTable& table,
                    const JobCounts& counts) {
     if (counts.leftOut == 0) return;
     ui.Report(file + ": " + util::Counted(counts.leftOut, "position") +
@@ -89,9 +90,9 @@ bool frmFromJOB::ImportJobFile(const std::string& path, JobToDrawing& importer) 
     if (!file) return false;
     JobCounts counts;
     try {
-        JobText text(*file);
-        JobTable table(text.Text());
-        ResolveSupersededRecords(table);
+        formats::JobText text(*file);
+        formats::JobTable table(text.Text());
+        formats::ResolveSupersededRecords(table);
         counts = importer.ImportRecords(table, path, import_.View());
         import_.CountFeatures(counts.entities);
         ReportLeftOut(run_.Ui(), file->Name(), table, counts);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "import/mif/MifToDrawing.h"
 
-#include "import/mif/MifShapes.h"
+#include "formats/mif/MifShapes.h"
 #include "platform/AsciiCase.h"
 #include "util/Angles.h"
 #include "util/Counted.h"
@@ -23,9 +23,9 @@ constexpr std::int32_t textAlignment = 24;
 constexpr std::size_t shortestCoordinates = 5;  // a shorter line before a polyline's vertices is their count
 constexpr std::size_t longestShownLine = 500;
 
-std::vector<std::string> NamesOf(const MifHeader& header) {
+std::vector<std::string> NamesOf(const formats::MifHeader& header) {
     std::vector<std::string> names;
-    for (const MifColumn& column : header.columns) names.push_back(column.name);
+    for (const formats::MifColumn& column : header.columns) names.push_back(column.name);
     return names;
 }
 
@@ -38,19 +38,20 @@ std::int64_t CountAfter(std::string_view word, std::string_view upper) {
     return HasWord(upper, word) ? util::IntegerOf(upper.substr(upper.find(word) + word.size())) : 0;
 }
 
-MifBox BoxOf(std::string_view line) {
-    auto numbers = MifNumbers(line);
+formats::MifBox BoxOf(std::string_view line) {
+    auto numbers = formats::MifNumbers(line);
     return {numbers[1], numbers[2], numbers[3], numbers[4]};
 }
 
-bool IsObject(MifKeyword keyword) {
-    return keyword != MifKeyword::Data && keyword != MifKeyword::Style && keyword != MifKeyword::Unknown;
+bool IsObject(formats::MifKeyword keyword) {
+    return keyword != formats::MifKeyword::Data && keyword != formats::MifKeyword::Style &&
+           keyword != formats::MifKeyword::Unknown;
 }
 
 }  // namespace
 
-MifToDrawing::MifToDrawing(const Target& target, const MifHeader& header, const MifLines& lines,
-                           std::optional<std::string_view> mid)
+MifToDrawing::MifToDrawing(const Target& target, const formats::MifHeader& header,
+                           const formats::MifLines& lines, std::optional<std::string_view> mid)
     : drawing_(target.drawing),
       ui_(target.ui),
       symbol_(target.symbol),
@@ -61,11 +62,11 @@ MifToDrawing::MifToDrawing(const Target& target, const MifHeader& header, const 
       plainStyle_(drawing_.activeStyle()),
       lineStyle_(plainStyle_),
       lines_(lines),
-      decoder_(MifDecoder(header.charset)),
+      decoder_(formats::MifDecoder(header.charset)),
       missing_(lines.Size() + (mid ? mid->size() : 0)) {
     if (mid) {
         std::string delimiter =
-            header.delimiter.empty() ? UndeclaredDelimiter(*mid, columnCount_) : header.delimiter;
+            header.delimiter.empty() ? formats::UndeclaredDelimiter(*mid, columnCount_) : header.delimiter;
         rows_.emplace(*mid, delimiter, columnCount_, decoder_);
     }
     lineStyle_.lineWeight = lineWeight;
@@ -82,40 +83,42 @@ bool MifToDrawing::ReadObject() {
 
 void MifToDrawing::HandleLine(std::string_view line) {
     std::string upper = platform::UpperAscii(line);
-    MifKeyword keyword = MifKeywordOf(upper, extended_);
-    if (keyword == MifKeyword::Data) started_ = true;
+    formats::MifKeyword keyword = formats::MifKeywordOf(upper, extended_);
+    if (keyword == formats::MifKeyword::Data) started_ = true;
     if (started_) HandleKeyword(keyword, line, upper);
 }
 
-void MifToDrawing::HandleKeyword(MifKeyword keyword, std::string_view line, const std::string& upper) {
+void MifToDrawing::HandleKeyword(formats::MifKeyword keyword, std::string_view line,
+                                 const std::string& upper) {
     switch (keyword) {
-        case MifKeyword::Point:
+        case formats::MifKeyword::Point:
             return AddPoint(line);
-        case MifKeyword::Ellipse:
+        case formats::MifKeyword::Ellipse:
             return AddEllipse(line);
-        case MifKeyword::Polyline:
+        case formats::MifKeyword::Polyline:
             return AddPolyline(upper);
-        case MifKeyword::Region:
+        case formats::MifKeyword::Region:
             return AddRegion(upper);
-        case MifKeyword::Text:
+        case formats::MifKeyword::Text:
             return AddText(line);
-        case MifKeyword::Line:
+        case formats::MifKeyword::Line:
             return AddLine(line);
-        case MifKeyword::None:
+        case formats::MifKeyword::None:
             return SkipRow();
-        case MifKeyword::Arc:
+        case formats::MifKeyword::Arc:
             return extended_ ? AddArc(line) : PassOver(line);
-        case MifKeyword::Rectangle:
-        case MifKeyword::RoundedRectangle:
-            return extended_ ? AddRectangle(line, keyword == MifKeyword::RoundedRectangle) : PassOver(line);
-        case MifKeyword::PointSet:
+        case formats::MifKeyword::Rectangle:
+        case formats::MifKeyword::RoundedRectangle:
+            return extended_ ? AddRectangle(line, keyword == formats::MifKeyword::RoundedRectangle)
+                             : PassOver(line);
+        case formats::MifKeyword::PointSet:
             return AddPointSet();
-        case MifKeyword::Collection:
+        case formats::MifKeyword::Collection:
             return BeginCollection(line, upper);
-        case MifKeyword::Data:
-        case MifKeyword::Style:
+        case formats::MifKeyword::Data:
+        case formats::MifKeyword::Style:
             return;
-        case MifKeyword::Unknown:
+        case formats::MifKeyword::Unknown:
             return ShowUnknownLine(line);
     }
 }
@@ -123,13 +126,13 @@ void MifToDrawing::HandleKeyword(MifKeyword keyword, std::string_view line, cons
 // --- Objects
 
 void MifToDrawing::AddPoint(std::string_view line) {
-    auto numbers = MifNumbers(line);
+    auto numbers = formats::MifNumbers(line);
     AddInsert({numbers[1], numbers[2]});
     FinishObject();
 }
 
 void MifToDrawing::AddLine(std::string_view line) {
-    MifBox ends = BoxOf(line);
+    formats::MifBox ends = BoxOf(line);
     BeginLine();
     AddVertices(std::array<PlanePoint, 2>{{{ends.x1, ends.y1}, {ends.x2, ends.y2}}});
     FinishObject();
@@ -137,7 +140,7 @@ void MifToDrawing::AddLine(std::string_view line) {
 
 void MifToDrawing::AddEllipse(std::string_view line) {
     BeginLine();
-    AddVertices(EllipseVertices(BoxOf(line)));
+    AddVertices(formats::EllipseVertices(BoxOf(line)));
     FinishObject();
 }
 
@@ -151,7 +154,7 @@ void MifToDrawing::AddPolyline(std::string_view upper) {
     for (std::int64_t section = 1; section <= sections && !lines_.AtEnd(); ++section) {
         if (section > 1) lines_.ReadTextLine();
         std::string_view next = lines_.PeekTextLine();
-        if (next.size() < shortestCoordinates && !IsCoordinateLine(next)) lines_.ReadTextLine();
+        if (next.size() < shortestCoordinates && !formats::IsCoordinateLine(next)) lines_.ReadTextLine();
         AddCoordinateLines();
     }
     if (sections > 1) ++multiSection_;
@@ -177,7 +180,7 @@ void MifToDrawing::AddRegion(std::string_view upper) {
 void MifToDrawing::AddText(std::string_view line) {
     if (line.find('"') == std::string_view::npos) line = lines_.ReadTextLine();
     std::string text = decoder_.Decode(util::GetField(1, line, "\""));
-    auto box = MifNumbers(lines_.ReadTextLine());
+    auto box = formats::MifNumbers(lines_.ReadTextLine());
     double rotation = ReadTextRotation();
     drawing_.setActiveStyle(plainStyle_);
     drawing::Entity entity =
@@ -192,28 +195,28 @@ void MifToDrawing::AddText(std::string_view line) {
 double MifToDrawing::ReadTextRotation() {
     double rotation = 0;
     while (!lines_.AtEnd()) {
-        std::string_view line = TrimmedLine(lines_.PeekTextLine());
+        std::string_view line = formats::TrimmedLine(lines_.PeekTextLine());
         std::string upper = platform::UpperAscii(line);
-        if (extended_ && IsObject(MifKeywordOf(upper, extended_))) break;
+        if (extended_ && IsObject(formats::MifKeywordOf(upper, extended_))) break;
         lines_.ReadTextLine();
         if (line.empty()) break;
-        if (HasWord(upper, "ANGLE")) rotation = MifNumbers(line)[1] / util::degreesPerRadian;
+        if (HasWord(upper, "ANGLE")) rotation = formats::MifNumbers(line)[1] / util::degreesPerRadian;
     }
     return rotation;
 }
 
 void MifToDrawing::AddArc(std::string_view line) {
-    auto angles = MifNumbers(lines_.ReadTextLine());
+    auto angles = formats::MifNumbers(lines_.ReadTextLine());
     BeginLine();
-    AddVertices(ArcVertices(BoxOf(line), angles[0], angles[1]));
+    AddVertices(formats::ArcVertices(BoxOf(line), angles[0], angles[1]));
     FinishObject();
 }
 
 void MifToDrawing::AddRectangle(std::string_view line, bool rounded) {
-    double rounding = MifNumbers(line)[5];
-    if (rounded && rounding == 0) rounding = MifNumbers(lines_.ReadTextLine())[0];
+    double rounding = formats::MifNumbers(line)[5];
+    if (rounded && rounding == 0) rounding = formats::MifNumbers(lines_.ReadTextLine())[0];
     BeginArea();
-    AddVertices(RectangleVertices(BoxOf(line), rounded ? rounding : 0));
+    AddVertices(formats::RectangleVertices(BoxOf(line), rounded ? rounding : 0));
     FinishObject();
 }
 
@@ -318,7 +321,7 @@ void MifToDrawing::ReadMidAttributes() {
 // --- What is told
 
 void MifToDrawing::ShowUnknownLine(std::string_view line) {
-    if (TrimmedLine(line).empty()) return;
+    if (formats::TrimmedLine(line).empty()) return;
     if (++unknown_ > mostUnknownLines) return;
     std::string text = platform::UpperAscii(decoder_.Decode(line));
     ui_.ShowMessage("unknown line <" + std::string(platform::CutUtf8(text, longestShownLine)) +
@@ -340,7 +343,7 @@ std::vector<std::string> MifToDrawing::Remarks() const {
     if (!decoder_.IsKnown())
         remarks.push_back("its character set \"" + charset_ +
                           "\" is not known; its text was read as Windows-1252");
-    if (decoder_.Misfits() > 0 && !IsNeutralCharset(charset_))
+    if (decoder_.Misfits() > 0 && !formats::IsNeutralCharset(charset_))
         remarks.push_back(util::Counted(decoder_.Misfits(), "text") + " not valid in its character set " +
                           charset_ + ", read as Windows-1252");
     return remarks;

@@ -3,11 +3,11 @@
 #pragma once
 
 #include "drawing/Drawing.h"
-#include "import/TextSource.h"
-#include "import/mif/MidRows.h"
-#include "import/mif/MifHeader.h"
-#include "import/mif/MifKeyword.h"
-#include "import/mif/MifLines.h"
+#include "formats/SourceText.h"
+#include "formats/mif/MidRows.h"
+#include "formats/mif/MifHeader.h"
+#include "formats/mif/MifKeyword.h"
+#include "formats/mif/MifLines.h"
 #include "ui/UserInterface.h"
 
 #include <cstddef>
@@ -35,7 +35,7 @@ public:
 
     /// `lines` stand behind the header. `mid`, the text of the .MID file, outlives the object; without it
     /// entities get no attributes.
-    MifToDrawing(const Target& target, const MifHeader& header, const MifLines& lines,
+    MifToDrawing(const Target& target, const formats::MifHeader& header, const formats::MifLines& lines,
                  std::optional<std::string_view> mid);
 
     /// Reads to the end of the next object; false at the end of the file. Lines that are no object are shown
@@ -53,7 +53,7 @@ public:
     std::uint64_t ObjectCount() const { return objects_; }
     std::uint64_t MultiSectionCount() const { return multiSection_; }  ///< polylines of several sections
     std::uint64_t NoneCount() const { return none_; }                  ///< objects without geometry
-    const MifLines& Lines() const { return lines_; }
+    const formats::MifLines& Lines() const { return lines_; }
     /// Where the next row begins in the .MID file.
     std::size_t RowPosition() const { return rows_ ? rows_->Position() : 0; }
 
@@ -67,7 +67,7 @@ private:
     };
 
     void HandleLine(std::string_view line);
-    void HandleKeyword(MifKeyword keyword, std::string_view line, const std::string& upper);
+    void HandleKeyword(formats::MifKeyword keyword, std::string_view line, const std::string& upper);
     void AddPoint(std::string_view line);
     void AddLine(std::string_view line);
     void AddEllipse(std::string_view line);
@@ -101,10 +101,10 @@ private:
     drawing::AttributeSet set_;
     drawing::Style plainStyle_, lineStyle_, areaStyle_;
 
-    MifLines lines_;
+    formats::MifLines lines_;
     platform::Decoder decoder_;
-    std::optional<MidRows> rows_;
-    MissingValues missing_;
+    std::optional<formats::MidRows> rows_;
+    formats::MissingValues missing_;
 
     bool started_ = false;  ///< the "Data" line was read
     std::uint64_t objects_ = 0, multiSection_ = 0, none_ = 0, notTaken_ = 0, unknown_ = 0;

@@ -4,10 +4,11 @@
 
 #include "drawing/AttributeTemplate.h"
 #include "drawing/SymbolBlock.h"
+#include "formats/SourceText.h"
+#include "formats/mif/MifHeader.h"
 #include "import/FeatureCode.h"
 #include "import/FeatureLayer.h"
-#include "import/TextSource.h"
-#include "import/mif/MifHeader.h"
+#include "import/SourceFiles.h"
 #include "import/mif/MifToDrawing.h"
 #include "util/Files.h"
 #include "util/Paths.h"
@@ -33,12 +34,12 @@ constexpr config::KeyOf<MifImportSettings> keys[] = {
         "empty line"),
 };
 
-void GenerateTemplate(config::Run& run, const std::string& code, const MifHeader& header) {
+void GenerateTemplate(config::Run& run, const std::string& code, const formats::MifHeader& header) {
     std::vector<std::string> names;
     std::vector<int> widths;
-    for (const MifColumn& column : header.columns) {
+    for (const formats::MifColumn& column : header.columns) {
         names.push_back(column.name);
-        widths.push_back(column.width);
+        widths.push_back(formats::MifColumnWidth(column.type));
     }
     drawing::GenerateAtp(run, FeatureTemplatePath(run, code), names, widths);
 }
@@ -60,17 +61,17 @@ bool frmFromMID::ImportMifFile(const std::string& path) {
     import_.View().SetLabel(code);
     std::string style = SelectFeatureLayer(run_, drawing_, code);
 
-    MifLines lines(platform::WithoutByteOrderMark(mif->Text()), mif->Name());
-    MifHeader header = ReadMifHeader(lines);
-    if (!header.complete) {
+    formats::MifLines lines(platform::WithoutByteOrderMark(mif->Text()), mif->Name());
+    std::optional<formats::MifHeader> header = formats::ReadMifHeader(lines);
+    if (!header) {
         run_.Ui().Report(mif->Name() + ": has no \"Columns\" line; nothing was imported from it");
         return false;
     }
-    GenerateTemplate(run_, code, header);
+    GenerateTemplate(run_, code, *header);
     std::string symbol = drawing::EnsureSymbolBlock(run_, util::GetCommaField(1, style), drawing_);
     MifToDrawing objects({drawing_, run_.Ui(), symbol,
                           config::ReadKeys<MifImportSettings>(run_.Installation(), keys).extended},
-                         header, lines,
+                         *header, lines,
                          mid ? std::optional(platform::WithoutByteOrderMark(mid->Text())) : std::nullopt);
     ReadObjects(objects, *mif, mid ? &*mid : nullptr);
     for (const std::string& remark : objects.Remarks()) run_.Ui().Report(mif->Name() + ": " + remark);

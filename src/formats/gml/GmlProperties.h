@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "formats/gml/GmlFeature.h"
+#include "formats/gml/XmlParser.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace vexlator::formats {
+
+/// Gathers the properties of a feature from its elements, before and after it is known to be one.
+class GmlProperties {
+public:
+    /// `keepsParents`: an element with child elements is a property, too, without a value.
+    GmlProperties(GmlFeature& feature, bool keepsParents) : feature_(feature), keepsParents_(keepsParents) {}
+
+    /// An element that becomes a property, unless an element within it says otherwise.
+    void Begin(std::string_view name, XmlAttributes attributes);
+    /// Whether the innermost element is the last property.
+    bool IsOpen() const { return isOpen_; }
+    void Append(std::string_view text);
+    /// A child element shows that the open property holds more than text.
+    void Leave();
+    /// The open property's element ends.
+    void End();
+    /// All properties of a feature have been taken.
+    void Forget();
+
+    std::size_t Count() const { return feature_.properties.size(); }
+    /// Bytes of all that are kept.
+    std::size_t Bytes() const { return bytes_; }
+    bool HaveRoomFor(std::size_t bytes) const { return bytes_ + bytes <= mostBytes; }
+    /// Drops those behind the first `count`, which took `bytes`.
+    void KeepFirst(std::size_t count, std::size_t bytes);
+    /// Drops the first `count`, which took `bytes`.
+    void DropFirst(std::size_t count, std::size_t bytes);
+
+private:
+    static constexpr std::size_t mostBytes = std::size_t{64} << 20;
+
+    GmlFeature& feature_;
+    bool keepsParents_;
+    bool isOpen_ = false;
+    std::size_t bytes_ = 0;
+    std::string reference_;  ///< xlink:href of the open property
+};
+
+}  // namespace vexlator::formats

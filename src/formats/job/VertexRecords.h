@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "formats/job/RowChains.h"
+
+namespace vexlator::formats {
+
+/// Finds the vertices of a feature: the position records whose field 3 begins with its ID.
+class VertexRecords {
+public:
+    using Row = JobTable::Row;
+
+    explicit VertexRecords(const JobTable& table);
+
+    /// Fills `found` with the records below `row` that belong to the feature, in file order. Every record is
+    /// given once at most, so that all calls together cost no more than the job has records. Ask for rows in
+    /// ascending order only.
+    void TakeBelow(Row row, std::string_view id, std::vector<Row>& found);
+
+private:
+    /// The first text from `place` on, in alphabetical order, whose records have not been given yet.
+    std::size_t Untaken(std::size_t place);
+
+    const JobTable& table_;
+    RowChains byText_;                       ///< in ascending order
+    std::vector<std::uint32_t> alphabetic_;  ///< chains in the order of their texts
+    std::vector<std::uint32_t> onward_;      ///< by place in alphabetic_: itself, or where to look on
+};
+
+}  // namespace vexlator::formats
