@@ -3,6 +3,7 @@
 #include "coords/CoordinateOperation.h"
 
 #include "platform/CodePages.h"
+#include "platform/Paths.h"
 #include "util/Text.h"
 
 #include <memory>
@@ -63,7 +64,8 @@ ProjList KnownOperations(PJ_CONTEXT* context, PJ* from, PJ* to, PROJ_GRID_AVAILA
     return ProjList(proj_create_operations(context, from, to, factory.get()));
 }
 
-std::string MissingGrid(PJ_CONTEXT* context, PJ* operation) {
+std::vector<std::string> MissingGrids(PJ_CONTEXT* context, PJ* operation) {
+    std::vector<std::string> missing;
     int count = proj_coordoperation_get_grid_used_count(context, operation);
     for (int i = 0; i < count; ++i) {
         const char* name = nullptr;
@@ -71,9 +73,9 @@ std::string MissingGrid(PJ_CONTEXT* context, PJ* operation) {
         if (proj_coordoperation_get_grid_used(context, operation, i, &name, nullptr, nullptr, nullptr,
                                               nullptr, nullptr, &available) &&
             !available)
-            return name;
+            missing.emplace_back(name);
     }
-    return "";
+    return missing;
 }
 
 /// Easting and northing, longitude and latitude in this order, in degrees.
@@ -110,6 +112,16 @@ ProjObject PlanePart(PJ_CONTEXT* context, PJ* system) {
 }
 
 }  // namespace
+
+std::string MissingGridsText(const CoordinateOperation& loaded, const std::string& folderForGrids) {
+    bool isOne = loaded.missingGrids.size() == 1;
+    std::string names;
+    for (const std::string& grid : loaded.missingGrids) names += (names.empty() ? "" : " and ") + grid;
+    return "the best transformation needs the " + std::string(isOne ? "grid " : "grids ") + names +
+           (isOne ? ", which is missing; put it into " : ", which are missing; put them into ") +
+           platform::NativePath(folderForGrids) + "; until then " +
+           (loaded.operation ? "coordinates may be metres off" : "no coordinate is converted");
+}
 
 std::string DefinitionText(std::string_view content) {
     constexpr std::string_view blanks(" \t\r\n\0", 5);
@@ -153,9 +165,9 @@ CoordinateOperation OperationBetween(ProjContext& context, ProjObject from, Proj
     }
     ProjObject best(proj_list_get(proj, known.get(), 0));
     ArrayOperation::ListChoices choices;
-    result.missingGrid = MissingGrid(proj, best.get());
+    result.missingGrids = MissingGrids(proj, best.get());
     bool bestHasGrids = proj_coordoperation_get_grid_used_count(proj, best.get()) > 0;
-    if (!bestHasGrids || !result.missingGrid.empty()) {
+    if (!bestHasGrids || !result.missingGrids.empty()) {
         // Several may share the area: the library takes for each point the one that is made for its place.
         const char* const options[] = {"ALLOW_BALLPARK=NO", nullptr};
         best.reset(proj_create_crs_to_crs_from_pj(proj, from.get(), to.get(), nullptr, options));

@@ -7,6 +7,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vexlator::coords {
 
@@ -14,8 +15,11 @@ namespace vexlator::coords {
 struct CoordinateOperation {
     ArrayOperation operation;  ///< from the grid to longitude and latitude; none when there is a reason
     std::string reason;        ///< why there is no operation
-    std::string missingGrid;   ///< file that the best operation needs and that is not there; else ""
+    std::vector<std::string> missingGrids;  ///< files that the best operation needs and that are not there
 };
+
+/// For people: that the best transformation lacks grids, what they can do, and what comes of it until then.
+std::string MissingGridsText(const CoordinateOperation& loaded, const std::string& folderForGrids);
 
 /// The definition in a file's bytes: without byte-order mark, blanks at both ends, and enclosing quotes.
 std::string DefinitionText(std::string_view content);
@@ -25,7 +29,7 @@ std::string DefinitionText(std::string_view content);
 /// A system with heights leads to heights above the ellipsoid, others leave heights alone.
 /// Never rough: where the library knows no transformation of the datum, there is no operation. Where the best
 /// one reads a grid, it is the only one, so that points outside the grid have no result; where that grid is
-/// missing, the next best are used and `missingGrid` is set.
+/// missing, the next best are used and `missingGrids` names them.
 CoordinateOperation OperationFor(ProjContext& context, const std::string& definition);
 
 /// The operation from one coordinate system to another, by the same rules.

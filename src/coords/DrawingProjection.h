@@ -10,9 +10,9 @@
 namespace vexlator::coords {
 
 /// The coordinate system that [GPS] TRANSFORMATION says drawings are in, as ESRI's well-known text without
-/// heights, for .PRJ files. "" where the setting leads to none that the text can tell: it is an operation, or
-/// does not load. Nothing without a definition: drawings are in the British National Grid, whose text the
-/// installation has.
+/// heights, for .PRJ files. "" where the setting leads to none that the text can tell: it is an operation,
+/// does not load, or is no definition. Nothing where the setting is empty: drawings are in the British
+/// National Grid, whose text the installation has.
 std::optional<std::string> DrawingProjection(const config::Run& run);
 
 /// Longitude and latitude on WGS 84, which conversions to degrees result in.

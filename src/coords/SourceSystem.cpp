@@ -73,9 +73,9 @@ public:
         if (IsGeographic(context_, drawing_)) decimals_.reset();
         CoordinateOperation loaded =
             OperationBetween(context_, Copy(toGrid ? drawing_ : source_), Copy(toGrid ? source_ : drawing_));
-        if (!loaded.missingGrid.empty())
+        if (!loaded.missingGrids.empty())
             userInterface.ShowMessage(std::string(sourceName) + ": " +
-                                      MissingGridText(loaded.missingGrid, folders_.forNew));
+                                      MissingGridsText(loaded, folders_.forNew));
         operation_ = std::move(loaded.operation);
         return loaded.reason;
     }

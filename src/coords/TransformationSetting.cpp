@@ -42,11 +42,6 @@ GridFolders GridFoldersOf(const config::Run& run) {
     return {{"c:\\program files\\common files\\Gorvane", resources, program, "C:\\windows"}, resources};
 }
 
-std::string MissingGridText(const std::string& grid, const std::string& folderForGrids) {
-    return "the best transformation needs the grid " + grid + ", which is missing; put it into " +
-           platform::NativePath(folderForGrids) + "; until then coordinates may be metres off";
-}
-
 TransformationSetting ReadTransformationSetting(const config::Run& run) {
     using Kind = TransformationSetting::Kind;
     TransformationSetting setting;

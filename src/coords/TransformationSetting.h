@@ -16,9 +16,6 @@ struct GridFolders {
 };
 GridFolders GridFoldersOf(const config::Run& run);
 
-/// For people: that the best transformation lacks its grid, and what they can do.
-std::string MissingGridText(const std::string& grid, const std::string& folderForGrids);
-
 /// What [GPS] TRANSFORMATION of gv.ini says of the drawings' coordinates.
 struct TransformationSetting {
     enum class Kind {

@@ -51,8 +51,8 @@ CoordinateOperation Transformer::Read(std::string& text) {
 void Transformer::Load(Instance& instance) {
     std::string text;
     CoordinateOperation loaded = Read(text);
-    if (!loaded.missingGrid.empty() && !std::exchange(toldMissingGrid_, true))
-        ui_.ShowMessage(setting_.Name() + ": " + MissingGridText(loaded.missingGrid, folderForGrids_));
+    if (!loaded.missingGrids.empty() && !std::exchange(toldMissingGrid_, true))
+        ui_.ShowMessage(setting_.Name() + ": " + MissingGridsText(loaded, folderForGrids_));
     instance.operation = std::move(loaded.operation);
     instance.state = instance.operation ? State::Loaded : State::Failed;
     if (!instance.operation) AskAboutFailure(text, loaded.reason);
@@ -67,11 +67,12 @@ void Transformer::AskAboutFailure(const std::string& text, const std::string& re
 std::string Transformer::Description() {
     std::string text;
     CoordinateOperation loaded = Read(text);
-    if (!loaded.operation) return "no transformation: " + setting_.Name() + ": " + loaded.reason;
     std::string description =
-        "coordinate system of " + setting_.Name() + damage_.Found(context_, *loaded.operation.Get());
-    if (loaded.missingGrid.empty()) return description;
-    return description + "; " + MissingGridText(loaded.missingGrid, folderForGrids_);
+        loaded.operation
+            ? "coordinate system of " + setting_.Name() + damage_.Found(context_, *loaded.operation.Get())
+            : "no transformation: " + setting_.Name() + ": " + loaded.reason;
+    if (loaded.missingGrids.empty()) return description;
+    return description + "; " + MissingGridsText(loaded, folderForGrids_);
 }
 
 }  // namespace vexlator::coords

@@ -34,6 +34,8 @@ public:
     /// says that it stays, and the outcome is Failed, or StoppedByUser when it was that before. Where there
     /// is no drawing, the empty one is saved. @throws platform::WriteError
     config::Outcome Finish();
+    /// Ends an import that has nothing to save. One line says so of a drawing that is there.
+    config::Outcome SaveNothing();
 
     ui::FormView& View() { return *view_; }
     drawing::DrawingSink& Sink() { return sink_; }

@@ -17,6 +17,7 @@
 #include "util/Paths.h"
 
 #include <functional>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -49,10 +50,15 @@ void Summarise(config::Run& run, const std::string& done, const std::string& rem
 
 /// Why an export that is done holds no feature.
 std::string NoFeaturesRemark(const ExportCommand& command) {
-    std::uint64_t count = drawing::DrawingFile(command.drawingPath).EntityCount();
+    drawing::DrawingFile file(command.drawingPath);
+    std::uint64_t count = file.EntityCount();
     std::string drawing = "; the drawing " + platform::NativePath(command.drawingPath);
     if (count == 0) return drawing + " has no features";
-    return drawing + " has " + util::Counted(count, "feature") + ", none that " + command.code + " takes";
+    drawing += " has " + util::Counted(count, "feature");
+    bool isFrozen = !file.FindFirst(
+        [&](const drawing::Entity& entity) { return !file.Current().layers()[entity.layerIndex()].frozen; });
+    return drawing + (isFrozen ? ", on frozen layers alone, which are not exported"
+                               : ", none that " + command.code + " takes");
 }
 
 void ReportGuess(config::Run& run, const SourceList& sources) {
@@ -153,6 +159,24 @@ void RemoveLeftovers(config::Run& run, const std::string& folder) {
     if (std::string told = platform::RemoveLeftovers(folder); !told.empty()) run.Ui().Report(told);
 }
 
+ExitStatus Import(config::Run& run, const ImportRow& row, const ImportCommand& command) {
+    std::string target = importer::DrawingPath(command.sourcePath, command.sourceFolder);
+    std::string left = platform::NativePath(target) + " is as it was";
+    try {
+        return Stoppable(run, left, [&] {
+            RemoveLeftovers(run, command.sourceFolder);
+            run.Outcome() = row.call(run, command);
+            // A drawing is saved even when one of several files could not be read.
+            if (!run.Outcome().target.empty()) Summarise(run, "imported " + command.code);
+            return StatusOf(run.Outcome());
+        });
+    } catch (const std::exception& error) {
+        ShowError(run, error);
+        if (util::FileSize(target) > 0) run.Ui().Report(left);
+        return ExitStatus::Failed;
+    }
+}
+
 ExitStatus Export(config::Run& run, const ExportRow& row, ExportCommand command, TargetFolder& folder) {
     if (run.Options().extent.IsSet())
         run.Ui().Report("?BOX limits imports of databases only; " +
@@ -177,6 +201,11 @@ ExitStatus Export(config::Run& run, const ExportRow& row, ExportCommand command,
 
 }  // namespace
 
+void ShowError(config::Run& run, const std::exception& error) {
+    bool isMemory = dynamic_cast<const std::bad_alloc*>(&error) != nullptr;
+    run.Ui().ShowMessage(isMemory ? "Not enough memory" : error.what());
+}
+
 ExitStatus Refuse(config::Run& run, const std::string& reason, ExitStatus status) {
     run.Ui().Report("vexlator: " + reason);
     return status;
@@ -197,16 +226,7 @@ ExitStatus RunImport(config::Run& run, const Conversions& conversions, std::stri
     if (run.Options().extent.IsSet() && row->form != "frmFromFMO")
         run.Ui().Report("?BOX limits imports of databases only; " + platform::NativePath(command.sourcePath) +
                         " is read whole");
-    return Stoppable(run,
-                     platform::NativePath(importer::DrawingPath(command.sourcePath, command.sourceFolder)) +
-                         " is as it was",
-                     [&] {
-                         RemoveLeftovers(run, command.sourceFolder);
-                         run.Outcome() = row->call(run, command);
-                         // A drawing is saved even when one of several files could not be read.
-                         if (!run.Outcome().target.empty()) Summarise(run, "imported " + command.code);
-                         return StatusOf(run.Outcome());
-                     });
+    return Import(run, *row, command);
 }
 
 ExitStatus RunExport(config::Run& run, const Conversions& conversions, std::string_view text) {

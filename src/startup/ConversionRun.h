@@ -6,6 +6,7 @@
 #include "startup/Conversions.h"
 #include "startup/ExitStatus.h"
 
+#include <exception>
 #include <string>
 #include <string_view>
 
@@ -14,7 +15,11 @@ namespace vexlator::startup {
 /// Ends a command that cannot be run: says why in a plain line.
 ExitStatus Refuse(config::Run& run, const std::string& reason, ExitStatus status);
 
-/// Runs the importer of the format that an IMPORT command names. @throws whatever the importer throws.
+/// Shows what ended a conversion.
+void ShowError(config::Run& run, const std::exception& error);
+
+/// Runs the importer of the format that an IMPORT command names. What the importer throws is shown, and one
+/// line says of a drawing that is there that it stays.
 ExitStatus RunImport(config::Run& run, const Conversions& conversions, std::string_view text);
 
 /// Runs the exporter of the format that a path names, then the steps that follow an export; those also when

@@ -13,7 +13,6 @@
 #include "util/Text.h"
 
 #include <exception>
-#include <new>
 #include <string>
 
 namespace vexlator::startup {
@@ -83,11 +82,6 @@ ExitStatus Perform(config::Installation& installation, config::Run& run, std::st
     return options.showSelection ? options.showSelection(run, received) : ExitStatus::NothingToDo;
 }
 
-ExitStatus Fail(config::Run& run, const std::string& reason) {
-    run.Ui().ShowMessage(reason);
-    return ExitStatus::Failed;
-}
-
 /// What a conversion throws ends here: it is shown to the person.
 ExitStatus PerformShowingErrors(config::Installation& installation, config::Run& run,
                                 std::string_view received, const MainOptions& options) {
@@ -96,10 +90,9 @@ ExitStatus PerformShowingErrors(config::Installation& installation, config::Run&
     } catch (const platform::Stopped&) {
         run.Ui().Report("stopped before the conversion began");
         return ExitStatus::Interrupted;
-    } catch (const std::bad_alloc&) {
-        return Fail(run, "Not enough memory");
     } catch (const std::exception& error) {
-        return Fail(run, error.what());
+        ShowError(run, error);
+        return ExitStatus::Failed;
     }
 }
 

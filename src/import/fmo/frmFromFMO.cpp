@@ -112,9 +112,7 @@ config::Outcome frmFromFMO::StartTablet(std::string_view packagePath, std::strin
     if (database.empty()) {
         package.Keep();
         run_.Ui().ShowMessage("No MDB in Package");
-        config::Outcome outcome;
-        outcome.status = config::Outcome::Status::Failed;
-        return outcome;
+        return import_.SaveNothing();
     }
     const std::string& folder = run_.Settings().FMODirectory;
     files_ = FmoFilesForDatabase(folder, database);

@@ -91,7 +91,8 @@ bool frmFromSHP::ImportShapefile(const std::string& path) {
     }
     ReadRecords(source);
     Report(source);
-    return true;
+    bool onlyUnknown = source.count == 0 && source.reader.RecordCount() > 0;
+    return !onlyUnknown;
 }
 
 std::string frmFromSHP::SelectShapefileLayer(const std::string& code) {
