@@ -10,7 +10,7 @@ namespace vexlator::formats {
 
 namespace {
 
-constexpr std::size_t fileHeader = 100;
+constexpr std::size_t mainHeader = 100;
 constexpr std::uint64_t largestFile = 0x7FFFFFFF;
 
 /// The smallest box around some points; all 0 around none.
@@ -41,7 +41,7 @@ void ShapefileWriter::Box::Include(const util::PlanePoint& point) {
 
 ShapefileWriter::ShapefileWriter(platform::OutputFile& shp, platform::OutputFile& shx)
     : shp_(shp), shx_(shx) {
-    std::string room(fileHeader, '\0');
+    std::string room(mainHeader, '\0');
     shp_.Write(room);
     shx_.Write(room);
 }
@@ -85,7 +85,7 @@ void ShapefileWriter::AddPoly(std::int32_t type, std::span<const util::PlanePoin
 }
 
 std::string ShapefileWriter::Header(std::uint64_t fileSize) const {
-    std::string header(fileHeader, '\0');
+    std::string header(mainHeader, '\0');
     PutBig(header.data(), 9994);
     PutBig(header.data() + 24, static_cast<std::uint32_t>(fileSize / 2));
     PutLittle(header.data() + 28, std::int32_t{1000});
