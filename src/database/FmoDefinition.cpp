@@ -126,22 +126,6 @@ std::unique_ptr<Connection> OpenFmoConnection(config::Run& run, const FmoDefinit
     }
 }
 
-void CreateMissingDatabase(const FmoDefinition& definition) {
-    if (util::FileSize(definition.database) > 0) return;
-    platform::FileLock lock(definition.database);
-    if (util::FileSize(definition.database) > 0) return;
-    platform::OutputFile file(definition.database);
-    try {
-        Connection connection(SqliteConnectionString(file.TemporaryName()));
-        // A file is a database only when something has been written to it.
-        connection.Execute("CREATE TABLE made (yes INTEGER)");
-        connection.Execute("DROP TABLE made");
-    } catch (const DatabaseError& error) {
-        throw platform::WriteError(file.Name(), error.what());
-    }
-    file.Commit();
-}
-
 std::string QuoteKeyValue(std::string_view value, KeyType keyType) {
     if (keyType == KeyType::Numeric) return std::string(value);
     return "'" + util::ReplaceAll(value, "'", "''") + "'";

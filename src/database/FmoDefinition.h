@@ -57,10 +57,6 @@ std::unique_ptr<Connection> OpenFmoConnection(config::Run& run, FmoDefinition& d
 std::unique_ptr<Connection> OpenFmoConnection(config::Run& run, const FmoDefinition& definition,
                                               const std::string& connectionString);
 
-/// Makes the database file, an empty SQLite database, when it is missing; its folder must be there. Programs
-/// that do so at once get the same file. @throws platform::WriteError
-void CreateMissingDatabase(const FmoDefinition& definition);
-
 /// A key value as it stands in a WHERE clause: text keys in single quotes, those inside doubled. Statements
 /// take key values as parameters instead; this is for people to see.
 std::string QuoteKeyValue(std::string_view value, KeyType keyType);

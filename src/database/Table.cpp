@@ -8,11 +8,32 @@ namespace vexlator::database {
 
 namespace {
 
+/// The tables and views that can have the name, in their first column: those whose names differ by letter
+/// case only, or all. A list of all for each of many tables would cost their square.
+Statement Candidates(Connection& connection, std::string_view name, std::size_t& column) {
+    column = 0;
+    std::string query;
+    if (connection.Kind() == Connection::Product::Sqlite)
+        query = "SELECT name FROM pragma_table_list(?) WHERE schema='main'";
+    else if (connection.Kind() == Connection::Product::PostgreSql)
+        query =
+            "SELECT relname FROM pg_class WHERE lower(relname)=lower(?) AND relkind IN "
+            "('r','v','m','f','p') AND pg_table_is_visible(oid)";
+    if (query.empty()) {
+        column = 2;
+        return Statement::Tables(connection);
+    }
+    Statement tables(connection, query);
+    tables.Execute({name});
+    return tables;
+}
+
 /// "" when there is none.
 std::string SpelledName(Connection& connection, std::string_view name) {
     std::string found;
-    for (Statement tables = Statement::Tables(connection); tables.Next();) {
-        std::string_view candidate = tables.Text(2);
+    std::size_t column = 0;
+    for (Statement tables = Candidates(connection, name, column); tables.Next();) {
+        std::string_view candidate = tables.Text(column);
         if (candidate == name) return std::string(candidate);
         if (found.empty() && platform::SameNoCase(candidate, name)) found = candidate;
     }

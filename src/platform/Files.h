@@ -4,6 +4,7 @@
 
 #include "platform/Errors.h"
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -178,11 +179,11 @@ struct FolderContent {
 FolderContent ReadFolder(std::string_view folder);
 
 /// Holds an exclusive lock for its lifetime: on the file `path` + ".lock", which is made when missing and
-/// deleted when the last holder leaves. Waits until it is free, at most for 20 seconds.
+/// deleted when the last holder leaves. Waits until it is free, at most for `patience`.
 /// @throws WriteError when the lock file cannot be made, or somebody else keeps the lock.
 class FileLock {
 public:
-    explicit FileLock(std::string_view path);
+    explicit FileLock(std::string_view path, std::chrono::seconds patience = std::chrono::seconds(20));
     ~FileLock();
     FileLock(const FileLock&) = delete;
     FileLock& operator=(const FileLock&) = delete;

@@ -24,7 +24,7 @@ namespace fs = std::filesystem;
 
 std::string Reason(int error) {
     if (error == heldLock)
-        return "another program has been using it for 20 seconds; try again when that has ended";
+        return "another program has been using it for too long; try again when that has ended";
     return std::generic_category().message(error);
 }
 
@@ -91,10 +91,10 @@ void RemoveTwins(const Twins& twins) {
 namespace {
 
 /// False with a reason in errno: somebody else has had the lock for too long.
-bool WaitForLock(int descriptor) {
+bool WaitForLock(int descriptor, std::chrono::seconds patience) {
     using namespace std::chrono;
     constexpr milliseconds longestPause{20};
-    const auto end = steady_clock::now() + seconds(20);
+    const auto end = steady_clock::now() + patience;
     for (milliseconds pause{1}; ::flock(descriptor, LOCK_EX | LOCK_NB) != 0;
          pause = std::min(2 * pause, longestPause)) {
         ThrowIfStopped();
@@ -114,11 +114,11 @@ bool HasName(int descriptor, const std::string& native) {
 
 }  // namespace
 
-int OpenLocked(const std::string& native, int flags, unsigned mode) {
+int OpenLocked(const std::string& native, int flags, unsigned mode, std::chrono::seconds patience) {
     for (;;) {
         int descriptor = ::open(native.c_str(), flags | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, mode);
         if (descriptor < 0) return -1;
-        bool isLocked = WaitForLock(descriptor);
+        bool isLocked = WaitForLock(descriptor, patience);
         // The holder before us may have deleted the file while we waited; then our lock guards nothing.
         if (isLocked && HasName(descriptor, native)) return descriptor;
         ::close(descriptor);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cerrno>
+#include <chrono>
 #include <map>
 #include <string>
 #include <string_view>
@@ -39,9 +40,10 @@ Twins FindTwins(const std::vector<std::string>& targets);
 /// Where a file system makes no difference, a twin is the target itself, and stays.
 void RemoveTwins(const Twins& twins);
 
-/// Opens a file and waits for the lock on it, at most for 20 seconds; the file still has that name then. The
+/// Opens a file and waits for the lock on it, at most for `patience`; the file still has that name then. The
 /// descriptor, or -1 with the reason in errno. A link is not followed. @throws Stopped
-int OpenLocked(const std::string& native, int flags, unsigned mode);
+int OpenLocked(const std::string& native, int flags, unsigned mode,
+               std::chrono::seconds patience = std::chrono::seconds(20));
 
 /// Renames a file unless there is one of the new name. An error number, or 0.
 int RenameToFreeName(const std::string& native, const std::string& newName);

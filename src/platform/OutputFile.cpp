@@ -350,10 +350,10 @@ std::string RemoveLeftovers(std::string_view folder) {
 
 // --- FileLock
 
-FileLock::FileLock(std::string_view path) {
+FileLock::FileLock(std::string_view path, std::chrono::seconds patience) {
     std::string native = FindExisting(path);
     name_ = FollowLinks(native.empty() ? PathToWrite(path) : native) + ".lock";
-    descriptor_ = OpenLocked(name_, O_RDWR | O_CREAT, 0666);
+    descriptor_ = OpenLocked(name_, O_RDWR | O_CREAT, 0666, patience);
     if (descriptor_ < 0) throw WriteError(name_, Reason(errno));
 }
 

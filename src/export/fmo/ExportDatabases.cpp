@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "export/fmo/ExportDatabases.h"
 
+#include "database/ConnectionString.h"
 #include "database/DatabaseError.h"
+#include "platform/AsciiCase.h"
 #include "platform/Errors.h"
+#include "platform/Files.h"
 #include "platform/Paths.h"
 #include "util/Files.h"
 #include "util/Paths.h"
@@ -15,18 +18,21 @@ namespace vexlator::exporter {
 namespace {
 
 /// A database that lies beside its definition is not missing: the person is asked whether to use it.
-void MakeDatabase(const database::FmoDefinition& definition) {
-    if (!database::IsDatabaseFile(definition)) return;
+bool IsMissing(const database::FmoDefinition& definition) {
+    if (!database::IsDatabaseFile(definition) || util::FileSize(definition.database) > 0) return false;
     std::string beside =
         util::JoinPath(util::FolderOf(definition.definitionPath), util::FileNameOf(definition.database));
-    if (util::FileSize(beside) == 0) database::CreateMissingDatabase(definition);
+    return util::FileSize(beside) == 0;
 }
 
 /// The same for every spelling of one database: two connections to it would wait for each other. A database
 /// file must not be opened to find this out: closing it would drop the locks of the connection that is open.
 std::string NameOf(const database::FmoDefinition& definition, const std::string& connectionString) {
     if (!database::IsDatabaseFile(definition)) return connectionString;
-    return platform::RealPath(definition.database);
+    std::string real = platform::RealPath(definition.database);
+    if (!real.empty()) return real;
+    return platform::RealPath(util::FolderOf(definition.database)) + "/" +
+           platform::LowerAscii(util::FileNameOf(definition.database));
 }
 
 /// One export after the other, as in SQLite, where one program writes at a time: two could lock tables in
@@ -41,18 +47,32 @@ void KeepOthersOut(database::Connection& connection) {
 }  // namespace
 
 std::string ExportDatabases::Add(database::FmoDefinition& definition) {
-    MakeDatabase(definition);
-    std::string text = database::BuildConnectionString(run_, definition);
+    bool isMissing = IsMissing(definition);
+    std::string text = isMissing ? database::AccessConnectionString(definition.database)
+                                 : database::BuildConnectionString(run_, definition);
     std::string name = NameOf(definition, text);
-    byName_.try_emplace(name, Database{definition, text, {}});
+    byName_.try_emplace(name, Database{definition, text, isMissing, {}});
     return name;
+}
+
+bool ExportDatabases::Connect(Database& database) {
+    Open& open = database.open;
+    if (database.isMissing) {
+        // What was killed while it made a database may have been another command than this one.
+        std::string told = platform::RemoveLeftovers(util::FolderOf(database.definition.database));
+        if (!told.empty()) run_.Ui().Report(told);
+        open.made = database::NewDatabase::IfMissing(database.definition.database);
+    }
+    open.connection = open.made
+                          ? open.made->Connect()
+                          : database::OpenFmoConnection(run_, database.definition, database.connectionString);
+    return open.connection != nullptr;
 }
 
 bool ExportDatabases::OpenAll() {
     for (auto& [name, each] : byName_) {
         Open& open = each.open;
-        open.connection = database::OpenFmoConnection(run_, each.definition, each.connectionString);
-        if (!open.connection) return false;
+        if (!Connect(each)) return false;
         try {
             open.transaction = std::make_unique<database::Transaction>(*open.connection);
             KeepOthersOut(*open.connection);
@@ -65,7 +85,17 @@ bool ExportDatabases::OpenAll() {
 }
 
 void ExportDatabases::Commit() {
-    for (auto& [name, each] : byName_) each.open.transaction->Commit();
+    for (auto& [name, each] : byName_) {
+        if (!each.open.made) continue;
+        each.open.transaction->Commit();
+        each.open.transaction.reset();
+        each.open.connection.reset();
+        each.open.made->Finish();
+    }
+    for (auto& [name, each] : byName_)
+        if (!each.open.made) each.open.transaction->Commit();
+    for (auto& [name, each] : byName_)
+        if (each.open.made) each.open.made->Commit();
 }
 
 }  // namespace vexlator::exporter
