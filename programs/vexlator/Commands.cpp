@@ -64,7 +64,10 @@ batch::CommandResult PerformCommand(const Options& options, ui::UserInterface& u
         result.losses = run.Losses().Line();
     };
     result.status = startup::Main(options.commandText, userInterface,
-                                  {.showSelection = showSelection, .whenEnded = keep});
+                                  {.showSelection = showSelection,
+                                   .settings = options.settings,
+                                   .folder = options.folder,
+                                   .whenEnded = keep});
     if (options.strict && result.status == ExitStatus::Done && !result.losses.empty())
         result.status = ExitStatus::Lossy;
     return result;

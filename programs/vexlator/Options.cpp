@@ -34,6 +34,8 @@ constexpr TaskName taskNames[] = {
     {"--settings", Task::Settings},
     {"--batch", Task::Batch},
     {"-batch", Task::Batch},
+    {"--mosaic", Task::Mosaic},
+    {"-mosaic", Task::Mosaic},
 };
 /// These could begin a path, so they have to stand alone.
 constexpr TaskName loneNames[] = {{"help", Task::Help}, {"version", Task::Version}};
@@ -54,6 +56,54 @@ bool SetFlag(Options& options, std::string_view argument) {
     return false;
 }
 
+/// SECTION.KEY=VALUE
+void AddSetting(Options& options, std::string_view text) {
+    std::size_t dot = text.find('.'), equals = text.find('=');
+    bool isSetting = dot > 0 && dot < equals && equals != std::string_view::npos && dot + 1 < equals;
+    if (isSetting)
+        options.settings.push_back({std::string(text.substr(0, dot)),
+                                    std::string(text.substr(dot + 1, equals - dot - 1)),
+                                    std::string(text.substr(equals + 1))});
+    else
+        options.error =
+            "--set takes SECTION.KEY=VALUE, as in --set CSV.DP=2, not \"" + std::string(text) + "\"";
+}
+
+void SetFolder(Options& options, std::string_view text) {
+    options.folder = text;
+    if (text.empty()) options.error = "--to needs a folder";
+}
+
+struct ValueOption {
+    std::string_view name;
+    void (*take)(Options& options, std::string_view value);
+};
+constexpr ValueOption valueOptions[] = {{"--set", AddSetting}, {"--to", SetFolder}};
+
+/// Takes an option whose value follows "=" or is the next argument.
+bool TakeValue(Options& options, std::span<const char* const>& arguments) {
+    std::string_view argument = arguments[0];
+    std::string_view name = argument.substr(0, argument.find('='));
+    for (const ValueOption& option : valueOptions) {
+        if (!platform::SameNoCase(name, option.name)) continue;
+        bool isJoined = name.size() < argument.size();
+        if (!isJoined) arguments = arguments.subspan(1);
+        if (arguments.empty())
+            options.error = std::string(name) + " needs a value";
+        else
+            option.take(options, isJoined ? argument.substr(name.size() + 1) : arguments[0]);
+        return true;
+    }
+    return false;
+}
+
+/// Takes the option that stands first; false when none does.
+bool TakeOption(Options& options, std::span<const char* const>& arguments) {
+    bool taken = SetFlag(options, arguments[0]) || TakeValue(options, arguments);
+    if (taken && !arguments.empty()) arguments = arguments.subspan(1);
+    return taken;
+}
+
 template <std::size_t count>
 Task TaskOf(const TaskName (&names)[count], std::string_view argument) {
     for (const TaskName& known : names)
@@ -61,12 +111,14 @@ Task TaskOf(const TaskName (&names)[count], std::string_view argument) {
     return Task::Run;
 }
 
-Options InitOptions(Options options, std::span<const char* const> arguments) {
-    if (!arguments.empty()) options.initFolder = arguments[0];
-    if (options.initFolder.empty() || options.initFolder.starts_with("--"))
-        options.error = "--init needs a folder";
+/// --init and --mosaic.
+Options FolderOptions(Options options, std::span<const char* const> arguments) {
+    std::string name = options.task == Task::Init ? "--init" : "--mosaic";
+    options.folder = arguments.empty() ? "" : arguments[0];
+    if (options.folder.empty() || options.folder.starts_with("--"))
+        options.error = name + " needs a folder";
     else if (arguments.size() > 1)
-        options.error = "--init takes one folder; put quotes around a name with blanks";
+        options.error = name + " takes one folder; put quotes around a name with blanks";
     return options;
 }
 
@@ -78,12 +130,15 @@ void Append(std::string& text, std::string_view word) {
 /// The command, and the options before and behind it.
 Options CommandOptions(Options options, std::span<const char* const> arguments) {
     bool literal = false;
-    for (std::string_view argument : arguments) {
+    while (!arguments.empty()) {
+        if (!literal && TakeOption(options, arguments)) continue;
+        std::string_view argument = arguments[0];
+        arguments = arguments.subspan(1);
         if (literal)
             Append(options.commandText, argument);
         else if (argument == "--" && options.commandText.empty())
             literal = true;
-        else if (!SetFlag(options, argument))
+        else
             Append(options.commandText, platform::SameNoCase(argument, "--quiet") ? "-QUIET" : argument);
     }
     if (!literal && startup::TakeYes(options.commandText)) options.yesToAll = true;
@@ -97,17 +152,18 @@ Options ParseOptions(std::span<const char* const> arguments) {
     if (arguments.size() == 1) options.task = TaskOf(loneNames, arguments[0]);
     if (options.task != Task::Run) return options;
     std::span<const char* const> rest = arguments;
-    while (!rest.empty() && SetFlag(options, rest[0])) rest = rest.subspan(1);
-    if (rest.empty()) return CommandOptions(options, arguments);
+    while (!rest.empty() && TakeOption(options, rest)) continue;
+    if (rest.empty() || !options.error.empty()) return options;
     std::string_view first = rest[0];
     options.task = TaskOf(taskNames, first);
-    if (options.task == Task::Init) return InitOptions(options, rest.subspan(1));
+    if (options.task == Task::Init || options.task == Task::Mosaic)
+        return FolderOptions(options, rest.subspan(1));
     if (options.task == Task::Batch) options.batchArguments.assign(rest.begin() + 1, rest.end());
     if (options.task != Task::Run) return options;
     bool isUnknown = first.starts_with("--") && first != "--" && !platform::SameNoCase(first, "--quiet") &&
                      first.find(' ') == std::string_view::npos;
     if (isUnknown) options.error = "unknown option " + std::string(first);
-    return isUnknown ? options : CommandOptions(options, arguments);
+    return isUnknown ? options : CommandOptions(options, rest);
 }
 
 }  // namespace vexlator

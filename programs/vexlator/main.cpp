@@ -3,6 +3,7 @@
 #include "startup/Main.h"
 
 #include "Commands.h"
+#include "Commit.h"
 #include "Options.h"
 #include "batch/Batch.h"
 #include "platform/Files.h"
@@ -12,6 +13,7 @@
 #include "startup/Check.h"
 #include "startup/Keys.h"
 #include "startup/MakeInstallation.h"
+#include "startup/MakeMosaic.h"
 #include "ui/terminal/TerminalInterface.h"
 
 #include <cstdio>
@@ -45,19 +47,20 @@ With a command:
   --yes                        answers every question with Yes
   --strict                     exit status 5 when the output could not hold something
   --json                       prints what came of it as one JSON object
+  --to FOLDER                  puts what it makes there, not beside the source
+  --set SECTION.KEY=VALUE      a value of gv.ini for this run; may be repeated
 
-Instead of a command:
+Instead of a command (--help, --version too):
   --init FOLDER                makes an installation; never overwrites a file
   --batch LIST                 runs a list or a folder; see --batch --help
+  --mosaic FOLDER              one map of the packages in its sub-folders
   --check                      tells what is configured, and what is wrong with it
   --settings                   prints every key of gv.ini with its meaning
-  --help, --version
 
-VEXLATOR_HOME=FOLDER in the environment names the installation; without it, it is
-the program's folder. Exit status: 0 done; 1 failed; 2 the installation or an option
-is not usable; 3 nothing to do, or the command is not understood; 4 stopped by the
-answer to a question; 5 done, with losses, under --strict; 130, 143 stopped by INT,
-TERM.
+VEXLATOR_HOME=FOLDER in the environment names the installation; without it, gv.ini
+beside the program does, else it is the one that --init made last. Exit status: 0
+done; 1 failed; 2 installation or option not usable; 3 nothing to do; 4 stopped by an
+answer; 5 done, with losses, under --strict; 130, 143 stopped by INT, TERM.
 )";
 
 std::string HelpText() {
@@ -108,16 +111,18 @@ ExitStatus Perform(const Options& options) {
         case Options::Task::Help:
             return Print(HelpText());
         case Options::Task::Version:
-            return Print("vexlator " VEXLATOR_VERSION "\ncompiled by " VEXLATOR_COMPILER
-                         "\nwith " VEXLATOR_LIBRARIES "\n");
+            return Print("vexlator " VEXLATOR_VERSION ", commit " + std::string(commit) +
+                         "\ncompiled by " VEXLATOR_COMPILER "\nwith " VEXLATOR_LIBRARIES "\n");
         case Options::Task::Init:
-            return startup::MakeInstallation(options.initFolder, terminal);
+            return startup::MakeInstallation(options.folder, terminal);
         case Options::Task::Settings:
             return Print(startup::SettingsPage());
         case Options::Task::Check:
             return startup::CheckInstallation(terminal);
         case Options::Task::Batch:
             return PerformBatch(options, terminal);
+        case Options::Task::Mosaic:
+            return startup::MakeMosaic(options.folder, terminal);
         case Options::Task::Run:
             break;
     }

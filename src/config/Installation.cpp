@@ -13,15 +13,18 @@ std::string Installation::IniFile(std::string_view file) const {
 
 std::string Installation::ReadIni(std::string_view section, std::string_view key,
                                   std::string_view file) const {
+    if (file.empty() && !overrides_.empty()) return std::string(Ini().Value(section, key));
     return ReadIniFile(IniFile(file), section, key);
 }
 
 IniText Installation::Ini() const {
+    std::string text;
     try {
-        return IniText(platform::ReadWholeFile(settings_.IniFilePath));
+        text = platform::ReadWholeFile(settings_.IniFilePath);
     } catch (const platform::ReadError&) {
-        return IniText("");
     }
+    for (const auto& [section, key, value] : overrides_) text = WithIniValue(text, section, key, value);
+    return IniText(text);
 }
 
 bool Installation::ReadIniFlag(std::string_view section, std::string_view key, std::string_view file) const {

@@ -8,8 +8,14 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vexlator::config {
+
+/// A value that counts instead of that in gv.ini, and is never written there.
+struct IniOverride {
+    std::string section, key, value;
+};
 
 /// What stays the same for the life of a program: gv.ini, the folders, the clock, the run log. Made once by
 /// Main (or a window, or a test), passed by reference; nothing else is global.
@@ -30,6 +36,8 @@ public:
     IniText Ini() const;
     /// On only when the value is exactly "1".
     bool ReadIniFlag(std::string_view section, std::string_view key, std::string_view file = "") const;
+    /// From now on a key of gv.ini has this value, whatever the file says.
+    void Override(IniOverride value) { overrides_.push_back(std::move(value)); }
     /// The path text of the file that an empty one means.
     std::string IniFile(std::string_view file) const;
     /// @throws platform::WriteError
@@ -41,6 +49,7 @@ public:
 private:
     platform::Clock clock_;
     SharedSettings settings_;
+    std::vector<IniOverride> overrides_;  ///< of those of one key the last counts
 };
 
 }  // namespace vexlator::config

@@ -27,6 +27,7 @@ struct RunOptions {
     bool quiet = false;  ///< asks nothing that would hold up a run without anybody watching
     bool minimised = false;
     ImportExtentBox extent;
+    std::string folder;  ///< path text; results go here instead of beside what they are made of; "": there
 };
 
 /// The device job that a drawing came from. Path texts; empty when it came from none.

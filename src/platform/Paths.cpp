@@ -38,6 +38,12 @@ std::string DrivesFolder() {
     return UserDataFolder() + "/vexlator/drives";
 }
 
+std::string UserFolder(const char* variable, const char* belowHome) {
+    if (const char* folder = std::getenv(variable); folder && *folder) return folder;
+    const char* home = std::getenv("HOME");
+    return std::string(home ? home : "") + belowHome;
+}
+
 bool Exists(const std::string& path) {
     std::error_code ignored;
     return fs::exists(fs::symlink_status(path, ignored));
@@ -92,9 +98,11 @@ std::string MatchNoCase(const std::string& native, bool& complete) {
 }  // namespace
 
 std::string UserDataFolder() {
-    if (const char* data = std::getenv("XDG_DATA_HOME"); data && *data) return data;
-    const char* home = std::getenv("HOME");
-    return std::string(home ? home : "") + "/.local/share";
+    return UserFolder("XDG_DATA_HOME", "/.local/share");
+}
+
+std::string UserConfigFolder() {
+    return UserFolder("XDG_CONFIG_HOME", "/.config");
 }
 
 std::string NativePath(std::string_view path) {

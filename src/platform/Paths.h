@@ -35,6 +35,8 @@ bool IsLink(std::string_view path);
 /// The folder for a user's own data, as desktops define it: XDG_DATA_HOME, else .local/share in the home
 /// folder.
 std::string UserDataFolder();
+/// The same for what programs are told once: XDG_CONFIG_HOME, else .config in the home folder.
+std::string UserConfigFolder();
 
 /// The path text made absolute against the current folder; drive and server paths stay as they are.
 std::string AbsolutePath(std::string_view path);

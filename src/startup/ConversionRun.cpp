@@ -181,7 +181,8 @@ ExitStatus Export(config::Run& run, const ExportRow& row, ExportCommand command,
     if (run.Options().extent.IsSet())
         run.Ui().Report("?BOX limits imports of databases only; " +
                         platform::NativePath(command.drawingPath) + " is exported whole");
-    if (row.intoFmoDirectory) command.targetPath = run.Settings().FMODirectory;
+    if (row.intoFmoDirectory && run.Options().folder.empty())
+        command.targetPath = run.Settings().FMODirectory;
     if (platform::FileExists(command.drawingPath)) folder.Require();
     std::string target = platform::NativePath(command.targetPath);
     ExitStatus status = Stoppable(run, target + " is as it was", [&] {
@@ -217,6 +218,7 @@ ExitStatus RunImport(config::Run& run, const Conversions& conversions, std::stri
         return Refuse(run, slip->advice, slip->status);
     if (sources.guessed) ReportGuess(run, sources);
     ImportCommand command = CommandOf(sources);
+    if (!run.Options().folder.empty()) command.sourceFolder = run.Options().folder;
     std::string reason = ChooseSource(run, command);
     const ImportRow* row = conversions.FindImport(command.code);
     if (!row)
@@ -232,6 +234,8 @@ ExitStatus RunImport(config::Run& run, const Conversions& conversions, std::stri
 ExitStatus RunExport(config::Run& run, const Conversions& conversions, std::string_view text) {
     if (auto slip = FindExportSlip(conversions, text)) return Refuse(run, slip->advice, slip->status);
     ExportCommand command = ParseExport(text);
+    if (const std::string& folder = run.Options().folder; !folder.empty())
+        command.targetPath = util::JoinPath(folder, util::FileNameOf(command.targetPath));
     TargetFolder folder(command.targetPath);
     const ExportRow* row = conversions.FindExport(command.code);
     if (!row) {

@@ -54,12 +54,16 @@ std::string KeyNotRead(const IniEntry& entry, const config::KeyList& keys) {
            NameOf(meant->section, meant->name) + "?";
 }
 
-std::string Finding(const IniEntry& entry, const config::KeyList& keys) {
-    constexpr std::size_t longest = 60;  // bytes of a value
-    auto key = std::ranges::find_if(keys, [&](const Key& each) {
+auto FindKey(const config::KeyList& keys, const IniEntry& entry) {
+    return std::ranges::find_if(keys, [&](const Key& each) {
         return platform::SameNoCase(each.section, entry.section) &&
                (each.name.empty() || platform::SameNoCase(each.name, entry.key));
     });
+}
+
+std::string Finding(const IniEntry& entry, const config::KeyList& keys) {
+    constexpr std::size_t longest = 60;  // bytes of a value
+    auto key = FindKey(keys, entry);
     if (key == keys.end()) return KeyNotRead(entry, keys);
     std::string name = NameOf(entry.section, entry.key);
     if (!entry.counts)
@@ -78,6 +82,13 @@ std::vector<std::string> FindingsOf(std::string_view iniText, const config::KeyL
     for (const IniEntry& entry : ini.Entries())
         if (std::string finding = Finding(entry, keys); !finding.empty()) findings.push_back(finding);
     return findings;
+}
+
+std::string WhyNotSet(const config::IniOverride& setting, const config::KeyList& keys) {
+    IniEntry entry{setting.section, setting.key, setting.value, true};
+    std::string finding = Finding(entry, keys);
+    if (!finding.empty() || FindKey(keys, entry) != keys.end()) return finding;
+    return NameOf(setting.section, setting.key) + ": nothing reads this; vexlator --settings lists every key";
 }
 
 }  // namespace vexlator::startup

@@ -15,4 +15,8 @@ namespace vexlator::startup {
 /// `keys`. Keys that look like none may be another program's. Says nothing of folders.
 std::vector<std::string> FindingsOf(std::string_view iniText, const config::KeyList& keys);
 
+/// Why a key cannot have this value for a run, as in "[CSV] Qoute: nothing reads this; did you mean ...";
+/// "" when it can.
+std::string WhyNotSet(const config::IniOverride& setting, const config::KeyList& keys);
+
 }  // namespace vexlator::startup

@@ -7,6 +7,8 @@
 #include "platform/Signals.h"
 #include "startup/CommandLine.h"
 #include "startup/ConversionRun.h"
+#include "startup/Findings.h"
+#include "startup/Keys.h"
 #include "startup/Settings.h"
 #include "startup/Tidied.h"
 #include "util/Files.h"
@@ -48,6 +50,25 @@ bool InstallationIsUsable(config::Run& run) {
     return false;
 }
 
+/// Takes over the settings of this run; tells of one that nothing reads or that means something else.
+bool TakeSettings(config::Installation& installation, config::Run& run, const MainOptions& options) {
+    for (const config::IniOverride& setting : options.settings) {
+        if (std::string reason = WhyNotSet(setting, AllKeys()); !reason.empty()) {
+            Refuse(run, "--set " + reason, ExitStatus::NotUsable);
+            return false;
+        }
+        installation.Override(setting);
+    }
+    return true;
+}
+
+void TakeFolder(config::Run& run, const std::string& folder) {
+    if (folder.empty()) return;
+    run.Options().folder = platform::AbsolutePath(folder);
+    util::MakeFolderTree(run.Options().folder);
+    platform::RequireFolder(run.Options().folder);
+}
+
 /// Takes the switches off the command.
 std::string WithoutSwitches(config::RunOptions& options, std::string text) {
     options.quiet = TakeQuiet(text);
@@ -58,6 +79,7 @@ std::string WithoutSwitches(config::RunOptions& options, std::string text) {
 ExitStatus Perform(config::Installation& installation, config::Run& run, std::string_view received,
                    const MainOptions& options) {
     if (!SettingsAreReadable(installation, run)) return ExitStatus::NotUsable;
+    if (!TakeSettings(installation, run, options)) return ExitStatus::NotUsable;
     std::string text = AfterGo(run, received);
     ReadSettings(installation);
     if (!InstallationIsUsable(run)) return ExitStatus::NotUsable;
@@ -70,6 +92,7 @@ ExitStatus Perform(config::Installation& installation, config::Run& run, std::st
                           " is not understood; it is written ?BOX minX,minY,maxX,maxY ?, with "
                           "the blank before the last ?",
                       ExitStatus::NotUsable);
+    TakeFolder(run, options.folder);
     text = Tidied(options.conversions, WithoutSwitches(run.Options(), std::move(text)));
     switch (ModeOf(text)) {
         case Mode::Import:

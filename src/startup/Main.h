@@ -8,7 +8,9 @@
 #include "ui/UserInterface.h"
 
 #include <functional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace vexlator::startup {
 
@@ -20,6 +22,8 @@ struct MainOptions {
     Conversions conversions = AllConversions();
     SelectionWindow showSelection = {};  ///< none: a command that asks for it finds nothing to do
     platform::Clock clock = platform::LocalTime;
+    std::vector<config::IniOverride> settings = {};  ///< for this run alone
+    std::string folder = {};  ///< results go here instead of beside what they are made of; "": there
     std::function<void(config::Run&)> whenEnded = {};  ///< gets the run with what came of it
 };
 

@@ -8,6 +8,7 @@
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "startup/InstallationFiles.h"
+#include "startup/Settings.h"
 #include "util/Paths.h"
 #include "workflow/WorkflowDatabase.h"
 
@@ -72,14 +73,27 @@ void Fill(const std::string& folder, ui::UserInterface& userInterface) {
     builder.File("gv.ini", DefaultIni(folder));
     // Last: conversions work without it, where no database driver is installed.
     builder.Make("WorkFlow/WorkFlow.MDB", workflow::CreateWorkflowDatabase);
-    userInterface.Report("ready: VEXLATOR_HOME=" + folder + " vexlator \"IMPORT FILE.SHP\"");
+}
+
+/// An installation that cannot be remembered is none the worse.
+void Remember(const std::string& folder, ui::UserInterface& userInterface) {
+    try {
+        RememberInstallation(folder);
+        userInterface.Report("ready: vexlator \"IMPORT FILE.SHP\", in every terminal of yours");
+    } catch (const platform::WriteError& error) {
+        userInterface.Report("ready: VEXLATOR_HOME=" + folder + " vexlator \"IMPORT FILE.SHP\"");
+        userInterface.Report("vexlator takes it by itself when this can be written: " +
+                             std::string(error.what()));
+    }
 }
 
 }  // namespace
 
 ExitStatus MakeInstallation(std::string_view folder, ui::UserInterface& userInterface) {
     try {
-        Fill(FolderForSettings(folder), userInterface);
+        std::string path = FolderForSettings(folder);
+        Fill(path, userInterface);
+        Remember(path, userInterface);
         return ExitStatus::Done;
     } catch (const std::exception& error) {
         userInterface.ShowMessage(error.what());

@@ -6,6 +6,7 @@
 #include "platform/AsciiCase.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
+#include "util/Files.h"
 #include "util/Numbers.h"
 #include "util/Paths.h"
 
@@ -55,11 +56,37 @@ constexpr config::KeyOf<SharedSettings> keys[] = {
                "shapefile exports use the second form of a template's field names, NAME<SECOND>"),
 };
 
+std::string MemoryPath() {
+    return util::JoinPath(platform::UserConfigFolder(), "vexlator/home");
+}
+
+std::string RememberedInstallation() {
+    try {
+        std::string folder = platform::ReadWholeFile(MemoryPath());
+        return folder.substr(0, folder.find_first_of("\r\n"));
+    } catch (const platform::ReadError&) {
+        return "";
+    }
+}
+
+bool HoldsSettings(const std::string& folder) {
+    return platform::FileExists(util::JoinPath(folder, "gv.ini")) ||
+           platform::FileExists(util::JoinPath(folder, "application.ini"));
+}
+
 }  // namespace
 
 std::string InstallationFolder() {
-    const char* home = std::getenv("VEXLATOR_HOME");
-    return home && *home ? platform::AbsolutePath(home) : platform::ExecutableFolder();
+    if (const char* home = std::getenv("VEXLATOR_HOME"); home && *home) return platform::AbsolutePath(home);
+    std::string beside = platform::ExecutableFolder();
+    std::string remembered = HoldsSettings(beside) ? "" : RememberedInstallation();
+    return remembered.empty() ? beside : remembered;
+}
+
+void RememberInstallation(const std::string& folder) {
+    std::string path = MemoryPath();
+    util::MakeFolderTree(util::FolderOf(path));
+    platform::ReplaceFile(path, folder + "\n");
 }
 
 void LocateSettings(config::Installation& installation) {
