@@ -43,6 +43,14 @@ function(vexlator_library name)
   endif()
 endfunction()
 
+# vexlator_all(NAME): vexlator_NAME stands for all libraries of the current folder. Whoever lists the conversions links it.
+function(vexlator_all name)
+  get_property(libraries DIRECTORY PROPERTY BUILDSYSTEM_TARGETS)
+  list(FILTER libraries EXCLUDE REGEX "_headers$")
+  add_library(vexlator_${name} INTERFACE)
+  target_link_libraries(vexlator_${name} INTERFACE ${libraries})
+endfunction()
+
 # Files that declare settings call them `keys`, every one: they do not compile as one file (CMAKE_UNITY_BUILD).
 function(vexlator_settings_alone)
   foreach(source ${ARGN})
