@@ -2,12 +2,16 @@
 // SPDX-License-Identifier: MIT
 
 /// bench_render FILE.VDF: seconds from the drawing's file to the scene, from there to the whole picture of
-/// 1600 x 1000 pixels, to a coarse one, and to that of a window onto a hundredth of the ground, as JSON.
+/// 1600 x 1000 pixels, to a coarse one, and to that of a window onto a hundredth of the ground; frames a
+/// second while a map view pans over what it has painted; as JSON.
+#include "desktop/map/MapView.h"
 #include "render/DrawingScene.h"
 #include "render/Painter.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QImage>
+#include <QMouseEvent>
+#include <QTest>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
@@ -43,22 +47,52 @@ Box WindowOf(const Box& box) {
     return {x - across / 2, y - up / 2, x + across / 2, y + up / 2};
 }
 
+/// Steps of a few pixels to and fro, each painted before the next.
+double FramesWhilePanning(std::shared_ptr<const Scene> scene) {
+    constexpr int frames = 400, turn = 20, step = 5;  // pixels
+    vexlator::desktop::MapView map;
+    int painted = 0;
+    map.painted = [&] { ++painted; };
+    map.resize(1600, 1000);
+    map.SetScene(std::move(scene));
+    map.show();
+    // The view, then the view with what lies around it.
+    if (!QTest::qWaitFor([&] { return painted >= 2; }, 60000))
+        throw std::runtime_error("nothing was painted");
+    QPointF place(800, 500);
+    auto drag = [&](QEvent::Type type, Qt::MouseButton button) {
+        QMouseEvent event(type, place, map.mapToGlobal(place), button, Qt::MiddleButton, Qt::NoModifier);
+        QApplication::sendEvent(&map, &event);
+    };
+    drag(QEvent::MouseButtonPress, Qt::MiddleButton);
+    double seconds = SecondsOf([&] {
+        for (int i = 0; i < frames; ++i) {
+            place.rx() += i / turn % 2 ? -step : step;
+            drag(QEvent::MouseMove, Qt::NoButton);
+            map.repaint();
+        }
+    });
+    return frames / seconds;
+}
+
 void Measure(const char* path) {
-    Scene scene;
-    double reading = SecondsOf([&] { scene = SceneOfFile(path, {}); });
+    std::shared_ptr<const Scene> kept;
+    double reading = SecondsOf([&] { kept = std::make_shared<Scene>(SceneOfFile(path, {})); });
+    const Scene& scene = *kept;
     PaintOptions coarse;
     coarse.isCoarse = true;
     double whole = SecondsOfView(scene, scene.Extents());
-    std::printf("{\"reading\": %.4f, \"whole\": %.4f, \"coarse\": %.4f, \"window\": %.4f}\n", reading, whole,
-                SecondsOfView(scene, scene.Extents(), coarse),
-                SecondsOfView(scene, WindowOf(scene.Extents())));
+    std::printf(
+        "{\"reading\": %.4f, \"whole\": %.4f, \"coarse\": %.4f, \"window\": %.4f, \"frames\": %.0f}\n",
+        reading, whole, SecondsOfView(scene, scene.Extents(), coarse),
+        SecondsOfView(scene, WindowOf(scene.Extents())), FramesWhilePanning(kept));
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication application(count, arguments);
+    QApplication application(count, arguments);
     try {
         if (count != 2) throw std::runtime_error("bench_render FILE.VDF");
         Measure(arguments[1]);

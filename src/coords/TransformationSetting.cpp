@@ -3,6 +3,7 @@
 #include "coords/TransformationSetting.h"
 
 #include "coords/CoordinateOperation.h"
+#include "platform/Errors.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "util/Files.h"
@@ -80,6 +81,14 @@ std::string ReadDefinition(const std::string& path) {
     if (file.Bytes().size() > largestDefinition)
         throw platform::ReadError(file.Name(), "", "too large for a definition");
     return DefinitionText(file.Text());
+}
+
+bool HoldsDefinition(const std::string& path) {
+    try {
+        return IsDefinition(ReadDefinition(path));
+    } catch (const platform::ReadError&) {
+        return false;
+    }
 }
 
 config::KeyList CoordinateKeys() {

@@ -40,6 +40,8 @@ TransformationSetting ReadTransformationSetting(const config::Run& run);
 
 /// The definition in a small file. @throws platform::ReadError
 std::string ReadDefinition(const std::string& path);
+/// Whether a file can be read and is the definition of a coordinate system or an operation.
+bool HoldsDefinition(const std::string& path);
 
 config::KeyList CoordinateKeys();
 

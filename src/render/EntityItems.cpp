@@ -53,6 +53,7 @@ void EntityItems::AddLayers(const drawing::Drawing& drawing, const std::vector<b
 
 void EntityItems::Add(drawing::Drawing& drawing) {
     drawing.forEach([&](const Entity& entity) {
+        builder_.SetEntity(next_++);
         const std::optional<std::uint32_t>& layer = layers_[entity.layerIndex()];
         if (!layer || entity.vertexCount() == 0) return;
         layer_ = *layer;

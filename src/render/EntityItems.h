@@ -37,6 +37,7 @@ private:
 
     SceneBuilder& builder_;
     SymbolScenes& symbols_;
+    std::uint32_t next_ = 0;                            ///< entities so far
     int depth_;                                         ///< of the symbol that the drawing is; 0: of none
     std::vector<std::optional<std::uint32_t>> layers_;  ///< by the drawing's number
     std::uint32_t layer_ = 0;                           ///< of the entity at hand

@@ -3,6 +3,7 @@
 #include "render/Furniture.h"
 
 #include "render/Painter.h"
+#include "render/RoundLengths.h"
 #include "util/Numbers.h"
 
 #include <QFontMetricsF>
@@ -19,30 +20,6 @@ constexpr double titleHeight = 3.2, labelHeight = 1.8, footHeight = 3.4, edge = 
                  sampleWidth = 3, arrowHeight = 5;
 /// Narrower pages, in heights of small print, have no room for a legend.
 constexpr double leastForLegend = 50;
-
-/// 1, 2 or 5 times a power of ten, the largest that is not above the limit.
-double RoundStep(double limit) {
-    if (!(limit > 0) || !std::isfinite(limit)) return 1;
-    double power = std::pow(10.0, std::floor(std::log10(limit)));
-    for (double factor : {5.0, 2.0})
-        if (factor * power <= limit) return factor * power;
-    return power;
-}
-
-int DecimalsOf(double step) {
-    return std::clamp(static_cast<int>(-std::floor(std::log10(step) + 1e-9)), 0, 9);
-}
-
-/// Drawings of this trade are in metres of a grid; what lies within the range of angles is in degrees.
-bool IsInDegrees(const Box& ground) {
-    return ground.minX >= -180 && ground.maxX <= 180 && ground.minY >= -90 && ground.maxY <= 90;
-}
-
-std::string LengthText(double length, bool inDegrees) {
-    if (inDegrees) return util::FormatFixed(length, DecimalsOf(length)) + "\u00B0";
-    if (length >= 1000) return util::FormatFixed(length / 1000, 0) + " km";
-    return util::FormatFixed(length, DecimalsOf(length)) + " m";
-}
 
 QFont FontOf(double pixels, bool isBold = false) {
     QFont font(QStringLiteral("DejaVu Sans"));

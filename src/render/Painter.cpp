@@ -61,7 +61,14 @@ private:
     /// Half the widest dot and line, in pixels, which reach beyond the box of what they stand for.
     double Around() const { return 2 + 2 * options_.pixelsPerMillimetre; }
     bool IsWanted(std::uint32_t item) const {
+        if (IsHidden(item)) return false;
         return !options_.isCoarse || item % coarseShare == 0 || IsLarge(scene_.BoxOf(item), view_.Scale());
+    }
+
+    bool IsHidden(std::uint32_t item) const {
+        if (options_.hiddenLayers.empty()) return false;
+        std::uint32_t layer = scene_.SourceOf(item).layer;
+        return layer < options_.hiddenLayers.size() && options_.hiddenLayers[layer];
     }
 
     const Scene& scene_;

@@ -140,6 +140,7 @@ bool SceneBuilder::Add(std::uint32_t layer, std::uint32_t pen, ItemKind kind,
     scene_.boxes_.push_back(near);
     scene_.items_.push_back(
         {scene_.vertices_.size(), static_cast<std::uint32_t>(vertices.size()), pen, extra, kind});
+    scene_.sources_.push_back({entity_, layer});
     scene_.vertices_.append(vertices);
     SceneLayer& of = scene_.layers_[layer];
     if (of.items++ == 0) {

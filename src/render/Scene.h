@@ -78,7 +78,7 @@ struct NearBox {
 };
 
 /// A drawing as a list of what to paint, in drawing order. Made once, then painted as often as need be, from
-/// several threads too. It holds its own copy of the vertices: 16 bytes each, and 40 bytes an item.
+/// several threads too. It holds its own copy of the vertices: 16 bytes each, and 48 bytes an item.
 class Scene {
 public:
     struct Item {
@@ -87,6 +87,12 @@ public:
         std::uint32_t pen;
         std::uint32_t extra;  ///< Area: number of its first ring's end; Text, Symbol: its number
         ItemKind kind;
+    };
+    /// Where an item comes from.
+    struct Source {
+        std::uint32_t
+            entity;  ///< its place in the drawing or package, counted from 0; that of an area's shell
+        std::uint32_t layer;  ///< its place in Layers()
     };
     static constexpr std::size_t itemsPerBlock = 512;
 
@@ -103,6 +109,7 @@ public:
     Box BoxOf(std::size_t item) const;
 
     const Item& At(std::size_t item) const { return items_[item]; }
+    const Source& SourceOf(std::size_t item) const { return sources_[item]; }
     const Pen& PenOf(const Item& item) const { return pens_[item.pen]; }
     std::span<const PlanePoint> VerticesOf(const Item& item) const {
         return {vertices_.data() + item.firstVertex, item.vertices};
@@ -129,6 +136,7 @@ private:
     std::vector<SceneLayer> layers_;
     std::vector<Pen> pens_;
     drawing::PodVector<Item> items_;
+    drawing::PodVector<Source> sources_;
     drawing::PodVector<NearBox> boxes_;
     std::vector<NearBox> blocks_;
     drawing::PodVector<PlanePoint> vertices_;
@@ -143,6 +151,8 @@ class SceneBuilder {
 public:
     /// Only items that meet the ground box are kept.
     void KeepOnly(const Box& ground);
+    /// What the items to come stand for.
+    void SetEntity(std::uint32_t entity) { entity_ = entity; }
     /// Numbers that items refer to.
     std::uint32_t AddLayer(std::string_view name);
     std::uint32_t AddPen(const Pen& pen);
@@ -171,6 +181,7 @@ private:
     Scene scene_;
     bool keepsAll_ = true;
     Box kept_;
+    std::uint32_t entity_ = 0;
     std::uint32_t lastLayer_ = 0;
     bool lastIsKept_ = false;  ///< the item that was asked for last is in the scene
 };

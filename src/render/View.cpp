@@ -3,21 +3,50 @@
 #include "render/View.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace vexlator::render {
 
-View::View(const Box& extent, int width, int height) : width_(width), height_(height) {
-    // Halves first: the sum of two large numbers may be infinite.
-    centre_ = {extent.minX / 2 + extent.maxX / 2, extent.minY / 2 + extent.maxY / 2};
-    if (!std::isfinite(centre_.x) || !std::isfinite(centre_.y)) centre_ = {};
+namespace {
+
+double ScaleFor(const Box& extent, int width, int height) {
     double across = extent.maxX - extent.minX, up = extent.maxY - extent.minY;
-    double scale = std::min(width / std::max(across, 0.0), height / std::max(up, 0.0));
+    return std::min(width / std::max(across, 0.0), height / std::max(up, 0.0));
+}
+
+/// Halves first: the sum of two large numbers may be infinite.
+PlanePoint MiddleOf(const Box& box) {
+    return {box.minX / 2 + box.maxX / 2, box.minY / 2 + box.maxY / 2};
+}
+
+}  // namespace
+
+View::View(const Box& extent, int width, int height)
+    : View(MiddleOf(extent), ScaleFor(extent, width, height), width, height) {}
+
+View::View(PlanePoint centre, double scale, int width, int height)
+    : width_(width), height_(height), centre_(centre) {
+    if (!std::isfinite(centre_.x) || !std::isfinite(centre_.y)) centre_ = {};
     // Far from the origin, coordinates have no digits for more pixels.
     double finest = 1e-12 * std::max({1.0, std::abs(centre_.x), std::abs(centre_.y)});
     if (!std::isfinite(scale) || scale <= 0) scale = std::min(width, height) / std::max(1.0, finest);
     scale = std::min(scale, 1 / finest);
     toPixels_ = {
         {scale, 0}, {0, -scale}, {width / 2.0 - scale * centre_.x, height / 2.0 + scale * centre_.y}};
+}
+
+View View::Panned(double right, double down) const {
+    return {PlanePoint{centre_.x - right / Scale(), centre_.y + down / Scale()}, Scale(), width_, height_};
+}
+
+View View::Zoomed(PlanePoint pixel, double factor) const {
+    constexpr double least = 1e-300;
+    double scale = std::max(Scale() * factor, least);
+    PlanePoint ground = ToGround(pixel);
+    PlanePoint centre{ground.x - (pixel.x - width_ / 2.0) / scale,
+                      ground.y + (pixel.y - height_ / 2.0) / scale};
+    if (!std::isfinite(centre.x) || !std::isfinite(centre.y)) return *this;
+    return {centre, scale, width_, height_};
 }
 
 PlanePoint View::ToGround(PlanePoint pixel) const {

@@ -19,7 +19,17 @@ public:
     /// An extent without width and height, or with sides that are not finite, shows one unit around its
     /// middle. `width` and `height` are at least 1.
     View(const Box& extent, int width, int height);
+    /// With that place in the middle. The scale is in pixels to a ground unit.
+    View(PlanePoint centre, double scale, int width, int height);
 
+    /// What was seen, moved by so many pixels.
+    View Panned(double right, double down) const;
+    /// Larger by a factor around a pixel, whose ground stays where it is. Scales end where numbers do.
+    View Zoomed(PlanePoint pixel, double factor) const;
+    /// The same middle and scale on other pixels.
+    View Resized(int width, int height) const { return {centre_, Scale(), width, height}; }
+
+    PlanePoint Centre() const { return centre_; }
     int Width() const { return width_; }
     int Height() const { return height_; }
     /// Pixels to a ground unit.

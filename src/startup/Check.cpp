@@ -73,8 +73,8 @@ private:
     void Findings(const config::KeyList& keys) {
         const std::string& path = run_.Settings().IniFilePath;
         if (!platform::FileExists(path)) return;
-        for (const std::string& finding : FindingsOf(platform::ReadWholeFile(path), keys))
-            run_.Ui().Report(finding);
+        for (const Finding& finding : FindingsOf(platform::ReadWholeFile(path), keys))
+            run_.Ui().Report(finding.text);
     }
     void ProjectionFile() {
         std::string name = exporter::ReadShapefileSettings(run_).projection;

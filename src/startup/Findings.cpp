@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <optional>
 
 namespace vexlator::startup {
 
@@ -44,14 +45,27 @@ std::string NameOf(std::string_view section, std::string_view key) {
     return "[" + std::string(section) + "]" + (key.empty() ? "" : " " + std::string(key));
 }
 
-/// "" when the key looks like none that is read.
-std::string KeyNotRead(const IniEntry& entry, const config::KeyList& keys) {
+/// Nothing when the key looks like none that is read.
+std::optional<Finding> KeyNotRead(const IniEntry& entry, const config::KeyList& keys) {
     auto meant = std::ranges::find_if(keys, [&](const Key& key) { return IsMeantBy(key, entry); });
     if (meant == keys.end())
         meant = std::ranges::find_if(keys, [&](const Key& key) { return IsMisplaced(key, entry); });
-    if (meant == keys.end()) return "";
-    return NameOf(entry.section, entry.key) + ": nothing reads this; did you mean " +
-           NameOf(meant->section, meant->name) + "?";
+    if (meant == keys.end()) return std::nullopt;
+    std::string name = NameOf(entry.section, entry.key), other = NameOf(meant->section, meant->name);
+    return Finding{name + ": nothing reads this; did you mean " + other + "?",
+                   "Give " + other + " the value, and take the line " + name + " out of the file",
+                   std::string(meant->section), std::string(meant->name)};
+}
+
+std::string MendOf(const Key& key) {
+    switch (key.type) {
+        case Key::Type::Number:
+            return "Give it a number from " + std::to_string(key.least) + " to " + std::to_string(key.most);
+        case Key::Type::File:
+            return "Choose a file that is there, or clear it, so that the default holds";
+        default:
+            return "Give it 1 for on or 0 for off";
+    }
 }
 
 auto FindKey(const config::KeyList& keys, const IniEntry& entry) {
@@ -61,33 +75,36 @@ auto FindKey(const config::KeyList& keys, const IniEntry& entry) {
     });
 }
 
-std::string Finding(const IniEntry& entry, const config::KeyList& keys) {
+std::optional<Finding> FindingOf(const IniEntry& entry, const config::KeyList& keys) {
     constexpr std::size_t longest = 60;  // bytes of a value
     auto key = FindKey(keys, entry);
     if (key == keys.end()) return KeyNotRead(entry, keys);
     std::string name = NameOf(entry.section, entry.key);
+    std::string section(entry.section), keyName(entry.key);
     if (!entry.counts)
-        return name + ": does not count, because its section or the key stands further up already";
-    if (key->type == Key::Type::Folder) return "";
+        return Finding{name + ": does not count, because its section or the key stands further up already",
+                       "Take the lower line out of the file", section, keyName};
+    if (key->type == Key::Type::Folder) return std::nullopt;
     std::string problem = key->Problem(entry.value);
-    if (problem.empty()) return "";
-    return name + "=" + std::string(platform::CutUtf8(entry.value, longest)) + ": " + problem;
+    if (problem.empty()) return std::nullopt;
+    return Finding{name + "=" + std::string(platform::CutUtf8(entry.value, longest)) + ": " + problem,
+                   MendOf(*key), section, keyName};
 }
 
 }  // namespace
 
-std::vector<std::string> FindingsOf(std::string_view iniText, const config::KeyList& keys) {
+std::vector<Finding> FindingsOf(std::string_view iniText, const config::KeyList& keys) {
     config::IniText ini(iniText);
-    std::vector<std::string> findings;
+    std::vector<Finding> findings;
     for (const IniEntry& entry : ini.Entries())
-        if (std::string finding = Finding(entry, keys); !finding.empty()) findings.push_back(finding);
+        if (std::optional<Finding> finding = FindingOf(entry, keys)) findings.push_back(*std::move(finding));
     return findings;
 }
 
 std::string WhyNotSet(const config::IniOverride& setting, const config::KeyList& keys) {
     IniEntry entry{setting.section, setting.key, setting.value, true};
-    std::string finding = Finding(entry, keys);
-    if (!finding.empty() || FindKey(keys, entry) != keys.end()) return finding;
+    if (std::optional<Finding> finding = FindingOf(entry, keys)) return finding->text;
+    if (FindKey(keys, entry) != keys.end()) return "";
     return NameOf(setting.section, setting.key) + ": nothing reads this; vexlator --settings lists every key";
 }
 

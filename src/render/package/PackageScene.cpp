@@ -29,6 +29,7 @@ public:
     }
 
     void AddArea(const PackageReader& package, const Element& area) {
+        builder_.SetEntity(next_++);
         if (!Choose(area.header, true)) return;
         bool isFirst = true;
         for (const auto& ring : RingsOf(package, area)) {
@@ -38,11 +39,13 @@ public:
         }
     }
     void AddLine(const Element& line) {
+        builder_.SetEntity(next_++);
         if (!Choose(line.header, false)) return;
         if (line.points.size() == 1) return builder_.AddDot(layer_, pen_, line.points[0]);
         builder_.AddCourse(layer_, pen_, ItemKind::Line, line.points);
     }
     void AddText(const Element& text) {
+        builder_.SetEntity(next_++);
         if (!Choose(text.header, false)) return;
         builder_.AddText(layer_, pen_, {text.text.x, text.text.y}, text.text.height / 10.0,
                          text.text.rotation / 10.0 / util::degreesPerRadian,
@@ -91,6 +94,7 @@ private:
     std::map<std::string_view, std::uint32_t> layers_;  ///< names of looks live for ever
     std::map<std::uint32_t, Chosen> chosen_;
     std::uint32_t layer_ = 0, pen_ = 0;
+    std::uint32_t next_ = 0;  ///< elements so far
 };
 
 }  // namespace

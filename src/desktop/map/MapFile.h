@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "render/EntityDetails.h"
+#include "render/Scene.h"
+
+#include <memory>
+#include <string>
+
+namespace vexlator::desktop {
+
+/// A drawing or package that is looked at.
+struct MapFile {
+    std::string path;
+    std::shared_ptr<const render::Scene> scene;
+    bool isPackage = false;
+    std::string notice;  ///< what could not be shown, a line each; "" when all is
+
+    /// What an item stands for. Costs a pass over the file of a drawing. @throws platform::ReadError
+    render::EntityDetails DetailsOfItem(std::size_t item) const;
+};
+
+/// @throws platform::ReadError: file, place and reason
+MapFile ReadMapFile(const std::string& path, const std::string& symbolsFolder);
+
+}  // namespace vexlator::desktop

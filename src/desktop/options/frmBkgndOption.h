@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "startup/OptionsModel.h"
+
+#include <QCoreApplication>
+#include <QDialog>
+#include <functional>
+#include <string>
+
+class QCheckBox;
+class QFormLayout;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+class QTabWidget;
+class QTreeWidget;
+
+namespace vexlator::desktop {
+
+class SettingsPage;
+
+/// The options window: the options of backgrounds, every setting of gv.ini, and what is to be mended there.
+class frmBkgndOption : public QDialog {
+    Q_DECLARE_TR_FUNCTIONS(frmBkgndOption)
+public:
+    /// The installation outlives the window.
+    explicit frmBkgndOption(config::Installation& installation, QWidget* parent = nullptr);
+
+    startup::OptionsModel& Model() { return model_; }
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QWidget* MakeBackgroundPage();
+    QWidget* MakeTilesGroup();
+    QWidget* MakeCoordinatesGroup();
+    QWidget* MakePdfGroup();
+    QWidget* MakeMasterMapGroup();
+    QWidget* MakeEsriGroup();
+    QWidget* MakeCheckPage();
+    QWidget* MakeButtons();
+
+    QLineEdit* AddText(QFormLayout& form, const char* name, const QString& label, const QString& meaning);
+    QCheckBox* AddBox(const char* name, const QString& text, const QString& meaning);
+    /// Shows the model's values in all controls.
+    void Fill();
+    /// After the model has changed.
+    void Changed();
+    void ShowFindings();
+
+    void ChooseCoordSystem();
+    void btnCoordManager_Click();
+    void btnDone_Click();
+    void OfferIni();
+    void CheckLibrary();
+    bool Ask(const QString& text);
+    void Tell(const QString& text);
+
+    startup::OptionsModel model_;
+    std::string iniPath_;
+    QTabWidget* tabs_;
+    SettingsPage* settings_;
+    QPlainTextEdit* pdfLayers_ = nullptr;
+    QTreeWidget* findings_ = nullptr;
+    QPushButton* done_ = nullptr;
+    std::vector<std::pair<QCheckBox*, std::string>> esri_;  ///< with the version of each
+    bool isFilling_ = false, isChecked_ = false;
+};
+
+QWidget* MakeOptionsWindow(config::Installation& installation);
+
+}  // namespace vexlator::desktop
