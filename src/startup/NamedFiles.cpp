@@ -12,13 +12,9 @@
 
 namespace vexlator::startup {
 
-namespace {
-
 bool IsThere(std::string_view path) {
     return platform::FileExists(platform::AbsolutePath(path));
 }
-
-}  // namespace
 
 std::string CodeOf(std::string_view path) {
     std::string name = util::FileNameOf(path);

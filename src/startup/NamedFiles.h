@@ -9,6 +9,9 @@
 
 namespace vexlator::startup {
 
+/// Whether the path, from the current folder, names a file.
+bool IsThere(std::string_view path);
+
 /// What people put between the names of several files.
 inline constexpr std::string_view nameSeparators = " ,;&|";
 

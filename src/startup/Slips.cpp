@@ -82,9 +82,6 @@ std::string NotUnderstood(std::string_view text) {
 
 // --- What the tests ask.
 
-bool IsThere(std::string_view path) {
-    return platform::FileExists(platform::AbsolutePath(path));
-}
 bool IsOneOf(std::string_view word, std::initializer_list<std::string_view> words) {
     return std::ranges::find(words, word) != words.end();
 }

@@ -21,7 +21,6 @@ using render::Box;
 using render::PlanePoint;
 using render::View;
 
-constexpr double step = 1.5;          ///< of + and -
 constexpr double reach = 6;           ///< of the pointer, in pixels of the desktop
 constexpr double shareOfArrow = 0.1;  ///< of the view
 constexpr int shareAround = 2;        ///< the picture reaches so far beyond each side: one half of the view
@@ -333,7 +332,8 @@ void MapView::EndDrag(QPointF place) {
 }
 
 void MapView::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton) SetView(view_.Zoomed(PixelAt(event->position()), step * step));
+    if (event->button() == Qt::LeftButton)
+        SetView(view_.Zoomed(PixelAt(event->position()), zoomStep * zoomStep));
 }
 
 void MapView::leaveEvent(QEvent*) {
@@ -355,9 +355,9 @@ void MapView::keyPressEvent(QKeyEvent* event) {
             return SetView(view_.Panned(0, -up));
         case Qt::Key_Plus:
         case Qt::Key_Equal:
-            return ZoomBy(step);
+            return ZoomBy(zoomStep);
         case Qt::Key_Minus:
-            return ZoomBy(1 / step);
+            return ZoomBy(1 / zoomStep);
         case Qt::Key_Escape:
             drag_ = Drag::None;
             takesRectangle_ = false;

@@ -28,6 +28,7 @@ public:
     /// Stands in the middle while there is no scene.
     void SetNotice(const QString& text);
 
+    static constexpr double zoomStep = 1.5;  ///< of + and -
     void Fit();
     void ZoomBy(double factor);
     /// The next drag draws the rectangle to be shown.

@@ -30,8 +30,6 @@ namespace vexlator::desktop {
 
 namespace {
 
-constexpr double step = 1.5;  ///< of zooming
-
 QString Text(std::string_view text) {
     return QString::fromUtf8(text.data(), qsizetype(text.size()));
 }
@@ -224,11 +222,11 @@ void MapWindow::dropEvent(QDropEvent* event) {
 // --- The map
 
 void MapWindow::ZoomIn() {
-    map_->ZoomBy(step);
+    map_->ZoomBy(MapView::zoomStep);
 }
 
 void MapWindow::ZoomOut() {
-    map_->ZoomBy(1 / step);
+    map_->ZoomBy(1 / MapView::zoomStep);
 }
 
 void MapWindow::Fit() {

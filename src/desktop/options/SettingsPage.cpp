@@ -18,10 +18,6 @@ namespace {
 enum Column { nameColumn, valueColumn, defaultColumn, meaningColumn };
 constexpr int placeRole = Qt::UserRole;
 
-QString Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
-
 /// Only values are edited.
 class Table : public QTreeWidget {
 public:

@@ -16,6 +16,10 @@ class QTreeWidgetItem;
 
 namespace vexlator::desktop {
 
+inline QString Text(std::string_view text) {
+    return QString::fromUtf8(text.data(), qsizetype(text.size()));
+}
+
 /// Every setting of gv.ini, to be searched and changed.
 class SettingsPage : public QWidget {
     Q_DECLARE_TR_FUNCTIONS(SettingsPage)

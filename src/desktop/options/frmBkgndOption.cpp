@@ -33,10 +33,6 @@ namespace {
 
 enum FindingRole { sectionRole = Qt::UserRole, keyRole };
 
-QString Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
-
 }  // namespace
 
 frmBkgndOption::frmBkgndOption(config::Installation& installation, QWidget* parent)
