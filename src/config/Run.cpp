@@ -10,7 +10,7 @@ namespace vexlator::config {
 Run::Run(config::Installation& installation, ui::UserInterface& userInterface, RunOptions options)
     : installation_(installation),
       ui_(userInterface, [this](std::string_view text) { Log(text); }),
-      options_(options) {}
+      options_(std::move(options)) {}
 
 void Run::WriteIni(std::string_view section, std::string_view key, std::string_view value,
                    std::string_view file) {

@@ -15,7 +15,7 @@ namespace vexlator::desktop {
 
 namespace {
 
-enum Column { nameColumn, valueColumn, defaultColumn, meaningColumn };
+enum Column { NameColumn, ValueColumn, DefaultColumn, MeaningColumn };
 constexpr int placeRole = Qt::UserRole;
 
 /// Only values are edited.
@@ -25,7 +25,7 @@ public:
 
 protected:
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override {
-        QModelIndex value = index.siblingAtColumn(valueColumn);
+        QModelIndex value = index.siblingAtColumn(ValueColumn);
         return QTreeWidget::edit(index.parent().isValid() ? value : index, trigger, event);
     }
 };
@@ -45,12 +45,12 @@ SettingsPage::SettingsPage(startup::OptionsModel& model, QWidget* parent)
     connect(table_, &QTreeWidget::currentItemChanged, this, [this] { ShowMeaning(); });
     connect(table_, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* row, int column) {
         const config::Key* key = KeyOf(row);
-        if (isFilling_ || column != valueColumn || !key) return;
-        model_.Set(key->section, key->name, row->text(valueColumn).toStdString());
+        if (isFilling_ || column != ValueColumn || !key) return;
+        model_.Set(key->section, key->name, row->text(ValueColumn).toStdString());
         if (changed) changed();
     });
     connect(reset_, &QPushButton::clicked, this, [this] {
-        if (QTreeWidgetItem* row = table_->currentItem()) row->setText(valueColumn, QString());
+        if (QTreeWidgetItem* row = table_->currentItem()) row->setText(ValueColumn, QString());
     });
     ShowMeaning();
 }
@@ -68,7 +68,7 @@ void SettingsPage::Layout() {
     table_->setUniformRowHeights(true);
     table_->setAlternatingRowColors(true);
     table_->setStyleSheet(QStringLiteral("QTreeView::item { padding: 2px; }"));
-    table_->header()->setSectionResizeMode(nameColumn, QHeaderView::ResizeToContents);
+    table_->header()->setSectionResizeMode(NameColumn, QHeaderView::ResizeToContents);
     meaning_->setWordWrap(true);
     meaning_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     meaning_->setMinimumHeight(3 * fontMetrics().lineSpacing());
@@ -100,13 +100,13 @@ void SettingsPage::MakeRows() {
         auto* row = new QTreeWidgetItem(section, {Text(keys[i].name)});
         row->setFlags(row->flags() | Qt::ItemIsEditable);
         row->setData(0, placeRole, qulonglong(i));
-        row->setText(defaultColumn, Text(keys[i].fallback));
-        row->setText(meaningColumn, Text(keys[i].meaning));
+        row->setText(DefaultColumn, Text(keys[i].fallback));
+        row->setText(MeaningColumn, Text(keys[i].meaning));
     }
     isFilling_ = false;
     Fill();
-    table_->setColumnWidth(valueColumn, 210);
-    table_->setColumnWidth(defaultColumn, 150);
+    table_->setColumnWidth(ValueColumn, 210);
+    table_->setColumnWidth(DefaultColumn, 150);
 }
 
 const config::Key* SettingsPage::KeyOf(const QTreeWidgetItem* row) const {
@@ -124,13 +124,13 @@ void SettingsPage::Fill() {
 
 void SettingsPage::ShowRow(QTreeWidgetItem& row) {
     const config::Key& key = *KeyOf(&row);
-    row.setText(valueColumn, Text(model_.Value(key.section, key.name)));
+    row.setText(ValueColumn, Text(model_.Value(key.section, key.name)));
     QFont font = table_->font();
     font.setBold(model_.DiffersFromDefault(key));
     font.setItalic(model_.IsChanged(key.section, key.name));
-    row.setFont(nameColumn, font);
-    row.setFont(valueColumn, font);
-    row.setText(nameColumn, Text(key.name) + (font.bold() ? QStringLiteral("  ●") : QString()));
+    row.setFont(NameColumn, font);
+    row.setFont(ValueColumn, font);
+    row.setText(NameColumn, Text(key.name) + (font.bold() ? QStringLiteral("  ●") : QString()));
 }
 
 void SettingsPage::Filter() {
@@ -141,7 +141,7 @@ void SettingsPage::Filter() {
         for (int j = 0; j < section->childCount(); ++j) {
             QTreeWidgetItem* row = section->child(j);
             bool isWanted = isSection;
-            for (int column : {nameColumn, valueColumn, meaningColumn})
+            for (int column : {NameColumn, ValueColumn, MeaningColumn})
                 isWanted |= row->text(column).contains(wanted, Qt::CaseInsensitive);
             row->setHidden(!isWanted);
             hasAny |= isWanted;
@@ -168,7 +168,7 @@ void SettingsPage::GoTo(const std::string& section, const std::string& name) {
             const config::Key& key = *KeyOf(row);
             if (!platform::SameNoCase(key.section, section) || !platform::SameNoCase(key.name, name))
                 continue;
-            table_->setCurrentItem(row, valueColumn);
+            table_->setCurrentItem(row, ValueColumn);
             table_->scrollToItem(row);
             table_->setFocus();
             return;

@@ -31,7 +31,7 @@ namespace vexlator::desktop {
 
 namespace {
 
-enum FindingRole { sectionRole = Qt::UserRole, keyRole };
+enum FindingRole { SectionRole = Qt::UserRole, KeyRole };
 
 }  // namespace
 
@@ -215,8 +215,8 @@ QWidget* frmBkgndOption::MakeCheckPage() {
     layout->addWidget(help);
     connect(findings_, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* row) {
         tabs_->setCurrentWidget(settings_);
-        settings_->GoTo(row->data(0, sectionRole).toString().toStdString(),
-                        row->data(0, keyRole).toString().toStdString());
+        settings_->GoTo(row->data(0, SectionRole).toString().toStdString(),
+                        row->data(0, KeyRole).toString().toStdString());
     });
     return page;
 }
@@ -263,8 +263,8 @@ void frmBkgndOption::ShowFindings() {
     findings_->clear();
     for (const startup::Finding& finding : model_.Findings()) {
         auto* row = new QTreeWidgetItem(findings_, {Text(finding.text), Text(finding.mend)});
-        row->setData(0, sectionRole, Text(finding.section));
-        row->setData(0, keyRole, Text(finding.key));
+        row->setData(0, SectionRole, Text(finding.section));
+        row->setData(0, KeyRole, Text(finding.key));
         row->setToolTip(0, Text(finding.text));
     }
     int count = findings_->topLevelItemCount();
