@@ -35,7 +35,7 @@ Command ParseCommand(const std::vector<std::string>& arguments) {
     Command command;
     for (std::size_t i = 0; i < arguments.size(); i += 2) {
         std::string keyword = platform::UpperAscii(arguments[i]);
-        if (i + 1 == arguments.size()) throw WrongUse(arguments[i] + ": has no value behind it");
+        if (i + 1 == arguments.size()) throw WrongUse(arguments[i] + ": has no value after it");
         const std::string& value = arguments[i + 1];
         if (keyword == "GEOREF") {
             command.georefFile = value;

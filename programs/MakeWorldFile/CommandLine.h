@@ -8,24 +8,24 @@
 
 namespace vexlator::makeworldfile {
 
-/// A command that is not understood.
+/// A command that was not understood.
 struct WrongUse : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// What the program is asked for. Paths are path texts.
+/// The options of a command. Paths are path texts.
 struct Command {
-    std::string georefFile;  ///< control points; empty: none
-    std::string source;      ///< the image
-    std::string target;      ///< folder of all outputs
-    std::vector<std::string>
-        layers;             ///< images that lie over each other in place of the source; names or paths
-    int tileSize = 0;       ///< pixels; 0: the image stays whole
-    std::string debugFile;  ///< gets a line about what was done; empty: none
+    std::string georefFile;           ///< control points; empty: none
+    std::string source;               ///< the image
+    std::string target;               ///< folder of all outputs
+    std::vector<std::string> layers;  ///< images to overlay instead of the source; names or paths
+    int tileSize = 0;                 ///< size of tiles in pixels; 0: the image stays whole
+    std::string debugFile;            ///< gets a report of the run; empty: none
 };
 
-/// Keywords, in any letter case and order, each with its value behind it: GEOREF, Source, target, FileList,
-/// CARVE and debugfile. @throws WrongUse
+/// Keywords, in any letter case and order, each followed by its value: GEOREF, Source, target, FileList,
+/// CARVE and debugfile.
+/// @throws WrongUse
 Command ParseCommand(const std::vector<std::string>& arguments);
 
 }  // namespace vexlator::makeworldfile

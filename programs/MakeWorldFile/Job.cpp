@@ -3,12 +3,12 @@
 #include "MakeWorldFile/Job.h"
 
 #include "MakeWorldFile/NorthUp.h"
-#include "MakeWorldFile/Picture.h"
-#include "MakeWorldFile/Tiles.h"
+#include "formats/worldfile/WorldFile.h"
 #include "georef/PointEntries.h"
-#include "georef/WorldFile.h"
 #include "platform/OutputSet.h"
 #include "platform/Paths.h"
+#include "raster/Picture.h"
+#include "raster/Tiles.h"
 #include "util/Numbers.h"
 #include "util/Paths.h"
 
@@ -21,12 +21,14 @@ namespace vexlator::makeworldfile {
 
 namespace {
 
+using raster::Picture;
+
 constexpr const char* lineEnd = "\r\n";
 
-/// Where the image lies, and whether it is to be turned.
+/// The position of the image, and whether to rotate it.
 struct Placement {
     std::optional<georef::Fit> fit;  ///< from control points
-    georef::WorldFile world;         ///< without them
+    formats::WorldFile world;        ///< without them
     bool turns = false;
     std::string said;
 };
@@ -48,14 +50,13 @@ std::string Residuals(const georef::Fit& fit) {
 }
 
 /// Of the source, else of the first layer.
-georef::WorldFile WorldOf(const Command& command, const std::vector<std::string>& files,
-                          const Picture& picture) {
+formats::WorldFile WorldOf(const Command& command, const std::vector<std::string>& files,
+                           const Picture& picture) {
     for (const std::string& image : {command.source, files.front()})
-        for (const std::string& name : georef::WorldFileNames(image))
-            if (platform::FileExists(name)) return georef::ReadWorldFile(name);
-    if (std::optional<georef::WorldFile> world = picture.Placement()) return *world;
+        if (std::optional<formats::WorldFile> world = raster::ReadWorldFileOf(image)) return *world;
+    if (std::optional<formats::WorldFile> world = picture.Placement()) return *world;
     throw std::runtime_error(platform::NativePath(command.source) +
-                             ": neither control points nor a world file say where the image lies");
+                             ": neither control points nor a world file give the position of the image");
 }
 
 Placement FitOf(const georef::GeorefFile& file, const Picture& picture) {
@@ -66,13 +67,13 @@ Placement FitOf(const georef::GeorefFile& file, const Picture& picture) {
     bool bends = fit.Kind() == georef::FitKind::SecondOrder;
     if (bends && !file.rotate)
         throw georef::FitError(
-            "a fit of second order bends the image, which a world file cannot tell; have the "
-            "image rotated, or fit in first order");
+            "a fit of second order bends the image, which a world file cannot express; rotate the image, or "
+            "use a fit of first order");
     placement.world = fit.TermsAt({0, 0});
     placement.said = fit.Description() + lineEnd + Residuals(fit);
     if (fit.IsMirrored())
         placement.said +=
-            std::string("the image lies mirrored: are two points, or x and y, exchanged?") + lineEnd;
+            std::string("the image is mirrored: are two points, or x and y, exchanged?") + lineEnd;
     bool isOtherSize = file.width > 0 && (file.width != picture.Width() || file.height != picture.Height());
     if (isOtherSize)
         placement.said += "the points were taken on an image of " + std::to_string(file.width) + " x " +
@@ -94,7 +95,7 @@ Placement PlacementOf(const Command& command, const std::vector<std::string>& fi
     return placement;
 }
 
-/// Names in the list are those of files beside the source.
+/// Names in the list are files beside the source.
 std::vector<std::string> FilesOf(const Command& command) {
     if (command.layers.empty()) return {command.source};
     std::vector<std::string> files;
@@ -110,10 +111,10 @@ std::string Size(int width, int height) {
     return std::to_string(width) + " x " + std::to_string(height) + " pixels";
 }
 
-/// The image as it is to be written.
+/// The image to write.
 struct Result {
     GDALDatasetH image = nullptr;
-    georef::WorldFile world;
+    formats::WorldFile world;
     std::optional<NorthUpImage> turned;
 };
 
@@ -128,19 +129,33 @@ void WriteWhole(const Result& result, const Picture& picture, const std::string&
         picture.Prove();
         output.Write(platform::MappedFile(source).Bytes());
     } else {
-        WriteJpeg(result.image, output);
+        raster::WriteJpeg(result.image, output);
     }
-    outputs.Add(georef::WorldFilePath(path)).Write(georef::WorldFileText(result.world));
+    outputs.Add(formats::WorldFilePath(path)).Write(formats::WorldFileText(result.world));
+}
+
+/// FOLDER\NAME_RRR_CCC.jpg, row and column from 1 at the top left, so that the order of names is that of rows
+/// and columns, each with its world file.
+raster::TileCount WriteTiles(const Result& result, const Command& command, platform::OutputSet& outputs) {
+    std::string name = util::JoinPath(command.target, util::SafeFileName(util::BaseNameOf(command.source)));
+    raster::TileCount count = raster::CountTiles(result.image, command.tileSize);
+    int digits =
+        std::max<int>(3, static_cast<int>(std::to_string(std::max(count.rows, count.columns)).size()));
+    auto write = [&](const raster::ImageTile& tile) {
+        std::string path = name + "_" + util::ZeroPadded(tile.row + 1, digits) + "_" +
+                           util::ZeroPadded(tile.column + 1, digits);
+        raster::WriteJpeg(tile.image, outputs.Add(path + ".jpg"));
+        outputs.Add(path + ".jgw").Write(formats::WorldFileText(tile.world));
+    };
+    raster::CarveTiles(result.image, command.source, result.world, command.tileSize, write);
+    return count;
 }
 
 std::string WriteOutputs(const Result& result, const Picture& picture, const Command& command) {
     platform::OutputSet outputs;
     std::string said;
     if (command.tileSize > 0) {
-        std::string name =
-            util::JoinPath(command.target, util::SafeFileName(util::BaseNameOf(command.source)));
-        TileCount tiles =
-            CarveTiles(result.image, command.source, result.world, command.tileSize, name, outputs);
+        raster::TileCount tiles = WriteTiles(result, command, outputs);
         said = std::to_string(tiles.rows) + " rows of " + std::to_string(tiles.columns) + " tiles";
     } else {
         std::string path = util::JoinPath(command.target, "bkg.jpg");

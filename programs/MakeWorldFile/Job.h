@@ -8,9 +8,9 @@
 
 namespace vexlator::makeworldfile {
 
-/// Places the image, turns and cuts it as the command says and writes the results into the target folder:
-/// bkg.jpg and bkg.jgw, or the tiles. All appear together. Returns what was done, in lines for people: the
-/// fit, its residuals, worst first, and the outputs.
+/// Georeferences the image, rotates and cuts it as the command says, and writes the results into the target
+/// folder: bkg.jpg and bkg.jgw, or the tiles. All files appear together. Returns a report in lines for the
+/// user: the fit, its residuals, worst first, and the outputs.
 /// @throws platform::ReadError, platform::WriteError, georef::FitError, std::runtime_error
 std::string RunJob(const Command& command);
 

@@ -15,10 +15,10 @@ namespace {
 
 using util::PlanePoint;
 
-/// What lies where in the turned image.
+/// The layout of the rotated image.
 struct Frame {
     int width = 0, height = 0;
-    georef::WorldFile world;
+    formats::WorldFile world;
 };
 
 struct Extent {
@@ -31,7 +31,7 @@ struct Extent {
     }
 };
 
-/// Edges bend under a fit of second order, so that corners alone do not tell how far they reach.
+/// Edges are curves under a fit of second order, so corners alone do not give their extent.
 Extent ExtentOf(const georef::Fit& fit, double width, double height) {
     constexpr int steps = 32;
     Extent extent;
@@ -44,10 +44,11 @@ Extent ExtentOf(const georef::Fit& fit, double width, double height) {
 }
 
 std::runtime_error TooLarge() {
-    return std::runtime_error("turned north-up the image would be too large; check the control points");
+    return std::runtime_error(
+        "the image would be too large after rotation to north-up; check the control points");
 }
 
-/// A pixel that is reached by less than this part of it is noise of the computation.
+/// Limit for a pixel's share: a smaller one is rounding noise.
 constexpr double noise = 1e-6;
 
 Frame FrameOf(const georef::Fit& fit, int width, int height) {
@@ -57,11 +58,11 @@ Frame FrameOf(const georef::Fit& fit, int width, int height) {
     double columns = std::max(std::ceil((extent.right - extent.left) / size - noise), 1.0);
     double rows = std::max(std::ceil((extent.top - extent.bottom) / size - noise), 1.0);
     if (!(columns <= longestSide && rows <= longestSide && columns * rows <= mostPixels)) throw TooLarge();
-    georef::WorldFile world{size, 0, 0, -size, extent.left + size / 2, extent.top - size / 2};
+    formats::WorldFile world{size, 0, 0, -size, extent.left + size / 2, extent.top - size / 2};
     return {static_cast<int>(columns), static_cast<int>(rows), world};
 }
 
-/// A part of the turned image.
+/// A part of the rotated image.
 struct Block {
     int left = 0, top = 0, width = 0, height = 0;
 };
@@ -72,10 +73,10 @@ struct Window {
     std::vector<GByte> pixels;
 };
 
-/// Computes the turned image block by block, so that no more of the image is in memory than a block shows.
+/// Computes the rotated image block by block, so that memory holds only the part of the image for one block.
 class Turner {
 public:
-    Turner(GDALDatasetH image, const georef::Fit& fit, const georef::WorldFile& world)
+    Turner(GDALDatasetH image, const georef::Fit& fit, const formats::WorldFile& world)
         : image_(image),
           fit_(fit),
           world_(world),
@@ -83,7 +84,7 @@ public:
           height_(GDALGetRasterYSize(image)),
           channels_(GDALGetRasterCount(image)) {}
 
-    /// The block's pixels, good until the next call.
+    /// The block's pixels, valid until the next call.
     std::vector<GByte>& Turn(const Block& block) {
         FindNodes(block);
         ReadWindow();
@@ -94,8 +95,8 @@ public:
     }
 
 private:
-    /// So many pixels of a row lie on a straight line of the image, evenly; a fit of second order hardly
-    /// bends there.
+    /// Number of pixels of a row that are taken to be evenly on a straight line of the image. A fit of second
+    /// order hardly bends over this length.
     static constexpr int nodeStep = 32;
     static constexpr GByte white = 255;
 
@@ -108,12 +109,12 @@ private:
 
     GDALDatasetH image_;
     const georef::Fit& fit_;
-    georef::WorldFile world_;
+    formats::WorldFile world_;
     int width_, height_, channels_;
     std::size_t nodesPerRow_ = 0;
     std::vector<PlanePoint>
-        nodes_;      ///< where every so many pixels of each row lie on the image; NaN: nowhere
-    Window window_;  ///< what the block shows of the image
+        nodes_;      ///< positions of regularly spaced pixels of each row on the image; NaN: none
+    Window window_;  ///< the part of the image in the block
     std::vector<GByte> turned_;
 };
 
@@ -131,7 +132,7 @@ void Turner::FindNodes(const Block& block) {
         }
 }
 
-/// What lies between all nodes, and the neighbours that the edges take part of.
+/// The area between all nodes, with the neighbours needed at the edges.
 void Turner::ReadWindow() {
     constexpr double mostPixels = 1e8;
     Extent extent;
@@ -151,7 +152,7 @@ void Turner::ReadWindow() {
         GDALDatasetRasterIOEx(image_, GF_Read, window_.left, window_.top, window_.width, window_.height,
                               window_.pixels.data(), window_.width, window_.height, GDT_Byte, channels_,
                               nullptr, channels_, GSpacing{channels_} * window_.width, 1, nullptr);
-    if (error != CE_None) throw std::runtime_error(TakeReason());
+    if (error != CE_None) throw std::runtime_error(raster::TakeReason());
 }
 
 template <int channels>
@@ -166,7 +167,7 @@ void Turner::Sample(const Block& block, int row) {
     }
 }
 
-/// Bilinear between the centres of four pixels; at the image's edge, those inside count.
+/// Bilinear between the centres of four pixels. At the image's edge, only pixels inside count.
 template <int channels>
 void Turner::SamplePixel(PlanePoint place, GByte* target) const {
     constexpr int one = 1 << 11, half = one / 2;
@@ -181,7 +182,7 @@ void Turner::SamplePixel(PlanePoint place, GByte* target) const {
     for (int k = 0; k < channels; ++k) {
         int above = upper0[column0 * channels + k] * (one - right) + upper0[column1 * channels + k] * right;
         int below = lower0[column0 * channels + k] * (one - right) + lower0[column1 * channels + k] * right;
-        // Both sums have eleven bits behind the point; weighted again they would have twenty-two.
+        // Both sums have eleven bits after the point. Another weighting would give twenty-two.
         target[k] = static_cast<GByte>(
             (above * std::int64_t{one - lower} + below * std::int64_t{lower} + std::int64_t{half} * one) >>
             22);
@@ -194,7 +195,7 @@ NorthUpImage TurnNorthUp(GDALDatasetH image, const georef::Fit& fit, const std::
     constexpr int blockWidth = 1024, blockHeight = 256;
     Frame frame = FrameOf(fit, GDALGetRasterXSize(image), GDALGetRasterYSize(image));
     int channels = GDALGetRasterCount(image);
-    NorthUpImage turned{ScratchImage(scratch, frame.width, frame.height, channels), frame.world};
+    NorthUpImage turned{raster::ScratchImage(scratch, frame.width, frame.height, channels), frame.world};
     Turner turner(image, fit, frame.world);
     for (int top = 0; top < frame.height; top += blockHeight)
         for (int left = 0; left < frame.width; left += blockWidth) {

@@ -2,22 +2,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "MakeWorldFile/Gdal.h"
+#include "formats/worldfile/WorldFile.h"
 #include "georef/Fit.h"
-#include "georef/WorldFile.h"
+#include "raster/Gdal.h"
 
 #include <string>
 
 namespace vexlator::makeworldfile {
 
-/// An image whose rows run from west to east, from the north down.
+/// An image whose rows run from west to east, in order from north to south.
 struct NorthUpImage {
-    ScratchImage image;
-    georef::WorldFile world;
+    raster::ScratchImage image;
+    formats::WorldFile world;
 };
 
-/// Turns an image by its fit: bilinear, the pixels as large as the image's are in its middle, white where it
-/// does not reach. @throws std::runtime_error: it would become too large; platform::WriteError
+/// Rotates an image by its fit: bilinear, with pixels of the size at the image's centre, and white outside of
+/// it.
+/// @throws std::runtime_error if it would become too large; platform::WriteError
 NorthUpImage TurnNorthUp(GDALDatasetH image, const georef::Fit& fit, const std::string& scratch);
 
 }  // namespace vexlator::makeworldfile

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 
-// MakeWorldFile: places an image on the ground by control points, turns it north-up and cuts it into tiles.
+// MakeWorldFile: georeferences an image by control points, rotates it north-up and cuts it into tiles.
 #include "MakeWorldFile/CommandLine.h"
-#include "MakeWorldFile/Gdal.h"
 #include "MakeWorldFile/Job.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Signals.h"
 #include "platform/StandardOutput.h"
+#include "raster/Gdal.h"
 #include "util/Paths.h"
 
 #include <cstdio>
@@ -31,14 +31,16 @@ constexpr std::string_view usage =
 
 constexpr std::string_view help =
     "\n"
-    "Fits the control points of IMAGE.INI (its section GEOREF), and turns the image north-up where ROTATE=1 "
-    "says so.\n"
-    "Without points the image's world file, or what the image itself says, places it. FOLDER gets bkg.jpg "
-    "with its\n"
-    "world file, or tiles IMAGE_RRR_CCC.jpg with theirs; images of a list lie over each other. Log.txt in "
-    "FOLDER comes\n"
-    "last: its first line is OK, or why nothing was written; then the fit and its residuals, worst first.\n"
-    "Exit status: 0 done; 1 failed, and FOLDER is as it was but for Log.txt; 2 wrong use.\n";
+    "Fits the control points of IMAGE.INI (its section GEOREF), and rotates the image north-up if ROTATE=1 "
+    "is set.\n"
+    "Without points the position comes from the image's world file, or from the image itself. FOLDER gets "
+    "bkg.jpg\n"
+    "with its world file, or tiles IMAGE_RRR_CCC.jpg with theirs. Images of a list are overlaid. Log.txt in "
+    "FOLDER\n"
+    "is written last: its first line is OK, or why nothing was written; then the fit and its residuals, "
+    "worst "
+    "first.\n"
+    "Exit status: 0 done; 1 failed, and only Log.txt in FOLDER has changed; 2 wrong use.\n";
 
 int Complain(const std::string& reason, int status) {
     std::string line = "MakeWorldFile: " + reason + "\n";
@@ -46,14 +48,14 @@ int Complain(const std::string& reason, int status) {
     return status;
 }
 
-/// The line that callers read, and what follows it. Its being there tells them that all is done.
+/// The line that callers read, and the lines after it. The file tells them that the run is complete.
 void WriteLog(const Command& command, const std::string& text) {
     platform::ReplaceFile(util::JoinPath(command.target, "Log.txt"), text);
     if (command.debugFile.empty()) return;
     try {
         platform::AppendToFile(command.debugFile, platform::NativePath(command.source) + ": " + text);
     } catch (const platform::WriteError&) {
-        // Nobody waits for it.
+        // Callers do not need it.
     }
 }
 
@@ -71,7 +73,7 @@ int Perform(const Command& command) {
         platform::RequireFolder(command.target);
         platform::RemoveLeftovers(command.target);
         platform::RemoveFile(util::JoinPath(command.target, "Log.txt"));  // of an earlier run
-        StartGdal();
+        raster::StartGdal();
         WriteLog(command, "OK\r\n" + RunJob(command));
         return done;
     } catch (const platform::Stopped&) {

@@ -16,7 +16,7 @@ namespace vexlator::georef {
 
 namespace {
 
-/// What people type for the three marks. Longer ones first: two apostrophes are seconds.
+/// Characters that people type for the three marks. Longer ones first: two apostrophes mean seconds.
 constexpr std::array<std::pair<std::string_view, char>, 14> marks = {
     {{"\xC2\xB0", 'd'},  // degree sign
      {"\xC2\xBA", 'd'},  // ordinal sign
@@ -46,7 +46,7 @@ bool HasOneComma(std::string_view word) {
            word.find(',', comma + 1) == std::string_view::npos;
 }
 
-/// Commas are decimal when a semicolon separates, or when two words have one inside each.
+/// Commas are decimal if a semicolon separates the values, or if each of two words contains one.
 bool HasDecimalCommas(std::string_view text) {
     if (text.find('.') != std::string_view::npos) return false;
     if (text.find(';') != std::string_view::npos) return true;
@@ -54,7 +54,7 @@ bool HasDecimalCommas(std::string_view text) {
     return words.size() == 2 && HasOneComma(words[0]) && HasOneComma(words[1]);
 }
 
-/// Goes through a typed position and collects values.
+/// Reads a typed position and collects values.
 class Scanner {
 public:
     explicit Scanner(std::string_view text) : text_(text) {
@@ -76,7 +76,7 @@ private:
         rest_.remove_prefix(what.size());
         return true;
     }
-    /// A colon separates the parts of an angle, as a blank does.
+    /// A colon separates the parts of an angle, like a blank.
     bool SkipBlank() { return Take(" ") || Take("\t") || Take(":"); }
     bool TakeSeparator() {
         if (!Take(",") && !Take(";")) return false;
@@ -119,12 +119,12 @@ bool Scanner::TakeNumber() {
 bool Scanner::TakeMark() {
     auto mark = std::find_if(marks.begin(), marks.end(),
                              [this](const auto& known) { return rest_.starts_with(known.first); });
-    // A small s is the mark of seconds only behind marked minutes; else it is the south.
+    // A lower-case s means seconds only after marked minutes; else it means south.
     std::size_t count = current_.parts.size();
     bool isSmallS = rest_.starts_with('s') && count > 1 && current_.parts[count - 2].mark == 'm';
     if (mark == marks.end() && !isSmallS) return false;
     char kind = isSmallS ? 's' : mark->second;
-    if (count == 0 || current_.parts.back().mark) throw NotUnderstood{"a mark stands where a number belongs"};
+    if (count == 0 || current_.parts.back().mark) throw NotUnderstood{"a mark is in the place of a number"};
     rest_.remove_prefix(isSmallS ? 1 : mark->first.size());
     if (kind == 'd' && count > 1) {
         AnglePart degrees = current_.parts.back();
@@ -144,13 +144,13 @@ bool Scanner::TakeHemisphere() {
     if (isFirst) lettersComeFirst_ = true;
     if (lettersComeFirst_) Close();
     if (current_.hemisphere || (!lettersComeFirst_ && current_.parts.empty()))
-        throw NotUnderstood{"the letter " + letter + " stands where a number belongs"};
+        throw NotUnderstood{"the letter " + letter + " is in the place of a number"};
     current_.hemisphere = letter[0];
     if (!lettersComeFirst_) Close();
     return true;
 }
 
-/// "52 39 28.8 1 42 58" and "52,39,28.8,1,42,58": as many numbers for each of the two.
+/// "52 39 28.8 1 42 58" and "52,39,28.8,1,42,58": the same number of parts for each of the two values.
 std::vector<AngleValue> Halves(std::vector<AngleValue> values) {
     std::vector<AnglePart> parts;
     for (const AngleValue& value : values) {
@@ -179,7 +179,7 @@ double AngleValue::Degrees() const {
         const AnglePart& part = parts[i];
         std::string name = names[i];
         if (part.mark && part.mark != order[i])
-            throw NotUnderstood{"the mark behind the " + name + " is another's"};
+            throw NotUnderstood{"the mark after the " + name + " is another's"};
         if (i > 0 && part.hasSign) throw NotUnderstood{"the " + name + " have a sign"};
         if (i > 0 && part.value >= 60) throw NotUnderstood{"there are 60 or more " + name};
         if (part.hasDecimals && i + 1 < parts.size())

@@ -9,12 +9,12 @@
 
 namespace vexlator::georef {
 
-/// Something of a typed position that is not understood; in words.
+/// A part of a typed position that was not understood, in words.
 struct NotUnderstood {
     std::string reason;
 };
 
-/// One number of a value, and the mark behind it: 'd', 'm' or 's' for degrees, minutes, seconds; 0: none.
+/// One number of a value, and the mark after it: 'd', 'm' or 's' for degrees, minutes, seconds; 0: none.
 struct AnglePart {
     double value = 0;
     bool isNegative = false, hasSign = false, hasDecimals = false;
@@ -27,11 +27,11 @@ struct AngleValue {
     char hemisphere = 0;  ///< N, S, E or W; 0: none
 
     bool IsPlain() const { return parts.size() == 1 && parts[0].mark == 0; }
-    /// With the sign, or that of the hemisphere. @throws NotUnderstood: not an angle
+    /// With its sign, or the sign of the hemisphere. @throws NotUnderstood: not an angle
     double Degrees() const;
 };
 
-/// Splits a typed position into its values; two when it is one. @throws NotUnderstood
+/// Splits a typed position into its values; two for a valid position. @throws NotUnderstood
 std::vector<AngleValue> ReadAngleValues(std::string_view text);
 
 }  // namespace vexlator::georef

@@ -32,7 +32,7 @@ PlanePoint Centre(const std::vector<ControlPoint>& points, Member member) {
     return {sum.x / count, sum.y / count};
 }
 
-/// How far points spread from their centre, along the line that fits them best and across it (mean squares).
+/// The spread of points along the line that fits them best, and across it (mean squares).
 struct Spread {
     double along = 0, across = 0;
 };
@@ -56,7 +56,7 @@ std::string Count(std::size_t count, const std::string& one) {
     return std::to_string(count) + " " + one + (count == 1 ? "" : "s");
 }
 
-/// Closer than this part of their extent to one line, points do not say what lies beside it.
+/// Limit of the ratio of width to length: narrower points do not determine the terms across their line.
 constexpr double thinnestPixels = 1e-3, thinnestGround = 1e-7;
 
 void RequireSpread(const std::vector<ControlPoint>& points, FitKind kind) {
@@ -64,14 +64,14 @@ void RequireSpread(const std::vector<ControlPoint>& points, FitKind kind) {
     std::string all = points.size() == pointsOfSimilarity ? "both" : "all " + std::to_string(points.size());
     if (!std::isfinite(pixels.along) || !std::isfinite(ground.along))
         throw FitError("the control points have values that are too large to compute with");
-    if (pixels.along == 0) throw FitError(all + " control points lie at the same place of the image");
+    if (pixels.along == 0) throw FitError(all + " control points have the same position on the image");
     if (ground.along == 0) throw FitError(all + " control points have the same ground position");
     if (kind == FitKind::Similarity) return;
     if (pixels.across < pixels.along * thinnestPixels)
-        throw FitError(all + " control points lie on one line of the image; add one beside that line");
+        throw FitError(all + " control points are on one line of the image; add one beside that line");
     if (ground.across < ground.along * thinnestGround)
         throw FitError("the ground positions of " + all +
-                       " control points lie on one line; check their values");
+                       " control points are on one line; check their values");
 }
 
 void RequireCount(std::size_t count, std::size_t least, const std::string& what) {
@@ -108,7 +108,7 @@ Fit::Fit(const std::vector<ControlPoint>& points, Order order) : kind_(KindFor(p
     FindResiduals(points);
 }
 
-/// The image's y runs downwards, so that both are complex numbers of one turn only with y reversed.
+/// The image's y axis points down. With y reversed, both are complex numbers with the same orientation.
 void Fit::FitSimilarity(const std::vector<ControlPoint>& points) {
     double u = (points[1].pixel.x - points[0].pixel.x) * pixelScale_;
     double v = (points[0].pixel.y - points[1].pixel.y) * pixelScale_;
@@ -127,11 +127,9 @@ void Fit::FitTerms(const std::vector<ControlPoint>& points) {
                                 point.ground.x - groundCentre_.x, point.ground.y - groundCentre_.y});
     std::optional<Terms> terms = SolveLeastSquares(std::move(observations), TermsOf(kind_));
     if (!terms)
-        throw FitError(
-            kind_ == FitKind::SecondOrder
-                ? "the control points lie on one curve of second order; spread them over the image, or "
-                  "fit in first order"
-                : "the control points do not determine a fit; add one");
+        throw FitError(kind_ == FitKind::SecondOrder ? "the control points are on one curve of second order; "
+                                                       "spread them over the image, or fit in first order"
+                                                     : "the control points do not determine a fit; add one");
     x_ = terms->first;
     y_ = terms->second;
 }
@@ -147,9 +145,9 @@ PlanePoint Fit::Ground(PlanePoint pixel) const {
     return {ground.x + groundCentre_.x, ground.y + groundCentre_.y};
 }
 
-WorldFile Fit::TermsAt(PlanePoint pixel) const {
+formats::WorldFile Fit::TermsAt(PlanePoint pixel) const {
     double u = (pixel.x - pixelCentre_.x) * pixelScale_, v = (pixel.y - pixelCentre_.y) * pixelScale_;
-    WorldFile terms;
+    formats::WorldFile terms;
     terms.a = (x_[1] + 2 * x_[3] * u + x_[4] * v) * pixelScale_;
     terms.b = (x_[2] + x_[4] * u + 2 * x_[5] * v) * pixelScale_;
     terms.d = (y_[1] + 2 * y_[3] * u + y_[4] * v) * pixelScale_;
@@ -164,7 +162,7 @@ std::optional<PlanePoint> Fit::Pixel(PlanePoint ground, PlanePoint near) const {
     constexpr int mostSteps = 30;
     constexpr double closeEnough = 1e-7;
     for (int step = 0; step < mostSteps; ++step) {
-        WorldFile terms = TermsAt(near);
+        formats::WorldFile terms = TermsAt(near);
         if (terms.Determinant() == 0) return std::nullopt;
         PlanePoint next = terms.Pixel(ground);
         if (!std::isfinite(next.x) || !std::isfinite(next.y)) return std::nullopt;
@@ -179,7 +177,7 @@ std::optional<PlanePoint> Fit::Pixel(PlanePoint ground, PlanePoint near) const {
 void Fit::FindResiduals(const std::vector<ControlPoint>& points) {
     for (const ControlPoint& point : points) {
         PlanePoint found = Ground(point.pixel);
-        WorldFile terms = TermsAt(point.pixel);
+        formats::WorldFile terms = TermsAt(point.pixel);
         PlanePoint wanted = terms.Pixel(point.ground);
         residuals_.push_back({point.number, util::Distance(found.x, found.y, point.ground.x, point.ground.y),
                               util::Distance(wanted.x, wanted.y, point.pixel.x, point.pixel.y)});
@@ -204,13 +202,13 @@ bool Fit::IsMirrored() const {
 
 std::string Fit::Description() const {
     static constexpr std::array<const char*, 3> names = {"similarity", "affine", "second order"};
-    WorldFile terms = TermsAt(pixelCentre_);
+    formats::WorldFile terms = TermsAt(pixelCentre_);
     double turn = std::atan2(terms.d, terms.a) * util::degreesPerRadian;
     std::size_t count = residuals_.size();
     bool isChecked = kind_ != FitKind::Similarity && count > TermsOf(kind_);
     return Count(count, "control point") + ", " + names[static_cast<std::size_t>(kind_)] + " fit" +
-           (isChecked ? " by least squares" : " without a point left over to check it") + ": a pixel is " +
-           util::FormatFixed(terms.PixelSize(), 4) + " on the ground, the image turned by " +
+           (isChecked ? " by least squares" : " without another point to check it") + ": a pixel is " +
+           util::FormatFixed(terms.PixelSize(), 4) + " on the ground, the image rotated by " +
            util::FormatFixed(std::fabs(turn), 2) + " degrees " + (turn < 0 ? "clockwise" : "anticlockwise");
 }
 

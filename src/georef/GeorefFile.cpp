@@ -18,8 +18,8 @@ namespace vexlator::georef {
 namespace {
 
 constexpr std::string_view mainSection = "GEOREF";
-/// Points that are not for the fit, under their numbers, so that the keys of the main section are what every
-/// helper program may use.
+/// Section of the points left out of the fit, under their numbers. So helper programs may use every key of
+/// the main section.
 constexpr std::string_view asideSection = "GEOREF_ASIDE";
 constexpr std::string_view on = "1";
 
@@ -36,7 +36,7 @@ bool IsEmpty(const PointEntry& entry) {
     return entry.pixel.empty() && entry.ground.empty();
 }
 
-/// Those of the main section fill the numbers that the section aside leaves free.
+/// The points of the main section fill the free numbers of the section above.
 PointEntries PointsOf(const config::IniText& ini) {
     PointEntries entries;
     std::size_t next = 1;
@@ -58,7 +58,7 @@ int Pixels(double value) {
     return value >= 1 && value <= most ? static_cast<int>(value) : 0;
 }
 
-/// The text without the sections that are written anew.
+/// The text without the sections that are rewritten.
 std::string OtherSections(const std::string& text) {
     std::string kept;
     bool isOurs = false;
@@ -80,9 +80,10 @@ void AppendEntry(std::string& text, std::size_t number, const PointEntry& entry)
     config::AppendIniValue(text, std::to_string(number) + "P", entry.pixel);
 }
 
-void AppendMainSection(std::string& text, const GeorefFile& file) {
+/// The first `complete` points are those for the fit, as far as they are not left out; the others lie aside.
+void AppendMainSection(std::string& text, const GeorefFile& file, std::size_t complete) {
     config::AppendIniSection(text, mainSection);
-    std::size_t complete = CountComplete(file.points), number = 0;
+    std::size_t number = 0;
     for (std::size_t i = 0; i < complete; ++i)
         if (!file.points[i].isLeftOut) AppendEntry(text, ++number, file.points[i]);
     if (file.width > 0 && file.height > 0)
@@ -91,8 +92,7 @@ void AppendMainSection(std::string& text, const GeorefFile& file) {
     if (file.order == Fit::Order::Second) config::AppendIniValue(text, "ORDER", "2");
 }
 
-void AppendAsideSection(std::string& text, const PointEntries& points) {
-    std::size_t complete = CountComplete(points);
+void AppendAsideSection(std::string& text, const PointEntries& points, std::size_t complete) {
     bool isNeeded = complete < points.size() || std::any_of(points.begin(), points.end(),
                                                             [](const PointEntry& p) { return p.isLeftOut; });
     if (!isNeeded) return;
@@ -103,6 +103,14 @@ void AppendAsideSection(std::string& text, const PointEntries& points) {
         AppendEntry(text, i + 1, points[i]);
         if (points[i].isLeftOut) config::AppendIniValue(text, std::to_string(i + 1) + "OUT", on);
     }
+}
+
+void WriteFile(std::string_view path, const GeorefFile& file, std::size_t complete) {
+    platform::FileLock lock(path);
+    std::string text = platform::FileExists(path) ? OtherSections(platform::ReadWholeFile(path)) : "";
+    AppendMainSection(text, file, complete);
+    AppendAsideSection(text, file.points, complete);
+    platform::ReplaceFile(path, text);
 }
 
 }  // namespace
@@ -133,11 +141,11 @@ GeorefFile ReadGeorefFile(std::string_view path) {
 }
 
 void WriteGeorefFile(std::string_view path, const GeorefFile& file) {
-    platform::FileLock lock(path);
-    std::string text = platform::FileExists(path) ? OtherSections(platform::ReadWholeFile(path)) : "";
-    AppendMainSection(text, file);
-    AppendAsideSection(text, file.points);
-    platform::ReplaceFile(path, text);
+    WriteFile(path, file, CountComplete(file.points));
+}
+
+void WriteGeorefFileForCarving(std::string_view path, const GeorefFile& file) {
+    WriteFile(path, file, 0);
 }
 
 }  // namespace vexlator::georef

@@ -20,7 +20,7 @@ constexpr double squareSide = 100'000;
 constexpr std::string_view digits = "0123456789";
 constexpr std::string_view blanks = " \t,;";
 
-/// Column and row of a letter in a square of five by five, from its south-west corner; there is no I.
+/// Column and row of a letter in a square of five by five, from its south-west corner. There is no I.
 struct Cell {
     int column = 0, row = 0;
 };
@@ -36,7 +36,7 @@ std::optional<util::PlanePoint> SquareOf(std::string_view letters) {
     Cell small = CellOf(letters.back());
     if (letters.size() == 1) return util::PlanePoint{small.column * squareSide, small.row * squareSide};
     if (letters.size() != 2) return std::nullopt;
-    // The origin of the grid is the south-west corner of S, in the third column and the second row.
+    // The origin of the grid is the south-west corner of square S, in the third column and the second row.
     Cell large = CellOf(letters.front());
     int column = (large.column - 2) * 5 + small.column, row = (large.row - 1) * 5 + small.row;
     bool isOnGrid = column >= 0 && column < 7 && row >= 0 && row < 13;
@@ -55,7 +55,7 @@ std::vector<std::string_view> GridWords(std::string_view text) {
     }
 }
 
-/// How many digits stand before the decimals; 0 for what is no plain number.
+/// Number of digits before the decimals; 0 if the text is not a plain number.
 std::size_t WholeDigits(std::string_view word) {
     std::size_t whole = std::min(word.find_first_not_of(digits), word.size());
     bool isNumber =
@@ -64,7 +64,7 @@ std::size_t WholeDigits(std::string_view word) {
     return isNumber ? whole : 0;
 }
 
-/// Easting and northing within the square, in metres, and the side of the square that they mean.
+/// Easting and northing within the square, in metres, and the side of the square that the digits mean.
 std::optional<GridSquare> WithinSquare(std::string_view text) {
     constexpr std::size_t digitsOfMetres = 5;
     std::vector<std::string_view> words = GridWords(text);
@@ -84,7 +84,7 @@ std::optional<GridSquare> WithinSquare(std::string_view text) {
 }  // namespace
 
 std::optional<GridSquare> ReadGridLetters(std::string_view text) {
-    constexpr double largestOfOneLetter = 100;  // larger squares may be degrees behind an N, S, E or W
+    constexpr double largestOfOneLetter = 100;  // larger squares could be degrees after an N, S, E or W
     std::string capitals = platform::UpperAscii(util::Trim(text));
     std::size_t end = std::min(capitals.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ"), capitals.size());
     if (end < 1 || end > 2) return std::nullopt;

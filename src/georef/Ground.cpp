@@ -39,7 +39,7 @@ GroundReading Degrees(util::PlanePoint place, bool latitudeFirst, bool isOrderKn
     std::string latitude = "latitude " + DegreesText(place.y, 'N', 'S');
     std::string longitude = "longitude " + DegreesText(place.x, 'E', 'W');
     std::string said = latitudeFirst ? latitude + ", " + longitude : longitude + ", " + latitude;
-    if (!isOrderKnown) said += " (latitude taken to come first)";
+    if (!isOrderKnown) said += " (assuming that the latitude comes first)";
     return {GroundKind::Degrees, place, isOrderKnown, said};
 }
 
@@ -47,7 +47,7 @@ bool IsNorthing(char letter) {
     return letter == 'N' || letter == 'S';
 }
 
-/// Easting and northing with letters, which are too large for degrees.
+/// Easting and northing with letters, too large for degrees.
 bool AreMetres(const std::vector<AngleValue>& values) {
     return std::all_of(values.begin(), values.end(),
                        [](const AngleValue& value) { return value.IsPlain(); }) &&
@@ -83,7 +83,7 @@ GroundReading FromValues(const std::vector<AngleValue>& values) {
     return Degrees({first, second}, false, isOrderKnown);
 }
 
-/// The system's own angle texts, whose full stop stands before minutes.
+/// The system's own angle texts, with a full stop before the minutes.
 std::optional<GroundReading> FromAngleTexts(std::string_view text) {
     std::string_view separator = text.find(',') != std::string_view::npos ? "," : " ";
     std::string_view first = util::GetField(0, text, separator);

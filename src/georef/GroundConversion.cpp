@@ -25,23 +25,24 @@ std::optional<util::PlanePoint> CornerInGrid(util::PlanePoint degrees, coords::f
 
 }  // namespace
 
-GridEntry ToGridEntry(std::string_view typed, coords::frmLatLng& grid) {
+std::string GroundEntry(util::PlanePoint grid) {
     constexpr int decimals = 3;
+    return util::FormatFixed(grid.x, decimals) + "," + util::FormatFixed(grid.y, decimals);
+}
+
+GridEntry ToGridEntry(std::string_view typed, coords::frmLatLng& grid) {
     GroundReading reading = ReadGround(typed);
     if (reading.kind == GroundKind::None) return {"", reading.said};
-    if (reading.kind == GroundKind::Grid)
-        return {
-            util::FormatFixed(reading.place.x, decimals) + "," + util::FormatFixed(reading.place.y, decimals),
-            reading.said};
+    if (reading.kind == GroundKind::Grid) return {GroundEntry(reading.place), reading.said};
     Texts texts = ToGrid(reading.place, grid);
     if (!texts && !reading.isOrderKnown) {
         std::swap(reading.place.x, reading.place.y);
         texts = ToGrid(reading.place, grid);
         reading.said = "longitude " + util::FormatFixed(reading.place.x, 6) + ", latitude " +
                        util::FormatFixed(reading.place.y, 6) +
-                       " (in this order, as the other has no place in the grid)";
+                       " (in this order, because the other is outside the grid)";
     }
-    if (!texts) return {"", reading.said + ": has no place in the grid"};
+    if (!texts) return {"", reading.said + ": is outside the grid"};
     return {texts->first + "," + texts->second, reading.said};
 }
 
@@ -57,14 +58,14 @@ std::size_t ConvertGroundToGrid(PointEntries& entries, coords::frmLatLng& grid) 
     return converted;
 }
 
-std::optional<WorldFile> ProjectWorldFile(const WorldFile& degrees, int width, int height,
-                                          coords::frmLatLng& grid) {
+std::optional<formats::WorldFile> ProjectWorldFile(const formats::WorldFile& degrees, int width, int height,
+                                                   coords::frmLatLng& grid) {
     std::optional<util::PlanePoint> topLeft = CornerInGrid({degrees.c, degrees.f}, grid);
     std::optional<util::PlanePoint> bottomRight =
         CornerInGrid({degrees.c + degrees.a * width, degrees.f + degrees.e * height}, grid);
     if (!topLeft || !bottomRight || width < 1 || height < 1) return std::nullopt;
-    return WorldFile{(bottomRight->x - topLeft->x) / width,  0,          0,
-                     (bottomRight->y - topLeft->y) / height, topLeft->x, topLeft->y};
+    return formats::WorldFile{(bottomRight->x - topLeft->x) / width,  0,          0,
+                              (bottomRight->y - topLeft->y) / height, topLeft->x, topLeft->y};
 }
 
 std::string DegreesWorldFilePath(std::string_view imagePath) {

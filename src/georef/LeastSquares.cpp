@@ -9,7 +9,8 @@ namespace vexlator::georef {
 
 namespace {
 
-/// Below this part of a column's length, what is left of it beside the columns before is noise.
+/// If the remainder of a column after removing the earlier columns is below this part of its length, it is
+/// noise.
 constexpr double smallestPivot = 1e-6;
 
 double Length(const std::vector<Observation>& rows, std::size_t column, std::size_t from) {
@@ -18,7 +19,7 @@ double Length(const std::vector<Observation>& rows, std::size_t column, std::siz
     return std::sqrt(sum);
 }
 
-/// Reflects the rows from `step` on, so that the column of that number becomes 0 below its first element.
+/// Reflects the rows from `step` on, so that the column with that number becomes 0 below its first element.
 void Reflect(std::vector<Observation>& rows, std::size_t step, std::size_t count) {
     double length = Length(rows, step, step);
     double pivot = rows[step].factors[step] > 0 ? -length : length;

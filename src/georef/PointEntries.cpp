@@ -89,7 +89,7 @@ std::vector<ControlPoint> PointsForFit(const PointEntries& entries) {
         if (entry.isLeftOut) continue;
         std::string point = "control point " + std::to_string(i + 1) + ": ";
         std::optional<util::PlanePoint> pixel = ReadNumberPair(entry.pixel);
-        if (!pixel) throw FitError(point + "\"" + entry.pixel + "\" is no pixel position of the form x,y");
+        if (!pixel) throw FitError(point + "\"" + entry.pixel + "\" is not a pixel position of the form x,y");
         std::optional<util::PlanePoint> ground = ReadNumberPair(entry.ground);
         GroundReading reading = ReadGround(entry.ground);
         if (!ground && reading.kind == GroundKind::Grid) ground = reading.place;

@@ -11,55 +11,58 @@
 
 namespace vexlator::georef {
 
-/// A control point as people edit it: both positions as text, "x,y". A text without "," is not complete yet.
+/// A control point as the user edits it: both positions as text, "x,y". A text without "," is not complete
+/// yet.
 struct PointEntry {
     std::string pixel, ground;
-    bool isLeftOut = false;  ///< kept, but not for the fit
+    bool isLeftOut = false;  ///< kept, but left out of the fit
     bool operator==(const PointEntry&) const = default;
 };
 
-/// The point with number n is element n - 1. A number that has no entry yet is an element without texts.
+/// The point with number n is element n - 1. A number without an entry is an element without texts.
 using PointEntries = std::vector<PointEntry>;
 
-/// Numbers beyond are no control points.
+/// Larger numbers are not control points.
 constexpr std::size_t mostPoints = 10'000;
 
-/// The lines of a control-point list, "nP=x,y" and "nG=x,y" in any order; other lines are passed over. Of two
-/// lines for the same text the first counts.
+/// The lines of a control-point list, "nP=x,y" and "nG=x,y" in any order. Other lines are ignored. The first
+/// of two lines for the same text counts.
 PointEntries ParsePointText(std::string_view text);
-/// The same as text: the P and the G line of every point that has a pixel position.
+/// The same as text: the P and G lines of every point with a pixel position.
 std::string PointText(const PointEntries& entries);
 
-/// Gives the lowest number without pixel position that position, and returns it.
+/// Gives a pixel position to the lowest number without one, and returns the number.
 int AddPoint(PointEntries& entries, util::PlanePoint pixel);
-/// Removes a point; those behind it move up.
+/// Removes a point. Later points move up.
 void RemovePoint(PointEntries& entries, int number);
 
-/// How many entries count: those before the first that lacks a position.
+/// The number of entries before the first without a position.
 std::size_t CountComplete(const PointEntries& entries);
 /// The points for the fit, in grid coordinates: the complete entries that are not left out.
 /// @throws FitError: names the point whose position is not two numbers, or is in degrees
 std::vector<ControlPoint> PointsForFit(const PointEntries& entries);
-/// Whether every ground value is below 360, as degrees are. False when there is none.
+/// Whether every ground value is below 360, like degrees. False if there is none.
 bool AreDegrees(const PointEntries& entries);
 
-/// What a georeference file, the .INI beside an image, holds.
+/// The contents of a georeference file, the .INI beside an image.
 struct GeorefFile {
     PointEntries points;
-    int width = 0, height = 0;  ///< of the image in pixels; 0 when not told
-    bool rotate = false;        ///< turn the image so that north is up
+    int width = 0, height = 0;  ///< size of the image in pixels; 0 if unknown
+    bool rotate = false;        ///< rotate the image so that north is up
     Fit::Order order = Fit::Order::First;
 };
 
 /// The path of an image's georeference file.
 std::string GeorefFilePath(std::string_view imagePath);
-/// What the file says; nothing for what is missing or not understood, or when there is no such file.
-/// @throws platform::ReadError when it cannot be read, or is too large to be one
+/// The contents of the file; nothing for missing or invalid values, or without the file.
+/// @throws platform::ReadError if it cannot be read, or is too large
 GeorefFile ReadGeorefFile(std::string_view path);
 GeorefFile ParseGeorefFile(std::string_view text);
-/// Writes the sections that are ours anew; others stay. The points for the fit get the numbers 1, 2, ...
-/// under the keys that helper programs read, all others keep theirs in a section aside. @throws
-/// platform::WriteError
+/// Rewrites our sections and keeps others. The points of the fit get the numbers 1, 2, ... under the keys
+/// that helper programs read. All others keep their numbers in a separate section.
+/// @throws platform::WriteError
 void WriteGeorefFile(std::string_view path, const GeorefFile& file);
+/// The same with all points aside, so that helper programs find none and use the image's world file.
+void WriteGeorefFileForCarving(std::string_view path, const GeorefFile& file);
 
 }  // namespace vexlator::georef

@@ -26,7 +26,7 @@ bool IsHeader(std::string_view line) {
     return util::InStrNoCase(line, "mapX") > 0;
 }
 
-/// QGIS calls the pixel's columns sourceX and sourceY since its version 3.26.
+/// Since version 3.26, QGIS calls the pixel columns sourceX and sourceY.
 Columns ColumnsOf(std::string_view header) {
     Columns columns = {0, 1, 2, 3, 4};
     for (std::size_t i = 0; i <= util::CountOf(header, ","); ++i) {
@@ -41,7 +41,7 @@ Columns ColumnsOf(std::string_view header) {
 }
 
 std::string_view Field(std::string_view line, std::size_t index) {
-    // GetCommaField() gives the rest of the line for the last field it knows.
+    // GetCommaField() gives the rest of the line for the last field.
     std::string_view field = index <= util::CountOf(line, ",") ? util::GetCommaField(index, line) : "";
     return util::Trim(field.substr(0, field.find(',')));
 }
@@ -52,7 +52,7 @@ std::string NumberField(std::string_view line, std::size_t index, double factor,
     auto [end, error] = std::from_chars(field.data(), field.data() + field.size(), value);
     if (error != std::errc() || end != field.data() + field.size())
         throw platform::ReadError("", platform::ReadError::AtLine(number),
-                                  "\"" + std::string(field) + "\" is no number; a point has four");
+                                  "\"" + std::string(field) + "\" is not a number; a point has four");
     return util::FormatShortest(value * factor);
 }
 

@@ -20,7 +20,7 @@ struct Numbers {
     double Between(double low, double high) { return std::uniform_real_distribution(low, high)(random); }
 };
 
-/// Pixels of a large scan, put on the ground of a national grid by `ground`.
+/// Pixels of a large scan, with their ground positions in a national grid from `ground`.
 template <class Ground>
 std::vector<ControlPoint> PointsOf(Numbers& numbers, int count, Ground ground) {
     std::vector<ControlPoint> points;
@@ -31,7 +31,7 @@ std::vector<ControlPoint> PointsOf(Numbers& numbers, int count, Ground ground) {
     return points;
 }
 
-/// Every corner of the image comes out within `pixels` of where `ground` puts it.
+/// Every corner of the image is within `pixels` of the position from `ground`.
 template <class Ground>
 void ExpectSame(const Fit& fit, Ground ground, double pixels) {
     for (PlanePoint pixel : {PlanePoint{0, 0}, {20'000, 0}, {0, 20'000}, {20'000, 20'000}}) {
@@ -76,10 +76,10 @@ TEST(FitTest, ShowsTheWorstPointFirst) {
     EXPECT_EQ(fit.Residuals().front().number, 7);
     EXPECT_NEAR(fit.Residuals().front().metres, 7.97, 0.05);
     EXPECT_NEAR(fit.Residuals().front().pixels, 15.9, 0.1);
-    EXPECT_EQ(
-        fit.Description(),
-        "5 control points, affine fit by least squares: a pixel is 0.5000 on the ground, the image turned by "
-        "0.09 degrees anticlockwise");
+    EXPECT_EQ(fit.Description(),
+              "5 control points, affine fit by least squares: a pixel is 0.5000 on the ground, the image "
+              "rotated by "
+              "0.09 degrees anticlockwise");
     EXPECT_FALSE(fit.IsMirrored());
     for (ControlPoint& point : points) std::swap(point.ground.x, point.ground.y);
     EXPECT_TRUE(Fit(points).IsMirrored());
@@ -102,16 +102,16 @@ TEST(FitTest, RefusesWhatDeterminesNoFit) {
         {{{1, {1, 1}, {2, 2}}}, first, "a fit needs at least 2 control points, there is 1"},
         {{{1, {1, 1}, {2, 2}}, {2, {1, 1}, {3, 3}}},
          first,
-         "both control points lie at the same place of the image"},
+         "both control points have the same position on the image"},
         {{{1, {1, 1}, {2, 2}}, {2, {5, 1}, {2, 2}}},
          first,
          "both control points have the same ground position"},
         {{{1, {0, 0}, {1e6, 1e6}}, {2, {500, 500.1}, {2e6, 2e6}}, {3, {900, 900}, {3e6, 1e6}}},
          first,
-         "all 3 control points lie on one line of the image; add one beside that line"},
+         "all 3 control points are on one line of the image; add one beside that line"},
         {{{1, {0, 0}, {1e6, 1e6}}, {2, {500, 0}, {2e6, 2e6}}, {3, {900, 900}, {3e6, 3e6}}},
          first,
-         "the ground positions of all 3 control points lie on one line; check their values"},
+         "the ground positions of all 3 control points are on one line; check their values"},
         {{{1, {0, 0}, {1e300, 1}}, {2, {5, 0}, {-1e300, 2}}},
          first,
          "the control points have values that are too large to compute with"},
@@ -119,7 +119,7 @@ TEST(FitTest, RefusesWhatDeterminesNoFit) {
          second,
          "a fit of second order needs at least 6 control points, there are 2"},
         {circle, second,
-         "the control points lie on one curve of second order; spread them over the image, or fit in first "
+         "the control points are on one curve of second order; spread them over the image, or fit in first "
          "order"},
     };
     for (const Row& row : rows) {
@@ -140,9 +140,9 @@ TEST(WorldFileTest, ReadsWhatOthersWriteAndRefusesTheRest) {
         {"2.5\r\n0.000\r\n0.000\r\n-2.5\r\n412300.125\r\n284150\r\n", ""},
         {"\xEF\xBB\xBF  2,5 \n0\n0\n-2,5\n+412300.125\n2.8415e5", ""},
         {"2.5\n0\n0\n-2.5\n412300.125\n", "line 6: a world file has six lines, this one ends before its Y"},
-        {"2.5\n0\n\n-2.5\n1\n1\n", "line 3: the second rotation term is no number"},
-        {"2.5 m\n0\n0\n-2.5\n1\n1\n", "line 1: the pixel size in x is no number"},
-        {"nan\n0\n0\n-2.5\n1\n1\n", "line 1: the pixel size in x is no number"},
+        {"2.5\n0\n\n-2.5\n1\n1\n", "line 3: the second rotation term is not a number"},
+        {"2.5 m\n0\n0\n-2.5\n1\n1\n", "line 1: the pixel size in x is not a number"},
+        {"nan\n0\n0\n-2.5\n1\n1\n", "line 1: the pixel size in x is not a number"},
         {"0\n0\n0\n0\n1\n1\n", "its terms give the image no area on the ground"},
         {"1e200\n0\n0\n-1e200\n1\n1\n", "its terms give the image no area on the ground"},
         {"", "line 1: a world file has six lines, this one ends before its pixel size in x"},
@@ -150,7 +150,7 @@ TEST(WorldFileTest, ReadsWhatOthersWriteAndRefusesTheRest) {
     for (const Row& row : rows) {
         std::string result;
         try {
-            EXPECT_EQ(WorldFileText(ParseWorldFile(row.text)),
+            EXPECT_EQ(formats::WorldFileText(formats::ParseWorldFile(row.text)),
                       "2.500\r\n0.000\r\n0.000\r\n-2.500\r\n412300.125\r\n284150.000\r\n");
         } catch (const platform::ReadError& error) {
             result = error.what();
@@ -158,14 +158,14 @@ TEST(WorldFileTest, ReadsWhatOthersWriteAndRefusesTheRest) {
         EXPECT_EQ(result, row.result) << row.text;
     }
     EXPECT_EQ(
-        WorldFileText({1e-9, -0.0, 0.1, -1.0 / 3, 1e21, 5}),
+        formats::WorldFileText({1e-9, -0.0, 0.1, -1.0 / 3, 1e21, 5}),
         "0.000000001\r\n0.000\r\n0.100\r\n-0.3333333333333333\r\n1000000000000000000000.000\r\n5.000\r\n");
     for (auto [image, world] : {std::pair("a.b/plan.jpg", "a.b/plan.jgw"),
                                 {"P.TIFF", "P.TFW"},
                                 {"x.bmp", "x.bpw"},
                                 {"x.Jpeg", "x.Jgw"},
                                 {"a.b/plan", "a.b/plan.wld"}})
-        EXPECT_EQ(WorldFilePath(image), world);
+        EXPECT_EQ(formats::WorldFilePath(image), world);
 }
 
 TEST(PointEntriesTest, CountsUpToTheFirstThatIsNotComplete) {

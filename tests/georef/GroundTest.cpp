@@ -9,7 +9,7 @@ namespace vexlator::georef {
 
 namespace {
 
-/// As in "grid 651409.8 313177.4" and "degrees 1.716 52.657979 known"; a reason for what is not understood.
+/// As in "grid 651409.8 313177.4" and "degrees 1.716 52.657979 known"; a reason for invalid input.
 std::string Understood(std::string_view typed) {
     GroundReading reading = ReadGround(typed);
     if (reading.kind == GroundKind::None) return reading.said;
@@ -72,7 +72,7 @@ constexpr Row rows[] = {
     {"52.5N -1.25W", "an angle has a sign and a letter"},
     {"52.5N 1.25N", "one value needs N or S, the other E or W"},
     {"95N 1W", "a latitude beyond 90 degrees"},
-    {"52.5,north", "the letter N stands where a number belongs"},
+    {"52.5,north", "the letter N is in the place of a number"},
     {"1e5,2", "a position is two values"},
     {"nan,inf", "\"an,inf\" is not understood"},
     {"\xFF\xFE,1", "\"\xFF\xFE,1\" is not understood"},
@@ -100,7 +100,7 @@ TEST_F(GroundConversionTest, FindsTheOrderThatHasAPlaceInTheGrid) {
 
 /// The corners converted by the projection library's own tool, divided by the image's size.
 TEST_F(GroundConversionTest, ProjectsAWorldFileByItsCorners) {
-    WorldFile degrees = ParseWorldFile("0.00001\n0\n0\n-0.00001\n-1.5\n52.1\n");
+    formats::WorldFile degrees = formats::ParseWorldFile("0.00001\n0\n0\n-0.00001\n-1.5\n52.1\n");
     auto check = [&](const std::string& peer) {
         coords::frmLatLng grid(run);
         std::vector<test::Triple> corners = Peer(peer, {{-1.5, 52.1, 0}, {-1.49, 52.092, 0}});
@@ -110,7 +110,7 @@ TEST_F(GroundConversionTest, ProjectsAWorldFileByItsCorners) {
         EXPECT_NEAR(world->f, corners[0][1], 0.0006);
         EXPECT_NEAR(world->a, (corners[1][0] - corners[0][0]) / 1000, 2e-6);
         EXPECT_NEAR(world->e, (corners[1][1] - corners[0][1]) / 800, 2e-6);
-        std::string text = WorldFileText(*world);
+        std::string text = formats::WorldFileText(*world);
         EXPECT_NE(text.find("\r\n0.000\r\n0.000\r\n-1."), std::string::npos) << text;
     };
     {

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "MakeWorldFile/Picture.h"
+#include "raster/Picture.h"
 
+#include "platform/Files.h"
 #include "platform/Paths.h"
 #include "util/Numbers.h"
 
@@ -10,7 +11,7 @@
 #include <string_view>
 #include <utility>
 
-namespace vexlator::makeworldfile {
+namespace vexlator::raster {
 
 namespace {
 
@@ -18,7 +19,7 @@ constexpr int stripRows = 256;
 constexpr GByte opaque = 255, white = 255;
 constexpr int colourChannels = 3;
 
-/// Red, green, blue and how much they cover.
+/// Red, green, blue and opacity.
 using Colour = std::array<GByte, 4>;
 using Palette = std::vector<Colour>;
 
@@ -54,7 +55,7 @@ GByte Mix(GByte over, GByte under, unsigned cover) {
     return static_cast<GByte>((over * cover + under * (opaque - cover) + opaque / 2) / opaque);
 }
 
-/// How many of the channels are colours. @throws ReadError
+/// Number of colour channels. @throws ReadError
 int CountColours(GDALDatasetH dataset, const std::string& file) {
     auto refuse = [&](const std::string& reason) {
         throw platform::ReadError(platform::NativePath(file), "", reason);
@@ -69,7 +70,7 @@ int CountColours(GDALDatasetH dataset, const std::string& file) {
     }
     auto meaning = [&](int i) { return GDALGetRasterColorInterpretation(GDALGetRasterBand(dataset, i)); };
     if (meaning(1) == GCI_CyanBand) refuse("its colours are CMYK; save it as RGB");
-    if (count == 2 && meaning(2) != GCI_AlphaBand) refuse("two channels are no colours; save it as RGB");
+    if (count == 2 && meaning(2) != GCI_AlphaBand) refuse("two channels are not colours; save it as RGB");
     return count < colourChannels ? 1 : colourChannels;
 }
 
@@ -78,9 +79,9 @@ int CountColours(GDALDatasetH dataset, const std::string& file) {
 struct Picture::Layer {
     std::string file;
     Dataset dataset;
-    int colours = 1;  ///< channels that are colours, the first of the file
+    int colours = 1;  ///< number of colour channels, the first channels of the file
     int width = 0, height = 0;
-    Palette palette;  ///< of 256 colours when the only channel holds their numbers
+    Palette palette;  ///< palette of 256 colours if the only channel holds their numbers
     bool isOpaque = true;
 
     explicit Layer(const std::string& path) : file(path), dataset(OpenImage(path)) {
@@ -100,12 +101,12 @@ struct Picture::Layer {
                                   colours, nullptr, colours, GSpacing{colours} * width, 1, nullptr);
         RequireRead(error == CE_None, file);
     }
-    /// 255 where the layer covers what lies below it, 0 where it does not.
+    /// 255 if the layer covers the layers below, 0 if it does not.
     Canvas Cover(int row, int rows) const;
     void Paint(int row, int rows, int channels, Canvas& canvas) const;
 };
 
-/// Where each channel has its own value for "no data", a pixel covers when one channel has data.
+/// If each channel has its own "no data" value, a pixel covers if one channel has data.
 Picture::Canvas Picture::Layer::Cover(int row, int rows) const {
     Canvas cover(static_cast<std::size_t>(width) * rows, isOpaque ? opaque : 0);
     if (isOpaque) return cover;
@@ -136,6 +137,12 @@ void Picture::Layer::Paint(int row, int rows, int channels, Canvas& canvas) cons
     }
 }
 
+std::optional<formats::WorldFile> ReadWorldFileOf(const std::string& image) {
+    for (const std::string& name : formats::WorldFileNames(image))
+        if (platform::FileExists(name)) return formats::ReadWorldFile(name);
+    return std::nullopt;
+}
+
 Picture::Picture(const std::vector<std::string>& files) {
     for (const std::string& file : files) {
         layers_.emplace_back(file);
@@ -153,10 +160,10 @@ Picture::Picture(const std::vector<std::string>& files) {
 
 Picture::~Picture() = default;
 
-std::optional<georef::WorldFile> Picture::Placement() const {
+std::optional<formats::WorldFile> Picture::Placement() const {
     std::array<double, 6> terms{};
     if (GDALGetGeoTransform(layers_.front().dataset.get(), terms.data()) != CE_None) return std::nullopt;
-    georef::WorldFile world{terms[1], terms[4], terms[2], terms[5], terms[0], terms[3]};
+    formats::WorldFile world{terms[1], terms[4], terms[2], terms[5], terms[0], terms[3]};
     if (world.Determinant() == 0) return std::nullopt;
     return world.Part(0.5, 0.5);
 }
@@ -205,4 +212,4 @@ void Picture::Prove() const {
         ReadRows(row, std::min(stripRows, height_ - row), canvas);
 }
 
-}  // namespace vexlator::makeworldfile
+}  // namespace vexlator::raster

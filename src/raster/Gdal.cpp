@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "MakeWorldFile/Gdal.h"
+#include "raster/Gdal.h"
 
 #include "platform/Paths.h"
 #include "platform/Signals.h"
@@ -9,14 +9,15 @@
 #include <cpl_conv.h>
 #include <cpl_string.h>
 #include <cpl_vsi.h>
+#include <cstdint>
 #include <exception>
 #include <utility>
 
-namespace vexlator::makeworldfile {
+namespace vexlator::raster {
 
 namespace {
 
-/// What GDAL said since it was asked last. GDAL reports through one handler per process.
+/// GDAL's messages since the last query. GDAL has one handler per process.
 struct Reports {
     std::string error;
     bool endsEarly = false;
@@ -30,21 +31,24 @@ Reports& Reported() {
 void CPL_STDCALL Collect(CPLErr kind, CPLErrorNum, const char* text) {
     std::string line = text;
     line = line.substr(0, line.find_first_of("\r\n"));
-    if (line.find("remature end") != std::string::npos) Reported() = {"the data ends too early", true};
+    if (line.find("remature end") != std::string::npos) Reported() = {"the data is truncated", true};
     if (kind >= CE_Failure && Reported().error.empty()) Reported().error = line;
 }
 
 /// JPEG, and what scans and aerial photographs come in.
-constexpr const char* drivers[] = {"JPEG",        "PNG", "BMP",  "GIF",  "GTiff",
-                                   "JP2OpenJPEG", "ECW", "WEBP", nullptr};
+constexpr const char* imageDrivers[] = {"JPEG",        "PNG", "BMP",  "GIF",  "GTiff",
+                                        "JP2OpenJPEG", "ECW", "WEBP", nullptr};
 
-// --- A file system of GDAL's that writes into an output file of ours.
+// --- A GDAL file system that writes into an output file of ours.
 
 constexpr const char* outputPrefix = "/vexlator-output/";
 
 struct OutputSlot {
     platform::OutputFile* file = nullptr;
+    std::uint64_t begin = 0;  ///< what the file held before
     std::exception_ptr failure;
+
+    std::uint64_t Written() const { return file->Size() - begin; }
 };
 
 OutputSlot& Slot() {
@@ -52,19 +56,19 @@ OutputSlot& Slot() {
     return slot;
 }
 
-/// GDAL first looks whether there is a file to be deleted.
+/// GDAL first checks whether there is a file to delete.
 void* OpenOutput(void*, const char*, const char* access) {
     return access[0] == 'w' && Slot().file ? &Slot() : nullptr;
 }
 
 vsi_l_offset TellOutput(void*) {
-    return Slot().file->Size();
+    return Slot().Written();
 }
 
-/// Writers of JPEG go forward only.
+/// JPEG writers only move forward.
 int SeekOutput(void*, vsi_l_offset offset, int whence) {
     bool stays = (whence == SEEK_END && offset == 0) || (whence == SEEK_CUR && offset == 0) ||
-                 (whence == SEEK_SET && offset == Slot().file->Size());
+                 (whence == SEEK_SET && offset == Slot().Written());
     return stays ? 0 : -1;
 }
 
@@ -73,13 +77,13 @@ size_t WriteOutput(void*, const void* bytes, size_t size, size_t count) {
         Slot().file->Write(std::string_view(static_cast<const char*>(bytes), size * count));
         return count;
     } catch (...) {
-        // Exceptions do not pass through GDAL.
+        // Exceptions must not pass through GDAL.
         Slot().failure = std::current_exception();
         return 0;
     }
 }
 
-/// Also where GDAL wants to flush: the file itself does that.
+/// Also if GDAL wants to flush: the file does that itself.
 int CloseOutput(void*) {
     return 0;
 }
@@ -122,19 +126,27 @@ void RequireRead(bool ok, const std::string& file) {
     throw platform::ReadError(name, "", reason);
 }
 
-Dataset OpenImage(const std::string& path) {
+void RequireNoError(const std::string& file) {
+    RequireRead(Reported().error.empty(), file);
+}
+
+Dataset Open(const std::string& path, unsigned flags, const char* const* drivers, const char* otherwise) {
     std::string native = platform::FindExisting(path);
     if (native.empty()) throw platform::ReadError(platform::NativePath(path), "", "no such file");
     TakeReason();
-    Dataset dataset(GDALOpenEx(native.c_str(), GDAL_OF_RASTER | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR,
-                               drivers, nullptr, nullptr));
+    Dataset dataset(GDALOpenEx(native.c_str(), flags | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR, drivers,
+                               nullptr, nullptr));
     if (!dataset && platform::SizeOfFile(path) == 0)
         throw platform::ReadError(native, "", "the file is empty");
     if (!dataset && Reported().error.find("not recognized") != std::string::npos)
-        throw platform::ReadError(native, "",
-                                  "not an image of a kind that can be read; save it as JPEG, PNG or TIFF");
+        throw platform::ReadError(native, "", otherwise);
     RequireRead(dataset != nullptr, path);
     return dataset;
+}
+
+Dataset OpenImage(const std::string& path) {
+    return Open(path, GDAL_OF_RASTER, imageDrivers,
+                "not an image of a kind that can be read; save it as JPEG, PNG or TIFF");
 }
 
 ScratchImage::ScratchImage(const std::string& besides, int width, int height, int channels) : file_(besides) {
@@ -152,7 +164,7 @@ void ScratchImage::RequireWritten(bool ok) const {
     if (!ok) throw platform::WriteError(file_.TemporaryName(), TakeReason());
 }
 
-/// Blocks that left GDAL's cache before failed without a result that anybody saw; the report tells.
+/// Blocks that left GDAL's cache earlier failed without a visible result; only the report shows it.
 void ScratchImage::Finish() const {
     GDALFlushCache(dataset_.get());
     RequireWritten(Reported().error.empty());
@@ -161,7 +173,7 @@ void ScratchImage::Finish() const {
 void WriteJpeg(GDALDatasetH source, platform::OutputFile& target) {
     constexpr const char* quality = "QUALITY=90";
     char** options = CSLAddString(nullptr, quality);
-    Slot() = {&target, nullptr};
+    Slot() = {&target, target.Size(), nullptr};
     auto goesOn = [](double, const char*, void*) -> int {
         try {
             platform::ThrowIfStopped();
@@ -182,4 +194,4 @@ void WriteJpeg(GDALDatasetH source, platform::OutputFile& target) {
     if (!ok || Reported().endsEarly) throw platform::WriteError(target.Name(), TakeReason());
 }
 
-}  // namespace vexlator::makeworldfile
+}  // namespace vexlator::raster

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "georef/WorldFile.h"
+#include "formats/worldfile/WorldFile.h"
 
 #include "platform/AsciiCase.h"
 #include "platform/Files.h"
@@ -14,7 +14,7 @@
 #include <cmath>
 #include <optional>
 
-namespace vexlator::georef {
+namespace vexlator::formats {
 
 namespace {
 
@@ -39,7 +39,7 @@ std::optional<double> Number(std::string_view line) {
     return value;
 }
 
-/// Without exponent, which not every reader of world files knows.
+/// Without an exponent, because not every reader of world files accepts one.
 std::string DecimalText(double value) {
     constexpr std::size_t longest = 400;
     std::array<char, longest> buffer;
@@ -87,7 +87,7 @@ WorldFile ParseWorldFile(std::string_view text) {
         if (lines.AtEnd())
             fail("a world file has six lines, this one ends before its " + std::string(termNames[i]));
         std::optional<double> value = Number(lines.ReadTextLine());
-        if (!value) fail("the " + std::string(termNames[i]) + " is no number");
+        if (!value) fail("the " + std::string(termNames[i]) + " is not a number");
         terms[i] = *value;
     }
     WorldFile world{terms[0], terms[1], terms[2], terms[3], terms[4], terms[5]};
@@ -129,4 +129,4 @@ std::vector<std::string> WorldFileNames(std::string_view imagePath) {
     return names;
 }
 
-}  // namespace vexlator::georef
+}  // namespace vexlator::formats

@@ -1,18 +1,16 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "MakeWorldFile/Tiles.h"
-
-#include "util/Numbers.h"
+#include "raster/Tiles.h"
 
 #include <algorithm>
 #include <cpl_string.h>
 #include <vector>
 
-namespace vexlator::makeworldfile {
+namespace vexlator::raster {
 
 namespace {
 
-/// The rows of pixels that a row of tiles takes, pixel by pixel.
+/// The rows of pixels of one row of tiles, pixel by pixel.
 struct Strip {
     std::vector<GByte> pixels;
     int width = 0, rows = 0, channels = 0;
@@ -32,7 +30,7 @@ void Read(GDALDatasetH image, const std::string& file, int row, Strip& strip) {
     RequireRead(error == CE_None, file);
 }
 
-/// An image that is a part of the strip, without a copy.
+/// An image that refers to a part of the strip, without a copy.
 Dataset PartOf(Strip& strip, int column, int columns) {
     Dataset part(GDALCreate(GDALGetDriverByName("MEM"), "", columns, strip.rows, 0, GDT_Byte, nullptr));
     for (int channel = 0; channel < strip.channels; ++channel) {
@@ -55,26 +53,25 @@ int CountParts(int pixels, int tileSize) {
 
 }  // namespace
 
-TileCount CarveTiles(GDALDatasetH image, const std::string& file, const georef::WorldFile& world,
-                     int tileSize, const std::string& folderAndName, platform::OutputSet& outputs) {
-    int height = GDALGetRasterYSize(image);
-    Strip strip(image, std::min(tileSize, height));
-    TileCount count{CountParts(height, tileSize), CountParts(strip.width, tileSize)};
-    int digits =
-        std::max<int>(3, static_cast<int>(std::to_string(std::max(count.rows, count.columns)).size()));
-    for (int row = 0; row < count.rows; ++row) {
-        strip.rows = std::min(tileSize, height - row * tileSize);
-        Read(image, file, row * tileSize, strip);
-        for (int column = 0; column < count.columns; ++column) {
-            std::string name = folderAndName + "_" + util::ZeroPadded(row + 1, digits) + "_" +
-                               util::ZeroPadded(column + 1, digits);
-            int left = column * tileSize;
-            Dataset part = PartOf(strip, left, std::min(tileSize, strip.width - left));
-            WriteJpeg(part.get(), outputs.Add(name + ".jpg"));
-            outputs.Add(name + ".jgw").Write(georef::WorldFileText(world.Part(left, row * tileSize)));
-        }
-    }
-    return count;
+TileCount CountTiles(GDALDatasetH image, int tileSize) {
+    return {CountParts(GDALGetRasterYSize(image), tileSize), CountParts(GDALGetRasterXSize(image), tileSize)};
 }
 
-}  // namespace vexlator::makeworldfile
+void CarveTiles(GDALDatasetH image, const std::string& file, const formats::WorldFile& world, int tileSize,
+                const std::function<void(const ImageTile& tile)>& take) {
+    int height = GDALGetRasterYSize(image);
+    Strip strip(image, std::min(tileSize, height));
+    TileCount count = CountTiles(image, tileSize);
+    for (int row = 0; row < count.rows; ++row) {
+        int top = row * tileSize;
+        strip.rows = std::min(tileSize, height - top);
+        Read(image, file, top, strip);
+        for (int column = 0; column < count.columns; ++column) {
+            int left = column * tileSize;
+            Dataset part = PartOf(strip, left, std::min(tileSize, strip.width - left));
+            take({row, column, part.get(), world.Part(left, top)});
+        }
+    }
+}
+
+}  // namespace vexlator::raster
