@@ -22,7 +22,7 @@ void AppendPosition(std::string& out, double x, double y) {
     out += ']';
 }
 
-/// Vertices are sums of hundredths; what lies behind them is noise.
+/// Vertices are sums of hundredths. Further digits are noise.
 double Rounded(double value) {
     return std::round(value * 1e4) / 1e4;
 }
@@ -36,8 +36,8 @@ void AppendPositions(std::string& out, const std::vector<util::PlanePoint>& poin
     out += ']';
 }
 
-/// A ring as GeoJSON has them: four positions or more, the last of them the first. Ends that differ by the
-/// rounding of steps are one vertex.
+/// A ring by the rules of GeoJSON: four positions or more, the last equal to the first. Ends that differ only
+/// by the rounding of steps are one vertex.
 void CloseRing(std::vector<util::PlanePoint>& ring) {
     util::PlanePoint first = ring.front(), last = ring.back();
     double tolerance = 0.01 + 0.005 * static_cast<double>(ring.size());

@@ -10,8 +10,7 @@
 namespace vexlator::grpinfo {
 
 /// Every element of a proved package as a feature of a GeoJSON collection, in the coordinates of the package:
-/// points, line strings, polygons with their rings (as they stand in the package: not reordered) and texts as
-/// points.
+/// points, line strings, polygons with their rings (in the package's order) and texts as points.
 void PrintGeoJson(const background::PackageReader& package,
                   const std::function<void(std::string_view)>& print);
 

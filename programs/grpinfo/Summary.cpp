@@ -30,6 +30,7 @@ constexpr Count counted[] = {
     {"texts", "texts", &PackageCounts::texts},
     {"layerRecords", "layer records", &PackageCounts::layerRecords},
     {"searchValues", "search values", &PackageCounts::searchValues},
+    {"images", "image tiles", &PackageCounts::images},
 };
 
 void AppendBox(std::string& out, const Box& box) {
@@ -50,7 +51,8 @@ std::string SummaryText(const PackageReader& package, const PackageCounts& count
     out += "extents        " + util::FormatFixed(box.minX, 3) + " " + util::FormatFixed(box.minY, 3) +
            " to " + util::FormatFixed(box.maxX, 3) + " " + util::FormatFixed(box.maxY, 3) + "\n";
     for (const Count& count : counted) {
-        if (count.value == &PackageCounts::packages && !package.IsMosaic()) continue;
+        bool isRare = count.value == &PackageCounts::packages || count.value == &PackageCounts::images;
+        if (isRare && counts.*count.value == 0) continue;
         std::string label = count.label;
         label.resize(15, ' ');
         out += label + util::GroupedCount(counts.*count.value) + "\n";

@@ -9,7 +9,7 @@
 
 namespace vexlator::grpinfo {
 
-/// What a proved package holds: lines for people.
+/// The contents of a proved package in lines for the user.
 std::string SummaryText(const background::PackageReader& package, const background::PackageCounts& counts);
 
 /// The same as one JSON object, with its members (tile files, or packages of a mosaic) and their boxes

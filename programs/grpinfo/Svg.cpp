@@ -5,9 +5,11 @@
 #include "background/package/PackageElements.h"
 #include "formats/xml/XmlText.h"
 #include "platform/Files.h"
+#include "util/JsonText.h"
 #include "util/Numbers.h"
 
 #include <algorithm>
+#include <span>
 #include <string>
 
 namespace vexlator::grpinfo {
@@ -15,6 +17,20 @@ namespace vexlator::grpinfo {
 namespace {
 
 using namespace background;
+
+void WriteBase64(std::span<const std::byte> bytes, platform::OutputFile& file) {
+    static constexpr std::string_view digits =
+        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    for (std::size_t i = 0; i < bytes.size(); i += 3) {
+        std::size_t count = std::min<std::size_t>(3, bytes.size() - i);
+        unsigned bits = 0;
+        for (std::size_t k = 0; k < 3; ++k)
+            bits = bits << 8 | (k < count ? std::to_integer<unsigned>(bytes[i + k]) : 0);
+        char* text = file.Reserve(4);
+        for (std::size_t k = 0; k < 4; ++k) text[k] = k <= count ? digits[bits >> (18 - 6 * k) & 63] : '=';
+        file.Advance(4);
+    }
+}
 
 /// Ground units right and down from the north-west corner of the package.
 class Picture {
@@ -41,6 +57,18 @@ public:
     }
     void End() { file_.Write("</svg>\n"); }
 
+    void DrawImage(const ImageTile& image) {
+        const formats::WorldFile& world = image.world;
+        util::PlanePoint corner = world.Ground({0, 0});
+        std::string matrix;
+        for (double term : {world.a, -world.d, world.b, -world.e}) matrix += Precise(term) + " ";
+        file_.Write("<image width=\"" + std::to_string(image.width) + "\" height=\"" +
+                    std::to_string(image.height) + "\" transform=\"matrix(" + matrix +
+                    Precise(Right(corner.x)) + " " + Precise(Down(corner.y)) +
+                    ")\" href=\"data:image/jpeg;base64,");
+        WriteBase64(image.jpeg, file_);
+        file_.Write("\"/>\n");
+    }
     void DrawArea(const PackageReader& package, const Element& area) {
         std::string path;
         for (const auto& ring : RingsOf(package, area)) path += Path(ring) + "Z";
@@ -67,9 +95,14 @@ public:
     }
 
 private:
-    static constexpr double pixels = 1000;  ///< of the longer side
+    static constexpr double pixels = 1000;  ///< pixels of the longer side
 
     static std::string Number(double value) { return util::FormatFixed(value, 2); }
+    static std::string Precise(double value) {
+        std::string text;
+        util::AppendNumber(text, value);
+        return text;
+    }
     /// Of a line or point, in pixels.
     static std::string Size(double larger, double size) {
         return util::FormatFixed(larger / pixels * size, 4);
@@ -98,6 +131,7 @@ void WriteSvg(const PackageReader& package, std::string_view path) {
     platform::OutputFile file(path);
     Picture picture(package.Extents(), file);
     picture.Begin(package.IndexName());
+    ForEachImage(package, [&](const ImageTile& image) { picture.DrawImage(image); });
     ForEachElement(package, "A", [&](const PackageReader& member, const Tile&, const Element& area) {
         picture.DrawArea(member, area);
     });

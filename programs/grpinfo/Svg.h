@@ -8,8 +8,9 @@
 
 namespace vexlator::grpinfo {
 
-/// Draws a proved package: areas, over them lines and points, over them texts, in the colours of their class
-/// or style, on white, a thousand pixels along the longer side. @throws platform::WriteError
+/// Draws a proved package on white, a thousand pixels along the longer side. Areas are lowest, then lines and
+/// points, then texts, in the colours of their class or style.
+/// @throws platform::WriteError
 void WriteSvg(const background::PackageReader& package, std::string_view path);
 
 }  // namespace vexlator::grpinfo

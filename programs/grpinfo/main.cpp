@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 
-// grpinfo: reads a background package as the device does, proves it and tells what it holds.
+// grpinfo: reads a background package like the device, proves it and reports its contents.
 #include "background/package/PackageProof.h"
 #include "background/package/PackageReader.h"
 #include "grpinfo/GeoJson.h"
@@ -46,7 +46,7 @@ struct Command {
     std::string package, svg;
 };
 
-/// Options may stand before or behind the package. False for what is not understood.
+/// Options can be before or after the package. False if they are not understood.
 bool Parse(const std::vector<std::string>& arguments, Command& command) {
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string& argument = arguments[i];

@@ -9,12 +9,12 @@
 
 namespace vexlator::background {
 
-/// What there is to know of each sequence of attribute names, worked out when an entity first has it. For the
-/// entities of one drawing: the sequences are numbered by their drawing.
+/// Data of each sequence of attribute names, computed when an entity first has it. For the entities of one
+/// drawing, because its drawing numbers the sequences.
 template <typename T>
 class PerAttributeSet {
 public:
-    /// `make(XProperties)` gives the T of a sequence that is new. The result is good until the next call.
+    /// `make(XProperties)` computes the T of a new sequence. The result is valid until the next call.
     template <typename Make>
     const T& Of(const drawing::Entity& entity, Make make) {
         drawing::AttributeSet set = entity.attributeSet();

@@ -11,7 +11,7 @@
 
 namespace vexlator::background {
 
-/// One message for all that a package could not take for one reason; none when there is nothing.
+/// Shows one message for all entities that a package left out for one reason; none for a count of 0.
 inline void ShowCount(ui::UserInterface& ui, std::uint64_t count, std::string_view what) {
     if (count > 0) ui.ShowMessage(std::string(what) + ": " + util::GroupedCount(count));
 }

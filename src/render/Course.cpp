@@ -13,14 +13,15 @@ bool IsFinite(PlanePoint p) {
     return std::isfinite(p.x) && std::isfinite(p.y);
 }
 
-/// Pixels. Beyond, differences of coordinates have no digits left for those of the picture.
+/// Pixels. Beyond, differences of coordinates have no digits left for the picture.
 constexpr double farthest = 1e15;
 
 PlanePoint Within(PlanePoint p) {
     return {std::clamp(p.x, -farthest, farthest), std::clamp(p.y, -farthest, farthest)};
 }
 
-/// Cuts a ring at one side of the box: `depth(point)` is how far inside it a point lies.
+/// Clips a ring at one side of the box: `depth(point)` is the distance of a point from the side, positive
+/// inside.
 template <typename Depth>
 void CutSide(Course& ring, Course& work, Depth depth) {
     work.clear();
@@ -55,7 +56,7 @@ void CurveOf(PlanePoint centre, double radius, double start, double sweep, doubl
              Course& course) {
     constexpr double off = 0.2, most = 4000;
     double pixels = std::max(radius * pixelsPerUnit, off);
-    // The chord of an angle a lies r (1 - cos(a / 2)) off the circle.
+    // The chord of an angle a is at most r (1 - cos(a / 2)) off the circle.
     double angle = 2 * std::acos(std::max(0.0, 1 - off / pixels));
     double parts = std::min(std::ceil(std::abs(sweep) / angle), most);
     auto count = static_cast<std::size_t>(std::max(parts, 4.0));
@@ -69,7 +70,7 @@ void CurveOf(PlanePoint centre, double radius, double start, double sweep, doubl
 bool ClipSegment(const PixelBox& box, PlanePoint& from, PlanePoint& to) {
     if (box.Holds(from) && box.Holds(to)) return true;
     double dx = to.x - from.x, dy = to.y - from.y, enter = 0, leave = 1;
-    // `towards` is how fast the segment nears a side, `left` how far it is from there.
+    // `towards` is the segment's approach to a side, `left` its start's distance from the side.
     auto cut = [&](double towards, double left) {
         if (towards == 0) return left >= 0;
         double share = left / towards;

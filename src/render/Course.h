@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-/// Lines and rings in pixels: as few points as show the same, and none far outside the picture.
+/// Lines and rings in pixels, with as few points as show the same, and none far outside the picture.
 namespace vexlator::render {
 
 using util::Placement;
@@ -26,51 +26,52 @@ struct PixelBox {
     PixelBox Grown(double by) const { return {left - by, top - by, right + by, bottom + by}; }
 };
 
-/// The points in pixels, without those that lie nearer than `tolerance` pixels to the one before, and without
-/// those that are not finite. With `isRing` the first is repeated as the last.
+/// The points in pixels, without points nearer than `tolerance` pixels to the previous one, and without
+/// points that are not finite. With `isRing` the first point is repeated at the end.
 void Project(std::span<const PlanePoint> points, const Placement& toPixels, double tolerance, bool isRing,
              Course& course);
 
-/// The vertices of a circle or arc of that radius in pixels, as a polygon that is nowhere a quarter of a
-/// pixel off. Angles in radians, counter-clockwise.
+/// The vertices of a circle or arc with this radius in pixels, as a polygon with an error below a quarter of
+/// a pixel. Angles in radians, counter-clockwise.
 void CurveOf(PlanePoint centre, double radius, double start, double sweep, double pixelsPerUnit,
              Course& course);
 
-/// Calls `visit(course)` for the parts of a course that touch the box, cut at most a segment outside of it.
+/// Calls `visit(course)` for the parts of a course that touch the box. A part extends at most one segment
+/// outside of it.
 template <typename Visit>
 void ForEachPartIn(const PixelBox& box, std::span<const PlanePoint> course, Course& part, Visit visit);
 
-/// The part of a segment inside the box; false when there is none.
+/// The part of a segment inside the box; false if there is none.
 bool ClipSegment(const PixelBox& box, PlanePoint& from, PlanePoint& to);
 
 /// The part of a ring inside the box, as a ring.
 void ClipRing(const PixelBox& box, std::span<const PlanePoint> ring, Course& clipped, Course& work);
 
-/// Where the gap for a text lies, and the direction of the line there.
+/// The position of a gap for a text, and the direction of the line there.
 struct PatternText {
     PlanePoint middle;
-    double angle;  ///< radians, as pixels turn: clockwise
+    double angle;  ///< radians, clockwise, as in pixel coordinates
     std::string_view text;
 };
 
-/// Cuts a course into the dashes of a line type.
+/// Splits a course into the dashes of a line type.
 class Pattern {
 public:
-    /// `pixelsPerUnit` is that of the line type's lengths.
+    /// `pixelsPerUnit` converts the line type's lengths.
     Pattern(const LineType& type, double pixelsPerUnit) : type_(type), scale_(pixelsPerUnit) {}
-    /// A shorter period cannot be told from a grey line, a longer one from a whole line.
+    /// A shorter period looks like a grey line, a longer one like a solid line.
     bool IsVisible() const {
         double period = type_.Period() * scale_;
         return period >= leastPeriod && period <= mostPeriod;
     }
-    /// The dashes inside the box, each a course of its own, and the texts between them.
+    /// The dashes inside the box, each as its own course, and the texts between them.
     template <typename Dash, typename Gap>
     void Cut(const PixelBox& box, std::span<const PlanePoint> course, Dash dash, Gap gap) const;
 
     static constexpr double leastPeriod = 5, mostPeriod = 1e5;  ///< pixels
 
 private:
-    /// `phase`: how far into two periods of the pattern the segment begins.
+    /// `phase`: where the segment begins within two periods of the pattern.
     template <typename Dash, typename Gap>
     void CutSegment(PlanePoint from, PlanePoint to, double phase, Dash dash, Gap gap) const;
 
@@ -95,7 +96,7 @@ void ForEachPartIn(const PixelBox& box, std::span<const PlanePoint> course, Cour
 
 template <typename Dash, typename Gap>
 void Pattern::Cut(const PixelBox& box, std::span<const PlanePoint> course, Dash dash, Gap gap) const {
-    double done = 0;  // pixels along the course
+    double done = 0;  // pixels along the course so far
     for (std::size_t i = 1; i < course.size(); ++i) {
         PlanePoint from = course[i - 1], to = course[i];
         double length = std::hypot(to.x - from.x, to.y - from.y);
@@ -110,7 +111,7 @@ void Pattern::Cut(const PixelBox& box, std::span<const PlanePoint> course, Dash 
 template <typename Dash, typename Gap>
 void Pattern::CutSegment(PlanePoint from, PlanePoint to, double phase, Dash dash, Gap gap) const {
     const double length = std::hypot(to.x - from.x, to.y - from.y);
-    // So far along the course nobody can tell where the pattern began.
+    // Very far along a course the phase has no precision left.
     if (!std::isfinite(phase)) phase = 0;
     if (!(length > 0)) return;
     const PlanePoint step{(to.x - from.x) / length, (to.y - from.y) / length};

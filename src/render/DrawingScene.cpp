@@ -15,7 +15,7 @@ namespace vexlator::render {
 
 namespace {
 
-/// @throws platform::ReadError for a wanted layer that is not there
+/// @throws platform::ReadError for a wanted layer that does not exist
 std::vector<bool> ShownLayers(const drawing::Drawing& drawing, const std::vector<std::string>& wanted) {
     std::vector<bool> shown;
     for (const drawing::Layer& layer : drawing.layers()) {
@@ -31,7 +31,7 @@ std::vector<bool> ShownLayers(const drawing::Drawing& drawing, const std::vector
     return shown;
 }
 
-/// The parts that a scene is made with, in the order in which they need each other.
+/// The parts needed to make a scene, in the order of their dependencies.
 class DrawingScene {
 public:
     DrawingScene(const drawing::Drawing& drawing, const SceneOptions& options)

@@ -13,20 +13,20 @@
 
 namespace vexlator::render {
 
-/// What of a drawing comes into the scene. Frozen layers never do.
+/// The parts of the drawing for the scene. Frozen layers are never included.
 struct SceneOptions {
-    std::vector<std::string> layers;  ///< only these, in any letter case; empty: all
-    std::optional<Box> ground;        ///< only what meets this box
-    std::string symbolsFolder;        ///< where symbols are that the drawing names and lacks; "": nowhere
-    /// Takes a line on a symbol that cannot be read; may be empty.
+    std::vector<std::string> layers;  ///< only these layers, in any letter case; empty: all
+    std::optional<Box> ground;        ///< only entities that meet this box
+    std::string symbolsFolder;        ///< folder of symbols missing in the drawing; "": no folder
+    /// Gets a line about each symbol that cannot be read; may be empty.
     std::function<void(std::string_view)> tell;
 };
 
-/// What a drawing file shows. It is read chunk by chunk, so that no more of it than the scene is in memory.
-/// @throws platform::ReadError: file, place and reason; also for a wanted layer that is not there
+/// The scene of a drawing file. The file is read chunk by chunk, so the scene is all that memory has to hold.
+/// @throws platform::ReadError: file, place and reason; also for a wanted layer that does not exist
 Scene SceneOfFile(std::string_view path, const SceneOptions& options);
 
-/// What an open drawing shows. @throws platform::ReadError for a wanted layer that is not there
+/// The scene of an open drawing. @throws platform::ReadError for a wanted layer that does not exist
 Scene SceneOfDrawing(drawing::Drawing& drawing, const SceneOptions& options);
 
 }  // namespace vexlator::render

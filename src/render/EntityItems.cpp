@@ -15,10 +15,10 @@ using drawing::Entity;
 using drawing::Kind;
 
 constexpr std::string_view holeName = "ISHOLE";
-/// Codes of text alignment that say something: above the middle; the height is the diagonal of a box.
+/// Codes of text alignment with a meaning: above the middle; the height is the diagonal of a box.
 constexpr std::int32_t aboveMiddle = 106, diagonal = 24;
 
-/// Hundredths of a millimetre. No line is heavier, whatever a drawing says.
+/// Hundredths of a millimetre. Larger weights in drawings are reduced to this.
 constexpr std::int32_t mostWeight = 2000;
 
 TextAnchor AnchorOf(std::int32_t alignment) {
@@ -26,7 +26,7 @@ TextAnchor AnchorOf(std::int32_t alignment) {
     return alignment == diagonal ? TextAnchor::Diagonal : TextAnchor::Baseline;
 }
 
-/// In symbols these colours stand for that of the feature.
+/// In symbols these colours mean the colour of the feature.
 bool IsColourOfFeature(drawing::Colour colour) {
     return colour == 0 || colour == drawing::defaultColour;
 }

@@ -14,15 +14,16 @@
 
 namespace vexlator::render {
 
-/// Turns the entities of one drawing, all at once or chunk after chunk, into items of a scene.
+/// Converts the entities of one drawing, all at once or chunk by chunk, to items of a scene.
 class EntityItems {
 public:
     EntityItems(SceneBuilder& builder, SymbolScenes& symbols, int depth)
         : builder_(builder), symbols_(symbols), depth_(depth) {}
 
-    /// The drawing's layers, of which those with `isShown` count; before the first entity.
+    /// Sets the drawing's layers; only those with `isShown` count. Call it before the first entity.
     void AddLayers(const drawing::Drawing& drawing, const std::vector<bool>& isShown);
-    /// The entities that the drawing holds now. Layers, styles and attribute names keep their numbers.
+    /// Adds the entities now in the drawing. Layers, styles and attribute names keep their numbers between
+    /// calls.
     void Add(drawing::Drawing& drawing);
 
 private:
@@ -37,11 +38,11 @@ private:
 
     SceneBuilder& builder_;
     SymbolScenes& symbols_;
-    std::uint32_t next_ = 0;                            ///< entities so far
-    int depth_;                                         ///< of the symbol that the drawing is; 0: of none
-    std::vector<std::optional<std::uint32_t>> layers_;  ///< by the drawing's number
-    std::uint32_t layer_ = 0;                           ///< of the entity at hand
-    /// Styles are interned in their drawing, so that their places tell them apart.
+    std::uint32_t next_ = 0;                            ///< number of entities so far
+    int depth_;                                         ///< of the symbol being converted; 0: none
+    std::vector<std::optional<std::uint32_t>> layers_;  ///< by number in the drawing
+    std::uint32_t layer_ = 0;                           ///< of the current entity
+    /// Styles are interned in their drawing, so their addresses identify them.
     std::array<std::unordered_map<const drawing::Style*, std::uint32_t>, 2> pens_;
     std::unordered_map<std::string, std::optional<std::uint32_t>> symbolNumbers_;
     std::vector<std::optional<bool>> hasHoleName_;  ///< by attribute set

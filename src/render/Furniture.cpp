@@ -15,10 +15,10 @@ namespace vexlator::render {
 
 namespace {
 
-/// Distances on the page, in heights of small print.
+/// Distances on the page, in heights of small text.
 constexpr double titleHeight = 3.2, labelHeight = 1.8, footHeight = 3.4, edge = 1.2, legendRow = 1.9,
                  sampleWidth = 3, arrowHeight = 5;
-/// Narrower pages, in heights of small print, have no room for a legend.
+/// Minimum width of a page with a legend, in heights of small text.
 constexpr double leastForLegend = 50;
 
 QFont FontOf(double pixels, bool isBold = false) {
@@ -35,7 +35,7 @@ void DrawCentred(QPainter& painter, QPointF middle, const QString& text) {
         text);
 }
 
-/// A scene of one item that looks as the layer's first one.
+/// A scene with one item in the style of the layer's first item.
 Scene SampleOf(const Scene& scene, const SceneLayer& layer, double width, double height) {
     SceneBuilder builder;
     std::uint32_t number = builder.AddLayer(layer.name), pen = builder.AddPen(layer.pen);
@@ -125,7 +125,7 @@ void Furniture::PaintFrame(const View& view, QPainter& painter) const {
     const Box ground = view.Ground();
     double step = RoundStep(11 * unit_ / view.Scale());
     int decimals = DecimalsOf(step);
-    // Counted, because steps may be smaller than what the coordinates can tell apart.
+    // The number of steps is counted, because coordinates may not be able to express a step.
     auto forEachTick = [&](double least, double most, auto tick) {
         double first = std::ceil(least / step);
         for (int i = 0; i < 1000 && (first + i) * step <= most; ++i) tick((first + i) * step);
@@ -146,7 +146,7 @@ void Furniture::PaintFrame(const View& view, QPainter& painter) const {
         painter.drawLine(QPointF(map.left, at), QPointF(map.left + length, at));
         painter.drawLine(QPointF(right, at), QPointF(right - length, at));
         QString label = QString::fromStdString(util::FormatFixed(y, decimals));
-        // Beyond the frame it would meet the labels along its other sides.
+        // Outside the frame's ends it would overlap the labels of the other sides.
         double half = metrics.horizontalAdvance(label) / 2;
         if (at - half < map.top || at + half > bottom) return;
         painter.save();

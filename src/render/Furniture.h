@@ -16,16 +16,16 @@ struct PixelArea {
     int left, top, width, height;
 };
 
-/// What makes a map of a picture: a frame with coordinates, scale bar, north arrow, legend and title. It lies
-/// around the map, which gets the largest part of the page.
+/// The additions that make a map of a picture: a frame with coordinates, scale bar, north arrow, legend and
+/// title. They surround the map, which gets the largest part of the page.
 class Furniture {
 public:
-    /// `note` is small print at the foot of the page, for what the map leaves out.
+    /// `note` is small text at the foot of the page, about parts left out of the map.
     Furniture(const Scene& scene, std::string title, std::string note, int width, int height);
 
-    /// Where the map lies on the page.
+    /// The position of the map on the page.
     PixelArea MapArea() const;
-    /// Paints all but the map. The view is that of the map area. Needs a QGuiApplication.
+    /// Paints everything except the map. The view is that of the map area. Needs a QGuiApplication.
     void Paint(const View& view, QPainter& painter) const;
 
 private:
@@ -37,13 +37,13 @@ private:
     void PaintNorthArrow(QPainter& painter) const;
 
     bool HasLegend() const { return legendWidth_ > 0; }
-    /// Pixels, by the longest name; 0 where the page is too narrow.
+    /// Width in pixels, by the longest name; 0 if the page is too narrow.
     double LegendWidth() const;
 
     const Scene& scene_;
     std::string title_, note_;
     int width_, height_;
-    double unit_;  ///< pixels: the height of small print
+    double unit_;  ///< height of small text in pixels
     double legendWidth_;
 };
 

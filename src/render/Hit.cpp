@@ -9,7 +9,7 @@ namespace vexlator::render {
 
 namespace {
 
-constexpr double pointTolerance = 0.5;  ///< pixels between points that can be told apart
+constexpr double pointTolerance = 0.5;  ///< distinguishable distance of points in pixels
 constexpr double fullTurn = 2 * std::numbers::pi;
 
 double SweepOf(PlanePoint angles) {
@@ -17,7 +17,7 @@ double SweepOf(PlanePoint angles) {
     return sweep < 0 ? sweep + fullTurn : sweep;
 }
 
-/// Calls `visit(points, isRing)` for the parts of what has vertices on the ground.
+/// Calls `visit(points, isRing)` for the parts of an item with vertices on the ground.
 template <typename Visit>
 void ForEachRing(const Scene& scene, const Scene::Item& item, Visit visit) {
     std::span<const PlanePoint> vertices = scene.VerticesOf(item);
@@ -43,7 +43,7 @@ Course BoxIn(const Scene& scene, std::size_t item) {
     return {{box.minX, box.minY}, {box.maxX, box.minY}, {box.maxX, box.maxY}, {box.minX, box.maxY}};
 }
 
-/// Pixels from a place to a segment.
+/// Distance of a position from a segment, in pixels.
 double DistanceTo(PlanePoint a, PlanePoint b, PlanePoint place) {
     double dx = b.x - a.x, dy = b.y - a.y, square = dx * dx + dy * dy;
     double along = square > 0 ? ((place.x - a.x) * dx + (place.y - a.y) * dy) / square : 0;

@@ -9,20 +9,20 @@
 #include <optional>
 #include <vector>
 
-/// Which item a place on the picture means, and where an item lies on it.
+/// Finds the item at a position of the picture, and the outline of an item.
 namespace vexlator::render {
 
-/// The courses of an item in pixels: its line, its rings, its curve; the box of a text or symbol; a point
-/// alone for a dot.
+/// The outlines of an item in pixels: its line, its rings, its curve; the box of a text or symbol; a single
+/// point for a dot.
 std::vector<Course> OutlineOf(const Scene& scene, std::size_t item, const View& view);
 
-/// The item that a person means who points at a pixel: the nearest line, dot or edge within `reach` pixels,
-/// the upper one of two as near; else the uppermost area around the pixel. Layers that are hidden (as in
-/// PaintOptions) have none.
+/// The item that a user points at: the nearest line, dot or edge within `reach` pixels, the upper one if two
+/// are equally near; else the topmost area around the pixel. Items of hidden layers (as in PaintOptions) are
+/// excluded.
 std::optional<std::size_t> ItemAt(const Scene& scene, const View& view, PlanePoint pixel, double reach,
                                   const std::vector<bool>& hiddenLayers = {});
 
-/// Length of an item in ground units: of its course, its rings or its curve; 0 for dots, texts and symbols.
+/// Length of an item in ground units: of its line, its rings or its curve; 0 for dots, texts and symbols.
 double LengthOf(const Scene& scene, std::size_t item);
 
 }  // namespace vexlator::render

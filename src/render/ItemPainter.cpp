@@ -13,14 +13,14 @@ namespace vexlator::render {
 
 namespace {
 
-/// The font is set so large, in pixels, and scaled from there, so that letters have their exact size.
+/// The font has this size, in pixels, and is scaled from it, so that letters have their exact size.
 constexpr int fontPixels = 64;
-/// Pixels: lower texts cannot be read and are drawn as lines; lower symbols as dots.
+/// Pixels: smaller texts are illegible and are drawn as lines; smaller symbols are drawn as dots.
 constexpr double leastText = 3, leastSymbol = 3;
-/// Pixels: of larger letters nobody could tell what they are.
+/// Pixels: larger letters are unrecognisable.
 constexpr double mostText = 20000;
 constexpr double dotMillimetres = 1.2, hairlineMillimetres = 0.25;
-/// Of a text's height: how far its baseline lies below its top.
+/// Distance from a text's top to its baseline, in text heights.
 constexpr double topToBaseline = 0.76;
 
 QColor ColourOf(Argb colour) {
@@ -39,8 +39,9 @@ ItemPainter::ItemPainter(QPainter& painter, ThinLines* thinLines, const PixelBox
     painter_.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
 }
 
-void ItemPainter::Paint(const Scene& scene, const Scene::Item& item, const Placement& toPixels) {
-    Pen pen = Coloured(scene.PenOf(item));
+void ItemPainter::Paint(const Scene& scene, const Scene::Item& item, const Pen& given,
+                        const Placement& toPixels) {
+    Pen pen = Coloured(given);
     std::span<const PlanePoint> vertices = scene.VerticesOf(item);
     switch (item.kind) {
         case ItemKind::Line:
@@ -66,7 +67,7 @@ void ItemPainter::PaintInColour(const Scene& scene, const Placement& toPixels, A
     std::optional<Argb> outer = colour_;
     colour_ = colour;
     for (std::size_t i = 0; i < scene.ItemCount() && !options_.stop.stop_requested(); ++i)
-        Paint(scene, scene.At(i), toPixels);
+        Paint(scene, scene.At(i), scene.PenOf(scene.At(i)), toPixels);
     colour_ = outer;
 }
 
@@ -95,7 +96,7 @@ void ItemPainter::PaintCourse(const Pen& pen, const Placement& toPixels) {
 }
 
 void ItemPainter::PaintPattern(const Pattern& pattern, const Pen& pen, double pixelsPerUnit) {
-    constexpr double textHeight = 5;  // units, beside dashes of ten
+    constexpr double textHeight = 5;  // in the pattern's units; a dash has ten
     pattern.Cut(
         part_.Grown(WidthOf(pen) + textHeight * pixelsPerUnit), course_,
         [&](PlanePoint from, PlanePoint to) {
@@ -234,7 +235,7 @@ void ItemPainter::DrawLetters(const Text& text, PlanePoint at, double height, do
     bool hangs = text.anchor == TextAnchor::TopLeft || text.anchor == TextAnchor::TopCentre;
     double unit = height / fontPixels;
     PlanePoint along = {std::cos(rotation), std::sin(rotation)};
-    // The painter's y axis runs downwards, that of the ground upwards.
+    // The painter's y axis points down, the ground's y axis points up.
     Placement letters =
         toPixels.After({{along.x * unit, along.y * unit}, {along.y * unit, -along.x * unit}, at});
     painter_.save();

@@ -14,17 +14,17 @@
 
 namespace vexlator::render {
 
-/// Paints items, one after the other, on a part of a picture. One thread uses it.
+/// Paints items, one after the other, on a part of a picture. For one thread.
 class ItemPainter {
 public:
-    /// `thinLines` draws on the same image as the painter, or is null when that is none.
+    /// `thinLines` draws on the same image as the painter; null if the painter does not draw on an image.
     ItemPainter(QPainter& painter, ThinLines* thinLines, const PixelBox& part, const PaintOptions& options);
 
     /// @param toPixels from the scene's ground to pixels
-    void Paint(const Scene& scene, const Scene::Item& item, const Placement& toPixels);
+    void Paint(const Scene& scene, const Scene::Item& item, const Pen& given, const Placement& toPixels);
 
 private:
-    /// A symbol's scene, in the colour of the feature that it stands for.
+    /// Paints a symbol's scene, in the colour of its feature.
     void PaintInColour(const Scene& scene, const Placement& toPixels, Argb colour);
     void PaintCourse(const Pen& pen, const Placement& toPixels);
     void PaintArea(const Scene& scene, const Scene::Item& area, const Pen& pen, const Placement& toPixels);
@@ -45,7 +45,7 @@ private:
     void FillPath(const Scene& scene, const Scene::Item& area, const Placement& toPixels);
     bool IsThin(const Pen& pen) const { return thinLines_ && WidthOf(pen) <= 1.5; }
     double WidthOf(const Pen& pen) const;
-    /// The item's pen with the colours of the feature that a symbol stands for.
+    /// The item's pen, with the feature's colours in a symbol.
     Pen Coloured(const Pen& pen) const;
     void UseFont();
 
@@ -53,8 +53,8 @@ private:
     ThinLines* thinLines_;
     PixelBox part_;
     const PaintOptions& options_;
-    double tolerance_;            ///< pixels between points that can be told apart
-    std::optional<Argb> colour_;  ///< of the feature whose symbol is being painted
+    double tolerance_;            ///< distinguishable distance of points in pixels
+    std::optional<Argb> colour_;  ///< colour of the feature whose symbol is being painted
     Course course_, piece_, work_, curve_;
     QPolygonF polygon_;
     QFont font_;

@@ -16,13 +16,13 @@ namespace vexlator::render {
 namespace {
 
 constexpr std::size_t itemsBetweenLooks = 256;
-/// A coarse picture has every item that is so large, in pixels, and one of so many others.
+/// A coarse picture has every item of this size in pixels or larger, and one of this number of smaller items.
 constexpr double largeItem = 16;
 constexpr std::size_t coarseShare = 16;
-/// Bands are of different weight; several for each thread even that out.
+/// Bands take different times. Several bands per thread balance that.
 constexpr int bandsPerThread = 3;
 
-/// The ground that a part of the picture shows, and a little around it for what is wider than its box.
+/// The ground shown by a part of the picture, with a margin for items that are wider than their boxes.
 Box GroundOf(const View& view, const PixelBox& part) {
     PlanePoint least = view.ToGround({part.left, part.bottom}), most = view.ToGround({part.right, part.top});
     return {least.x, least.y, most.x, most.y};
@@ -32,7 +32,7 @@ bool IsLarge(const Box& box, double scale) {
     return std::max(box.maxX - box.minX, box.maxY - box.minY) * scale >= largeItem;
 }
 
-/// A scene in a view: what is to be painted, found once for all parts of the picture.
+/// A scene in a view: the items to paint, found once for all parts of the picture.
 class Job {
 public:
     Job(const Scene& scene, const View& view, const PaintOptions& options)
@@ -42,14 +42,14 @@ public:
           items_(scene.ItemsIn(
               GroundOf(view, PixelBox{0, 0, double(view.Width()), double(view.Height())}.Grown(Around())))) {}
 
-    /// False when it was stopped.
+    /// False if it was stopped.
     bool Paint(const PixelBox& part, ItemPainter& painter) const {
         const NearBox window = scene_.Near(GroundOf(view_, part.Grown(Around())));
         std::size_t looked = 0;
         for (std::uint32_t item : items_) {
             if (looked++ % itemsBetweenLooks == 0 && options_.stop.stop_requested()) return false;
             if (scene_.Meets(item, window) && IsWanted(item))
-                painter.Paint(scene_, scene_.At(item), view_.ToPixels());
+                painter.Paint(scene_, scene_.At(item), PenOf(item), view_.ToPixels());
         }
         return true;
     }
@@ -58,11 +58,19 @@ public:
     const PaintOptions& Options() const { return options_; }
 
 private:
-    /// Half the widest dot and line, in pixels, which reach beyond the box of what they stand for.
+    /// Half the width of the widest dot and line, in pixels: they extend beyond the boxes of their items.
     double Around() const { return 2 + 2 * options_.pixelsPerMillimetre; }
     bool IsWanted(std::uint32_t item) const {
         if (IsHidden(item)) return false;
         return !options_.isCoarse || item % coarseShare == 0 || IsLarge(scene_.BoxOf(item), view_.Scale());
+    }
+
+    const Pen& PenOf(std::uint32_t item) const {
+        const Scene::Item& at = scene_.At(item);
+        if (!options_.pens) return scene_.PenOf(at);
+        std::size_t place = scene_.SourceOf(item).layer * pensPerLayer + PenColumn(at.kind);
+        bool hasOther = place < options_.pens->size() && (*options_.pens)[place];
+        return hasOther ? *(*options_.pens)[place] : scene_.PenOf(at);
     }
 
     bool IsHidden(std::uint32_t item) const {
@@ -77,7 +85,7 @@ private:
     std::vector<std::uint32_t> items_;
 };
 
-/// Rows of an image, which threads paint by bands.
+/// Rows of an image, painted by threads in bands.
 struct Rows {
     uchar* pixels;
     qsizetype bytesPerRow;
@@ -97,6 +105,20 @@ bool PaintBand(const Job& job, const Rows& rows, int top, int height) {
 }
 
 }  // namespace
+
+std::size_t PenColumn(ItemKind kind) {
+    switch (kind) {
+        case ItemKind::Line:
+        case ItemKind::Arc:
+            return 1;
+        case ItemKind::Ring:
+        case ItemKind::Area:
+        case ItemKind::Circle:
+            return 2;
+        default:
+            return 0;
+    }
+}
 
 bool PaintScene(const Scene& scene, const View& view, QImage& image, const PaintOptions& options) {
     const Job job(scene, view, options);

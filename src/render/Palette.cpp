@@ -17,7 +17,7 @@ Argb Rgb(double red, double green, double blue) {
     return black | byte(red) << 16 | byte(green) << 8 | byte(blue);
 }
 
-/// `hue` in turns. The share of one primary colour at that hue.
+/// The share of one primary colour at a hue. `hue` in turns.
 double Primary(double hue, double shift) {
     double distance = std::abs(std::fmod(hue + shift, 1.0) - 0.5);
     return std::min(1.0, std::max(0.0, 6 * distance - 1));

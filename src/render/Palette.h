@@ -19,14 +19,14 @@ constexpr Argb WithAlpha(Argb colour, unsigned alpha) {
     return (colour & 0x00FFFFFF) | alpha << 24;
 }
 
-/// The colour of a drawing on white paper: the palette of 256 colours, or 24 bits with red lowest. What would
-/// be white, the default colour 7 among it, is black, so that nothing disappears.
+/// The colour of a drawing on white paper: from the palette of 256 colours, or 24 bits with red lowest.
+/// White, including the default colour 7, becomes black, so that nothing disappears.
 Argb ColourOnPaper(drawing::Colour colour);
-/// The same for lines and letters, which are narrow: what is too light to be seen on paper, as yellow is, is
-/// darkened.
+/// The same for lines and letters, which are narrow. Colours too light to be visible on paper, such as
+/// yellow, are darkened.
 Argb LineColourOnPaper(drawing::Colour colour);
-/// The same for areas. The default colour, which nobody chose, is a light grey, on which the rest can be
-/// seen.
+/// The same for areas. The default colour, which nobody chose, becomes a light grey that does not hide the
+/// rest.
 Argb FillColourOnPaper(drawing::Colour colour);
 
 }  // namespace vexlator::render

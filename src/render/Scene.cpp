@@ -29,8 +29,8 @@ bool Meet(const Box& a, const Box& b) {
     return a.minX <= b.maxX && b.minX <= a.maxX && a.minY <= b.maxY && b.minY <= a.maxY;
 }
 
-/// Texts have no known width before they are painted. This is generous for all but the widest letters.
-constexpr double widthOfCharacter = 0.8;  ///< of the height
+/// The width of texts is unknown before painting. This is enough for all but the widest letters.
+constexpr double widthOfCharacter = 0.8;  ///< times the height
 
 Box BoxOfText(PlanePoint at, double height, double rotation, const Text& text) {
     double size = std::abs(height), width = widthOfCharacter * size * double(text.characters.size());
@@ -58,7 +58,7 @@ void NearBox::Widen(const NearBox& other) {
 Box BoxAround(std::span<const PlanePoint> points) {
     constexpr double far = std::numeric_limits<double>::infinity();
     Box box{far, far, -far, -far};
-    // A number times 0 is 0, unless it is not finite: then the sum never is again.
+    // Zero times a finite number is 0. If a number is not finite, the sum is not 0.
     double nothing = 0;
     for (PlanePoint point : points) {
         box.minX = std::min(box.minX, point.x);
@@ -160,7 +160,7 @@ void SceneBuilder::AddCourse(std::uint32_t layer, std::uint32_t pen, ItemKind ki
 
 bool SceneBuilder::AddHole(std::uint32_t layer, std::span<const PlanePoint> ring) {
     if (lastLayer_ != layer || scene_.items_.empty()) return false;
-    // Nothing is seen of the hole in an area that is not.
+    // A hole in an invisible area is invisible too.
     if (!lastIsKept_) return !keepsAll_;
     Scene::Item& area = scene_.items_.back();
     Box box = BoxAround(ring);

@@ -13,7 +13,7 @@ namespace vexlator::render {
 
 namespace {
 
-/// With those of the symbols in it.
+/// Including the items of nested symbols.
 std::uint64_t PaintedItems(const Scene& scene) {
     std::uint64_t count = scene.ItemCount();
     for (std::size_t i = 0; i < scene.ItemCount() && count <= SymbolScenes::mostItems; ++i)
@@ -27,7 +27,7 @@ std::uint64_t PaintedItems(const Scene& scene) {
 std::shared_ptr<const Scene> SymbolScenes::Of(std::string_view blockName, const drawing::Drawing& owner,
                                               int depth) {
     if (depth >= deepest) return nullptr;
-    // A symbol's own blocks are few and known to it alone.
+    // A symbol's own blocks are few, and only it uses them.
     if (&owner != &drawing_)
         if (const drawing::Block* own = owner.findBlock(blockName); own && !own->content.empty())
             return Unpack(*own, depth);

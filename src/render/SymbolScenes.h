@@ -12,24 +12,24 @@
 
 namespace vexlator::render {
 
-/// What the blocks of a drawing draw, each unpacked when it is first needed.
+/// The scenes of a drawing's blocks, each made at first use.
 class SymbolScenes {
 public:
     SymbolScenes(const drawing::Drawing& drawing, const SceneOptions& options)
         : drawing_(drawing), options_(options) {}
 
-    /// Symbols in symbols are followed so deep, and a symbol has at most so many items, those of the symbols
-    /// in it counted as often as they stand there. What is beyond is a dot.
+    /// Limits for the depth of nested symbols, and for the items of a symbol including nested ones each time
+    /// they occur. Anything beyond becomes a dot.
     static constexpr int deepest = 16;
     static constexpr std::uint64_t mostItems = 200'000;
 
-    /// What a block draws that `owner`, the drawing or a symbol in it, names; null when that is nothing.
+    /// The scene of a block named by `owner`, the drawing or a symbol in it; null if the block draws nothing.
     std::shared_ptr<const Scene> Of(std::string_view blockName, const drawing::Drawing& owner, int depth = 0);
 
 private:
     struct Known {
         std::shared_ptr<const Scene> scene;
-        bool isOpen = false;  ///< being unpacked: a symbol that stands in itself
+        bool isOpen = false;  ///< being made: detects a symbol that contains itself
     };
     std::shared_ptr<const Scene> Unpack(const drawing::Block& block, int depth);
     std::shared_ptr<const Scene> FromFolder(std::string_view name, int depth);
@@ -38,7 +38,8 @@ private:
 
     const drawing::Drawing& drawing_;
     const SceneOptions& options_;
-    std::unordered_map<std::string, Known> known_;  ///< by name, of the drawing's own blocks and the folder's
+    std::unordered_map<std::string, Known>
+        known_;  ///< by name, from the drawing's own blocks and the folder's
 };
 
 }  // namespace vexlator::render

@@ -11,15 +11,15 @@ namespace {
 
 constexpr std::uint32_t evenBytes = 0x00FF00FF;
 constexpr double fixedOne = 4294967296.0;
-/// Pictures are smaller by far.
+/// Pictures are far smaller.
 constexpr double mostPixels = 1e6;
 
-/// `share` of 256 parts of the source over the target, two bytes at a time.
+/// Blends `share` of 256 parts of the source over the target, two bytes at a time.
 std::uint32_t Mixed(std::uint32_t source, std::uint32_t target, std::uint32_t share) {
     return (source * share + target * (256 - share)) >> 8 & evenBytes;
 }
 
-/// The first pixel whose middle does not lie before a place, which is not below 0.
+/// The first pixel whose centre is at or after a position, which is not below 0.
 int PixelFrom(double place) {
     constexpr double half = 0.5;
     return static_cast<int>(place + half);
@@ -27,9 +27,8 @@ int PixelFrom(double place) {
 
 }  // namespace
 
-/// A line, as seen along its longer axis: where it begins on the pixels that it passes, across it. Numbers
-/// have 32 bits behind the point, and are sums of whole numbers, so that they do not depend on where one
-/// starts.
+/// The positions of a line across its longer axis, for the pixels along this axis. Numbers have 32 bits after
+/// the point and are sums of whole numbers, so they do not depend on the start.
 struct ThinLines::Strip {
     int origin;  ///< a pixel
     std::int64_t atOrigin, slope;
@@ -43,7 +42,7 @@ void ThinLines::TakeColour(Argb colour) {
     alpha_ = AlphaOf(colour) + (AlphaOf(colour) >> 7);
 }
 
-/// `cover` of 256 parts of a pixel.
+/// Covers `cover` of 256 parts of a pixel.
 template <bool isSteep, bool isInside>
 inline void ThinLines::Blend(int along, int across, int cover) {
     int x = isSteep ? across : along, y = isSteep ? along : across;
@@ -61,9 +60,8 @@ void ThinLines::DrawCourse(std::span<const PlanePoint> course, Argb colour) {
         PlanePoint from = course[i - 1], to = course[i];
         double dx = std::abs(to.x - from.x), dy = std::abs(to.y - from.y);
         bool isSteep = dy > dx;
-        // A segment takes the pixels whose middles it passes, so that the next one does not draw over its
-        // end. Half a pixel more closes both ends, and the corner where the line turns from one axis to the
-        // other.
+        // A segment covers the pixels whose centres it passes, so that the next segment does not draw over
+        // its end. Half a pixel more closes both ends, and the corner where the line changes its longer axis.
         double lead = i == 1 || isSteep != wasSteep ? 0.5 : 0, trail = i + 1 == course.size() ? 0.5 : 0;
         wasSteep = isSteep;
         if (isSteep)
@@ -73,7 +71,7 @@ void ThinLines::DrawCourse(std::span<const PlanePoint> course, Argb colour) {
     }
 }
 
-/// x runs along the longer axis, y across.
+/// x is along the longer axis, y across it.
 template <bool isSteep>
 void ThinLines::DrawSegment(PlanePoint from, PlanePoint to, double lead, double trail) {
     const double least = isSteep ? top_ : 0, most = isSteep ? bottom_ : width_;
@@ -85,7 +83,7 @@ void ThinLines::DrawSegment(PlanePoint from, PlanePoint to, double lead, double 
     double length = to.x - from.x;
     double slope = length > 0 ? (to.y - from.y) / length : 0;
     double begin = from.x - lead, end = to.x + trail;
-    // Only the part that may reach the rows: two pixels off them nothing does.
+    // Only the part near the rows: a line does not reach more than two pixels.
     if (slope != 0) {
         double atLow = from.x + (low - 2 - from.y) / slope, atHigh = from.x + (high + 2 - from.y) / slope;
         begin = std::max(begin, std::min(atLow, atHigh));
@@ -102,7 +100,7 @@ void ThinLines::DrawSegment(PlanePoint from, PlanePoint to, double lead, double 
     const double width = std::sqrt(1 + slope * slope);
     const int origin = PixelFrom(std::max(from.x - lead, 0.0));
     const double atOrigin = from.y + (origin + 0.5 - from.x) * slope - width / 2;
-    // It nears the picture by less than the picture's size from there.
+    // From there it approaches the picture by less than the picture's size.
     if (!(std::abs(atOrigin) < mostPixels)) return;
     const Strip strip{origin, static_cast<std::int64_t>(atOrigin * fixedOne),
                       static_cast<std::int64_t>(slope * fixedOne), static_cast<std::int32_t>(width * 256)};
@@ -135,7 +133,7 @@ void ThinLines::DrawDot(PlanePoint centre, int size, Argb colour) {
         return;
     int left = static_cast<int>(std::floor(centre.x - (size - 1) / 2.0));
     int upper = static_cast<int>(std::floor(centre.y - (size - 1) / 2.0));
-    // Without its corners a square of some pixels looks round.
+    // Without its corners a square of a few pixels looks round.
     int round = size > 3 ? 1 : 0;
     for (int y = std::max(upper, top_); y < std::min(upper + size, bottom_); ++y) {
         int cut = y == upper || y == upper + size - 1 ? round : 0;

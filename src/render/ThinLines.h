@@ -14,14 +14,13 @@ namespace vexlator::render {
 using util::Placement;
 using util::PlanePoint;
 
-/// Draws lines of one pixel, and dots, into rows of an image of 32-bit pixels (premultiplied, 0xAARRGGBB).
-/// Most lines of a map are of this kind, and a painter that is made for lines of any width takes ten times
-/// as long.
+/// Draws lines of one pixel width, and dots, into rows of an image of 32-bit pixels (premultiplied,
+/// 0xAARRGGBB). Most lines of a map are thin, and a painter for lines of any width takes ten times as long.
 ///
-/// A row comes out the same whichever rows are drawn with it, so that threads can share a picture.
+/// A row is the same whichever rows are drawn with it, so threads can share a picture.
 class ThinLines {
 public:
-    /// The rows from `top` on, `height` of them, begin at `pixels`, `stride` pixels apart.
+    /// Draws into `height` rows from `top` on. They start at `pixels`, `stride` pixels apart.
     ThinLines(std::uint32_t* pixels, std::ptrdiff_t stride, int width, int top, int height)
         : pixels_(pixels), stride_(stride), width_(width), top_(top), bottom_(top + height) {}
 
@@ -35,7 +34,7 @@ private:
     void TakeColour(Argb colour);
     template <bool isSteep>
     void DrawSegment(PlanePoint from, PlanePoint to, double lead, double trail);
-    /// `isInside`: every pixel lies in the rows.
+    /// `isInside`: every pixel is in the rows.
     template <bool isSteep, bool isInside>
     void DrawStrip(const Strip& strip, int first, int last);
     template <bool isSteep, bool isInside>
@@ -44,7 +43,7 @@ private:
     std::uint32_t* pixels_;
     std::ptrdiff_t stride_;
     int width_, top_, bottom_;
-    std::uint32_t redBlue_ = 0, alphaGreen_ = 0;  ///< of the colour at hand, opaque
+    std::uint32_t redBlue_ = 0, alphaGreen_ = 0;  ///< current colour, opaque
     std::uint32_t alpha_ = 0;                     ///< 0 to 256
 };
 

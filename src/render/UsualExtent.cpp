@@ -9,7 +9,7 @@ namespace vexlator::render {
 
 namespace {
 
-/// How far items may lie from the middle half of all, in widths of that half.
+/// Largest distance of items from the middle half of all items, in widths of that half.
 constexpr double farQuartiles = 5;
 constexpr double leastGain = 3;
 constexpr std::size_t mostShare = 50;
@@ -18,7 +18,7 @@ struct Range {
     double least, most;
 };
 
-/// The range in which most values lie, by quartiles.
+/// The range of most values, by quartiles.
 Range UsualRange(std::vector<double>& values) {
     auto at = [&](std::size_t rank) {
         std::nth_element(values.begin(), values.begin() + std::ptrdiff_t(rank), values.end());

@@ -10,11 +10,11 @@ namespace vexlator::render {
 
 struct UsualExtent {
     Box extent;
-    std::size_t outside = 0;  ///< items that do not lie in it whole
+    std::size_t outside = 0;  ///< number of items that are not completely inside
 };
 
-/// The extent for a picture that shows what belongs together: that of the scene, unless few items, at most
-/// one in fifty, lie so far from all others that the rest would fill less than a third of it.
+/// The extent for a picture of the main contents: that of the scene, unless a few items, at most one in
+/// fifty, are so far from all others that the rest would fill less than a third of it.
 UsualExtent FindUsualExtent(const Scene& scene);
 
 }  // namespace vexlator::render

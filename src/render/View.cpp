@@ -14,7 +14,7 @@ double ScaleFor(const Box& extent, int width, int height) {
     return std::min(width / std::max(across, 0.0), height / std::max(up, 0.0));
 }
 
-/// Halves first: the sum of two large numbers may be infinite.
+/// Halves first: the sum of two large numbers can be infinite.
 PlanePoint MiddleOf(const Box& box) {
     return {box.minX / 2 + box.maxX / 2, box.minY / 2 + box.maxY / 2};
 }
@@ -27,7 +27,7 @@ View::View(const Box& extent, int width, int height)
 View::View(PlanePoint centre, double scale, int width, int height)
     : width_(width), height_(height), centre_(centre) {
     if (!std::isfinite(centre_.x) || !std::isfinite(centre_.y)) centre_ = {};
-    // Far from the origin, coordinates have no digits for more pixels.
+    // Far from the origin, coordinates do not have digits for more pixels.
     double finest = 1e-12 * std::max({1.0, std::abs(centre_.x), std::abs(centre_.y)});
     if (!std::isfinite(scale) || scale <= 0) scale = std::min(width, height) / std::max(1.0, finest);
     scale = std::min(scale, 1 / finest);

@@ -12,32 +12,33 @@ using util::PlanePoint;
 
 using drawing::Box;
 
-/// Which part of the ground is seen, and on how many pixels. Ground is never distorted: the extent lies in
-/// the middle, as large as it fits, with ground around it where the shapes differ.
+/// The visible part of the ground, and its number of pixels. Ground is never distorted: the extent is centred
+/// at the largest scale that fits, with more ground around it if the shapes differ.
 class View {
 public:
-    /// An extent without width and height, or with sides that are not finite, shows one unit around its
-    /// middle. `width` and `height` are at least 1.
+    /// An extent without width and height, or with sides that are not finite, becomes one unit around its
+    /// centre. `width` and `height` are at least 1.
     View(const Box& extent, int width, int height);
-    /// With that place in the middle. The scale is in pixels to a ground unit.
+    /// The view centred on that position. The scale is in pixels per ground unit.
     View(PlanePoint centre, double scale, int width, int height);
 
-    /// What was seen, moved by so many pixels.
+    /// The view moved by this number of pixels.
     View Panned(double right, double down) const;
-    /// Larger by a factor around a pixel, whose ground stays where it is. Scales end where numbers do.
+    /// The view enlarged by a factor around a pixel, whose ground stays in place. Scales are limited by the
+    /// precision of numbers.
     View Zoomed(PlanePoint pixel, double factor) const;
-    /// The same middle and scale on other pixels.
+    /// The same centre and scale with other pixels.
     View Resized(int width, int height) const { return {centre_, Scale(), width, height}; }
 
     PlanePoint Centre() const { return centre_; }
     int Width() const { return width_; }
     int Height() const { return height_; }
-    /// Pixels to a ground unit.
+    /// Pixels per ground unit.
     double Scale() const { return toPixels_.xAxis.x; }
-    /// From the ground to pixels, whose first row is the northernmost; pixel (0, 0) reaches from 0 to 1.
+    /// Converts ground to pixels. The first row is the northernmost. Pixel (0, 0) covers 0 to 1.
     const Placement& ToPixels() const { return toPixels_; }
     PlanePoint ToGround(PlanePoint pixel) const;
-    /// The ground that the whole picture shows.
+    /// The ground in the whole picture.
     Box Ground() const;
 
 private:

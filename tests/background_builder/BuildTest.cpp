@@ -50,7 +50,7 @@ struct Office : test::ImportOffice<frmGRP> {
     }
 };
 
-/// An element on a line: places to a tenth of a millimetre, steps in hundredths.
+/// An element in one line: positions to a tenth of a millimetre, steps in hundredths.
 std::string TextOf(const Element& element) {
     const ElementHeader& header = element.header;
     std::ostringstream text;
@@ -93,7 +93,7 @@ std::map<std::string, std::string> TilesOf(const std::string& index) {
     return tiles;
 }
 
-/// Long texts that are no part of a package end a chunk of the drawing's file.
+/// Long texts that are not part of a package end a chunk of the drawing's file.
 void EndChunksWithin(drawing::Drawing& drawing) {
     for (std::size_t i = 0; i < drawing.entityCount(); i += 40)
         drawing.entityAt(i).setHyperlink(std::string(drawing::vdf::bytesPerChunk, 'x'));
@@ -113,7 +113,7 @@ std::string BuildRandomly(unsigned seed) {
                "\r\n");
     std::string style;
     if (!map.OneIn(3)) {
-        // The extension TXT says that a style has no rows.
+        // The extension TXT means a style without rows.
         style = office.folder / (map.OneIn(4) ? "style.TXT" : "style.BSF");
         SaveBackgroundStyle(style, map.Style(), false);
     }
@@ -124,9 +124,9 @@ std::string BuildRandomly(unsigned seed) {
     return text;
 }
 
-/// Packages are on devices for years: what a drawing becomes changes only when somebody means it to. The
-/// digests were taken when a second builder, made from the rules alone, gave the same packages; a change that
-/// is meant takes them anew.
+/// Packages stay on devices for years, so the package of a drawing must change only on purpose. The digests
+/// were taken when a second builder, made from the rules alone, gave the same packages. Take them anew for an
+/// intended change.
 TEST(Build, RandomDrawingsBecomeWhatTheyAlwaysDid) {
     constexpr unsigned seedsEach = 15;
     const std::uint64_t digests[] = {
@@ -203,7 +203,7 @@ TEST(Build, SymbolInASymbolThatIsScaledUnevenly) {
     EXPECT_NE(lines.find(" 100.0000 120.0000 -300,0\n"), lines.npos) << lines;
 }
 
-/// Symbols that hold themselves, once and many times over, end.
+/// Symbols that contain themselves, once and many times, end.
 TEST(Build, SymbolsThatHoldThemselves) {
     Office office;
     drawing::Drawing symbol;

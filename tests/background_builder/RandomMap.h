@@ -15,7 +15,8 @@
 
 namespace vexlator::test {
 
-/// Drawings, symbols and settings of all kinds, made of random numbers: those of a generator, or of a fuzzer.
+/// Random drawings, symbols and settings of all kinds. The random numbers come from a generator, or from a
+/// fuzzer.
 class RandomMap {
 public:
     /// `number(limit)` gives a number from 0 to limit - 1.
@@ -78,7 +79,7 @@ private:
         return {std::round(x * 1000) / 1000, std::round(y * 1000) / 1000};
     }
 
-    /// OUTER holds INNER, which it brings along or leaves to the drawing.
+    /// OUTER contains INNER, with its own block or from the drawing.
     void AddSymbols(drawing::Drawing& drawing, const TempFolder& folder) {
         for (const char* name : {"INNER", "OUTER"}) {
             drawing::Drawing content;
@@ -124,7 +125,7 @@ private:
         }
     }
 
-    // One random number a statement: compilers differ in the order in which they make arguments.
+    // One random number per statement: compilers differ in the evaluation order of arguments.
 
     drawing::Entity AddArc(drawing::Drawing& drawing, const drawing::Point& at, double size) {
         double radius = Upto(size) / 4, start = Angle(), end = Angle();
@@ -181,7 +182,7 @@ private:
 
     std::function<unsigned(unsigned)> number_;
     Attributes attributes_ = Attributes::None;
-    std::string symbolInSymbols_;  ///< what symbols place; "" outside of them
+    std::string symbolInSymbols_;  ///< placements of symbols; "" outside of them
     double width_ = 0;
 };
 

@@ -52,7 +52,7 @@ TEST(Elements, WhatHasNoPlaceIsRefusedAndCounted) {
         writer.BeginEntity();
         EXPECT_FALSE(writer.WriteLineElement(far));
     }
-    writer.WriteAreaRing();  // of nothing
+    writer.WriteAreaRing();  // length of nothing
     EXPECT_TRUE(writer.WriteTextElement({{9, 9}, 1, 0, 42}, std::string(40000, 'x')));
     writer.WriteLineElement(Points{{0.5, 0.5}, {0.75, 3}, {0.5, 0.5}});
     writer.WriteAreaRing();

@@ -12,12 +12,12 @@ using namespace vexlator::test;
 
 namespace {
 
-/// "" when the package is whole, else the error.
+/// "" if the package is valid, else the error.
 std::string FaultOf(const std::string& file) {
     return ErrorOf([&] { ProvePackage(PackageReader(file)); });
 }
 
-/// The bytes of a worked dump: per line an offset, bytes and, behind ";", a remark.
+/// The bytes of a worked dump: each line has an offset, bytes and, after ";", a remark.
 std::string DumpedBytes(const std::string& document, const std::string& title) {
     std::size_t start = document.find(title);
     start = document.find("```\n", start) + 4;
@@ -44,7 +44,7 @@ TEST(Reader, ProvesRandomPackages) {
     }
 }
 
-/// The dumps in docs/package-format.md are the bytes that the writer makes.
+/// The dumps in docs/package-format.md are the bytes of the writer.
 TEST(Reader, DocumentedPackageIsTheOneWritten) {
     std::string document = TempFolder::Read(VEXLATOR_SOURCE "/docs/package-format.md");
     Build build;
@@ -104,15 +104,15 @@ TEST(Reader, FaultsAreNamed) {
          file + std::to_string(reference + 10) + ": " + tile + "no line begins at byte 42 of the tile"},
         {reference + 14, I32(42),
          file + std::to_string(reference + 14) + ": " + tile + "there is no tile 42"},
-        {bag.size(), "x", file + std::to_string(bag.size()) + ": bytes behind the last member"},
-        {28 + 9, "A", file + "0: 209300724A.PMM is there twice"},
+        {bag.size(), "x", file + std::to_string(bag.size()) + ": bytes after the last member"},
+        {28 + 9, "A", file + "0: 209300724A.PMM occurs twice"},
         {reference + 2, I32(1),
-         file + std::to_string(reference + 2) + ": " + tile + "the keys are not those of the line"},
+         file + std::to_string(reference + 2) + ": " + tile + "the keys differ from those of the line"},
     };
     for (const auto& [offset, bytes, expected] : cases) EXPECT_EQ(fault(offset, bytes), expected);
 }
 
-/// Damage that leaves every offset and count in order.
+/// Damage with valid offsets and counts.
 TEST(Reader, RecordsThatSayWhatCannotBeAreFound) {
     Build build;
     build.writer.WriteTextElement({{523451, 181231}, 2.5, 0, -1}, "Mill");
@@ -135,8 +135,8 @@ TEST(Reader, RecordsThatSayWhatCannotBeAreFound) {
         std::string bytes, expected;
     } cases[] = {
         {"BAG", point + 5, I32(2), "L.PMM: key 2, but the layer file has 2 records"},
-        {"BAG", point + 9, I16(25), "L.PMM: length 25 is that of no text"},
-        {"BAG", inTile(0, 9), I16(0), "A.PMM: the length is not that of its ring"},
+        {"BAG", point + 9, I16(25), "L.PMM: length 25 is not that of a text"},
+        {"BAG", inTile(0, 9), I16(0), "A.PMM: the length differs from that of its ring"},
         {"BAG", inTile(1, 42), I16(-1000), "A.PMM: the ring is not closed"},
         {"BAG", inTile(2, 30), I16(0), "T.PMM: a text of height 0"},
         {"LAY", 1, ", ", "L.PMM: key 1, but the layer file has 1 record"},

@@ -19,7 +19,7 @@ namespace vexlator::test {
 
 using Points = std::vector<util::PlanePoint>;
 
-/// Numbers as the files have them.
+/// Numbers in the form of the files.
 template <typename T>
 std::string Bytes(T value) {
     return {reinterpret_cast<const char*>(&value), sizeof value};
@@ -37,7 +37,7 @@ T Number(std::string_view bytes, std::size_t offset) {
     return value;
 }
 
-/// A member of a container, found as the directory has it; "" when it is not there.
+/// A member of a container, found by the directory; "" if it is missing.
 inline std::string Member(std::string_view bag, std::string_view name) {
     std::size_t directory = bag.empty() ? 0 : static_cast<std::size_t>(Number<std::int32_t>(bag, 20));
     std::string wanted(name);
@@ -50,7 +50,7 @@ inline std::string Member(std::string_view bag, std::string_view name) {
     return "";
 }
 
-/// One package in a folder of its own.
+/// One package in its own folder.
 struct Build {
     TempFolder folder;
     TestUi ui;
@@ -67,7 +67,7 @@ struct Build {
     }
 };
 
-/// A small area with a name and a point, as docs/package-format.md has them.
+/// A small area with a name and a point, as in docs/package-format.md.
 inline void WriteExample(background::PackageWriter& writer) {
     writer.Feature() = {10000, 41355, 3, 4, 0};
     Points house = {{523450, 181230}, {523460, 181230}, {523460, 181240.5}, {523450, 181230}};

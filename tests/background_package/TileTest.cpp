@@ -58,14 +58,14 @@ TEST(LineSteps, AreHundredthsAndNeverLong) {
         {{{0, 0}, {320, 0}}, "(32000,0)(0,0)"},
         {{{0, 0}, {319.99, 0}}, "(31999,0)"},
         {{{0, 0}, {0.125, 0.375}}, "(12,38)"},                         // ties go to even
-        {{{0, 0}, {0.004, 0}, {0.008, 0}}, "(0,0)(0,0)"},              // errors are not carried on
+        {{{0, 0}, {0.004, 0}, {0.008, 0}}, "(0,0)(0,0)"},              // errors do not accumulate
         {{{0, 0}, {-640, 640}}, "(-32000,32000)(-32000,32000)(0,0)"},  // diagonal
         {{{0, 0}, {-3, -350}}, "(-300,-32000)(0,-3000)"},
     };
     for (const auto& [points, expected] : cases) EXPECT_EQ(StepsOf(points), expected);
 }
 
-/// The sideways part of a sub-step is rounded: over 1000 of them it is off by more than a whole sub-step.
+/// The sideways part of a sub-step is rounded. Over 1000 of them the error exceeds a whole sub-step.
 TEST(LineSteps, ReachTheEndOfVeryLongSteps) {
     for (double dy : {498.4, 100498.0, 159840.0, -159999.0, 0.0, 900.0}) {
         for (double dx : {320000.0, -320000.0, 320160.0, 1e6}) {

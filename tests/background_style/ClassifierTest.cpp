@@ -37,14 +37,14 @@ TEST_F(ClassifierTest, AttributesBecomeHeader) {
         {{{"NAME", "x"}, {"TOIDS", "7"}}, {0, 0, 255, 0, 0}, false},
         {{{"Theme", "Roads Tracks And Paths"}}, {0, 0, 4, 0, 0}, true},
         {{{"theme", "Administrative Boundaries"}}, {0, 0, 0, 0, 0}, true},
-        // Whole texts only; no blanks are taken off.
+        // Whole texts only; blanks are not removed.
         {{{"THEME", " land"}, {"MAKE", ""}}, {0, 0, 255, 0, 0}, true},
         {{{"make", "UNKNOWN"}}, {0, 0, 255, 0, 3}, true},
         {{{"DescGroup", "Height Control"}}, {0, 0, 255, 3, 0}, true},
         {{{"DESCRIPTIVEGROUP", "PRIVATE ROAD - PUBLICLY ACCESSIBLE"}}, {0, 0, 255, 27, 0}, true},
         {{{"descriptive_groups", "b road"}}, {0, 0, 255, 29, 0}, true},
         {{{"DESCRIPTIVE GROUPS", "b road"}}, {0, 0, 255, 0, 0}, false},
-        // The last attribute that means something wins, even with a text of no meaning.
+        // The last known attribute wins, even with an unknown text.
         {{{"THEME", "land"}, {"THEMES", "water"}}, {0, 0, 5, 0, 0}, true},
         {{{"THEME", "land"}, {"x", "water"}, {"THEMES", "nonsense"}}, {0, 0, 255, 0, 0}, true},
         {{{"TOID", "1"}, {"FEATURE_ID", "2"}}, {0, 2, 255, 0, 0}, true},
@@ -61,7 +61,7 @@ TEST_F(ClassifierTest, AttributesBecomeHeader) {
          {7, 5, 255, 0, 0},
          true},
         {{{"TOID", "-5"}}, {0, 0, 255, 0, 0}, true},
-        // Feature codes count when they have an entry.
+        // Feature codes count if they have an entry.
         {{{"FEAT_CODE", "c1"}}, {0, 0, 2, 15, 1}, true},
         {{{"feat_code", "SHORT"}}, {0, 0, 5, 0, 0}, true},
         {{{"FEAT_CODE", "C2"}, {"TOID_", "3"}}, {0, 0, 255, 0, 0}, false},

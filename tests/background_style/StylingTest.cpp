@@ -35,7 +35,7 @@ TEST(MobileStyles, ListsOfACell) {
     EXPECT_EQ(MobileStyles().ListFor("P"), colours + select);
 }
 
-/// The numbers that the device knows; random maps show what rows say of layers.
+/// The numbers of the device. Random maps test the other values of rows.
 TEST(LayerStyles, ClassesOfCells) {
     std::string many;
     for (int i = 0; i < 300; ++i) many += "s" + std::to_string(i) + "=P\n";
@@ -84,7 +84,7 @@ TEST(DrawingTools, LayersWithoutARowGetOne) {
     drawing.setActiveLayer("WALL");
     drawing.setActiveLayer("OLD");
     std::vector<StyleRow> rows = {{"wall", "Red", "Red", "Red"}};
-    AddMissingLayers(rows, drawing);
+    AddMissingLayers(rows, LayerNames(drawing));
     EXPECT_EQ(rows,
               (std::vector<StyleRow>{{"wall", "Red", "Red", "Red"}, {"0", "", "", ""}, {"OLD", "", "", ""}}));
 }

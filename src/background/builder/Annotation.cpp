@@ -16,7 +16,7 @@ using util::PlanePoint;
 constexpr double largeArea = 1000;  // square units
 constexpr double largeHeight = 5;   // units
 
-/// Measured from the first vertex, so that coordinates of a national grid lose no digits.
+/// Computed relative to the first vertex, so that coordinates of a national grid lose no precision.
 double AreaOf(std::span<const PlanePoint> points) {
     double twice = 0;
     PlanePoint origin = points.front(), before{};

@@ -11,12 +11,12 @@
 
 namespace vexlator::background {
 
-/// The layers whose attributes go into records of one width, as [GRP] AttributeList of gv.ini has them:
+/// The layers whose attributes go into records of fixed width, as in [GRP] AttributeList of gv.ini:
 ///
 ///     {ROADS,64,NAME,CLASS}{PARCELS,64,UPRN}
 ///
-/// A layer, the width of its records in bytes (0 to 65,535, their CR LF included), names of attributes.
-/// Text outside of braces, and a group without its end, do not count.
+/// A layer, the width of its records in bytes (0 to 65,535, with their CR LF), names of attributes. Text
+/// outside of braces, and a group without its closing brace, are ignored.
 class AttributeList {
 public:
     struct Group {
@@ -27,7 +27,7 @@ public:
 
     explicit AttributeList(std::string_view text = {});
     void Add(std::string_view layer, int width, std::span<const std::string> fields);
-    /// The first group of the layer, in any letter case; nullptr when it has none.
+    /// The first group of the layer, in any letter case; nullptr if it has none.
     const Group* Find(std::string_view layer) const;
 
 private:

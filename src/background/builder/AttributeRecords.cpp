@@ -10,8 +10,8 @@ namespace vexlator::background {
 
 namespace {
 
-/// Nothing for an entity that lies nowhere, as its square would lead to the origin, or where a package has no
-/// tiles.
+/// Nothing for an entity without a position, because its square would extend to the origin, or outside the
+/// tiles of a package.
 std::optional<Box> BoxOf(const drawing::Entity& entity, double tileSize) {
     drawing::Box extents = entity.extents();
     bool isFinite = std::isfinite(extents.minX + extents.minY + extents.maxX + extents.maxY);

@@ -14,28 +14,28 @@
 
 namespace vexlator::background {
 
-/// The records of a drawing's features in the layer file of a package, and what the gazetteer has of them.
+/// The records of a drawing's features in the layer file of a package, and their values in the gazetteer.
 class AttributeRecords {
 public:
-    /// @param searchField name of the attribute that goes into the gazetteer; "" for none
+    /// @param searchField name of the attribute for the gazetteer; "" for none
     AttributeRecords(const AttributeList& list, std::string_view searchField, PackageWriter& writer)
         : list_(list), searchField_(searchField), writer_(writer) {}
 
-    /// Writes a record for every entity of the chunk that has attributes: those of a listed layer have the
-    /// values of the layer's fields, all others every attribute with its name.
+    /// Writes a record for every entity of the chunk with attributes. Entities of a listed layer have the
+    /// values of the layer's fields, all others have every attribute with its name.
     void Write(drawing::Drawing& chunk);
-    /// Gives the gazetteer its value of an entity, unless it lies where a package has no tiles.
+    /// Adds the value of an entity to the gazetteer, unless the entity is outside the tiles of a package.
     void AddToSearch(const drawing::Entity& entity);
-    /// The number of the record of an entity of that chunk; 0 when it has none.
+    /// The number of the record of an entity of that chunk; 0 if it has none.
     std::int32_t NumberOf(const drawing::Entity& entity) const {
         return entity.index() < numbers_.size() ? numbers_[entity.index()] : 0;
     }
 
 private:
     static constexpr std::size_t none = static_cast<std::size_t>(-1);
-    /// Where the attributes that count stand among those of an entity.
+    /// Positions of the relevant attributes among those of an entity.
     struct Columns {
-        std::vector<std::size_t> fields;  ///< of the listed layer's fields, as far as it has them
+        std::vector<std::size_t> fields;  ///< positions of the listed layer's fields that the entity has
         std::size_t search = none;
     };
 

@@ -21,13 +21,13 @@ constexpr std::int64_t mostMegabytes = 1 << 20;
 constexpr std::size_t fewLayers = 4;
 constexpr int optimisedWidth = 64;
 
-/// A file beside the drawing that some importers of areas leave: AREA.VDF.info, or AREA.info.
+/// A file beside the drawing that some importers of areas write: AREA.VDF.info, or AREA.info.
 bool HasInfoFile(std::string_view drawingPath) {
     return util::FileSize(std::string(drawingPath) + ".info") > 0 ||
            util::FileSize(util::ChangeExtension(drawingPath, "info")) > 0;
 }
 
-/// What gv.ini says.
+/// The values in gv.ini.
 struct IniSettings {
     bool createDxf = false, keepSymbols = false, fullPolygons = false;
     int megabytes = PackageWriter::usualMemory >> 20;
@@ -37,31 +37,31 @@ struct IniSettings {
 using Keys = config::Keys<IniSettings>;
 
 constexpr config::KeyOf<IniSettings> keys[] = {
-    Keys::Flag("GRP", "DONTEXPLODE", &IniSettings::keepSymbols,
-               "symbols become points of a background package; else they are taken apart"),
-    Keys::Text("GRP", "AttributeList", &IniSettings::attributeList,
-               "layers whose attributes go into background packages in records of one width: "
-               "{LAYER,WIDTH,NAME,NAME}{...}",
-               "every attribute of other layers goes with its name"),
-    Keys::Flag("GRP", "CREATEDXF", &IniSettings::createDxf,
-               "a DXF file is written with a background package too"),
     Keys::Flag(
-        "GRP", "GENFULLPOLYS", &IniSettings::fullPolygons,
-        "closed polylines become areas too, not only those of classified drawings; a file DRAWING.VDF.info "
-        "beside the drawing does the same"),
+        "GRP", "DONTEXPLODE", &IniSettings::keepSymbols,
+        "background packages hold symbols as points. Off: they hold the lines and texts of each symbol"),
+    Keys::Text("GRP", "AttributeList", &IniSettings::attributeList,
+               "layers with attribute records of fixed width in background packages, as in "
+               "{LAYER,WIDTH,NAME,NAME}{...}",
+               "none; packages then hold each attribute with its name"),
+    Keys::Flag("GRP", "CREATEDXF", &IniSettings::createDxf,
+               "a DXF file is written beside each background package"),
+    Keys::Flag("GRP", "GENFULLPOLYS", &IniSettings::fullPolygons,
+               "closed polylines of all drawings become areas. Off: only those of classified drawings do. A "
+               "file DRAWING.VDF.info beside a drawing switches this on for the drawing"),
     Keys::File("GRP", "STYLEFILE", &IniSettings::styleFile,
-               "background style file (.BSF) of packages that are built from the command line", "none"),
-    Keys::Number("GRP", "MEMORYMB", &IniSettings::megabytes,
-                 "megabytes of memory for a package's tiles; what is beyond goes to a temporary file", "512",
-                 0, mostMegabytes),
+               "background style file (.BSF) for packages that are built from the command line", "none"),
+    Keys::Number(
+        "GRP", "MEMORYMB", &IniSettings::megabytes,
+        "megabytes of memory for the tiles of a package. Further tiles go to a temporary file. Range", "512",
+        0, mostMegabytes),
     Keys::File("MOBILESTYLING", "FILE", &IniSettings::mobileStyleFile, "path of the mobile styling file",
                "none"),
-    Keys::Text(
-        "LAYERON", "FIELD", &IniSettings::layerOnField,
-        "attribute that chooses a feature's layer in a background package that is built without a style file",
-        "none"),
+    Keys::Text("LAYERON", "FIELD", &IniSettings::layerOnField,
+               "attribute whose value is a feature's layer in background packages built without a style file",
+               "none"),
     Keys::Text("SEARCHON", "FIELD", &IniSettings::searchOnField,
-               "attribute that such a package can be searched by", "none"),
+               "attribute for searches in background packages built without a style file", "none"),
 };
 
 IniSettings ReadIniSettings(const config::Run& run) {

@@ -14,24 +14,25 @@
 
 namespace vexlator::background {
 
-/// What decides how a package is built, beside the drawing itself.
+/// Settings of a package build.
 struct BuildSettings {
-    /// Reads [GRP] and [MOBILESTYLING] of gv.ini and a background styling file ("" for none). One that is
-    /// not there is told and counts as none. Without one, what gv.ini says of layers and search is taken.
+    /// Reads [GRP] and [MOBILESTYLING] of gv.ini and a background styling file ("" for none). A missing file
+    /// is reported and ignored. Without a styling file, the keys for layers and search in gv.ini are used.
     /// @throws platform::ReadError for a style file, or mobile style file, that cannot be read
     BuildSettings(config::Run& run, std::string_view drawingPath, std::string_view styleFile);
 
-    /// With few layers, the optimised attributes of the style make one more group of the attribute list.
+    /// For drawings with few layers, adds the optimised attributes of the style to the attribute list as
+    /// another group.
     void ListOptimisedAttributes(const drawing::Drawing& drawing);
 
     bool createDxf, keepSymbols, fullPolygons;
-    std::size_t memoryBytes;  ///< for tiles
+    std::size_t memoryBytes;  ///< memory for tiles
     AttributeList attributes;
     BackgroundStyle style;
     MobileStyles mobileStyles;
 };
 
-/// The style file of packages that a command asks for; "" for none.
+/// The style file for packages that are built by a command; "" for none.
 std::string StyleFileOfCommands(const config::Run& run);
 
 config::KeyList PackageBuildKeys();

@@ -19,16 +19,14 @@ using drawing::Kind;
 using util::PlanePoint;
 
 constexpr double leastTileSize = 300;
-/// A symbol that holds itself would unfold for ever, and a few depths of a thousand symbols for years.
+/// Limits, because a symbol that contains itself would unfold forever, and a few levels of a thousand symbols
+/// for years.
 constexpr int deepestSymbol = 16;
 constexpr std::uint64_t mostDescents = 1'000'000'000;
 
-/// The one alignment of a drawing's text that the device has a position code for.
+/// The only text alignment of drawings with a position code on the device.
 constexpr std::int32_t centredAlignment = 106;
 constexpr int centredPosition = 9, noPosition = -1;
-
-/// Annotation of a symbol is a third of its size.
-constexpr double annotationPerSymbol = 1.0 / 3;
 
 PlanePoint Plane(const drawing::Point& point) {
     return {point.x, point.y};
@@ -93,7 +91,7 @@ void EntityWalk::ForEachItem(drawing::Drawing& chunk, Visit visit) {
     });
 }
 
-/// So that a tile holds a hundred entities, were they spread evenly.
+/// Chosen so that a tile holds about a hundred entities if they are spread evenly.
 void EntityWalk::SetTileSizeByDensity() {
     if (drawing_.EntityCount() == 0) return;
     drawing::Box box = drawing_.Extents();
@@ -140,7 +138,7 @@ void EntityWalk::ForEachPart(const Item& insert, drawing::Drawing& content, Visi
     });
 }
 
-/// Unfolds what lies in so many symbols, counted from the drawing, within this one.
+/// Unfolds the contents of this symbol at the given depth, counted from the drawing.
 void EntityWalk::Descend(const Item& item, int depth) {
     if (headers_.IsHidden(*item.layer)) return;
     if (++descents_ > mostDescents) {
@@ -219,7 +217,7 @@ void EntityWalk::WritePolyline(const Item& item) {
         Annotate(item, outline_.IsClosed() ? PlaceInOutline(points) : PlaceAlongLine(points));
 }
 
-/// All that the polyline has of its circle or arc is the layer.
+/// The only attribute that the polyline takes from its circle or arc is the layer.
 void EntityWalk::WriteCurve(const Item& item) {
     bool isCircle = item.entity.kindCode() == Kind::Circle;
     writer_.Feature() = headers_.OfPart(*item.layer, isCircle ? StyleCell::Areas : StyleCell::Lines);
@@ -252,7 +250,7 @@ void EntityWalk::WriteText(const Item& item) {
                              item.entity.text());
 }
 
-/// To be asked first: to find the place costs a look at every vertex.
+/// Ask this first, because finding the position costs a look at every vertex.
 bool EntityWalk::IsAnnotated(const Item& item) const {
     return !item.IsPart() && !settings_.style.annotationFields.empty();
 }
@@ -263,8 +261,8 @@ void EntityWalk::Annotate(const Item& item, AnnotationPlace place) {
 }
 
 void EntityWalk::ReportSkipped() const {
-    ShowCount(run_.Ui(), withoutParts_, "Symbols and entities that draw nothing, not in the package");
-    ShowCount(run_.Ui(), tooDeep_, "Symbols too deep in other symbols, not in the package");
+    ShowCount(run_.Ui(), withoutParts_, "Empty symbols and entities, not in the package");
+    ShowCount(run_.Ui(), tooDeep_, "Symbols nested too deeply, not in the package");
 }
 
 }  // namespace vexlator::background

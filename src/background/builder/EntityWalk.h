@@ -23,16 +23,16 @@ namespace vexlator::background {
 
 using util::Placement;
 
-/// Takes the entities of a drawing to a package: first those that are written as they stand, in order; then
-/// what symbols and curves among them are made of, again in order; then what is in the symbols of symbols,
-/// one depth after the other. So are they in a queue that unfolded parts join at its end; but each depth
-/// walks from the drawing's symbols down once more instead of keeping the queue, which would outgrow the
-/// drawing.
+/// Writes the entities of a drawing to a package. First come the entities that are written unchanged, in
+/// order. Then come the parts of symbols and curves among them, again in order. Then come the parts of nested
+/// symbols, one depth after the other. This is the order of a queue to which unfolded parts are appended. But
+/// instead of keeping the queue, which would be larger than the drawing, each depth starts at the drawing's
+/// symbols again.
 class EntityWalk {
 public:
     EntityWalk(config::Run& run, const BuildSettings& settings, drawing::DrawingFile& drawing,
                FeatureHeaders& headers, PackageWriter& writer, ui::FormView& view);
-    /// Returns how many entities were taken, parts not counted.
+    /// Returns the number of entities, without parts.
     /// @throws platform::ReadError for a damaged drawing, platform::WriteError
     std::uint64_t Run();
 
@@ -41,22 +41,22 @@ private:
     struct Item {
         drawing::Entity entity;
         const std::string* layer;       ///< a part is on the layer of its insert
-        const drawing::Drawing* owner;  ///< whose blocks its name refers to
-        int depth = 0;                  ///< how many symbols it lies in
-        Placement placement = {};       ///< of the innermost of them
+        const drawing::Drawing* owner;  ///< contains the blocks of its name
+        int depth = 0;                  ///< number of symbols around it
+        Placement placement = {};       ///< placement of the innermost of them
         bool IsPart() const { return depth > 0; }
         const Placement* PlacementOrNone() const { return IsPart() ? &placement : nullptr; }
     };
-    /// Where the attributes stand that tell of rings.
+    /// The positions of the attributes about rings.
     struct RingColumns {
         std::optional<std::size_t> part, hole;
     };
     struct RingMarks {
-        std::optional<int> part;  ///< of a multi-part feature
+        std::optional<int> part;  ///< part of a multi-part feature
         bool isHole = false;
     };
 
-    /// Every entity of the chunk, on the layer that the style's attribute names.
+    /// Every entity of the chunk, on the layer named by the style's attribute.
     template <typename Visit>
     void ForEachItem(drawing::Drawing& chunk, Visit visit);
     void SetTileSizeByDensity();
@@ -90,11 +90,11 @@ private:
     std::optional<double> annotationHeight_;
     PerAttributeSet<RingColumns> ringColumns_;
     Outline outline_;
-    bool hasDeeper_ = false;  ///< symbols were unfolded that hold symbols or curves
+    bool hasDeeper_ = false;  ///< unfolded symbols contained symbols or curves
     std::uint64_t descents_ = 0;
     std::uint64_t withoutParts_ = 0, tooDeep_ = 0;
-    std::vector<bool> refused_;  ///< by number in the drawing; ends with the last that was
-    std::size_t number_ = 0;     ///< of the entity, in this pass over the drawing
+    std::vector<bool> refused_;  ///< by number in the drawing; ends with the last changed one
+    std::size_t number_ = 0;     ///< number of the entity, in this pass over the drawing
 };
 
 }  // namespace vexlator::background

@@ -92,7 +92,7 @@ FeatureHeader FeatureHeaders::Of(const drawing::Entity& entity, StyleCell cell) 
     FeatureHeader header;
     if (isClassifiedMode_ || kind_ == DrawingKind::Classified) classifier_.ClassifyEntity(entity, header);
     if (isClassifiedMode_) return header;
-    // A styled drawing looks as its style says, but its features keep their identifiers.
+    // In a styled drawing the style decides the look, but features keep their identifiers.
     header.classA = FeatureHeader{}.classA;
     header.classB = header.classC = 0;
     const LayerLook& look = LookOf(entity.layerName());

@@ -17,42 +17,42 @@
 
 namespace vexlator::background {
 
-/// What a drawing holds, as its first entity tells.
+/// The kind of data in a drawing, by its first entity.
 enum class DrawingKind {
     Empty,       ///< nothing
     Plain,       ///< entities without attributes: elements refer to their layer
     Attributed,  ///< elements refer to a record of their feature's attributes
-    Classified   ///< elements carry the identifier of their feature
+    Classified   ///< elements have the identifier of their feature
 };
 DrawingKind KindOf(drawing::DrawingFile& drawing);
 
-/// What elements look like: the cell of a style row that serves them.
+/// The look of elements, by a column of a style row.
 enum class StyleCell { Points, Lines, Areas };
 StyleCell CellOf(const drawing::Entity& entity);
 
-/// Fills the headers of a drawing's elements, and writes the layer file that they refer to.
+/// Fills the headers of a drawing's elements, and writes their layer file.
 ///
-/// In classified mode, when there is no style and the first polyline is classified, features look as their
-/// classes say; else as the style row of their layer says.
+/// In classified mode, without a style and with a classified first polyline, the classes decide the look of
+/// features. Otherwise the style row of their layer does.
 class FeatureHeaders {
 public:
-    /// Writes the layers into the layer file, where elements refer to them.
+    /// Writes the layers into the layer file, if elements refer to them.
     /// @throws platform::ReadError for a damaged drawing
     FeatureHeaders(config::Run& run, const BuildSettings& settings, drawing::DrawingFile& drawing,
                    PackageWriter& writer);
-    /// Writes the records of a chunk's entities into the layer file. Each chunk in turn, before the headers
-    /// of its entities are asked for.
+    /// Writes the records of a chunk's entities into the layer file. Call it for each chunk in order, before
+    /// the headers of its entities.
     void WriteRecords(drawing::Drawing& chunk);
-    /// Gives the gazetteer its value of an entity, unless it lies where a package has no tiles.
+    /// Adds the value of an entity to the gazetteer, unless the entity is outside the tiles of a package.
     void AddToSearch(const drawing::Entity& entity);
 
     bool IsClassifiedMode() const { return isClassifiedMode_; }
     bool IsHidden(const std::string& layer) { return LookOf(layer).isHidden; }
-    /// How many layers have been asked about.
+    /// Number of layers so far.
     std::size_t LayersMet() const { return looks_.size(); }
     /// The header of an entity of the drawing.
     FeatureHeader Of(const drawing::Entity& entity, StyleCell cell);
-    /// The header of a part of a symbol, and of what a curve becomes: all that they have is a layer.
+    /// The header of a part of a symbol, or of a converted curve. It has only a layer.
     FeatureHeader OfPart(const std::string& layer, StyleCell cell);
 
 private:

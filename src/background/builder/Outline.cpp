@@ -18,7 +18,7 @@ constexpr double curveSpacing = 0.25;  // units
 constexpr double mostOfCurve = 65000;
 constexpr std::size_t fewestOfCurve = 20;
 
-/// Every second vertex counted from the end, so that the last one stays; the first two stay as well.
+/// Keeps every second vertex, counted from the end, so that the last one stays. The first two stay as well.
 void RemoveEverySecond(std::vector<PlanePoint>& points) {
     std::size_t kept = 2;
     for (std::size_t i = kept; i < points.size(); ++i)
@@ -68,7 +68,7 @@ void Outline::TakeCurve(const drawing::Entity& curve, const Placement* placement
     std::size_t count = VerticesFor(length * (placement ? placement->LargerScale() : 1));
     double from = isCircle ? 0 : curve.shape().startAngle;
     double sweep = isCircle ? 2 * std::numbers::pi : radius == 0 ? 0 : length / radius;
-    // The last vertex of an arc is its end; that of a circle lies one step before its first.
+    // The last vertex of an arc is its end. The last vertex of a circle is one step before its first.
     double step = sweep / static_cast<double>(isCircle ? count : std::max<std::size_t>(count - 1, 1));
     drawing::Point centre = curve.centre();
     curve_.clear();

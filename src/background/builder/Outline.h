@@ -13,18 +13,18 @@ namespace vexlator::background {
 
 using util::Placement;
 
-/// The course of a polyline, or of a curve turned into one, as a package takes it.
+/// The outline of a polyline, or of a converted curve, in the form of a package.
 class Outline {
 public:
-    /// The course of a polyline. One of more than 16,000 vertices loses every second of them, but never the
-    /// first two and the last. It is closed when the drawing says so or when its ends lie less than 0.01
-    /// apart; one whose ends lie further apart is led back to its first vertex.
-    /// @param placement where the symbol stands that the polyline is part of; nullptr for none
+    /// The outline of a polyline. One with more than 16,000 vertices loses every second vertex, but never the
+    /// first two and the last. It is closed if the drawing says so or if its ends are less than 0.01 apart.
+    /// In the former case with more distant ends, the first vertex is repeated at the end.
+    /// @param placement of the symbol that contains the polyline; nullptr for none
     void TakePolyline(const drawing::Entity& polyline, const Placement* placement);
     /// The vertices of a line, which has no closed side.
     void TakeLine(const drawing::Entity& line, const Placement* placement);
-    /// The course of a circle or an arc: a vertex for every 0.25 units of its length, 20 when that gives
-    /// none, 65,000 at most; then as for a polyline. A circle is closed.
+    /// The outline of a circle or an arc: a vertex for every 0.25 units of its length, but 20 if that gives
+    /// none, and at most 65,000; then as for a polyline. A circle is closed.
     void TakeCurve(const drawing::Entity& curve, const Placement* placement);
 
     std::span<const util::PlanePoint> Points() const { return points_; }

@@ -14,17 +14,17 @@ namespace vexlator::background {
 
 using util::Placement;
 
-/// The contents of the symbols that inserts refer to, each unpacked when it is first needed.
+/// The contents of the symbols of inserts, each unpacked at first use.
 class Symbols {
 public:
     Symbols(drawing::Drawing& drawing, ui::UserInterface& userInterface)
         : drawing_(drawing), ui_(userInterface) {}
 
-    /// What a block of the drawing, or of a symbol in it, draws; nullptr when only its name is known, or when
-    /// it cannot be read, which is told once.
+    /// The contents of a block of the drawing, or of a symbol in it. nullptr if only the block's name is
+    /// known, or if it cannot be read, which is reported once.
     drawing::Drawing* ContentOf(std::string_view blockName, const drawing::Drawing& owner);
 
-    /// The larger side of an insert's symbol as it stands in the drawing; its scale when it draws nothing.
+    /// The longer side of an insert's symbol in the drawing; its scale if it is empty.
     double SizeOf(const drawing::Entity& insert);
 
 private:
@@ -35,7 +35,7 @@ private:
     std::unordered_map<const drawing::Block*, std::unique_ptr<drawing::Drawing>> contents_;
 };
 
-/// Where an insert puts its symbol, within a symbol that stands at `outer`.
+/// The placement of an insert's symbol, inside a symbol placed at `outer`.
 Placement PlacementOf(const drawing::Entity& insert, const Placement& outer = {});
 
 }  // namespace vexlator::background

@@ -22,7 +22,7 @@ namespace vexlator::background {
 
 namespace {
 
-/// The index, and what lies beside the package under its name.
+/// The index, and companion files with the package's name.
 struct Target {
     std::string index, dxf;
 };
@@ -65,7 +65,7 @@ void ConvertVDFtoDXF(config::Run& run, std::string_view drawingPath, std::string
     std::string converter = util::VectorDrawConverterPath(run.Settings().ProgramFolder);
     if (util::FileSize(converter) == 0) return run.Ui().ShowMessage("No VDCONV application located");
     platform::RemoveFile(dxfPath);
-    // The converter takes its parameters separated by question marks: version, size and what to draw.
+    // The converter's parameters are separated by question marks: version, size and what to draw.
     config::RunAndWait(converter + " ? " + std::string(drawingPath) + " ? " + std::string(dxfPath) +
                            " ? 500 ? 1024 ? 768 ? 0 ? 0 ? 0 ? 1",
                        run.Ui());

@@ -15,7 +15,7 @@ namespace vexlator::background {
 
 namespace {
 
-// A text's code is its place in the table.
+// The code of a text is its index in the table.
 
 constexpr std::string_view themeTexts[] = {"administrative boundaries",
                                            "terrain and height",
@@ -74,7 +74,7 @@ std::uint8_t CodeOf(const util::NoCaseMap<std::uint8_t>& codes, std::string_view
     return found == codes.end() ? otherwise : found->second;
 }
 
-/// Takes up to eight characters off the end of a text.
+/// Removes up to eight characters from the end of a text.
 std::string_view TakeLastEight(std::string_view& text) {
     std::size_t begin = text.size();
     for (int characters = 0; begin > 0 && characters < 8; --begin)
@@ -84,7 +84,7 @@ std::string_view TakeLastEight(std::string_view& text) {
     return taken;
 }
 
-/// Zeros that fill a short half up change no number, so that none are put there.
+/// Leading zeros would not change the number, so a short half is not padded.
 std::int32_t LeadingDigits(std::string_view half) {
     std::int32_t number = 0;
     for (char c : half) {
@@ -99,7 +99,7 @@ void SplitToid(std::string_view value, FeatureHeader& header) {
     header.keyHigh = LeadingDigits(TakeLastEight(value));
 }
 
-/// "" when it cannot be read: then there are no entries.
+/// "" if it cannot be read: then there are no entries.
 std::string TextOfFile(std::string_view file) {
     try {
         return platform::ReadWholeFile(file);

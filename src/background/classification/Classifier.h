@@ -16,34 +16,33 @@
 #include <vector>
 
 /// Features of national large-scale topographic data carry an identifier of 16 digits (TOID) and three texts:
-/// theme, make (man-made or natural) and descriptive group. The device draws them by these.
+/// theme, make (man-made or natural) and descriptive group. They decide how the device draws them.
 namespace vexlator::background {
 
-/// What NImastermap.ini says of a feature code. Good as long as the Classifier it comes from.
+/// The values in NImastermap.ini for a feature code. Valid as long as their Classifier.
 struct FeatureTexts {
     std::string_view theme, make, group;
     bool operator==(const FeatureTexts&) const = default;
 };
 
-/// Whether a drawing holds classified features, as its first entity tells: one that has TOID, MAKE, and THEME
-/// or THEMES among its attributes, names in any letter case.
+/// Whether a drawing holds classified features, by its first entity: it has the attributes TOID, MAKE, and
+/// THEME or THEMES, names in any letter case.
 bool IsClassifiedDrawing(const drawing::Entity& firstEntity);
 
-/// Turns the attributes of entities into the codes of element headers. One Classifier serves the entities of
-/// one drawing, at the cost of a hash look-up for each attribute that means something.
+/// Converts the attributes of entities to the codes of element headers. One Classifier is for the entities of
+/// one drawing. It costs one hash look-up for each attribute with a meaning.
 class Classifier {
 public:
-    /// NImastermap.ini is looked for in the session's program folder, when the first feature code needs it.
+    /// NImastermap.ini is searched for in the program folder, when the first feature code needs it.
     explicit Classifier(const config::Run& run);
 
-    /// Fills the whole header: first with what it holds when nothing is known, then from one attribute after
-    /// the other; later ones win, and a text that is in no table gives the value of nothing known. True when
-    /// an attribute was found that makes the entity a classified one; FEATURE_ID alone, and a FEAT_CODE
-    /// without entry, do not.
+    /// Fills the whole header: first with the values for unknown features, then from one attribute after the
+    /// other. Later attributes win. A text in no table gives the value for unknown. True if an attribute made
+    /// the entity a classified one; FEATURE_ID alone, and a FEAT_CODE without an entry, do not.
     bool ClassifyEntity(const drawing::Entity& entity, FeatureHeader& header);
 
     /// The entry of a feature code in section [NIFEATURES] of NImastermap.ini, which is read once. None
-    /// without file, section, key or value.
+    /// without the file, section, key or value.
     std::optional<FeatureTexts> LookupFeatureCode(std::string_view code);
 
 private:
@@ -58,7 +57,7 @@ private:
     std::string featureCodeFile_;
     std::optional<config::IniText> featureCodes_;
     Codes themes_, makes_, groups_;
-    PerAttributeSet<std::vector<Role>> roles_;  ///< by position, as far as the last that means something
+    PerAttributeSet<std::vector<Role>> roles_;  ///< by position, up to the last one with a meaning
 };
 
 }  // namespace vexlator::background

@@ -53,7 +53,7 @@ bool ElementReader::Next(Element& element) {
         ReadArea(element);
     else
         Fail(element.offset,
-             "an element of type " + std::to_string(element.header.type) + " does not belong into this file");
+             "an element of type " + std::to_string(element.header.type) + " does not belong in this file");
     return true;
 }
 

@@ -14,16 +14,16 @@
 
 namespace vexlator::background {
 
-/// One element of a tile file, decoded. The members that its type lacks are empty.
+/// One decoded element of a tile file. Members that its type lacks are empty.
 struct Element {
-    std::uint64_t offset = 0;  ///< in its tile file
+    std::uint64_t offset = 0;  ///< offset in its tile file
     ElementHeader header{};
-    std::vector<util::PlanePoint> points;  ///< of a line: vertices and the ends of sub-steps
-    /// Of a line: the box of its points, and of those that are certainly vertices. Where a long step is cut
-    /// into sub-steps of whole units, their ends may lie beside the line.
+    std::vector<util::PlanePoint> points;  ///< for a line: vertices and the ends of sub-steps
+    /// For a line: the box of its points, and the box of those that are certainly vertices. If a long step is
+    /// divided into sub-steps of whole units, their ends can be beside the line.
     Box pointBox = Box::Empty(), vertexBox = Box::Empty();
     TextRecord text{};
-    std::string characters;  ///< of a text, UTF-8
+    std::string characters;  ///< for a text, UTF-8
     AreaRecord area{};
     std::vector<RingReference> rings;
 
@@ -32,16 +32,17 @@ struct Element {
     bool IsArea() const { return header.type == element::area || header.type >= element::firstAreaPart; }
 };
 
-/// Reads the elements of a tile file one after the other.
+/// Reads the elements of a tile file in order.
 class ElementReader {
 public:
     ElementReader(const PackageReader& package, const Tile& tile) : package_(package), tile_(tile) {}
-    /// Starts at an element that is known to begin at `offset`.
+    /// Starts at `offset`, where an element is known to begin.
     ElementReader(const PackageReader& package, const Tile& tile, std::uint64_t offset)
         : package_(package), tile_(tile), at_(offset) {}
 
-    /// False at the end of the file. @throws ReadError: an element that does not fit in the file, does not
-    /// belong into it, or says what cannot be
+    /// False at the end of the file.
+    /// @throws ReadError: an element that does not fit in the file, is of a wrong kind for it, or has
+    /// impossible values
     bool Next(Element& element);
 
 private:

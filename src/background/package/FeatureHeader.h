@@ -6,7 +6,7 @@
 
 namespace vexlator::background {
 
-/// What the header of an element says of its feature.
+/// The data about a feature in the header of an element.
 struct FeatureHeader {
     std::int32_t keyHigh = 0, keyLow = 0;
     std::uint8_t classA = 255, classB = 0, classC = 0;

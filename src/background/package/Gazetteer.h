@@ -11,16 +11,17 @@
 
 namespace vexlator::background {
 
-/// The gazetteer (.GAZ): search values and the squares that cover the features which carry them.
+/// The gazetteer (.GAZ): search values, each with the square around the features with this value.
 class Gazetteer {
 public:
-    /// A feature with that value. Its square lies around the centre of its box, cut to whole units, with the
-    /// larger side of the box, cut too. Squares of one value grow into the square around both.
+    /// Adds a feature with that value. Its square has the centre of its box, rounded down to whole units, and
+    /// the longer side of the box, rounded down too. Squares of one value are merged into the square around
+    /// both.
     void Add(std::string_view value, const Box& box);
     /// The lines of the file, sorted by value: value, centre and size as whole units.
     std::string Text() const;
     bool IsEmpty() const { return squares_.empty(); }
-    /// Characters that Windows-1252 lacks, written as "?".
+    /// Characters outside Windows-1252, written as "?".
     std::uint64_t Replaced() const { return replaced_; }
 
 private:
@@ -28,7 +29,7 @@ private:
         double x, y, size;
         Box Bounds() const { return {x - size / 2, y - size / 2, x + size / 2, y + size / 2}; }
     };
-    /// By value as the file spells it, in UTF-8.
+    /// By value in the file's spelling, in UTF-8.
     std::unordered_map<std::string, Square> squares_;
     std::uint64_t replaced_ = 0;
 };

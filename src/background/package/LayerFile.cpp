@@ -10,12 +10,12 @@ namespace vexlator::background {
 
 namespace {
 
-/// Attributes of these types hold positions, which mean nothing on the device.
+/// Attributes of these types hold positions, which have no meaning on the device.
 bool IsPosition(std::int32_t typeCode) {
     return typeCode == 1010 || typeCode == 1011;
 }
 
-/// A record keeps 2 bytes of its width for CR LF, the header line 6.
+/// A record reserves 2 bytes of its width for CR LF, the header line 6.
 constexpr int recordMargin = 2, headerMargin = 6;
 
 std::size_t Room(int width, int margin) {

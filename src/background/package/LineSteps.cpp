@@ -32,7 +32,7 @@ PlanePoint SubStep(PlanePoint step) {
 }
 
 /// Whether another sub-step leads past the end of the step and away from it. The sideways part is rounded, so
-/// after hundreds of sub-steps the way left may be long on the other axis.
+/// after hundreds of sub-steps the remaining distance can be long on the other axis.
 bool LeadsAstray(PlanePoint rest, PlanePoint sub) {
     bool alongX = std::abs(sub.x) == stepLimit;
     return !IsLong(alongX ? rest.x : rest.y) && IsLong(Less(rest, sub));
@@ -43,7 +43,7 @@ Step Hundredths(PlanePoint step) {
             static_cast<std::int16_t>(std::nearbyint(step.y * 100))};
 }
 
-/// The sub-steps of a long step; what is left of it afterwards is short.
+/// The sub-steps of a long step. The remainder is short.
 PlanePoint EncodeSubSteps(PlanePoint rest, std::vector<Step>& steps) {
     for (PlanePoint sub = SubStep(rest); IsLong(rest) && steps.size() < mostSteps; rest = Less(rest, sub)) {
         if (LeadsAstray(rest, sub)) sub = SubStep(rest);

@@ -22,7 +22,7 @@ namespace vexlator::background {
 namespace {
 
 constexpr std::size_t longName = 16;
-/// The index last: a package is known by it.
+/// The index last, because a package is recognised by it.
 constexpr std::string_view renamedFiles[] = {"BAG", "LAY", "GAZ", "GRP"};
 
 std::string FileIn(std::string_view folder, std::string_view package, std::string_view extension) {
@@ -33,7 +33,7 @@ bool HoldsPackage(std::string_view folder, std::string_view name) {
     return util::FileSize(FileIn(folder, name, "GRP")) > 0;
 }
 
-/// A run that was killed may have renamed some of the files; the others follow now.
+/// A killed run may have renamed some of the files. The others follow now.
 bool RenameFiles(std::string_view folder, std::string_view from, std::string_view to) {
     return std::ranges::all_of(renamedFiles, [&](std::string_view extension) {
         std::string source = FileIn(folder, from, extension);
@@ -47,7 +47,7 @@ void ShortenName(std::string_view parent, const std::string& name, ui::UserInter
     if (shortName == name || (!HoldsPackage(folder, name) && !HoldsPackage(folder, shortName))) return;
     if (platform::FolderExists(target)) {
         ui.ShowMessage(platform::NativePath(folder) + " keeps its long name: " + shortName +
-                       " is there already");
+                       " exists already");
     } else if (!RenameFiles(folder, name, shortName) || !platform::RenameFile(folder, target)) {
         ui.ShowMessage(platform::NativePath(folder) + " cannot be renamed to " + shortName);
     }
@@ -82,7 +82,7 @@ void AddPackage(PackageIndex& index, std::string_view parent, const std::string&
     if (auto box = ReadExtents(file))
         index.AddIndexEntry(name + ".GRP", *box, member::package);
     else
-        ui.ShowMessage(platform::NativePath(file) + ": the header record is cut short");
+        ui.ShowMessage(platform::NativePath(file) + ": the header record is truncated");
 }
 
 }  // namespace

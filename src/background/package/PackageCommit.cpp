@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 #include "background/ShowCount.h"
+#include "background/package/BagDirectory.h"
 #include "background/package/PackageIndex.h"
 #include "background/package/PackageWriter.h"
 #include "background/package/TileGrid.h"
@@ -14,31 +15,16 @@
 #include <algorithm>
 #include <cstring>
 
-// The part of PackageWriter that makes files of what has been gathered.
+// The part of PackageWriter that writes the collected data to files.
 namespace vexlator::background {
 
 namespace {
 
-/// A tile file without elements once had this maximum, and readers still take it for empty.
+/// Once, a tile file without elements had this maximum, and readers still take it for empty.
 constexpr double emptyMaximum = -1;
 
 bool HasName(const std::vector<std::string>& names, std::string_view name) {
     return std::ranges::any_of(names, [&](const auto& other) { return platform::SameNoCase(other, name); });
-}
-
-BagEntry MakeEntry(std::string_view name, std::uint64_t offset, std::uint64_t length) {
-    BagEntry entry;
-    std::memset(entry.name, ' ', sizeof entry.name);
-    std::memcpy(entry.name, name.data(), name.size());
-    entry.name[name.size()] = '\0';
-    entry.offset = static_cast<std::int32_t>(offset);
-    entry.length = static_cast<std::int32_t>(length);
-    return entry;
-}
-
-template <typename Record>
-void WriteRecord(platform::OutputFile& file, const Record& record) {
-    file.Write({reinterpret_cast<const char*>(&record), sizeof record});
 }
 
 /// The box that a user wants the index to have, from the first line of NAME.BME.
@@ -62,7 +48,7 @@ std::vector<std::string> PackageFilesIn(std::string_view folder) {
     return names;
 }
 
-/// In the order of a folder's listing, in which both index and container have always had them.
+/// In the order of a folder's listing, which index and container have always had.
 std::vector<const TileFile*> PackageWriter::SortedTiles() const {
     std::vector<std::pair<std::string, const TileFile*>> named;
     named.reserve(tiles_.Count());
@@ -79,10 +65,7 @@ void PackageWriter::WriteContainer(std::span<const TileFile* const> tiles, platf
     std::uint64_t offset = tiles.size() * sizeof(BagEntry);
     for (const TileFile* tile : tiles) {
         std::uint64_t length = sizeof(PmmHeader) + tile->content.Size();
-        if (offset + length > mostFileBytes)
-            throw platform::WriteError(file.Name(),
-                                       "the package would exceed 2 GB, the reach of its offsets");
-        WriteRecord(file, MakeEntry(TileFileName(tile->number, tile->letter), offset, length));
+        WriteRecord(file, MakeEntry(file, TileFileName(tile->number, tile->letter), offset, length));
         offset += length;
     }
     for (const TileFile* tile : tiles) {
@@ -134,7 +117,7 @@ void PackageWriter::ReportRefusals() {
     ShowCount(ui_, counts.tooFar, "Features outside the grid of tiles, not in the package");
     ShowCount(ui_, counts.tooLong, "Lines with too many vertices, not in the package");
     ShowCount(ui_, counts.textsCut, "Texts that were cut");
-    ShowCount(ui_, counts.replaced, "Characters that Windows-1252 lacks, written as \"?\"");
+    ShowCount(ui_, counts.replaced, "Characters outside Windows-1252, written as \"?\"");
 }
 
 }  // namespace vexlator::background

@@ -22,6 +22,13 @@ void ForEachElement(const PackageReader& package, std::string_view letters,
     }
 }
 
+void ForEachImage(const PackageReader& package, const std::function<void(const ImageTile&)>& take) {
+    if (package.IsMosaic())
+        for (const IndexEntry& entry : package.Entries())
+            ForEachImage(PackageReader(MemberPackage(package, entry)), take);
+    for (const ImageTile& image : package.Images()) take(image);
+}
+
 std::vector<std::vector<util::PlanePoint>> RingsOf(const PackageReader& package, const Element& area) {
     std::vector<std::vector<util::PlanePoint>> rings;
     Element line;

@@ -14,9 +14,9 @@ namespace vexlator::background {
 class PackageIndex {
 public:
     PackageIndex();
-    /// A longer name than 20 UTF-16 units is cut. `kind` is one of namespace member.
+    /// Names are cut to 20 UTF-16 units. `kind` is from namespace member.
     void AddIndexEntry(std::string_view memberName, const Box& box, std::int16_t kind);
-    /// Takes the place of the box that covers the members.
+    /// Replaces the box that covers the members.
     void SetExtents(const Box& box);
     bool HasMembers() const { return records_.size() > 1; }
     /// The bytes of the file.

@@ -25,9 +25,9 @@ namespace {
 
 using platform::ReadError;
 
-/// Coordinates are doubles; sums of steps and means of vertices lose their last digits.
+/// Coordinates are doubles. Sums of steps and means of vertices lose their last digits.
 constexpr double floatTolerance = 1e-6, relativeTolerance = 1e-11;
-/// By how much a step of a line may miss its true vertex.
+/// Largest difference between a step of a line and its true vertex.
 constexpr double stepTolerance = 0.005;
 
 double RoundingAt(double x, double y) {
@@ -42,7 +42,7 @@ double ToleranceOf(const std::vector<util::PlanePoint>& points) {
 /// Each half of an identifier has eight digits.
 constexpr std::int32_t mostOfHalf = 99'999'999;
 
-/// Ends of an outline lie no further apart than this, in units, before its steps are rounded.
+/// Largest distance between the ends of an outline, in units, before its steps are rounded.
 constexpr double closingDistance = 0.01;
 
 bool IsClosed(const std::vector<util::PlanePoint>& points, double tolerance) {
@@ -61,7 +61,7 @@ bool SameClasses(const ElementHeader& a, const ElementHeader& b) {
     throw ReadError(file.Name(), ReadError::AtLine(line), reason);
 }
 
-/// Calls visit(line, number) for every line, which has to end in CR LF.
+/// Calls visit(line, number) for every line. Each must end in CR LF.
 template <typename Visit>
 std::uint64_t ForEachLine(const platform::MappedFile& file, Visit visit) {
     std::string_view rest = file.Text();
@@ -80,10 +80,10 @@ std::uint64_t ForEachLine(const platform::MappedFile& file, Visit visit) {
     return number;
 }
 
-/// What the layer file says of the keys of elements.
+/// Keys of elements, according to the layer file.
 struct LayerRecords {
     std::uint64_t count = 0;
-    bool hasIdentifiers = false;  ///< features have attributes whose values are keys instead
+    bool hasIdentifiers = false;  ///< features have attributes whose values are keys
 };
 
 LayerRecords ProveLayers(const PackageReader& package) {
@@ -99,7 +99,7 @@ LayerRecords ProveLayers(const PackageReader& package) {
     return records;
 }
 
-/// The value of a gazetteer line; values may hold commas, the numbers behind them do not.
+/// The value in a gazetteer line. Values can contain commas, but the numbers after them cannot.
 std::optional<std::string_view> SearchValue(std::string_view line) {
     for (int i = 0; i < 3; ++i) {
         std::size_t comma = line.rfind(',');
@@ -128,7 +128,7 @@ std::uint64_t ProveGazetteer(const PackageReader& package) {
 
 // --- The elements
 
-/// A line element, as far as areas are concerned.
+/// The data of a line element that areas need.
 struct Ring {
     std::uint64_t offset;
     ElementHeader header;
@@ -137,12 +137,13 @@ struct Ring {
     bool isClosed;
 };
 
-/// What one package is proved by, file by file.
+/// The proof of one package, file by file.
 class Proof {
 public:
     explicit Proof(const PackageReader& package) : package_(package) {}
 
     PackageCounts Run() {
+        if (package_.IsImages()) return ProveImages();
         ProveIndex();
         records_ = ProveLayers(package_);
         for (std::string_view letters : {"T", "LR", "A"})
@@ -160,13 +161,14 @@ private:
         package_.FailInContainer(tile.file->offset + offset, tile.file->name + ": " + reason);
     }
 
-    /// The first element whose key leads to no record.
+    /// The first element whose key does not lead to a record.
     struct Stray {
         const Tile* tile;
         std::uint64_t offset;
         std::int32_t key;
     };
 
+    PackageCounts ProveImages() const;
     void ProveTile(const Tile& tile);
     void NoteKeys(const Tile& tile, const Element& element);
     void ProveKeys() const;
@@ -182,8 +184,8 @@ private:
     std::unordered_map<std::int32_t, std::vector<Ring>> rings_;  ///< of the "L" files, by tile number
     LayerRecords records_;
     std::optional<Stray> stray_;
-    bool isClassified_ = false;           ///< an element has a key or class that no record gives
-    std::set<std::int16_t> textLengths_;  ///< in headers; 0 stands before the first text
+    bool isClassified_ = false;           ///< an element has a key or class without a record
+    std::set<std::int16_t> textLengths_;  ///< in headers; 0 before the first text
     PackageCounts counts_;
 };
 
@@ -193,7 +195,7 @@ void Proof::ProveIndex() const {
         if (entry.kind != member::tile)
             package_.FailInIndex(entry.offset + 40, "tiles and packages are mixed");
         if (!byName.emplace(entry.name, &entry).second)
-            package_.FailInIndex(entry.offset, entry.name + " is there twice");
+            package_.FailInIndex(entry.offset, entry.name + " occurs twice");
     }
     for (const Tile& tile : package_.Tiles()) {
         auto it = byName.find(tile.file->name);
@@ -211,6 +213,16 @@ void Proof::ProveIndex() const {
     ProveExtents();
 }
 
+PackageCounts Proof::ProveImages() const {
+    for (std::size_t i = 0; i < package_.Images().size(); ++i)
+        if (const IndexEntry& entry = package_.Entries()[i]; !(entry.box == package_.Images()[i].GroundBox()))
+            package_.FailInIndex(entry.offset + 48, "the box is not that of " + entry.name);
+    ProveExtents();
+    PackageCounts counts;
+    counts.images = package_.Images().size();
+    return counts;
+}
+
 /// The index covers its members, or has the box that the .BME file gives it.
 void Proof::ProveExtents() const {
     Box box = unsetBox;
@@ -218,7 +230,7 @@ void Proof::ProveExtents() const {
     std::string line = util::ReadFirstLine(package_.Companion("BME"));
     auto field = [&](std::size_t index) { return util::GetCommaNumber(index, line); };
     if (!line.empty()) box = {field(0), field(1), field(2), field(3)};
-    if (!(box == package_.Extents())) package_.FailInIndex(48, "the box is not that of the members");
+    if (!(box == package_.Extents())) package_.FailInIndex(48, "the box differs from that of the members");
 }
 
 void Proof::ProveTile(const Tile& tile) {
@@ -230,16 +242,16 @@ void Proof::ProveTile(const Tile& tile) {
 void Proof::NoteKeys(const Tile& tile, const Element& element) {
     const ElementHeader& header = element.header;
     if (header.keyHigh < 0 || header.keyHigh > mostOfHalf || header.keyLow < 0)
-        Fail(tile, element.offset + 1, "the keys are no halves of an identifier");
+        Fail(tile, element.offset + 1, "the keys are not halves of an identifier");
     if (header.keyHigh != 0 || header.classA != FeatureHeader{}.classA) isClassified_ = true;
     std::int64_t key = header.keyLow, most = static_cast<std::int64_t>(records_.count);
     if (!stray_ && key != 0 && key >= most) stray_ = {&tile, element.offset, header.keyLow};
     std::int16_t length = header.length;
     if (!element.IsText() && length != 0 && !textLengths_.contains(length))
-        Fail(tile, element.offset + 9, "length " + std::to_string(length) + " is that of no text");
+        Fail(tile, element.offset + 9, "length " + std::to_string(length) + " is not that of a text");
 }
 
-/// Features that have identifiers, or classes, have their keys from these.
+/// In features with identifiers, or classes, the keys come from these.
 void Proof::ProveKeys() const {
     if (!stray_ || records_.hasIdentifiers || isClassified_) return;
     if (!platform::FileExists(package_.Companion("LAY")))
@@ -281,10 +293,10 @@ void Proof::ProveTexts(const Tile& tile) {
             Fail(tile, text.offset + 30, "a text of height " + std::to_string(text.text.height));
         all.Widen(text.text.x, text.text.y);
     }
-    if (!(all == tile.header.box)) Fail(tile, 1, "the box is not that of the texts");
+    if (!(all == tile.header.box)) Fail(tile, 1, "the box differs from that of the texts");
 }
 
-/// The box of an "A" file begins with the middle of an outline, which lies in the "L" file's box.
+/// The box of an "A" file begins with the centre of an outline, which is in the "L" file's box.
 void Proof::ProveAreas(const Tile& tile) {
     ElementReader reader(package_, tile);
     const Tile* lines = package_.FindTile(tile.number, 'L');
@@ -310,12 +322,12 @@ void Proof::ProveArea(const Tile& tile, const Element& area) {
     for (const RingReference& reference : area.rings) {
         const Ring& ring = FindRing(tile, at, reference);
         if (at == first) {
-            if (reference.tile != tile.number) Fail(tile, at + 14, "the first ring lies in another tile");
+            if (reference.tile != tile.number) Fail(tile, at + 14, "the first ring is in another tile");
             if (!SameClasses(ring.header, area.header)) Fail(tile, at + 10, "the ring has other classes");
             if (ring.header.length != area.header.length)
-                Fail(tile, area.offset + 9, "the length is not that of its ring");
+                Fail(tile, area.offset + 9, "the length differs from that of its ring");
             if (reference.keyHigh != area.header.keyHigh || reference.keyLow != area.header.keyLow)
-                Fail(tile, at + 2, "the keys are not those of the area");
+                Fail(tile, at + 2, "the keys differ from those of the area");
         }
         if (!ring.isClosed) Fail(tile, at + 10, "the ring is not closed");
         points.Widen(ring.pointBox);
@@ -325,7 +337,7 @@ void Proof::ProveArea(const Tile& tile, const Element& area) {
     }
     Box box = area.area.box;
     if (!points.Contains(box, tolerance) || !box.Contains(vertices, tolerance))
-        Fail(tile, area.offset + 14, "the box is not that of the rings");
+        Fail(tile, area.offset + 14, "the box differs from that of the rings");
     counts_.rings += area.rings.size();
     ++counts_.areas;
 }
@@ -342,7 +354,7 @@ const Ring& Proof::FindRing(const Tile& tile, std::uint64_t at, const RingRefere
     if (ring == rings->second.end() || static_cast<std::int64_t>(ring->offset) != offset)
         Fail(tile, at + 10, "no line begins at byte " + std::to_string(offset) + " of the tile");
     if (ring->header.keyHigh != reference.keyHigh || ring->header.keyLow != reference.keyLow)
-        Fail(tile, at + 2, "the keys are not those of the line");
+        Fail(tile, at + 2, "the keys differ from those of the line");
     return *ring;
 }
 
@@ -359,6 +371,7 @@ void Add(PackageCounts& sum, const PackageCounts& counts) {
     sum.texts += counts.texts;
     sum.layerRecords += counts.layerRecords;
     sum.searchValues += counts.searchValues;
+    sum.images += counts.images;
 }
 
 }  // namespace
@@ -384,7 +397,7 @@ PackageCounts ProveMosaic(const PackageReader& mosaic) {
         Add(sum, ProvePackage(package));
         box.Widen(entry.box);
     }
-    if (!(box == mosaic.Extents())) mosaic.FailInIndex(48, "the box is not that of the packages");
+    if (!(box == mosaic.Extents())) mosaic.FailInIndex(48, "the box differs from that of the packages");
     return sum;
 }
 

@@ -25,7 +25,7 @@ Record RecordAt(std::span<const std::byte> bytes, std::uint64_t offset) {
     return record;
 }
 
-/// A name field up to its terminator of `unit` zero bytes; nothing when what follows is not padding.
+/// A name field up to its terminator of `unit` zero bytes; nothing if other bytes than padding follow.
 std::optional<std::string_view> NameIn(std::string_view field, std::size_t unit) {
     static constexpr std::string_view zeros("\0\0", 2);
     for (std::size_t end = 0; end + unit <= field.size(); end += unit) {
@@ -58,7 +58,10 @@ PackageReader::PackageReader(std::string_view packageFile) : packageFile_(packag
     if (IsMosaic()) return;
     container_.emplace(Companion("BAG"));
     ReadContainer();
-    ReadTiles();
+    if (IsImages())
+        ReadImages();
+    else
+        ReadTiles();
 }
 
 std::string PackageReader::Companion(std::string_view extension) const {
@@ -75,6 +78,10 @@ void PackageReader::FailInContainer(std::uint64_t offset, const std::string& rea
 
 bool PackageReader::IsMosaic() const {
     return std::ranges::any_of(entries_, [](const auto& entry) { return entry.kind == member::package; });
+}
+
+bool PackageReader::IsImages() const {
+    return std::ranges::any_of(entries_, [](const auto& entry) { return entry.kind == member::image; });
 }
 
 IndexEntry PackageReader::ReadEntry(std::uint64_t offset) const {
@@ -100,7 +107,7 @@ void PackageReader::ReadIndex() {
     extents_ = ReadEntry(0).box;
     for (std::uint64_t at = sizeof(GrpIndexRecord); at < size; at += sizeof(GrpIndexRecord)) {
         IndexEntry entry = ReadEntry(at);
-        if (entry.kind != member::tile && entry.kind != member::package)
+        if (entry.kind < member::tile || entry.kind > member::image)
             FailInIndex(at + 40, "member kind " + std::to_string(entry.kind) + " is unknown");
         bool isEmptyPackage = entry.kind == member::package && entry.box == unsetBox;
         if (!isEmptyPackage && !IsBox(entry.box))
@@ -109,11 +116,11 @@ void PackageReader::ReadIndex() {
     }
 }
 
-/// The directory ends where the first member begins; members follow each other without gaps.
+/// The directory ends at the first member. Members follow each other without gaps.
 void PackageReader::ReadContainer() {
     std::span<const std::byte> bytes = container_->Bytes();
     if (bytes.empty()) return;
-    if (bytes.size() < sizeof(BagEntry)) FailInContainer(0, "the directory is cut short");
+    if (bytes.size() < sizeof(BagEntry)) FailInContainer(0, "the directory is truncated");
     std::uint64_t directory = static_cast<std::uint32_t>(RecordAt<BagEntry>(bytes, 0).offset);
     if (directory == 0 || directory % sizeof(BagEntry) != 0 || directory > bytes.size())
         FailInContainer(20, "the first member begins at byte " + std::to_string(directory) +
@@ -134,7 +141,7 @@ void PackageReader::ReadContainer() {
         files_.push_back({platform::Utf8FromWindows1252(*name), at, offset, bytes.subspan(offset, length)});
         expected += length;
     }
-    if (expected != bytes.size()) FailInContainer(expected, "bytes behind the last member");
+    if (expected != bytes.size()) FailInContainer(expected, "bytes after the last member");
 }
 
 Tile PackageReader::ReadTile(const ContainedFile& file) const {
@@ -162,7 +169,34 @@ void PackageReader::ReadTiles() {
     std::ranges::sort(sorted_, {}, key);
     auto twice = std::ranges::adjacent_find(sorted_, {}, key);
     if (twice != sorted_.end())
-        FailInContainer((*twice)->file->entryOffset, (*twice)->file->name + " is there twice");
+        FailInContainer((*twice)->file->entryOffset, (*twice)->file->name + " occurs twice");
+}
+
+/// Behind each image comes its world file.
+void PackageReader::ReadImages() {
+    if (files_.size() != 2 * entries_.size())
+        FailInContainer(0, "it does not hold an image and a world file for each record of the index");
+    for (std::size_t i = 0; i < entries_.size(); ++i) {
+        const IndexEntry& entry = entries_[i];
+        if (entry.kind != member::image) FailInIndex(entry.offset + 40, "images and others are mixed");
+        images_.push_back(ReadImage(entry, files_[2 * i], files_[2 * i + 1]));
+    }
+}
+
+ImageTile PackageReader::ReadImage(const IndexEntry& entry, const ContainedFile& file,
+                                   const ContainedFile& world) const {
+    if (file.name != entry.name)
+        FailInContainer(file.entryOffset, file.name + " stands in place of " + entry.name);
+    if (world.name != util::ChangeExtension(entry.name, "JGW"))
+        FailInContainer(world.entryOffset, world.name + " is not the world file of " + entry.name);
+    auto size = SizeOfJpeg(file.bytes);
+    if (!size) FailInContainer(file.offset, file.name + " is no whole JPEG file");
+    try {
+        std::string_view text(reinterpret_cast<const char*>(world.bytes.data()), world.bytes.size());
+        return {entry.name, file.bytes, size->width, size->height, formats::ParseWorldFile(text)};
+    } catch (const ReadError& error) {
+        FailInContainer(world.offset, world.name + ": " + error.what());
+    }
 }
 
 const Tile* PackageReader::FindTile(std::int32_t number, char letter) const {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "background/package/ImageTile.h"
 #include "background/package/Records.h"
 #include "platform/Errors.h"
 #include "platform/Files.h"
@@ -14,8 +15,8 @@
 #include <string_view>
 #include <vector>
 
-/// Reads packages as the device does. What it hands out has been checked: offsets and lengths lie inside
-/// their files.
+/// Reads packages like the device. All returned data has been checked: offsets and lengths are inside their
+/// files.
 namespace vexlator::background {
 
 /// A record of the index.
@@ -23,18 +24,18 @@ struct IndexEntry {
     std::string name;  ///< UTF-8
     std::int16_t kind;
     Box box;
-    std::uint64_t offset;  ///< of the record in the index
+    std::uint64_t offset;  ///< offset of the record in the index
 };
 
 /// A file inside the container.
 struct ContainedFile {
     std::string name;
-    std::uint64_t entryOffset;  ///< of its directory entry
-    std::uint64_t offset;       ///< of its first byte
+    std::uint64_t entryOffset;  ///< offset of its directory entry
+    std::uint64_t offset;       ///< offset of its first byte
     std::span<const std::byte> bytes;
 };
 
-/// A tile file and what its name says.
+/// A tile file and the data in its name.
 struct Tile {
     const ContainedFile* file;
     std::int32_t number;
@@ -45,7 +46,7 @@ struct Tile {
 /// The files of one package, mapped: index and container.
 class PackageReader {
 public:
-    /// @throws ReadError: file, byte and reason, when a file is missing or a record is not what it must be
+    /// @throws ReadError: file, byte and reason, if a file is missing or a record is invalid
     explicit PackageReader(std::string_view packageFile);
 
     const std::string& IndexName() const { return index_.Name(); }
@@ -57,6 +58,10 @@ public:
     /// A mosaic is an index over packages and has no container.
     bool IsMosaic() const;
     const std::vector<ContainedFile>& Files() const { return files_; }
+    /// Whether it consists of images.
+    bool IsImages() const;
+    /// Its images, in the order of the index.
+    const std::vector<ImageTile>& Images() const { return images_; }
     /// The tile files, in the order of the container.
     const std::vector<Tile>& Tiles() const { return tiles_; }
     const Tile* FindTile(std::int32_t number, char letter) const;
@@ -69,6 +74,8 @@ private:
     void ReadContainer();
     void ReadTiles();
     Tile ReadTile(const ContainedFile& file) const;
+    void ReadImages();
+    ImageTile ReadImage(const IndexEntry& entry, const ContainedFile& file, const ContainedFile& world) const;
     IndexEntry ReadEntry(std::uint64_t offset) const;
 
     std::string packageFile_;
@@ -77,6 +84,7 @@ private:
     Box extents_{};
     std::vector<IndexEntry> entries_;
     std::vector<ContainedFile> files_;
+    std::vector<ImageTile> images_;
     std::vector<Tile> tiles_;
     std::vector<const Tile*> sorted_;  ///< by number and letter
 };

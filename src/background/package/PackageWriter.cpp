@@ -25,7 +25,7 @@ using util::PlanePoint;
 constexpr std::size_t longestText = std::numeric_limits<std::int16_t>::max() - sizeof(TextRecord);
 constexpr int mostParts = 255 - element::firstAreaPart;
 constexpr double tenthsOfDegreesPerTurn = 3600;
-constexpr std::int16_t leastHeight = 1;  // the device shows nothing of 0
+constexpr std::int16_t leastHeight = 1;  // the device shows nothing for 0
 
 struct Outline {
     Box box = Box::Empty();
@@ -44,14 +44,14 @@ Outline Measure(std::span<const PlanePoint> points) {
     return outline;
 }
 
-/// 0 for what is no number.
+/// 0 for a text that is not a number.
 std::int16_t Cut16(double value) {
     if (std::isnan(value)) return 0;
     constexpr double most = std::numeric_limits<std::int16_t>::max();
     return static_cast<std::int16_t>(std::clamp(std::trunc(value), -most, most));
 }
 
-/// Height and rotation as the record has them; the position follows when they are known.
+/// Height and rotation as in the record. The position follows when they are known.
 TextRecord RecordFor(const TextPlacement& placement) {
     double tenths = std::nearbyint(placement.angle * util::degreesPerRadian * 10);
     if (std::abs(tenths) > std::numeric_limits<std::int16_t>::max())
@@ -66,11 +66,13 @@ PackageWriter::PackageWriter(std::string_view packageFile, ui::UserInterface& us
     : packageFile_(packageFile),
       folder_(util::FolderOf(packageFile)),
       ui_(userInterface),
+      lock_(folder_, "somebody else is building a package here; try again when that has ended"),
       oldFiles_(PackageFilesIn(folder_)),
       memory_(folder_, memoryBytes),
       layers_(files_, util::ChangeExtension(packageFile, "LAY")) {
     // Where a killed run was swapping the folder.
-    platform::RemoveLeftovers(util::FolderOf(folder_));
+    std::string told = platform::RemoveLeftovers(util::FolderOf(folder_));
+    if (!told.empty()) ui_.Report(told);
 }
 
 ElementHeader PackageWriter::Header(std::uint8_t type) const {
@@ -82,7 +84,7 @@ void PackageWriter::Refuse(std::uint64_t& count) {
     if (!std::exchange(isCounted_, true)) ++count;
 }
 
-/// Whether the element lies outside the positive grid, which tile numbers ask for.
+/// Whether the element is outside the positive grid, which tile numbers require.
 bool PackageWriter::RefuseNegative(const Box& box) {
     bool isNegative = box.minX < 0 || box.minY < 0;
     if (isNegative) Refuse(refused_.negative);
@@ -99,13 +101,13 @@ TileFile& PackageWriter::SelectTileFile(std::int32_t number, char letter, PlaneP
     return tile;
 }
 
-/// Of the tile of the line written last.
+/// Tile of the last line.
 TileFile& PackageWriter::SelectAreaFile() {
     double tileSize = tileSize_ / 2 < lastLine_->box.Size() ? tileSize_ * 10 : tileSize_;
     return SelectTileFile(lastLine_->tile, 'A', lastLine_->anchor, tileSize);
 }
 
-/// Where the next element of the file begins.
+/// Start of the next element of the file.
 std::int32_t PackageWriter::PlaceFor(const TileFile& tile, std::uint64_t elementSize) const {
     std::uint64_t offset = sizeof(PmmHeader) + tile.content.Size();
     if (offset + elementSize > mostFileBytes)

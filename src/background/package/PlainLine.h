@@ -11,8 +11,8 @@
 
 namespace vexlator::background {
 
-/// A text as part of a line in Windows-1252: control characters become blanks. `replaced` counts the
-/// characters that the code page lacks.
+/// A text as part of a line in Windows-1252. Control characters become blanks. `replaced` counts the
+/// characters outside the code page.
 inline std::string PlainLine(std::string_view utf8, std::uint64_t& replaced) {
     std::string line = platform::Windows1252FromUtf8(utf8, &replaced);
     std::ranges::replace_if(

@@ -5,21 +5,21 @@
 #include <cstdint>
 #include <limits>
 
-/// The records of a background package as they stand in its files: little-endian, field after field, no gaps.
-/// docs/package-format.md describes them and how they hang together. Copy fields before handing them to
-/// anything that takes a reference: they are not aligned.
+/// The records of a background package with the layout of its files: little-endian, field after field, no
+/// gaps. docs/package-format.md describes them and their relations. Copy fields before passing them to a
+/// function that takes a reference, because they are not aligned.
 namespace vexlator::background {
 
-/// The reach of the 32-bit offsets in tile files and containers.
+/// Limit of the 32-bit offsets in tile files and containers.
 constexpr std::uint64_t mostFileBytes = std::numeric_limits<std::int32_t>::max();
 
 #pragma pack(push, 1)
 
-/// Ground units, the drawing's own.
+/// Ground units of the drawing.
 struct Box {
     double minX, minY, maxX, maxY;
 
-    /// Holds nothing yet: the first point or box that widens it becomes it.
+    /// Empty at first: the first point or box replaces it.
     static constexpr Box Empty() {
         constexpr double far = std::numeric_limits<double>::infinity();
         return {far, far, -far, -far};
@@ -31,7 +31,7 @@ struct Box {
         if (x > maxX) maxX = x;
         if (y > maxY) maxY = y;
     }
-    /// A box that holds nothing widens nothing.
+    /// An empty box changes nothing.
     void Widen(const Box& other) {
         if (other.minX < minX) minX = other.minX;
         if (other.minY < minY) minY = other.minY;
@@ -64,7 +64,7 @@ constexpr std::uint8_t pmmFormatCode = 2;
 struct ElementHeader {
     std::uint8_t type;
     std::int32_t keyHigh, keyLow;
-    std::int16_t length;  ///< of a text's body; other elements carry that of the text written before them
+    std::int16_t length;  ///< length of a text's body; other elements have that of the text before them
     std::uint8_t classA, classB, classC;
 };
 namespace element {
@@ -96,7 +96,7 @@ struct AreaRecord {
 struct RingReference {
     std::int16_t one;
     std::int32_t keyHigh, keyLow;
-    std::int32_t offset;  ///< of the ring's line element in the "L" file of its tile
+    std::int32_t offset;  ///< offset of the ring's line element in the "L" file of its tile
     std::int32_t tile;
 };
 
@@ -107,7 +107,7 @@ struct GrpIndexRecord {
     double minX, minY, minZ, maxX, maxY, maxZ;
 };
 namespace member {
-constexpr std::int16_t header = 0, tile = 5, package = 6;
+constexpr std::int16_t header = 0, tile = 5, package = 6, image = 7;
 }
 constexpr double unsetExtent = 9999999999;
 /// The box of an index without members.

@@ -10,7 +10,7 @@ namespace vexlator::background {
 
 namespace {
 
-/// Shares of the text's width along it and of its height across it, from the insertion point.
+/// The shift from the insertion point: shares of the text's width along it and of its height across it.
 struct Shift {
     double along, across;
 };
@@ -19,7 +19,7 @@ constexpr Shift shifts[] = {{0, 1},        {0, 0},  {0, 0},  {0, 0},  {-0.5, 1},
                             {-0.5, -0.25}, {-1, 0}, {-1, 0}, {-1, 0}, {-0.5, 0}};
 constexpr int codeCount = static_cast<int>(std::size(shifts));
 
-/// Width of a character as a share of the text's height.
+/// Width of a character in text heights.
 constexpr double characterWidth = 0.65;
 
 }  // namespace

@@ -9,16 +9,16 @@
 
 namespace vexlator::background {
 
-/// A text of a package: where it stands, in the units of the drawing.
+/// A text of a package with its position, in drawing units.
 struct TextPlacement {
     util::PlanePoint insertion;
     double height = 1;      ///< units
     double angle = 0;       ///< radians, counter-clockwise
-    int positionCode = -1;  ///< where the insertion point lies in the text: -1 (none), 0 to 9
+    int positionCode = -1;  ///< position of the insertion point in the text: -1 (none), 0 to 9
 };
 
-/// The reference point that the device draws a text from. Height in tenths of a unit and rotation in tenths
-/// of a degree are those of the record, so that writer and device see the same text. Nothing for an unknown
+/// The reference point from which the device draws a text. Height in tenths of a unit and rotation in tenths
+/// of a degree are those of the record, so that writer and device have the same text. Nothing for an unknown
 /// position code.
 std::optional<util::PlanePoint> TextAnchor(util::PlanePoint insertion, int positionCode, double tenthsHeight,
                                            double tenthsDegrees, std::size_t characters);

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::int64_t largest = std::numeric_limits<std::int32_t>::max();
 
-/// Ten to the number of digits of a row.
+/// Ten to the power of the number of digits of a row.
 std::int64_t RowScale(double tileSize, std::int64_t row) {
     std::int64_t scale = tileSize <= 999 ? 100'000 : tileSize <= 9999 ? 10'000 : 1'000;
     while (scale <= row) scale *= 10;

@@ -47,7 +47,7 @@ void TileMemory::AddRoom() {
     room_ = slabBytes;
 }
 
-/// A counting sort: what belongs to one file stays in order.
+/// A counting sort: pieces of one file stay in order.
 void TileMemory::GroupByFile() {
     firstOfFile_.assign(spilled_.size() + 2, 0);
     for (const Piece& piece : pieces_) ++firstOfFile_[piece.file + 1];

@@ -12,7 +12,7 @@
 
 namespace vexlator::background {
 
-/// A file of a tile while it grows.
+/// A growing file of a tile.
 struct TileFile {
     std::int32_t number = 0;
     char letter = 0;  ///< 0: none
@@ -21,12 +21,12 @@ struct TileFile {
     TileContent content;  ///< without the file's header
 };
 
-/// The tile files of a package by number and letter. Every element asks for its own among tens of thousands,
-/// in no order, so that fetching it from memory is what costs: a file lies in the table itself, within one
-/// line of the processor's cache, and can be sent for before it is needed.
+/// The tile files of a package by number and letter. Every element needs its own file among tens of
+/// thousands, in random order, so fetching it from memory is the main cost. A file is in the table itself,
+/// within one cache line, and can be prefetched.
 class TileTable {
 public:
-    /// The tile's file, and whether it is new: it then has its name only. Good until the next call.
+    /// The tile's file, and whether it is new: a new file has only its name. Valid until the next call.
     std::pair<TileFile&, bool> At(std::int32_t number, char letter) {
         if ((used_ + 1) * 4 > slots_.size() * 3) Grow();
         TileFile& file = Find(number, letter);
@@ -38,12 +38,12 @@ public:
         }
         return {file, isNew};
     }
-    /// Lets the processor fetch the file while other work is done.
+    /// Prefetches the file while other work is done.
     void Prefetch(std::int32_t number, char letter) const {
         if (!slots_.empty()) __builtin_prefetch(&slots_[Begin(number, letter)], 1);
     }
     std::size_t Count() const { return used_; }
-    /// In no order.
+    /// All files, in no order.
     template <typename Visit>
     void ForEach(Visit visit) const {
         for (const Slot& slot : slots_)
@@ -61,7 +61,7 @@ private:
             std::uint64_t{static_cast<std::uint32_t>(number)} << 8 | static_cast<unsigned char>(letter);
         return (key * 0x9E3779B97F4A7C15 >> 32) & (slots_.size() - 1);
     }
-    /// Its place, which is free when it is new.
+    /// Its slot, which is free if it is new.
     TileFile& Find(std::int32_t number, char letter) {
         std::size_t i = Begin(number, letter);
         for (; slots_[i].file.letter != 0; i = (i + 1) & (slots_.size() - 1))
@@ -75,7 +75,7 @@ private:
             if (slot.file.letter != 0) Find(slot.file.number, slot.file.letter) = slot.file;
     }
 
-    std::vector<Slot> slots_;  ///< a power of two of them, a quarter of them free
+    std::vector<Slot> slots_;  ///< a power of two slots, a quarter of them free
     std::size_t used_ = 0;
 };
 

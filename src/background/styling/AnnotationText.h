@@ -15,16 +15,15 @@
 
 namespace vexlator::background {
 
-/// Builds the annotation of the entities of one drawing, at the cost of one walk over their values.
+/// Builds the annotation of the entities of one drawing, in one pass over their values.
 class AnnotationText {
 public:
-    /// Of the fields, the selected ones count. Their names are compared as attribute names are, letter case
-    /// included.
+    /// Only the selected fields count. Their names are compared like attribute names, with letter case.
     explicit AnnotationText(std::span<const ListedName> fields);
 
-    /// The entity's values of the fields, in the order of the fields: each without the blanks around it and,
-    /// when it contains ".", without the zeros at its end; commas between. Fields that the entity lacks add
-    /// nothing. Good until the next call.
+    /// The entity's values of the fields, in the order of the fields, separated by commas. Blanks around a
+    /// value are removed, and trailing zeros too if it contains ".". Fields that the entity lacks add
+    /// nothing. Valid until the next call.
     std::string_view BuildAnnotationText(const drawing::Entity& entity);
 
 private:
@@ -32,13 +31,13 @@ private:
     Positions PositionsOf(const drawing::XProperties& attributes) const;
 
     std::vector<std::string> fields_;
-    PerAttributeSet<Positions> positions_;  ///< where the fields stand, those that are lacking left out
+    PerAttributeSet<Positions> positions_;  ///< positions of the fields, without missing ones
     std::vector<std::string_view> values_;
     std::string text_;
 };
 
-/// Calls `visit(line, index)` for every line of an annotation text, which are separated by ",": a value that
-/// contains one makes two lines. An empty text has none.
+/// Calls `visit(line, index)` for every line of an annotation text. Commas separate lines, so a value with a
+/// comma makes two lines. An empty text has none.
 template <typename Visit>
 void ForEachAnnotationLine(std::string_view text, Visit visit) {
     for (std::size_t index = 0, begin = 0; !text.empty() && begin <= text.size(); ++index) {

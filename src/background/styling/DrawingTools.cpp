@@ -14,7 +14,7 @@ namespace {
 
 constexpr double metresPerFoot = 0.3048;
 
-/// How many attributes stand before the one of this name; none when there is no such attribute.
+/// The number of attributes before the one with this name; none if there is no such attribute.
 std::optional<std::size_t> PositionOf(std::string_view name, const drawing::XProperties& attributes) {
     for (std::size_t i = 0; i < attributes.count(); ++i)
         if (attributes.name(i) == name) return i;
@@ -64,12 +64,18 @@ std::vector<std::string> AttributeNames(drawing::Drawing& drawing) {
     return names;
 }
 
-void AddMissingLayers(std::vector<StyleRow>& rows, const drawing::Drawing& drawing) {
+std::vector<std::string> LayerNames(const drawing::Drawing& drawing) {
+    std::vector<std::string> names;
+    for (const drawing::Layer& layer : drawing.layers()) names.push_back(layer.name);
+    return names;
+}
+
+void AddMissingLayers(std::vector<StyleRow>& rows, std::span<const std::string> layers) {
     util::NoCaseMap<bool> known;
     for (const StyleRow& row : rows) known.emplace(row.layer, true);
     std::vector<StyleRow> missing;
-    for (const drawing::Layer& layer : drawing.layers())
-        if (known.emplace(layer.name, true).second) missing.push_back(StyleRow{layer.name, "", "", ""});
+    for (const std::string& layer : layers)
+        if (known.emplace(layer, true).second) missing.push_back(StyleRow{layer, "", "", ""});
     rows.insert(rows.end(), missing.begin(), missing.end());
 }
 

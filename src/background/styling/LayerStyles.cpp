@@ -3,7 +3,6 @@
 #include "background/styling/LayerStyles.h"
 
 #include "platform/AsciiCase.h"
-#include "util/Numbers.h"
 
 #include <limits>
 #include <optional>
@@ -14,10 +13,6 @@ namespace {
 
 constexpr std::uint8_t mobileStyleColour = 1, thickFlag = 16, zoomFlag = 32;
 
-bool IsOn(const std::string& flag) {
-    return util::NumberOf(flag) == -1;
-}
-
 ClassBytes BytesOf(const std::string& cell, const MobileStyles& mobileStyles) {
     if (std::optional<std::uint8_t> colour = ColourCode(cell)) return {0, *colour};
     std::uint32_t number = mobileStyles.NumberOf(cell);
@@ -27,15 +22,15 @@ ClassBytes BytesOf(const std::string& cell, const MobileStyles& mobileStyles) {
 
 LayerStyle StyleOf(const StyleRow& row, const MobileStyles& mobileStyles) {
     LayerStyle style{BytesOf(row.points, mobileStyles), BytesOf(row.lines, mobileStyles),
-                     BytesOf(row.areas, mobileStyles), IsOn(row.hide)};
-    int flags = (IsOn(row.thick) ? thickFlag : 0) + (IsOn(row.zoom) ? zoomFlag : 0);
+                     BytesOf(row.areas, mobileStyles), IsFlagOn(row.hide)};
+    int flags = (IsFlagOn(row.thick) ? thickFlag : 0) + (IsFlagOn(row.zoom) ? zoomFlag : 0);
     for (ClassBytes* bytes : {&style.points, &style.lines, &style.areas})
         bytes->c = static_cast<std::uint8_t>(bytes->c + flags);
     return style;
 }
 
 bool SaysNothing(const StyleRow& row) {
-    return row.points.empty() && row.lines.empty() && row.areas.empty() && !IsOn(row.hide);
+    return row.points.empty() && row.lines.empty() && row.areas.empty() && !IsFlagOn(row.hide);
 }
 
 }  // namespace

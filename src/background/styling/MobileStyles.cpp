@@ -39,22 +39,35 @@ std::uint32_t MobileStyles::NumberOf(std::string_view name) const {
         auto found = numbers_.find(name);
         return found == numbers_.end() ? 0 : found->second;
     }
-    // Such a name ends at a later "=" of its line; nobody names styles so, and the table need not know it.
+    // Such a name ends at a later "=" of its line. Nobody uses such names, and the table does not support
+    // them.
     for (std::size_t i = 0; i < lines_.size(); ++i)
         if (StartsWithName(lines_[i], name)) return static_cast<std::uint32_t>(i);
     return 0;
+}
+
+std::vector<std::string_view> MobileStyles::NamesOf(std::string_view type) const {
+    std::vector<std::string_view> names;
+    for (std::string_view line : lines_) {
+        std::size_t equals = line.find('=');
+        if (equals == std::string_view::npos) continue;
+        if (type.empty() || util::GetCommaField(0, line.substr(equals + 1)) == type)
+            names.push_back(line.substr(0, equals));
+    }
+    return names;
+}
+
+std::string_view MobileStyles::FieldsOf(std::uint32_t number) const {
+    if (number >= lines_.size()) return "";
+    std::size_t equals = lines_[number].find('=');
+    return equals == std::string_view::npos ? "" : lines_[number].substr(equals + 1);
 }
 
 std::string MobileStyles::ListFor(std::string_view type) const {
     std::string list;
     for (const NamedColour& colour : styleColours) list.append(list.empty() ? "" : "|").append(colour.name);
     if (!lines_.empty()) list += "|--------------------------";
-    for (std::string_view line : lines_) {
-        std::size_t equals = line.find('=');
-        if (equals == std::string_view::npos) continue;
-        if (type.empty() || util::GetCommaField(0, line.substr(equals + 1)) == type)
-            list.append("|").append(line.substr(0, equals));
-    }
+    for (std::string_view name : NamesOf(type)) list.append("|").append(name);
     return list += "|<Select Mobile StyleFile>";
 }
 

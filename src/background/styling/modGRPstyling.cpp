@@ -26,7 +26,7 @@ constexpr std::string_view fieldKey = "FIELD", heightKey = "HGT";
 
 // --- Reading
 
-/// Items are the values of the keys 1, 2, ... as far as they go.
+/// Items are the values of the keys 1, 2, ... up to the first missing one.
 template <typename Item>
 std::vector<Item> ReadList(const config::IniText& ini, std::string_view section,
                            Item (*itemOf)(std::string_view value)) {
@@ -70,7 +70,7 @@ std::vector<StyleRow> RowsOf(const config::IniText& ini, bool addDefault) {
 
 // --- Writing
 
-/// Joins fields to a value that reads back as they are.
+/// Joins fields to a value that reads back the same.
 std::string Joined(std::initializer_list<std::string_view> fields) {
     std::string value;
     for (std::string_view field : fields) {
@@ -122,7 +122,7 @@ void UseOneColour(std::vector<StyleRow>& rows) {
     for (StyleRow& row : rows) row.lines = row.areas = row.points;
 }
 
-/// Changes a part of a file, which is made when it is not there.
+/// Changes a part of a file, which is created if missing.
 template <typename Part>
 void SavePart(std::string_view file, Part BackgroundStyle::*part, Part content) {
     BackgroundStyle style = LoadBackgroundStyle(file, false);
@@ -131,6 +131,10 @@ void SavePart(std::string_view file, Part BackgroundStyle::*part, Part content) 
 }
 
 }  // namespace
+
+bool IsFlagOn(std::string_view flag) {
+    return util::NumberOf(flag) == -1;
+}
 
 StyleRow DefaultRow() {
     return {std::string(defaultRowName), "Blue", "Blue", "Blue", "0", "-1", "0"};

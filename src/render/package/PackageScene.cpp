@@ -6,6 +6,7 @@
 #include "background/package/PackageProof.h"
 #include "platform/AsciiCase.h"
 #include "platform/Paths.h"
+#include "render/package/StylePens.h"
 #include "util/Angles.h"
 
 #include <algorithm>
@@ -17,9 +18,6 @@ namespace vexlator::render {
 namespace {
 
 using namespace background;
-
-constexpr unsigned areaAlpha = 0x59;
-constexpr std::int32_t thickWeight = 80;
 
 /// Elements become items of the layer and pen that their look asks for.
 class PackageItems {
@@ -51,7 +49,7 @@ public:
                          text.text.rotation / 10.0 / util::degreesPerRadian,
                          {text.characters, TextAnchor::TopLeft});
     }
-    /// @throws platform::ReadError for a wanted layer that is not there
+    /// @throws platform::ReadError for a wanted layer that does not exist
     Scene Take() {
         for (const std::string& name : wanted_)
             if (std::none_of(layers_.begin(), layers_.end(),
@@ -66,7 +64,7 @@ private:
         bool isShown;
     };
 
-    /// Sets layer and pen of the elements to come; false when they are not wanted.
+    /// Sets layer and pen of the following elements; false if they are not wanted.
     bool Choose(const ElementHeader& header, bool isArea) {
         std::uint32_t key = (isArea ? 1U << 16 : 0U) | std::uint32_t{header.classA} << 8 | header.classC;
         auto known = chosen_.find(key);
@@ -82,7 +80,7 @@ private:
                        });
         if (isNew && isShown) layer->second = builder_.AddLayer(look.name);
         Pen pen;
-        // The outline of an area is a line of its own.
+        // The outline of an area is a separate line.
         pen.line = isArea ? 0 : black | look.rgb;
         pen.fill = isArea ? WithAlpha(look.rgb, areaAlpha) : 0;
         pen.weight = look.isThick ? thickWeight : 0;
@@ -91,17 +89,18 @@ private:
 
     const std::vector<std::string>& wanted_;
     SceneBuilder builder_;
-    std::map<std::string_view, std::uint32_t> layers_;  ///< names of looks live for ever
+    std::map<std::string_view, std::uint32_t> layers_;  ///< names of looks have static lifetime
     std::map<std::uint32_t, Chosen> chosen_;
     std::uint32_t layer_ = 0, pen_ = 0;
-    std::uint32_t next_ = 0;  ///< elements so far
+    std::uint32_t next_ = 0;  ///< number of elements so far
 };
 
 }  // namespace
 
 Scene SceneOfPackage(std::string_view path, const SceneOptions& options) {
     PackageReader package(path);
-    ProvePackage(package);
+    if (ProvePackage(package).images > 0)
+        throw platform::ReadError(package.IndexName(), "", "it holds images, which grpinfo --svg draws");
     PackageItems items(options);
     ForEachElement(package, "A", [&](const PackageReader& member, const Tile&, const Element& area) {
         items.AddArea(member, area);

@@ -9,9 +9,9 @@
 
 namespace vexlator::render {
 
-/// What a background package shows, or a mosaic of packages. It is proved first. Layers are the themes of
-/// classified features, and the colours of others: "Buildings", "Red".
-/// @throws platform::ReadError: file, place and reason; also for a wanted layer that is not there
+/// The scene of a background package, or of a mosaic of packages, which is proved first. Layers are the
+/// themes of classified features, and the colours of others: "Buildings", "Red".
+/// @throws platform::ReadError: file, place and reason; also for a wanted layer that does not exist
 Scene SceneOfPackage(std::string_view path, const SceneOptions& options);
 
 }  // namespace vexlator::render
