@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "batch/Batch.h"
 
+#include "batch/ArrayNight.h"
 #include "batch/CommandList.h"
 #include "batch/Night.h"
 #include "batch/Pictures.h"
+#include "batch/Progress.h"
 #include "batch/ReportPage.h"
 #include "batch/Summary.h"
 #include "platform/Files.h"
@@ -14,16 +16,13 @@
 #include "util/Paths.h"
 
 #include <cstdio>
+#include <memory>
 
 namespace vexlator::batch {
 
 namespace {
 
 using startup::ExitStatus;
-
-void Tell(const std::string& line) {
-    std::fputs((line + "\n").c_str(), stderr);
-}
 
 class Batch {
 public:
@@ -33,11 +32,12 @@ public:
     ExitStatus Run() {
         Journal journal(list_.journal);
         if (options_.resume) ReadEarlier(journal);
+        std::unique_ptr<CommandRunner> night = MakeRunner(journal);
         journal.Begin(list_.name, list_.commands.size(), options_.resume);
-        Night night(options_, perform_, conversions_, list_.commands, journal);
-        ExitStatus status = RunNight(night);
-        std::fputs(SummaryText(night.Result(), night.Seconds(), list_.commands, journal).c_str(), stderr);
+        ExitStatus status = RunNight(*night);
+        std::fputs(SummaryText(night->Result(), night->Seconds(), list_.commands, journal).c_str(), stderr);
         Tell("journal " + journal.Name());
+        if (options_.noReport) return status;
         if (!WriteReport(journal, status) && status == ExitStatus::Done) return ExitStatus::Failed;
         return status;
     }
@@ -62,21 +62,27 @@ private:
             Tell(util::Counted(damaged, "line") + " of " + journal.Name() +
                  " cannot be read; their commands run again");
     }
-    static ExitStatus RunNight(Night& night) {
+    std::unique_ptr<CommandRunner> MakeRunner(Journal& journal) const {
+        auto array = std::make_unique<ArrayNight>(options_, conversions_, list_.commands, journal);
+        array->FinishEarlier();
+        if (options_.slurm) return array;
+        return std::make_unique<Night>(options_, perform_, conversions_, list_.commands, journal);
+    }
+    static ExitStatus RunNight(CommandRunner& night) {
         try {
             night.Run();
         } catch (const platform::Stopped&) {
             platform::AcceptStop();
-            Tell("stopped; --resume goes on from here");
+            Tell("stopped; --resume continues from here");
             return ExitStatus::Interrupted;
         } catch (const platform::WriteError& error) {
             Tell("stopped, because the journal cannot be written: " + std::string(error.what()) +
-                 "; --resume goes on from here");
+                 "; --resume continues from here");
             return ExitStatus::Failed;
         }
         return night.Result().NotDone() == 0 ? ExitStatus::Done : ExitStatus::Failed;
     }
-    /// A report without them is better than none.
+    /// A report without pictures is better than none.
     Pictures TakePictures(Journal& journal) const {
         try {
             return DrawPictures(list_.commands, journal, options_.pictures, Jobs(options_));

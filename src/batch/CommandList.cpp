@@ -30,12 +30,12 @@ std::string ReadStandardInput() {
     return text;
 }
 
-/// Editors on Windows write UTF-16, too.
+/// Editors on Windows also write UTF-16.
 std::string DecodeList(std::string_view bytes, const std::string& name) {
     bool little = bytes.starts_with("\xFF\xFE"), big = bytes.starts_with("\xFE\xFF");
     if (little || big) return platform::Decoder(little ? "UTF-16LE" : "UTF-16BE").Decode(bytes.substr(2));
     if (bytes.find('\0') != std::string_view::npos)
-        throw ListError(name + " is no list of commands: it holds bytes that are no text");
+        throw ListError(name + " is not a list of commands: it contains bytes that are not text");
     return platform::DecodeText(bytes);
 }
 
@@ -74,7 +74,7 @@ public:
         if (leftOut_ > 0)
             list_.remarks.push_back(util::Counted(leftOut_, "file") +
                                     (imports_ ? " left out that nothing imports"
-                                              : " left out that are no drawings (.VDF); import them first"));
+                                              : " left out that are not drawings (.VDF); import them first"));
     }
 
 private:

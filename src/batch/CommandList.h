@@ -11,7 +11,7 @@
 
 namespace vexlator::batch {
 
-/// Why no commands can be had from what was given.
+/// The reason why the given list, folder or input gives no commands.
 class ListError : public std::runtime_error {
 public:
     using runtime_error::runtime_error;
@@ -20,8 +20,8 @@ public:
 struct CommandList {
     std::vector<std::string> commands;  ///< each once, in the order of the list
     std::string name;                   ///< native path of the list or folder; "standard input"
-    std::string journal;                ///< native path that goes with it
-    std::vector<std::string> remarks;   ///< what was left out
+    std::string journal;                ///< native path of the list's companion files
+    std::vector<std::string> remarks;   ///< what was left out, for the user
 };
 
 /// The commands of the list, the folder or standard input. @throws ListError, platform::ReadError

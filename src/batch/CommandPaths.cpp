@@ -2,23 +2,28 @@
 // SPDX-License-Identifier: MIT
 #include "batch/CommandPaths.h"
 
+#include "database/FmoDefinition.h"
 #include "import/SourceFiles.h"
 #include "platform/AsciiCase.h"
+#include "platform/Errors.h"
 #include "platform/FileStamp.h"
 #include "platform/Paths.h"
+#include "platform/Process.h"
 #include "startup/CommandLine.h"
 #include "startup/Sources.h"
 #include "startup/Tidied.h"
 #include "util/Paths.h"
 #include "util/Text.h"
 
+#include <algorithm>
 #include <array>
+#include <utility>
 
 namespace vexlator::batch {
 
 namespace {
 
-/// Files that are read along with a source, by its format code.
+/// Companion files of a source, by its format code.
 struct Companions {
     std::string_view code;
     std::array<std::string_view, 4> endings;
@@ -35,33 +40,55 @@ void AddSource(std::vector<Source>& sources, const std::string& native) {
         sources.push_back({native, stamp->size, TimeText(stamp->time, nanoseconds)});
 }
 
+/// The database whose table a definition names. A definition that cannot be read is for its import to tell.
+void AddDatabase(std::vector<Source>& sources, const std::string& definition) {
+    try {
+        AddSource(sources, database::DatabaseFileOf(database::ReadFmoFile(definition)));
+    } catch (const platform::ReadError&) {
+    }
+}
+
 void AddWithCompanions(std::vector<Source>& sources, const std::string& path) {
     std::string native = platform::FindExisting(path);
     AddSource(sources, native);
     std::string code = platform::UpperAscii(util::ExtensionOf(native));
+    if (code == "FMO") AddDatabase(sources, native);
     for (const Companions& known : companions) {
         if (known.code != code) continue;
         for (std::string_view ending : known.endings) {
             if (ending.empty()) continue;
-            // Looked for by name: a search without letter case would list the folder for every missing one.
+            // Searches by exact name: a search in any letter case would list the folder for every missing
+            // file.
             AddSource(sources, util::ChangeExtension(native, ending));
             AddSource(sources, util::ChangeExtension(native, platform::UpperAscii(ending)));
         }
     }
 }
 
-/// The path as a key: letter case does not tell files apart.
+/// The path as a key: paths that differ only in letter case are the same file.
 std::string DrawingKey(const std::string& folder, const std::string& name) {
     return platform::LowerAscii(platform::NativePath(util::JoinPath(folder, name)));
 }
 
-CommandPaths PathsOfImport(const startup::Conversions& conversions, std::string_view text) {
+/// Where a command puts what it makes instead of its usual place, absolute; "" when it does not say.
+std::string TargetFolder(const std::vector<std::string>& arguments) {
+    std::string folder;
+    for (std::size_t i = 1; i < arguments.size(); ++i) {
+        if (arguments[i].starts_with("--to=")) folder = arguments[i].substr(5);
+        if (arguments[i] == "--to" && i + 1 < arguments.size()) folder = arguments[++i];
+    }
+    return folder.empty() ? folder : platform::AbsolutePath(folder);
+}
+
+CommandPaths PathsOfImport(const startup::Conversions& conversions, std::string_view text,
+                           const std::string& target) {
     CommandPaths paths;
     std::vector<std::string> sources = startup::FindSources(conversions, startup::ImportArgument(text)).paths;
     if (sources.empty()) return paths;
     std::string folder = util::FolderOf(sources.front());
-    std::string drawing = importer::DrawingPath(sources.front(), folder);
-    paths.drawing = DrawingKey(folder, util::BaseNameOf(drawing));
+    std::string made = target.empty() ? folder : target;
+    std::string drawing = importer::DrawingPath(sources.front(), made);
+    paths.drawing = DrawingKey(made, util::BaseNameOf(drawing));
     const startup::ImportRow* row = conversions.FindImport(util::ExtensionOf(sources.front()));
     if (row && row->addsToDrawing) paths.addedTo = platform::NativePath(drawing);
     for (const std::string& source : sources) {
@@ -71,10 +98,11 @@ CommandPaths PathsOfImport(const startup::Conversions& conversions, std::string_
     return paths;
 }
 
-CommandPaths PathsOfExport(std::string_view text) {
+CommandPaths PathsOfExport(std::string_view text, const std::string& target) {
     CommandPaths paths;
     startup::ExportCommand command = startup::ParseExport(text);
-    paths.drawing = DrawingKey(util::FolderOf(command.targetPath), util::FileNameOf(command.targetPath));
+    std::string made = target.empty() ? util::FolderOf(command.targetPath) : target;
+    paths.drawing = DrawingKey(made, util::FileNameOf(command.targetPath));
     AddSource(paths.sources, platform::FindExisting(command.drawingPath));
     return paths;
 }
@@ -87,15 +115,26 @@ std::vector<Source> SourceOf(const std::string& native) {
     return sources;
 }
 
+std::vector<std::string> ArgumentsOf(std::string_view command) {
+    std::size_t options = command.size();
+    for (std::string_view name : {" --to ", " --to=", " --set ", " --set="})
+        options = std::min(options, command.find(name));
+    std::vector<std::string> arguments{std::string(util::Trim(command.substr(0, options)))};
+    for (std::string& option : platform::SplitArguments(command.substr(options)))
+        arguments.push_back(std::move(option));
+    return arguments;
+}
+
 CommandPaths PathsOf(const startup::Conversions& conversions, std::string_view command) {
-    std::string text(command);
+    std::vector<std::string> arguments = ArgumentsOf(command);
+    std::string text = arguments.front(), target = TargetFolder(arguments);
     while (startup::TakeYes(text)) {
     }
     startup::TakeQuiet(text);
     startup::TakeExtent(text);
     text = startup::Tidied(conversions, util::Trim(startup::WithoutQuotes(util::Trim(text))));
-    return startup::ModeOf(text) == startup::Mode::Import ? PathsOfImport(conversions, text)
-                                                          : PathsOfExport(text);
+    return startup::ModeOf(text) == startup::Mode::Import ? PathsOfImport(conversions, text, target)
+                                                          : PathsOfExport(text, target);
 }
 
 }  // namespace vexlator::batch

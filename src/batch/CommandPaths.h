@@ -11,18 +11,22 @@
 
 namespace vexlator::batch {
 
-/// What a command reads and writes, as far as its text and the disk tell.
+/// The files that a command reads and writes, as far as its text and the disk show.
 struct CommandPaths {
-    /// Names the drawing that the command makes or reads, and with it the folder of the drawing's exports.
-    /// Commands with the same one must not run at the same time.
+    /// Identifies the drawing that the command makes or reads, and with it the folder of the drawing's
+    /// exports. Commands with the same key must not run at the same time.
     std::string drawing;
-    /// The files that are there of those that it reads: the drawing; or the sources, with the files that
-    /// belong to them.
+    /// Its existing input files: the drawing; or the sources with their companion files.
     std::vector<Source> sources;
-    /// Native path of the drawing that the command adds to, so that it must not run twice; "" for others,
-    /// which replace what they make.
+    /// Native path of the drawing that the command adds to, so that it must not run twice; "" for commands
+    /// that replace their output.
     std::string addedTo;
 };
+/// A command of a list as the program's arguments: its text, then what stands behind it from the first --to
+/// or
+/// --set on, where blanks separate arguments and double quotes enclose one.
+std::vector<std::string> ArgumentsOf(std::string_view command);
+
 /// The file as it is; nothing when it is not there.
 std::vector<Source> SourceOf(const std::string& native);
 CommandPaths PathsOf(const startup::Conversions& conversions, std::string_view command);

@@ -125,6 +125,7 @@ std::string Entry::ToJson() const {
     text.Number("exit", static_cast<std::uint64_t>(exit));
     text.Number("layers", layers);
     text.Number("features", features);
+    text.Text("target", outputs.empty() ? "" : outputs.front());
     text.Texts("outputs", outputs);
     text.Text("losses", losses);
     text.Texts("messages", messages);

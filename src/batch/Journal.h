@@ -14,21 +14,20 @@
 
 namespace vexlator::batch {
 
-/// What a night did, line by line, on the disk. All that is reported of it comes from here.
+/// The record of a batch run, line by line, on the disk. The whole report comes from it.
 class Journal {
 public:
-    /// @throws platform::WriteError, also when another run has the journal
+    /// @throws platform::WriteError, also if another run has the journal
     explicit Journal(std::string_view path) : file_(path) {}
 
-    /// Takes in what earlier runs did.
-    /// @returns how many lines could not be read; their commands count as not run
+    /// Reads the results of earlier runs.
+    /// @returns the number of unreadable lines; their commands count as not run
     std::size_t ReadEarlier();
-    /// Begins a run. One that does not resume makes everything that stands above its first line void.
-    /// @throws platform::WriteError
+    /// Begins a run. A run that does not resume makes all earlier lines void. @throws platform::WriteError
     void Begin(std::string_view list, std::size_t commands, bool resume);
     /// Adds the lines of entries. @throws platform::WriteError
     void Append(const std::vector<Entry>& entries);
-    /// The last entry of a command, from this run or those that it goes on with.
+    /// The last entry of a command, from this run or the runs that it resumes.
     std::optional<Entry> Last(const std::string& command);
     const std::string& Name() const { return file_.Name(); }
 

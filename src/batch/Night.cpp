@@ -15,8 +15,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Duration = std::chrono::duration<double>;
 
-constexpr double betweenLooks = 0.25;
-/// What a command that was asked to stop may take to put its files away.
+/// Time for a stopped command to remove its files.
 constexpr Duration grace{3};
 
 platform::Task::Result Report(const CommandResult& result) {
@@ -39,6 +38,15 @@ bool IsStillDone(const Entry& entry, const CommandPaths& paths) {
 
 bool HasEndedUnseen(const Entry& entry, const CommandPaths& paths) {
     return entry.status == Status::Begun && entry.sources != SourceOf(platform::FindExisting(paths.addedTo));
+}
+
+Entry EndedUnseen(Entry entry, const CommandPaths& paths) {
+    entry.status = Status::Done;
+    entry.end = TimeText(Now());
+    entry.sources = paths.sources;
+    entry.outputs = {paths.addedTo};
+    entry.messages = {"it had ended when the batch was stopped; its messages are lost"};
+    return entry;
 }
 
 Night::Night(const Options& options, const Perform& perform, const startup::Conversions& conversions,
@@ -130,13 +138,8 @@ void Night::Begin(const std::string& command, CommandPaths paths) {
 }
 
 void Night::KeepAsDone(Entry entry, const CommandPaths& paths) {
-    entry.status = Status::Done;
-    entry.end = TimeText(Now());
-    entry.sources = paths.sources;
-    entry.outputs = {paths.addedTo};
-    entry.messages = {"it had come to its end when the batch was stopped; what it told is lost"};
     ++totals_.ended[Status::Done];
-    ended_.push_back(std::move(entry));
+    ended_.push_back(EndedUnseen(std::move(entry), paths));
 }
 
 platform::Task Night::TaskFor(const std::string& command) {

@@ -19,29 +19,43 @@
 
 namespace vexlator::batch {
 
-/// How many commands run at a time.
+/// Number of commands that run at the same time.
 unsigned Jobs(const Options& options);
 
 /// Whether an entry of the journal says that the command need not run again: it was done, its sources are
-/// what they were, and what it made is there.
+/// unchanged, and its output exists.
 bool IsStillDone(const Entry& entry, const CommandPaths& paths);
 
-/// Whether an entry says that the command began to add to a drawing, which has changed since: it was killed
+/// Whether an entry says that the command began to add to a drawing that has changed since: it was killed
 /// between its end and its line.
 bool HasEndedUnseen(const Entry& entry, const CommandPaths& paths);
 
+/// The entry of such a command as that of one that is done.
+Entry EndedUnseen(Entry entry, const CommandPaths& paths);
+
+/// What runs the commands of a list and keeps what became of them in the journal.
+class CommandRunner {
+public:
+    virtual ~CommandRunner() = default;
+    /// Runs what has to be run. @throws platform::Stopped once the commands that ran have been stopped and
+    /// their lines are in the journal; platform::WriteError when the journal cannot be written
+    virtual void Run() = 0;
+    const Totals& Result() const { return totals_; }
+    double Seconds() const { return progress_.Seconds(); }
+
+protected:
+    Totals totals_;
+    Progress progress_;
+};
+
 /// Runs commands side by side, each in one of a few processes. Those of one drawing run one after the other,
 /// in the order of the list.
-class Night {
+class Night : public CommandRunner {
 public:
     Night(const Options& options, const Perform& perform, const startup::Conversions& conversions,
           const std::vector<std::string>& commands, Journal& journal);
 
-    /// Runs what has to be run. @throws platform::Stopped once the commands that ran have been stopped and
-    /// their lines are in the journal; platform::WriteError when the journal cannot be written
-    void Run();
-    const Totals& Result() const { return totals_; }
-    double Seconds() const { return progress_.Seconds(); }
+    void Run() override;
 
 private:
     using Time = std::chrono::steady_clock::time_point;
@@ -50,21 +64,21 @@ private:
         Entry entry;
         platform::Task task;
         Time begin;
-        Time asked = {};  ///< when it was asked to stop
+        Time asked = {};  ///< time of the request to stop
     };
 
     struct Next {
         std::size_t index = 0;
-        std::optional<std::string> drawing;  ///< when it is kept for this command
+        std::optional<std::string> drawing;  ///< reserved for this command
     };
 
     void RunAll();
-    /// Starts commands until enough of them run.
+    /// Starts commands until enough of them are running.
     void Fill();
     std::optional<Next> TakeNext();
     void Begin(const std::string& command, CommandPaths paths);
     void KeepAsDone(Entry entry, const CommandPaths& paths);
-    /// A process that is at the command.
+    /// The process of the command.
     platform::Task TaskFor(const std::string& command);
     /// Lets the next command of the drawing run.
     void Release(const std::string& drawing);
@@ -82,16 +96,14 @@ private:
     Journal& journal_;
     unsigned jobs_;
     std::size_t next_ = 0;
-    platform::Task::Work work_;  ///< what the processes do with a command
+    platform::Task::Work work_;  ///< the work of the processes for a command
     std::list<Running> running_;
     std::vector<platform::Task> idle_;  ///< processes that wait for a command
-    std::deque<Next> ready_;            ///< commands whose drawing has just become free for them
-    /// The drawings that are being worked on, each with the commands that wait for it.
+    std::deque<Next> ready_;            ///< commands whose drawing is no longer in use
+    /// The drawings in use, each with its waiting commands.
     std::unordered_map<std::string, std::deque<std::size_t>> busy_;
-    std::vector<Entry> ended_;  ///< not in the journal yet
+    std::vector<Entry> ended_;  ///< entries that are not in the journal yet
     bool isCancelled_ = false;
-    Totals totals_;
-    Progress progress_;
 };
 
 }  // namespace vexlator::batch

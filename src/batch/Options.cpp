@@ -22,10 +22,10 @@ struct Flag {
 constexpr Flag flags[] = {
     {"--resume", &Options::resume}, {"--dry-run", &Options::dryRun}, {"--json", &Options::json},
     {"--yes", &Options::yesToAll},  {"--strict", &Options::strict},  {"--help", &Options::help},
-    {"-h", &Options::help},
+    {"-h", &Options::help},         {"--slurm", &Options::slurm},    {"--no-report", &Options::noReport},
 };
 
-/// A number above 0 of at most `most`; else the error says what the option takes.
+/// A number above 0 and at most `most`; otherwise the error says which values are valid.
 double NumberIn(Options& options, std::string_view name, std::string_view value, double most) {
     double number = util::NumberOf(value);
     if (!util::IsWhollyNumber(value) || number < 0 || number > most)
@@ -48,6 +48,11 @@ constexpr Setting settings[] = {
     {"--to", SetFormats},
     {"--journal", [](Options& o, std::string_view, std::string_view value) { o.journal = value; }},
     {"--report", [](Options& o, std::string_view, std::string_view value) { o.report = value; }},
+    {"--array",
+     [](Options& o, std::string_view name, std::string_view value) {
+         o.slices = static_cast<unsigned>(NumberIn(o, name, value, 1000));
+     }},
+    {"--sbatch", [](Options& o, std::string_view, std::string_view value) { o.sbatchOptions = value; }},
     {"--jobs",
      [](Options& o, std::string_view name, std::string_view value) {
          o.jobs = static_cast<unsigned>(NumberIn(o, name, value, 1000));
@@ -77,6 +82,8 @@ bool SetFlag(Options& options, std::string_view name) {
 void CheckTogether(Options& options) {
     if (options.list.empty())
         options.error = "--batch needs a list of commands, a folder, or - for standard input";
+    if (!options.slurm && (options.slices > 0 || !options.sbatchOptions.empty()))
+        options.error = "--array and --sbatch go with --slurm";
     if (options.match.empty() != options.formats.empty()) options.error = "--match and --to go together";
 }
 
@@ -107,22 +114,26 @@ Options ParseOptions(std::span<const char* const> arguments) {
 constexpr std::string_view helpText =
     R"(vexlator --batch: many commands, several at a time, with a journal and a report
 
-  vexlator --batch LIST                            the commands of a text file, one a line
+  vexlator --batch LIST                            the commands of a text file, one per line
   vexlator --batch -                               the commands of standard input
-  vexlator --batch FOLDER --match '*.shp' --to VDF imports what matches, in all sub-folders
+  vexlator --batch FOLDER --match '*.shp' --to VDF imports matching files, in all sub-folders
   vexlator --batch FOLDER --match '*.VDF' --to SHP,KML
-                                                   exports the drawings that match
+                                                   exports the matching drawings
 
   --resume            goes on where an earlier run stopped: runs what is not done, what failed, and what has
                       changed since
   --jobs N            commands at a time; without it, one for each processor
+  --slurm             runs the list as a job array of a Slurm cluster that shares its files, and waits for it
+  --array N           at most so many tasks of the array; without it, 16
+  --sbatch "OPTIONS"  options for sbatch, as in --sbatch "--partition=night --time=8:00:00"
   --timeout SECONDS   stops a command that takes longer; without it, none is stopped
   --dry-run           prints the commands that would run, and runs none
   --yes               answers every question with Yes; without it the answer is No
-  --strict            takes a command whose output could not hold something for failed
-  --json              prints the line of the journal of every command that ends
+  --strict            counts a command with losses in its output as failed
+  --json              prints the journal line of every finished command
   --journal FILE      without it, LIST.journal; in a folder, and for standard input, vexlator-batch.journal
   --report FILE       a page for a browser; without it, the journal's name with .html
+  --no-report         writes none
   --pictures N        drawings that the report shows, where vdfpicture is installed; without it, 200
 
 Blank lines of a list, and lines that begin with #, are skipped. Exit status: 0 all commands are done; 1 some are

@@ -18,7 +18,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr auto longest = std::chrono::seconds(20);  ///< that drawing one picture may take
+constexpr auto longest = std::chrono::seconds(20);  ///< time limit for one picture
 
 struct Drawn {
     std::string drawing, picture;
@@ -39,7 +39,7 @@ std::deque<std::string> FirstDrawings(const std::vector<std::string>& commands, 
     return drawings;
 }
 
-/// Takes the pictures that are there.
+/// Collects the finished pictures.
 void TakeDrawn(std::list<Drawn>& running, Pictures& pictures) {
     for (auto it = running.begin(); it != running.end();) {
         auto drawn = it++;

@@ -10,8 +10,8 @@
 
 namespace vexlator::batch {
 
-/// Small pictures of the first drawings that the commands made or exported, at most so many, drawn by
-/// vdfpicture; none where that program is not beside this one. A drawing that it cannot draw has none.
+/// Small pictures of the first drawings that the commands made or exported, limited in number, drawn by
+/// vdfpicture. None if that program is not beside this one. A drawing with an error has none.
 /// @throws platform::Stopped
 Pictures DrawPictures(const std::vector<std::string>& commands, Journal& journal, std::size_t most,
                       unsigned jobs);

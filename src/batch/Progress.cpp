@@ -20,6 +20,10 @@ constexpr auto betweenLines = 60s;
 
 }  // namespace
 
+void Tell(const std::string& line) {
+    std::fputs((line + "\n").c_str(), stderr);
+}
+
 std::size_t Totals::Ended() const {
     std::size_t sum = 0;
     for (const auto& [status, count] : ended) sum += count;

@@ -12,10 +12,10 @@
 
 namespace vexlator::batch {
 
-/// How many commands ended in which way.
+/// Number of commands by the way they ended.
 struct Totals {
     std::size_t commands = 0;
-    std::size_t doneBefore = 0;  ///< by an earlier run that this one goes on with
+    std::size_t doneBefore = 0;  ///< done by an earlier run that this run resumes
     std::map<Status, std::size_t> ended;
     std::size_t withLosses = 0;
 
@@ -27,13 +27,19 @@ struct Totals {
     std::size_t NotDone() const { return commands - doneBefore - Count(Status::Done); }
 };
 
-/// Shows how far a night is: one line of a terminal that is rewritten, else a plain line now and then.
+/// Seconds between looks at what runs.
+constexpr double betweenLooks = 0.25;
+
+/// Writes a line for people, to standard error.
+void Tell(const std::string& line);
+
+/// Shows the progress of a batch run: one rewritten line of a terminal, else a plain line from time to time.
 class Progress {
 public:
     Progress();
     /// Cheap enough for every command.
     void Show(const Totals& totals);
-    /// Takes the line away.
+    /// Removes the line.
     void Clear() { line_.Erase(); }
     double Seconds() const;
 

@@ -27,7 +27,7 @@ std::string Base64(std::string_view bytes) {
     return text;
 }
 
-/// The data of the page as JSON. The names are short because there is a row for every command.
+/// The data of the page as JSON. The names are short because there is a row per command.
 class PageData {
 public:
     explicit PageData(std::string_view list, const std::string& journal) {
@@ -51,7 +51,7 @@ public:
         if (picture != pictures.end()) Text("p", Base64(picture->second));
         text_ += '}';
     }
-    /// As it may stand in a page: no text can end the script that holds it.
+    /// Escaped for a page: no text can end its script element.
     std::string Take() { return util::ReplaceAll(std::move(text_) + "]}", "<", "\\u003c"); }
 
 private:

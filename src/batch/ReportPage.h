@@ -14,11 +14,11 @@ namespace vexlator::batch {
 /// Pictures of drawings, by the native path of the drawing: PNG files as bytes.
 using Pictures = std::map<std::string, std::string>;
 
-/// The drawing that a command which is done has made, or has exported.
+/// The drawing that a finished command has made or exported.
 std::string DrawingOf(const Entry& entry);
 
-/// The page that tells of a night: one HTML file that needs no other. It holds what the journal says of each
-/// command of the list.
+/// The report of a batch run: one self-contained HTML file with the journal's data about each command of the
+/// list.
 std::string ReportPage(std::string_view list, const std::vector<std::string>& commands, Journal& journal,
                        const Pictures& pictures);
 

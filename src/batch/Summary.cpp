@@ -10,7 +10,7 @@ namespace vexlator::batch {
 
 namespace {
 
-/// A row of the table: what, and how many; none for a count of 0.
+/// A row of the table: a label and a number; no row for 0.
 std::string Row(std::string_view what, std::size_t count) {
     constexpr std::size_t nameWidth = 14, countWidth = 10;
     std::string number = util::GroupedCount(count), row = "  " + std::string(what);
@@ -20,7 +20,7 @@ std::string Row(std::string_view what, std::size_t count) {
     return row + number + "\n";
 }
 
-/// The line that says why: a message, else the last one.
+/// The line with the reason: a message, else the last line.
 std::string ReasonOf(const Entry& entry) {
     for (const std::string& message : entry.messages)
         if (message.starts_with("message: ")) return message.substr(9);

@@ -10,8 +10,8 @@
 
 namespace vexlator::batch {
 
-/// What is told at the end of a night: how many commands ended in which way, and what became of the first
-/// that are not done. Lines with their ends.
+/// The text at the end of a batch run: the number of commands by the way they ended, and the results of the
+/// first commands that are not done. Lines with their line ends.
 std::string SummaryText(const Totals& totals, double seconds, const std::vector<std::string>& commands,
                         Journal& journal);
 
