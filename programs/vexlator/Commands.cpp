@@ -5,6 +5,8 @@
 #include "batch/Entry.h"
 #include "platform/Paths.h"
 #include "platform/Terminal.h"
+#include "startup/CommandLine.h"
+#include "startup/go/GoFlow.h"
 #include "ui/terminal/TerminalInterface.h"
 
 #include <chrono>
@@ -18,7 +20,7 @@ namespace {
 
 using startup::ExitStatus;
 
-/// Shows what it is given, and keeps it.
+/// Shows messages, and keeps them.
 class RecordingInterface : public ui::TerminalInterface {
 public:
     using TerminalInterface::TerminalInterface;
@@ -46,9 +48,10 @@ batch::Status StatusOf(ExitStatus status) {
     return status == ExitStatus::Interrupted ? batch::Status::Interrupted : batch::Status::Failed;
 }
 
-/// Why a window is not opened.
+/// GO goes on without its window; why it is not opened for others.
 startup::SelectionWindow NoWindow(ui::UserInterface& userInterface, const std::string& command) {
-    return [&userInterface, command](config::Run&, std::string_view) {
+    return [&userInterface, command](config::Run& run, std::string_view received) {
+        if (startup::IsGo(received)) return startup::PerformGo(run, received);
         userInterface.Report("vexlator: \"" + command + "\" is no conversion");
         return ExitStatus::NothingToDo;
     };
@@ -75,6 +78,10 @@ batch::CommandResult PerformCommand(const Options& options, ui::UserInterface& u
 
 batch::CommandResult PerformInBatch(const Options& options) {
     ui::TerminalInterface terminal(stdin, stderr, {.yesToAll = options.yesToAll});
+    if (!options.error.empty()) {
+        terminal.Report("vexlator: " + options.error);
+        return {.status = ExitStatus::NotUsable, .outcome = {}, .losses = ""};
+    }
     return PerformCommand(options, terminal, NoWindow(terminal, options.commandText));
 }
 

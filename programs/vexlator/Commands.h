@@ -9,14 +9,14 @@
 
 namespace vexlator {
 
-/// Performs the command of the options and tells what came of it.
+/// Performs the command of the options and reports the results.
 batch::CommandResult PerformCommand(const Options& options, ui::UserInterface& userInterface,
                                     const startup::SelectionWindow& showSelection);
 
-/// The same for a command of a batch: it has no window and nobody to answer.
+/// The same for a command of a batch: without windows and without a user to answer.
 batch::CommandResult PerformInBatch(const Options& options);
 
-/// The same, and prints what came of it to standard output, as one JSON object on a line.
+/// The same, and prints the results to standard output, as one JSON object on a line.
 startup::ExitStatus PerformAsJson(const Options& options);
 
 }  // namespace vexlator

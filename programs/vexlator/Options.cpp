@@ -17,7 +17,7 @@ struct TaskName {
     std::string_view name;
     Task task;
 };
-/// What people type for it, in any letter case.
+/// Common spellings of the option, in any letter case.
 constexpr TaskName taskNames[] = {
     {"--help", Task::Help},
     {"-help", Task::Help},
@@ -37,7 +37,7 @@ constexpr TaskName taskNames[] = {
     {"--mosaic", Task::Mosaic},
     {"-mosaic", Task::Mosaic},
 };
-/// These could begin a path, so they have to stand alone.
+/// These could begin a path, so they must be separate words.
 constexpr TaskName loneNames[] = {{"help", Task::Help}, {"version", Task::Version}};
 
 struct Flag {
@@ -97,7 +97,7 @@ bool TakeValue(Options& options, std::span<const char* const>& arguments) {
     return false;
 }
 
-/// Takes the option that stands first; false when none does.
+/// Takes the first option; false if there is none.
 bool TakeOption(Options& options, std::span<const char* const>& arguments) {
     bool taken = SetFlag(options, arguments[0]) || TakeValue(options, arguments);
     if (taken && !arguments.empty()) arguments = arguments.subspan(1);
@@ -127,7 +127,7 @@ void Append(std::string& text, std::string_view word) {
     text += word;
 }
 
-/// The command, and the options before and behind it.
+/// The command, and the options before and after it.
 Options CommandOptions(Options options, std::span<const char* const> arguments) {
     bool literal = false;
     while (!arguments.empty()) {

@@ -61,7 +61,7 @@ private:
         return present;
     }
     static bool IsFolder(const std::string& path) { return !path.empty() && platform::FolderExists(path); }
-    /// Folders that a new installation lacks have a line only where they are set.
+    /// Folders that a new installation lacks have a line only if they are set.
     void Folder(const config::Key& key) {
         std::string path = run_.ReadIni(key.section, key.name);
         std::string fallback(key.fallback.empty() ? "required" : key.fallback);

@@ -7,8 +7,8 @@
 
 namespace vexlator::startup {
 
-/// Reports what the installation is configured to use, what of it is missing, and which database drivers and
-/// correction grids this computer has. Changes nothing. Done when conversions can run, else NotUsable.
+/// Reports the configuration of the installation, its missing parts, and the database drivers and correction
+/// grids of this computer. Changes nothing. Returns Done if conversions can run, else NotUsable.
 ExitStatus CheckInstallation(ui::UserInterface& userInterface);
 
 }  // namespace vexlator::startup

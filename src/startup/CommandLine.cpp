@@ -15,7 +15,7 @@ namespace {
 constexpr std::string_view quietSwitch = "-QUIET";
 constexpr std::string_view boxSwitch = "?BOX";
 
-/// The text from a position on; "" when it is shorter.
+/// The text from a position on; "" if it is shorter.
 std::string_view From(std::string_view text, std::size_t position) {
     return position < text.size() ? text.substr(position) : std::string_view();
 }
@@ -24,7 +24,7 @@ GoOption ParseGoOption(std::string_view item) {
     return {std::string(util::GetField(0, item, "=")), std::string(util::GetField(1, item, "="))};
 }
 
-/// A closed extent block in a text: its place, and the text of its values.
+/// A closed extent block in a text: its position, and the text of its values.
 struct ExtentBlock {
     std::size_t begin, size;
     std::string_view values;
@@ -116,7 +116,7 @@ Mode ModeOf(std::string_view text) {
 }
 
 std::string_view ImportArgument(std::string_view text) {
-    // Switches that stood before the path leave blanks behind.
+    // Switches before the path leave blanks behind.
     return util::Trim(From(text, importWord.size() + 1));
 }
 

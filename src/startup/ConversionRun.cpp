@@ -39,7 +39,7 @@ ExitStatus StatusOf(const Outcome& outcome) {
     return ExitStatus::Failed;
 }
 
-/// Ends a run with what it did, as in "exported SHP", and what it could not keep.
+/// Ends a run with its results, as in "exported SHP", and its losses.
 void Summarise(config::Run& run, const std::string& done, const std::string& remark = "") {
     const Outcome& outcome = run.Outcome();
     run.Ui().Report(done + ": " + util::Counted(outcome.layers, "layer") + ", " +
@@ -48,7 +48,7 @@ void Summarise(config::Run& run, const std::string& done, const std::string& rem
     if (!run.Losses().Empty()) run.Ui().Report(run.Losses().Line());
 }
 
-/// Why an export that is done holds no feature.
+/// Why a finished export has no features.
 std::string NoFeaturesRemark(const ExportCommand& command) {
     drawing::DrawingFile file(command.drawingPath);
     std::uint64_t count = file.EntityCount();
@@ -57,7 +57,7 @@ std::string NoFeaturesRemark(const ExportCommand& command) {
     drawing += " has " + util::Counted(count, "feature");
     bool isFrozen = !file.FindFirst(
         [&](const drawing::Entity& entity) { return !file.Current().layers()[entity.layerIndex()].frozen; });
-    return drawing + (isFrozen ? ", on frozen layers alone, which are not exported"
+    return drawing + (isFrozen ? ", all on frozen layers, which are not exported"
                                : ", none that " + command.code + " takes");
 }
 
@@ -84,10 +84,11 @@ struct SourceSettings {
 using Keys = config::Keys<SourceSettings>;
 
 constexpr config::KeyOf<SourceSettings> keys[] = {
-    Keys::Flag("THIRD", "CAW", &SourceSettings::meterReadings, ".TXT imports are meter readings, not tables"),
+    Keys::Flag("THIRD", "CAW", &SourceSettings::meterReadings,
+               ".TXT files are imported as meter readings, not as tables"),
 };
 
-/// A text file is a table, or a meter-reading file where the installation says so.
+/// A text file is a table, or a meter-reading file if the installation says so.
 std::string ChooseKindOfText(const config::Run& run, ImportCommand& command) {
     bool isReadings = config::ReadKeys<SourceSettings>(run.Installation(), keys).meterReadings;
     command.code = isReadings ? "PPS" : "CSV";
@@ -96,7 +97,7 @@ std::string ChooseKindOfText(const config::Run& run, ImportCommand& command) {
            " is a file of meter readings, because [THIRD] CAW of gv.ini is 1; ";
 }
 
-/// A job file too short to hold a job stands for the ADT file beside it.
+/// A job file too short for a job stands for the ADT file beside it.
 std::string ChooseFileOfJob(ImportCommand& command) {
     constexpr std::uint64_t shortestJob = 64;
     std::string sibling = util::ChangeExtension(command.sourcePath, "ADT");
@@ -108,14 +109,13 @@ std::string ChooseFileOfJob(ImportCommand& command) {
     return reason;
 }
 
-/// The source that a command means. Returns why it is another one than was named, "" when it is that one.
+/// The source of a command. Returns why it differs from the named one, "" if it is the named one.
 std::string ChooseSource(const config::Run& run, ImportCommand& command) {
     if (command.code == "TXT") return ChooseKindOfText(run, command);
     return command.code == "JOB" ? ChooseFileOfJob(command) : "";
 }
 
-/// For a format that nothing exports to, as in "; did you mean "/data/roads.MID" (MapInfo interchange
-/// files)?"
+/// For a format without an export, as in "; did you mean "/data/roads.MID" (MapInfo interchange files)?"
 std::string MeantExport(const Conversions& conversions, const ExportCommand& command) {
     for (const ExportRow& row : conversions.exports)
         if (IsOneSlipFrom(command.code, row.code))
@@ -125,7 +125,7 @@ std::string MeantExport(const Conversions& conversions, const ExportCommand& com
     return "; formats are " + conversions.ExportList();
 }
 
-/// Does what a signal may stop, and then says what that leaves.
+/// Does work that a signal may stop, and then reports the state of the output.
 ExitStatus Stoppable(config::Run& run, const std::string& left, const std::function<ExitStatus()>& work) {
     try {
         return work();
@@ -135,7 +135,7 @@ ExitStatus Stoppable(config::Run& run, const std::string& left, const std::funct
     }
 }
 
-/// The folder of an export. One that this run made goes again, if it is still empty, unless it is kept.
+/// The folder of an export. A folder made by this run is removed if it is still empty, unless it is kept.
 class TargetFolder {
 public:
     explicit TargetFolder(std::string_view path) : path_(path), made_(!platform::FolderExists(path)) {
@@ -147,7 +147,7 @@ public:
     TargetFolder(const TargetFolder&) = delete;
     TargetFolder& operator=(const TargetFolder&) = delete;
     void Keep() { made_ = false; }
-    /// @throws platform::WriteError: why it could not be made
+    /// @throws platform::WriteError: why it could not be created
     void Require() const { platform::RequireFolder(path_); }
 
 private:
@@ -161,12 +161,12 @@ void RemoveLeftovers(config::Run& run, const std::string& folder) {
 
 ExitStatus Import(config::Run& run, const ImportRow& row, const ImportCommand& command) {
     std::string target = importer::DrawingPath(command.sourcePath, command.sourceFolder);
-    std::string left = platform::NativePath(target) + " is as it was";
+    std::string left = platform::NativePath(target) + " is unchanged";
     try {
         return Stoppable(run, left, [&] {
             RemoveLeftovers(run, command.sourceFolder);
             run.Outcome() = row.call(run, command);
-            // A drawing is saved even when one of several files could not be read.
+            // A drawing is saved even if one of several files could not be read.
             if (!run.Outcome().target.empty()) Summarise(run, "imported " + command.code);
             return StatusOf(run.Outcome());
         });
@@ -185,14 +185,14 @@ ExitStatus Export(config::Run& run, const ExportRow& row, ExportCommand command,
         command.targetPath = run.Settings().FMODirectory;
     if (platform::FileExists(command.drawingPath)) folder.Require();
     std::string target = platform::NativePath(command.targetPath);
-    ExitStatus status = Stoppable(run, target + " is as it was", [&] {
+    ExitStatus status = Stoppable(run, target + " is unchanged", [&] {
         RemoveLeftovers(run, command.targetPath);
         run.Outcome() = row.call(run, command);
         return StatusOf(run.Outcome());
     });
     if (status != ExitStatus::Done) return status;
     folder.Keep();
-    return Stoppable(run, "the export to " + target + " is complete, but not what follows it", [&] {
+    return Stoppable(run, "the export to " + target + " is complete, but the steps after it are not", [&] {
         bool isPacked = RunPostExportSteps(run, command);
         Summarise(run, "exported " + command.code,
                   run.Outcome().features == 0 ? NoFeaturesRemark(command) : "");

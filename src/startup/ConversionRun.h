@@ -12,22 +12,22 @@
 
 namespace vexlator::startup {
 
-/// Ends a command that cannot be run: says why in a plain line.
+/// Ends a command that cannot run: says why in a plain line.
 ExitStatus Refuse(config::Run& run, const std::string& reason, ExitStatus status);
 
-/// Shows what ended a conversion.
+/// Shows the error that ended a conversion.
 void ShowError(config::Run& run, const std::exception& error);
 
-/// Runs the importer of the format that an IMPORT command names. What the importer throws is shown, and one
-/// line says of a drawing that is there that it stays.
+/// Runs the importer of the format in an IMPORT command. Shows the importer's exceptions, with a line that an
+/// existing drawing stays unchanged.
 ExitStatus RunImport(config::Run& run, const Conversions& conversions, std::string_view text);
 
-/// Runs the exporter of the format that a path names, then the steps that follow an export; those also when
-/// nothing exports this format. An export that failed or was stopped leaves neither a record nor an empty
-/// folder that it made. @throws whatever the exporter throws.
+/// Runs the exporter of the format in a path, then the steps after an export, also for a format without an
+/// exporter. A failed or stopped export leaves neither a record nor an empty folder of its own.
+/// @throws exceptions of the exporter
 ExitStatus RunExport(config::Run& run, const Conversions& conversions, std::string_view text);
 
-/// What settings say of the sources that commands name.
+/// Settings for the sources of commands.
 config::KeyList SourceKeys();
 
 }  // namespace vexlator::startup

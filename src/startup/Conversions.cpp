@@ -28,8 +28,8 @@ namespace vexlator::startup {
 
 namespace {
 
-// A new conversion gets a row below; nothing else has to change. One whose operation is not called Start(),
-// or takes more arguments than these, gets a function of its own here.
+// A new conversion gets a row below; nothing else has to change. If its operation is not called Start(), or
+// takes more arguments than these, it gets a function of its own here.
 
 template <typename Form>
 config::Outcome Import(config::Run& run, const ImportCommand& command) {
@@ -46,7 +46,7 @@ config::Outcome ExportText(config::Run& run, const ExportCommand& command) {
     return exporter::frmCSV(run).Start(command.drawingPath, command.targetPath, asc);
 }
 
-/// The command names no style; the settings may.
+/// The command does not name a style, but the settings may.
 config::Outcome BuildPackage(config::Run& run, const ExportCommand& command) {
     return background::frmGRP(run).Start(command.drawingPath, command.targetPath,
                                          background::StyleFileOfCommands(run));
@@ -89,7 +89,7 @@ const Row* Find(std::span<const Row> rows, std::string_view code) {
     return row == rows.end() ? nullptr : &*row;
 }
 
-/// Calls `visit(codes, words)` for the rows that share their words.
+/// Calls `visit(codes, words)` for the rows with equal words.
 template <typename Row, typename Visit>
 void ForEachFormat(std::span<const Row> rows, Visit visit) {
     for (std::size_t i = 0; i < rows.size();) {
@@ -109,7 +109,7 @@ std::string ListOf(std::span<const Row> rows) {
     return list;
 }
 
-/// A line for each of the words, below a heading.
+/// A line for each entry of the words, below a heading.
 template <typename Row>
 std::vector<std::string> LinesOf(std::string heading, std::span<const Row> rows) {
     constexpr std::size_t width = 9;

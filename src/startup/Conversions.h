@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-/// The list of formats: which conversion a format code leads to. There is no other.
+/// The list of formats: the conversion of each format code. There is no other list.
 namespace vexlator::startup {
 
 using ImportCall = config::Outcome (*)(config::Run&, const ImportCommand&);
@@ -18,26 +18,26 @@ using ExportCall = config::Outcome (*)(config::Run&, const ExportCommand&);
 
 struct ImportRow {
     std::string_view code;
-    std::string_view words;  ///< what is read, for people; rows with the same words follow each other
+    std::string_view words;  ///< the source, for the user; rows with the same words are neighbours
     std::string_view form;   ///< name of the conversion form
     ImportCall call;
-    bool addsToDrawing = false;  ///< to one that is there, so that a second import doubles what it brings
+    bool addsToDrawing = false;  ///< to an existing one, so that a second import duplicates its features
 };
 
 struct ExportRow {
     std::string_view code;
-    std::string_view words;  ///< what is written
+    std::string_view words;  ///< the output, for the user
     std::string_view form;
     ExportCall call;
     bool intoFmoDirectory = false;  ///< the results go to FMODirectory, not to the folder beside the drawing
 };
 
-/// The rows that a run chooses from. Rows are tried in order.
+/// The rows for a run. Rows are tried in order.
 struct Conversions {
     std::span<const ImportRow> imports;
     std::span<const ExportRow> exports;
 
-    /// nullptr when the code is in no row.
+    /// nullptr if no row has the code.
     const ImportRow* FindImport(std::string_view code) const;
     const ExportRow* FindExport(std::string_view code) const;
     /// Every code with its words, as in "SHP (shapefiles), MID MIF (MapInfo interchange files)".
@@ -47,7 +47,7 @@ struct Conversions {
     std::string Table() const;
 };
 
-/// Every format that there is.
+/// All formats.
 Conversions AllConversions();
 
 }  // namespace vexlator::startup

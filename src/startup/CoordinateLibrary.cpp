@@ -25,7 +25,7 @@ bool CoordinateLibrary::Copy() const {
         util::MakeFolderTree(util::FolderOf(expected));
         util::CopyFiles(installed, expected);
     } catch (const std::exception&) {
-        // What counts is whether the file is there.
+        // The existence of the file decides.
     }
     return platform::FileExists(expected);
 }

@@ -6,19 +6,19 @@
 
 namespace vexlator::startup {
 
-/// Whether the coordinate library of the workflow software lies where its coordinate tools expect it.
+/// Whether the coordinate library of the workflow software is where its coordinate tools expect it.
 struct CoordinateLibrary {
     enum class State {
-        Fine,     ///< there, or the workflow software is not installed
+        Fine,     ///< exists, or the workflow software is not installed
         CanCopy,  ///< missing, but the installation has a copy
         Missing
     };
     State state = State::Fine;
     std::string expected, installed;  ///< paths
 
-    /// What a person is asked or told; "" when all is fine.
+    /// The question or message for the user; "" if there is none.
     std::string Message() const;
-    /// Copies the installation's file to where it is expected. False when it is not there afterwards.
+    /// Copies the installation's file to the expected place. False if it is not there afterwards.
     bool Copy() const;
 };
 

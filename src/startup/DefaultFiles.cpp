@@ -30,8 +30,8 @@ constexpr std::string_view areaTemplate = R"atp([26,09]
 'STYLE=EXAMPLE_AREA,,94
 )atp";
 
-/// The British National Grid (EPSG:27700) in the names of ESRI's well-known text, whose readers know the grid
-/// by them.
+/// The British National Grid (EPSG:27700) with ESRI's names in WKT, because their readers know the grid by
+/// these.
 constexpr std::string_view britishNationalGrid =
     R"wkt(PROJCS["British_National_Grid",GEOGCS["GCS_OSGB_1936",DATUM["D_OSGB_1936",)wkt"
     R"wkt(SPHEROID["Airy_1830",6377563.396,299.3249646]],PRIMEM["Greenwich",0.0],)wkt"

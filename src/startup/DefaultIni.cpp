@@ -11,7 +11,7 @@ namespace vexlator::startup {
 namespace {
 
 constexpr std::string_view head = R"(; Settings of this Vexlator installation.
-; A flag is on when its value is exactly 1. A key that is empty or missing has the default given above it.
+; A flag is on when its value is exactly 1. An empty or missing key has the default in the comment above it.
 ; Lines that begin with ; are comments.
 )";
 

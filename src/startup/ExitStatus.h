@@ -4,14 +4,14 @@
 
 namespace vexlator::startup {
 
-/// What a run tells the program that started it.
+/// The exit status of a run.
 enum class ExitStatus : int {
     Done = 0,
-    Failed = 1,       ///< the conversion failed; the person has been told
-    NotUsable = 2,    ///< the installation or the program's options cannot be used
+    Failed = 1,       ///< the conversion failed; the user has seen a message
+    NotUsable = 2,    ///< the installation or the program's options are not usable
     NothingToDo = 3,  ///< nothing converts this format, the command is not understood, or there is no window
     StoppedByUser = 4,  ///< the answer to a question ended the run
-    Lossy = 5,  ///< done, but the output could not hold everything, which the caller takes for a failure
+    Lossy = 5,          ///< done with losses, which the caller takes for a failure
     Interrupted = 130,  ///< a signal ended the run; a program then ends by the same signal
 };
 

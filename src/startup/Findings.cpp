@@ -18,7 +18,7 @@ namespace {
 using config::IniEntry;
 using config::Key;
 
-/// Letters and digits alone, in capitals.
+/// Letters and digits only, in capitals.
 std::string Plain(std::string_view name) {
     std::string plain = platform::UpperAscii(name);
     std::erase_if(plain, [](unsigned char c) { return std::isalnum(c) == 0; });
@@ -26,7 +26,7 @@ std::string Plain(std::string_view name) {
 }
 
 bool LooksLike(std::string_view name, std::string_view meant) {
-    constexpr std::size_t fewest = 3;  // letters; shorter names all look alike
+    constexpr std::size_t fewest = 3;  // letters; shorter names all look similar
     std::string word = Plain(name), other = Plain(meant);
     return word == other || (std::max(word.size(), other.size()) >= fewest && IsOneSlipFrom(word, other));
 }
@@ -35,7 +35,7 @@ bool IsMeantBy(const Key& key, const IniEntry& entry) {
     return LooksLike(entry.section, key.section) && (key.name.empty() || LooksLike(entry.key, key.name));
 }
 
-/// The right key in a wrong section. Short names stand in many sections.
+/// The same key in another section. Short names occur in many sections.
 bool IsMisplaced(const Key& key, const IniEntry& entry) {
     constexpr std::size_t fewest = 4;
     return entry.key.size() >= fewest && platform::SameNoCase(entry.key, key.name);
@@ -45,7 +45,7 @@ std::string NameOf(std::string_view section, std::string_view key) {
     return "[" + std::string(section) + "]" + (key.empty() ? "" : " " + std::string(key));
 }
 
-/// Nothing when the key looks like none that is read.
+/// Nothing if the key is similar to no known key.
 std::optional<Finding> KeyNotRead(const IniEntry& entry, const config::KeyList& keys) {
     auto meant = std::ranges::find_if(keys, [&](const Key& key) { return IsMeantBy(key, entry); });
     if (meant == keys.end())
@@ -53,8 +53,8 @@ std::optional<Finding> KeyNotRead(const IniEntry& entry, const config::KeyList& 
     if (meant == keys.end()) return std::nullopt;
     std::string name = NameOf(entry.section, entry.key), other = NameOf(meant->section, meant->name);
     return Finding{name + ": nothing reads this; did you mean " + other + "?",
-                   "Give " + other + " the value, and take the line " + name + " out of the file",
-                   std::string(meant->section), std::string(meant->name)};
+                   "Give " + other + " the value, and remove the line " + name, std::string(meant->section),
+                   std::string(meant->name)};
 }
 
 std::string MendOf(const Key& key) {
@@ -62,7 +62,7 @@ std::string MendOf(const Key& key) {
         case Key::Type::Number:
             return "Give it a number from " + std::to_string(key.least) + " to " + std::to_string(key.most);
         case Key::Type::File:
-            return "Choose a file that is there, or clear it, so that the default holds";
+            return "Choose an existing file, or clear the value to use the default";
         default:
             return "Give it 1 for on or 0 for off";
     }
@@ -76,14 +76,14 @@ auto FindKey(const config::KeyList& keys, const IniEntry& entry) {
 }
 
 std::optional<Finding> FindingOf(const IniEntry& entry, const config::KeyList& keys) {
-    constexpr std::size_t longest = 60;  // bytes of a value
+    constexpr std::size_t longest = 60;  // length of a value, in bytes
     auto key = FindKey(keys, entry);
     if (key == keys.end()) return KeyNotRead(entry, keys);
     std::string name = NameOf(entry.section, entry.key);
     std::string section(entry.section), keyName(entry.key);
     if (!entry.counts)
-        return Finding{name + ": does not count, because its section or the key stands further up already",
-                       "Take the lower line out of the file", section, keyName};
+        return Finding{name + ": ignored, because this section or key is already further up in the file",
+                       "Remove the lower line from the file", section, keyName};
     if (key->type == Key::Type::Folder) return std::nullopt;
     std::string problem = key->Problem(entry.value);
     if (problem.empty()) return std::nullopt;

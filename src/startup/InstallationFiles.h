@@ -6,11 +6,11 @@
 #include <string_view>
 #include <vector>
 
-/// The files that a new installation starts with.
+/// The files of a new installation.
 namespace vexlator::startup {
 
-/// The text of gv.ini for an installation in a folder: every section and key, each with what it does and what
-/// it means when it is empty.
+/// The text of gv.ini for an installation in a folder: every section and key, each with its meaning and its
+/// default.
 std::string DefaultIni(std::string_view nativeFolder);
 
 /// A file below the installation folder.
@@ -19,7 +19,7 @@ struct InstallationFile {
     std::string content;
 };
 
-/// Everything else that is text: example templates, the projection file.
+/// All other text files: example templates, the projection file.
 std::vector<InstallationFile> DefaultFiles();
 
 }  // namespace vexlator::startup

@@ -19,6 +19,7 @@
 #include "import/shapefile/ShapeImportSettings.h"
 #include "startup/ConversionRun.h"
 #include "startup/Settings.h"
+#include "startup/go/SourceConversion.h"
 #include "workflow/JobPackage.h"
 #include "workflow/WorkflowDatabase.h"
 
@@ -28,12 +29,13 @@ namespace vexlator::startup {
 
 namespace {
 
-/// What the selection window and a GO command leave in gv.ini.
+/// What else the selection window and a GO command leave in gv.ini.
 config::KeyList WindowKeys() {
     return {
         {"OPTION", "",
          "what the selection window's controls were left at, one key per control; written by the program"},
-        {"ESRI", "ARC10", "ESRI version: 0 none, 1 version 10, 2 version 10.2, 5 version 10.5", "none"},
+        {"GRP", "SimpleStyling",
+         "1: in the styling window one colour serves points, lines and areas; written by the program"},
     };
 }
 
@@ -61,6 +63,7 @@ config::KeyList AllKeys() {
                                         drawing::FeatureChangeKeys(),
                                         workflow::PackageKeys(),
                                         workflow::WorkflowKeys(),
+                                        GoKeys(),
                                         WindowKeys()})
         keys.insert(keys.end(), list.begin(), list.end());
     std::vector<std::string_view> sections;
@@ -75,8 +78,7 @@ config::KeyList AllKeys() {
 std::string SettingsPage() {
     std::string page =
         "# Settings\n\nEvery key of `gv.ini`, as `vexlator --settings` prints it. A flag is on when its "
-        "value is "
-        "exactly 1. A key that is\nempty or missing has its default.\n";
+        "value is exactly 1. An empty or\nmissing key has its default.\n";
     std::string_view section;
     for (const config::Key& key : AllKeys()) {
         if (key.section != section)

@@ -6,10 +6,10 @@
 
 namespace vexlator::startup {
 
-/// Every key of gv.ini that something reads, those of one section together.
+/// Every key of gv.ini that some code reads, with those of one section together.
 config::KeyList AllKeys();
 
-/// The same for people: a page of Markdown, a table for each section.
+/// The same for users: a page of Markdown, with a table for each section.
 std::string SettingsPage();
 
 }  // namespace vexlator::startup

@@ -21,7 +21,7 @@ namespace vexlator::startup {
 
 namespace {
 
-/// A GO command leaves its options in gv.ini and goes on as SELECT; so does an empty one.
+/// A GO command stores its options in gv.ini and continues as SELECT, like an empty command.
 std::string AfterGo(config::Run& run, std::string_view received) {
     if (!received.empty() && !IsGo(received)) return std::string(received);
     KeepGoOptions(run, GoOptions(received));
@@ -38,7 +38,7 @@ bool SettingsAreReadable(config::Installation& installation, config::Run& run) {
     }
 }
 
-/// Tells when the settings lack a folder that no conversion can do without.
+/// Reports a missing folder that every conversion needs.
 bool InstallationIsUsable(config::Run& run) {
     const config::SharedSettings& settings = run.Settings();
     bool noTemplates = settings.ATPDirectory.empty();
@@ -50,7 +50,7 @@ bool InstallationIsUsable(config::Run& run) {
     return false;
 }
 
-/// Takes over the settings of this run; tells of one that nothing reads or that means something else.
+/// Applies the settings for this run; reports an unknown key or an invalid value.
 bool TakeSettings(config::Installation& installation, config::Run& run, const MainOptions& options) {
     for (const config::IniOverride& setting : options.settings) {
         if (std::string reason = WhyNotSet(setting, AllKeys()); !reason.empty()) {
@@ -69,17 +69,26 @@ void TakeFolder(config::Run& run, const std::string& folder) {
     platform::RequireFolder(run.Options().folder);
 }
 
-/// Takes the switches off the command.
+/// Removes the switches from the command.
 std::string WithoutSwitches(config::RunOptions& options, std::string text) {
-    options.quiet = TakeQuiet(text);
+    options.quiet |= TakeQuiet(text);
     options.extent = TakeExtent(text).value_or(config::ImportExtentBox{});
     return text;
 }
 
-ExitStatus Perform(config::Installation& installation, config::Run& run, std::string_view received,
+/// A GO command without -QUIET, which it may have at any place; other texts as they are.
+std::string QuietTaken(config::RunOptions& options, std::string_view received) {
+    std::string text(received);
+    options.quiet = TakeQuiet(text);
+    text = util::Trim(text);
+    return IsGo(text) ? text : std::string(received);
+}
+
+ExitStatus Perform(config::Installation& installation, config::Run& run, std::string_view commandText,
                    const MainOptions& options) {
     if (!SettingsAreReadable(installation, run)) return ExitStatus::NotUsable;
     if (!TakeSettings(installation, run, options)) return ExitStatus::NotUsable;
+    std::string received = QuietTaken(run.Options(), commandText);
     std::string text = AfterGo(run, received);
     ReadSettings(installation);
     if (!InstallationIsUsable(run)) return ExitStatus::NotUsable;
@@ -87,11 +96,11 @@ ExitStatus Perform(config::Installation& installation, config::Run& run, std::st
     run.DebugMessage(text);
     util::MakeFolderTree(run.Settings().TempDirectory);
     if (ExtentIsWrong(text))
-        return Refuse(run,
-                      "the extent of " + text +
-                          " is not understood; it is written ?BOX minX,minY,maxX,maxY ?, with "
-                          "the blank before the last ?",
-                      ExitStatus::NotUsable);
+        return Refuse(
+            run,
+            "the extent of " + text +
+                " is not understood; write ?BOX minX,minY,maxX,maxY ?, with a blank before the last ?",
+            ExitStatus::NotUsable);
     TakeFolder(run, options.folder);
     text = Tidied(options.conversions, WithoutSwitches(run.Options(), std::move(text)));
     switch (ModeOf(text)) {
@@ -105,7 +114,7 @@ ExitStatus Perform(config::Installation& installation, config::Run& run, std::st
     return options.showSelection ? options.showSelection(run, received) : ExitStatus::NothingToDo;
 }
 
-/// What a conversion throws ends here: it is shown to the person.
+/// Catches exceptions of a conversion and shows them to the user.
 ExitStatus PerformShowingErrors(config::Installation& installation, config::Run& run,
                                 std::string_view received, const MainOptions& options) {
     try {

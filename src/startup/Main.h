@@ -15,20 +15,20 @@
 namespace vexlator::startup {
 
 /// Shows the selection window and stays until it is closed. It gets the command text as the program received
-/// it, because GO at its start makes the window run its Go flow by itself.
+/// it (a GO command without -QUIET), because GO at its start makes the window run its Go flow by itself.
 using SelectionWindow = std::function<ExitStatus(config::Run&, std::string_view received)>;
 
 struct MainOptions {
     Conversions conversions = AllConversions();
-    SelectionWindow showSelection = {};  ///< none: a command that asks for it finds nothing to do
+    SelectionWindow showSelection = {};  ///< none: a command for it finds nothing to do
     platform::Clock clock = platform::LocalTime;
-    std::vector<config::IniOverride> settings = {};  ///< for this run alone
-    std::string folder = {};  ///< results go here instead of beside what they are made of; "": there
-    std::function<void(config::Run&)> whenEnded = {};  ///< gets the run with what came of it
+    std::vector<config::IniOverride> settings = {};  ///< settings for this run only
+    std::string folder = {};  ///< path text of the folder for results; "": results go beside their sources
+    std::function<void(config::Run&)> whenEnded = {};  ///< receives the run with its results
 };
 
-/// One run of the program: reads the settings, then does what the command text asks for, which is at most one
-/// conversion. Never throws: what a conversion throws is shown to the person and written to the run log.
+/// One run of the program: reads the settings, then does what the command text says, at most one conversion.
+/// Never throws: exceptions of a conversion are shown to the user and written to the run log.
 ExitStatus Main(std::string_view commandText, ui::UserInterface& userInterface,
                 const MainOptions& options = {});
 

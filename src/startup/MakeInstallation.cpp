@@ -21,31 +21,35 @@ namespace vexlator::startup {
 
 namespace {
 
-/// A folder that is being filled. Nothing that is there is touched.
+/// Fills a folder. Existing files are not changed.
 class Builder {
 public:
     Builder(std::string folder, ui::UserInterface& userInterface)
         : folder_(std::move(folder)), ui_(userInterface) {}
 
     void Folder(std::string_view name) {
-        Make(name, [](const std::string& path) { platform::RequireFolder(path); });
+        // A file that has the name is in the way.
+        Make(name, platform::RequireFolder, platform::FolderExists);
     }
     void File(std::string_view name, std::string_view content) {
         Make(name, [&](const std::string& path) { platform::ReplaceFile(path, content); });
     }
-    void Make(std::string_view name, const std::function<void(const std::string& path)>& make) {
+    void Make(std::string_view name, const std::function<void(const std::string& path)>& make,
+              bool (*isThere)(std::string_view) = IsThere) {
         std::string path = name.empty() ? folder_ : util::JoinPath(folder_, name);
-        bool present = !platform::FindExisting(path).empty();
+        bool present = isThere(path);
         if (!present) make(path);
         ui_.Report((present ? "kept " : "made ") + platform::NativePath(path));
     }
 
 private:
+    static bool IsThere(std::string_view path) { return !platform::FindExisting(path).empty(); }
+
     std::string folder_;
     ui::UserInterface& ui_;
 };
 
-/// The symbol of codes that have none of their own: a circle with a dot, one unit wide.
+/// The symbol for codes without a symbol of their own: a circle with a dot, one unit wide.
 void MakeDefaultSymbol(const std::string& path) {
     drawing::Drawing symbol;
     symbol.addCircle({0, 0, 0}, 0.5);
@@ -53,7 +57,7 @@ void MakeDefaultSymbol(const std::string& path) {
     symbol.saveAs(path);
 }
 
-/// The folder as it stands in the lines of gv.ini. @throws WriteError when they cannot hold it.
+/// The folder in the form for lines of gv.ini. @throws WriteError if they cannot hold it.
 std::string FolderForSettings(std::string_view folder) {
     std::string native = platform::NativePath(platform::AbsolutePath(folder));
     while (native.ends_with('/') && native.size() > 1) native.pop_back();
@@ -71,18 +75,18 @@ void Fill(const std::string& folder, ui::UserInterface& userInterface) {
     for (const InstallationFile& file : DefaultFiles()) builder.File(file.path, file.content);
     builder.Make("Symbols/DEFAULT.VDF", MakeDefaultSymbol);
     builder.File("gv.ini", DefaultIni(folder));
-    // Last: conversions work without it, where no database driver is installed.
+    // Last, because conversions work without it if no database driver is installed.
     builder.Make("WorkFlow/WorkFlow.MDB", workflow::CreateWorkflowDatabase);
 }
 
-/// An installation that cannot be remembered is none the worse.
+/// An installation that cannot be remembered still works.
 void Remember(const std::string& folder, ui::UserInterface& userInterface) {
     try {
         RememberInstallation(folder);
         userInterface.Report("ready: vexlator \"IMPORT FILE.SHP\", in every terminal of yours");
     } catch (const platform::WriteError& error) {
         userInterface.Report("ready: VEXLATOR_HOME=" + folder + " vexlator \"IMPORT FILE.SHP\"");
-        userInterface.Report("vexlator takes it by itself when this can be written: " +
+        userInterface.Report("vexlator would use it by default if this could be written: " +
                              std::string(error.what()));
     }
 }

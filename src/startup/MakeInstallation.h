@@ -9,10 +9,10 @@
 
 namespace vexlator::startup {
 
-/// Makes a complete installation in a folder, which is made too: settings, templates, a default symbol, the
-/// projection file, an empty workflow database. Files that are there already stay as they are, so it also
-/// completes an installation that lost some. Reports each file and folder, made or kept. Never throws; a file
-/// that cannot be made is shown as a message and gives Failed.
+/// Creates a complete installation in a folder, which is created too: settings, templates, a default symbol,
+/// the projection file, an empty workflow database. Existing files stay unchanged, so this also completes an
+/// installation with missing files. Reports each file and folder as made or kept. Never throws. A file that
+/// cannot be made is reported by a message, and the result is Failed.
 ExitStatus MakeInstallation(std::string_view folder, ui::UserInterface& userInterface);
 
 }  // namespace vexlator::startup

@@ -16,7 +16,7 @@ namespace vexlator::startup {
 
 namespace {
 
-/// Sub-folders that are named like a package in them, be it good or not.
+/// Sub-folders with the name of a package in them, valid or not.
 std::size_t CountPackages(const std::string& folder) {
     std::vector<std::string> names = platform::ListFolders(folder);
     return static_cast<std::size_t>(std::ranges::count_if(names, [&](const std::string& name) {
@@ -33,13 +33,12 @@ ExitStatus Assemble(const std::string& folder, ui::UserInterface& ui) {
     }
     std::size_t taken = background::BuildMosaicIndex(folder, false, ui), found = CountPackages(folder);
     if (taken == 0) {
-        ui.Report("vexlator: no sub-folder of " + native +
-                  " holds a package (S/S.GRP), so there is no map of them");
+        ui.Report("vexlator: no sub-folder of " + native + " holds a package (S/S.GRP), so no map was made");
         return found > 0 ? ExitStatus::Failed : ExitStatus::NothingToDo;
     }
     ui.Report("made the map " + native + " of " + util::Counted(taken, "package"));
     if (taken == found) return ExitStatus::Done;
-    ui.Report("left out " + util::Counted(found - taken, "package") + " without a whole index");
+    ui.Report("left out " + util::Counted(found - taken, "package") + " without a complete index");
     return ExitStatus::Failed;
 }
 

@@ -9,9 +9,9 @@
 
 namespace vexlator::startup {
 
-/// Makes one index over the packages in the sub-folders of a folder, which the index is named after. It
+/// Makes one index over the packages in the sub-folders of a folder. The index has the folder's name. It
 /// replaces an older one in one step. Never throws.
-/// @returns NothingToDo when no sub-folder holds a package, Failed when one could not be taken in
+/// @returns NothingToDo if no sub-folder holds a package, Failed if one could not be included
 ExitStatus MakeMosaic(std::string_view folder, ui::UserInterface& userInterface);
 
 }  // namespace vexlator::startup

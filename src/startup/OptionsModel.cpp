@@ -100,7 +100,7 @@ std::string OptionsModel::TextOf(std::string_view control) const {
 
 void OptionsModel::SetText(std::string_view control, std::string_view text) {
     const ControlKey& of = KeyOfControl(control);
-    // A default that is only shown is no change.
+    // A default that is only displayed is not a change.
     std::string stored = Stored(of.section, of.key);
     Set(of.section, of.key, stored.empty() && text == of.fallback ? stored : text);
 }
@@ -145,9 +145,8 @@ std::vector<Finding> OptionsModel::Findings() const {
         std::string value = Value(key.section, key.name), problem = key.Problem(value);
         std::string name = "[" + std::string(key.section) + "] " + std::string(key.name);
         if (!problem.empty())
-            findings.push_back({name + "=" + value + ": " + problem,
-                                "Choose a folder that is there, or make it", std::string(key.section),
-                                std::string(key.name)});
+            findings.push_back({name + "=" + value + ": " + problem, "Choose an existing folder, or make it",
+                                std::string(key.section), std::string(key.name)});
     }
     return findings;
 }

@@ -14,42 +14,42 @@
 
 namespace vexlator::startup {
 
-/// What the options window decides, without a window: values of gv.ini that are changed, and written when
-/// the person is done. Nothing is written before, and only what has changed.
+/// The logic of the options window, without the window: changed values of gv.ini. Nothing is written before
+/// the user is done, and only changes are written.
 class OptionsModel {
 public:
-    /// The installation outlives the model.
+    /// The installation must outlive the model.
     explicit OptionsModel(config::Installation& installation);
 
-    /// Every key that is declared, those of one section together; in some sections a key can have any name.
+    /// Every declared key, with those of one section together. In some sections a key can have any name.
     const config::KeyList& Keys() const { return keys_; }
 
-    /// As it will be written, else as it stands in the file; "" when it is missing.
+    /// The changed value, else the value in the file; "" if it is missing.
     std::string Value(std::string_view section, std::string_view key) const;
     void Set(std::string_view section, std::string_view key, std::string_view value);
     bool IsChanged(std::string_view section, std::string_view key) const;
     bool IsChanged() const { return !changes_.empty(); }
-    /// A flag or switch is set otherwise than it counts when missing; another value is neither that of a new
-    /// installation nor what holds without one.
+    /// Whether a flag or switch differs from its default, or another value differs from both that of a new
+    /// installation and its default.
     bool DiffersFromDefault(const config::Key& key) const;
 
-    /// A control of the background options, by its name: what it shows, and what it was set to.
+    /// A control of the background options, by its name: its displayed and its set value.
     std::string TextOf(std::string_view control) const;
     void SetText(std::string_view control, std::string_view text);
     bool IsOn(std::string_view control) const;
     void SetOn(std::string_view control, bool isOn);
-    /// The page layers of PDF maps, a line each; stored joined by a backslash.
+    /// The page layers of PDF maps, one per line; stored with backslashes between them.
     std::string PdfLayerLines() const;
     void SetPdfLayerLines(std::string_view lines);
     /// "1" for version 10, "2" for 10.2, "5" for 10.5, "0" for none.
     std::string EsriVersion() const;
     void SetEsriVersion(std::string_view version);
 
-    /// What the file would be found to have, were it written now; folders that are missing too.
+    /// The findings about the file if it were written now, including missing folders.
     std::vector<Finding> Findings() const;
 
-    /// Writes what was changed; every other byte of the file stays.
-    /// @throws platform::ReadError, platform::WriteError; what is not written remains changed
+    /// Writes the changes. All other bytes of the file stay.
+    /// @throws platform::ReadError, platform::WriteError; changes that are not written remain changes
     void Save();
 
 private:
@@ -62,8 +62,8 @@ private:
 
     config::Installation& installation_;
     config::KeyList keys_;
-    std::string text_;                       ///< of gv.ini when it was opened or saved
-    std::optional<config::IniText> stored_;  ///< the same
+    std::string text_;                       ///< text of gv.ini when it was opened or saved
+    std::optional<config::IniText> stored_;  ///< the same, parsed
     std::vector<Change> changes_;
 };
 

@@ -37,7 +37,7 @@ void ListMissingPhotos(config::Run& run, const ExportCommand& command) {
         throw platform::WriteError(platform::NativePath(path), "cannot be written");
 }
 
-/// A failure here does not touch the exports.
+/// A failure here does not affect the exports.
 bool Pack(config::Run& run, const ExportCommand& command) {
     try {
         workflow::frmZip2(run).ZipJobFolder(util::JoinPath(command.targetPath, "*.*"));

@@ -7,10 +7,10 @@
 
 namespace vexlator::startup {
 
-/// What follows an export, in this order: the export is recorded in the workflow database when the drawing
-/// belongs to a job; the list of missing photographs is written, or an old one removed; the folder is packed
-/// when the settings ask for it.
-/// @returns false when no archive could be made, which the person has been told
+/// The steps after an export, in this order. The export is recorded in the workflow database if the drawing
+/// belongs to a job. The list of missing photographs is written, or an old one removed. The folder is packed
+/// if the settings ask for it.
+/// @returns false if no archive could be made; the user has seen a message
 /// @throws platform::WriteError
 bool RunPostExportSteps(config::Run& run, const ExportCommand& command);
 

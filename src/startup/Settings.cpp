@@ -21,39 +21,40 @@ using Keys = config::Keys<SharedSettings>;
 
 constexpr config::KeyOf<SharedSettings> keys[] = {
     Keys::Folder("GENERAL", "ATPDirectory", &SharedSettings::ATPDirectory,
-                 "folder of attribute templates (.ATP), one per feature code; required", "", "@FOLDER@/ATP"),
-    Keys::Folder(
-        "GENERAL", "SymbolsDirectory", &SharedSettings::SymbolsDirectory,
-        "folder of symbol drawings (.VDF); DEFAULT.VDF draws codes that have no symbol of their own; "
-        "required",
-        "", "@FOLDER@/Symbols"),
+                 "folder of attribute templates (.ATP), one template per feature code. Required", "",
+                 "@FOLDER@/ATP"),
+    Keys::Folder("GENERAL", "SymbolsDirectory", &SharedSettings::SymbolsDirectory,
+                 "folder of symbol drawings (.VDF). DEFAULT.VDF is the symbol of feature codes without a "
+                 "symbol of their own. Required",
+                 "", "@FOLDER@/Symbols"),
     Keys::Folder("GENERAL", "FMODirectory", &SharedSettings::FMODirectory,
                  "folder of database definitions (.FMO)", "no definitions", "@FOLDER@/FMO"),
     Keys::Folder("GENERAL", "WorkFlowDirectory", &SharedSettings::WorkFlowDirectory,
-                 "root of the job folders, engineer/project/job below it", "drawings belong to no job",
+                 "root of the job folders, which are named engineer/project/job", "drawings belong to no job",
                  "@FOLDER@/Jobs"),
     Keys::Folder("GENERAL", "WorkFlowSystem", &SharedSettings::WorkFlowSystem,
-                 "folder of the workflow database WorkFlow.MDB, where exports are recorded",
-                 "nothing is recorded", "@FOLDER@/WorkFlow"),
+                 "folder of the workflow database WorkFlow.MDB, which records exports", "nothing is recorded",
+                 "@FOLDER@/WorkFlow"),
     Keys::Folder("GENERAL", "TempDirectory", &SharedSettings::TempDirectory, "scratch folder", "c:\\temp",
                  "@FOLDER@/Temp"),
     Keys::Flag("GENERAL", "AutoLaunchExport", &SharedSettings::AutoLaunchExport,
-               "the result of an export is opened when it is done"),
+               "the program opens the result of each export"),
     Keys::Flag("GENERAL", "VEXLATORDEBUG", &SharedSettings::DebugMode,
-               "diagnostic messages are shown: paths, queries, values"),
+               "the program shows diagnostic messages: paths, queries, values"),
     Keys::Text("GENERICIN", "INOUTLOG", &SharedSettings::InOutLog,
-               "path of the run log, one line per event; a file, no named pipe", "no log"),
+               "path of the run log, which gets one line per event. It must be a file, not a named pipe",
+               "no log"),
     Keys::Flag("GENERICOUT", "CREATEZIP", &SharedSettings::CreateZip,
-               "the folder of an export is packed into a ZIP archive"),
-    Keys::Flag(
-        "GENERICOUT", "MATCHNAMES", &SharedSettings::MatchNames,
-        "values go to the column that has their name; else to the column at their position, whatever the "
-        "names; where names differ, one line tells it either way",
-        true),
+               "the folder of each export is packed into a ZIP archive"),
+    Keys::Flag("GENERICOUT", "MATCHNAMES", &SharedSettings::MatchNames,
+               "an attribute value goes to the column with its name. Off: it goes to the column at its "
+               "position, even if the names differ. A message reports differing names in both cases",
+               true),
     Keys::Text("GENERICOUT", "SHORTENFIELDSON", &SharedSettings::SHORTENFIELDSON,
-               "separator at which attribute values are cut short", "values stay whole"),
+               "separator that ends an attribute value. The separator and the text after it are dropped",
+               "values stay whole"),
     Keys::Flag("HOUSEKEEPING", "ReProcessFieldNames", &SharedSettings::ReProcessFieldNames,
-               "shapefile exports use the second form of a template's field names, NAME<SECOND>"),
+               "shapefile exports use the second field name in a template, as in NAME<SECOND>"),
 };
 
 std::string MemoryPath() {
@@ -111,7 +112,7 @@ void KeepGoOptions(config::Run& run, std::span<const GoOption> options) {
 }
 
 void ReadSettings(config::Installation& installation) {
-    // An empty folder is no folder, whatever was read before.
+    // An empty value means no folder, whatever was read before.
     config::SharedSettings fresh;
     fresh.ProgramFolder = installation.Settings().ProgramFolder;
     fresh.IniFilePath = installation.Settings().IniFilePath;

@@ -6,8 +6,8 @@
 
 namespace vexlator::startup {
 
-/// True for a word with one letter more, less or wrong than the one that is meant, or with two that changed
-/// places; for that word itself, too. Letter case counts.
+/// True for a word that differs from the other in one added, missing or wrong letter, or in two exchanged
+/// letters; true for equal words. Letter case counts.
 bool IsOneSlipFrom(std::string_view word, std::string_view meant);
 
 }  // namespace vexlator::startup

@@ -22,15 +22,15 @@ namespace {
 constexpr std::string_view howToExport =
     "an export is a path alone, as in \"/data/roads.SHP\", which reads /data/roads.VDF and fills the folder "
     "/data/roads";
-constexpr std::string_view howToJoin = "; several files are joined by |, as in \"IMPORT a.shp|b.shp\"";
+constexpr std::string_view howToJoin = "; join several files with |, as in \"IMPORT a.shp|b.shp\"";
 
-/// A command that is nearly right.
+/// A command with a slip.
 struct Given {
     const Conversions& conversions;
     NamedFiles files;
     std::string_view text;
-    std::string_view argument;             ///< an import's up to its first bar, an export's whole text
-    std::span<const std::string> sources;  ///< of an import
+    std::string_view argument;             ///< an import up to its first bar, an export's whole text
+    std::span<const std::string> sources;  ///< sources of an import
 
     std::string_view Behind() const { return files.BehindFirst(argument); }
     std::string_view First() const { return files.First(argument); }
@@ -40,7 +40,7 @@ struct Given {
     std::string Path() const { return platform::AbsolutePath(argument); }
 };
 
-/// What a person is told who made this slip; "" when the command is none of it.
+/// The advice for a user who made this slip; "" if the command does not have it.
 using Advice = std::string (*)(const Given&);
 
 struct SlipRow {
@@ -80,7 +80,7 @@ std::string NotUnderstood(std::string_view text) {
     return Quoted(text) + " is not understood";
 }
 
-// --- What the tests ask.
+// --- Parts of the tests.
 
 bool IsOneOf(std::string_view word, std::initializer_list<std::string_view> words) {
     return std::ranges::find(words, word) != words.end();
@@ -92,24 +92,24 @@ bool HasPattern(std::string_view text) {
     return text.find_first_of("*?") != std::string_view::npos;
 }
 
-/// The format that the last word names, as "KML" and "x.kml" do; "" when it names none.
+/// The format of the last word, as in "KML" and "x.kml"; "" if it has none.
 std::string LastFormat(const Given& given, std::string_view text) {
     std::string_view word = text.substr(text.find_last_of(nameSeparators) + 1);
     std::string code = CodeOf(word).empty() ? platform::UpperAscii(word) : CodeOf(word);
     return code == "VDF" || given.conversions.FindExport(code) ? code : "";
 }
 
-/// "" when the word is no switch.
+/// "" if the word is not a switch.
 std::string SwitchAdvice(std::string_view text) {
     std::string word(text.substr(0, text.find(' ')));
     std::string name = platform::UpperAscii(word.substr(std::min(word.find_first_not_of("-/"), word.size())));
     if (name.empty() || !IsLetter(name[0])) return "";
     bool isQuiet = name == "Q" || IsOneSlipFrom(name, "QUIET");
     if (!word.starts_with('-') && !(isQuiet && word.starts_with('/'))) return "";
-    if (isQuiet) return Quoted(word) + " is no switch; " + DidYouMean("-QUIET");
+    if (isQuiet) return Quoted(word) + " is not a switch; " + DidYouMean("-QUIET");
     return Quoted(word) +
-           " is no switch; there are -QUIET and ?BOX, --yes before or behind the command, and the options of "
-           "vexlator --help";
+           " is not a switch; there are -QUIET and ?BOX, --yes before or after the command, and the options "
+           "of vexlator --help";
 }
 
 // --- Slips of either kind of command.
@@ -135,12 +135,12 @@ std::string LeftQuote(const Given& given) {
            "; put two around the whole command, or none";
 }
 
-/// What a shell replaces, except inside quotes.
+/// Text that a shell replaces, except inside quotes.
 std::string Shorthand(const Given& given) {
     std::string_view text = given.argument;
     if (text.starts_with("~/"))
         return "~ is no folder inside quotes; give the whole path for " + Quoted(text);
-    std::size_t name = text.find('$') + 1;  // 0: there is none
+    std::size_t name = text.find('$') + 1;  // 0: none
     bool isVariable = name > 0 && name < text.size() && (IsLetter(text[name]) || text[name] == '{');
     bool isWindowsVariable = text.starts_with('%') && text.find('%', 1) != std::string_view::npos;
     if (!isVariable && !isWindowsVariable) return "";
@@ -157,7 +157,7 @@ std::string Brackets(const Given& given) {
     return "";
 }
 
-/// A path of another system. Where it leads to on this one, nobody guesses.
+/// A path of another system. Nobody guesses its target on this one.
 std::string MissingDrive(const Given& given) {
     std::string_view path = given.First();
     bool isDrive =
@@ -166,13 +166,12 @@ std::string MissingDrive(const Given& given) {
     bool isSource = ModeOf(given.text) == Mode::Import;
     std::string file = isSource ? std::string(path) : util::ChangeExtension(path, "VDF");
     return std::string("there is no ") + (isSource ? "file " : "drawing ") + Quoted(file) +
-           ", which is looked for as " + Native(file) +
-           "; put it there, or give the path that it has on this system";
+           ", which is searched for as " + Native(file) + "; put it there, or give its path on this system";
 }
 
 // --- Slips of exports.
 
-/// The drawing is missing; a file that it can be made of lies beside it.
+/// The drawing is missing, but a file beside it can be imported to make it.
 std::string SourceInstead(const Given& given) {
     std::string source = given.files.SourceBeside(given.Path());
     std::string code = CodeOf(given.text);
@@ -201,7 +200,7 @@ std::string MisspeltImport(const Given& given) {
     return IsOneSlipFrom(given.Word(), importWord) ? DidYouMean(Import(rest.empty() ? "FILE" : rest)) : "";
 }
 
-/// "importroads.shp", in small letters.
+/// "importroads.shp", in lower case.
 std::string ForgottenBlank(const Given& given) {
     if (!platform::UpperAscii(given.text).starts_with(importWord)) return "";
     std::string_view rest = given.text.substr(importWord.size());
@@ -268,7 +267,7 @@ std::string SeparatorAtEnd(const Given& given) {
 
 std::string DrawingItself(const Given& given) {
     if (CodeOf(given.text) != "VDF" || !IsThere(given.text)) return "";
-    return "VDF is what drawings are kept in" + NameAFormat(given.Path());
+    return "VDF is the format of drawings" + NameAFormat(given.Path());
 }
 
 std::string NoFormat(const Given& given) {
@@ -278,7 +277,7 @@ std::string NoFormat(const Given& given) {
         return Native(path) + " names no format, as " + Native(path + ".SHP") + " does; formats are " +
                given.conversions.ExportList();
     std::string source = given.files.SourceBeside(path);
-    return Quoted(given.text) + " is no command, and there is no drawing " + Native(drawing) + "; " +
+    return Quoted(given.text) + " is not a command, and there is no drawing " + Native(drawing) + "; " +
            (source.empty() ? "see vexlator --help" : DidYouMean(ImportOf(source)));
 }
 
@@ -286,7 +285,7 @@ std::string NoDrawing(const Given& given) {
     std::string code = CodeOf(given.text);
     if (code != "VDF" && !given.conversions.FindExport(code)) return "";
     return "there is no drawing " + Native(ParseExport(given.text).drawingPath) +
-           "; \"IMPORT FILE\" makes a drawing, and its path with a format for extension exports it";
+           "; \"IMPORT FILE\" makes a drawing, and its path with a format as its extension exports it";
 }
 
 constexpr SlipRow exportSlips[] = {
@@ -316,7 +315,7 @@ std::optional<Slip> ExportSlip(const Conversions& conversions, std::string_view 
     return FirstOf(exportSlips, {conversions, NamedFiles(conversions), text, text, {}});
 }
 
-// --- Slips of imports whose source is not there.
+// --- Slips of imports with a missing source.
 
 std::string JoinedWord(const Given& given) {
     std::string_view behind = given.text.substr(importWord.size());
@@ -327,18 +326,18 @@ std::string JoinedWord(const Given& given) {
 std::string WrongExtent(const Given& given) {
     std::string word = platform::UpperAscii(given.Behind().substr(0, given.Behind().find(' ')));
     if (!IsOneOf(word, {"BOX", "BBOX", "?BBOX", "EXTENT"})) return "";
-    return NotUnderstood(given.Behind()) + "; an extent is written ?BOX minX,minY,maxX,maxY ?";
+    return NotUnderstood(given.Behind()) + "; write an extent as ?BOX minX,minY,maxX,maxY ?";
 }
 
 std::string NoMatch(const Given& given) {
-    return HasPattern(given.argument)
+    return HasPattern(given.argument) || given.argument.find('[') != std::string_view::npos
                ? "no file that can be imported matches " + Native(given.sources.front())
                : "";
 }
 
 std::string NamedDrawing(const Given& given) {
     if (given.Behind().empty() || CodeOf(given.Missing()) != "VDF") return "";
-    return NotUnderstood(given.Missing()) + "; an import's drawing is named after its first file";
+    return NotUnderstood(given.Missing()) + "; an import names its drawing after its first file";
 }
 
 std::string MissingOfSeveral(const Given& given) {
@@ -365,7 +364,7 @@ constexpr SlipRow missingSourceSlips[] = {
     {MissingDrive, ExitStatus::Failed},
 };
 
-// --- Slips of imports, whether their source is there or not.
+// --- Slips of imports, with or without a missing source.
 
 std::string SourceWithSeparatorAtEnd(const Given& given) {
     std::string path = WithoutSeparatorAtEnd(given.argument);
@@ -373,14 +372,14 @@ std::string SourceWithSeparatorAtEnd(const Given& given) {
     return isFile ? DidYouMean(Import(path)) : "";
 }
 
-/// A drawing begins a list, or stands in it.
+/// A drawing is the first in a list, or occurs in it.
 std::string DrawingAsSource(const Given& given) {
     const std::string& first = given.sources.front();
     if (CodeOf(first) == "VDF") return Native(first) + " is a drawing already" + NameAFormat(first);
     for (const std::string& path : given.sources)
         if (CodeOf(path) == "VDF")
             return Native(path) +
-                   " is a drawing, no source; an import's drawing is named after its first file, " +
+                   " is a drawing, not a source; an import names its drawing after its first file, " +
                    Native(first);
     return "";
 }

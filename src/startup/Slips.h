@@ -10,22 +10,22 @@
 #include <string>
 #include <string_view>
 
-/// Commands that are nearly right. What lies on the disk decides: a command that names a file which is there,
-/// in a format that is known, is never taken for another.
+/// Commands with slips. The files on the disk decide: a command that names an existing file in a known format
+/// is always taken literally.
 namespace vexlator::startup {
 
-/// Why a command cannot be run as it stands, in words that let the person put it right.
+/// Why a command cannot run as given, in words that let the user correct it.
 struct Slip {
     ExitStatus status = ExitStatus::NothingToDo;
     std::string advice;
 };
 
-/// Nothing when the importer can try: the format is known, and nothing else can be meant. `text` is the
-/// command as it was given, `sources` what it means.
+/// Nothing if the importer can try: the format is known, and nothing else can be meant. `text` is the command
+/// as given, `sources` its meaning.
 std::optional<Slip> FindImportSlip(const Conversions& conversions, std::string_view text,
                                    const SourceList& sources);
 
-/// Nothing when the exporter can try, and when nothing tells what an unknown format may stand for.
+/// Nothing if the exporter can try, and if nothing shows what an unknown format may mean.
 std::optional<Slip> FindExportSlip(const Conversions& conversions, std::string_view text);
 
 }  // namespace vexlator::startup

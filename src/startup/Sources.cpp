@@ -19,7 +19,7 @@ namespace {
 
 using Paths = std::vector<std::string>;
 
-/// The sources of a command while they are gathered.
+/// Collects the sources of a command.
 class Gathering {
 public:
     explicit Gathering(const Conversions& conversions) : files_(conversions) {}
@@ -35,7 +35,7 @@ public:
     SourceList TakeList() { return std::move(list_); }
 
 private:
-    /// Names without a folder lie beside the first source.
+    /// Names without a folder are beside the first source.
     static std::string Located(std::string_view name, std::string_view first) {
         bool beside = !first.empty() && util::FileNameOf(name) == name;
         return beside ? util::JoinPath(util::FolderOf(first), name) : platform::AbsolutePath(name);
@@ -43,14 +43,14 @@ private:
     std::string First() const { return list_.paths.empty() ? "" : list_.paths.front(); }
     bool Exists(std::string_view name) const { return platform::FileExists(Located(name, First())); }
     void Add(const std::string& name) {
-        // One file may be named twice, in two letter cases even: it would double its features.
+        // One file can be named twice, even in two letter cases. That would duplicate its features.
         std::string file = platform::FindExisting(Located(name, First()));
         bool isKnown = !file.empty() && !known_.insert(file).second;
         if (name.empty() || (isKnown && list_.guessed)) return;
         list_.paths.push_back(list_.paths.empty() ? platform::AbsolutePath(name) : name);
     }
 
-    /// Adds those that can be imported. False when there are none.
+    /// Adds those that can be imported. False if there are none.
     bool AddGuessed(Paths names) {
         std::erase_if(names, [&](const std::string& name) { return !files_.CanImport(CodeOf(name)); });
         list_.guessed |= !names.empty();
@@ -62,13 +62,14 @@ private:
         Paths matches;
         std::string folder = util::FolderOf(Located(pattern, first));
         std::string names = util::FileNameOf(pattern);
-        if (names.find_first_of("*?") == std::string::npos) return matches;
+        if (names.find_first_of("*?[") == std::string::npos) return matches;
         for (const std::string& name : platform::ListFiles(folder))
-            if (util::MatchesPattern(name, names)) matches.push_back(util::JoinPath(folder, name));
+            if (util::MatchesPattern(name, names, util::Brackets::Set))
+                matches.push_back(util::JoinPath(folder, name));
         return matches;
     }
 
-    /// The files whose names or patterns stand in the text; none when something else does, too.
+    /// The files whose names or patterns are in the text; none if there is other text too.
     Paths Parts(std::string_view text) const {
         Paths parts;
         std::string first = First();

@@ -10,17 +10,17 @@
 
 namespace vexlator::startup {
 
-/// The sources that an IMPORT argument means. Names without a folder lie beside the first source.
+/// The sources of an IMPORT argument. Names without a folder are beside the first source.
 struct SourceList {
     std::vector<std::string> paths;
     bool guessed =
-        false;  ///< a pattern, or names without bars between, were resolved by what lies on the disk
+        false;  ///< a pattern, or names without bars between them, were resolved by the files on the disk
 };
 
-/// Splits the argument at its bars. What is a file as it stands stays, blanks and all. Else blanks around it
-/// go, a pattern becomes the files that match it, and names and patterns with other separators between become
-/// a list when files are there for all of them; of such files those stay that can be imported, and each once.
-/// What is none of these stays.
+/// Splits the argument at its bars. An existing file stays, with its blanks. Otherwise blanks around it are
+/// removed, and a pattern becomes the matching files. Names and patterns with other separators become a list
+/// if files exist for all of them. Such files are listed once each, if they can be imported. Any other text
+/// stays.
 SourceList FindSources(const Conversions& conversions, std::string_view argument);
 
 }  // namespace vexlator::startup

@@ -12,11 +12,11 @@ namespace vexlator::startup {
 
 namespace {
 
-/// As text processors and web pages make them of a straight one.
+/// The typographic quotes that text processors and web pages make of a straight one.
 constexpr std::string_view doubleQuotes[] = {"“", "”", "„", "‟", "«", "»"};
 constexpr std::pair<std::string_view, std::string_view> singleQuotes[] = {{"'", "'"}, {"‘", "’"}, {"‚", "‘"}};
 
-/// Takes out a word that blanks, or the ends of the text, surround.
+/// Removes a word between blanks or the ends of the text.
 void EraseWord(std::string& text, std::string_view word) {
     std::string padded = " " + text + " ";
     const std::string wanted = " " + std::string(word) + " ";
@@ -25,14 +25,14 @@ void EraseWord(std::string& text, std::string_view word) {
     text = util::Trim(padded);
 }
 
-/// What is left of the switch: it was taken out without its first "-" when that was "--QUIET".
+/// The rest of the switch: it was removed without its first "-" if that was "--QUIET".
 void EraseQuiet(std::string& text) {
     for (std::string_view word : {"-quiet", "--quiet"}) EraseWord(text, word);
     if (text.starts_with("- ")) text.erase(0, 2);
     if (text.ends_with(" -")) text.erase(text.size() - 2);
 }
 
-/// The last character goes with a quote at the begin, whatever it is. A blank is what that rule is for.
+/// The last character is removed with a quote at the start, whatever it is. This rule is meant for a blank.
 bool LosesMoreThanQuotes(std::string_view text) {
     return text.starts_with('"') && !text.ends_with('"') && !text.ends_with(' ');
 }
@@ -55,7 +55,7 @@ std::string Tidied(const Conversions& conversions, std::string_view text) {
     if (util::CountOf(tidied, "\"") % 2 == 0) std::erase(tidied, '"');
     EraseQuiet(tidied);
     tidied = std::string(WithoutSingleQuotes(tidied));
-    EraseQuiet(tidied);  // it may stand inside the quotes
+    EraseQuiet(tidied);  // it may be inside the quotes
     return tidied;
 }
 

@@ -9,11 +9,11 @@
 
 namespace vexlator::startup {
 
-/// The command, its switches off, without the quotes around it, then without the blanks: a quoted command
-/// that a blank follows keeps its last quote. Where that names no file that is there, it goes also without
-/// what people put around it and its paths: double quotes in pairs, be they straight or those of a text
-/// processor, single ones around the whole, "-quiet" and "--quiet" in any letter case as words of their own,
-/// line ends. A command that names a file which is there, in a format that is known, stays as it is.
+/// The command without switches, without the quotes around it, then without blanks. A quoted command followed
+/// by a blank keeps its last quote. If this does not name an existing file, more is removed: pairs of double
+/// quotes around it and its paths, straight or typographic; single quotes around the whole; "-quiet" and
+/// "--quiet" in any letter case as separate words; line ends. A command that names an existing file in a
+/// known format stays unchanged.
 std::string Tidied(const Conversions& conversions, std::string_view text);
 
 /// The text without the single quotes around it, straight or not.

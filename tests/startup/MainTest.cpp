@@ -27,7 +27,8 @@ Outcome OneFeature() {
     return outcome;
 }
 
-/// The calls that the conversions below got, and what they do. Calls are plain functions, hence no object.
+/// The calls of the conversions below, and their effects. Calls are plain functions, so they cannot use an
+/// object.
 Lines calls;
 std::function<Outcome(config::Run&)> act;
 
@@ -115,7 +116,7 @@ TEST_F(MainTest, SettingsOfARun) {
     EXPECT_TRUE(fs::is_directory(home / "temp"));
 }
 
-/// The results of an FMO export lie in FMODirectory, and so does what follows it.
+/// The results of an FMO export are in FMODirectory, with the results of the steps after it.
 TEST_F(MainTest, WhatFollowsAnFmoExportLiesWithIt) {
     act = [](config::Run& run) {
         run.MissingPhotos() = "A.JPG missing from 7\r\n";
