@@ -30,7 +30,7 @@ private:
 };
 const testing::Environment* const application = testing::AddGlobalTestEnvironment(new Application);
 
-/// An area with a line across it, and a line on another layer that is as near.
+/// An area with a line across it, and an equally near line on another layer.
 void MakeDrawing(const std::string& path) {
     drawing::Drawing drawing;
     drawing.setActiveLayer("FIELD");
@@ -82,7 +82,7 @@ TEST_F(Map, AClickTellsTheEntityThatIsMeant) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return ValueOf("Layer") == "FIELD"; }));
     EXPECT_EQ("area", ValueOf("Kind"));
     EXPECT_EQ("400.00", ValueOf("Length"));
-    // The nearer of two lines, and rather a line than the area below it.
+    // The nearer of two lines, and a line rather than the area below it.
     Click(50, 49.8);
     ASSERT_TRUE(QTest::qWaitFor([&] { return ValueOf("Layer") == "FENCE"; }));
     EXPECT_EQ("Ann", ValueOf("OWNER"));
@@ -106,18 +106,18 @@ TEST_F(Map, TheGroundUnderThePointerStaysWhenTheWheelTurns) {
 }
 
 TEST_F(Map, PanningShowsAtOnceWhatIsPainted) {
-    ASSERT_TRUE(QTest::qWaitFor([&] { return painted_ > 1; }));  // what lies around too
+    ASSERT_TRUE(QTest::qWaitFor([&] { return painted_ > 1; }));  // including the margin
     QPoint edge = PlaceOf(20, 20);
     QColor before = View().grab().toImage().pixelColor(edge);
     EXPECT_NE(QColor(Qt::white), before);
     QTest::mousePress(&View(), Qt::MiddleButton, {}, {300, 300});
     QTest::mouseMove(&View(), {340, 310});
     QTest::mouseRelease(&View(), Qt::MiddleButton, {}, {340, 310});
-    // No event of the worker has been looked at in between.
+    // No event of the worker has been processed in between.
     EXPECT_EQ(before, View().grab().toImage().pixelColor(edge + QPoint(40, 10)));
 }
 
-/// The pictures of many orders given at once: the last whole one is that of the last.
+/// The pictures of many orders given at once: the last complete one belongs to the last order.
 TEST(PaintWorker, TheNewestViewWins) {
     drawing::Drawing drawing;
     for (int i = 0; i < 60000; ++i) drawing.addLine({0, double(i), 0}, {1000, double(i), 0});
@@ -133,7 +133,7 @@ TEST(PaintWorker, TheNewestViewWins) {
     constexpr std::uint64_t orders = 50;
     for (std::uint64_t i = 1; i <= orders; ++i)
         worker.Paint(
-            {file.scene, render::View({0, 0, 1000.0 * double(i), 1000}, 800, 600), 0, false, {}, 4, i});
+            {file.scene, render::View({0, 0, 1000.0 * double(i), 1000}, 800, 600), 0, false, {}, {}, 4, i});
     ASSERT_TRUE(QTest::qWaitFor(
         [&] {
             const std::lock_guard lock(mutex);

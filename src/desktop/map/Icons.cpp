@@ -9,7 +9,7 @@ namespace vexlator::desktop {
 
 namespace {
 
-/// What is drawn in a square of 24 by 24.
+/// Drawings in a square of 24 by 24.
 const char* ShapeOf(Drawn what) {
     switch (what) {
         case Drawn::Open:

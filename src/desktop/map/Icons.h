@@ -11,10 +11,10 @@ namespace vexlator::desktop {
 
 enum class Drawn { Open, ZoomIn, ZoomOut, Fit, Rectangle, Layers, Feature };
 
-/// A line drawing in the colour of the palette's text, sharp at every scale.
+/// A line drawing in the palette's text colour, sharp at every scale.
 QIcon IconOf(Drawn what, const QPalette& palette);
 
-/// How a layer's features look, on paper.
+/// The look of a layer's features, on paper.
 QIcon SwatchOf(const render::SceneLayer& layer);
 
 }  // namespace vexlator::desktop

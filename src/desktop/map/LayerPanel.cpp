@@ -22,7 +22,7 @@ constexpr int placeRole = Qt::UserRole;
 }  // namespace
 
 LayerPanel::LayerPanel(QWidget* parent) : QWidget(parent), search_(new QLineEdit), list_(new QTreeWidget) {
-    auto* label = new QLabel(tr("&Find:"));
+    auto* label = new QLabel(tr("Fin&d:"));
     label->setBuddy(search_);
     search_->setClearButtonEnabled(true);
     search_->setAccessibleName(tr("Find a layer"));

@@ -14,14 +14,14 @@ class QTreeWidget;
 
 namespace vexlator::desktop {
 
-/// The layers of a scene, each with a box that shows or hides it.
+/// The layers of a scene, each with a check box to show or hide it.
 class LayerPanel : public QWidget {
     Q_DECLARE_TR_FUNCTIONS(LayerPanel)
 public:
     explicit LayerPanel(QWidget* parent = nullptr);
 
     void SetLayers(std::span<const render::SceneLayer> layers);
-    /// By their place in the scene's list.
+    /// By index in the scene's list.
     std::vector<bool> Hidden() const;
 
     std::function<void()> changed;

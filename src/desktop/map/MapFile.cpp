@@ -15,7 +15,7 @@ namespace {
 
 using render::ItemKind;
 
-/// What the scene itself knows.
+/// The scene's own data about the item.
 render::EntityDetails DetailsOfScene(const render::Scene& scene, std::size_t number) {
     const render::Scene::Item& item = scene.At(number);
     render::EntityDetails details;
@@ -50,7 +50,7 @@ MapFile ReadMapFile(const std::string& path, const std::string& symbolsFolder) {
                                                                 : render::SceneOfFile(path, options));
     if (std::uint64_t leftOut = file.scene->LeftOut())
         options.tell(util::GroupedCount(leftOut) +
-                     (leftOut == 1 ? " feature has no place" : " features have no place"));
+                     (leftOut == 1 ? " feature has no position" : " features have no position"));
     return file;
 }
 

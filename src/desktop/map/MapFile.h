@@ -10,14 +10,14 @@
 
 namespace vexlator::desktop {
 
-/// A drawing or package that is looked at.
+/// A drawing or package to look at.
 struct MapFile {
     std::string path;
     std::shared_ptr<const render::Scene> scene;
     bool isPackage = false;
-    std::string notice;  ///< what could not be shown, a line each; "" when all is
+    std::string notice;  ///< contents that could not be shown, one line each; "" if there are none
 
-    /// What an item stands for. Costs a pass over the file of a drawing. @throws platform::ReadError
+    /// The entity or element of an item. Costs a pass over the file of a drawing. @throws platform::ReadError
     render::EntityDetails DetailsOfItem(std::size_t item) const;
 };
 

@@ -21,10 +21,10 @@ using render::Box;
 using render::PlanePoint;
 using render::View;
 
-constexpr double reach = 6;           ///< of the pointer, in pixels of the desktop
+constexpr double reach = 6;           ///< of the pointer, in desktop pixels
 constexpr double shareOfArrow = 0.1;  ///< of the view
-constexpr int shareAround = 2;        ///< the picture reaches so far beyond each side: one half of the view
-constexpr double room = 0.03;         ///< left around all that there is
+constexpr int shareAround = 2;        ///< margin of the picture beyond each side: half of the view
+constexpr double room = 0.03;         ///< margin around the whole extent
 
 const QColor hoverColour(255, 150, 0), selectionColour(0, 120, 215);
 
@@ -34,7 +34,7 @@ Box WithRoom(const Box& box) {
 }
 
 bool Holds(const Box& outer, const Box& inner) {
-    // What was painted for a view shows it, whatever its coordinates are rounded to.
+    // A picture shows the view that it was painted for, however its coordinates are rounded.
     double slack = 1e-6 * (inner.maxX - inner.minX);
     return outer.minX <= inner.minX + slack && outer.minY <= inner.minY + slack &&
            outer.maxX >= inner.maxX - slack && outer.maxY >= inner.maxY - slack;
@@ -66,6 +66,7 @@ MapView::~MapView() = default;
 void MapView::SetScene(std::shared_ptr<const render::Scene> scene) {
     scene_ = std::move(scene);
     hiddenLayers_.clear();
+    pens_.reset();
     whole_.reset();
     coarse_.reset();
     leastNumber_ = number_ + 1;
@@ -80,6 +81,12 @@ void MapView::SetHiddenLayers(std::vector<bool> hidden) {
     coarse_.reset();
     Hover(std::nullopt);
     Order();
+}
+
+void MapView::SetStyle(render::LayerPens pens, std::vector<bool> hidden) {
+    if (pens_ && *pens_ == pens && hiddenLayers_ == hidden) return;
+    pens_ = std::make_shared<render::LayerPens>(std::move(pens));
+    SetHiddenLayers(std::move(hidden));
 }
 
 void MapView::SetNotice(const QString& text) {
@@ -161,14 +168,19 @@ bool MapView::IsNearItsEdge() const {
 void MapView::Order() {
     update();
     if (!scene_ || width() < 1 || height() < 1) return;
-    PaintOrder order{scene_,      view_,         std::max(view_.Width(), view_.Height()) / shareAround / 2,
-                     IsPainted(), hiddenLayers_, PixelsPerMillimetre(),
+    PaintOrder order{scene_,
+                     view_,
+                     std::max(view_.Width(), view_.Height()) / shareAround / 2,
+                     IsPainted(),
+                     hiddenLayers_,
+                     pens_,
+                     PixelsPerMillimetre(),
                      ++number_};
     worker_->Paint(std::move(order));
 }
 
 void MapView::Take(Picture picture) {
-    // One of an order before may have been on its way here.
+    // A picture for an earlier order may have been on its way.
     if (picture.number < number_) return;
     if (picture.isCoarse) {
         coarse_ = std::move(picture);
@@ -209,7 +221,7 @@ void MapView::DrawPicture(QPainter& painter, const Picture& picture) const {
         if (std::abs(at.x()) < 1e6 && std::abs(at.y()) < 1e6) painter.drawImage(at, picture.image);
         return;
     }
-    // Only the part that is seen: the whole of it may be far larger than numbers of a painter.
+    // Only the visible part, because the whole can exceed the numeric range of a painter.
     double factor = view_.Scale() / picture.view.Scale();
     QRectF seen =
         QRectF(-corner.x / factor, -corner.y / factor, view_.Width() / factor, view_.Height() / factor)
@@ -303,7 +315,7 @@ void MapView::mouseMoveEvent(QMouseEvent* event) {
         UseCursor();
     }
     if (drag_ == Drag::Pan || (drag_ == Drag::None && spaceIsDown_)) {
-        // Whole pixels, so that what is painted need not be painted anew.
+        // Whole pixels, so that the picture need not be painted again.
         PlanePoint from = PixelAt(last_), to = PixelAt(place);
         SetView(view_.Panned(std::round(to.x) - std::round(from.x), std::round(to.y) - std::round(from.y)));
     }
@@ -321,7 +333,10 @@ void MapView::mouseReleaseEvent(QMouseEvent* event) {
 
 void MapView::EndDrag(QPointF place) {
     Drag drag = std::exchange(drag_, Drag::None);
-    if (drag == Drag::Maybe) return Select(ItemUnder(place));
+    if (drag == Drag::Maybe) {
+        if (clicked) clicked(view_.ToGround(PixelAt(place)));
+        return Select(ItemUnder(place));
+    }
     if (drag != Drag::Rectangle) return;
     takesRectangle_ = false;
     QRectF wanted = QRectF(pressed_, place).normalized();

@@ -14,38 +14,41 @@ class QPainterPath;
 
 namespace vexlator::desktop {
 
-/// A scene to look at: panned, zoomed, pointed at. Painting goes on in a worker; until its picture is there,
-/// the last one is shown where it belongs. What happens is told by the functions below, which may be empty.
+/// A scene on the screen that can be panned, zoomed and pointed at. A worker paints. Until its picture
+/// arrives, the last one is shown in its place. The functions below report events and may be empty.
 class MapView : public QWidget {
 public:
     explicit MapView(QWidget* parent = nullptr);
     ~MapView() override;
 
-    /// Shows it from the start; null: nothing.
+    /// Shows a scene from the start; null: nothing.
     void SetScene(std::shared_ptr<const render::Scene> scene);
-    /// By their place in the scene's list.
+    /// By index in the scene's list.
     void SetHiddenLayers(std::vector<bool> hidden);
+    /// Pens that count instead of the scene's own, and hidden layers; both by places in the scene's list.
+    void SetStyle(render::LayerPens pens, std::vector<bool> hidden);
     /// Stands in the middle while there is no scene.
     void SetNotice(const QString& text);
 
-    static constexpr double zoomStep = 1.5;  ///< of + and -
+    static constexpr double zoomStep = 1.5;  ///< step of + and -
     void Fit();
     void ZoomBy(double factor);
-    /// The next drag draws the rectangle to be shown.
+    /// The next drag selects the rectangle to show.
     void ZoomToRectangle();
     void ShowGround(const render::Box& ground);
     void Select(std::optional<std::size_t> item);
 
     const render::View& Shown() const { return view_; }
-    /// What the item under a place in the widget is.
+    /// The item at a position in the widget.
     std::optional<std::size_t> ItemUnder(QPointF place) const;
-    /// Ground to paper, as in 1 : 2500.
+    /// Ratio of ground to paper, as in 1 : 2500.
     double ScaleNumber() const;
 
     std::function<void(std::optional<render::PlanePoint>)> pointed;  ///< ground under the pointer
+    std::function<void(render::PlanePoint)> clicked;  ///< ground; before the item there is selected
     std::function<void()> viewChanged;
     std::function<void(std::optional<std::size_t>)> hovered, selected;  ///< item
-    std::function<void()> painted;                                      ///< a whole picture has come
+    std::function<void()> painted;                                      ///< a complete picture has arrived
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -66,7 +69,7 @@ private:
     void SetView(const render::View& view);
     void Order();
     void Take(Picture picture);
-    /// The picture on the screen shows all of the view, at its scale.
+    /// The picture on the screen shows the whole view at its scale.
     bool IsPainted() const;
     bool IsNearItsEdge() const;
     void Hover(std::optional<std::size_t> item);
@@ -82,11 +85,12 @@ private:
 
     std::shared_ptr<const render::Scene> scene_;
     std::vector<bool> hiddenLayers_;
+    std::shared_ptr<const render::LayerPens> pens_;
     render::View view_;
-    bool isFitted_ = true;  ///< shows all, and goes on to when the window changes
+    bool isFitted_ = true;  ///< shows everything, also after the window changes its size
     std::optional<Picture> whole_, coarse_;
-    std::uint64_t number_ = 0;       ///< of the newest order
-    std::uint64_t leastNumber_ = 0;  ///< orders before show other layers or another scene
+    std::uint64_t number_ = 0;       ///< number of the newest order
+    std::uint64_t leastNumber_ = 0;  ///< earlier orders show other layers or another scene
     std::optional<std::size_t> hovered_, selected_;
     Drag drag_ = Drag::None;
     bool spaceIsDown_ = false, takesRectangle_ = false;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/map/MapWindow.h"
 
+#include "desktop/application/Texts.h"
 #include "desktop/map/Icons.h"
 #include "desktop/map/LayerPanel.h"
 #include "desktop/map/MapView.h"
@@ -30,10 +31,6 @@ namespace vexlator::desktop {
 
 namespace {
 
-QString Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
-
 /// A text that a click copies.
 QToolButton* Copied(const QString& accessibleName, const QString& help) {
     auto* button = new QToolButton;
@@ -59,7 +56,7 @@ MapWindow::MapWindow(config::Installation& installation, QWidget* parent)
       layers_(new LayerPanel),
       details_(new QTreeWidget),
       hovered_(new QLabel),
-      place_(Copied(tr("Coordinates"), tr("Coordinates under the pointer; a click copies those seen last"))),
+      place_(Copied(tr("Coordinates"), tr("Coordinates under the pointer; a click copies the last ones"))),
       scale_(Copied(tr("Scale"), tr("Scale of the map; a click copies it"))) {
     setAttribute(Qt::WA_DeleteOnClose);
     setAcceptDrops(true);
@@ -78,7 +75,7 @@ MapWindow::MapWindow(config::Installation& installation, QWidget* parent)
 }
 
 MapWindow::~MapWindow() {
-    // It tells of a lost selection when it goes.
+    // Its destructor reports a lost selection.
     map_->selected = nullptr;
 }
 
@@ -181,7 +178,7 @@ void MapWindow::Open(const std::string& path) {
     map_->SetNotice(tr("Reading %1…").arg(name));
     setWindowTitle(name);
     readers_.start([this, number, path, symbols = installation_.Settings().SymbolsDirectory] {
-        // The window waits for its readers before it goes, so that it is there for what they post.
+        // The window waits for its readers before it closes, because they post to it.
         auto post = [this, number](auto act) {
             QMetaObject::invokeMethod(
                 this,
@@ -203,7 +200,7 @@ void MapWindow::Show(MapFile file) {
     file_ = std::move(file);
     layers_->SetLayers(file_->scene->Layers());
     if (file_->scene->ItemCount() == 0)
-        map_->SetNotice(tr("There is nothing to see in %1.").arg(Text(util::FileNameOf(file_->path))));
+        map_->SetNotice(tr("%1 contains nothing to show.").arg(Text(util::FileNameOf(file_->path))));
     else
         map_->SetScene(file_->scene);
     statusBar()->setToolTip(Text(file_->notice));
@@ -238,7 +235,7 @@ void MapWindow::ZoomToRectangle() {
 }
 
 void MapWindow::ShowPlace(std::optional<render::PlanePoint> ground) {
-    // What was seen last stays, to be copied.
+    // The last contents stay for copying.
     if (!ground || !file_) {
         if (!file_) place_->setText(tr("no coordinates"));
         return;

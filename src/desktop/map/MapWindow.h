@@ -22,15 +22,15 @@ class LayerPanel;
 class MapView;
 enum class Drawn;
 
-/// A drawing or a package on a map, with its layers and what is selected.
+/// A drawing or a package on a map, with its layers and the selection.
 class MapWindow : public QMainWindow {
     Q_DECLARE_TR_FUNCTIONS(MapWindow)
 public:
-    /// The installation outlives the window.
+    /// The installation must outlive the window.
     explicit MapWindow(config::Installation& installation, QWidget* parent = nullptr);
     ~MapWindow() override;
 
-    /// Reads and shows a file; goes on in the background. What is wrong with it stands on the map.
+    /// Reads and shows a file, in the background. An error appears on the map.
     void Open(const std::string& path);
     MapView& Map() { return *map_; }
     const std::optional<MapFile>& File() const { return file_; }
@@ -67,11 +67,12 @@ private:
     QLabel* hovered_;
     QToolButton *place_, *scale_;
     std::vector<std::pair<QAction*, Drawn>> drawn_;
-    std::uint64_t opened_ = 0, asked_ = 0;  ///< the newest file and selection: what comes late does not count
-    QThreadPool readers_;                   ///< it is waited for when the window goes
+    std::uint64_t opened_ = 0,
+                  asked_ = 0;  ///< numbers of the newest file and selection: late results are ignored
+    QThreadPool readers_;      ///< the window waits for it when it closes
 };
 
-/// A map window that shows a file, or none for "".
+/// A map window with a file, or without one for "".
 QWidget* MakeMapWindow(config::Installation& installation, const std::string& path);
 
 }  // namespace vexlator::desktop

@@ -11,7 +11,7 @@ namespace vexlator::desktop {
 
 namespace {
 
-/// Scenes of so few items are painted whole at once; so is what lately took less than that.
+/// Limits for painting a scene at once: a small number of items, or a short time of the last picture.
 constexpr std::size_t fewItems = 20000;
 constexpr std::chrono::milliseconds short_{40};
 
@@ -69,9 +69,10 @@ bool PaintWorker::Deliver(const PaintOrder& order, const render::View& view, boo
     options.pixelsPerMillimetre = order.pixelsPerMillimetre;
     options.isCoarse = isCoarse;
     options.hiddenLayers = order.hiddenLayers;
+    options.pens = order.pens;
     options.stop = stop;
     if (!PaintScene(*order.scene, view, image, options)) return false;
-    // The lock keeps a new order from coming in between.
+    // The lock prevents a new order in between.
     const std::lock_guard lock(mutex_);
     if (stop.stop_requested()) return false;
     take_({std::move(image), view, isCoarse, order.number});

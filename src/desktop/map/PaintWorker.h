@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "render/Painter.h"
 #include "render/Scene.h"
 #include "render/View.h"
 
@@ -18,26 +19,27 @@
 
 namespace vexlator::desktop {
 
-/// What is to be painted.
+/// An order to paint.
 struct PaintOrder {
     std::shared_ptr<const render::Scene> scene;
-    render::View view;        ///< in pixels of the screen
-    int around = 0;           ///< pixels on every side, painted last, so that panning finds them there
-    bool onlyAround = false;  ///< the view itself is on the screen already
+    render::View view;        ///< in screen pixels
+    int around = 0;           ///< margin in pixels on every side, painted last, for panning
+    bool onlyAround = false;  ///< the view itself is already on the screen
     std::vector<bool> hiddenLayers;
+    std::shared_ptr<const render::LayerPens> pens;
     double pixelsPerMillimetre = 96 / 25.4;
-    std::uint64_t number = 0;  ///< comes back with the pictures
+    std::uint64_t number = 0;  ///< returned with the pictures
 };
 
 struct Picture {
     QImage image;
     render::View view;
-    bool isCoarse = false;  ///< some of the items, on nothing
+    bool isCoarse = false;  ///< some of the items, on a transparent background
     std::uint64_t number = 0;
 };
 
-/// Paints in a thread of its own: coarse first where the whole takes long, then the whole, then with what
-/// lies around. The newest order wins: it ends the work on the one before, whose pictures no longer come.
+/// Paints in its own thread: first coarsely if the whole takes long, then the whole, then the margin. A new
+/// order ends the work on the one before, whose pictures do not arrive any more.
 class PaintWorker {
 public:
     /// `take` gets every picture, in the worker's thread.
@@ -51,7 +53,7 @@ public:
 private:
     void Work(const std::stop_token& end);
     void Carry(const PaintOrder& order, const std::stop_token& stop);
-    /// False when it was stopped.
+    /// False if it was stopped.
     bool Deliver(const PaintOrder& order, const render::View& view, bool isCoarse,
                  const std::stop_token& stop);
 
@@ -59,8 +61,8 @@ private:
     std::mutex mutex_;
     std::condition_variable_any wake_;
     std::optional<PaintOrder> next_;
-    std::stop_source current_;    ///< of the order that is being painted
-    bool wholeTakesLong_ = true;  ///< as it last did
+    std::stop_source current_;    ///< stops the order in work
+    bool wholeTakesLong_ = true;  ///< in the last picture
     std::jthread thread_;
 };
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/options/SettingsPage.h"
 
+#include "desktop/application/Texts.h"
 #include "platform/AsciiCase.h"
 
 #include <QHeaderView>
@@ -18,7 +19,7 @@ namespace {
 enum Column { NameColumn, ValueColumn, DefaultColumn, MeaningColumn };
 constexpr int placeRole = Qt::UserRole;
 
-/// Only values are edited.
+/// Only values can be edited.
 class Table : public QTreeWidget {
 public:
     Table() { setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed); }
@@ -60,7 +61,7 @@ void SettingsPage::Layout() {
     label->setBuddy(search_);
     search_->setObjectName(QStringLiteral("txtSearch"));
     search_->setAccessibleName(tr("Search the settings"));
-    search_->setPlaceholderText(tr("a name, or a word of what it does"));
+    search_->setPlaceholderText(tr("a name, or a word of its meaning"));
     search_->setClearButtonEnabled(true);
     table_->setObjectName(QStringLiteral("lstSettings"));
     table_->setAccessibleName(tr("All settings"));
@@ -154,8 +155,8 @@ void SettingsPage::ShowMeaning() {
     const config::Key* key = KeyOf(table_->currentItem());
     reset_->setEnabled(key && !model_.Value(key->section, key->name).empty());
     if (!key)
-        return meaning_->setText(
-            tr("● marks a value that differs from its default. Italics: not yet written."));
+        return meaning_->setText(tr(
+            "● marks a value that differs from its default. Italics mark changes that are not written yet."));
     meaning_->setText("<b>[" + Text(key->section).toHtmlEscaped() + "] " + Text(key->name).toHtmlEscaped() +
                       "</b><br>" + Text(key->Explanation()).toHtmlEscaped());
 }

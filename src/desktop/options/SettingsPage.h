@@ -16,10 +16,6 @@ class QTreeWidgetItem;
 
 namespace vexlator::desktop {
 
-inline QString Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
-
 /// Every setting of gv.ini, to be searched and changed.
 class SettingsPage : public QWidget {
     Q_DECLARE_TR_FUNCTIONS(SettingsPage)
@@ -28,10 +24,10 @@ public:
 
     /// The model's values.
     void Fill();
-    /// Selects a setting, whatever is searched for.
+    /// Selects a setting, and clears a search that hides it.
     void GoTo(const std::string& section, const std::string& key);
 
-    std::function<void()> changed;  ///< the model has been
+    std::function<void()> changed;  ///< the model has changed
 
 private:
     void MakeRows();

@@ -3,6 +3,7 @@
 #include "desktop/options/frmBkgndOption.h"
 
 #include "coords/TransformationSetting.h"
+#include "desktop/application/Texts.h"
 #include "desktop/options/SettingsPage.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
@@ -200,8 +201,8 @@ QWidget* frmBkgndOption::MakeCheckPage() {
     auto* page = new QWidget;
     findings_ = new QTreeWidget;
     findings_->setObjectName(QStringLiteral("lstFindings"));
-    findings_->setAccessibleName(tr("What is to be mended in gv.ini"));
-    findings_->setHeaderLabels({tr("What is found in gv.ini"), tr("What mends it")});
+    findings_->setAccessibleName(tr("Findings in gv.ini"));
+    findings_->setHeaderLabels({tr("Findings in gv.ini"), tr("Remedy")});
     findings_->setRootIsDecorated(false);
     findings_->setTextElideMode(Qt::ElideMiddle);
     findings_->setStyleSheet(QStringLiteral("QTreeView::item { padding: 3px 2px; }"));
@@ -209,7 +210,7 @@ QWidget* frmBkgndOption::MakeCheckPage() {
     findings_->header()->setStretchLastSection(false);
     findings_->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     findings_->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
-    auto* help = new QLabel(tr("A double click leads to the setting."));
+    auto* help = new QLabel(tr("A double click selects the setting."));
     auto* layout = new QVBoxLayout(page);
     layout->addWidget(findings_);
     layout->addWidget(help);
@@ -225,8 +226,8 @@ QWidget* frmBkgndOption::MakeButtons() {
     auto* buttons = new QDialogButtonBox;
     done_ = buttons->addButton(tr("&Done"), QDialogButtonBox::AcceptRole);
     done_->setObjectName(QStringLiteral("btnDone"));
-    done_->setAccessibleName(tr("Write what was changed and close"));
-    done_->setToolTip(tr("Writes what was changed and closes. A right click opens gv.ini."));
+    done_->setAccessibleName(tr("Write the changes and close"));
+    done_->setToolTip(tr("Writes the changes and closes. A right click opens gv.ini."));
     done_->installEventFilter(this);
     buttons->addButton(QDialogButtonBox::Cancel);
     connect(buttons, &QDialogButtonBox::accepted, this, &frmBkgndOption::btnDone_Click);
@@ -234,7 +235,7 @@ QWidget* frmBkgndOption::MakeButtons() {
     return buttons;
 }
 
-// --- What is shown
+// --- Display
 
 void frmBkgndOption::Fill() {
     isFilling_ = true;
@@ -246,7 +247,7 @@ void frmBkgndOption::Fill() {
         if (!box->objectName().startsWith(QLatin1String("chkESRI")))
             box->setChecked(model_.IsOn(box->objectName().toStdString()));
     for (auto& [box, version] : esri_) box->setChecked(model_.EsriVersion() == version);
-    // A line end that was just typed is no change yet, and stays.
+    // A line end that was just typed is not a change yet, and stays.
     QString lines = Text(model_.PdfLayerLines());
     if (!pdfLayers_->hasFocus() && lines != pdfLayers_->toPlainText()) pdfLayers_->setPlainText(lines);
     isFilling_ = false;
@@ -268,7 +269,7 @@ void frmBkgndOption::ShowFindings() {
         row->setToolTip(0, Text(finding.text));
     }
     int count = findings_->topLevelItemCount();
-    if (count == 0) new QTreeWidgetItem(findings_, {tr("Nothing is to be mended.")});
+    if (count == 0) new QTreeWidgetItem(findings_, {tr("gv.ini has no faults.")});
     tabs_->setTabText(2, count == 0 ? tr("C&heck") : tr("C&heck (%1)").arg(count));
 }
 
@@ -280,21 +281,26 @@ void frmBkgndOption::Tell(const QString& text) {
     QMessageBox::information(this, windowTitle(), text);
 }
 
-// --- What is done
+// --- Actions
 
 void frmBkgndOption::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     // Once the window is seen, so that what it asks is understood.
-    if (!std::exchange(isChecked_, true)) QTimer::singleShot(0, this, [this] { CheckLibrary(); });
+    if (!std::exchange(isChecked_, true)) QTimer::singleShot(0, this, [this] { CheckLibrary(this); });
 }
 
-void frmBkgndOption::CheckLibrary() {
+bool CheckLibrary(QWidget* parent) {
     startup::CoordinateLibrary library = startup::CheckCoordinateLibrary();
     using State = startup::CoordinateLibrary::State;
-    if (library.state == State::Missing) return Tell(Text(library.Message()));
-    if (library.state != State::CanCopy || !Ask(Text(library.Message()))) return;
-    Tell(library.Copy() ? QStringLiteral("Sucessfully updated")
-                        : QStringLiteral("Update failed please check folder permissions"));
+    if (library.state == State::Fine) return true;
+    QString title = parent->windowTitle(), message = Text(library.Message());
+    auto tell = [&](const QString& text) { QMessageBox::information(parent, title, text); };
+    if (library.state == State::Missing)
+        tell(message);
+    else if (QMessageBox::question(parent, title, message) == QMessageBox::Yes)
+        tell(library.Copy() ? QStringLiteral("Sucessfully updated")
+                            : QStringLiteral("Update failed please check folder permissions"));
+    return false;
 }
 
 void frmBkgndOption::ChooseCoordSystem() {

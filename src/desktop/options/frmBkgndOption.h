@@ -21,11 +21,11 @@ namespace vexlator::desktop {
 
 class SettingsPage;
 
-/// The options window: the options of backgrounds, every setting of gv.ini, and what is to be mended there.
+/// The options window: the options of backgrounds, every setting of gv.ini, and its findings.
 class frmBkgndOption : public QDialog {
     Q_DECLARE_TR_FUNCTIONS(frmBkgndOption)
 public:
-    /// The installation outlives the window.
+    /// The installation must outlive the window.
     explicit frmBkgndOption(config::Installation& installation, QWidget* parent = nullptr);
 
     startup::OptionsModel& Model() { return model_; }
@@ -48,7 +48,7 @@ private:
     QCheckBox* AddBox(const char* name, const QString& text, const QString& meaning);
     /// Shows the model's values in all controls.
     void Fill();
-    /// After the model has changed.
+    /// After a change of the model.
     void Changed();
     void ShowFindings();
 
@@ -56,7 +56,6 @@ private:
     void btnCoordManager_Click();
     void btnDone_Click();
     void OfferIni();
-    void CheckLibrary();
     bool Ask(const QString& text);
     void Tell(const QString& text);
 
@@ -70,6 +69,10 @@ private:
     std::vector<std::pair<QCheckBox*, std::string>> esri_;  ///< with the version of each
     bool isFilling_ = false, isChecked_ = false;
 };
+
+/// Looks whether the coordinate library is where it is expected; offers to copy it there, or tells that it is
+/// missing. True when it is in its place, or none is expected.
+bool CheckLibrary(QWidget* parent);
 
 QWidget* MakeOptionsWindow(config::Installation& installation);
 

@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "background/styling/MobileStyleLook.h"
+
+#include <QIcon>
+#include <QRectF>
+#include <QString>
+
+class QPainter;
+
+namespace vexlator::desktop {
+
+/// A mobile style as drawn, on white: a symbol for type "P", a bend of line for "S", a patch for others.
+void PaintStyleSample(QPainter& painter, const QRectF& place, const QString& type,
+                      const background::MobileStyleLook& look);
+
+/// Small pictures for lists, sharp at every scale.
+QIcon StyleIcon(const QString& type, const background::MobileStyleLook& look);
+QIcon ColourIcon(const QString& colour);
+QSize SampleSize();
+
+}  // namespace vexlator::desktop
