@@ -27,12 +27,14 @@ Connection::Product ProductNamed(std::string_view name) {
 
 Connection::Impl::Impl(const std::string& connectionString) {
     std::string text = ForThisSystem(connectionString);
+    // Only the driver for Access files gets its file by this keyword.
+    if (!ConnectionString(text).Get("Dbq").empty()) driverErrors.emplace();
     SQLSetConnectAttr(handle.Get(), SQL_ATTR_LOGIN_TIMEOUT, odbc::Number(loginTimeout), 0);
     handle.Check(SQLDriverConnect(handle.Get(), nullptr, odbc::Text(text), SQL_NTS, nullptr, 0, nullptr,
                                   SQL_DRIVER_NOPROMPT));
     product = ProductNamed(Info(SQL_DBMS_NAME));
     quote = std::string(util::Trim(Info(SQL_IDENTIFIER_QUOTE_CHAR)));
-    // Only a driver that finds long values again within a block may fetch more than one row at a time.
+    // Only a driver that rereads long values within a block may fetch more than one row at a time.
     SQLUINTEGER extensions = 0;
     SQLGetInfo(handle.Get(), SQL_GETDATA_EXTENSIONS, &extensions, sizeof extensions, nullptr);
     if (extensions & SQL_GD_BLOCK) rowsPerBlock = largestBlock;
@@ -50,7 +52,7 @@ std::string Connection::Impl::Info(SQLUSMALLINT what) const {
 
 Connection::Connection(const std::string& connectionString)
     : impl_(std::make_unique<Impl>(connectionString)) {
-    // SQLite opens any file, and only says what it is when something is read from it.
+    // SQLite opens any file. It reports a wrong file only at the first read.
     if (Kind() == Product::Sqlite) Execute("SELECT count(*) FROM sqlite_master");
 }
 
@@ -60,12 +62,16 @@ void Connection::Provide(std::string_view table) {
     if (impl_->dbaseFolder.empty() || !impl_->dbaseTables.insert(platform::LowerAscii(table)).second) return;
     Execute("PRAGMA query_only=0");
     LoadDbaseTable(*this, impl_->dbaseFolder, table);
-    // The copy is all that would change.
+    // Changes would only affect the copy.
     Execute("PRAGMA query_only=1");
 }
 
 Connection::Product Connection::Kind() const {
     return impl_->product;
+}
+
+bool Connection::HasFoundDamage() const {
+    return impl_->driverErrors && impl_->driverErrors->Any();
 }
 
 bool Connection::OnlyReads() const {
@@ -84,8 +90,8 @@ std::string Connection::Quoted(std::string_view identifier) const {
     return quote + util::ReplaceAll(identifier, quote, quote + quote) + quote;
 }
 
-// SQLite's transactions begin by statement, because only so can they take the write lock at once: one that
-// takes it later fails, instead of waiting, when another program has written in between.
+// SQLite's transactions begin by statement, because this way they take the write lock at once. A transaction
+// that takes the lock later fails, instead of waiting, if another program has written since.
 Transaction::Transaction(Connection& connection) : connection_(connection) {
     if (connection.OnlyReads()) throw DatabaseError("25006", "the driver for such a database only reads");
     if (connection.Kind() == Connection::Product::Sqlite) {
@@ -102,7 +108,7 @@ Transaction::~Transaction() {
     try {
         End(false);
     } catch (const DatabaseError&) {
-        // The connection is broken; the database undoes what was not committed.
+        // The connection is broken. The database undoes uncommitted changes.
     }
 }
 

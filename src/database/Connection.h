@@ -13,7 +13,7 @@ namespace vexlator::database {
 /// An open connection to a database, closed at the end of its life.
 class Connection {
 public:
-    /// Takes connection strings of Windows too (ForThisSystem). Waits at most 15 seconds for a server.
+    /// Accepts connection strings of Windows too (ForThisSystem). Waits at most 15 seconds for a server.
     /// @throws DatabaseError
     explicit Connection(const std::string& connectionString);
     ~Connection();
@@ -23,17 +23,19 @@ public:
     enum class Product { Sqlite, PostgreSql, Other };
     Product Kind() const;
 
-    /// Real Access files and folders of dBASE tables are only read.
+    /// Real Access files and folders of dBASE tables are read-only.
     bool OnlyReads() const;
+
+    /// Whether the driver of a real Access file has met damage in it so far.
+    bool HasFoundDamage() const;
 
     /// Runs a statement that has no parameters and gives no rows. @throws DatabaseError
     void Execute(const std::string& sql);
 
-    /// A table's or column's name as it stands in a statement: in the database's quotes, those inside
-    /// doubled.
+    /// A table's or column's name for a statement: in the database's quotes, with inner quotes doubled.
     std::string Quoted(std::string_view identifier) const;
 
-    /// Gets ready a table that is about to be looked for. @throws DatabaseError a dBASE table that is damaged
+    /// Prepares a table before a look-up. @throws DatabaseError for a damaged dBASE table
     void Provide(std::string_view table);
 
 private:
@@ -43,9 +45,9 @@ private:
     std::unique_ptr<Impl> impl_;
 };
 
-/// What is done until Commit() is kept whole; without Commit() none of it is.
-/// Other programs may read meanwhile. In an SQLite database no other can write from the start on; in other
-/// databases from LockTable() on. Both wait up to a minute for programs that hold the lock, then throw.
+/// Commit() keeps all changes since the start; without Commit() none are kept. Other programs may read at the
+/// same time. No other program can write: in an SQLite database from the start on, in other databases from
+/// LockTable() on. Both calls wait up to a minute for programs that hold the lock, then throw.
 class Transaction {
 public:
     explicit Transaction(Connection& connection);

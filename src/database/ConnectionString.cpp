@@ -25,7 +25,7 @@ std::string_view TakeUpTo(std::string_view& text, char end) {
     return part;
 }
 
-/// Takes a value in braces, without them; `text` stands after the opening one.
+/// Takes a value in braces, without them; `text` starts after the opening brace.
 std::string TakeBraced(std::string_view& text) {
     std::string value(TakeUpTo(text, '}'));
     while (text.starts_with('}')) {
@@ -50,15 +50,15 @@ DatabaseError CannotConnect(const std::string& text) {
     return DatabaseError("08001", text);
 }
 
-/// How the driver manager is told to load a driver: by its registered name, else by its file, which the
-/// driver manager looks for in its own folder.
+/// How the driver manager finds a driver: by its registered name, else by its file, which the driver manager
+/// looks for in its own folder.
 std::string DriverFor(std::string_view library) {
     for (const odbc::InstalledDriver& driver : odbc::InstalledDrivers())
         if (driver.library.find(library) != std::string::npos) return Braced(driver.name);
     return std::string(library) + ".so";
 }
 
-/// @param file a real Access file. The driver loops for ever in one that was cut off.
+/// @param file a real Access file. The driver loops forever in a truncated file.
 std::string ForJetFile(const std::string& native, std::string_view file) {
     constexpr std::size_t smallestPage = 2048;
     if (file.size() % smallestPage != 0)
@@ -126,8 +126,8 @@ std::string AccessConnectionString(std::string_view path) {
 std::string SqliteConnectionString(const std::string& nativePath) {
     if (nativePath.find(';') != std::string::npos)
         throw CannotConnect(nativePath + ": the path of a database must not hold a semicolon");
-    // StepAPI: rows come one by one instead of all into memory. Timeout: how long, in milliseconds, a program
-    // waits for others that write.
+    // StepAPI: rows come one by one instead of all into memory. Timeout: the time, in milliseconds, to wait
+    // for other writers.
     return "Driver=" + DriverFor("libsqlite3odbc") + ";StepAPI=1;Timeout=60000;Database=" + nativePath;
 }
 

@@ -7,7 +7,7 @@
 
 namespace vexlator::database {
 
-/// What a database or its driver refused: what() is the driver's own text.
+/// An error of a database or its driver: what() is the driver's own text.
 class DatabaseError : public std::runtime_error {
 public:
     DatabaseError(std::string state, const std::string& text, std::string query = "")
@@ -15,7 +15,7 @@ public:
 
     /// SQLSTATE, five characters, as in "08001" (no connection) or "HY000" (nothing more precise).
     const std::string& State() const { return state_; }
-    /// The statement that failed; "" when it was not one.
+    /// The statement that failed; "" if no statement failed.
     const std::string& Query() const { return query_; }
 
 private:

@@ -30,8 +30,8 @@ std::string Encoding(const std::string& dbfPath, const DbfTable& table) {
                                 table.LanguageByte());
 }
 
-/// Values of other types than text are null when they are blank; some programs write "*" into numbers and 0
-/// into dates for that.
+/// Blank values of types other than text are null. For null some programs write "*" into numbers and 0 into
+/// dates.
 bool IsNull(std::string_view value, char type) {
     if (type == 'C') return false;
     return value.empty() || value.starts_with('*') || (type == 'D' && value == "00000000");

@@ -7,8 +7,8 @@
 
 namespace vexlator::database {
 
-/// Names of the ODBC drivers that the system's configuration lists, as they stand in connection strings.
-/// @throws DatabaseError when the driver manager does not work
+/// Names of the ODBC drivers in the system's configuration, as in connection strings.
+/// @throws DatabaseError if the driver manager does not work
 std::vector<std::string> DriverNames();
 
 }  // namespace vexlator::database

@@ -63,6 +63,20 @@ std::string DatabaseOf(const FmoFile& file) {
     return config::IniValue(file.text, section, "MDB");
 }
 
+std::string DatabaseFileOf(const FmoFile& file) {
+    FmoDefinition definition;
+    definition.driver = config::IniValue(file.text, section, "DRIVER");
+    definition.database = DatabaseOf(file);
+    if (!definition.driver.empty() || definition.database.empty() || IsRemote(definition)) return "";
+    if (!IsDatabaseFile(definition))
+        return platform::FindExisting(
+            util::JoinPath(definition.database, config::IniValue(file.text, section, "TABLE") + ".DBF"));
+    std::string there = platform::FindExisting(definition.database);
+    if (!there.empty()) return there;
+    return platform::FindExisting(
+        util::JoinPath(util::FolderOf(file.path), util::FileNameOf(definition.database)));
+}
+
 FmoDefinition ReadFmoDefinition(config::Run& run, const FmoFile& file) {
     config::IniText values(file.text);
     auto read = [&](std::string_view key) { return std::string(values.Value(section, key)); };

@@ -10,7 +10,7 @@ namespace vexlator::database {
 
 namespace {
 
-/// As long as an export waits for another one in a database that is there.
+/// The same time as an export waits for another one in an existing database.
 constexpr std::chrono::seconds longestWait{60};
 
 }  // namespace
@@ -25,9 +25,9 @@ std::unique_ptr<NewDatabase> NewDatabase::IfMissing(const std::string& path) {
 std::unique_ptr<Connection> NewDatabase::Connect() const {
     try {
         auto connection = std::make_unique<Connection>(SqliteConnectionString(file_.TemporaryName()));
-        // Nobody else sees the file, and after a failure nobody needs it: it takes no journal, which would
-        // stay behind, no locks, and one sync, at the end.
-        // The driver runs a statement that has a result when that is fetched.
+        // Nobody else sees the file, and after a failure nobody needs it. So it has no journal, which would
+        // stay behind, no locks, and one sync at the end. The driver runs a statement with a result when the
+        // result is fetched.
         for (const char* setting : {"locking_mode=EXCLUSIVE", "journal_mode=OFF", "synchronous=OFF"}) {
             Statement statement(*connection, std::string("PRAGMA ") + setting);
             statement.Execute();

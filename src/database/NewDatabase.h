@@ -12,21 +12,21 @@
 
 namespace vexlator::database {
 
-/// A database file that appears with all that is written to it, or not at all: an SQLite database in a
-/// temporary file beside its place. Destroyed without Commit(), it leaves nothing behind. No other program
-/// makes the same one meanwhile.
+/// A database file that appears with all its contents, or not at all: an SQLite database in a temporary file
+/// beside the target. Destruction without Commit() leaves nothing behind. No other program makes the same
+/// file at the same time.
 class NewDatabase {
 public:
-    /// Null when the file is there, perhaps only since another program has made it; waits for such a program
-    /// up to a minute. The folder must be there.
+    /// Null if the file exists, even if another program has just made it. Waits up to a minute for such a
+    /// program. The folder must exist.
     /// @throws platform::WriteError
     static std::unique_ptr<NewDatabase> IfMissing(const std::string& path);
 
-    /// A connection for one transaction: what is written cannot be undone by rolling it back, only by
-    /// dropping this object. @throws platform::WriteError
+    /// A connection for one transaction. Changes cannot be rolled back, only dropped with this object.
+    /// @throws platform::WriteError
     std::unique_ptr<Connection> Connect() const;
-    /// Writes what has been committed to the disk; a Commit() that follows only renames. The connection must
-    /// be closed. @throws platform::WriteError, as does Commit()
+    /// Writes the committed data to the disk; a later Commit() only renames. The connection must be closed.
+    /// @throws platform::WriteError, like Commit()
     void Finish() { file_.Finish(); }
     void Commit() { file_.Commit(); }
 

@@ -16,7 +16,8 @@ const char* Chars(const SQLCHAR* text) {
     return reinterpret_cast<const char*>(text);
 }
 
-/// The value of one keyword in a list of "keyword=value" texts, each ended by a NUL, the list by another.
+/// The value of one keyword in a list of "keyword=value" texts. A NUL ends each text, and another NUL ends
+/// the list.
 std::string AttributeOf(const char* list, std::string_view keyword) {
     for (; *list; list += std::strlen(list) + 1) {
         std::string_view item = list;

@@ -8,10 +8,9 @@
 #include <string_view>
 #include <vector>
 
-/// What the files of this folder share of ODBC. No other folder includes it.
+/// ODBC helpers for the files of this folder. No other folder includes it.
 ///
-/// Text goes through the narrow functions as UTF-8: the drivers for SQLite and PostgreSQL take and give it
-/// unchanged.
+/// Text goes through the narrow functions as UTF-8. The drivers for SQLite and PostgreSQL use UTF-8 there.
 namespace vexlator::database::odbc {
 
 /// An ODBC handle and its release.
@@ -24,7 +23,7 @@ public:
     Handle& operator=(const Handle&) = delete;
 
     SQLHANDLE Get() const { return handle_; }
-    /// Does nothing when `result` is a success. @throws DatabaseError with all that the driver says.
+    /// Does nothing if `result` is a success. @throws DatabaseError with all texts of the driver.
     void Check(SQLRETURN result, std::string_view query = "") const;
 
 private:
@@ -42,15 +41,15 @@ struct InstalledDriver {
     std::string name;     ///< as in a connection string
     std::string library;  ///< its file, with or without folder
 };
-/// The drivers that the system's configuration of ODBC names.
+/// The drivers in the system's ODBC configuration.
 std::vector<InstalledDriver> InstalledDrivers();
 
-/// ODBC takes all text as non-const.
+/// ODBC declares input text as non-const.
 inline SQLCHAR* Text(const std::string& text) {
     return reinterpret_cast<SQLCHAR*>(const_cast<char*>(text.c_str()));
 }
 
-/// An attribute whose value is a number travels as a pointer.
+/// An attribute with a numeric value is passed as a pointer.
 inline SQLPOINTER Number(std::size_t value) {
     return reinterpret_cast<SQLPOINTER>(value);  // NOLINT(performance-no-int-to-ptr)
 }

@@ -17,7 +17,7 @@ std::string_view BytesOf(const T& value) {
     return {reinterpret_cast<const char*>(&value), sizeof value};
 }
 
-/// Drivers differ in what they make of a timestamp's fraction of a second; this text has none.
+/// Drivers treat a timestamp's fraction of a second differently; this text has none.
 std::string TimestampText(const platform::DateTime& when) {
     return util::ZeroPadded(when.year, 4) + "-" + util::ZeroPadded(when.month, 2) + "-" +
            util::ZeroPadded(when.day, 2) + " " + util::ZeroPadded(when.hour, 2) + ":" +
@@ -49,7 +49,7 @@ SQLRETURN ParameterBuffer::Set(SQLHANDLE statement, std::size_t index, const Val
 }
 
 SQLRETURN ParameterBuffer::Put(SQLHANDLE statement, std::size_t index, Type type, std::string_view bytes) {
-    // The SQLite driver keeps the length that bytes had when they were bound.
+    // The SQLite driver keeps the length of the bytes at the time of binding.
     bool known =
         type == type_ && type.inMemory != SQL_C_BINARY && bytes.size() <= bytes_.size() && !bytes_.empty();
     if (bytes_.size() < bytes.size() || bytes_.empty())

@@ -9,12 +9,11 @@
 
 namespace vexlator::database {
 
-/// Where the driver finds one parameter's value. The driver is told of it again only when the kind of value
-/// changes or outgrows it (for bytes always), so that running a statement a million times costs copies, not
-/// calls.
+/// The memory where the driver finds one parameter's value. The value is bound again only if its kind changes
+/// or it outgrows the memory (bytes: always). So a million runs of a statement cost copies, not calls.
 class ParameterBuffer {
 public:
-    /// Takes a value for parameter `index`, from 0.
+    /// Sets the value for parameter `index`, from 0.
     SQLRETURN Set(SQLHANDLE statement, std::size_t index, const Value& value);
 
 private:

@@ -82,7 +82,7 @@ void RowBuffer::FetchCell(std::size_t index) {
     SQLRETURN result = SQLGetData(statement_.Get(), static_cast<SQLUSMALLINT>(index + 1), column.inMemory,
                                   column.cells.data(), static_cast<SQLLEN>(column.cellSize), &length);
     if (result == SQL_NO_DATA)
-        length = 0;  // an empty text
+        length = 0;  // empty text
     else
         Check(result);
 }

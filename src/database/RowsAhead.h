@@ -12,27 +12,28 @@
 
 namespace vexlator::database {
 
-/// Rows copied out of a RowBuffer, so that they stay when it goes on.
+/// Rows copied from a RowBuffer, so that they stay valid when it moves on.
 class RowBatch {
 public:
-    /// Replaces what it holds by the next rows, some 256 KB of them. Returns false when these are the last.
-    /// When it throws, it holds the rows before.
+    /// Replaces the contents by the next rows, about 256 KB. Returns false if these are the last. On an
+    /// exception it holds the rows before the error.
     bool Fill(RowBuffer& rows);
-    /// Takes the next row out; false when there is none. The values live as long as the batch is not filled.
+    /// Takes the next row; false if there is none. The values are valid until the batch is filled again.
     bool Take(std::span<std::string_view> row);
 
 private:
     void Append(std::string_view value);
 
-    std::vector<char> bytes_;   ///< value after value, its length before it
-    std::size_t rows_ = 0;      ///< that are left
-    std::size_t position_ = 0;  ///< of the first that is left
+    std::vector<char> bytes_;   ///< values in order, each after its length
+    std::size_t rows_ = 0;      ///< number of remaining rows
+    std::size_t position_ = 0;  ///< position of the first remaining row
 };
 
-/// The rows of a result, fetched by a thread of its own. While it lives, nobody else may use the connection.
+/// The rows of a result, fetched by a thread of its own. During its lifetime no other code may use the
+/// connection.
 class RowsAhead {
 public:
-    /// @param rows outlives this object, which empties it
+    /// @param rows must outlive this object, which empties it
     explicit RowsAhead(RowBuffer& rows);
 
     bool Next();

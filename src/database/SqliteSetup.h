@@ -4,8 +4,8 @@
 
 namespace vexlator::database {
 
-/// Has the SQLite library, which its ODBC driver uses, leave out locks that nobody needs. Does nothing when
-/// the library is in use already.
+/// Makes the SQLite library, which its ODBC driver uses, omit unneeded locks. Does nothing if the library is
+/// in use already.
 void SetUpSqlite();
 
 }  // namespace vexlator::database

@@ -43,9 +43,10 @@ struct Statement::Impl {
     void Prepare();
     void OpenRows();
     bool Next();
+    bool HasFoundDamage() const { return own && own->HasFoundDamage(); }
     Row Current() const { return ahead ? ahead->Current() : rows->Current(); }
 
-    std::unique_ptr<Connection> own;  ///< rows are read ahead when there is one
+    std::unique_ptr<Connection> own;  ///< if present, rows are read ahead
     std::string sql;
     odbc::Handle handle;
     std::size_t rowsPerBlock;
@@ -54,7 +55,7 @@ struct Statement::Impl {
     std::optional<RowBuffer> rows;
     std::optional<RowsAhead> ahead;
     std::optional<std::uint64_t> expectedRows;
-    std::uint64_t rowCount = 0;  ///< given so far
+    std::uint64_t rowCount = 0;  ///< number of rows given so far
 };
 
 void Statement::Impl::Prepare() {
@@ -83,9 +84,11 @@ bool Statement::Impl::Next() {
     }
     if (expectedRows && rowCount != *expectedRows)
         throw DatabaseError("HY000",
-                            "the driver gave " + util::GroupedCount(rowCount) +
-                                " rows, but the table counts " + util::GroupedCount(*expectedRows) +
-                                ": repair and compact the database",
+                            "the driver gave " + util::GroupedCount(rowCount) + " rows, but the table has " +
+                                util::GroupedCount(*expectedRows) + ": repair and compact the database",
+                            sql);
+    if (HasFoundDamage())
+        throw DatabaseError("HY000", "the database is damaged, values may be missing: repair and compact it",
                             sql);
     return false;
 }
@@ -120,7 +123,7 @@ void Statement::Execute(std::span<const Value> values) {
                             impl_->sql);
     impl_->ahead.reset();
     SQLFreeStmt(impl_->handle.Get(), SQL_CLOSE);
-    // SQLite's driver would go on where the rows of a query without parameters were left.
+    // Without this, SQLite's driver would continue at the last row of a query without parameters.
     if (impl_->rows && values.empty()) impl_->Prepare();
     for (std::size_t i = 0; i < values.size(); ++i)
         impl_->Check(impl_->parameters[i].Set(impl_->handle.Get(), i, values[i]));
@@ -171,6 +174,9 @@ ColumnType Statement::TypeOf(std::size_t column) const {
 }
 void Statement::ExpectRows(std::optional<std::uint64_t> count) {
     impl_->expectedRows = count;
+}
+bool Statement::HasFoundDamage() const {
+    return impl_->HasFoundDamage();
 }
 bool Statement::Next() {
     return impl_->Next();

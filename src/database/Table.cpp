@@ -8,8 +8,8 @@ namespace vexlator::database {
 
 namespace {
 
-/// The tables and views that can have the name, in their first column: those whose names differ by letter
-/// case only, or all. A list of all for each of many tables would cost their square.
+/// The tables and views that can have the name, in their first column: those whose names differ in letter
+/// case only, or all. Listing all tables for each of many tables would take quadratic time.
 Statement Candidates(Connection& connection, std::string_view name, std::size_t& column) {
     column = 0;
     std::string query;
@@ -28,7 +28,7 @@ Statement Candidates(Connection& connection, std::string_view name, std::size_t&
     return tables;
 }
 
-/// "" when there is none.
+/// "" if there is none.
 std::string SpelledName(Connection& connection, std::string_view name) {
     std::string found;
     std::size_t column = 0;
@@ -40,8 +40,8 @@ std::string SpelledName(Connection& connection, std::string_view name) {
     return found;
 }
 
-/// As `columns`, every column of the table, has them. SQLite's driver takes what stands before a full stop in
-/// a name for that of a table.
+/// As spelled in `columns`, the list of all columns of the table. SQLite's driver reads the part of a name
+/// before a full stop as a table's name.
 std::vector<std::string> ColumnNames(Connection& connection, std::string_view table,
                                      const Statement& columns) {
     std::vector<std::string> names;

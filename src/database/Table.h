@@ -12,8 +12,8 @@
 
 namespace vexlator::database {
 
-/// A table as its database spells it. Names are found in any letter case, the same case first: people write
-/// them as they like, and servers differ in what they make of that.
+/// A table as its database spells it. Names are found in any letter case, the exact case first, because users
+/// spell them freely and servers differ in their rules.
 class Table {
 public:
     /// Nothing when there is no such table or view. @throws DatabaseError

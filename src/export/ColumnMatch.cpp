@@ -13,7 +13,7 @@ namespace vexlator::exporter {
 namespace {
 
 constexpr std::size_t noColumn = static_cast<std::size_t>(-1);
-constexpr std::string_view droppedName = "NULL";  ///< fields of that name are to have no column
+constexpr std::string_view droppedName = "NULL";  ///< fields with that name get no column
 
 std::string KeyOf(std::string_view name) {
     return platform::LowerAscii(util::Trim(drawing::AtpNameOf(std::string(name))));
@@ -41,8 +41,8 @@ util::ShortList OtherNames() {
 void ReportOtherNames(config::Run& run, std::string_view layer, const util::ShortList& places) {
     if (places.Empty()) return;
     run.Ui().Report(util::ShortList::Shortened(layer) +
-                    ": attributes that are not named like their columns: " + places.Text() +
-                    (run.Settings().MatchNames ? "" : "; [GENERICOUT] MATCHNAMES=1 goes by names"));
+                    ": attributes whose names differ from their columns' names: " + places.Text() +
+                    (run.Settings().MatchNames ? "" : "; [GENERICOUT] MATCHNAMES=1 matches them by name"));
 }
 
 ColumnMatch::ColumnMatch(config::Run& run, std::string layer, std::vector<ColumnNames> columns)
@@ -94,7 +94,7 @@ ColumnMatch::Places ColumnMatch::Match(const drawing::XPropertiesView& attribute
     return places;
 }
 
-/// The columns that such an attribute may be meant for.
+/// The columns that can be the target of such an attribute.
 std::span<const std::size_t> ColumnMatch::Named(std::string_view name) const {
     std::string key = KeyOf(name);
     auto found = named_.find(key);
@@ -104,7 +104,7 @@ std::span<const std::size_t> ColumnMatch::Named(std::string_view name) const {
     return found->second;
 }
 
-/// One whose own name it is goes first.
+/// A column with its own name goes first.
 std::size_t ColumnMatch::FreeColumn(std::string_view name, std::vector<bool>& taken) const {
     std::span<const std::size_t> named = Named(name);
     auto isFree = [&](std::size_t column) { return !taken[column]; };

@@ -17,15 +17,15 @@
 
 namespace vexlator::exporter {
 
-/// The names that an attribute for a column may have, the column's own first.
+/// The possible names of an attribute for a column, the column's own first.
 using ColumnNames = std::vector<std::string>;
 
-/// The name of column number `position`, which gets one of its own where the template leaves it empty.
+/// The name of column number `position`. A column without a name in the template gets a generated one.
 /// Control characters, at which readers and databases stop, become "_".
 std::string ColumnName(std::string_view name, std::size_t position);
 
-/// Attributes may have the template's names, or those of an exported table that was imported again.
-/// @param columns one for each field, or for the first ones, with a member `name`
+/// Attributes can have the template's names, or those of an exported table that was imported again.
+/// @param columns one for each field, or for the first fields, with a member `name`
 template <typename Column>
 std::vector<ColumnNames> NamesForAttributes(const std::vector<drawing::AtpField>& fields,
                                             const std::vector<Column>& columns) {
@@ -37,35 +37,35 @@ std::vector<ColumnNames> NamesForAttributes(const std::vector<drawing::AtpField>
     return names;
 }
 
-/// A name as messages have it.
+/// The form of a name in messages.
 std::string ShownName(std::string_view name);
 
-/// How attributes that are not named like their columns are listed in one line.
+/// Lists attributes whose names differ from their columns', in one line.
 util::ShortList OtherNames();
-/// Tells that line; nothing when the list is empty.
+/// Shows that line; nothing for an empty list.
 void ReportOtherNames(config::Run& run, std::string_view layer, const util::ShortList& places);
 
-/// Puts the values of a layer's entities into the order of its table's columns: by their position or, with
-/// [GENERICOUT] MATCHNAMES, by their names. Names are compared as templates hold them (cut, without the
-/// characters of their syntax), letter case ignored; of several columns of one name each takes one value.
-/// What there is to decide is decided once for each sequence of attribute names.
+/// Puts the values of a layer's entities into the order of its table's columns: by position or, with
+/// [GENERICOUT] MATCHNAMES, by name. Names are compared in their template form (cut, without syntax
+/// characters) and without regard to letter case. If several columns have the same name, each takes one
+/// value. The mapping is computed once for each sequence of attribute names.
 class ColumnMatch {
 public:
     ColumnMatch(config::Run& run, std::string layer, std::vector<ColumnNames> columns);
 
     bool IsByName() const { return byName_; }
-    /// The values, until the next call. By position: all that the entity has, be it fewer or more than there
-    /// are columns. By name: one for each column, empty where the entity has none.
+    /// The values, valid until the next call. By position: all values of the entity, also if fewer or more
+    /// than the columns. By name: one per column, empty if the entity has none.
     std::span<const std::string_view> Row(const drawing::EntityView& entity);
-    /// Tells in one line which names differ, and counts values without a column in the session's losses. To
-    /// be called once, behind the last row.
+    /// Reports differing names in one line, and adds values without a column to the run's losses. Call it
+    /// once, after the last row.
     void Report();
 
 private:
-    /// Where an attribute goes.
+    /// The target of an attribute.
     struct Place {
         std::size_t column;
-        std::uint64_t* lost;  ///< the count of its values, when the column does not exist
+        std::uint64_t* lost;  ///< counter of its values, if there is no column
     };
     using Places = std::vector<Place>;
 
@@ -79,10 +79,10 @@ private:
     std::string layer_;
     std::vector<ColumnNames> columns_;
     bool byName_;
-    std::unordered_map<std::string, std::vector<std::size_t>> named_;  ///< columns by their names' keys
+    std::unordered_map<std::string, std::vector<std::size_t>> named_;  ///< columns by the keys of their names
     std::unordered_map<drawing::AttributeSet, Places> known_;
     drawing::AttributeSet lastSet_ = 0;
-    const Places* last_ = nullptr;  ///< those of lastSet_
+    const Places* last_ = nullptr;  ///< targets for lastSet_
     std::unordered_map<std::string, std::uint64_t> lost_;
     util::ShortList others_;
     std::vector<std::string_view> row_;

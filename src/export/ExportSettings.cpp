@@ -12,11 +12,11 @@ using Keys = config::Keys<ExportSettings>;
 
 constexpr config::KeyOf<ExportSettings> keys[] = {
     Keys::Flag("GENERAL", "PrefixExport", &ExportSettings::projectPrefix,
-               "names of CSV and database exports begin with their project's"),
+               "names of CSV and database exports begin with the project's name"),
     Keys::Flag("GENERAL", "JobBasedMDB", &ExportSettings::oneDatabaseOfJob,
-               "one database per job in database exports"),
+               "database exports write one database per job"),
     Keys::Flag("CSV", "SuppressNA", &ExportSettings::suppressNA,
-               "the value NA is written as an empty value, in shapefile exports too"),
+               "CSV and shapefile exports write the value NA as an empty value"),
 };
 
 }  // namespace

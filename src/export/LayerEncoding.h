@@ -10,8 +10,8 @@
 
 namespace vexlator::exporter {
 
-/// The plainest encoding that holds every value of the layer and all of `names`, for formats that can tell
-/// which one they are in.
+/// The simplest encoding that holds every value of the layer and all of `names`, for formats that name their
+/// encoding.
 formats::TextEncoding EncodingFor(const ExportLayer& layer, std::span<const std::string> names);
 
 }  // namespace vexlator::exporter

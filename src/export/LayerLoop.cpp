@@ -20,7 +20,7 @@ namespace {
 
 constexpr double pauseAfterLayer = 0.1;  ///< seconds
 
-/// Names that differ by letter case only would be one file.
+/// Names that differ only in letter case would be one file.
 std::string UniqueFileName(std::set<std::string>& taken, std::string_view layerName) {
     std::string name = util::SafeFileName(layerName);
     std::string candidate = name;
@@ -40,10 +40,10 @@ std::vector<std::string> NamesOf(const drawing::EntityView& entity) {
     return names;
 }
 
-/// Sorts the entities of a chunk by their layers, at a cost that grows with the chunk only.
+/// Sorts the entities of a chunk by layer. The cost grows with the chunk only.
 class LayerParts {
 public:
-    /// `isWanted` tells of each layer of the drawing whether its entities are.
+    /// `isWanted` says for each layer of the drawing whether to visit its entities.
     explicit LayerParts(const std::vector<bool>& isWanted) : isWanted_(isWanted), ends_(isWanted.size()) {}
 
     /// Calls `visit(layer, LayerPart)` for every wanted layer in the chunk, in order.
@@ -76,9 +76,9 @@ private:
     }
 
     const std::vector<bool>& isWanted_;
-    std::vector<std::size_t> ends_;       ///< by layer: entities of the chunk, then where its part ends
-    std::vector<std::uint32_t> layers_;   ///< that the chunk has
-    std::vector<std::uint32_t> indexes_;  ///< of entities, layer after layer
+    std::vector<std::size_t> ends_;  ///< by layer: number of entities in the chunk, then the end of its part
+    std::vector<std::uint32_t> layers_;   ///< wanted layers in the chunk
+    std::vector<std::uint32_t> indexes_;  ///< indices of entities, layer after layer
 };
 
 }  // namespace

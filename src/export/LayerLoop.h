@@ -19,11 +19,12 @@
 
 namespace vexlator::exporter {
 
-/// An export that has begun: its form is shown, its drawing's file open. Every exporter makes one first.
+/// An export that has begun: its form is visible, its drawing's file is open. Every exporter makes one first.
 struct BegunExport {
-    /// The answer was No: nothing may be written, and `outcome` says so.
+    /// The answer was No: the exporter must not write anything, and `outcome` says so.
     bool IsStopped() const { return outcome.status == config::Outcome::Status::StoppedByUser; }
-    /// Calls `visit(const Drawing&)` with every chunk of the drawing, photographs named as the settings ask.
+    /// Calls `visit(const Drawing&)` with every chunk of the drawing. Photographs have the names that the
+    /// settings demand.
     /// @throws platform::ReadError
     template <typename Visit>
     void ForEachChunk(Visit visit) {
@@ -36,39 +37,39 @@ struct BegunExport {
     std::unique_ptr<ui::FormView> view;
     std::unique_ptr<drawing::DrawingFile> file;
     PhotoPaths photoPaths;
-    config::Outcome outcome;  ///< its target is `targetPath` until the exporter says otherwise
+    config::Outcome outcome;  ///< its target is `targetPath` unless the exporter changes it
 };
 
-/// Opens the drawing's file, finds the job it came from, asks whether the job may be exported again and
-/// gathers its photographs. A list of these has the extension `photoList`, which may be no table's that the
-/// export writes. @throws platform::ReadError when the drawing cannot be read
+/// Opens the drawing's file, finds its job, asks whether the job may be exported again and copies its
+/// photographs. The list of photographs has the extension `photoList`, which no table of the export may have.
+/// @throws platform::ReadError if the drawing cannot be read
 BegunExport BeginExport(config::Run& run, std::string_view formName, std::string_view drawingPath,
                         std::string_view targetPath, std::string_view photoList = "CSV");
 
 enum class LayerZero { Export, Skip };
 
-/// One layer that an exporter writes, and what has to be known of it before its first byte.
+/// One layer of an export, and the facts needed before its first byte.
 struct ExportLayer {
     /// Counts one more entity.
     void Take(const drawing::EntityView& entity);
 
     const drawing::Layer& layer;
-    std::uint32_t index = 0;              ///< of the layer in the drawing
-    std::string fileName = {};            ///< base name of its files, safe and different for every layer
-    std::uint64_t entities = 0;           ///< at least one
-    std::uint64_t pointsAndLines = 0;     ///< points, symbols and polylines among them
-    std::vector<std::string> names = {};  ///< attribute names of the first entity
-    std::vector<drawing::AttributeSet> sets = {};  ///< of attribute names, each once
+    std::uint32_t index = 0;                       ///< number of the layer in the drawing
+    std::string fileName = {};                     ///< base name of its files, safe and unique
+    std::uint64_t entities = 0;                    ///< at least one
+    std::uint64_t pointsAndLines = 0;              ///< number of points, symbols and polylines
+    std::vector<std::string> names = {};           ///< attribute names of the first entity
+    std::vector<drawing::AttributeSet> sets = {};  ///< attribute names, each once
     std::unordered_set<drawing::AttributeSet> knownSets = {};
     drawing::AttributeSet lastSet = 0;
-    bool ascii = true, windows = true;  ///< texts of all entities are ASCII, fit Windows-1252
+    bool ascii = true, windows = true;  ///< all texts are ASCII; all texts fit Windows-1252
 };
 
-/// The layers that are not frozen and not empty, in order. Goes through the drawing once.
+/// The layers that are neither frozen nor empty, in order. Reads the drawing once.
 /// @throws platform::ReadError
 std::vector<ExportLayer> FindLayers(BegunExport& begun, LayerZero layerZero);
 
-/// The entities of one layer that lie in one chunk of the drawing, in drawing order.
+/// The entities of one layer in one chunk of the drawing, in drawing order.
 struct LayerPart {
     class Iterator {
     public:
@@ -93,19 +94,19 @@ struct LayerPart {
     std::span<const std::uint32_t> indexes;
 };
 
-/// Goes through the drawing a second time and calls `write` with every part of these layers, in the order of
-/// the layers within each chunk; the first argument is the layer's place among `layers`. Then calls `finish`
-/// for each layer in order, which returns how many features came of it. Counts both in the outcome.
+/// Reads the drawing a second time and calls `write` with every part of these layers, in the order of the
+/// layers within each chunk. The first argument is the layer's index in `layers`. Then calls `finish` for
+/// each layer in order, which returns its number of features. Counts both in the outcome.
 /// @throws platform::ReadError
 void WriteLayers(config::Run& run, BegunExport& begun, const std::vector<ExportLayer>& layers,
                  const std::function<void(std::size_t, const LayerPart&)>& write,
                  const std::function<std::uint64_t(std::size_t)>& finish);
 
-/// The template path of a layer's feature code. Where there is no template, one is written from the names of
-/// the layer's first entity.
+/// The template path of a layer's feature code. A missing template is made from the attribute names of the
+/// layer's first entity.
 std::string TemplateFor(config::Run& run, const ExportLayer& layer);
 
-// --- For exporters that look at a layer as a whole
+// --- For exporters that process whole layers
 
 /// Opens the whole drawing of an export. @throws platform::ReadError
 void OpenWhole(const BegunExport& begun, std::string_view drawingPath, drawing::Drawing& drawing);
@@ -115,7 +116,7 @@ struct WholeLayer : ExportLayer {
     drawing::SelectionSet& set;
 };
 
-/// Visits the layers that are not frozen and not empty, in order.
+/// Visits the layers that are neither frozen nor empty, in order.
 void ForEachLayer(config::Run& run, drawing::Drawing& drawing, ui::FormView& view, LayerZero layerZero,
                   const std::function<void(const WholeLayer&)>& visit);
 

@@ -14,16 +14,16 @@
 
 namespace vexlator::exporter {
 
-/// Layers one after the other in one file, although the drawing mixes their entities. The first layer that is
-/// not complete goes straight to the file; those after it wait in a file aside until it is their turn.
+/// Writes layers one after the other into one file, although the drawing mixes their entities. The first
+/// incomplete layer goes straight to the file. Later layers wait in a separate file until it is their turn.
 class LayerTurns {
 public:
-    /// `path` is that of `file`: the file aside lies beside it for as long as this object lives.
+    /// `path` is that of `file`. The separate file is beside it for the lifetime of this object.
     LayerTurns(platform::OutputFile& file, std::string_view path, const std::vector<ExportLayer>& layers);
 
-    /// Where the next part of a layer is to be written. @throws platform::WriteError
+    /// The target of the next part of a layer. @throws platform::WriteError
     platform::OutputFile& Begin(std::size_t layer);
-    /// To be called when that part has been written. @throws platform::WriteError
+    /// Call it after that part has been written. @throws platform::WriteError
     void End(const LayerPart& part);
 
 private:
@@ -38,8 +38,8 @@ private:
     platform::OutputFile& file_;
     std::string path_;
     std::vector<Layer> layers_;
-    std::size_t turn_ = 0;     ///< the first layer that is not complete
-    std::size_t current_ = 0;  ///< the layer that is being written
+    std::size_t turn_ = 0;     ///< the first incomplete layer
+    std::size_t current_ = 0;  ///< the layer of the current part
     std::optional<platform::OutputFile> aside_;
 };
 

@@ -12,11 +12,11 @@
 
 namespace vexlator::exporter {
 
-/// Counts the entities of a layer that an output has no place for, by their kinds.
+/// Counts the entities of a layer that an output cannot hold, by kind.
 class LeftOutEntities {
 public:
     void Add(drawing::Kind kind) { ++counts_[static_cast<std::size_t>(kind)]; }
-    /// Adds them to the session's losses. To be called once.
+    /// Adds them to the run's losses. Call it once.
     void Report(config::Run& run, std::string_view layer) const;
 
 private:

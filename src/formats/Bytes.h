@@ -11,7 +11,7 @@
 #include <span>
 #include <string>
 
-/// Numbers in binary files, which stand at any offset and in either byte order.
+/// Numbers in binary files, at any offset and in either byte order.
 namespace vexlator::formats {
 
 static_assert(std::endian::native == std::endian::little,

@@ -12,20 +12,20 @@ namespace {
 
 enum class LineEnd { OfRow, InsideQuotes, AfterStrayQuote };
 
-/// Takes the rest of a quoted value, its last quote included; false when the line ends before.
+/// Reads the rest of a quoted value with its last quote; false if the line ends first.
 bool TakeQuoted(std::string_view& line) {
     for (;;) {
         std::size_t quote = line.find('"');
         if (quote == std::string_view::npos) return false;
         line.remove_prefix(quote + 1);
         if (!line.starts_with('"')) return true;
-        line.remove_prefix(1);  // doubled: a quote of the value
+        line.remove_prefix(1);  // doubled: a quote in the value
     }
 }
 
-/// How a line ends that begins a row or, with `quoted`, goes on with a quoted value. When it ends inside
-/// quotes, it holds an odd number of them in the first case and an even one in the second: so no line is
-/// looked at for many rows.
+/// The state at the end of a line that begins a row or, with `quoted`, continues a quoted value. A line that
+/// ends inside quotes holds an odd number of quotes in the first case and an even number in the second. So no
+/// line is read again for many rows.
 LineEnd EndOf(std::string_view line, std::string_view delimiter, bool quoted) {
     for (;;) {
         if (!quoted && line.starts_with('"')) {

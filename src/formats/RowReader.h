@@ -11,21 +11,21 @@
 
 namespace vexlator::formats {
 
-/// The rows of delimited text, as they stand. A row is a line, unless the line ends inside a value that is
-/// quoted as RFC 4180 has it: then it goes on to the line in which the last such value ends. Where quotes do
-/// not stand around whole values, they are text, and the row is its line. The text outlives the object.
+/// The raw rows of delimited text. A row is a line, unless the line ends inside a value quoted by RFC 4180.
+/// Then the row continues to the line in which its last quoted value ends. Quotes that do not enclose a whole
+/// value are text, and the row is its line. The text must outlive the object.
 class RowReader {
 public:
     RowReader(std::string_view text, std::string_view delimiter)
         : text_(text), delimiter_(delimiter), lines_(text) {}
 
     bool AtEnd() const { return lines_.AtEnd(); }
-    /// The next row without its line end; "" behind the last. @throws platform::ReadError, without a file
-    /// name, when it is longer than longestLine
+    /// The next row without its line end; "" after the last.
+    /// @throws platform::ReadError, without a file name, if it is longer than longestLine
     std::string_view ReadRow();
-    /// Where the next row begins.
+    /// Position of the next row.
     std::size_t Position() const { return lines_.Position(); }
-    /// Number of the line read last, from 1.
+    /// Number of the last line read, from 1.
     std::uint64_t Line() const { return lines_.Line(); }
 
 private:

@@ -15,7 +15,7 @@ bool IsHighSurrogate(std::string_view bytes, std::size_t at, bool little) {
     return high >= 0xD8 && high < 0xDC;
 }
 
-/// Where the next piece of UTF-16 ends, which cuts no character.
+/// The end of the next piece of UTF-16 of whole characters.
 std::size_t PieceEnd(std::string_view bytes, std::size_t begin, bool little) {
     constexpr std::size_t pieceSize = std::size_t{1} << 16;
     if (bytes.size() - begin <= pieceSize) return bytes.size();
@@ -23,18 +23,18 @@ std::size_t PieceEnd(std::string_view bytes, std::size_t begin, bool little) {
     return IsHighSurrogate(bytes, end - 2, little) ? end - 2 : end;
 }
 
-/// The whole text is never held twice, and a line without end is not held at all.
+/// The whole text is never held twice, and a line without end is never held.
 std::string DecodeUtf16(std::string_view bytes, bool little) {
     platform::Decoder decoder(little ? "UTF-16LE" : "UTF-16BE");
     std::string decoded;
-    decoded.reserve(bytes.size() / 2 * 3 + (std::size_t{1} << 20));  // what it cannot outgrow
+    decoded.reserve(bytes.size() / 2 * 3 + (std::size_t{1} << 20));  // largest possible size
     std::size_t lineBegin = 0;
     for (std::size_t begin = 0, end = 0; begin < bytes.size(); begin = end) {
         end = PieceEnd(bytes, begin, little);
         std::size_t before = decoded.size();
         decoder.Append(decoded, bytes.substr(begin, end - begin));
         if (decoder.Misfits() > 0)
-            throw platform::ReadError("", "", "its byte-order mark says UTF-16, but it is not");
+            throw platform::ReadError("", "", "its byte-order mark is that of UTF-16, but it is not UTF-16");
         std::size_t lineEnd = std::string_view(decoded).substr(before).find_last_of("\r\n");
         if (lineEnd != std::string_view::npos) lineBegin = before + lineEnd + 1;
         if (decoded.size() - lineBegin > longestLine)

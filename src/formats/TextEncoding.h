@@ -11,27 +11,27 @@
 
 namespace vexlator::formats {
 
-/// How the texts of a file are stored.
-enum class TextEncoding { Ascii, Windows1252, Utf8 };  ///< Ascii: the caller knows that every text is
+/// Encoding of the texts of a file.
+enum class TextEncoding { Ascii, Windows1252, Utf8 };  ///< Ascii: the caller knows that every text is ASCII
 
-/// True when the text is the same in every encoding and no reader ends it early: ASCII without NUL.
+/// True if the text is the same in every encoding and no reader ends it early: ASCII without NUL.
 inline bool IsPlain(std::string_view text) {
     std::uint64_t odd = 0;
-    // Taking 1 from each byte sets its highest bit where it was 0.
+    // Subtracting 1 from each byte sets its highest bit if it was 0.
     ForEachWord(text, [&](std::uint64_t word) { odd |= word | (word - everyByte); });
     return (odd & highBits) == 0;
 }
 
-/// Turns texts into the bytes of a file, one after the other, at no cost where they are the same.
+/// Converts texts to the bytes of a file, one after the other, without cost for identical bytes.
 class TextEncoder {
 public:
     explicit TextEncoder(TextEncoding encoding) : encoding_(encoding) {}
 
-    /// The bytes, good until the next call. Characters that the encoding lacks become "?", and NUL, at which
-    /// readers stop, does too.
+    /// The bytes, valid until the next call. Characters outside the encoding become "?". So does NUL, because
+    /// readers stop at it.
     std::string_view Encode(std::string_view text) { return IsPlain(text) ? text : EncodeOther(text); }
     TextEncoding Encoding() const { return encoding_; }
-    /// Characters replaced so far.
+    /// Number of replaced characters.
     std::uint64_t Replaced() const { return replaced_; }
 
 private:

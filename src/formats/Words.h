@@ -6,7 +6,7 @@
 #include <cstring>
 #include <string_view>
 
-/// Texts looked through eight bytes at a time, for what is asked of every value of an output.
+/// Searches texts eight bytes at a time, for checks of every value of an output.
 namespace vexlator::formats {
 
 constexpr std::uint64_t everyByte = 0x0101010101010101U;
@@ -19,7 +19,8 @@ std::uint64_t NumberAt(const char* position) {
     return number;
 }
 
-/// Calls `look` with words that together hold all bytes of the text and no others; some occur more than once.
+/// Calls `look` with words that together hold all bytes of the text and no others. Some bytes occur more than
+/// once.
 template <typename Look>
 void ForEachWord(std::string_view text, Look look) {
     const char* position = text.data();
@@ -36,7 +37,7 @@ void ForEachWord(std::string_view text, Look look) {
     }
 }
 
-/// Has the highest bit of some byte set when one of the eight is `byte`, and none when no byte is.
+/// Sets the highest bit of some byte if one of the eight is `byte`; sets none otherwise.
 constexpr std::uint64_t Holds(std::uint64_t word, char byte) {
     std::uint64_t differences = word ^ (everyByte * static_cast<unsigned char>(byte));
     return (differences - everyByte) & ~differences & highBits;

@@ -10,8 +10,7 @@ using Keys = config::Keys<GpxSettings>;
 
 constexpr config::KeyOf<GpxSettings> keys[] = {
     Keys::Flag("GPX", "Strict", &GpxSettings::strict,
-               "GPS trails become GPX 1.1 that every reader takes; positions without latitude/longitude are "
-               "left out"),
+               "GPS trails become valid GPX 1.1. Positions without latitude/longitude are left out"),
     Keys::Text("GPX", "WebBase", &GpxSettings::webBase,
                "web address that the GPX files of GPS trails refer to",
                "https://www.veltrom.example/professional-services"),

@@ -9,9 +9,8 @@
 namespace vexlator::gpx {
 
 struct GpxSettings {
-    /// The file is valid by the schema of GPX 1.1: version and namespace are named, both waypoints stand
-    /// before the track, and what the schema forbids (times that are none, heights with an exponent) is left
-    /// out.
+    /// The file is valid by the GPX 1.1 schema. It names version and namespace, and both waypoints precede
+    /// the track. Invalid values (times that are not times, heights with an exponent) are left out.
     bool strict = false;
     std::string webBase = "https://www.veltrom.example/professional-services";
 };

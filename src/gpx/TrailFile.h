@@ -9,17 +9,18 @@
 #include <string_view>
 
 /// GPS trails of the field device (.GXY): a text line for each position of the day, in fields separated by
-/// commas: date and time (dd/mm/yyyy hh:mm:ss), easting, northing, height. Further fields do not count.
+/// commas: date and time (dd/mm/yyyy hh:mm:ss), easting, northing, height. Further fields are ignored.
 namespace vexlator::gpx {
 
-/// A date and time as GPX has it: yyyy-mm-ddThh:mm:ss. Shorter where the trail's was shorter.
+/// A date and time in GPX: yyyy-mm-ddThh:mm:ss. Shorter if the trail's was shorter.
 class TrailTime {
 public:
     TrailTime() = default;
-    /// Takes the digits from their places, whatever stands there; what is no printable ASCII becomes "?".
+    /// Copies the characters at the positions of the digits, without a check. Characters other than printable
+    /// ASCII become "?".
     explicit TrailTime(std::string_view dateAndTime);
     std::string_view Text() const { return {text_.data(), size_}; }
-    /// Whether it is a date and time by the rules of XML Schema.
+    /// Whether it is a valid dateTime of XML Schema.
     bool IsValid() const;
 
 private:
@@ -30,20 +31,20 @@ private:
     std::size_t size_ = 0;
 };
 
-/// One position. Fields that are missing or no numbers are 0.
+/// One position. Fields that are missing or not numbers are 0.
 struct TrailPosition {
     TrailTime time;
     util::PlanePoint grid;
     double height = 0;
-    bool isPlaced = true;  ///< false: the position has none, whatever `grid` holds
+    bool isPlaced = true;  ///< false: the position has none, and `grid` has no meaning
 };
 
 TrailPosition ParseTrailLine(std::string_view line);
-/// Whether both coordinates are numbers as a whole; where they are not, ParseTrailLine() reads what begins
-/// like one, or 0.
+/// Whether both coordinate fields are entirely numbers. For other fields, ParseTrailLine() reads the number
+/// at their start, or 0.
 bool HasCoordinates(std::string_view line);
 
-/// The last line of a text, as a reader of lines would give it.
+/// The last line of a text, as a line reader would return it.
 std::string_view LastLine(std::string_view text);
 
 }  // namespace vexlator::gpx

@@ -126,7 +126,7 @@ void frmGPX::ConvertBatch(std::span<const TrailPosition> positions) {
     converted_.clear();
     bool areAllPlaced = std::ranges::all_of(positions, &TrailPosition::isPlaced);
     if (Converter().GridToLatLng(points, heights) > 0 || !areAllPlaced) {
-        // Some fail, and only one by one it is known which.
+        // Some positions fail. Single conversions show which.
         for (const TrailPosition& position : positions) converted_.push_back(Convert(position));
         return;
     }

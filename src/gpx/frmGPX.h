@@ -17,24 +17,23 @@
 
 namespace vexlator::gpx {
 
-/// GPS trails (.GXY) become GPX files beside them. [GPX] Strict and WebBase of gv.ini say how.
+/// Converts GPS trails (.GXY) to GPX files beside them. Settings: [GPX] Strict and WebBase of gv.ini.
 class frmGPX {
 public:
     explicit frmGPX(config::Run& run);
 
-    /// Converts every trail of the folder that has no GPX file yet, or an empty one. A trail that cannot be
-    /// read or written is reported; false when there was one.
+    /// Converts every trail of the folder without a GPX file, or with an empty one. A trail that cannot be
+    /// read or written is reported; false if there was one.
     bool ProcessAnyTrailData(std::string_view folder);
 
-    /// Writes the GPX file of one trail; an empty trail gives none. Positions that cannot be converted are
-    /// counted for the person and have empty texts. A strict file is that of a trail without them, without
-    /// those outside the ranges of GPX, which count too, and without blank lines; with no position left it is
-    /// not written.
+    /// Writes the GPX file of one trail; none for an empty trail. Positions that cannot be converted are
+    /// counted for the user and have empty texts. A strict file omits these positions, those outside the
+    /// ranges of GPX, which are counted too, and blank lines. It is not written if no position is left.
     /// @throws platform::ReadError, platform::WriteError
     void ConvertTrailFile(const std::string& path);
 
 private:
-    /// Up to this many positions are converted at once, so that memory does not grow with the trail.
+    /// Number of positions converted at once, so that memory does not grow with the trail.
     static constexpr std::size_t batchSize = 65536;
 
     bool ConvertOrReport(const std::string& path);
@@ -43,10 +42,10 @@ private:
     bool IsPosition(std::string_view line) const;
     TrailPosition Parse(std::string_view line) const;
     bool HasPlace(const GpxPosition& position) const;
-    /// The last position that goes into the file; an empty one when none does.
+    /// The last position of the file; an empty one if there is none.
     GpxPosition LastPosition(std::string_view text);
     GpxPosition Convert(const TrailPosition& position);
-    /// Replaces `converted_` by the positions of a batch.
+    /// Fills `converted_` with the positions of a batch.
     void ConvertBatch(std::span<const TrailPosition> positions);
     void Report(const std::string& name, std::uint64_t withoutPlace, bool isEmpty);
     coords::frmLatLng& Converter();
@@ -55,7 +54,7 @@ private:
     GpxSettings settings_;
     std::unique_ptr<ui::FormView> view_;
     std::unique_ptr<coords::frmLatLng>
-        converter_;  ///< made for the first trail: it may have to tell something
+        converter_;  ///< made for the first trail, because it may show messages
     std::vector<GpxPosition> converted_;
 };
 

@@ -9,14 +9,14 @@
 
 namespace vexlator::importer {
 
-/// The feature code for a source file: its base name; of one with blanks only what follows the last; of a
-/// long one the last 14 characters; in capitals.
+/// The feature code for a source file: its base name in capitals. In a name with blanks, only the part after
+/// the last blank. In a long name, only the last 14 characters.
 std::string FeatureCodeOf(std::string_view path);
 
-/// Capitals of ASCII and of the Latin letters that Windows-1252 holds.
+/// Converts ASCII letters and the Latin letters of Windows-1252 to capitals.
 std::string Capitals(std::string_view text);
 
-/// The colour that a template's STYLE text gives its features: field 2, kept within 24 bits.
+/// The colour in the STYLE text of a template: field 2, limited to 24 bits.
 drawing::Colour StyleColour(std::string_view style);
 
 }  // namespace vexlator::importer

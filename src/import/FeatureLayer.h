@@ -10,8 +10,8 @@
 
 namespace vexlator::importer {
 
-/// Makes the layer of a feature code the active one, with the colour of the code's style; without a style
-/// the colour is the palette index that counts the layers. Returns the style text, "" when there is none.
+/// Makes the layer of a feature code the active one, with the colour of the code's style. Without a style,
+/// the colour's palette index is the number of layers. Returns the style text, "" if there is none.
 /// @throws platform::ReadError for a template that cannot be read
 std::string SelectFeatureLayer(config::Run& run, drawing::Drawing& drawing, std::string_view code);
 

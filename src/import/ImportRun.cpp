@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "import/ImportRun.h"
 
-#include "platform/Paths.h"
+#include "util/Counted.h"
 #include "util/Files.h"
 
 namespace vexlator::importer {
@@ -17,21 +17,32 @@ void ImportRun::Begin(std::string_view sourcePath, std::string_view folder, Exis
         sink_.Drawing().open(outcome_.target);
 }
 
+void ImportRun::LeaveRest(const platform::ReadError& error, std::uint64_t taken) {
+    std::string behind = taken > 0 ? " from there on, behind " + util::Counted(taken, "feature") : "";
+    run_.Ui().ShowMessage(error.what() + ("; left out" + behind));
+    sink_.DropUnfinished();
+    LeaveOut();
+    damaged_ = true;
+    takenOfDamaged_ += taken;
+}
+
 config::Outcome ImportRun::SaveNothing() {
-    if (util::FileSize(outcome_.target) > 0)
-        run_.Ui().Report(platform::NativePath(outcome_.target) +
-                         " is as it was: nothing was read that could replace it");
+    bool isThere = util::FileSize(outcome_.target) > 0;
+    run_.Ui().Report(platform::NativePath(outcome_.target) +
+                     (isThere ? " is unchanged: nothing was read that could replace it"
+                              : " is not made: nothing was read that could make it"));
     LeaveOut();
     outcome_.target.clear();
     return outcome_;
 }
 
 config::Outcome ImportRun::Finish() {
-    // An answer that left out one of several sources did not stop the import.
+    // If an answer left out one of several sources, the import was not stopped.
     if (outcome_.status == Status::StoppedByUser && outcome_.features > 0) outcome_.status = Status::Failed;
-    if (outcome_.features == 0 && util::FileSize(outcome_.target) > 0) return SaveNothing();
+    bool isComplete = outcome_.features > takenOfDamaged_;
+    if (!isComplete && (damaged_ || util::FileSize(outcome_.target) > 0)) return SaveNothing();
     sink_.Commit();
-    outcome_.layers = sink_.Drawing().layerCount() - 1;  // without "0", which every drawing has
+    outcome_.layers = sink_.Drawing().layerCount() - 1;  // without layer "0", which every drawing has
     run_.Ui().Settle(1.0);
     return outcome_;
 }

@@ -23,7 +23,7 @@ namespace {
 
 constexpr double settleTime = 2.5;  ///< seconds
 
-/// The files of a folder and, with `deep`, of all folders below; paths are relative, with "/".
+/// The files of a folder and, with `deep`, of all its sub-folders; paths are relative, with "/".
 /// @throws platform::ReadError
 void CollectFiles(const std::string& folder, const std::string& relative, std::string_view pattern, bool deep,
                   std::vector<std::string>& files) {
@@ -35,7 +35,7 @@ void CollectFiles(const std::string& folder, const std::string& relative, std::s
         CollectFiles(util::JoinPath(folder, name), relative + name + "/", pattern, deep, files);
 }
 
-/// Names in an archive are UTF-8; a name on disk is any bytes.
+/// Names in an archive are UTF-8. Names on disk can be any bytes.
 std::string EntryName(const std::string& name) {
     return platform::IsUtf8(name) ? name : platform::Utf8FromWindows1252(name);
 }
@@ -44,7 +44,7 @@ void RemoveLeftovers(ui::UserInterface& userInterface, const std::string& folder
     if (std::string told = platform::RemoveLeftovers(folder); !told.empty()) userInterface.Report(told);
 }
 
-/// What a killed run left of the files that it was unpacking.
+/// Removes files that a killed run left half unpacked.
 void RemoveLeftoversBelow(ui::UserInterface& userInterface, const std::string& folder) {
     RemoveLeftovers(userInterface, folder);
     for (const std::string& name : platform::ListFolders(folder))
@@ -59,10 +59,10 @@ struct UnpackSettings {
 using Keys = config::Keys<UnpackSettings>;
 
 constexpr config::KeyOf<UnpackSettings> keys[] = {
-    Keys::Number(
-        "ZIP", "MaxMB", &UnpackSettings::megabytes,
-        "most megabytes that a tablet package or job archive may unpack to; 0 stands for the default", "2048",
-        0, 1 << 30),
+    Keys::Number("ZIP", "MaxMB", &UnpackSettings::megabytes,
+                 "largest unpacked size of a tablet package or job archive, in megabytes. 0 stands for the "
+                 "default. Range",
+                 "2048", 0, 1 << 30),
 };
 
 }  // namespace

@@ -15,20 +15,21 @@ class frmZip2 {
 public:
     explicit frmZip2(config::Run& run) : run_(run) {}
 
-    /// Packs the files that match `pattern`, a folder followed by "\*.*" or another pattern of file names,
-    /// into the archive in that folder that is named after it: Survey\Survey.ZIP. Sub-folders are packed too
-    /// when the pattern matches every name; links and unfinished files never are, nor an archive of an
-    /// earlier run. The archive appears whole or not at all; an older one stays until then.
+    /// Packs the files that match `pattern` into an archive in their folder, with the folder's name:
+    /// Survey\Survey.ZIP. The pattern is a folder followed by "\*.*" or another pattern of file names.
+    /// Sub-folders are packed too if the pattern matches every name. Links, unfinished files and the archive
+    /// of an earlier run are not packed. The archive appears whole or not at all; an older one stays until
+    /// then.
     /// @throws platform::ReadError a file that cannot be read or a folder that cannot be listed;
     /// platform::WriteError the archive.
     void ZipJobFolder(std::string_view pattern);
 
-    /// Unpacks an archive into the folder that has the archive's path without its extension. Archives come
-    /// from anywhere: one that would write outside that folder, holds links or names that differ only by
-    /// letter case, unpacks to more than [ZIP] MaxMB megabytes (2,048 when not set) or an entry to more than
-    /// 1,000 times its size, is refused before anything is written.
-    /// Files that are there already stay: see ZipInput::UnpackTo().
-    /// @returns the files and folders that were not there before
+    /// Unpacks an archive into the folder with the archive's path without its extension. Archives are not
+    /// trusted. An archive is refused before anything is written if it would write outside that folder,
+    /// contains links or names that differ only in letter case, unpacks to more than [ZIP] MaxMB megabytes
+    /// (default 2,048), or has an entry that unpacks to more than 1,000 times its size. Existing files stay:
+    /// see ZipInput::UnpackTo().
+    /// @returns the files and folders that did not exist before
     /// @throws platform::ReadError the archive, the entry and the reason; platform::WriteError
     platform::MadeFiles UnZipJobFolder(std::string_view archive);
 

@@ -33,9 +33,8 @@ using Keys = config::Keys<WorkflowSettings>;
 
 constexpr config::KeyOf<WorkflowSettings> keys[] = {
     Keys::Text("WORKFLOW", "CONNECTION", &WorkflowSettings::connection,
-               "ODBC connection of a workflow database that machines share, as in Driver=PostgreSQL "
-               "Unicode;Server=...",
-               "the database in WorkFlowSystem"),
+               "ODBC connection to a shared workflow database, as in Driver=PostgreSQL Unicode;Server=...",
+               "WorkFlow.MDB in WorkFlowSystem"),
 };
 
 std::string ServerConnection(const config::Run& run) {
@@ -47,14 +46,14 @@ std::string DatabasePath(const config::Run& run) {
     return folder.empty() ? "" : util::JoinPath(folder, "WorkFlow.MDB");
 }
 
-/// The database's name for people.
+/// The database's name for the user.
 std::string DatabaseName(const config::Run& run) {
     std::string server = ServerConnection(run);
     return server.empty() ? platform::NativePath(DatabasePath(run))
                           : database::ConnectionString(server).WithoutPasswords();
 }
 
-/// The open connection; null when there is no workflow database or, told to the person, it cannot be opened.
+/// The open connection; null without a workflow database, or, with a message, if it cannot be opened.
 std::unique_ptr<Connection> OpenWorkflowConnection(config::Run& run) {
     std::string connectionString = WorkflowConnectionString(run);
     if (connectionString.empty()) return nullptr;
@@ -67,7 +66,7 @@ std::unique_ptr<Connection> OpenWorkflowConnection(config::Run& run) {
     }
 }
 
-/// A database file belongs to the workflow software, which lays it out; a server's tables are ours to make.
+/// The workflow software defines the tables of a database file. On a server we create them.
 void PrepareTables(const config::Run& run, Connection& connection) {
     if (IsOnServer(run)) CreateMissingTables(connection);
 }
@@ -78,7 +77,7 @@ std::string KeyCondition(const Table& table) {
            "=?";
 }
 
-/// Fills project and engineer in from the first action that was logged for the job.
+/// Sets project and engineer from the first logged action of the job.
 void CompleteFromLog(Connection& connection, const Table& log, Job& job) {
     Statement find(connection, "SELECT " + log.Column("Project") + ", " + log.Column("Engineer") + " FROM " +
                                    log.Name() + " WHERE " + log.Column("Job") + "=?");
@@ -112,8 +111,8 @@ void SetStatus(Connection& connection, const Table& headers, const Job& job, con
     insert.Execute({job.engineer, job.project, job.job, action, when});
 }
 
-/// One transaction that holds the write lock from before its first look: else two programs could both find no
-/// header row and both add one, in databases whose JobHdr has no unique key.
+/// One transaction that holds the write lock from before its first query. Otherwise two programs could both
+/// find no header row and both add one, in databases whose JobHdr has no unique key.
 void Record(config::Run& run, Connection& connection, Job job, const std::string& action,
             const platform::DateTime& when) {
     PrepareTables(run, connection);

@@ -21,7 +21,7 @@ constexpr std::string_view headerColumns =
 std::string WithTypes(std::string_view columns, Connection::Product product) {
     bool other = product == Connection::Product::Other;
     std::string_view text = other ? "VARCHAR(255)" : "TEXT";
-    // Folder names make the key, and they differ by more than letter case.
+    // Folder names are the key. Names that differ only in letter case are equal.
     std::string_view key = product == Connection::Product::Sqlite ? "TEXT COLLATE NOCASE" : text;
     return util::ReplaceAll(util::ReplaceAll(columns, "$key", key), "$text", text);
 }
@@ -44,7 +44,7 @@ void CreateMissingTables(Connection& connection) {
     if (Table::Find(connection, "ActionTbl") && Table::Find(connection, "JobHdr")) return;
     database::Transaction transaction(connection);
     if (connection.Kind() == Connection::Product::PostgreSql) {
-        // There is no table to lock yet; the number is ours and means nothing.
+        // There is no table to lock yet. The number is ours and has no meaning.
         connection.Execute("SELECT pg_advisory_xact_lock(7360911)");
     }
     bool newLog = !Table::Find(connection, "ActionTbl");

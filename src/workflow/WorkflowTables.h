@@ -9,11 +9,12 @@
 
 namespace vexlator::workflow {
 
-/// Makes ActionTbl and JobHdr where they are missing, JobHdr with one row per job at most. Programs that do
-/// so at once wait for each other. @throws database::DatabaseError
+/// Creates ActionTbl and JobHdr if missing, JobHdr with at most one row per job. Programs that do so at the
+/// same time wait for each other.
+/// @throws database::DatabaseError
 void CreateMissingTables(database::Connection& connection);
 
-/// @throws database::DatabaseError when the database lacks it
+/// @throws database::DatabaseError if it is missing
 database::Table TableOf(database::Connection& connection, const std::string& name);
 
 }  // namespace vexlator::workflow

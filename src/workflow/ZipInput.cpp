@@ -18,14 +18,14 @@ namespace vexlator::workflow {
 
 namespace {
 
-constexpr std::uint64_t largestRatio = 1000;  ///< unpacked to packed bytes; real data stays far below
+constexpr std::uint64_t largestRatio = 1000;  ///< ratio of unpacked to packed bytes; real data is far below
 constexpr std::size_t longestPath = 1024, longestName = 255;  ///< bytes
 
 struct CloseFile {
     void operator()(zip_file_t* file) const { zip_fclose(file); }
 };
 
-/// Why a name from an archive must not be unpacked; "" when it may. Separators are "/".
+/// Why a name from an archive must not be unpacked; "" if it may. Separators are "/".
 std::string_view NameFault(std::string_view name) {
     if (name.empty()) return "has no name";
     if (name.front() == '/' || name.find(':') != std::string_view::npos) return "has an absolute path";
@@ -41,12 +41,13 @@ std::string_view NameFault(std::string_view name) {
     return "";
 }
 
-/// A path in small letters, its separator before every other character: so the names in a folder follow it.
+/// A path in lower case. Its separator sorts before every other character, so the names in a folder directly
+/// follow the folder.
 std::string SortKey(const std::string& path) {
     return util::ReplaceAll(platform::LowerAscii(path), "/", "\1");
 }
 
-/// How much of two paths is the same file or the same folders, whatever the letter case.
+/// The length of the common part of two paths: the same file or folders, in any letter case.
 std::size_t CommonPart(std::string_view a, std::string_view b) {
     auto ends = [](std::string_view key, std::size_t at) { return at == key.size() || key[at] == '\1'; };
     std::size_t common = std::ranges::mismatch(a, b).in1 - a.begin();
@@ -58,7 +59,7 @@ bool IsLinkEntry(zip_t* archive, std::uint64_t index) {
     zip_uint8_t system = 0;
     zip_uint32_t attributes = 0;
     if (zip_file_get_external_attributes(archive, index, 0, &system, &attributes) != 0) return false;
-    constexpr zip_uint32_t typeMask = 0170000, link = 0120000;  // of a Unix file mode
+    constexpr zip_uint32_t typeMask = 0170000, link = 0120000;  // bits of a Unix file mode
     return system == ZIP_OPSYS_UNIX && ((attributes >> 16) & typeMask) == link;
 }
 
@@ -101,8 +102,7 @@ void ZipInput::ReadEntry(std::uint64_t index) {
     entries_.push_back(std::move(entry));
 }
 
-/// Files or folders of one name, or of names that differ only by letter case, are neighbours in the order of
-/// their keys.
+/// Equal names, and names that differ only in letter case, are neighbours in the order of their keys.
 void ZipInput::RefuseTwins() const {
     std::vector<std::pair<std::string, const Entry*>> sorted;
     for (const Entry& entry : entries_) sorted.emplace_back(SortKey(entry.path), &entry);
@@ -172,13 +172,12 @@ bool ZipInput::IsThere(const Entry& entry, const std::string& path) const {
     });
     if (isSame && left.empty()) return true;
     throw platform::WriteError(
-        file.Name(), "is there already and would be replaced by that of " + name_ + "; rename or move it");
+        file.Name(), "exists already and would be replaced by that of " + name_ + "; rename or move it");
 }
 
 platform::MadeFiles ZipInput::UnpackTo(std::string_view folderPath) const {
     std::string folder(folderPath);
-    // In a new folder nothing can stand in the way, and to look for it would cost a walk through the folder
-    // for each file.
+    // A new folder is empty. A check would cost a walk through the folder for each file.
     bool fresh = platform::FindExisting(folder).empty();
     platform::MadeFiles made;
     try {

@@ -14,15 +14,16 @@ namespace vexlator::workflow {
 
 namespace {
 
-constexpr zip_int64_t wholeFile = -1;  ///< a length, as libzip takes it
+constexpr zip_int64_t wholeFile = -1;  ///< a length, in libzip's type
 
-/// What libzip writes to: an output file. libzip goes back to complete the headers of an entry, so the target
+/// The target of libzip: an output file. libzip goes back to complete the headers of an entry, so the target
 /// keeps its own position.
 class Target {
 public:
     explicit Target(std::string_view path) : file_(path) {}
 
-    /// libzip's callback. C code calls it, so no exception leaves it: the first is kept for Commit().
+    /// libzip's callback. C code calls it, so exceptions must not leave it. The first one is kept for
+    /// Commit().
     static zip_int64_t Handle(void* self, void* data, zip_uint64_t length, zip_source_cmd_t command) {
         auto& target = *static_cast<Target*>(self);
         try {
@@ -49,7 +50,7 @@ private:
 zip_int64_t Target::Do(void* data, zip_uint64_t length, zip_source_cmd_t command) {
     switch (command) {
         case ZIP_SOURCE_SUPPORTS:
-            // An archive has to be readable too, which is never asked of one that starts empty.
+            // An archive has to be readable too, but nothing is read from one that starts empty.
             return zip_source_make_command_bitmap(
                 ZIP_SOURCE_OPEN, ZIP_SOURCE_READ, ZIP_SOURCE_CLOSE, ZIP_SOURCE_STAT, ZIP_SOURCE_ERROR,
                 ZIP_SOURCE_FREE, ZIP_SOURCE_SEEK, ZIP_SOURCE_TELL, ZIP_SOURCE_SUPPORTS,
@@ -76,7 +77,7 @@ zip_int64_t Target::Do(void* data, zip_uint64_t length, zip_source_cmd_t command
         case ZIP_SOURCE_COMMIT_WRITE:
         case ZIP_SOURCE_ROLLBACK_WRITE:
         case ZIP_SOURCE_FREE:
-            return 0;  // ZipOutput does these with the file
+            return 0;  // ZipOutput does this with the file
         default:
             zip_error_set(&error_, ZIP_ER_OPNOTSUPP, 0);
             return -1;
@@ -118,7 +119,7 @@ ZipOutput::ZipOutput(std::string_view path) : impl_(std::make_unique<Impl>(path)
 ZipOutput::~ZipOutput() = default;
 
 void ZipOutput::Add(const std::string& entry, const std::string& file) {
-    // libzip opens it late and does not tell which one failed.
+    // libzip opens it late and does not say which one failed.
     std::string native = platform::MappedFile(file).Name();
     zip_source_t* source = zip_source_file(impl_->archive, native.c_str(), 0, wholeFile);
     if (source && zip_file_add(impl_->archive, entry.c_str(), source, ZIP_FL_ENC_UTF_8) >= 0) return;

@@ -12,13 +12,13 @@ namespace vexlator::workflow {
 /// are UTF-8; files and archives may be larger than 4 GB.
 class ZipOutput {
 public:
-    /// @throws platform::WriteError, as every member
+    /// @throws platform::WriteError, like every member
     explicit ZipOutput(std::string_view path);
     ~ZipOutput();
     ZipOutput(const ZipOutput&) = delete;
     ZipOutput& operator=(const ZipOutput&) = delete;
 
-    /// Takes a file into the archive; its content is read by Commit().
+    /// Adds a file to the archive. Commit() reads its contents.
     /// @param entry its path in the archive, with "/"
     /// @throws platform::ReadError a file that cannot be opened
     void Add(const std::string& entry, const std::string& file);

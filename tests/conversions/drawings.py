@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: The Vexlator authors
 # SPDX-License-Identifier: MIT
-"""Drawings as lines of text: one entity a line.
+"""Drawings as lines of text: one entity per line.
 
     LAYER point X,Y [X,Y ...] | NAME=VALUE | NAME=VALUE
 

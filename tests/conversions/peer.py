@@ -23,7 +23,7 @@ def fields_of(layer):
 
 
 def table_lines(path):
-    """The columns of a shapefile, then a line for each feature: its geometry and its values."""
+    """The columns of a shapefile, then one line per feature: its geometry and its values."""
     source = opened(path)
     layer = source.GetLayer()
     columns = [f"{field.GetName()} {field.GetTypeName()}({field.GetWidth()}.{field.GetPrecision()})"
@@ -51,7 +51,7 @@ def points_of(entity):
 
 
 def same_value(field, feature, i, text):
-    """Whether a text in a drawing is the value that GDAL read; numbers may be written in several ways."""
+    """Whether a text in a drawing equals the value that GDAL read; numbers can have several forms."""
     if not feature.IsFieldSetAndNotNull(i):
         return text.strip("*0") == ""
     if field.GetType() in (ogr.OFTInteger, ogr.OFTInteger64, ogr.OFTReal):
@@ -63,7 +63,7 @@ def same_value(field, feature, i, text):
 
 
 def check_import(path, entities):
-    """Every feature that GDAL reads is there, part for part and value for value, and nothing else is."""
+    """The drawing has exactly the features that GDAL reads, with equal parts and values."""
     source = opened(path)
     layer = source.GetLayer()
     fields = fields_of(layer)
@@ -85,7 +85,7 @@ def check_import(path, entities):
 
 
 def marks_of(shape):
-    """What the import of GML adds to each part: the number of its surface, when there are several, and holes."""
+    """The attributes that a GML import adds to each part: the number of its surface, if there are several, and holes."""
     surfaces = [shape]
     if shape.GetGeometryName() in ("MULTIPOLYGON", "MULTISURFACE"):
         surfaces = [shape.GetGeometryRef(i) for i in range(shape.GetGeometryCount())]
@@ -97,7 +97,7 @@ def marks_of(shape):
 
 
 def check_gml(path, entities):
-    """The layers of the drawing hold what GDAL reads from those of the file, feature for feature."""
+    """The layers of the drawing have the features that GDAL reads from the file's layers."""
     source = gdal.OpenEx(path, gdal.OF_VECTOR, open_options=["EXPOSE_FID=NO", "EXPOSE_GML_ID=NO"])
     count = 0
     for layer in (source.GetLayer(i) for i in range(source.GetLayerCount())):
@@ -147,7 +147,7 @@ def check_export(entities, path):
 
 
 def check_world(points, world):
-    """The world file says of every corner of a large image, to a millionth of a pixel, what GDAL's fit of first order does."""
+    """The world file equals GDAL's fit of first order at every corner of a large image, to a millionth of a pixel."""
     ini = configparser.ConfigParser()
     ini.read(points)
     pairs = [[tuple(map(float, ini["GEOREF"][f"{n}{kind}"].split(","))) for kind in "PG"]
@@ -164,7 +164,7 @@ def check_world(points, world):
 
 
 def check_tiles(folder, path):
-    """The tiles lie side by side where their names and world files say, and show what the image does."""
+    """The tiles are side by side at the positions of their names and world files, and show the image."""
     image = gdal.Open(path)
     names = sorted(glob.glob(os.path.join(folder, "*.jpg")))
     made = gdal.BuildVRT("", names)

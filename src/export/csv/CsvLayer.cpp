@@ -25,11 +25,11 @@ bool IsPoint(EntityView entity) {
     return entity.kindCode() == Kind::Point || entity.kindCode() == Kind::Insert;
 }
 
-/// Names of attributes and, behind them, those that others have beside.
+/// Attribute names of the first entity, then the additional names of others.
 class AllNames {
 public:
     void Add(std::vector<std::string> names) {
-        std::unordered_map<std::string, std::size_t> times;  // an entity may have a name more than once
+        std::unordered_map<std::string, std::size_t> times;  // an entity can have a name several times
         for (std::string& name : names) {
             std::string key = platform::LowerAscii(name);
             if (++times[key] <= times_[key]) continue;
@@ -138,7 +138,7 @@ void CsvLayer::Convert(const LayerPart& part) {
     converted_.clear();
     nextConverted_ = 0;
     for (std::size_t i = 0; i < points.size(); ++i) {
-        // What could not be converted is as it was, and so is what was in degrees before.
+        // Values that could not be converted are unchanged, and so are values that were already in degrees.
         bool inDegrees = failed == 0 || points[i] != grid[i] ||
                          converter_->GridToLatLng(grid[i].x, grid[i].y, heights[i], false);
         PlanePoint point = inDegrees ? PlanePoint{points[i].y, points[i].x} : grid[i];
@@ -205,7 +205,7 @@ void CsvLayer::CountLosses(std::string_view column, const formats::CsvLosses& lo
 void CsvLayer::Report() {
     leftOut_.Report(run_, layer_.layer.name);
     match_.Report();
-    formats::CsvLosses ofNames = allLosses_;  // which stand in the header and in every row
+    formats::CsvLosses ofNames = allLosses_;  // which are in the header and in every row
     for (std::size_t column = 0; column < losses_.size(); ++column) {
         CountLosses(columns_[column], losses_[column]);
         ofNames -= losses_[column];

@@ -19,26 +19,26 @@
 
 namespace vexlator::exporter {
 
-/// The columns for a layer's attributes. By position, the names of the entity that has most; by name, those
-/// of all, so that no value is left out.
+/// The columns for a layer's attributes. By position: the names of the entity with the most attributes. By
+/// name: the names of all entities, so that no value is left out.
 std::vector<std::string> HeaderNames(const ExportLayer& layer, const drawing::Drawing& drawing, bool byName);
 
-/// The rows of one layer while they are written.
+/// Writes the rows of one layer.
 class CsvLayer {
 public:
-    /// `columns` are HeaderNames(). `converter` is there when points are to be in latitude and longitude,
-    /// else null. `isFirst`: no other layer stands before this one in the file.
+    /// `columns` are HeaderNames(). `converter` converts points to latitude and longitude, or is null.
+    /// `isFirst`: no other layer precedes this one in the file.
     CsvLayer(config::Run& run, const CsvSettings& settings, coords::frmLatLng* converter,
              const ExportLayer& layer, std::vector<std::string> columns, formats::CsvWriter& writer,
              bool isFirst);
 
     /// Writes a row for each point, symbol and polyline, and the header before the first part.
     void Write(const LayerPart& part);
-    /// Returns how many rows were written.
+    /// Returns the number of rows.
     std::uint64_t Finish();
 
 private:
-    /// A point as it is to be written.
+    /// A point in its form for writing.
     struct Converted {
         util::PlanePoint point;
         double height;
@@ -47,7 +47,7 @@ private:
 
     void AddHeader();
     void AddRows(const LayerPart& part);
-    /// Makes `converted_` hold the points among the entities.
+    /// Fills `converted_` with the points of the entities.
     void Convert(const LayerPart& part);
     void AddPoint(drawing::EntityView entity);
     void AddPolyline(drawing::EntityView entity);
@@ -71,8 +71,8 @@ private:
     std::size_t nextConverted_ = 0;
     LeftOutEntities leftOut_;
     std::uint64_t unconverted_ = 0;
-    formats::CsvLosses allLosses_;            ///< of this layer
-    std::vector<formats::CsvLosses> losses_;  ///< those in values, by column
+    formats::CsvLosses allLosses_;            ///< losses of this layer
+    std::vector<formats::CsvLosses> losses_;  ///< losses in values, by column
 };
 
 }  // namespace vexlator::exporter

@@ -10,7 +10,7 @@ namespace vexlator::exporter {
 
 namespace {
 
-/// What gv.ini says, before it becomes a layout.
+/// The values in gv.ini, before they become a layout.
 struct IniSettings : CsvSettings {
     bool quote = false, safeFormulas = false, byteOrderMark = false;
     std::string separator, hyperlinksText;
@@ -19,25 +19,24 @@ struct IniSettings : CsvSettings {
 using Keys = config::Keys<IniSettings>;
 
 constexpr config::KeyOf<IniSettings> keys[] = {
-    Keys::Flag("CSV", "SepFiles", &IniSettings::sepFiles,
-               "one file per feature code instead of one per drawing"),
-    Keys::Switch("CSV", "header", &IniSettings::header, "a header row before the rows of each feature code"),
-    Keys::Text("CSV", "Separator", &IniSettings::separator, "TAB: fields are separated by tabs", "by commas"),
-    Keys::Switch("CSV", "Coords", &IniSettings::coords, "a coordinate column"),
-    Keys::Flag("CSV", "LatLng", &IniSettings::latLng, "coordinates of points in latitude/longitude"),
-    Keys::Flag("CSV", "MultiXYZ", &IniSettings::multiXYZ,
-               "coordinates again as columns of their own at the end of the row"),
-    Keys::Number("CSV", "DP", &IniSettings::decimals, "decimal places of x and y", "3", 0, 15),
+    Keys::Flag("CSV", "SepFiles", &IniSettings::sepFiles, "each feature code gets a file of its own"),
+    Keys::Switch("CSV", "header", &IniSettings::header,
+                 "a header row precedes the rows of each feature code"),
+    Keys::Text("CSV", "Separator", &IniSettings::separator, "TAB: tabs separate the fields", "commas"),
+    Keys::Switch("CSV", "Coords", &IniSettings::coords, "rows have a coordinate column"),
+    Keys::Flag("CSV", "LatLng", &IniSettings::latLng, "coordinates of points are in latitude/longitude"),
+    Keys::Flag("CSV", "MultiXYZ", &IniSettings::multiXYZ, "rows end with separate x, y and z columns"),
+    Keys::Number("CSV", "DP", &IniSettings::decimals, "number of decimal places of x and y", "3", 0, 15),
     Keys::Flag("CSV", "Quote", &IniSettings::quote,
-               "fields are quoted as RFC 4180 has it; else commas inside values become separators"),
-    Keys::Flag(
-        "CSV", "SafeFormulas", &IniSettings::safeFormulas,
-        "values that begin with = + - or @ and are no numbers get a ' in front, so that spreadsheets show "
-        "them and never run them; for files that people open, not for those that programs read"),
+               "fields are quoted as in RFC 4180. Off: commas inside values act as separators"),
+    Keys::Flag("CSV", "SafeFormulas", &IniSettings::safeFormulas,
+               "a ' is put before values that begin with = + - or @, except numbers. Spreadsheets then show "
+               "the values and never run them as formulas. Use it for files that people open, not for files "
+               "that programs read"),
     Keys::Flag("CSV", "BOM", &IniSettings::byteOrderMark,
-               "files are UTF-8 and begin with a byte-order mark; else they are Windows-1252"),
+               "files are UTF-8 with a byte-order mark. Off: they are Windows-1252"),
     Keys::Text("PHOTO", "ExportAsHyperlinks", &IniSettings::hyperlinksText,
-               "anything: CSV exports write photographs as spreadsheet links", "off"),
+               "any value: CSV exports write photographs as spreadsheet links", "off"),
 };
 
 }  // namespace

@@ -43,7 +43,7 @@ public:
 
     formats::CsvWriter& WriterOf(std::size_t layer) { return writers_[settings_.sepFiles ? layer : 0]; }
     bool IsFirstInFile(std::size_t layer) const { return settings_.sepFiles || layer == 0; }
-    /// To be called around what is written of a layer's part.
+    /// Call both around the writing of a layer's part.
     void Begin(std::size_t layer) {
         if (turns_) writers_[0].GoOnIn(turns_->Begin(layer));
     }
@@ -71,7 +71,7 @@ private:
     platform::OutputSet files_;
     std::vector<std::string> paths_;
     std::deque<formats::CsvWriter> writers_;
-    std::optional<LayerTurns> turns_;  ///< in the single file
+    std::optional<LayerTurns> turns_;  ///< for the single file
 };
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "export/fmo/FeatureColumns.h"
 #include "export/fmo/FeatureTable.h"
 #include "platform/AsciiCase.h"
+#include "platform/Files.h"
 #include "platform/Paths.h"
 #include "util/Files.h"
 #include "util/Paths.h"
@@ -36,6 +37,18 @@ bool HasKind(const drawing::SelectionSet& set, std::initializer_list<Kind> kinds
     return std::ranges::any_of(set.indexes(), [&](std::uint32_t index) {
         return std::ranges::find(kinds, set.entity(index).kindCode()) != kinds.end();
     });
+}
+
+/// Names of a folder's files in small letters: to look for each by itself would list the folder each time.
+std::set<std::string> NamesIn(const std::string& folder) {
+    std::set<std::string> names;
+    for (const std::string& name : platform::ListFiles(folder)) names.insert(platform::LowerAscii(name));
+    return names;
+}
+
+/// Whether a folder has that file, and not an empty one.
+bool IsIn(const std::set<std::string>& names, const std::string& path) {
+    return names.contains(platform::LowerAscii(util::FileNameOf(path))) && util::FileSize(path) > 0;
 }
 
 /// `name`, or with a number behind it when a field of the template is called so.
@@ -65,7 +78,7 @@ std::string DefinitionText(const FmoDefinition& definition) {
     return text;
 }
 
-/// The key first, as a template lists it, then the other columns but those of the place.
+/// The key first, as in templates, then the other columns without those of the position.
 std::vector<std::string> TemplateNames(const FmoDefinition& definition, const database::Table& table) {
     std::vector<std::string> names{definition.key};
     for (const database::Table::ColumnInfo& column : table.Columns())
@@ -89,6 +102,8 @@ DatabaseExport::DatabaseExport(config::Run& run, drawing::Drawing& drawing, Defi
 
 config::Outcome DatabaseExport::Run() {
     outcome_.target = folders_.target;
+    existing_ = NamesIn(folders_.existing);
+    own_ = NamesIn(folders_.target);
     ForEachLayer(run_, drawing_, view_, LayerZero::Skip, [&](const WholeLayer& layer) { AddTarget(layer); });
     if (outcome_.status == config::Outcome::Status::Done && !databases_.OpenAll())
         outcome_.status = config::Outcome::Status::Failed;
@@ -141,11 +156,11 @@ DatabaseExport::LayerTarget DatabaseExport::TargetOf(const WholeLayer& layer) co
     std::string shared = util::JoinPath(folders_.existing, layer.fileName + ".FMO");
     LayerTarget target;
     FmoDefinition& definition = target.definition;
-    if (util::FileSize(own) > 0) {
+    if (IsIn(own_, own)) {
         definition = database::ReadFmoDefinition(run_, database::ReadFmoFile(own));
         return target;
     }
-    if (util::FileSize(shared) == 0) {
+    if (!IsIn(existing_, shared)) {
         definition = NewDefinition(layer, prefix);
         target.newText = DefinitionText(definition);
     } else {
@@ -176,8 +191,7 @@ FmoDefinition DatabaseExport::NewDefinition(const WholeLayer& layer, const std::
     return definition;
 }
 
-/// The fields of the code's template. Where there is none, one is written from the table, or else from the
-/// layer.
+/// The fields of the code's template. A missing template is made from the table, or else from the layer.
 std::vector<AtpField> DatabaseExport::FieldsOf(const WholeLayer& layer, const FmoDefinition& definition,
                                                database::Connection& connection) {
     std::string path = drawing::AtpPathFor(run_, layer.layer.name);

@@ -13,36 +13,37 @@
 
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace vexlator::exporter {
 
-/// Where database definitions are and where those go that are missing.
+/// The folders of existing and of new database definitions.
 struct DefinitionFolders {
-    std::string existing;      ///< FMO files that say where features go
-    std::string target;        ///< where definitions are written; they name what is in `existing` or are new
-    std::string database;      ///< path of the database file that new definitions name
-    bool oneDatabase = false;  ///< every feature goes to `database`, but for those of server databases
+    std::string existing;  ///< FMO files that name the tables for features
+    std::string target;    ///< folder for new definitions; they name the databases of `existing` or are new
+    std::string database;  ///< path of the database file for new definitions
+    bool oneDatabase = false;  ///< every feature goes to `database`, except those of server databases
 };
 
-/// Writes a drawing's layers into the tables that their definitions name, all or none of them.
+/// Writes a drawing's layers into the tables of their definitions, all or none of them.
 class DatabaseExport {
 public:
     DatabaseExport(config::Run& run, drawing::Drawing& drawing, DefinitionFolders folders,
                    ui::FormView& view);
 
-    /// @throws platform::WriteError: the database, the table, the feature and the reason. Then, as when the
-    /// outcome is Failed because a definition cannot be used, no table has changed.
+    /// @throws platform::WriteError: the database, the table, the feature and the reason. Then no table has
+    /// changed. The same holds if the outcome is Failed because a definition cannot be used.
     config::Outcome Run();
 
 private:
-    /// Where the features of a layer go.
+    /// The target of a layer's features.
     struct LayerTarget {
         database::FmoDefinition definition;
-        std::string newText;       ///< of the definition's file, when it has to be written
-        std::string databaseName;  ///< in databases_
+        std::string newText;       ///< text of the definition's file, if it has to be written
+        std::string databaseName;  ///< key in databases_
     };
 
     void AddTarget(const WholeLayer& layer);
@@ -58,16 +59,17 @@ private:
     config::Run& run_;
     drawing::Drawing& drawing_;
     DefinitionFolders folders_;
+    std::set<std::string> existing_, own_;  ///< names of files in the folders of definitions
     ui::FormView& view_;
     config::Outcome outcome_;
     std::map<std::string, LayerTarget> targets_;  ///< by layer
     ExportDatabases databases_;
     platform::OutputSet files_;
-    std::string place_;  ///< the feature that is being written, for errors
+    std::string place_;  ///< the current feature, for errors
 };
 
-/// What both database exports do: opens the drawing, renames its features as the settings ask, and writes
-/// its layers. `folders` is called when the drawing's job is known.
+/// The common part of both database exports: opens the drawing, renames its features by the settings, and
+/// writes its layers. Calls `folders` when the drawing's job is known.
 config::Outcome ExportToDatabase(config::Run& run, std::string_view form, std::string_view drawingPath,
                                  std::string_view targetPath,
                                  const std::function<DefinitionFolders()>& folders);

@@ -17,7 +17,7 @@ namespace vexlator::exporter {
 
 namespace {
 
-/// A database that lies beside its definition is not missing: the person is asked whether to use it.
+/// A database beside its definition is not missing: the user is asked whether to use it.
 bool IsMissing(const database::FmoDefinition& definition) {
     if (!database::IsDatabaseFile(definition) || util::FileSize(definition.database) > 0) return false;
     std::string beside =
@@ -25,8 +25,9 @@ bool IsMissing(const database::FmoDefinition& definition) {
     return util::FileSize(beside) == 0;
 }
 
-/// The same for every spelling of one database: two connections to it would wait for each other. A database
-/// file must not be opened to find this out: closing it would drop the locks of the connection that is open.
+/// The same text for every spelling of a database, because two connections to one database would wait for
+/// each other. This must not open the database file, because closing it would drop the locks of the other
+/// connection.
 std::string NameOf(const database::FmoDefinition& definition, const std::string& connectionString) {
     if (!database::IsDatabaseFile(definition)) return connectionString;
     std::string real = platform::RealPath(definition.database);
@@ -35,9 +36,8 @@ std::string NameOf(const database::FmoDefinition& definition, const std::string&
            platform::LowerAscii(util::FileNameOf(definition.database));
 }
 
-/// One export after the other, as in SQLite, where one program writes at a time: two could lock tables in
-/// opposite order, and tables that are still to be made cannot be locked. The number is ours and means
-/// nothing.
+/// Allows one export at a time, as in SQLite, where one program writes at a time. Two could lock tables in
+/// opposite order, and tables that do not exist yet cannot be locked. The number is ours and has no meaning.
 void KeepOthersOut(database::Connection& connection) {
     if (connection.Kind() != database::Connection::Product::PostgreSql) return;
     connection.Execute("SET LOCAL lock_timeout = '600s'");
@@ -47,18 +47,24 @@ void KeepOthersOut(database::Connection& connection) {
 }  // namespace
 
 std::string ExportDatabases::Add(database::FmoDefinition& definition) {
+    bool isFile = database::IsDatabaseFile(definition);
+    auto known = isFile ? files_.find(definition.database) : files_.end();
+    if (known != files_.end()) return known->second;
+    std::string path = definition.database;
     bool isMissing = IsMissing(definition);
     std::string text = isMissing ? database::AccessConnectionString(definition.database)
                                  : database::BuildConnectionString(run_, definition);
     std::string name = NameOf(definition, text);
     byName_.try_emplace(name, Database{definition, text, isMissing, {}});
+    // Asked about again where the person was asked: the answer goes to each definition's file.
+    if (isFile && definition.database == path) files_.emplace(path, name);
     return name;
 }
 
 bool ExportDatabases::Connect(Database& database) {
     Open& open = database.open;
     if (database.isMissing) {
-        // What was killed while it made a database may have been another command than this one.
+        // The killed run that left the files may have had another command.
         std::string told = platform::RemoveLeftovers(util::FolderOf(database.definition.database));
         if (!told.empty()) run_.Ui().Report(told);
         open.made = database::NewDatabase::IfMissing(database.definition.database);

@@ -13,24 +13,24 @@
 
 namespace vexlator::exporter {
 
-/// The databases of one export: one connection and one transaction for each, however many tables it has.
-/// Destroyed without Commit(), it leaves all of them as they were.
+/// The databases of one export. Each has one connection and one transaction for any number of tables.
+/// Destruction without Commit() leaves all of them unchanged.
 class ExportDatabases {
 public:
     struct Open {
-        std::unique_ptr<database::NewDatabase> made;  ///< null when the database was there
+        std::unique_ptr<database::NewDatabase> made;  ///< null if the database existed
         std::unique_ptr<database::Connection> connection;
         std::unique_ptr<database::Transaction> transaction;
     };
 
     explicit ExportDatabases(config::Run& run) : run_(run) {}
 
-    /// Adds the definition's database and returns its name here.
+    /// Adds the definition's database and returns its key here.
     std::string Add(database::FmoDefinition& definition);
-    /// Opens all, makes database files that are missing, and keeps other exports out of them to the end.
-    /// Their order is always the same: else two exports could wait for each other. False when one cannot be
-    /// opened, which is shown.
-    /// @throws platform::WriteError when one cannot be written to
+    /// Opens all databases, creates missing database files, and locks out other exports to the end. The order
+    /// is always the same, so that two exports cannot wait for each other. If one cannot be opened, shows a
+    /// message and returns false.
+    /// @throws platform::WriteError if one cannot be written
     bool OpenAll();
     Open& Named(const std::string& name) { return byName_.at(name).open; }
     /// @throws database::DatabaseError, platform::WriteError
@@ -48,6 +48,7 @@ private:
 
     config::Run& run_;
     std::map<std::string, Database> byName_;
+    std::map<std::string, std::string> files_;  ///< names, by what definitions call the file
 };
 
 }  // namespace vexlator::exporter

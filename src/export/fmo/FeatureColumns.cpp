@@ -41,7 +41,7 @@ std::size_t FeatureColumns::Add(const std::string& name) {
     return names_.size() - 1;
 }
 
-/// Whether a column holds where the feature is, which no attribute may overwrite.
+/// Whether a column holds the position, which no attribute may overwrite.
 bool FeatureColumns::IsPlace(std::string_view name) const {
     if (definition_.IsLineTable()) return SameNoCase(name, definition_.geometryColumn);
     return SameNoCase(name, definition_.east) || SameNoCase(name, definition_.north);
@@ -60,7 +60,7 @@ void FeatureColumns::AddFields(const std::vector<drawing::AtpField>& fields) {
     }
 }
 
-/// The column of the field that an attribute means which is named like no column; none when there is none.
+/// The column of the field that an attribute with another name belongs to; none if there is none.
 std::size_t FeatureColumns::FieldColumn(std::string_view name, std::size_t position) const {
     if (byName_) return !keyField_.empty() && SameNoCase(name, keyField_) ? 0 : none;
     return position < fieldColumns_.size() ? fieldColumns_[position] : none;
@@ -92,7 +92,7 @@ std::vector<std::size_t> FeatureColumns::MapAttributes(const drawing::XPropertie
     return sources;
 }
 
-/// The column of a name, or of that name and a number when an attribute of other letter case has it.
+/// The column with a name, or with that name and a number if an attribute with another letter case has it.
 std::size_t FeatureColumns::AddFree(std::string_view name, const std::vector<std::size_t>& sources) {
     std::string candidate(name);
     std::size_t column = Add(candidate);

@@ -15,12 +15,12 @@
 
 namespace vexlator::exporter {
 
-/// The columns that a layer's attributes go to: the key, then one for each other field of its template, then
-/// one for each attribute that the template lacks.
+/// The columns for a layer's attributes: the key, then one for each other field of its template, then one for
+/// each attribute that is not in the template.
 ///
-/// A column takes the attribute of its name, letter case ignored. An attribute whose name is no column's goes
-/// to the field at its position, unless that has an attribute of its own or `byName` is set; else to a column
-/// of its own. Where no field is named like the key column, the first field stands for it.
+/// A column takes the attribute with its name, in any letter case. An attribute without a column of its name
+/// goes to the field at its position, unless the field has its own attribute or `byName` is set. Then it gets
+/// a new column. If no field has the name of the key column, the first field is the key.
 class FeatureColumns {
 public:
     FeatureColumns(const database::FmoDefinition& definition, const std::vector<drawing::AtpField>& fields,
@@ -32,19 +32,19 @@ public:
     /// Whether any entity has an attribute for the column.
     bool HasSource(std::size_t column) const;
 
-    /// For people: where attributes went for which there was no column.
+    /// For the user: where attributes without a column went.
     const util::ShortList& Others() const { return others_; }
 
     static constexpr std::size_t none = static_cast<std::size_t>(-1);
-    /// For each column the position of the entity's attribute that goes there, or `none`.
+    /// For each column the index of the entity's attribute for it, or `none`.
     const std::vector<std::size_t>& SourcesFor(const drawing::EntityView& entity) const {
         return sources_.at(entity.attributeSet());
     }
 
-    /// An attribute without a column: it is named like one that holds the place, or like an attribute before
-    /// it, its `twin`.
+    /// An attribute without a column. It has the name of a position column, or of an earlier attribute, its
+    /// `twin`.
     struct LeftOver {
-        std::size_t attribute, twin;  ///< twin: none when it is named like the place
+        std::size_t attribute, twin;  ///< twin: none if it has the name of a position column
     };
     const std::vector<LeftOver>& LeftOversOf(const drawing::EntityView& entity) const {
         return leftOvers_.at(entity.attributeSet());
@@ -62,7 +62,7 @@ private:
 
     const database::FmoDefinition& definition_;
     bool byName_;
-    std::string keyField_;  ///< name of the field that stands for the key; empty: that has the key's own name
+    std::string keyField_;  ///< name of the key field; empty: it has the key column's name
     std::vector<std::string> names_;
     std::vector<std::size_t> fieldColumns_;  ///< column of each template field; none for coordinates
     std::unordered_map<drawing::AttributeSet, std::vector<std::size_t>> sources_;

@@ -35,14 +35,14 @@ TypeNames TypeNamesOf(Connection::Product product) {
     return {"TEXT", "INTEGER", "DOUBLE", "LONGBINARY"};
 }
 
-/// Searching an existing table for each feature's key costs its whole length where it has no index.
+/// A search for each feature's key reads the whole table if there is no index.
 constexpr std::size_t fewFeatures = 100;
-/// One statement for several records costs a database much less than one for each.
+/// One statement for several records costs a database much less than one per record.
 constexpr std::size_t valuesAtOnce = 400, mostRowsAtOnce = 50;
 
 constexpr std::string_view ownIndex = "vexlator_export_key";
 
-/// The index that tables of our making have.
+/// The index of tables that we create.
 std::string KeyIndexName(const database::FmoDefinition& definition) {
     return definition.table + "_" + definition.key + "_key";
 }
@@ -84,7 +84,7 @@ void FeatureTable::Create() {
     for (std::size_t i = 1; i < columns_.Names().size(); ++i) add(columns_.Names()[i], types.text);
     connection_.Execute("CREATE TABLE " + connection_.Quoted(definition_.table) + " (" + columns + ")");
     table_ = Table::Find(connection_, definition_.table);
-    if (!table_) throw database::DatabaseError("42S02", "the table was made but cannot be found");
+    if (!table_) throw database::DatabaseError("42S02", "the new table cannot be found");
     isNew_ = true;
 }
 
@@ -98,7 +98,7 @@ void FeatureTable::AddMissingColumns(database::Transaction& transaction) {
                             " " + std::string(type));
         changed = true;
     };
-    table_ = Table::Find(connection_, definition_.table);  // others may have added columns before the lock
+    table_ = Table::Find(connection_, definition_.table);  // others can have added columns before the lock
     if (definition_.IsLineTable()) {
         need(definition_.geometryColumn, types.bytes);
     } else {
@@ -119,7 +119,7 @@ void FeatureTable::PrepareStatements() {
         if (!column) throw database::DatabaseError("42S22", "no column \"" + columns_.Names()[i] + "\"");
         types_.push_back(column->type);
         bool unwritten = column->type == ColumnType::Bytes || !columns_.HasSource(i);
-        if (i > 0 && unwritten) continue;  // the database keeps what it has, or its default
+        if (i > 0 && unwritten) continue;  // the database keeps its value, or its default
         written_.push_back(i);
         quoted_.push_back(column->quoted);
     }
@@ -208,7 +208,8 @@ void FeatureTable::SetAttributes(EntityView entity) {
     CountLost(entity);
 }
 
-/// What the record says anyway is not lost: tables that were imported have their key and place twice.
+/// A value that the record contains anyway is not lost: tables that were imported have their key and position
+/// twice.
 void FeatureTable::CountLost(EntityView entity) {
     for (auto [attribute, twin] : columns_.LeftOversOf(entity)) {
         std::string_view text = texts_[attribute];
@@ -217,15 +218,15 @@ void FeatureTable::CountLost(EntityView entity) {
     }
 }
 
-/// Whether a text is one of those that the record holds.
+/// Whether a text is one of the record's own values.
 bool FeatureTable::IsCoordinate(std::string_view text) const {
     std::optional<double> number = util::WholeNumberOf(text);
     if (!number || definition_.IsLineTable()) return false;
     return *number == std::get<double>(values_[0]) || *number == std::get<double>(values_[1]);
 }
 
-/// What the column's type can take: numbers for a column of numbers, NULL for an empty text where only text
-/// can be empty. A text that a column of another type cannot take is for the database to refuse.
+/// The value in a form for the column's type: a number for a number column, NULL for an empty text in a
+/// column that is not text. The database has to refuse other texts that do not fit.
 FeatureTable::Value FeatureTable::ValueFor(std::size_t column, std::string_view text) const {
     if (types_[column] == ColumnType::Text) return text;
     std::string_view trimmed = util::Trim(text);

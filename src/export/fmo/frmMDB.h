@@ -9,15 +9,15 @@
 
 namespace vexlator::exporter {
 
-/// A drawing becomes a database in the folder of the export, one table for each layer that holds points,
-/// symbols or polylines, with an FMO file for each by which it can be imported again. The database has the
-/// drawing's name, with [GENERAL] JobBasedMDB that of its job.
+/// Exports a drawing to a database in the folder of the export, with one table for each layer with points,
+/// symbols or polylines. Each table has an FMO file for a later import. The database has the drawing's name,
+/// with [GENERAL] JobBasedMDB that of its job.
 class frmMDB {
 public:
     explicit frmMDB(config::Run& run) : run_(run) {}
 
-    /// @throws platform::ReadError for a drawing that cannot be read, platform::WriteError; then, and when
-    /// the outcome is not Done, every table is as it was
+    /// @throws platform::ReadError for a drawing that cannot be read, platform::WriteError. After an
+    /// exception, or if the outcome is not Done, every table is unchanged.
     config::Outcome Start(std::string_view drawingPath, std::string_view targetPath);
 
 private:

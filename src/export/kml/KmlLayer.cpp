@@ -26,7 +26,7 @@ bool IsOnGlobe(const util::PlanePoint& degrees) {
     return std::fabs(degrees.x) <= 180 && std::fabs(degrees.y) <= 90;
 }
 
-/// A ring is an area from three places on, an entity of one place a point, whatever its kind.
+/// A ring of three or more positions is an area. An entity with one position is a point, whatever its kind.
 KmlShape ShapeOf(std::size_t positions, bool closed) {
     if (closed && positions >= 4) return KmlShape::Area;
     return positions >= 2 ? KmlShape::Line : KmlShape::Point;
@@ -55,7 +55,7 @@ std::uint64_t KmlLayer::Finish() {
     leftOut_.Report(run_, layer_.layer.name);
     if (unplaced_ > 0)
         run_.Ui().Report(layer_.layer.name + ": " + util::Counted(unplaced_, "placemark") +
-                         " without a place, because the coordinate conversion does not cover it");
+                         " without a position, because it is outside the coordinate conversion");
     return placemarks_;
 }
 
@@ -84,7 +84,7 @@ void KmlLayer::CloseRing(std::size_t begin) {
     heights_.push_back(heights_[begin]);
 }
 
-/// Positions that cannot be converted are marked as being nowhere: metres must not pass for degrees.
+/// Marks positions that cannot be converted, because metres must not pass for degrees.
 void KmlLayer::ConvertBatch() {
     const std::vector<util::PlanePoint> grid = points_;
     if (converter_.GridToLatLng(points_, heights_, coords::Rounding::None) == 0) return;  // the writer rounds

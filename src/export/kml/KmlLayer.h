@@ -16,25 +16,25 @@
 
 namespace vexlator::exporter {
 
-/// What the KML export is set to, from [GENERAL], [PHOTO] and [KML] of gv.ini.
+/// Settings of the KML export, from [GENERAL], [PHOTO] and [KML] of gv.ini.
 struct KmlSettings {
-    std::string folder;        ///< of the export; absolute and native, as photographs' full paths are
-    bool web = false;          ///< photographs lie on a web server, with thumbnails beside them
-    std::string photoAddress;  ///< web: what stands before a photograph's name; encoded, ends in "/" or empty
+    std::string folder;        ///< folder of the export; absolute and native, like photographs' full paths
+    bool web = false;          ///< photographs are on a web server, with thumbnails beside them
+    std::string photoAddress;  ///< for web: text before a photograph's name; encoded, ends in "/" or empty
 };
 
-/// The placemarks of one layer: its points, symbols and polylines, positions converted to degrees.
+/// Writes the placemarks of one layer: its points, symbols and polylines, with positions in degrees.
 class KmlLayer {
 public:
     KmlLayer(config::Run& run, const KmlSettings& settings, coords::frmLatLng& converter,
              const ExportLayer& layer, formats::KmlWriter& writer);
 
     void Write(const LayerPart& part);
-    /// Returns how many placemarks were written.
+    /// Returns the number of placemarks.
     std::uint64_t Finish();
 
 private:
-    /// One entity of a batch whose positions are gathered to be converted at once.
+    /// One entity of a batch whose positions are converted together.
     struct Item {
         drawing::EntityView entity;
         std::size_t positions;

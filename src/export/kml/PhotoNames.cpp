@@ -15,7 +15,7 @@ bool IsLetterOrDigit(char c) {
     return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
 
-/// Keeps letters, digits and the characters of `plain` as they are.
+/// Keeps letters, digits and the characters of `plain`.
 std::string PercentEncoded(std::string_view text, std::string_view plain) {
     constexpr std::string_view digits = "0123456789ABCDEF";
     std::string encoded;

@@ -8,8 +8,8 @@
 
 namespace vexlator::exporter {
 
-/// Makes the thumbnail of every photograph (.JPG, .BMP) in a folder and the folders below it, beside it. One
-/// whose picture cannot be used gets none, and a line says why.
+/// Makes the thumbnail of every photograph (.JPG, .BMP) in a folder and its sub-folders, beside the
+/// photograph. If a photograph cannot be used, a message says why, and it gets none.
 /// @throws platform::WriteError
 void MakeThumbnails(config::Run& run, std::string_view folder);
 

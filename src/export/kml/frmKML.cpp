@@ -29,7 +29,7 @@ std::string WithSlash(std::string text) {
     return text;
 }
 
-/// What gv.ini says: whether photographs are on the web, and what stands before their names there.
+/// The values in gv.ini: whether photographs are on the web, and at which address.
 struct WebSettings {
     bool web = false;
     std::string base, company;
@@ -39,11 +39,11 @@ using Keys = config::Keys<WebSettings>;
 
 constexpr config::KeyOf<WebSettings> keys[] = {
     Keys::Text("KML", "WebBase", &WebSettings::base,
-               "web address below which photographs are published, in the folder that Company names, when "
-               "GoogleMaps is on",
-               "addresses relative to the KML"),
-    Keys::Text("GENERAL", "Company", &WebSettings::company, "company name, written into KML exports", "none"),
-    Keys::Flag("PHOTO", "GoogleMaps", &WebSettings::web, "photo links of KML exports are for web maps"),
+               "web address of the published photographs. Used with GoogleMaps on. Company names the folder "
+               "below this address",
+               "addresses relative to the KML file"),
+    Keys::Text("GENERAL", "Company", &WebSettings::company, "company name in KML exports", "none"),
+    Keys::Flag("PHOTO", "GoogleMaps", &WebSettings::web, "KML exports link photographs for web maps"),
 };
 
 KmlSettings ReadSettings(const config::Run& run, std::string_view targetPath) {
@@ -89,7 +89,7 @@ bool frmKML::WriteFile(BegunExport& begun, const KmlSettings& settings, const st
     writer.GoOnIn(file);
     if (begun.outcome.features > 0 && writer.Geometries() == 0) {
         run_.Ui().ShowMessage(platform::NativePath(begun.outcome.target) +
-                              ": not written, because none of its placemarks would have a place");
+                              ": not written, because none of its placemarks has a position");
         begun.outcome.status = config::Outcome::Status::Failed;
         return false;
     }
@@ -105,7 +105,7 @@ void frmKML::Launch(bool web, std::string_view kmlPath) try {
     else
         util::OpenDocument(kmlPath);
 } catch (const platform::Stopped&) {
-    // The file is in place: a signal now only keeps it from being shown.
+    // The file is in place. A signal now only prevents its display.
 }
 
 void frmKML::Publish(std::string_view kmlPath) {

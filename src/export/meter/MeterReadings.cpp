@@ -16,13 +16,13 @@ namespace {
 
 constexpr std::string_view noPosition = "000000000000";
 
-/// Without its fraction; 0 for what is no number.
+/// Without its fraction; 0 for a text that is not a number.
 std::int64_t CutToWhole(double value) {
-    constexpr double most = 1e15;  // far beyond any grid, far within the result
+    constexpr double most = 1e15;  // far beyond any grid, far within the result type
     return std::isnan(value) ? 0 : static_cast<std::int64_t>(std::clamp(value, -most, most));
 }
 
-/// Builds the lines of a layer's file.
+/// Collects the lines of a layer's file.
 class MeterLines {
 public:
     MeterLines(config::Run& run, std::string_view layer, platform::OutputFile& file)
@@ -52,7 +52,7 @@ private:
         return property ? property->value() : "";
     }
 
-    /// Line ends and the character that ends the field become blanks, NUL a question mark.
+    /// Line ends and field separators become blanks, NUL becomes a question mark.
     void Field(std::string_view name, std::string_view value, char end) {
         std::uint64_t replaced = 0;
         std::string text = platform::Windows1252FromUtf8(value, &replaced);

@@ -9,13 +9,13 @@
 
 namespace vexlator::exporter {
 
-/// The meters of a drawing become the text file of a meter-reading system.
+/// Exports the meters of a drawing as the text file of a meter-reading system.
 class frmCAW {
 public:
     explicit frmCAW(config::Run& run) : run_(run) {}
 
-    /// Writes the file, named after the drawing, into the folder `targetPath`, which exists. A drawing
-    /// without meters makes none.
+    /// Writes the file, with the drawing's name, into the existing folder `targetPath`. A drawing without
+    /// meters gives no file.
     /// @throws platform::ReadError for a drawing that cannot be read, platform::WriteError
     config::Outcome Start(std::string_view drawingPath, std::string_view targetPath);
 

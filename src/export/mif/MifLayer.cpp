@@ -18,7 +18,7 @@ using formats::MifColumn;
 
 namespace {
 
-constexpr std::size_t fewestVertices = 2;  ///< that readers take for a line or an area
+constexpr std::size_t fewestVertices = 2;  ///< number of vertices that readers need for a line or an area
 
 std::vector<drawing::AtpField> FieldsOf(config::Run& run, const ExportLayer& layer) {
     std::vector<drawing::AtpField> fields =
@@ -29,15 +29,19 @@ std::vector<drawing::AtpField> FieldsOf(config::Run& run, const ExportLayer& lay
 
 std::vector<MifColumn> ColumnsOf(const std::vector<drawing::AtpField>& fields) {
     std::vector<MifColumn> columns;
-    auto isTaken = [&](const std::string& name) {
+    auto isFieldName = [&](const std::string& name) {
         return std::ranges::any_of(
             fields, [&](const auto& field) { return platform::SameNoCase(util::Trim(field.name), name); });
     };
+    auto isTaken = [&](const std::string& name) {
+        return std::ranges::any_of(
+            columns, [&](const auto& column) { return platform::SameNoCase(column.name, name); });
+    };
     for (const drawing::AtpField& field : fields) {
         bool isNameless = util::Trim(field.name).empty();
-        std::string name = ColumnName(field.name, columns.size());
-        while (isNameless && isTaken(name)) name += '_';
-        columns.push_back({util::ReplaceAll(name, " ", "_"), MifColumnType(field)});
+        std::string name = util::ReplaceAll(ColumnName(field.name, columns.size()), " ", "_");
+        while (isTaken(name) || (isNameless && isFieldName(name))) name += '_';
+        columns.push_back({name, MifColumnType(field)});
     }
     return columns;
 }
@@ -152,8 +156,8 @@ void MifLayer::Report() {
     if (incomplete_ == 0 || settings_.strict) return;
     run_.Ui().Report(layer_.layer.name + ": of " + util::GroupedCount(objects_) + " objects " +
                      util::GroupedCount(incomplete_) +
-                     " have fewer values than there are columns, or fewer than two vertices; programs "
-                     "that stop there need [MID] Strict=1");
+                     " have fewer values than columns, or fewer than two vertices; programs that stop at "
+                     "these need [MID] Strict=1");
 }
 
 }  // namespace vexlator::exporter

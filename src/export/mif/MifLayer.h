@@ -20,23 +20,23 @@
 
 namespace vexlator::exporter {
 
-/// The column type of a template field, widths as the template has them; what it leaves open is as wide as
-/// the format allows.
+/// The column type of a template field, with the widths of the template. A missing width is the largest of
+/// the format.
 std::string MifColumnType(const drawing::AtpField& field);
 
-/// The MIF/MID pair of one layer while it is written.
+/// Writes the MIF/MID pair of one layer.
 class MifLayer {
 public:
     MifLayer(config::Run& run, const MifSettings& settings, const ExportLayer& layer,
              std::string_view targetPath, platform::OutputSet& files);
 
-    /// Writes entities; those that are no point, symbol, circle or polyline are left out.
+    /// Writes entities, except those that are no point, symbol, circle or polyline.
     void Write(const LayerPart& part);
-    /// Returns how many objects were written.
+    /// Returns the number of objects.
     std::uint64_t Finish();
 
 private:
-    /// Whether strict readers take the entity's object and row as they are.
+    /// Whether strict readers accept the entity's object and row unchanged.
     bool IsComplete(drawing::EntityView entity) const;
     /// False for a kind that is left out.
     bool AddObject(drawing::EntityView entity);
@@ -52,8 +52,8 @@ private:
     formats::MifWriter writer_;
     ColumnMatch match_;
     LeftOutEntities leftOut_;
-    std::uint64_t objects_ = 0, incomplete_ = 0;  ///< the latter are some of the objects
-    std::uint64_t replaced_ = 0;                  ///< characters of values
+    std::uint64_t objects_ = 0, incomplete_ = 0;  ///< the latter counts some of the objects
+    std::uint64_t replaced_ = 0;                  ///< replaced characters of values
 };
 
 }  // namespace vexlator::exporter

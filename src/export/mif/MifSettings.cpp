@@ -9,12 +9,11 @@ namespace {
 using Keys = config::Keys<MifSettings>;
 
 constexpr config::KeyOf<MifSettings> keys[] = {
-    Keys::Text("MID", "MIDMIFHEADER", &MifSettings::coordSys, "coordinate system line of MIF exports",
+    Keys::Text("MID", "MIDMIFHEADER", &MifSettings::coordSys, "CoordSys line of MIF exports",
                "the British National Grid"),
-    Keys::Flag(
-        "MID", "Strict", &MifSettings::strict,
-        "rows get a value for every column, and lines or areas of fewer than two vertices become points or "
-        "no objects, because some programs stop reading where that is not so"),
+    Keys::Flag("MID", "Strict", &MifSettings::strict,
+               "MIF exports suit strict readers. Each row has a value for every column. A line or area with "
+               "one vertex becomes a point. One without vertices becomes no object"),
 };
 
 }  // namespace

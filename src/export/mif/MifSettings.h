@@ -8,12 +8,12 @@
 
 namespace vexlator::exporter {
 
-/// What the MIF/MID export is set to, from [MID] of gv.ini.
+/// Settings of the MIF/MID export, from [MID] of gv.ini.
 struct MifSettings {
     std::string coordSys =
         "CoordSys Earth Projection 8, 79, \"m\", -2, 49, 0.9996012717, 400000, -100000 "
         "Bounds (-7845061.1011, -15524202.1641) (8645061.1011, 4470074.53373)";
-    bool strict = false;  ///< everything is written so that readers that refuse half a record take it
+    bool strict = false;  ///< writes complete objects and rows for readers that refuse incomplete ones
 };
 MifSettings ReadMifSettings(const config::Run& run);
 config::KeyList MifKeys();

@@ -21,8 +21,8 @@ bool IsControl(char c) {
     return static_cast<unsigned char>(c) < ' ' || c == '\x7F';
 }
 
-/// Not empty, not "." or ".." in any spelling that Windows takes for them (full stops and blanks at the end
-/// of a name do not count there), no drive letter.
+/// Not empty, not a drive letter, and not "." or ".." in any spelling of Windows (which ignores full stops
+/// and blanks at the end of a name).
 bool IsPlainName(std::string_view name) {
     return name.find_first_not_of(". ") != std::string_view::npos && name.find(':') == std::string_view::npos;
 }
@@ -122,7 +122,7 @@ std::string PhotoSource::Find(std::span<const std::string_view> parts) {
 
 // --- PhotoTarget
 
-/// The folder that holds the last part, made when missing; "" when a link stands in the way.
+/// The folder for the last part, created if missing; "" if a link is in the way.
 std::string PhotoTarget::FolderFor(std::span<const std::string_view> parts) {
     std::string folder = root_;
     platform::RequireFolder(folder);

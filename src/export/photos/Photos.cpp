@@ -20,7 +20,7 @@ namespace vexlator::exporter {
 
 namespace {
 
-/// Four bytes as a number, letters made small.
+/// Four bytes as a number, letters in lower case.
 std::uint32_t LowerFour(const char* text) {
     std::uint32_t word;
     std::memcpy(&word, text, sizeof word);
@@ -30,7 +30,7 @@ std::uint32_t LowerFour(const char* text) {
 struct PhotoSettings {
     std::string source, target, falseTarget;
     bool copy = true, fullPath = false, list = false;
-    // As gv.ini has them.
+    // The values in gv.ini.
     bool fixedExport = false, dontCopy = false;
     std::string fixedTarget, fixedSource;
 };
@@ -40,15 +40,16 @@ using Keys = config::Keys<PhotoSettings>;
 constexpr config::KeyOf<PhotoSettings> keys[] = {
     Keys::Flag("PHOTO", "FixedExport", &PhotoSettings::fixedExport,
                "photographs go to FixedExportFolder instead of the folder of the export"),
-    Keys::Folder("PHOTO", "FixedExportFolder", &PhotoSettings::fixedTarget, "that folder", "none"),
+    Keys::Folder("PHOTO", "FixedExportFolder", &PhotoSettings::fixedTarget,
+                 "folder of exported photographs. Used with FixedExport on", "none"),
     Keys::Flag("PHOTO", "FullPath", &PhotoSettings::fullPath,
-               "full paths of photographs are written into the features"),
+               "features hold the full paths of their photographs"),
     Keys::Flag("PHOTO", "DontCopy", &PhotoSettings::dontCopy, "photographs are not copied"),
-    Keys::Folder("PHOTO", "FIXEDSOURCE", &PhotoSettings::fixedSource,
-                 "folder that photographs are taken from", "that of the drawing's job"),
+    Keys::Folder("PHOTO", "FIXEDSOURCE", &PhotoSettings::fixedSource, "source folder of photographs",
+                 "the folder of the drawing's job"),
     Keys::Text("PHOTO", "FALSETARGET", &PhotoSettings::falseTarget,
-               "folder written in place of the one that photographs were really copied to", "none"),
-    Keys::Flag("THIRD", "SSE", &PhotoSettings::list, "exports list the photographs that they copied"),
+               "folder that features name in place of the real folder of the copied photographs", "none"),
+    Keys::Flag("THIRD", "SSE", &PhotoSettings::list, "exports write lists of the copied photographs"),
 };
 
 PhotoSettings ReadPhotoSettings(const config::Run& run, std::string_view sourceFolder,
@@ -85,17 +86,17 @@ void ForEachPhoto(const drawing::Entity& entity, Visit visit) {
     drawing::ValueCursor values = entity.xproperties().values();
     for (std::size_t i = 0; !values.AtEnd(); ++i)
         if (NamesPhoto(values.Next())) found.push_back(i);
-    // Changing a value ends the walk over them, so that visits come after it.
+    // A change of a value ends the iteration, so the visits come after it.
     for (std::size_t index : found) visit(entity.xproperties(), index);
 }
 
-/// A line of a list; readers stop at NUL.
+/// A line of a list. Readers stop at NUL.
 std::string WithoutNul(std::string line) {
     std::ranges::replace(line, '\0', '?');
     return line;
 }
 
-/// Gathers the photos of one drawing.
+/// Collects the photos of one drawing.
 class Gathering {
 public:
     Gathering(config::Run& run, PhotoSettings settings)
@@ -131,7 +132,7 @@ private:
         if (!settings_.falseTarget.empty()) run_.DebugMessage(path);
     }
 
-    /// Whether the photo lies in the target folder now. Each is looked for once, whoever names it.
+    /// Whether the photo is now in the target folder. Each photo is searched for once.
     bool IsCopied(std::string_view value) {
         auto [known, isNew] = copied_.try_emplace(platform::LowerAscii(WithBackslashes(value)), false);
         if (isNew && settings_.copy) known->second = Copy(value);
@@ -153,19 +154,19 @@ private:
     PhotoSettings settings_;
     PhotoSource source_;
     PhotoTarget target_;
-    PhotoPaths fullTarget_;  ///< as the list has them
-    PhotoPaths paths_;       ///< as features get them
+    PhotoPaths fullTarget_;  ///< in the form for the list
+    PhotoPaths paths_;       ///< in the form for features
     std::unordered_map<std::string, bool> copied_;
     std::string list_;
 };
 
-/// The list goes to programs that expect Windows-1252; only text that it lacks makes it UTF-8.
+/// The list is for programs that expect Windows-1252. It is UTF-8 only for characters outside Windows-1252.
 void WritePhotoList(std::string_view path, const std::string& list) {
     DropLink(path);
     platform::ReplaceFile(path, platform::FitsWindows1252(list) ? platform::Windows1252FromUtf8(list) : list);
 }
 
-/// The list of missing photographs, which may lie beside it, keeps its name.
+/// The list of missing photographs, which can be beside it, keeps its name.
 std::string ListFileName(std::string_view name, std::string_view extension) {
     bool isTaken = platform::SameNoCase(name, "MissingPhotos");
     return util::SafeFileName(std::string(name) + (isTaken ? "_." : ".") + std::string(extension));
@@ -173,7 +174,7 @@ std::string ListFileName(std::string_view name, std::string_view extension) {
 
 }  // namespace
 
-/// Called for every value of a drawing: most hold no full stop, and are looked through once.
+/// Called for every value of a drawing. Most values have no full stop, and are searched once.
 bool NamesPhoto(std::string_view value) {
     static const std::uint32_t jpg = LowerFour(".jpg"), bmp = LowerFour(".bmp");
     const char* position = value.data();

@@ -12,20 +12,20 @@
 
 namespace vexlator::exporter {
 
-/// Takes the drawing's "Source" property as the run's job. Without that property the run has none.
+/// Makes the drawing's "Source" property the run's job. Without that property the run has none.
 void ReadJobSource(config::Run& run, const std::vector<std::pair<std::string, std::string>>& properties);
 
-/// Whether an attribute value names a photograph: it holds .JPG or .BMP, in any letter case.
+/// Whether an attribute value names a photograph: it contains .JPG or .BMP, in any letter case.
 bool NamesPhoto(std::string_view value);
 
-/// What becomes of attribute values that name photographs.
+/// The form of attribute values that name photographs.
 class PhotoPaths {
 public:
     enum class Form { Unchanged, Native, AsWritten };
 
-    /// Values stay as they are.
+    /// Values stay unchanged.
     PhotoPaths() = default;
-    /// They become paths below `folder`.
+    /// Values become paths below `folder`.
     PhotoPaths(std::string folder, Form form) : folder_(std::move(folder)), form_(form) {}
 
     bool AreChanged() const { return form_ != Form::Unchanged; }
@@ -38,17 +38,18 @@ private:
     Form form_ = Form::Unchanged;
 };
 
-/// Copies the photographs that the drawing's points, symbols and lines name in their attributes from
-/// `sourceFolder` to `targetFolder`, as section PHOTO of gv.ini directs:
-///   FixedExport, FixedExportFolder   copy to that folder instead
-///   FIXEDSOURCE                      take them from that folder instead
-///   DontCopy                         copy nothing: all count as missing
-///   FullPath                         values are to become the full paths of the copies
-///   FALSETARGET                      values are to become paths below that folder
-/// With [THIRD] SSE the copies are listed in a file of the target folder, `listName` with its extension: the
+/// Copies the photographs named in the attributes of the drawing's points, symbols and lines from
+/// `sourceFolder` to `targetFolder`, by section PHOTO of gv.ini:
+///     FixedExport, FixedExportFolder   copy to that folder instead
+///     FIXEDSOURCE                      take them from that folder instead
+///     DontCopy                         copy nothing: all count as missing
+///     FullPath                         values become the full paths of the copies
+///     FALSETARGET                      values become paths below that folder
+///
+/// With [THIRD] SSE a file of the target folder, `listName` with its extension, lists the copies: the
 /// feature's first attribute value and the copy's path. MissingPhotos gets one line for every value whose
-/// photo is missing, empty, unreadable, or outside the source folder, which is never touched. Nothing is done
-/// without a source folder. Returns what the values are to become.
+/// photo is missing, empty, unreadable, or outside the source folder, which is never accessed. Without a
+/// source folder nothing happens. Returns the new form of the values.
 /// @throws platform::ReadError for a damaged drawing, before anything is copied; platform::WriteError
 PhotoPaths GatherPhotos(config::Run& run, drawing::DrawingFile& drawing, std::string_view sourceFolder,
                         std::string_view listName, std::string_view targetFolder,

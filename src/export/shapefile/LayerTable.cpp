@@ -14,7 +14,7 @@ using formats::DbfWriter;
 namespace {
 
 constexpr int widestText = 254, longTextWidth = 99, dateTextWidth = 10;
-constexpr int widestNumber = 19, numberDecimals = 11;  ///< hold every number that people type
+constexpr int widestNumber = 19, numberDecimals = 11;  ///< enough for every number that people type
 
 std::vector<drawing::AtpField> ColumnFieldsOf(config::Run& run, const ExportLayer& layer) {
     std::vector<drawing::AtpField> fields =
@@ -25,12 +25,12 @@ std::vector<drawing::AtpField> ColumnFieldsOf(config::Run& run, const ExportLaye
     return fields;
 }
 
-/// The column's name as the template has it, but for what no table's name can hold.
+/// The column's name as in the template, without characters that table names cannot have.
 std::string NameFor(const config::SharedSettings& settings, const drawing::AtpField& field) {
     return util::ReplaceAll(drawing::MappedFieldName(settings, field), ".", "_");
 }
 
-/// Makes the .CPG as well: both must tell the same.
+/// Writes the .CPG as well: both must name the same encoding.
 DbfWriter MakeWriter(const config::Run& run, const ExportLayer& layer,
                      const std::vector<drawing::AtpField>& fields, const std::string& basePath,
                      platform::OutputSet& files) {
@@ -101,6 +101,7 @@ void LayerTable::Finish() {
     for (std::size_t i = 0; i < writer_.Columns().size(); ++i) {
         const std::string& name = writer_.Columns()[i].name;
         run_.Losses().Count(Cut, layer_.layer.name, name, writer_.ValuesCut()[i]);
+        run_.Losses().Count(NotNumber, layer_.layer.name, name, writer_.NotNumbers()[i]);
         run_.Losses().Count(Replaced, layer_.layer.name, name, writer_.Replaced()[i]);
     }
 }

@@ -16,11 +16,11 @@
 
 namespace vexlator::exporter {
 
-/// The DBF column of a template field. One without width is as wide as such columns are elsewhere: 254 for
+/// The DBF column of a template field. A field without a width gets the usual width of such columns: 254 for
 /// text, 19 with 11 decimals for numbers.
 formats::DbfColumn DbfColumnFor(const config::SharedSettings& settings, const drawing::AtpField& field);
 
-/// The attribute table of a layer with the .CPG that names its encoding: Windows-1252 where that holds every
+/// The attribute table of a layer with the .CPG that names its encoding: Windows-1252 if that holds every
 /// value, else UTF-8, so that no character is lost.
 class LayerTable {
 public:
@@ -28,9 +28,9 @@ public:
     LayerTable(config::Run& run, const ExportLayer& layer, bool suppressNA, const std::string& basePath,
                platform::OutputSet& files);
 
-    /// One record; an entity without values gives its handle.
+    /// Writes one record. An entity without values gives its handle.
     void Add(drawing::EntityView entity);
-    /// Ends the table, tells which names became others and counts what its values lost.
+    /// Ends the table, reports changed names and counts the losses of its values.
     void Finish();
 
 private:

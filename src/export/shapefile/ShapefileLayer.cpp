@@ -14,8 +14,9 @@ using drawing::Kind;
 
 namespace {
 
-constexpr std::size_t batchPoints = std::size_t{1} << 18;  ///< conversion is quickest on many at once
-constexpr double closingDistance = 0.001;  ///< drawing units; rings whose ends lie nearer are closed already
+constexpr std::size_t batchPoints = std::size_t{1}
+                                    << 18;  ///< conversion is fastest for many vertices at once
+constexpr double closingDistance = 0.001;   ///< drawing units; rings with nearer ends are already closed
 
 bool HasZero(const util::PlanePoint& point) {
     return point.x == 0 || point.y == 0;
@@ -75,7 +76,7 @@ void ShapefileLayer::GatherPolyline(EntityView entity) {
     std::size_t begin = points_.size();
     points_.insert(points_.end(), vertices.begin(), vertices.end());
     if (vertices.size() == 1) {
-        // A line or area needs more than one place; a small triangle shows where it is.
+        // A line or area needs more than one position. A small triangle marks the place.
         util::PlanePoint at = vertices[0];
         points_.push_back({at.x, at.y + 1});
         points_.push_back({at.x + 1, at.y + 1});

@@ -19,22 +19,22 @@
 
 namespace vexlator::exporter {
 
-/// The shapefile of one layer while it is written: geometry, index and attribute table.
+/// Writes the shapefile of one layer: geometry, index and attribute table.
 class ShapefileLayer {
 public:
-    /// `converter` may be null: coordinates are then written as they are.
+    /// `converter` may be null: then coordinates are not converted.
     ShapefileLayer(config::Run& run, const ShapefileSettings& settings, coords::frmLatLng* converter,
                    const ExportLayer& layer, std::string_view targetPath, platform::OutputSet& files);
 
-    /// Writes entities; those that are no point, symbol or polyline are left out.
+    /// Writes entities, except those that are no point, symbol or polyline.
     void Write(const LayerPart& part);
-    /// Ends the files. Returns how many records they hold.
+    /// Ends the files. Returns the number of records.
     std::uint64_t Finish();
-    /// Whether what was written is in degrees: not so when the conversion covered none of it.
+    /// Whether the coordinates are in degrees: false if the conversion covered none of them.
     bool IsInDegrees() const { return converter_ && (unconverted_ == 0 || unconverted_ < convertible_); }
 
 private:
-    /// One entity of a batch whose coordinates are gathered to be converted at once.
+    /// One entity of a batch whose coordinates are converted together.
     struct Item {
         drawing::EntityView entity;
         bool polyline, polygon;
@@ -55,7 +55,7 @@ private:
     std::vector<Item> items_;
     std::vector<util::PlanePoint> points_;
     LeftOutEntities leftOut_;
-    std::uint64_t convertible_ = 0, unconverted_ = 0;  ///< vertices, when there is a converter
+    std::uint64_t convertible_ = 0, unconverted_ = 0;  ///< vertices, if there is a converter
 };
 
 }  // namespace vexlator::exporter

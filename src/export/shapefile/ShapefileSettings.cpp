@@ -11,12 +11,12 @@ namespace {
 using Keys = config::Keys<ShapefileSettings>;
 
 constexpr config::KeyOf<ShapefileSettings> keys[] = {
-    Keys::Flag("SHPout", "LL", &ShapefileSettings::latLng, "shapefile exports in latitude/longitude"),
+    Keys::Flag("SHPout", "LL", &ShapefileSettings::latLng, "shapefile exports are in latitude/longitude"),
     Keys::Text(
         "SHPout", "PRJ", &ShapefileSettings::projection,
-        "projection file in the folder Resources, for every .PRJ",
-        "with LL, WGS 84; else the coordinate system that [GPS] TRANSFORMATION defines; without a definition "
-        "ESRI.PRJ, which holds the British National Grid"),
+        "name of a projection file in the folder Resources. Each shapefile export copies it as its .PRJ",
+        "WGS 84 if LL is on. If LL is off, the coordinate system of [GPS] TRANSFORMATION, or ESRI.PRJ "
+        "(British National Grid) if TRANSFORMATION is not set"),
 };
 
 }  // namespace

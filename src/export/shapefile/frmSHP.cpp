@@ -19,7 +19,7 @@ namespace vexlator::exporter {
 
 namespace {
 
-/// What goes into the .PRJ files.
+/// The text of the .PRJ files.
 class Projections {
 public:
     Projections(config::Run& run, const std::string& chosenFile) {
@@ -29,7 +29,7 @@ public:
         degrees_ = chosenFile.empty() ? coords::DegreesProjection() : drawing_;
         isUnknown_ = defined && defined->empty();
     }
-    /// "" where no .PRJ is written.
+    /// "" if no .PRJ is written.
     const std::string& TextFor(const ShapefileLayer& layer) {
         isMissed_ |= isUnknown_ && !layer.IsInDegrees();
         return layer.IsInDegrees() ? degrees_ : drawing_;
@@ -37,12 +37,12 @@ public:
     void Report(config::Run& run) const {
         if (isMissed_)
             run.Ui().Report(
-                "no .PRJ: [GPS] TRANSFORMATION does not say which coordinate system the "
-                "drawing is in ([SHPout] PRJ may name a file that does)");
+                "no .PRJ: [GPS] TRANSFORMATION does not give the drawing's coordinate system; [SHPout] PRJ "
+                "can name a file with it");
     }
 
 private:
-    /// The bytes of the projection file; none when there is no such file.
+    /// The bytes of the projection file; none if there is no such file.
     static std::string ReadFile(const config::Run& run, const std::string& name) {
         std::string resources = util::JoinPath(run.Settings().ProgramFolder, "Resources");
         std::string path = util::JoinPath(resources, name);

@@ -10,13 +10,13 @@
 
 namespace vexlator::exporter {
 
-/// A drawing becomes shapefiles: one set of .SHP, .SHX, .DBF, .CPG and .PRJ for every layer that holds
-/// entities, named after the layer.
+/// Exports a drawing as shapefiles: one set of .SHP, .SHX, .DBF, .CPG and .PRJ for every layer with entities,
+/// with the layer's name.
 class frmSHP {
 public:
     explicit frmSHP(config::Run& run) : run_(run) {}
 
-    /// Writes into the folder `targetPath`, which exists. The files appear together at the end.
+    /// Writes into the existing folder `targetPath`. The files appear together at the end.
     /// @throws platform::ReadError for a drawing that cannot be read, platform::WriteError
     config::Outcome Start(std::string_view drawingPath, std::string_view targetPath);
 

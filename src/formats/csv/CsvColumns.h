@@ -10,42 +10,42 @@
 
 namespace vexlator::formats {
 
-/// How a table of points is laid out.
+/// The layout of a table of points.
 struct CsvTable {
     bool header = true;            ///< the first line names the columns
     char delimiter = ',';          ///< or a tab
-    std::string east, north, key;  ///< names of columns; without a header their positions, from 0
+    std::string east, north, key;  ///< names of columns; without a header: their positions, from 0
 };
 
-/// Splits a line at every delimiter into its first fields, at most `most`.
+/// Splits a line at every delimiter into at most `most` fields.
 void SplitCsvLine(std::string_view line, char delimiter, std::size_t most,
                   std::vector<std::string_view>& fields);
 
-/// What the columns of a table of points mean. What one header says holds for the next file where its header
-/// says nothing else.
+/// The meaning of the columns of a table of points. Values of one header also apply to the next file, unless
+/// its header replaces them.
 class CsvColumns {
 public:
     explicit CsvColumns(CsvTable table);
 
-    /// Takes the columns from a header line. Names are compared with letter case; of two equal ones the later
-    /// counts. A header with fields in double quotes is read as records are.
-    /// @throws platform::ReadError, without a file name, for more columns than positions can tell
+    /// Reads the columns from a header line. Names are case-sensitive. The later of two equal names counts. A
+    /// header with fields in double quotes is read like records.
+    /// @throws platform::ReadError, without a file name, for more columns than positions can express
     void ReadCsvHeader(std::string_view line);
 
-    /// -1: there is no such column.
+    /// -1: no such column.
     int East() const { return east_; }
     int North() const { return north_; }
     int Key() const { return key_; }
-    /// How many fields of a record can matter.
+    /// The number of fields that can matter in a record.
     std::size_t Count() const { return count_; }
-    /// Whether the column holds values of an attribute that is neither key nor coordinate.
+    /// Whether the column holds an attribute, not key or coordinate.
     bool IsAttribute(std::size_t column) const {
         return column < attributeColumns_.size() && attributeColumns_[column];
     }
-    /// Names of the attributes, the key's first; none without a header.
+    /// Names of the attributes, the key's name first; none without a header.
     const std::vector<std::string>& AttributeNames() const { return names_; }
     const std::vector<int>& AttributeWidths() const { return widths_; }
-    /// The names in the header, for people; not all of many.
+    /// The names in the header, for the user. A long list is shortened.
     const std::string& Header() const { return header_; }
 
 private:

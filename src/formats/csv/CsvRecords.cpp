@@ -14,7 +14,7 @@ namespace {
 
 using Located = CsvRecord::Located;
 
-/// 0 is a number only where a digit stands.
+/// 0 is a number only if the text has a digit.
 bool BeginsWithNumber(double value, std::string_view field) {
     if (value != 0) return true;
     std::size_t digit = field.find_first_not_of(" \t\r\n+-.");

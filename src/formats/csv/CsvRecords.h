@@ -15,31 +15,31 @@
 
 namespace vexlator::formats {
 
-/// The line without its pairs of double quotes; between the two of a pair every "," becomes ";", and a tab
-/// that would separate a blank. A quote that is left over stays.
+/// The line without its pairs of double quotes. Between the quotes of a pair every "," becomes ";", and a tab
+/// that would separate becomes a blank. A single quote stays.
 std::string UnquoteCsvLine(std::string_view line, char delimiter);
 
 /// One point of a table.
 struct CsvRecord {
-    /// Whether both coordinates are numbers. Of a field that only begins with one this number counts, of any
-    /// other 0.
+    /// Whether both coordinates are numbers. A field that only starts with a number gives this number; any
+    /// other field gives 0.
     enum class Located { No, Doubtful, Yes };
 
     double east, north;
     Located located;
-    /// The key, then the values of the attribute columns that the record has. Good until the next is read.
+    /// The key, then the values of the record's attribute columns. Valid until the next read.
     std::span<const std::string_view> values;
 };
 
-/// Reads the records of a table of points, blank lines left out. Text is UTF-8 where it is valid as that,
-/// else Windows-1252. The text outlives the object.
+/// Reads the records of a table of points, without blank lines. Text is UTF-8 if it is valid UTF-8, else
+/// Windows-1252. The text must outlive the object.
 class CsvRecords {
 public:
     CsvRecords(std::string_view text, char delimiter) : delimiter_(delimiter), rows_(text, {&delimiter, 1}) {}
 
-    /// The next row, decoded, whatever it holds; good until the next call.
+    /// The next row, decoded, with any contents; valid until the next call.
     std::string_view ReadRow();
-    /// False at the end of the text. A record without a key gets "gvw" and its number, from 1.
+    /// False at the end of the text. A record without a key gets the key "gvw" and its number, from 1.
     bool Next(const CsvColumns& columns, CsvRecord& record);
 
     std::uint64_t Count() const { return count_; }

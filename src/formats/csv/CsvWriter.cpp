@@ -24,7 +24,7 @@ bool IsNumber(std::string_view text) {
     return error != std::errc::invalid_argument && end == text.data() + text.size();
 }
 
-/// Spreadsheets take quotes, blanks, tabs and carriage returns off before they look.
+/// Spreadsheets strip quotes, blanks, tabs and carriage returns before they interpret a value.
 bool MayRun(std::string_view text) {
     constexpr std::string_view starts = "=+-@\t\r";
     text = util::Trim(text, "\" ");
@@ -65,7 +65,7 @@ bool CsvWriter::BreaksRow(std::string_view text) const {
            (layout_.separator != ',' && text.find(',') != std::string_view::npos);
 }
 
-/// The bytes of a text, which are counted when they break the row.
+/// Writes the bytes of a text. Counts texts that break the row.
 std::string_view CsvWriter::Encode(std::string_view text) {
     text = encoder_.Encode(text);
     if (!layout_.quote && BreaksRow(text)) ++broken_;
@@ -74,7 +74,7 @@ std::string_view CsvWriter::Encode(std::string_view text) {
 
 std::string_view CsvWriter::MadeSafe(std::string_view text, bool isFormula) {
     safe_.clear();
-    // Without quotes, a text goes on in another cell behind each of these.
+    // Without quotes, each of these starts another cell.
     std::string_view ends = layout_.quote ? "" : layout_.separator == '\t' ? ",\t\r\n" : ",\r\n";
     for (bool first = true;; first = false) {
         std::size_t end = std::min(text.find_first_of(ends), text.size());

@@ -11,17 +11,17 @@
 #include <string>
 #include <string_view>
 
-/// Delimited text for spreadsheets and other programs, written.
+/// Writes delimited text for spreadsheets and other programs.
 namespace vexlator::formats {
 
 struct CsvLayout {
     char separator = ',';        ///< or a tab
     bool quote = false;          ///< RFC 4180 quoting; else every "," inside a text becomes the separator
-    bool safeFormulas = false;   ///< texts that a spreadsheet would run get a ' in front, which shows them
-    bool byteOrderMark = false;  ///< the file is UTF-8 and says so; else it is Windows-1252
+    bool safeFormulas = false;   ///< a ' precedes texts that a spreadsheet would run, so that it shows them
+    bool byteOrderMark = false;  ///< the file is UTF-8 with a byte-order mark; else it is Windows-1252
 };
 
-/// Positions of one geometry, as they are to be written.
+/// Positions of one geometry, in their form for writing.
 struct CsvCoordinates {
     std::span<const util::PlanePoint> points;
     std::span<const double> heights;  ///< empty: all are 0
@@ -29,10 +29,10 @@ struct CsvCoordinates {
     bool list = false;                ///< a ":" follows each position
 };
 
-/// What texts lost on their way into a file.
+/// Losses of texts on their way into a file.
 struct CsvLosses {
-    std::uint64_t replaced = 0;  ///< characters that the file's encoding lacks
-    std::uint64_t broken = 0;    ///< texts without quotes that hold a separator, a quote or a line end
+    std::uint64_t replaced = 0;  ///< characters outside the file's encoding
+    std::uint64_t broken = 0;    ///< texts without quotes that contain a separator, a quote or a line end
     bool operator==(const CsvLosses&) const = default;
     CsvLosses& operator+=(const CsvLosses& other);
     CsvLosses& operator-=(const CsvLosses& other);
@@ -45,16 +45,16 @@ public:
     CsvWriter(platform::OutputFile& file, const CsvLayout& layout);
 
     void AddText(std::string_view text);
-    /// A formula by which a spreadsheet opens the target.
+    /// A formula with which a spreadsheet opens the target.
     void AddHyperlink(std::string_view target);
-    /// "x y z" as one field or, when they are `spread`, x, y and z as fields of their own. Positions of a
-    /// list follow each other without a separator in between.
+    /// "x y z" as one field, or x, y and z as separate fields if they are `spread`. Positions of a list
+    /// follow each other without a separator.
     void AddCoordinates(const CsvCoordinates& coordinates, bool spread);
     void EndRow();
 
-    /// What comes next goes to another file.
+    /// Later rows go to another file.
     void GoOnIn(platform::OutputFile& file) { file_ = &file; }
-    /// So far.
+    /// Losses so far.
     CsvLosses Losses() const { return {encoder_.Replaced(), broken_}; }
 
 private:
@@ -63,7 +63,7 @@ private:
     bool BreaksRow(std::string_view text) const;
     void AddPosition(const util::PlanePoint& point, double height, const CsvCoordinates& as, char between);
     void Write(std::string_view text);
-    /// Puts a ' before what a spreadsheet would run.
+    /// Puts a ' before texts that a spreadsheet would run.
     std::string_view MadeSafe(std::string_view text, bool isFormula);
 
     platform::OutputFile* file_;

@@ -20,6 +20,10 @@ namespace {
 
 constexpr std::size_t nameSize = 11;
 
+bool IsPadding(char c) {
+    return c == ' ' || c == '\0';
+}
+
 std::string_view TextOf(std::span<const std::byte> bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
@@ -35,15 +39,15 @@ DbfTable::DbfTable(std::span<const std::byte> bytes) : bytes_(bytes) {
     language_ = LittleAt<std::uint8_t>(bytes, 29);
     if (headerLength_ < dbf::fixedHeader || headerLength_ > bytes.size())
         throw ReadError("", ReadError::AtByte(8),
-                        "a header of " + std::to_string(headerLength_) +
-                            " bytes is announced, the file has " + std::to_string(bytes.size()));
+                        "a header of " + std::to_string(headerLength_) + " bytes announced, the file has " +
+                            std::to_string(bytes.size()));
     ReadFields(headerLength_);
     if (recordLength_ > 0) recordCount_ = (bytes.size() - headerLength_) / recordLength_;
 }
 
 void DbfTable::ReadFields(std::size_t headerLength) {
     std::size_t inRecord = 1;
-    // Some writers keep more behind the field descriptors; the end mark tells where these stop.
+    // Some writers keep more data after the field descriptors. The end mark shows where the descriptors end.
     for (std::size_t at = dbf::fixedHeader; at + dbf::descriptorSize < headerLength + 1;
          at += dbf::descriptorSize) {
         std::string_view descriptor = TextOf(bytes_.subspan(at, dbf::descriptorSize));
@@ -66,7 +70,10 @@ std::string_view DbfTable::Record(std::int64_t number) const {
 
 std::string_view DbfTable::Value(std::string_view record, const DbfField& field) {
     if (field.offset >= record.size()) return {};
-    return util::Trim(record.substr(field.offset, field.width), std::string_view(" \0", 2));
+    std::string_view value = record.substr(field.offset, field.width);
+    while (!value.empty() && IsPadding(value.back())) value.remove_suffix(1);
+    while (!value.empty() && IsPadding(value.front())) value.remove_prefix(1);
+    return value;
 }
 
 std::string DbfEncoding(std::string_view cpgText, std::uint8_t languageByte) {

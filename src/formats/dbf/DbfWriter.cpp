@@ -7,6 +7,7 @@
 #include "platform/AsciiCase.h"
 #include "platform/CodePages.h"
 #include "util/Text.h"
+#include "util/WholeNumber.h"
 
 #include <algorithm>
 #include <cstring>
@@ -36,6 +37,7 @@ DbfWriter::DbfWriter(platform::OutputFile& file, std::vector<DbfColumn> columns,
     }
     cut_.resize(columns_.size());
     replaced_.resize(columns_.size());
+    notNumbers_.resize(columns_.size());
     file_.Write(std::string(dbf::fixedHeader, '\0'));
     WriteDescriptors();
     CheckRoomFor(records);
@@ -46,7 +48,7 @@ void DbfWriter::CheckRoomFor(std::uint64_t records) const {
         throw platform::WriteError(file_.Name(), "the table would be larger than 2 GB");
 }
 
-/// Names that fit keep theirs, whatever others become when they are cut.
+/// Names that fit stay unchanged, whatever the cut names become.
 void DbfWriter::NameColumns() {
     std::set<std::string> taken;
     std::vector<DbfColumn*> others;
@@ -67,7 +69,7 @@ std::string DbfWriter::FreeName(std::set<std::string>& taken, std::string_view n
     return candidate;
 }
 
-/// As much of a UTF-8 text as takes at most `width` bytes of the table.
+/// The start of a UTF-8 text that takes at most `width` bytes in the table.
 std::string_view DbfWriter::Cut(std::string_view text, std::size_t width) const {
     if (text.size() <= width) return text;
     return encoder_.Encoding() == Encoding::Utf8 ? platform::CutUtf8(text, width)
@@ -100,6 +102,7 @@ void DbfWriter::SetField(std::size_t column, std::string_view value) {
     auto width = static_cast<std::size_t>(columns_[column].width);
     std::string_view kept = Cut(value, width);
     if (kept.size() < value.size()) ++cut_[column];
+    if (columns_[column].type == 'N' && !value.empty() && !util::IsWhollyNumber(value)) ++notNumbers_[column];
     std::uint64_t before = encoder_.Replaced();
     value = encoder_.Encode(kept).substr(0, width);
     replaced_[column] += encoder_.Replaced() - before;

@@ -12,10 +12,11 @@
 #include <string_view>
 #include <vector>
 
-/// dBASE III tables (.DBF), written. Layout facts: the published dBASE III file format.
+/// Writes dBASE III tables (.DBF). Source: the dBASE III database file structure, version 1.00: file header,
+/// field descriptors, data records.
 namespace vexlator::formats {
 
-/// Files of these formats hold their sizes in signed 32-bit numbers.
+/// File sizes in these formats are signed 32-bit numbers.
 constexpr std::uint64_t largestTableFile = 0x7FFFFFFF;
 
 struct DbfColumn {
@@ -26,34 +27,39 @@ struct DbfColumn {
 };
 
 /// Writes one table into a file that the caller commits: columns first, then record after record. Names of
-/// columns are cut to 10 bytes of the table's encoding, blanks become "_", and names that are then the same,
-/// letter case ignored, get numbers: INSPECTIO1.
-/// @throws platform::WriteError, also for a table that would pass 2 GB
+/// columns are cut to 10 bytes of the table's encoding, and blanks become "_". Names that are equal then,
+/// without regard to letter case, get numbers: INSPECTIO1.
+/// @throws platform::WriteError, also for a table above 2 GB
 class DbfWriter {
 public:
     using Encoding = TextEncoding;
-    static constexpr std::size_t mostColumns = 256;  ///< further ones are left out
+    static constexpr std::size_t mostColumns = 256;  ///< the writer ignores further ones
 
-    /// `records` is how many will follow: a table that would be too large is refused before it is written.
+    /// `records` is the number of records to follow. A table that would be too large is refused before it is
+    /// written.
     DbfWriter(platform::OutputFile& file, std::vector<DbfColumn> columns, Encoding encoding,
               std::uint64_t records = 0);
 
     /// Starts a record whose fields are all blank.
     void BeginRecord();
-    /// Sets field `column`: surrounding blanks do not count, a value enclosed in ' loses both, one that is
-    /// longer than the column is cut at a whole character. A column that does not exist takes nothing.
+    /// Sets field `column`. Surrounding blanks are dropped. A value enclosed in ' loses both. A value longer
+    /// than the column is cut at a whole character. A column that does not exist is ignored.
     void SetField(std::size_t column, std::string_view value);
     void EndRecord();
     /// Writes the end mark and the header.
     void Finish();
 
     std::uint32_t RecordCount() const { return records_; }
-    /// With the names that they have in the table.
+    /// With their names in the table.
     const std::vector<DbfColumn>& Columns() const { return columns_; }
-    /// Values cut so far, by column.
+    /// Number of values cut so far, by column.
     const std::vector<std::uint64_t>& ValuesCut() const { return cut_; }
-    /// Characters replaced so far, by column: NUL would end the value for readers.
+    /// Number of characters replaced so far, by column. NUL is replaced because it would end the value for
+    /// readers.
     const std::vector<std::uint64_t>& Replaced() const { return replaced_; }
+
+    /// Values so far, by column, of columns of numbers that are none: readers take them for empty or for 0.
+    const std::vector<std::uint64_t>& NotNumbers() const { return notNumbers_; }
 
 private:
     std::string Header() const;
@@ -67,10 +73,10 @@ private:
     std::vector<DbfColumn> columns_;
     TextEncoder encoder_;
     std::vector<std::size_t> offsets_;
-    std::vector<std::uint64_t> cut_, replaced_;
+    std::vector<std::uint64_t> cut_, replaced_, notNumbers_;
     std::size_t recordLength_ = 1;
     std::uint32_t records_ = 0;
-    char* record_ = nullptr;  ///< in the file's buffer, while a record is being set
+    char* record_ = nullptr;  ///< in the file's buffer, while a record is open
 };
 
 }  // namespace vexlator::formats

@@ -26,16 +26,17 @@ void PutPair(char* target, double x, double y) {
     PutLittle(target + numberSize, static_cast<float>(y));
 }
 
-/// N, as far as the value can hold what it announces.
+/// N, limited to the size of the value.
 std::size_t CheckedCount(float announced, std::size_t pairs) {
-    if (!std::isfinite(announced)) throw ReadError("", ReadError::AtByte(0), "the vertex count is no number");
+    if (!std::isfinite(announced))
+        throw ReadError("", ReadError::AtByte(0), "the vertex count is not a number");
     float count = std::round(announced);
     if (count < 1) return 1;
     if (count > static_cast<float>(pairs))
         throw ReadError("", ReadError::AtByte(0),
                         util::FormatShortest(static_cast<double>(count) - 1) +
                             " vertices announced, room for " + std::to_string(pairs > 0 ? pairs - 1 : 0));
-    // From 2^24 on a single-precision number may stand a little above the count that it was made from.
+    // From 2^24 on a single-precision number can be slightly above the count that it was made from.
     return std::min(static_cast<std::size_t>(count), pairs);
 }
 
@@ -77,7 +78,7 @@ std::vector<PlanePoint> BlobToVertexList(std::string_view value) {
     for (std::size_t k = 1; k < count; ++k) {
         vertices[k - 1] = {nodes[2 * k], nodes[2 * k + 1]};
         if (!std::isfinite(nodes[2 * k]) || !std::isfinite(nodes[2 * k + 1]))
-            throw ReadError("", ReadError::AtByte(k * pairSize), "a coordinate is no number");
+            throw ReadError("", ReadError::AtByte(k * pairSize), "a coordinate is not a number");
     }
     return vertices;
 }

@@ -9,26 +9,26 @@
 #include <string_view>
 #include <vector>
 
-/// The packed geometry value in which database tables hold a line: 2N single-precision numbers (IEEE 754,
-/// little-endian), then one byte 0. Number 0 is N, the count of vertices plus one; number 1 is 0; numbers 2k
+/// The packed geometry value of a line in database tables: 2N single-precision numbers (IEEE 754,
+/// little-endian), then one byte 0. Number 0 is N, the number of vertices plus one. Number 1 is 0. Numbers 2k
 /// and 2k+1 are east and north of vertex k, from k = 1. Single precision keeps about seven digits.
 namespace vexlator::formats {
 
-/// Whether a line with these ends is closed already: they lie nearer to each other than 0.001 drawing units.
+/// Whether a line with these ends is already closed: their distance is below 0.001 drawing units.
 bool AreClosed(const util::PlanePoint& first, const util::PlanePoint& last);
 
-/// Packs a line. With `close` its first point is repeated at the end, unless the line is closed already: then
-/// `close` is cleared.
+/// Packs a line. With `close`, its first point is repeated at the end. If the line is already closed, `close`
+/// is cleared instead.
 std::string vArraytoBLOB(std::span<const util::PlanePoint> points, bool& close);
-/// The same into a buffer that is used again and again.
+/// The same into a reusable buffer.
 void vArraytoBLOB(std::span<const util::PlanePoint> points, bool& close, std::string& value);
 
-/// The numbers of a value: all bytes but the last, as numbers; those that the bytes do not fill are 0.
+/// The numbers of a value: all its bytes but the last. Incomplete numbers are 0.
 std::vector<float> BLOBtoNodeMemory(std::string_view value);
 
 /// The vertices of a value.
-/// @throws platform::ReadError without a file name: vertices that the value has no room for, coordinates that
-/// are no numbers
+/// @throws platform::ReadError without a file name: more vertices than the value can hold, coordinates that
+/// are not numbers
 std::vector<util::PlanePoint> BlobToVertexList(std::string_view value);
 
 }  // namespace vexlator::formats

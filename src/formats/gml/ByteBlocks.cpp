@@ -75,7 +75,7 @@ private:
                  (stream_.msg ? std::string(": ") + stream_.msg : ""));
     }
 
-    /// Another member may follow; padding after the last does not count.
+    /// Another member can follow. Padding after the last member is ignored.
     void EndMember() {
         ended_ = !IsGzip(file_.subspan(position_));
         if (!ended_) inflateReset(&stream_);

@@ -18,7 +18,7 @@ namespace vexlator::formats {
 
 namespace {
 
-/// Far longer than any number; a text without separators must not fill the memory.
+/// Far longer than any number. A text without separators must not fill the memory.
 constexpr std::size_t longestToken = 4096;
 constexpr std::size_t mostShown = 40;
 
@@ -73,7 +73,7 @@ void CoordinateText::Append(std::string_view piece) {
     rest_.resize(longestToken);
 }
 
-/// Takes the values that need no closer look; returns where the first other one begins.
+/// Takes values of the simple form; returns the start of the first other one.
 const char* CoordinateText::TakeShortDecimals(const char* at, const char* end) {
     double value = 0;
     while (const char* stop = util::ReadShortDecimal(at, end, value)) {
@@ -84,7 +84,7 @@ const char* CoordinateText::TakeShortDecimals(const char* at, const char* end) {
     return at;
 }
 
-/// A first point that turns out to be a value goes on behind the blank.
+/// A first point that proves to be a value continues after the blank.
 void CoordinateText::TakeRest() {
     bool isPoint = rest_.find(format_.component) != std::string::npos;
     if (std::exchange(format_.isGuessed, false) && !isPoint) {
@@ -108,7 +108,7 @@ void CoordinateText::TakeTuple(std::string_view token) {
     if (token.empty()) return;
     index_ = 0;
     for (std::string_view left = token; !left.empty();) TakeValue(NumberIn(NextValue(left)));
-    if (index_ < 2) Fail("the point \"" + std::string(token.substr(0, mostShown)) + "\" has one value only");
+    if (index_ < 2) Fail("the point \"" + std::string(token.substr(0, mostShown)) + "\" has only one value");
 }
 
 void CoordinateText::TakeValue(double value) {
@@ -117,7 +117,7 @@ void CoordinateText::TakeValue(double value) {
     if (++index_ == format_.valuesPerPoint && !format_.marked) index_ = 0;
 }
 
-/// Takes the next value of a point that does not begin or end with white space.
+/// Takes the next value of a point without surrounding white space.
 std::string_view CoordinateText::NextValue(std::string_view& tuple) const {
     bool byBlanks = format_.component == ' ';
     std::size_t size = byBlanks ? tuple.find_first_of(" \t\r\n") : tuple.find(format_.component);
@@ -157,7 +157,7 @@ void CoordinateText::End() {
 }
 
 void CoordinateText::RoundLastPoint() {
-    // Half a point more rounds to the even number of points; a third rounds down, two thirds are there
+    // A half rounds to the even number of points. A third rounds down, because two thirds were counted
     // already.
     bool single = format_.valuesPerPoint == CoordinateFormat::allInOne;
     bool half = format_.valuesPerPoint == 2 && (points_->size() - before_) % 2 == 1;

@@ -11,27 +11,27 @@
 
 namespace vexlator::formats {
 
-/// How a coordinate element writes its points.
+/// The form of the points in a coordinate element.
 struct CoordinateFormat {
-    /// Values of one point in a list that does not mark where a point ends; allInOne: the list is one point.
+    /// Number of values of a point in a list without marks between points; allInOne: the list is one point.
     std::size_t valuesPerPoint = 2;
     static constexpr std::size_t allInOne = 0;
-    /// Points are marked: values stand between `component`s, points between `tuple`s (a blank stands for
-    /// any white space).
+    /// Points are marked: `component` separates values, `tuple` separates points (a blank means any white
+    /// space).
     bool marked = false;
     char component = ',', tuple = ' ', decimal = '.';
-    /// Nobody said which is which: a first point without "," shows that blanks stand between values.
+    /// The separators are unknown: a first point without "," means that blanks separate values.
     bool isGuessed = false;
-    /// Every value must be a number and every point whole. Otherwise a text counts as the number that it
-    /// begins with, and the number of points is rounded.
+    /// Every value must be a number and every point complete. If false, a text counts as the number at its
+    /// start, and the number of points is rounded.
     bool strict = true;
 };
 
-/// Turns coordinate text, which comes in pieces of any length, into points. Values beyond the second of a
-/// point are skipped.
+/// Converts coordinate text, in pieces of any length, to points. Values after the second of a point are
+/// skipped.
 class CoordinateText {
 public:
-    /// Points are added to `points`, which must live until End().
+    /// Appends to `points`, which must live until End().
     void Begin(const CoordinateFormat& format, std::vector<util::PlanePoint>& points);
     /// @throws platform::ReadError without file and place
     void Append(std::string_view piece);
@@ -51,10 +51,10 @@ private:
 
     CoordinateFormat format_;
     std::vector<util::PlanePoint>* points_ = nullptr;
-    std::size_t before_ = 0;  ///< points that were there
-    std::size_t index_ = 0;   ///< values of the current point
+    std::size_t before_ = 0;  ///< number of points at the start
+    std::size_t index_ = 0;   ///< number of values of the current point
     double x_ = 0;
-    std::string rest_;  ///< the beginning of a token that the next piece may go on with
+    std::string rest_;  ///< the start of a token that the next piece may continue
 };
 
 }  // namespace vexlator::formats

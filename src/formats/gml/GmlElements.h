@@ -7,21 +7,21 @@
 
 namespace vexlator::formats {
 
-/// What an element of the gml namespace means for the geometry of a feature.
+/// The meaning of a gml element for the geometry of a feature.
 enum class GmlElement : std::uint8_t {
     Other,
-    Geometry,     ///< holds other geometry
+    Geometry,     ///< contains other geometry
     Point,        ///< begins a part
-    Curve,        ///< begins a part, unless it lies within one
-    Segment,      ///< of a curve
+    Curve,        ///< begins a part, unless it is inside one
+    Segment,      ///< part of a curve
     Arc,          ///< a segment that is not straight between its points
-    Unsupported,  ///< geometry without points of its course
+    Unsupported,  ///< geometry without the points of its curve
     Exterior,
     Interior,
     Pos,
     PosList,
     Coordinates,
-    Coord,  ///< holds axes
+    Coord,  ///< contains axes
     Axis,   ///< one value
     Segments,
     Patches,
@@ -33,7 +33,7 @@ enum class GmlElement : std::uint8_t {
 constexpr bool BeginsGeometry(GmlElement element) {
     return element >= GmlElement::Geometry && element <= GmlElement::Unsupported;
 }
-/// Whether it stands for the content of a geometry.
+/// Whether it is the content of a geometry.
 constexpr bool IsGeometryContent(GmlElement element) {
     return (element >= GmlElement::Exterior && element <= GmlElement::Coord) ||
            element == GmlElement::Segments || element == GmlElement::Patches;
@@ -42,13 +42,13 @@ constexpr bool IsGeometryContent(GmlElement element) {
 /// By the name without its prefix.
 GmlElement GmlElementNamed(std::string_view name);
 
-/// Whether an element of such a name, in any namespace, holds features.
+/// Whether an element with such a name, in any namespace, contains features.
 bool HoldsFeatures(std::string_view name);
 
 std::string_view LocalName(std::string_view name);
 /// "" when there is none.
 std::string_view PrefixOf(std::string_view name);
-/// Without the white space of XML at both ends.
+/// Without XML white space at both ends.
 std::string_view TrimmedXml(std::string_view text);
 
 }  // namespace vexlator::formats

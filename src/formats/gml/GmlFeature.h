@@ -15,34 +15,34 @@ struct GmlProperty {
     std::string name, value;
 };
 
-/// A run of a feature's points that becomes one entity.
+/// A sequence of a feature's points that becomes one entity.
 struct GmlPart {
     enum class Kind : std::uint8_t {
-        Path,  ///< a point or a line: the number of points tells
+        Path,  ///< a point or a line, by the number of points
         Ring,  ///< an outer ring
         Hole
     };
     Kind kind = Kind::Path;
-    std::size_t begin = 0;    ///< its first point; it ends where the next part begins
-    std::size_t surface = 0;  ///< rings and holes: the surface of the feature, from 1
+    std::size_t begin = 0;    ///< index of its first point; it ends at the start of the next part
+    std::size_t surface = 0;  ///< for rings and holes: the surface of the feature, from 1
 };
 
 /// One feature of a GML file.
 struct GmlFeature {
     std::string type;        ///< without namespace prefix
-    std::string identifier;  ///< of its start tag; may be empty
+    std::string identifier;  ///< from its start tag; may be empty
     std::vector<GmlProperty> properties;
     std::vector<util::PlanePoint> points;
-    std::vector<GmlPart> parts;  ///< none of them empty
+    std::vector<GmlPart> parts;  ///< none of them is empty
     std::size_t surfaces = 0;
     bool threeDimensional = false;  ///< its points had three values
-    bool hasArcs = false;           ///< curves that are not drawn as such
-    std::string damage;             ///< line and reason why it has no points, although the file gives it some
+    bool hasArcs = false;           ///< curves drawn as straight lines
+    std::string damage;             ///< line and reason of missing points, although the file has some
 
     std::size_t PartEnd(std::size_t part) const {
         return part + 1 < parts.size() ? parts[part + 1].begin : points.size();
     }
-    /// Keeps the memory for the next feature.
+    /// Keeps its memory for the next feature.
     void Clear() {
         type.clear();
         identifier.clear();

@@ -13,9 +13,9 @@ namespace {
 
 using platform::ReadError;
 
-/// What the points of a feature may take, in bytes, before it counts as damaged.
+/// Limit for the points of a feature, in bytes. A larger feature counts as damaged.
 constexpr std::size_t mostPointMemory = std::size_t{128} << 20;
-constexpr std::size_t partCost = 128;  ///< of a part, with its entity
+constexpr std::size_t partCost = 128;  ///< memory of a part with its entity
 
 char SeparatorOf(XmlAttributes attributes, std::string_view name, char usual) {
     for (const XmlAttribute& attribute : attributes)
@@ -25,7 +25,7 @@ char SeparatorOf(XmlAttributes attributes, std::string_view name, char usual) {
 
 }  // namespace
 
-/// What is wrong with coordinates costs their feature, not the file.
+/// A fault of coordinates loses their feature, not the file.
 template <typename Step>
 void GmlGeometryReader::TryCoordinates(Step step) {
     if (!feature_.damage.empty()) return;
@@ -133,7 +133,7 @@ void GmlGeometryReader::End(const GmlOpenElement& open) {
     }
 }
 
-/// A curve of several segments repeats their common points.
+/// The segments of a curve repeat their common points.
 void GmlGeometryReader::EndCurve(const GmlOpenElement& open) {
     std::vector<util::PlanePoint>& points = feature_.points;
     std::size_t first = std::min(open.firstPoint, points.size());
@@ -151,7 +151,7 @@ void GmlGeometryReader::EndCurve(const GmlOpenElement& open) {
 
 void GmlGeometryReader::BeginCoordinates(XmlAttributes attributes, GmlOpenElement& open) {
     if (inCoordinates_) {
-        Damage("a coordinate element within a coordinate element");
+        Damage("a coordinate element inside a coordinate element");
         open.scope = GmlScope::Skipped;
         return;
     }
@@ -163,7 +163,7 @@ void GmlGeometryReader::BeginCoordinates(XmlAttributes attributes, GmlOpenElemen
     }
     CoordinateFormat format = FormatOf(attributes, open);
     if (open.element == GmlElement::PosList && format.valuesPerPoint == 0)
-        Damage("srsDimension is none of 2, 3 and 4");
+        Damage("srsDimension is not 2, 3 or 4");
     coordinates_.Begin(format, feature_.points);
 }
 

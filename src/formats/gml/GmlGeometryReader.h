@@ -16,20 +16,20 @@
 
 namespace vexlator::formats {
 
-/// Reads the geometry of one feature after the other into its points and parts. What is wrong with it becomes
-/// the feature's damage.
+/// Reads the geometries of features, one feature at a time, into points and parts. A fault becomes the
+/// feature's damage.
 class GmlGeometryReader {
 public:
-    /// `line`: that the parser has reached.
+    /// `line`: current line of the parser.
     GmlGeometryReader(GmlFeature& feature, const GmlXmlRules& rules, const std::uint64_t& line)
         : feature_(feature), rules_(rules), line_(line) {}
 
-    /// Another feature begins.
+    /// Starts another feature.
     void BeginFeature() { ring_ = GmlPart::Kind::Path; }
-    /// An element of another namespace turns out to be a geometry when its content comes: one with rings is a
-    /// surface, any other a point or a line.
+    /// An element of another namespace proves to be a geometry by its content: one with rings is a surface,
+    /// any other a point or a line.
     void BecomeGeometry(GmlElement content, GmlOpenElement& around);
-    /// Sets what `open` is: a part of the geometry, or skipped.
+    /// Sets the role of `open`: a part of the geometry, or skipped.
     void Start(GmlElement element, XmlAttributes attributes, GmlOpenElement& open);
     void End(const GmlOpenElement& open);
     bool TakesText() const { return inCoordinates_; }
@@ -55,7 +55,7 @@ private:
     bool inCoordinates_ = false;
     bool inPart_ = false;
     GmlPart::Kind ring_ = GmlPart::Kind::Path;
-    std::vector<std::size_t> reversed_;  ///< the first points of the reversed curves around the current place
+    std::vector<std::size_t> reversed_;  ///< first points of the reversed curves around the current element
 };
 
 }  // namespace vexlator::formats

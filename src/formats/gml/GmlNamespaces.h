@@ -10,13 +10,13 @@
 
 namespace vexlator::formats {
 
-/// Which prefixes stand for the namespace of GML. Declarations hold from where they stand to the end of the
-/// file; "gml" needs none.
+/// The prefixes of the GML namespace. A declaration holds from its place to the end of the file. "gml" needs
+/// none.
 class GmlNamespaces {
 public:
-    /// Takes the declarations among the attributes of an element.
+    /// Reads the declarations in the attributes of an element.
     void Note(XmlAttributes attributes);
-    /// Whether a name, of an element or an attribute, is of the namespace.
+    /// Whether the name of an element or attribute is in the namespace.
     bool IsGml(std::string_view name) const;
 
 private:

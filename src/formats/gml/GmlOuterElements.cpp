@@ -13,7 +13,7 @@ bool BeginsWithCapital(std::string_view name) {
     return first >= 'A' && first <= 'Z';
 }
 
-/// Behind the last element that holds features.
+/// After the last element that contains features.
 std::size_t FirstCandidate(std::span<const GmlOuterElement> around) {
     std::size_t first = around.size();
     while (first > 0 && !around[first - 1].holdsFeatures) --first;

@@ -11,18 +11,18 @@
 
 namespace vexlator::formats {
 
-/// Gathers the properties of a feature from its elements, before and after it is known to be one.
+/// Collects the properties of a feature from its elements, before and after it is known to be one.
 class GmlProperties {
 public:
-    /// `keepsParents`: an element with child elements is a property, too, without a value.
+    /// `keepsParents`: an element with child elements is also a property, without a value.
     GmlProperties(GmlFeature& feature, bool keepsParents) : feature_(feature), keepsParents_(keepsParents) {}
 
-    /// An element that becomes a property, unless an element within it says otherwise.
+    /// Opens a property for an element. A child element can cancel it.
     void Begin(std::string_view name, XmlAttributes attributes);
     /// Whether the innermost element is the last property.
     bool IsOpen() const { return isOpen_; }
     void Append(std::string_view text);
-    /// A child element shows that the open property holds more than text.
+    /// A child element: the open property contains more than text.
     void Leave();
     /// The open property's element ends.
     void End();
@@ -30,12 +30,12 @@ public:
     void Forget();
 
     std::size_t Count() const { return feature_.properties.size(); }
-    /// Bytes of all that are kept.
+    /// Size of all kept properties in bytes.
     std::size_t Bytes() const { return bytes_; }
     bool HaveRoomFor(std::size_t bytes) const { return bytes_ + bytes <= mostBytes; }
-    /// Drops those behind the first `count`, which took `bytes`.
+    /// Drops all but the first `count`. The dropped ones have `bytes` bytes.
     void KeepFirst(std::size_t count, std::size_t bytes);
-    /// Drops the first `count`, which took `bytes`.
+    /// Drops the first `count`, which have `bytes` bytes.
     void DropFirst(std::size_t count, std::size_t bytes);
 
 private:

@@ -15,25 +15,25 @@ namespace vexlator::formats {
 
 namespace {
 
-/// Coordinates that only the XML reader understands.
+/// Forms of coordinates that only the XML reader understands.
 bool HasForeignCoordinates(std::string_view line) {
     return line.starts_with("<gml:coord") || line.starts_with("<gml:pos ") ||
            line.starts_with("<gml:posList ");
 }
 
-/// A tag alone, or an element without child elements.
+/// A single tag, or an element without child elements.
 bool HoldsOneElement(std::string_view line) {
     if (!line.starts_with('<') || !line.ends_with('>')) return false;
     auto tags = std::count(line.begin(), line.end(), '<');
     return tags == 1 || (tags == 2 && !line.starts_with("</") && line.find("</") != std::string_view::npos);
 }
 
-/// A file that names no encoding and is in none that XML assumes is taken for Windows-1252.
+/// A file without a declared encoding that is not in XML's default encodings is read as Windows-1252.
 bool IsWindows1252(std::string_view beginning) {
     bool utf16 = beginning.starts_with("\xFF\xFE") || beginning.starts_with("\xFE\xFF") ||
                  beginning.substr(0, 2).find('\0') != std::string_view::npos;
     if (utf16 || !DeclaredEncoding(beginning).empty()) return false;
-    if (beginning.size() == ByteBlocks::blockSize)  // the block may cut a character
+    if (beginning.size() == ByteBlocks::blockSize)  // the block may end within a character
         while (!beginning.empty() && static_cast<unsigned char>(beginning.back()) >= 0x80)
             beginning.remove_suffix(1);
     return !platform::IsUtf8(beginning);

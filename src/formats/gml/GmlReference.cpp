@@ -25,7 +25,7 @@ void GmlReferences::Read(XmlAttributes attributes, GmlReference& reference) {
     reference.isGiven = true;
 }
 
-/// A dimension that is told around elements of one system does not hold for those of another.
+/// The dimension around elements of one system does not apply to elements of another.
 void GmlReferences::UseSystem(std::string_view name, GmlReference& reference) {
     if (firstName_.empty()) firstName_ = name;
     if (name != lastName_) {
@@ -41,7 +41,7 @@ void GmlReferences::UseSystem(std::string_view name, GmlReference& reference) {
 }
 
 GmlReferences::System GmlReferences::Find(std::string_view name) {
-    // A file has a handful; looking up those of a hostile one would take hours.
+    // A file has a handful. Looking up all names of a hostile file would take hours.
     constexpr std::size_t mostSystems = 256;
     auto found = systems_.find(name);
     if (found != systems_.end()) return found->second;

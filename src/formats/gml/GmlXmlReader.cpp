@@ -79,7 +79,7 @@ void GmlXmlReader::Text(std::string_view text) {
     }
 }
 
-/// The meaning of an element; that of another namespace has none.
+/// The meaning of an element. Elements of other namespaces have none.
 GmlElement GmlXmlReader::ElementOf(std::string_view name, const GmlOpenElement& open) {
     return open.isGml ? GmlElementNamed(LocalName(name)) : GmlElement::Other;
 }
@@ -90,7 +90,7 @@ void GmlXmlReader::ReadReference(XmlAttributes attributes, GmlScope parent, GmlO
     references_.Read(attributes, open.reference);
 }
 
-/// The extent of a collection or a feature tells the coordinate system of all that follows in it.
+/// The extent of a collection or a feature gives the coordinate system of all later elements in it.
 void GmlXmlReader::StartInBoundedBy(GmlElement element, const GmlOpenElement& open) {
     bool isExtent = open_.back().element == GmlElement::BoundedBy && element == GmlElement::Envelope;
     if (isExtent && open_.size() >= 2) open_[open_.size() - 2].reference = open.reference;
@@ -133,7 +133,7 @@ void GmlXmlReader::StartOuterElement(std::string_view name, XmlAttributes attrib
     properties_.Begin(name, attributes);
 }
 
-/// Values of what ends here can only belong to an element around it, or to none below the root.
+/// Values of the ending element can belong only to an element around it, or to none below the root.
 void GmlXmlReader::EndOuterElement() {
     const GmlOuterElement& element = outer_.back();
     if (properties_.IsOpen()) {
@@ -159,7 +159,7 @@ void GmlXmlReader::StartInHolder(std::string_view name, XmlAttributes attributes
     geometry_.Start(open.element, attributes, open);
 }
 
-/// Begins the feature of a geometry that is in no member; `depth` counts the elements around the geometry.
+/// Starts the feature of a geometry outside of members; `depth` counts the elements around the geometry.
 std::optional<GmlOwner> GmlXmlReader::ImplyFeature(std::size_t depth, const std::string& geometryName) {
     std::optional<GmlOwner> owner = OwnerOfGeometry(std::span(outer_).first(depth), properties_.Count());
     if (!owner) return owner;
@@ -218,7 +218,7 @@ void GmlXmlReader::StartInFeature(std::string_view name, XmlAttributes attribute
     properties_.Leave();
     GmlOpenElement& around = open_.back();
     if (isImplied_ && around.scope == GmlScope::Feature && HoldsFeatures(LocalName(name))) {
-        EndFeature();  // what was taken for a feature is a collection
+        EndFeature();  // the supposed feature is a collection
         around.scope = GmlScope::Outside;
         StartOuterElement(name, attributes, open);
         return;
@@ -250,7 +250,7 @@ void GmlXmlReader::StartInGeometry(std::string_view name, XmlAttributes attribut
     geometry_.Start(element, attributes, open);
 }
 
-/// Outside of features nobody may ever ask for the values.
+/// Outside of features the values may never be needed.
 void GmlXmlReader::MakeRoom(std::size_t bytes) {
     if (properties_.HaveRoomFor(bytes)) return;
     GmlScope around = open_.empty() ? GmlScope::Outside : open_.back().scope;

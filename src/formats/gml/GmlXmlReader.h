@@ -22,11 +22,10 @@
 
 namespace vexlator::formats {
 
-/// Reads GML in any layout. A feature is a child element of an element whose name ends in "member" or
-/// "members" in any namespace, or the owner of a geometry that no such element holds; its geometry is what it
-/// holds of the gml namespace, elements of other namespaces with the content of a geometry included; all
-/// other elements without child elements are its properties. Features of OS MasterMap's own form get their
-/// identifier as TOID.
+/// Reads GML in any layout. A feature is a child of an element whose name ends in "member" or "members", in
+/// any namespace, or the owner of a geometry without such a member. Its geometry consists of its gml elements
+/// and of elements of other namespaces with the content of a geometry. All other elements without child
+/// elements are its properties. Features in the form of OS MasterMap get their identifier as TOID.
 class GmlXmlReader : public GmlReader, private XmlHandler {
 public:
     GmlXmlReader(std::unique_ptr<ByteBlocks> blocks, const GmlXmlRules& rules)
@@ -64,7 +63,7 @@ private:
     GmlXmlRules rules_;
     const Take* take_ = nullptr;
     std::vector<GmlOpenElement> open_;
-    std::vector<GmlOuterElement> outer_;  ///< of the open elements the first ones, which may be features
+    std::vector<GmlOuterElement> outer_;  ///< the first open elements, which may be features
     GmlNamespaces namespaces_;
     GmlReferences references_;
     GmlFeature feature_;

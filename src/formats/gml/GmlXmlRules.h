@@ -9,12 +9,13 @@
 
 namespace vexlator::formats {
 
-/// How many values a point has in a coordinate system of that name; nothing for one that is not known.
+/// The number of values of a point in the named coordinate system; nothing for an unknown one.
 using AxisCount = std::function<std::optional<std::size_t>(std::string_view srsName)>;
 
 struct GmlXmlRules {
-    /// Only elements of the "fme" namespace are properties, those with child elements too; a text that is no
-    /// number counts as 0; srsDimension="3" holds for the rest of the feature.
+    /// The rules of files by FME: only elements of the "fme" namespace are properties, also those with child
+    /// elements. A text that is not a number counts as 0. srsDimension="3" applies to the rest of the
+    /// feature.
     bool lineLayout = false;
     bool fullRings = true;
     AxisCount axisCount;  ///< may be empty

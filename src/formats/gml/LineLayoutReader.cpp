@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::string_view posStart = "<gml:pos>", posListStart = "<gml:posList>";
 
-/// What stands in the first pair of double quotes behind a word; "" when there is none.
+/// The text in the first pair of double quotes after a word; "" if there is none.
 std::string_view QuotedBehind(std::string_view word, std::string_view line) {
     std::size_t found = line.find(word);
     std::size_t begin = found == std::string_view::npos ? found : line.find('"', found);

@@ -15,9 +15,9 @@ namespace vexlator::formats {
 constexpr std::string_view featureStartLine = "<gml:featureMember>";
 constexpr std::string_view featureEndLine = "</gml:featureMember>";
 
-/// Reads files with one element a line, which need not be well-formed XML. Each coordinate line of a feature
-/// replaces the one before it, values that are no numbers count as 0, and no line is an error unless it is
-/// longer than longestLine.
+/// Reads files with one element per line, which need not be well-formed XML. Each coordinate line of a
+/// feature replaces the one before it. Values that are not numbers count as 0. No line is an error, except
+/// one longer than longestLine.
 class LineLayoutReader : public GmlReader {
 public:
     /// The text must outlive the reader.
@@ -42,10 +42,10 @@ private:
     bool typed_ = false;  ///< the line with the feature's type has been read
 };
 
-/// The text with the references of XML, as in &amp; and &#233;, replaced by their characters. Others stay.
+/// The text with XML references, such as &amp; and &#233;, replaced by their characters. Others stay.
 std::string WithoutReferences(std::string_view text);
 
-/// The encoding that an XML declaration at the start of the text names; "" when it names none.
+/// The encoding in an XML declaration at the start of the text; "" if there is none.
 std::string_view DeclaredEncoding(std::string_view text);
 
 }  // namespace vexlator::formats

@@ -20,11 +20,11 @@ namespace {
 using platform::ReadError;
 
 constexpr std::size_t deepest = 256;
-/// The parser compares every attribute of a tag with all others.
+/// Limits attributes, because the parser compares every attribute of a tag with all others.
 constexpr std::size_t longestTag = std::size_t{64} << 10;
 constexpr std::size_t longestGap = std::size_t{1} << 20;
-/// The parser keeps all names, in a table that becomes slow, and in memory that it takes in ever larger
-/// pieces.
+/// Limits names, because the parser keeps all names in a table, which becomes slow and takes memory in ever
+/// larger pieces.
 constexpr std::size_t mostNameMemory = std::size_t{1} << 20;
 constexpr std::size_t longestReason = 200;
 
@@ -32,13 +32,13 @@ std::string_view View(const xmlChar* text) {
     return reinterpret_cast<const char*>(text);
 }
 
-/// The message's first line; it may repeat much of the file.
+/// The message's first line. The rest can repeat much of the file.
 std::string ReasonOf(std::string_view message) {
     return std::string(platform::CutUtf8(message.substr(0, message.find('\n')), longestReason));
 }
 
-/// One run of the parser. It is C code, which exceptions must not cross: the first one is kept, the handler
-/// is not called any more, and the file seems to end.
+/// One run of the parser. It is C code, so exceptions must not pass through it. The first exception is kept,
+/// the handler is not called any more, and the file seems to end.
 class XmlParse {
 public:
     XmlParse(ByteBlocks& blocks, XmlHandler& handler)
@@ -65,8 +65,8 @@ private:
     XmlHandler& handler_;
     xmlParserCtxtPtr context_;
     std::exception_ptr thrown_;
-    std::string_view block_;  ///< what the parser has not got of the current one
-    std::size_t gap_ = 0;     ///< bytes read since the last element or text
+    std::string_view block_;  ///< rest of the current block
+    std::size_t gap_ = 0;     ///< number of bytes since the last element or text
     std::size_t depth_ = 0;
     bool complete_ = false;  ///< the root element has ended
     std::vector<XmlAttribute> attributes_;
@@ -135,7 +135,7 @@ struct XmlParse::Callbacks {
             if (value) throw ReadError("", "", "declares a value for attributes, which is refused");
         });
     }
-    /// Later versions of the library call it with a constant error.
+    /// Later versions of the library pass a constant error.
     template <typename Error>
     static void Report(void* user, Error* error) {
         Guard(user, [&](XmlParse&) {
@@ -144,8 +144,7 @@ struct XmlParse::Callbacks {
     }
 };
 
-/// Uses the parser's first interface: names are as they stand in the file, so that prefixes which nobody
-/// declares are no error.
+/// Uses the parser's first interface: names are as in the file, so undeclared prefixes are not an error.
 void XmlParse::Run() {
     xmlSAXHandler calls{};
     calls.startElement = Callbacks::Start;
@@ -157,15 +156,15 @@ void XmlParse::Run() {
     calls.attributeDecl = Callbacks::Attribute;
     *context_->sax = calls;
     context_->userData = this;
-    // No entities are left to be replaced but those of XML itself, as in "&amp;".
+    // The only entities left to replace are those of XML itself, such as "&amp;".
     constexpr int options = XML_PARSE_NOENT | XML_PARSE_NONET;
-    // For this thread; the only function that hears of errors in the conversion of bytes.
+    // For this thread. No other function receives errors in the conversion of bytes.
     xmlSetStructuredErrorFunc(this, Callbacks::Report);
     xmlFreeDoc(xmlCtxtReadIO(context_, Callbacks::Read, nullptr, this, nullptr, nullptr, options));
     xmlSetStructuredErrorFunc(nullptr, nullptr);
     if (thrown_) std::rethrow_exception(thrown_);
-    if (!complete_) throw ReadError("", Place(), "is no complete XML document");
-    if (!AtEnd()) throw ReadError("", Place(), "goes on behind the end of the document");
+    if (!complete_) throw ReadError("", Place(), "is not a complete XML document");
+    if (!AtEnd()) throw ReadError("", Place(), "continues after the end of the document");
 }
 
 std::size_t XmlParse::Read(char* buffer, std::size_t size) {
@@ -187,12 +186,12 @@ XmlAttributes XmlParse::AttributesOf(const xmlChar** namesAndValues) {
     return attributes_;
 }
 
-/// Or between comments that follow each other without a blank; any text would have been called back.
+/// Or comments that follow each other without a blank. Any text would have caused a call.
 bool XmlParse::InTag() const {
     return context_->instate == XML_PARSER_CONTENT || context_->instate == XML_PARSER_ATTRIBUTE_VALUE;
 }
 
-/// The parser takes a NUL character for the end.
+/// The parser takes a NUL character as the end.
 bool XmlParse::AtEnd() {
     return context_->input->cur == context_->input->end && block_.empty() && blocks_.Next().empty();
 }

@@ -13,10 +13,10 @@ namespace vexlator::formats {
 struct XmlAttribute {
     std::string_view name, value;
 };
-/// Of a start tag; declarations of namespaces are among them.
+/// Attributes of a start tag, including declarations of namespaces.
 using XmlAttributes = std::span<const XmlAttribute>;
 
-/// What ParseXml calls. Texts are UTF-8, names carry their prefixes; the text of one element may come in
+/// The calls of ParseXml. Texts are UTF-8. Names include their prefixes. The text of one element can come in
 /// pieces.
 class XmlHandler {
 public:
@@ -25,17 +25,18 @@ public:
     virtual void EndElement() = 0;
     virtual void Text(std::string_view text) = 0;
 
-    std::uint64_t line = 0;  ///< that the parser has reached, set before each call
+    std::uint64_t line = 0;  ///< current line of the parser, set before each call
 };
 
-/// Reads a document in bounded memory and calls the handler for what it holds. The encoding is any that iconv
-/// knows. Refused are
-/// - entities, values of attributes and external document types that the document declares,
+/// Reads a document in bounded memory and calls the handler for its contents. The encoding is any that iconv
+/// knows. Refuses
+/// - entities, values of attributes and external document types declared by the document,
 /// - elements nested more than 256 deep,
-/// - tags of more than 64 KB, and more than 1 MB without an element or text, as comments of that length are,
+/// - tags of more than 64 KB, and more than 1 MB without an element or text, such as long comments,
 /// - different names that fill hundreds of kilobytes.
-/// @throws platform::ReadError with line or byte, without a file name; what the handler throws, where a
-/// ReadError without a place gets the line that the parser has reached
+///
+/// @throws platform::ReadError with line or byte, without a file name; and exceptions of the handler, where a
+/// ReadError without a place gets the current line
 void ParseXml(ByteBlocks& blocks, XmlHandler& handler);
 
 }  // namespace vexlator::formats

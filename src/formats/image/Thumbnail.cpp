@@ -51,14 +51,14 @@ void CheckSize(ImageSize size) {
                " pixels is too large");
 }
 
-/// The largest size of these proportions that fits.
+/// The largest size with these proportions that fits.
 ImageSize Fit(ImageSize size, ImageSize most) {
     double scale = std::min({1.0, double(most.width) / size.width, double(most.height) / size.height});
     return {std::max(1, static_cast<int>(size.width * scale)),
             std::max(1, static_cast<int>(size.height * scale))};
 }
 
-/// The part of `from` pixels that pixel number `i` of `to` covers; none is left out or counted twice.
+/// The range of `from` pixels under pixel number `i` of `to`. Every pixel is in exactly one range.
 struct Stretch {
     Stretch(int i, int from, int to) : begin(Edge(i, from, to)), end(Edge(i + 1, from, to)) {}
     static int Edge(int i, int from, int to) {
@@ -77,7 +77,7 @@ void PutMean(const Image& image, Stretch columns, Stretch rows, unsigned char* p
     for (std::size_t c = 0; c < bytesPerPixel; ++c) pixel[c] = static_cast<unsigned char>(sums[c] / covered);
 }
 
-/// Each new pixel is the mean of those that it covers; `wanted` is nowhere larger than the image.
+/// Each new pixel is the mean of its range. `wanted` is nowhere larger than the image.
 Image Reduced(const Image& image, ImageSize wanted) {
     Image small(wanted);
     for (int y = 0; y < wanted.height; ++y)
@@ -97,7 +97,7 @@ struct Handle {
     tjhandle decoder;
 };
 
-/// The smallest size, of those that the decoder makes by itself, that holds `wanted`.
+/// The smallest size that the decoder can make itself and that contains `wanted`.
 ImageSize DecodedSize(ImageSize size, ImageSize wanted) {
     int count = 0;
     const tjscalingfactor* factors = tjGetScalingFactors(&count);
@@ -121,7 +121,7 @@ Image DecodeJpeg(std::string_view bytes, ImageSize most) {
     CheckSize(size);
     ImageSize wanted = Fit(size, most);
     Image image(DecodedSize(size, wanted));
-    // A file of a few kilobytes can ask for hours of work in thousands of scans.
+    // A file of a few kilobytes can demand hours of work in thousands of scans.
     if (tjDecompress2(handle.decoder, data, bytes.size(), image.pixels.data(), image.size.width, 0,
                       image.size.height, TJPF_BGR, TJFLAG_LIMITSCANS) != 0)
         handle.Fail();
@@ -135,7 +135,7 @@ Image DecodeBmp(const platform::MappedFile& file, ImageSize most) {
     if (bytes.size() < bmpHeaders) Refuse("damaged BMP: it ends in its header");
     ImageSize size{LittleAt<std::int32_t>(bytes, 18), LittleAt<std::int32_t>(bytes, 22)};
     CheckSize(size);
-    // No kind that is read packs more than one pixel into a byte.
+    // No supported kind packs more than one pixel into a byte.
     if (static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height) > bytes.size())
         Refuse("damaged BMP: it ends before its last pixel");
     int format = TJPF_BGR;
@@ -156,7 +156,7 @@ std::string BmpOf(const Image& image) {
     bmp.replace(0, 2, "BM");
     put(2, static_cast<std::uint32_t>(size));
     put(10, static_cast<std::uint32_t>(bmpHeaders));
-    put(14, std::uint32_t{40});  // of the second header
+    put(14, std::uint32_t{40});  // size of the second header
     put(18, image.size.width);
     put(22, image.size.height);  // rows from the bottom
     put(26, std::uint16_t{1});   // planes

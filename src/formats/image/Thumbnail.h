@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-/// Small pictures of photographs, which may be damaged or enormous.
+/// Thumbnails of photographs, which may be damaged or enormous.
 namespace vexlator::formats {
 
 /// A picture's size in pixels.
@@ -13,12 +13,12 @@ struct ImageSize {
     int width = 0, height = 0;
 };
 
-/// Larger photographs are refused: some kinds are unpacked whole, at up to eight bytes a pixel.
+/// Larger photographs are refused, because some kinds are unpacked whole, at up to eight bytes per pixel.
 constexpr long long mostPhotoPixels = 64'000'000;
 
-/// A JPEG or BMP file, told apart by its first bytes, as the bytes of a BMP file (24 bits a pixel) that fits
-/// into `most`. Proportions stay; nothing is enlarged.
-/// @throws platform::ReadError: neither kind of file, damaged in any way, or too large
+/// Reads a JPEG or BMP file, recognised by its first bytes. Returns the bytes of a BMP file (24 bits per
+/// pixel) that fits into `most`. Proportions stay; nothing is enlarged.
+/// @throws platform::ReadError: another kind of file, damaged, or too large
 std::string ThumbnailBmp(std::string_view path, ImageSize most);
 
 }  // namespace vexlator::formats

@@ -13,11 +13,11 @@ public:
 
     explicit AttributeRecords(const JobTable& table);
 
-    /// The record directly above a point, else the last one above it that carries its number. Ask for rows in
+    /// The record directly above a point, else the last one above it with its number. Ask for rows in
     /// ascending order only.
     Row OfPoint(Row row, std::string_view number);
-    /// The record directly above a feature's first vertex, else the first one in the job that carries the
-    /// feature's ID.
+    /// The record directly above a feature's first vertex, else the first one in the job with the feature's
+    /// ID.
     Row OfFeature(Row row, std::string_view id) const;
 
 private:
@@ -25,7 +25,7 @@ private:
 
     const JobTable& table_;
     RowChains byKey_;         ///< in ascending order
-    std::vector<Row> above_;  ///< by chain: how far OfPoint() has come
+    std::vector<Row> above_;  ///< by chain: the position that OfPoint() has reached
 };
 
 }  // namespace vexlator::formats

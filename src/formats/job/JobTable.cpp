@@ -28,7 +28,7 @@ RecordKind KindOf(std::string_view line) {
 }  // namespace
 
 JobTable::JobTable(std::string_view text) : text_(text) {
-    // Lines of devices are seldom shorter than this; too little room only costs a move.
+    // Lines of devices are seldom shorter. Too little space only costs a move.
     constexpr std::size_t usualLine = 32;
     rows_.reserve(text.size() / usualLine + 1);
     for (util::LineReader lines(text); !lines.AtEnd();) {

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-/// Job files of the field device: a text line for each record, fields separated by commas, numbered from 0.
-/// Nothing is quoted; a comma inside a value is written as ";;". Field 0 tells the kind of record:
+/// Job files of the field device: one text line per record, with fields separated by commas and numbered from
+/// 0. There are no quotes. A comma inside a value is written as ";;". Field 0 gives the kind of record:
 ///
 ///     $GIS,type,point number,code or feature ID,x,y,z       a position with its coordinates
 ///     $GPS,type,point number,code or feature ID,,,,,quality a position measured by GPS
@@ -18,7 +18,7 @@
 ///     *...,type,point number,...                            a record that was edited or deleted later
 ///     CO,feature ID,Close                                   a command
 ///
-/// Type P is a point with its feature code, A a vertex of an area, anything else a vertex of a line. A
+/// Type P is a point with its feature code, A a vertex of an area, any other type a vertex of a line. A
 /// feature ID is the feature code and an instance number in parentheses, as in FENCE(3).
 namespace vexlator::formats {
 
@@ -31,7 +31,7 @@ enum class RecordKind : std::uint8_t {
     Superseded,
     Command,
     Other,
-    Done  ///< used, deleted or moved up: takes part in nothing any more
+    Done  ///< used, deleted or moved up: ignored from now on
 };
 
 /// The records of one job file in file order.
@@ -40,13 +40,14 @@ public:
     using Row = std::uint32_t;
     static constexpr Row noRow = 0xFFFFFFFF;
 
-    /// `text` is not copied: it must outlive the table. Of neighbouring lines that are no records only one is
-    /// kept, as they part the records around them and are nothing else.
-    /// @throws platform::ReadError: a line of more than longestLine, more lines than a row number can tell
+    /// `text` is not copied and must outlive the table. Of neighbouring lines that are not records only one
+    /// is kept, because they only separate records.
+    /// @throws platform::ReadError: a line of more than longestLine, or more lines than a row number can
+    /// express
     explicit JobTable(std::string_view text = {});
 
     Row RowCount() const { return static_cast<Row>(rows_.size()); }
-    /// Fields of the line that has the most, and that line's number from 1.
+    /// The largest number of fields in a line, and that line's number from 1.
     std::size_t Width() const { return width_; }
     std::uint64_t WidestLine() const { return widestLine_; }
 
@@ -57,9 +58,9 @@ public:
     }
     bool IsAbove(Row row, RecordKind kind) const { return row > 0 && rows_[row - 1].kind == kind; }
     std::string_view Line(Row row) const { return {rows_[row].text, rows_[row].size}; }
-    /// The number of the line that the row was read from, from 1. It is found by counting.
+    /// The number of the row's line, from 1. It is found by counting.
     std::uint64_t LineNumber(Row row) const;
-    /// Empty when the line has fewer fields.
+    /// Empty if the line has fewer fields.
     std::string_view Field(Row row, std::size_t index) const;
 
     void MarkDone(Row row) { rows_[row].kind = RecordKind::Done; }
@@ -79,7 +80,7 @@ private:
     std::uint64_t widestLine_ = 0;
 };
 
-/// Gives the cells of a line one after the other; empty ones when there are no more.
+/// Gives the cells of a line one after the other, then empty ones.
 class CellCursor {
 public:
     explicit CellCursor(std::string_view line) : left_(line) {}

@@ -9,13 +9,12 @@
 
 namespace vexlator::formats {
 
-/// The text of a job file in UTF-8: the file's own bytes where they are UTF-8 already, else decoded from
-/// UTF-16 where they begin with its mark, else from Windows-1252. The file must outlive the object.
+/// The text of a job file in UTF-8: the file's own bytes if they are valid UTF-8. A file with a UTF-16 mark
+/// is decoded from UTF-16, any other from Windows-1252. The file must outlive the object.
 class JobText {
 public:
-    /// @throws platform::ReadError, without a file name, for an archive, which holds its job packed, and for
-    /// bytes that are no UTF-16 behind its mark; of a text that has to be decoded, for a line of more than
-    /// longestLine
+    /// @throws platform::ReadError, without a file name, for an archive, which contains a packed job, and for
+    /// invalid UTF-16 after its mark. For decoded text also for a line of more than longestLine
     explicit JobText(const platform::MappedFile& file);
     JobText(const JobText&) = delete;
     JobText& operator=(const JobText&) = delete;

@@ -10,8 +10,8 @@
 
 namespace vexlator::formats {
 
-/// The rows of a job table by the text of one of their fields: for every text a chain of its rows, the one
-/// added last in front. Each row is in one chain at most.
+/// The rows of a job table by the text of one of their fields. Every text has a chain of its rows, the last
+/// added first. Each row is in one chain at most.
 class RowChains {
 public:
     using Row = JobTable::Row;

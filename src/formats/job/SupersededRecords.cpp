@@ -14,7 +14,7 @@ namespace {
 
 using Row = JobTable::Row;
 
-/// The position records by point number, the last of each number in front.
+/// The position records by point number, the last of each number first.
 RowChains PositionsByNumber(const JobTable& table) {
     RowChains positions(table.RowCount());
     for (Row row = 0; row < table.RowCount(); ++row)
@@ -22,7 +22,7 @@ RowChains PositionsByNumber(const JobTable& table) {
     return positions;
 }
 
-/// Takes the newest version of a superseded record out of the chains.
+/// Removes the newest version of a superseded record from the chains.
 Row TakeNewestVersion(RowChains& positions, const JobTable& table, Row row) {
     std::array<char, 24> digits;
     char* end = std::to_chars(digits.begin(), digits.end(), util::IntegerOf(table.Field(row, 2))).ptr;

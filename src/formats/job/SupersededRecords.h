@@ -6,8 +6,8 @@
 
 namespace vexlator::formats {
 
-/// Puts the newest version of every record that was edited into the place of the record, so that vertices
-/// keep their order, and takes out what was deleted.
+/// Replaces every edited record by its newest version, so that vertices keep their order, and removes deleted
+/// records.
 void ResolveSupersededRecords(JobTable& table);
 
 }  // namespace vexlator::formats

@@ -23,7 +23,7 @@ VertexRecords::VertexRecords(const JobTable& table) : table_(table), byText_(tab
 
 std::size_t VertexRecords::Untaken(std::size_t place) {
     while (onward_[place] != place) {
-        onward_[place] = onward_[onward_[place]];  // shortens the way for the next one
+        onward_[place] = onward_[onward_[place]];  // shortens the next search
         place = onward_[place];
     }
     return place;

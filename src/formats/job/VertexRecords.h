@@ -13,19 +13,19 @@ public:
 
     explicit VertexRecords(const JobTable& table);
 
-    /// Fills `found` with the records below `row` that belong to the feature, in file order. Every record is
-    /// given once at most, so that all calls together cost no more than the job has records. Ask for rows in
-    /// ascending order only.
+    /// Fills `found` with the feature's records below `row`, in file order. Every record is given once at
+    /// most, so all calls together take time linear in the size of the job. Ask for rows in ascending order
+    /// only.
     void TakeBelow(Row row, std::string_view id, std::vector<Row>& found);
 
 private:
-    /// The first text from `place` on, in alphabetical order, whose records have not been given yet.
+    /// The first text from `place` on, in alphabetical order, with records that have not been given.
     std::size_t Untaken(std::size_t place);
 
     const JobTable& table_;
     RowChains byText_;                       ///< in ascending order
-    std::vector<std::uint32_t> alphabetic_;  ///< chains in the order of their texts
-    std::vector<std::uint32_t> onward_;      ///< by place in alphabetic_: itself, or where to look on
+    std::vector<std::uint32_t> alphabetic_;  ///< chains in the alphabetical order of their texts
+    std::vector<std::uint32_t> onward_;      ///< by index into alphabetic_: itself, or where to go on
 };
 
 }  // namespace vexlator::formats

@@ -17,7 +17,7 @@ constexpr std::string_view documentBegin =
     "<Document>\r\n"
     " <name>";
 
-// Blue areas, half see-through: the colour's bytes are alpha, blue, green, red.
+// Blue, half-transparent areas: the colour's bytes are alpha, blue, green, red.
 constexpr std::string_view documentHead =
     "</name>\r\n"
     " <description>Produced by Pictrove from Davik</description>\r\n"
@@ -31,7 +31,7 @@ constexpr std::string_view documentHead =
     "  </PolyStyle>\r\n"
     "  </Style>\r\n";
 
-/// What stands around the coordinates of a shape.
+/// The text around the coordinates of a shape.
 struct Frame {
     std::string_view begin, end;
 };

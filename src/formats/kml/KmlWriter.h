@@ -10,7 +10,8 @@
 #include <span>
 #include <string_view>
 
-/// KML 2.1 documents, written. Facts: the published KML 2.1 reference and schema.
+/// Writes KML 2.1 documents. Sources: Google's KML 2.1 Reference, entries Document, Style, Placemark, Point,
+/// LineString, Polygon and coordinates; the schema kml21.xsd.
 namespace vexlator::formats {
 
 enum class KmlShape {
@@ -25,23 +26,23 @@ enum class KmlShape {
 /// @throws platform::WriteError
 class KmlWriter {
 public:
-    /// Heights have that many decimals; nothing: their shortest form.
+    /// Number of decimals of heights; nothing: their shortest form.
     KmlWriter(platform::OutputFile& file, std::string_view documentName, std::optional<int> heightDecimals);
 
     void BeginPlacemark(std::string_view name);
-    /// A row of the description. Returns how many characters of the value XML cannot hold; they become "?".
+    /// A row of the description. Returns the number of characters that XML cannot hold; they become "?".
     std::uint64_t AddValue(std::string_view value);
     /// A row with a picture.
     void AddImage(std::string_view address);
-    /// `fullSize` is the address that a link below the rows leads to; empty: no link.
+    /// `fullSize` is the target of a link below the rows; empty: no link.
     void EndDescription(std::string_view fullSize = "");
-    /// x is the longitude, y the latitude, in decimal degrees; heights in metres, one for each position.
+    /// x is the longitude, y the latitude, in decimal degrees; heights in metres, one per position.
     void AddGeometry(KmlShape shape, std::span<const util::PlanePoint> positions,
                      std::span<const double> heights);
     void EndPlacemark();
-    /// How many placemarks have got a geometry.
+    /// The number of placemarks with a geometry.
     std::uint64_t Geometries() const { return geometries_; }
-    /// What comes next goes to another file.
+    /// Later text goes to another file.
     void GoOnIn(platform::OutputFile& file) { file_ = &file; }
     /// Ends the document.
     void Finish();

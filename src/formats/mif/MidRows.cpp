@@ -8,7 +8,7 @@ namespace vexlator::formats {
 
 namespace {
 
-/// Where the last row ends that holds anything; old programs end a file with Ctrl-Z.
+/// The end of the last row with contents; old programs end a file with Ctrl-Z.
 std::size_t EndOfRows(std::string_view text) {
     return text.find_last_not_of(" \t\r\n\x1A") + 1;
 }
@@ -66,7 +66,7 @@ std::span<const std::string_view> MidRows::ReadValues() {
     return views_;
 }
 
-/// Three rules that follow one another for each character: a "," that does not separate becomes "/"; the
+/// Three rules, one after the other for each character: a "," that does not separate becomes "/"; the
 /// delimiter becomes ","; and a "," inside quotes becomes ";".
 void MidRows::Transform(std::string_view row) {
     values_.clear();

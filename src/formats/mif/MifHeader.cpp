@@ -16,9 +16,9 @@ constexpr int defaultWidth = 64;
 constexpr int numberWidth = 10;
 constexpr int smallintWidth = 6;
 constexpr std::int64_t mostColumns = 32767;
-constexpr std::size_t columnsLength = 8;  // of "COLUMNS" and a blank
+constexpr std::size_t columnsLength = 8;  // length of "COLUMNS" and a blank
 
-/// The number behind the first parenthesis; `without` when there is none.
+/// The number after the first parenthesis; `without` if there is none.
 int WidthInParentheses(std::string_view type, int without) {
     std::size_t open = type.find('(');
     if (open == std::string_view::npos) return without;

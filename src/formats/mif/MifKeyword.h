@@ -6,7 +6,7 @@
 
 namespace vexlator::formats {
 
-/// What a line of a MapInfo interchange file begins.
+/// The object or clause that a line of a MapInfo interchange file begins.
 enum class MifKeyword {
     Data,
     Point,
@@ -16,7 +16,7 @@ enum class MifKeyword {
     Text,
     Line,
     None,
-    Style,  ///< a line about how the object before it looks
+    Style,  ///< a line about the style of the object before it
     Arc,
     Rectangle,
     RoundedRectangle,
@@ -25,10 +25,10 @@ enum class MifKeyword {
     Unknown
 };
 
-/// The keyword of a line in capitals: the first of "DATA", "POINT", "ELLIPSE", "PLINE", "REGION", "TEXT",
-/// "LINE", "NONE" and the style words that stands anywhere in it. The objects from Arc on are known by the
-/// word that begins the line; with `extended` it goes before the others, without it a set of points reads as
-/// a point.
+/// The keyword of a line in capital letters: the first of "DATA", "POINT", "ELLIPSE", "PLINE", "REGION",
+/// "TEXT", "LINE", "NONE" and the style words that occurs anywhere in it. The objects from Arc on are
+/// recognised by the first word of the line. With `extended` this has priority; without it a multipoint reads
+/// as a point.
 MifKeyword MifKeywordOf(std::string_view upper, bool extended);
 
 }  // namespace vexlator::formats

@@ -33,7 +33,7 @@ std::string_view TakeField(std::string_view& line) {
     return field;
 }
 
-/// A number is its field: it ends at a blank or with the line.
+/// A number takes its whole field: it ends at a blank or at the end of the line.
 double TakeNumber(std::string_view& line) {
     SkipBlanks(line);
     const char* end = line.data() + line.size();

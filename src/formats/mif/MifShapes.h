@@ -7,20 +7,20 @@
 #include <array>
 #include <vector>
 
-/// Outlines of the objects that MapInfo draws from a bounding box, as polylines.
+/// Outlines of the MapInfo objects that are defined by a bounding box, as polylines.
 namespace vexlator::formats {
 
-/// The box of an object, any two opposite corners.
+/// The box of an object, by any two opposite corners.
 struct MifBox {
     double x1, y1, x2, y2;
 };
 
-/// Seven vertices around the box, the last equal to the first, at a distance from its centre that is the
-/// box's diagonal.
+/// Seven vertices around the box, the last equal to the first. Their distance from its centre is the box's
+/// diagonal.
 std::array<util::PlanePoint, 7> EllipseVertices(const MifBox& box);
 /// Part of the ellipse in the box, counter-clockwise from one angle to the other, in degrees.
 std::vector<util::PlanePoint> ArcVertices(const MifBox& box, double beginDegrees, double endDegrees);
-/// The box itself, its first corner again at the end; `rounding` is the diameter of its corners.
+/// The box itself, closed by its first corner; `rounding` is the diameter of its corners.
 std::vector<util::PlanePoint> RectangleVertices(const MifBox& box, double rounding);
 
 }  // namespace vexlator::formats

@@ -13,13 +13,14 @@
 #include <string_view>
 #include <vector>
 
-/// MapInfo interchange files (.MIF with a row for each object in .MID), written. Layout facts: the published
-/// MapInfo interchange format.
+/// Writes MapInfo interchange files (.MIF with a row for each object in .MID). Source: MapInfo Data
+/// Interchange Format, appendix J of the MapInfo reference manual: parts on the MIF file header, the MIF data
+/// section and the MID file.
 namespace vexlator::formats {
 
-/// Writes objects and their rows into two files that the caller commits: an object, its values, EndRow().
-/// The header gets the
-/// character set of the encoding, whatever it names. Lines end in CR LF, coordinates have three decimals.
+/// Writes objects and their rows into two files that the caller commits: an object, its values, EndRow(). The
+/// header always names the character set of the encoding. Lines end in CR LF. Coordinates have three
+/// decimals.
 /// @throws platform::WriteError
 class MifWriter {
 public:
@@ -30,13 +31,13 @@ public:
     void AddNone();
     void AddPoint(const util::PlanePoint& point);
     void AddPolyline(std::span<const util::PlanePoint> points);
-    /// An area with one ring, which is written as it stands.
+    /// An area with one ring, written unchanged.
     void AddRegion(std::span<const util::PlanePoint> points);
 
-    /// The next value of the row, in quotes when it holds the delimiter, a quote or a line end.
+    /// The next value of the row, in quotes if it contains the delimiter, a quote or a line end.
     void AddValue(std::string_view value);
     void EndRow();
-    /// Characters replaced so far.
+    /// Number of replaced characters.
     std::uint64_t Replaced() const { return encoder_.Replaced(); }
 
 private:

@@ -87,7 +87,7 @@ void ShapefileReader::ReadShape(ShapeRecord& record) {
     constexpr std::size_t least = recordHeader + sizeof(std::int32_t);
     if (record.offset > shp_.size() || shp_.size() - record.offset < least)
         Damaged(record,
-                "the index points behind the end of the file (" + std::to_string(shp_.size()) + " bytes)");
+                "the index points past the end of the file (" + std::to_string(shp_.size()) + " bytes)");
     record.number = BigAt(shp_, record.offset);
     record.type = LittleAt<std::int32_t>(shp_, record.offset + recordHeader);
     record.shapeClass = ClassOf(record.type);
@@ -133,7 +133,7 @@ void ShapefileReader::CheckParts(const ShapeRecord& record) const {
 }
 
 void ShapefileReader::CheckFinite(const ShapeRecord& record) const {
-    // Infinities and what is no number have all bits of the exponent set.
+    // Infinities and NaN have all bits of the exponent set.
     constexpr std::uint64_t exponent = 0x7FF0000000000000;
     bool finite = true;
     for (std::size_t at = 0; at < record.points_.size(); at += sizeof(double))
@@ -141,8 +141,8 @@ void ShapefileReader::CheckFinite(const ShapeRecord& record) const {
     if (!finite) Damaged(record, "a coordinate is not a number");
 }
 
-/// An index may name one record again and again, and so turn a small file into a huge drawing. Records that
-/// do not overlap can never add up to more than the file.
+/// An index can name one record many times, and so turn a small file into a huge drawing. The total of
+/// records without overlap never exceeds the file.
 void ShapefileReader::Consume(const ShapeRecord& record, std::size_t size) {
     consumed_ += size;
     if (consumed_ > shp_.size()) Damaged(record, "records overlap");

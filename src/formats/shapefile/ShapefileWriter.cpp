@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t mainHeader = 100;
 constexpr std::uint64_t largestFile = 0x7FFFFFFF;
 
-/// The smallest box around some points; all 0 around none.
+/// The bounding box of some points; all 0 without points.
 struct RecordBox {
     explicit RecordBox(std::span<const util::PlanePoint> points) {
         if (points.empty()) return;

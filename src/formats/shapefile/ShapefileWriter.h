@@ -10,20 +10,22 @@
 #include <span>
 #include <string>
 
-/// Shapefiles (.SHP with its index .SHX), written. Layout facts: the published ESRI shapefile description.
+/// Writes shapefiles (.SHP with its index .SHX). Source: ESRI Shapefile Technical Description, July 1998,
+/// sections "Organization of the Main File", "Organization of the Index File" and "Main File Record
+/// Contents".
 namespace vexlator::formats {
 
-/// Writes points, lines and areas of one part into two files that the caller commits.
-/// The header's shape type follows the last records: a point makes it 1, a line 3 unless it is 5, an area 5.
-/// Its box leaves out points of which a coordinate is exactly 0: those are positions that nobody measured.
-/// @throws platform::WriteError, also for a file that would pass 2 GB
+/// Writes points, lines and areas of one part into two files that the caller commits. The header's shape type
+/// depends on the records so far: a point makes it 1, a line 3 unless it is 5, an area 5. The header's box
+/// omits points with a coordinate of exactly 0, because nobody measured them.
+/// @throws platform::WriteError, also for a file above 2 GB
 class ShapefileWriter {
 public:
     ShapefileWriter(platform::OutputFile& shp, platform::OutputFile& shx);
 
     void AddPoint(const util::PlanePoint& point);
     void AddPolyline(std::span<const util::PlanePoint> points) { AddPoly(3, points); }
-    /// The ring is written as it stands; the caller closes it.
+    /// Writes the ring unchanged. The caller closes it.
     void AddPolygon(std::span<const util::PlanePoint> points) { AddPoly(5, points); }
     /// Writes both headers.
     void Finish();

@@ -14,10 +14,10 @@ namespace vexlator::formats {
 namespace {
 
 constexpr std::size_t longestReference = 6;
-/// What is escaped at a time fits the file's buffer, however much it grows.
+/// The escaped form of one piece fits the file's buffer, at any growth.
 constexpr std::size_t longestPiece = platform::OutputFile::BufferSize / 8;
 
-/// What stands for each byte; empty: the byte itself.
+/// The replacement for each byte; empty: the byte itself.
 constexpr std::array<std::string_view, 256> replacements = [] {
     std::array<std::string_view, 256> table;
     for (std::size_t control = 0; control < 0x20; ++control) table[control] = "?";
@@ -30,7 +30,7 @@ constexpr std::array<std::string_view, 256> replacements = [] {
     return table;
 }();
 
-/// Bytes that stay as they are: looked up for every byte, so the table is small.
+/// Bytes without a replacement. Every byte is looked up here, so the table is small.
 constexpr std::array<bool, 256> stays = [] {
     std::array<bool, 256> table{};
     for (std::size_t byte = 0; byte < table.size(); ++byte) table[byte] = replacements[byte].empty();

@@ -11,11 +11,13 @@
 namespace vexlator::formats {
 
 /// Writes a text so that it reads back the same as character data, as an attribute value in double quotes,
-/// and as HTML inside a CDATA section, none of which it can end:
-/// - & < > " become references; a carriage return does too, because readers make a line feed of one;
+/// and as HTML inside a CDATA section. The text cannot end any of these:
+/// - & < > " become references; a carriage return too, because readers convert it to a line feed;
 /// - characters that XML cannot hold (most below U+0020, U+FFFE, U+FFFF) become "?";
 /// - a text that is not UTF-8 is read as Windows-1252.
-/// Returns how many characters became "?". @throws platform::WriteError
+///
+/// Returns the number of characters that became "?".
+/// @throws platform::WriteError
 std::uint64_t WriteXmlText(platform::OutputFile& file, std::string_view text);
 
 }  // namespace vexlator::formats

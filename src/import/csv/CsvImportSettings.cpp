@@ -11,7 +11,7 @@ namespace vexlator::importer {
 
 namespace {
 
-/// What gv.ini says.
+/// The values in gv.ini.
 struct IniSettings : formats::CsvTable {
     std::string separator, fixedFeature;
 };
@@ -20,16 +20,18 @@ using Keys = config::Keys<IniSettings>;
 
 constexpr config::KeyOf<IniSettings> keys[] = {
     Keys::Text("CSVIN", "East", &IniSettings::east,
-               "name of the east column; without a header its position from 0", "none; position 0"),
+               "name of the east column. In files without a header: its position, counted from 0",
+               "none; position 0"),
     Keys::Text("CSVIN", "North", &IniSettings::north,
-               "name of the north column; without a header its position from 0", "none; position 0"),
+               "name of the north column. In files without a header: its position, counted from 0",
+               "none; position 0"),
     Keys::Text("CSVIN", "Key", &IniSettings::key,
-               "name of the key column; without a header its position from 0", "none; position 0"),
-    Keys::Text("CSVIN", "FixedFeature", &IniSettings::fixedFeature, "feature code of every file",
-               "the file's name"),
-    Keys::Text("CSVIN", "Separator", &IniSettings::separator, "TAB: fields are separated by tabs",
-               "by commas"),
-    Keys::Switch("CSVIN", "header", &IniSettings::header, "the files have a header line"),
+               "name of the key column. In files without a header: its position, counted from 0",
+               "none; position 0"),
+    Keys::Text("CSVIN", "FixedFeature", &IniSettings::fixedFeature,
+               "feature code of the features of every file", "the file's name"),
+    Keys::Text("CSVIN", "Separator", &IniSettings::separator, "TAB: tabs separate the fields", "commas"),
+    Keys::Switch("CSVIN", "header", &IniSettings::header, "files have a header line"),
 };
 
 }  // namespace

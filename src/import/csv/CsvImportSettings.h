@@ -9,7 +9,7 @@
 
 namespace vexlator::importer {
 
-/// How the files of an import are laid out, from section [CSVIN].
+/// The layout of the files of an import, from section [CSVIN].
 struct CsvImportSettings {
     formats::CsvTable table;
     std::string fixedFeature;  ///< feature code of every file, in capitals; "": the file's name
@@ -18,8 +18,8 @@ struct CsvImportSettings {
 CsvImportSettings ReadCsvImportSettings(const config::Run& run);
 config::KeyList CsvImportKeys();
 
-/// What to set in gv.ini where it does not name all three columns of a table with a header, a line; "" when
-/// it does.
+/// Advice for gv.ini, in one line, if it does not name all three columns of a table with a header; "" if it
+/// does.
 std::string WhatToSet(const formats::CsvTable& table, const formats::CsvColumns& columns);
 
 }  // namespace vexlator::importer

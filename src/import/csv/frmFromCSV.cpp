@@ -88,16 +88,15 @@ void frmFromCSV::ReadRecords(formats::CsvRecords& records, const std::string& sy
             missing.Count(names - record.values.size(), records.Line());
             AttachCsvAttributes(record);
         }
+        import_.CountFeatures(1);
         import_.Sink().FeatureDone();
         file.DoneBefore(records.Position());
         if (records.Count() % refreshStep == 0) ShowCsvProgress(records.Count());
     }
     std::uint64_t all = records.Count();
-    Tell(file.Name(), "rows that lack a coordinate, which counts as 0", notLocated, all);
-    Tell(file.Name(), "rows with a coordinate that is a number only at its beginning, which counts", doubtful,
-         all);
+    Tell(file.Name(), "rows without a coordinate, which is taken as 0", notLocated, all);
+    Tell(file.Name(), "rows with a coordinate that only starts with a number, which is used", doubtful, all);
     ShowCsvProgress(records.Count());
-    import_.CountFeatures(records.Count());
 }
 
 void frmFromCSV::Tell(const std::string& fileName, const std::string& what, const OddRows& rows,

@@ -14,8 +14,8 @@
 
 namespace vexlator::importer {
 
-/// Tables of points become one drawing: each record a symbol on the layer of its file's feature code, the
-/// values of its other columns text attributes. Settings: section [CSVIN].
+/// Imports tables of points into one drawing. Each record becomes a symbol on the layer of its file's feature
+/// code. The values of its other columns become text attributes. Settings: section [CSVIN].
 class frmFromCSV {
 public:
     explicit frmFromCSV(config::Run& run);
@@ -24,12 +24,13 @@ public:
     /// beside `sourcePath`) and saves the drawing in `sourceFolder` under the first one's base name.
     /// A file that cannot be opened, or whose columns are missing, is reported and left out, and the outcome
     /// is Failed, or StoppedByUser when an answer left out all that there was.
-    /// @throws platform::ReadError for a damaged file, platform::WriteError; then nothing is saved
+    /// @throws platform::ReadError for an only file that is damaged, platform::WriteError; then nothing is
+    /// saved
     config::Outcome Start(std::string_view sourcePath, std::string_view sourceFolder,
                           std::string_view fileList);
 
 private:
-    /// False when the file is left out.
+    /// False if the file is left out.
     bool ImportCsvFile(const std::string& path);
     bool ImportTable(const std::string& code, platform::MappedFile& file);
     bool HasItsColumns();

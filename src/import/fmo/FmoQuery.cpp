@@ -16,7 +16,7 @@ using database::Table;
 
 namespace {
 
-/// " WHERE E>minX AND ...": all four sides are outside.
+/// " WHERE E>minX AND ...": positions on the sides are outside.
 std::string Condition(const std::string& east, const std::string& north,
                       const config::ImportExtentBox& extent) {
     if (!extent.IsSet()) return "";
@@ -31,7 +31,7 @@ std::string Joined(const std::vector<std::string>& names) {
     return text;
 }
 
-/// Coordinates may stand in columns of text, which compare as text.
+/// Coordinates can be in text columns, which compare as text.
 std::string AsNumber(const Connection& connection, const std::string& column) {
     if (connection.Kind() == Connection::Product::Other) return column;
     return "CAST(" + column + " AS DOUBLE PRECISION)";
@@ -82,7 +82,12 @@ FmoQuery FmoQuery::Lines(const database::FmoDefinition& definition) {
 
 FmoQuery::Statement FmoQuery::For(Connection& connection) const {
     std::optional<Table> table = Table::Find(connection, table_);
-    if (!table) throw database::DatabaseError("42S02", "there is no table \"" + table_ + "\"", shown_);
+    if (!table)
+        throw database::DatabaseError(
+            "42S02",
+            "there is no table \"" + table_ + "\"" +
+                (connection.HasFoundDamage() ? ", and the database is damaged: repair and compact it" : ""),
+            shown_);
     std::vector<std::string> names, columns;
     auto add = [&](const Table::ColumnInfo& column, const std::string& value) {
         names.push_back(column.plain);
@@ -100,7 +105,7 @@ FmoQuery::Statement FmoQuery::For(Connection& connection) const {
     statement.sql = "SELECT " + Joined(columns) + " FROM " + table->Name();
     statement.columns = std::move(names);
     statement.rowCount = RowCountToProve(connection, *table);
-    // Only whole tables can be counted.
+    // Only the rows of whole tables can be counted.
     if (statement.rowCount)
         statement.extent = extent_;
     else if (extent_.IsSet())

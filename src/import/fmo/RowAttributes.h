@@ -12,15 +12,15 @@
 
 namespace vexlator::importer {
 
-/// The columns of a query's rows, from one of them to the last, as text attributes named after them.
+/// The columns of a query's rows, from one of them to the last, as text attributes with the columns' names.
 class RowAttributes {
 public:
-    /// @param rows has run and outlives this object
+    /// @param rows has been executed and must outlive this object
     /// @param columns names of all columns of `rows`
     RowAttributes(drawing::Drawing& drawing, const database::Statement& rows,
                   std::span<const std::string> columns, std::size_t firstColumn);
 
-    /// Gives the entity added last the values of the current row.
+    /// Gives the last added entity the values of the current row.
     void AttachTo(drawing::Drawing& drawing);
 
 private:
@@ -30,8 +30,8 @@ private:
     std::string text_;
 };
 
-/// A column's value as text: "" for NULL; numbers without zeros that say nothing, so 2.0 reads 2; bytes as
-/// capital hexadecimal digits. Valid until the next call with the same buffer.
+/// A column's value as text: "" for NULL; numbers without trailing zeros, so 2.0 reads 2; bytes as capital
+/// hexadecimal digits. Valid until the next call with the same buffer.
 std::string_view FieldValueText(const database::Statement& rows, std::size_t column, std::string& buffer);
 
 }  // namespace vexlator::importer

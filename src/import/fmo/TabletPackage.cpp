@@ -13,7 +13,8 @@
 namespace vexlator::importer {
 
 TabletPackage::TabletPackage(config::Run& run, std::string_view packagePath)
-    : folder_(util::ChangeExtension(packagePath, "")),
+    : use_(packagePath, "somebody else is importing it; try again when that has ended"),
+      folder_(util::ChangeExtension(packagePath, "")),
       unpacked_(workflow::frmZip2(run).UnZipJobFolder(packagePath)) {}
 
 TabletPackage::~TabletPackage() {

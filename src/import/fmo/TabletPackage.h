@@ -4,6 +4,7 @@
 
 #include "config/Run.h"
 #include "database/FmoDefinition.h"
+#include "platform/Files.h"
 #include "platform/MadeFiles.h"
 
 #include <string>
@@ -12,30 +13,31 @@
 
 namespace vexlator::importer {
 
-/// A tablet package, unpacked into the folder beside it that has its base name.
+/// A tablet package, unpacked into the folder beside it with its base name.
 class TabletPackage {
 public:
     /// @throws platform::ReadError, platform::WriteError
     TabletPackage(config::Run& run, std::string_view packagePath);
-    /// Removes what was unpacked, and the folder when it is empty then. What others put or changed there
-    /// stays, and so do files that were there before: an export of the same name puts its results into this
-    /// folder.
+    /// Removes the unpacked files, and then the folder if it is empty. Files that others added or changed
+    /// stay. Files that existed before stay too, because an export with the same name puts its results into
+    /// this folder.
     ~TabletPackage();
     TabletPackage(const TabletPackage&) = delete;
     TabletPackage& operator=(const TabletPackage&) = delete;
 
-    /// Base name, in capitals, of the first database in the package; "" when there is none.
+    /// Base name, in capitals, of the first database in the package; "" if there is none.
     std::string DatabaseName() const;
-    /// Leaves what was unpacked where it is.
+    /// Keeps the unpacked files.
     void Keep() { isKept_ = true; }
 
 private:
+    platform::ExclusiveUse use_;  ///< of the package: two imports would unpack into the same folder
     std::string folder_;
     platform::MadeFiles unpacked_;
     bool isKept_ = false;
 };
 
-/// The FMO files in a folder that name a database of that base name. @throws platform::ReadError
+/// The FMO files in a folder whose database has that base name. @throws platform::ReadError
 std::vector<database::FmoFile> FmoFilesForDatabase(std::string_view folder, std::string_view databaseName);
 
 }  // namespace vexlator::importer

@@ -32,16 +32,16 @@ using util::PlanePoint;
 
 namespace {
 
-/// The second comma field of a template's line, its brackets taken for commas, without a second form in angle
-/// brackets.
+/// The second comma field of a template's line, with its brackets read as commas, without a second name in
+/// angle brackets.
 std::string ColumnOfTemplateLine(std::string_view line) {
     std::string fields = util::ReplaceAll(line, "]", ",");
     std::string_view name = util::GetCommaField(2, fields);
     return std::string(util::Trim(name.substr(0, name.find('<'))));
 }
 
-/// The columns that a feature code's template lists but for the first, which stands for the key; every column
-/// when there is no template.
+/// The columns listed in a feature code's template, except the first, which stands for the key; every column
+/// if there is no template.
 SelectList TemplateSelectList(const config::Run& run, const std::string& code) {
     constexpr std::size_t shortestField = 11;
     SelectList list;
@@ -61,12 +61,12 @@ SelectList TemplateSelectList(const config::Run& run, const std::string& code) {
     return list;
 }
 
-/// Nothing when the value is NULL, no number, or more than that.
+/// Nothing if the value is NULL, not a number, or out of range.
 std::optional<double> Coordinate(const Statement& rows, std::size_t column) {
     return rows.IsNull(column) ? std::nullopt : util::WholeNumberOf(rows.Text(column));
 }
 
-/// As the condition of a query has it.
+/// In the form of a query's condition.
 bool IsInside(const config::ImportExtentBox& extent, double east, double north) {
     return !extent.IsSet() ||
            (east > extent.minX && north > extent.minY && east < extent.maxX && north < extent.maxY);
@@ -127,7 +127,7 @@ config::Outcome frmFromFMO::StartTablet(std::string_view packagePath, std::strin
 
 config::Outcome frmFromFMO::Save() {
     import_.View().SetLabel("Completed!");
-    // Half of a table is better than nothing, but does not replace a drawing.
+    // Half of a table is better than nothing, but must not replace a drawing.
     bool isHalf = !tableReadToEnd_ && util::FileSize(import_.Target()) > 0;
     import_.CountFeatures(isHalf ? 0 : features_);
     return import_.Finish();
@@ -201,7 +201,7 @@ bool frmFromFMO::ImportPoints(std::unique_ptr<Connection> connection, const FmoQ
     return false;
 }
 
-/// Returns why a row has no place, at which the import ends; "" behind the last row.
+/// Imports rows. Returns why a row has no position, which ends the import; "" at the end of the rows.
 std::string frmFromFMO::AddPoints(Statement& rows, const FmoQuery::Statement& statement,
                                   const std::string& symbol) {
     RowAttributes attributes(drawing_, rows, statement.columns, 2);
@@ -211,7 +211,8 @@ std::string frmFromFMO::AddPoints(Statement& rows, const FmoQuery::Statement& st
         std::optional<double> east = Coordinate(rows, 0), north = Coordinate(rows, 1);
         if (!east || !north)
             return "row " + std::to_string(row) + ", key " + std::string(rows.Text(2)) +
-                   ": a coordinate is no number";
+                   ": a coordinate is not a number" +
+                   (rows.HasFoundDamage() ? ", the database is damaged" : "");
         if (!IsInside(statement.extent, *east, *north)) continue;
         drawing_.addInsert({*east, *north, 0}, symbol, 1, 1, 0);
         attributes.AttachTo(drawing_);

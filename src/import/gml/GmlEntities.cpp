@@ -36,27 +36,20 @@ bool HaveSameAttributes(const formats::GmlFeature& feature, const formats::GmlPa
 void GmlEntities::BeginFile(bool lineLayout) {
     lineLayout_ = lineLayout;
     previousType_.reset();
-    features_ = withoutPoints_ = withArcs_ = damaged_ = copiedBytes_ = 0;
+    copiedBytes_ = 0;
 }
 
-void GmlEntities::Add(const formats::GmlFeature& feature, std::size_t bytesRead) {
-    if (!feature.damage.empty()) {
-        if (++damaged_ == 1) firstDamage_ = feature.damage;
-        return;
-    }
+bool GmlEntities::Add(const formats::GmlFeature& feature, std::size_t bytesRead) {
+    if (!feature.damage.empty()) return false;
     if (feature.type != previousType_) SelectFeatureTypeLayer(feature.type);
-    if (feature.parts.empty()) {
-        ++withoutPoints_;
-        return;
-    }
-    ++features_;
-    if (feature.hasArcs) ++withArcs_;
+    if (feature.parts.empty()) return false;
     bool isPoint = feature.points.size() == 1;
     if (lineLayout_ && !feature.threeDimensional && !isPoint) run_.Ui().ShowMessage("2d");
     for (std::size_t part = 0; part < feature.parts.size(); ++part) {
         AddPart(feature, part);
         AddAttributes(feature, part, bytesRead);
     }
+    return true;
 }
 
 void GmlEntities::SelectFeatureTypeLayer(const std::string& type) {
@@ -139,7 +132,7 @@ drawing::AttributeSet GmlEntities::AttributesOf(const formats::GmlFeature& featu
     return *set;
 }
 
-/// Every surface of a feature has all its properties, so a small file could ask for a huge drawing.
+/// Every surface of a feature has all its properties, so a small file could produce a huge drawing.
 void GmlEntities::CountCopies(const formats::GmlFeature& feature, std::size_t bytesRead) {
     for (const formats::GmlProperty& property : feature.properties) copiedBytes_ += property.value.size() + 1;
     if (copiedBytes_ > copiesAllowed + copiesPerByte * bytesRead)

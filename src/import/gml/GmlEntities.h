@@ -17,33 +17,29 @@
 
 namespace vexlator::importer {
 
-/// Puts the features of GML files into a drawing: a point becomes a symbol, any other part an open polyline,
-/// on the layer of the feature's type, with the feature's properties as attributes. Surfaces of a feature
-/// that has several carry their number as MPOLY, holes follow their surface and carry ISHOLE.
+/// Puts the features of GML files into a drawing. A point becomes a symbol, any other part an open polyline.
+/// They are on the layer of the feature's type and have the feature's properties as attributes. Several
+/// surfaces of a feature have their numbers as MPOLY. Holes follow their surface and have ISHOLE.
 class GmlEntities {
 public:
     GmlEntities(config::Run& run, drawing::Drawing& drawing) : run_(run), drawing_(drawing) {}
 
-    /// In the line layout names and values end at their first ":", and "2d" is shown for each line or surface
-    /// whose points have two values.
+    /// In the line layout, names and values end at their first ":", and "2d" is shown for each line or
+    /// surface whose points have two values.
     void BeginFile(bool lineLayout);
-    /// `bytesRead` of the file so far, which bound what features may repeat.
+    /// Features that are damaged or without points add nothing. `bytesRead` of the file so far, which bound
+    /// what features may repeat.
+    /// @returns false when nothing came of it
     /// @throws platform::ReadError without file and place
-    void Add(const formats::GmlFeature& feature, std::size_t bytesRead);
-
-    /// Of the file.
-    std::uint64_t Features() const { return features_; }
-    std::uint64_t FeaturesWithoutPoints() const { return withoutPoints_; }
-    std::uint64_t FeaturesWithArcs() const { return withArcs_; }
-    std::uint64_t DamagedFeatures() const { return damaged_; }
-    const std::string& FirstDamage() const { return firstDamage_; }  ///< its line and reason
+    bool Add(const formats::GmlFeature& feature, std::size_t bytesRead);
 
 private:
-    /// What the features of a type have in common.
+    /// Common data of the features of a type.
     struct Type {
         std::string style, symbol;
-        std::vector<std::string> names;                            ///< properties of the feature read last
-        std::array<std::optional<drawing::AttributeSet>, 4> sets;  ///< by what its parts carry beside them
+        std::vector<std::string> names;  ///< properties of the last feature
+        std::array<std::optional<drawing::AttributeSet>, 4>
+            sets;  ///< by the additional attributes of its parts
     };
 
     void SelectFeatureTypeLayer(const std::string& type);
@@ -61,8 +57,6 @@ private:
     std::optional<std::string> previousType_;
     std::unordered_map<std::string, Type> types_;
     Type* type_ = nullptr;
-    std::uint64_t features_ = 0, withoutPoints_ = 0, withArcs_ = 0, damaged_ = 0;
-    std::string firstDamage_;
     std::uint64_t copiedBytes_ = 0;
 };
 

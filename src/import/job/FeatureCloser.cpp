@@ -17,10 +17,10 @@ void FeatureCloser::IndexLabels() {
     });
 }
 
-void FeatureCloser::CloseAll(const std::string& label, bool fill) {
+bool FeatureCloser::CloseAll(const std::string& label, bool fill) {
     IndexLabels();
     auto found = byLabel_.find(label);
-    if (found == byLabel_.end()) return;
+    if (found == byLabel_.end()) return false;
     Labelled& labelled = found->second;
     if (labelled.filled != fill) labelled.closed = 0;
     for (; labelled.closed < labelled.polylines.size(); ++labelled.closed) {
@@ -29,6 +29,7 @@ void FeatureCloser::CloseAll(const std::string& label, bool fill) {
         polyline.setFilled(fill);
     }
     labelled.filled = fill;
+    return true;
 }
 
 }  // namespace vexlator::importer

@@ -11,7 +11,7 @@ namespace vexlator::importer {
 
 namespace {
 
-/// Attribute values stand in the order of all fields of the template, those called NULL included.
+/// Attribute values are in the order of all fields of the template, including those with the name NULL.
 std::vector<std::string> LoadTemplateFieldNames(const std::string& templatePath) {
     std::vector<std::string> names;
     for (drawing::AtpField& field : drawing::ReadAtpFields(templatePath, drawing::NullFields::Keep))

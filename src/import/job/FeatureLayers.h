@@ -13,34 +13,34 @@
 
 namespace vexlator::importer {
 
-/// What the template of a feature code says of its features.
+/// Data from the template of a feature code.
 struct FeatureTemplate {
-    std::string style;                     ///< its STYLE text; empty when there is none
+    std::string style;                     ///< its STYLE text; empty if there is none
     std::vector<std::string> fields;       ///< names of its attributes
     drawing::AttributeSet attributes = 0;  ///< the same, in the drawing
-    drawing::AttributeSet identity = 0;    ///< the one attribute of features that have no attribute record
-    std::optional<std::size_t> hotlink;    ///< the last field called HOTLINK, which names a photograph
-    std::optional<std::string> symbol;     ///< block of its points, once it has been looked up
+    drawing::AttributeSet identity = 0;    ///< the only attribute of features without an attribute record
+    std::optional<std::size_t> hotlink;    ///< the last field with the name HOTLINK, which names a photograph
+    std::optional<std::string> symbol;     ///< block of its points, after the first look-up
 };
 
-/// Makes the layer of a feature code the current one, with the colour, attributes and symbol that its
-/// template gives it. Templates are read once for each code of a run.
+/// Makes the layer of a feature code the current one, with the colour, attributes and symbol of its template.
+/// Each template is read once per run.
 class FeatureLayers {
 public:
     enum class Kind { Point, Line };
 
     FeatureLayers(config::Run& run, drawing::Drawing& drawing);
 
-    /// The code that a point code stands for. The text stays where it is.
+    /// The code that a point code stands for. The text stays in its place.
     const std::string& MapAliasCode(std::string_view code);
 
-    /// Nothing changes, the symbol neither, when the code's layer is the current one and has a style.
+    /// Changes nothing, not even the symbol, if the code's layer is the current one and has a style.
     void SelectFeatureLayer(std::string_view code, Kind kind);
-    /// The code selected last. Only after the first SelectFeatureLayer().
+    /// The last selected code. Only after the first SelectFeatureLayer().
     const FeatureTemplate& Current() const { return *current_; }
-    /// The block for points; empty when no point code has been selected, or when there is no symbol.
+    /// The block for points; empty if no point code has been selected, or if there is no symbol.
     const std::string& SymbolBlock() const { return symbol_; }
-    /// The next SelectFeatureLayer() starts afresh: the layer selected last is to be erased.
+    /// The next SelectFeatureLayer() starts anew, because the last selected layer will be erased.
     void Forget() { current_ = nullptr; }
 
 private:

@@ -10,9 +10,9 @@ using Keys = config::Keys<JobSettings>;
 
 constexpr config::KeyOf<JobSettings> keys[] = {
     Keys::Flag("JOB", "ImportQA", &JobSettings::importQA,
-               "device job imports mark the quality of GPS positions"),
+               "imports of device jobs mark the quality of GPS positions"),
     Keys::Switch("JOB", "ForceClose", &JobSettings::forceClose,
-                 "areas of device jobs are always closed, not only where their ends meet"),
+                 "imports of device jobs close every area. Off: they close areas whose ends meet"),
 };
 
 }  // namespace

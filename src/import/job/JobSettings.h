@@ -10,7 +10,7 @@ namespace vexlator::importer {
 
 struct JobSettings {
     bool importQA = false;   ///< mark the quality of GPS positions
-    bool forceClose = true;  ///< close every area, not only those whose ends meet
+    bool forceClose = true;  ///< close every area, not only those with meeting ends
 };
 JobSettings ReadJobSettings(const config::Run& run);
 config::KeyList JobKeys();

@@ -20,15 +20,15 @@ using Row = formats::JobTable::Row;
 
 namespace {
 
-/// First and last vertex of an area that is closed by itself are nearer than 0.01 drawing units. Coordinates
-/// of a grid are doubles: ends that their texts have exactly that far apart may seem a hair nearer.
+/// An area is closed automatically if the distance of its first and last vertex is below 0.01 drawing units.
+/// Coordinates are doubles: ends at exactly that distance in their texts can seem slightly nearer.
 constexpr double closingDistance = 0.01 - 1e-8;
 
 std::string_view CodeOfFeature(std::string_view id) {
     return id.substr(0, id.find('('));
 }
 
-/// A style asks for filled areas unless its field 1 is negative.
+/// A style means filled areas unless its field 1 is negative.
 bool StyleFills(std::string_view style) {
     return util::GetCommaNumber(1, style) >= 0;
 }
@@ -40,7 +40,7 @@ drawing::Point PositionOf(const formats::JobTable& table, formats::JobTable::Row
 
 }  // namespace
 
-/// One job file while its records are imported.
+/// The state of one job file during its import.
 class JobToDrawing::Job {
 public:
     Job(JobToDrawing& importer, formats::JobTable& table, std::string_view jobPath)
@@ -115,7 +115,7 @@ void JobToDrawing::Job::ImportFeatureRecord(Row row) {
     vertexRecords_.TakeBelow(row, id, vertices_);
     vertices_.insert(vertices_.begin(), row);
 
-    // Whole first, markers after it: the drawing holds every entity in one piece.
+    // First the whole feature, then its markers, because the drawing holds every entity in one piece.
     drawing::Entity polyline = drawing_.addPolyline();
     for (Row vertex : vertices_) polyline.appendVertex(PositionOf(table_, vertex));
     polyline.setLabel(id);
@@ -148,10 +148,9 @@ void JobToDrawing::Job::CloseAreaIfNeeded(drawing::Entity polyline) {
 
 void JobToDrawing::Job::CloseFeature(std::string_view id) {
     layers_.SelectFeatureLayer(CodeOfFeature(id), FeatureLayers::Kind::Line);
-    // Unlike an area, a feature that is closed by command needs a style to be filled.
+    // Unlike an area, a feature closed by a command needs a style to be filled.
     const std::string& style = layers_.Current().style;
-    closer_.CloseAll(std::string(id), !style.empty() && StyleFills(style));
-    ++counts_.closings;
+    if (closer_.CloseAll(std::string(id), !style.empty() && StyleFills(style))) ++counts_.closings;
 }
 
 void JobToDrawing::Job::LeaveOut(Row row) {

@@ -14,22 +14,22 @@
 
 namespace vexlator::importer {
 
-/// What was made of a job file.
+/// The results of a job file.
 struct JobCounts {
     std::uint64_t entities = 0;   ///< points and features
     std::uint64_t positions = 0;  ///< points and vertices
-    std::uint64_t closings = 0;   ///< commands to close a feature
+    std::uint64_t closings = 0;   ///< commands that closed a feature
     std::uint64_t leftOut = 0;    ///< position records whose x or y is no number
     formats::JobTable::Row firstLeftOut = formats::JobTable::noRow;
 };
 
-/// Turns the records of job files into the entities of one drawing.
+/// Converts the records of job files to the entities of one drawing.
 class JobToDrawing {
 public:
     JobToDrawing(config::Run& run, drawing::Drawing& drawing, JobSettings settings);
 
-    /// Adds what the table holds, whose records are used up. Edited and deleted records must have been
-    /// resolved. `jobPath`: see RecordAttributes.
+    /// Adds the records of the table, which are used up. Edited and deleted records must have been resolved.
+    /// `jobPath`: see RecordAttributes.
     /// @throws platform::ReadError: line and reason
     JobCounts ImportRecords(formats::JobTable& table, std::string_view jobPath, ui::FormView& view);
 

@@ -20,7 +20,7 @@ struct Accuracy {
     double realTime = 0, postProcessed = 0, radius = 0;
 };
 
-/// Two numbers as in 0.020[0.012]; other brackets do not count.
+/// Two numbers, as in 0.020[0.012]; other brackets are ignored.
 Accuracy BracketedAccuracy(std::string_view text) {
     std::string numbers = util::ReplaceAll(util::ReplaceAll(text, "[", ","), "]", "");
     Accuracy accuracy;

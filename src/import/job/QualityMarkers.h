@@ -8,15 +8,15 @@
 
 namespace vexlator::importer {
 
-/// Circles on the layer $QA that show how well GPS positions were measured.
+/// Circles on the layer $QA that show the quality of GPS positions.
 class QualityMarkers {
 public:
     /// Makes the layer the current one.
     explicit QualityMarkers(drawing::Drawing& drawing);
 
-    /// `quality` is "satellites/DOP/differential mode/accuracy", where the accuracy is a number, the
-    /// real-time one, or two, the second in brackets, the post-processed one. Any other text gives no marker.
-    /// The radius is the post-processed accuracy, else the real-time one, in drawing units.
+    /// `quality` is "satellites/DOP/differential mode/accuracy". The accuracy is one number, the real-time
+    /// accuracy, or two: the second, in brackets, is the post-processed accuracy. Any other text gives no
+    /// marker. The radius is the post-processed accuracy, else the real-time one, in drawing units.
     void AddQualityMarker(const drawing::Point& position, std::string_view quality,
                           std::string_view pointNumber, std::string_view feature);
 

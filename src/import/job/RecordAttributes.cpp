@@ -12,7 +12,7 @@ namespace vexlator::importer {
 
 namespace {
 
-constexpr std::size_t firstValue = 2;  ///< the field where the values of an attribute record begin
+constexpr std::size_t firstValue = 2;  ///< the field with the first value of an attribute record
 
 formats::CellCursor ValuesOf(const formats::JobTable& table, formats::JobTable::Row row) {
     formats::CellCursor cells(table.Line(row));
@@ -88,9 +88,9 @@ std::string_view RecordAttributes::ValueOf(std::string_view cell) {
 }
 
 void RecordAttributes::FailTooWide() const {
-    throw platform::ReadError("", platform::ReadError::AtLine(table_.WidestLine()),
-                              util::GroupedCount(table_.Width()) +
-                                  " fields are more than every feature of the job can have attributes");
+    throw platform::ReadError(
+        "", platform::ReadError::AtLine(table_.WidestLine()),
+        util::GroupedCount(table_.Width()) + " fields are too many attributes for every feature of the job");
 }
 
 }  // namespace vexlator::importer

@@ -13,21 +13,22 @@
 
 namespace vexlator::importer {
 
-/// Gives features the values of their attribute records, for the job file that is being read.
+/// Gives features the values of their attribute records, for the current job file.
 class RecordAttributes {
 public:
-    /// One line with very many fields would give every feature as many attributes: what a job may cost is
-    /// limited to this many values that its records do not hold.
+    /// Limit for the values of a job that its records do not hold. Without it, one line with very many fields
+    /// would give every feature as many attributes.
     static constexpr std::uint64_t mostPadding = 64'000'000;
     /// Attributes without a template are called FIELD1, FIELD2 ... up to this number.
     static constexpr std::size_t mostNumberedFields = 65'536;
 
-    /// `table` must outlive the object. `jobPath` names the job; photographs lie beside it.
+    /// `table` must outlive the object. `jobPath` names the job; photographs are beside it.
     RecordAttributes(drawing::Drawing& drawing, const formats::JobTable& table, std::string_view jobPath);
 
-    /// Gives the entity added last the attributes of `row`; without a row (JobTable::noRow) the one that
-    /// tells its key, a point number or feature ID. A value named HOTLINK becomes the entity's hyperlink too.
-    /// @throws platform::ReadError naming the widest line, when one of the two limits is reached
+    /// Gives the last added entity the attributes of `row`. Without a row (JobTable::noRow), one attribute
+    /// with its key, a point number or feature ID. A value with the name HOTLINK also becomes the entity's
+    /// hyperlink.
+    /// @throws platform::ReadError naming the widest line, if one of the two limits is reached
     void AttachRecordAttributes(drawing::Entity entity, const FeatureTemplate& feature, std::string_view key,
                                 formats::JobTable::Row row);
 

@@ -13,8 +13,8 @@
 
 namespace vexlator::importer {
 
-/// The inserts made from a job file, by point number: a point that is measured again replaces the earlier
-/// one. Letter case does not count. The point numbers must outlive the object.
+/// The inserts made from a job file, by point number. A point that is measured again replaces the earlier
+/// one. Letter case is ignored. The point numbers must outlive the object.
 class UsedPoints {
 public:
     void EraseEarlier(std::string_view number, drawing::Drawing& drawing);
@@ -26,8 +26,8 @@ private:
     static constexpr std::uint32_t noEntity = 0xFFFFFFFF;
 
     formats::TextIndex numbers_;
-    std::vector<std::uint32_t> entities_;  ///< by the number's place in numbers_
-    std::deque<std::string> lowered_;      ///< numbers that had capital letters
+    std::vector<std::uint32_t> entities_;  ///< by the number's index in numbers_
+    std::deque<std::string> lowered_;      ///< numbers with capital letters
 };
 
 }  // namespace vexlator::importer

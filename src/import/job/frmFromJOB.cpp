@@ -32,7 +32,7 @@ bool ComesFrom(const drawing::Drawing& drawing, std::string_view jobPath) {
     });
 }
 
-/// Exports find the photographs of a drawing, and the job to record, by the job that it came from.
+/// Exports need the job of a drawing to find its photographs and to record the export.
 void NameSource(drawing::Drawing& drawing, std::string_view jobPath) {
     auto isSource = [](const auto& property) { return property.first == sourceProperty; };
     if (std::ranges::none_of(drawing.properties(), isSource))
@@ -49,7 +49,7 @@ void ReportLeftOut(ui::UserInterface& ui, const std::string& file, const formats
                    const JobCounts& counts) {
     if (counts.leftOut == 0) return;
     ui.Report(file + ": " + util::Counted(counts.leftOut, "position") +
-              " left out because x or y is no number, the first in line " +
+              " left out because x or y is not a number, the first in line " +
               std::to_string(table.LineNumber(counts.firstLeftOut)));
 }
 
@@ -76,12 +76,13 @@ config::Outcome frmFromJOB::Start(std::string_view sourcePath, std::string_view 
     return outcome;
 }
 
-/// A job that is imported twice has all of its features twice, and nothing else shows it.
+/// A second import of the same job would duplicate all of its features, and nothing else would show it.
 void frmFromJOB::ReportAddition(const config::Outcome& outcome, std::uint64_t before, bool isOfSameJob) {
     std::uint64_t added = std::max(outcome.features, before) - before;
     std::string line = platform::NativePath(outcome.target) + ": " + util::Counted(added, "feature") +
                        " added: now " + util::GroupedCount(outcome.features);
-    if (isOfSameJob) line += ", of this very job before; remove the drawing first to have them once";
+    if (isOfSameJob)
+        line += "; this job was imported before: remove the drawing first to import it only once";
     run_.Ui().Report(line);
 }
 
@@ -94,10 +95,10 @@ bool frmFromJOB::ImportJobFile(const std::string& path, JobToDrawing& importer) 
         formats::JobTable table(text.Text());
         formats::ResolveSupersededRecords(table);
         counts = importer.ImportRecords(table, path, import_.View());
-        import_.CountFeatures(counts.entities);
+        import_.CountFeatures(counts.entities + counts.closings);
         ReportLeftOut(run_.Ui(), file->Name(), table, counts);
         if (counts.entities + counts.closings == 0) {
-            run_.Ui().ShowMessage(file->Name() + ": holds no position of a device job to import");
+            run_.Ui().ShowMessage(file->Name() + ": contains no position of a device job to import");
             return false;
         }
     } catch (const platform::ReadError& error) {

@@ -12,8 +12,8 @@
 
 namespace vexlator::importer {
 
-/// Job files of the field device (JOB, PAK) become one drawing: points become symbols, lines and areas become
-/// polylines, their values text attributes, and the GPS trails beside them GPX files.
+/// Imports job files of the field device (JOB, PAK) into one drawing. Points become symbols, lines and areas
+/// become polylines, values become text attributes. The GPS trails beside them become GPX files.
 class frmFromJOB {
 public:
     explicit frmFromJOB(config::Run& run)
@@ -25,13 +25,13 @@ public:
     /// `sourcePath` as that. A file that cannot be opened or holds no record, or a trail that cannot be
     /// converted, is reported and left out, and the outcome is Failed. The outcome counts what the drawing
     /// holds.
-    /// @throws platform::ReadError for a damaged drawing, template or job, platform::WriteError; then no
+    /// @throws platform::ReadError for a damaged drawing, template or only job, platform::WriteError; then no
     /// drawing is saved
     config::Outcome Start(std::string_view sourcePath, std::string_view sourceFolder,
                           std::string_view fileList);
 
 private:
-    /// False when the file cannot be opened or holds no record.
+    /// False if the file cannot be opened or has no records.
     bool ImportJobFile(const std::string& path, JobToDrawing& importer);
     void ReportAddition(const config::Outcome& outcome, std::uint64_t before, bool isOfSameJob);
 

@@ -20,7 +20,7 @@ namespace {
 
 constexpr std::int32_t lineWeight = 30;
 constexpr std::int32_t textAlignment = 24;
-constexpr std::size_t shortestCoordinates = 5;  // a shorter line before a polyline's vertices is their count
+constexpr std::size_t shortestCoordinates = 5;  // a shorter line before a polyline's vertices is their number
 constexpr std::size_t longestShownLine = 500;
 
 std::vector<std::string> NamesOf(const formats::MifHeader& header) {
@@ -33,7 +33,7 @@ bool HasWord(std::string_view upper, std::string_view word) {
     return upper.find(word) != std::string_view::npos;
 }
 
-/// The whole number that follows a word; 0 when there is none.
+/// The whole number after a word; 0 if there is none.
 std::int64_t CountAfter(std::string_view word, std::string_view upper) {
     return HasWord(upper, word) ? util::IntegerOf(upper.substr(upper.find(word) + word.size())) : 0;
 }
@@ -161,7 +161,7 @@ void MifToDrawing::AddPolyline(std::string_view upper) {
     FinishObject();
 }
 
-/// All rings go into one polyline; each further one is reached from, and returns to, the end of the first.
+/// All rings become one polyline. Each further ring starts at the end of the first and returns to it.
 void MifToDrawing::AddRegion(std::string_view upper) {
     BeginArea();
     std::int64_t rings = std::max<std::int64_t>(CountAfter("REGION", upper), 1);
@@ -191,7 +191,7 @@ void MifToDrawing::AddText(std::string_view line) {
     FinishObject();
 }
 
-/// Reads the lines about a text's looks, which end with an empty line.
+/// Reads the style lines of a text, which end with an empty line.
 double MifToDrawing::ReadTextRotation() {
     double rotation = 0;
     while (!lines_.AtEnd()) {
@@ -237,7 +237,7 @@ void MifToDrawing::AddPointSet() {
     ++objects_;
 }
 
-/// Its parts follow as objects of their own.
+/// Its parts follow as separate objects.
 void MifToDrawing::BeginCollection(std::string_view line, std::string_view upper) {
     if (!extended_) ShowUnknownLine(line);
     partsLeft_ = CountAfter("COLLECTION", upper);
@@ -245,7 +245,7 @@ void MifToDrawing::BeginCollection(std::string_view line, std::string_view upper
     if (partsLeft_ <= 0) SkipRow();
 }
 
-/// An object that is not taken has its row all the same.
+/// An object that is not imported still has its row.
 void MifToDrawing::PassOver(std::string_view line) {
     ShowUnknownLine(line);
     if (rows_) rows_->ReadRow();
@@ -297,7 +297,7 @@ void MifToDrawing::FinishObject() {
 
 // --- Attributes
 
-/// The parts of a collection follow one another and have one row.
+/// The parts of a collection follow one another and share one row.
 void MifToDrawing::AddAttributes() {
     if (!rows_) return;
     bool isPart = partsLeft_ > 0;
@@ -318,7 +318,7 @@ void MifToDrawing::ReadMidAttributes() {
     for (std::size_t i = present; i < columnCount_; ++i) drawing_.appendValue("");
 }
 
-// --- What is told
+// --- Messages
 
 void MifToDrawing::ShowUnknownLine(std::string_view line) {
     if (formats::TrimmedLine(line).empty()) return;
@@ -337,7 +337,7 @@ std::vector<std::string> MifToDrawing::Remarks() const {
     if (none_ > 0) remarks.push_back("objects without geometry, left out: " + util::GroupedCount(none_));
     if (notTaken_ > 0)
         remarks.push_back("arcs and rectangles, left out: " + util::GroupedCount(notTaken_) +
-                          "; [MIDIN] Extended=1 takes them");
+                          "; [MIDIN] Extended=1 imports them");
     if (unknown_ > mostUnknownLines)
         remarks.push_back(util::GroupedCount(unknown_ - mostUnknownLines) + " more lines are not known");
     if (!decoder_.IsKnown())

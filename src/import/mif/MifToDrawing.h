@@ -21,46 +21,49 @@
 namespace vexlator::importer {
 
 /// Makes entities of the objects of a MapInfo interchange file, on the active layer of a drawing in its
-/// active colour. Layout facts: the published MapInfo interchange format.
+/// active colour. Source: MapInfo Data Interchange Format, appendix J of the MapInfo reference manual: part
+/// on the MIF data section.
 class MifToDrawing {
 public:
     struct Target {
         drawing::Drawing& drawing;
-        ui::UserInterface& ui;  ///< hears of lines that are no object
+        ui::UserInterface& ui;  ///< gets messages about lines that are not objects
         std::string symbol;     ///< block that draws points
-        /// Arcs, rectangles, sets of points and collections become entities too, and the line of an object
-        /// ends the text before it.
+        /// Arcs, rectangles, multipoints and collections become entities too, and the line of an object ends
+        /// the text before it.
         bool extended = false;
     };
 
-    /// `lines` stand behind the header. `mid`, the text of the .MID file, outlives the object; without it
+    /// `lines` start after the header. `mid`, the text of the .MID file, must outlive the object. Without it
     /// entities get no attributes.
     MifToDrawing(const Target& target, const formats::MifHeader& header, const formats::MifLines& lines,
                  std::optional<std::string_view> mid);
 
-    /// Reads to the end of the next object; false at the end of the file. Lines that are no object are shown
-    /// as messages, at most mostUnknownLines of them.
-    /// @throws platform::ReadError: of lines with the name of their file; without one for rows that are too
+    /// Reads to the end of the next object; false at the end of the file. Messages show at most
+    /// mostUnknownLines lines that are not objects.
+    /// @throws platform::ReadError: with the name of the file for lines, without it for rows that are too
     /// long or lack too much
     bool ReadObject();
-    /// Shows the first row that no object is left for, when there is one.
+    /// Reports the first row without an object, if there is one.
     void ShowRemainingRows();
-    /// What the person should know about the file, a line each.
+    /// Messages for the user about the file, one line each.
     std::vector<std::string> Remarks() const;
 
-    /// The next object may share the attributes of the one read last.
+    /// The next object may share the attributes of the last one.
     bool IsWithinCollection() const { return partSharesRow_ && partsLeft_ > 0; }
     std::uint64_t ObjectCount() const { return objects_; }
-    std::uint64_t MultiSectionCount() const { return multiSection_; }  ///< polylines of several sections
-    std::uint64_t NoneCount() const { return none_; }                  ///< objects without geometry
+    std::uint64_t MultiSectionCount() const {
+        return multiSection_;
+    }                                                  ///< number of polylines with several sections
+    std::uint64_t NoneCount() const { return none_; }  ///< number of objects without geometry
     const formats::MifLines& Lines() const { return lines_; }
-    /// Where the next row begins in the .MID file.
+    /// Start of the next row in the .MID file.
     std::size_t RowPosition() const { return rows_ ? rows_->Position() : 0; }
 
     static constexpr std::uint64_t mostUnknownLines = 1000;
 
 private:
-    /// Vertices of a run of coordinate lines.
+    /// Vertices of consecutive coordinate lines.
     struct Course {
         std::size_t count = 0;
         util::PlanePoint first, last;
@@ -108,7 +111,7 @@ private:
 
     bool started_ = false;  ///< the "Data" line was read
     std::uint64_t objects_ = 0, multiSection_ = 0, none_ = 0, notTaken_ = 0, unknown_ = 0;
-    std::int64_t partsLeft_ = 0;  ///< of a collection
+    std::int64_t partsLeft_ = 0;  ///< remaining parts of a collection
     bool partSharesRow_ = false;  ///< the next part has the attributes of the one before it
 };
 

@@ -27,11 +27,9 @@ struct MifImportSettings {
 using Keys = config::Keys<MifImportSettings>;
 
 constexpr config::KeyOf<MifImportSettings> keys[] = {
-    Keys::Flag(
-        "MIDIN", "Extended", &MifImportSettings::extended,
-        "MIF imports make polylines and symbols of arcs, rectangles, sets of points and collections too, and "
-        "let the next object end a text; otherwise lines of these are reported, and a text lasts to the next "
-        "empty line"),
+    Keys::Flag("MIDIN", "Extended", &MifImportSettings::extended,
+               "MIF imports convert arcs, rectangles, multipoints and collections too, and a text ends at "
+               "the next object. Off: imports report these objects, and a text ends at the next empty line"),
 };
 
 void GenerateTemplate(config::Run& run, const std::string& code, const formats::MifHeader& header) {
@@ -92,11 +90,12 @@ void frmFromMID::ReadObjects(MifToDrawing& objects, platform::MappedFile& mif, p
             refreshed = objects.Lines().Line();
             threshold += refreshStep;
         }
+        ShowProgress(objects);
+        objects.ShowRemainingRows();
     } catch (const platform::ReadError& error) {
+        import_.CountFeatures(objects.ObjectCount());
         throw error.InFile(mid ? mid->Name() : mif.Name());
     }
-    ShowProgress(objects);
-    objects.ShowRemainingRows();
     import_.CountFeatures(objects.ObjectCount());
 }
 

@@ -15,8 +15,8 @@ namespace vexlator::importer {
 
 class MifToDrawing;
 
-/// MapInfo interchange files become one drawing, one layer for each pair of .MIF and .MID: points become
-/// symbols, lines and areas become polylines, the columns of the .MID rows become text attributes.
+/// Imports MapInfo interchange files into one drawing, with one layer for each pair of .MIF and .MID. Points
+/// become symbols, lines and areas become polylines, the columns of the .MID rows become text attributes.
 class frmFromMID {
 public:
     explicit frmFromMID(config::Run& run)
@@ -26,12 +26,13 @@ public:
     /// beside `sourcePath`) and saves the drawing in `sourceFolder` under the first one's base name. The
     /// extensions do not count. A file that cannot be opened is reported; without its .MID a .MIF is imported
     /// without attributes; in both cases the outcome is Failed.
-    /// @throws platform::ReadError for a damaged file, platform::WriteError; then nothing is saved
+    /// @throws platform::ReadError for an only file that is damaged, platform::WriteError; then nothing is
+    /// saved
     config::Outcome Start(std::string_view sourcePath, std::string_view sourceFolder,
                           std::string_view fileList);
 
 private:
-    /// False when one of the two files could not be read.
+    /// False if one of the two files could not be read.
     bool ImportMifFile(const std::string& path);
     void ReadObjects(MifToDrawing& objects, platform::MappedFile& mif, platform::MappedFile* mid);
     void ShowProgress(const MifToDrawing& objects);

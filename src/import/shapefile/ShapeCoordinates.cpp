@@ -53,7 +53,7 @@ void ShapeCoordinates::LoadSystem(const std::string& prjPath) {
 
 std::string ShapeCoordinates::FollowPrj(const std::string& prjName) {
     if (!system_->IsKnown()) return "the settings hold";
-    if (!settings_.followPrj) return "the settings hold ([SHPin] FOLLOWPRJ=1 would follow the .PRJ)";
+    if (!settings_.followPrj) return "the settings are used ([SHPin] FOLLOWPRJ=1 converts by the .PRJ)";
     if (system_->SuitsLatLng()) {
         rule_ = Rule::Degrees;
     } else {
@@ -61,7 +61,7 @@ std::string ShapeCoordinates::FollowPrj(const std::string& prjName) {
         if (!reason.empty()) return "the settings hold, because " + reason;
         rule_ = Rule::Prj;
     }
-    return "the .PRJ is followed ([SHPin] FOLLOWPRJ=1)";
+    return "converted by the .PRJ ([SHPin] FOLLOWPRJ=1)";
 }
 
 void ShapeCoordinates::Convert(std::span<util::PlanePoint> vertices) {

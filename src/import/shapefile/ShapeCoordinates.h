@@ -16,17 +16,17 @@
 
 namespace vexlator::importer {
 
-/// What the coordinates of shapefiles are, and how they become the drawing's: as [SHPin] LL and USFT say, or
-/// with FOLLOWPRJ as the .PRJ says. A .PRJ that differs from the settings is told in one line.
+/// The coordinate system of shapefiles and the conversion to the drawing's: by [SHPin] LL and USFT, or with
+/// FOLLOWPRJ by the .PRJ. A message reports a .PRJ that differs from the settings.
 class ShapeCoordinates {
 public:
     ShapeCoordinates(config::Run& run, const ShapeImportSettings& settings);
 
-    /// What comes next is of this shapefile.
+    /// Starts this shapefile.
     void BeginFile(std::string_view shpPath);
     /// In place. Vertices that cannot be converted keep their coordinates.
     void Convert(std::span<util::PlanePoint> vertices);
-    /// How many vertices of the file kept their coordinates.
+    /// Number of vertices of the file that kept their coordinates.
     std::uint64_t Kept() const { return kept_; }
 
 private:
@@ -35,7 +35,7 @@ private:
     void ComparePrj(const std::string& prjPath);
     /// Loads the system of a .PRJ. @throws platform::ReadError
     void LoadSystem(const std::string& prjPath);
-    /// Says what becomes of coordinates in another system than the settings say.
+    /// Reports the treatment of coordinates in another system than that of the settings.
     std::string FollowPrj(const std::string& prjName);
 
     config::Run& run_;
@@ -43,7 +43,7 @@ private:
     Rule rule_ = Rule::AsTheyStand;
     std::uint64_t kept_ = 0;
     std::unique_ptr<coords::frmLatLng> converter_;
-    std::string definition_;  ///< of system_; most files of a run have the same
+    std::string definition_;  ///< text of system_; most files of a run have the same
     std::unique_ptr<coords::SourceSystem> system_;
 };
 

@@ -9,16 +9,15 @@ namespace {
 using Keys = config::Keys<ShapeImportSettings>;
 
 constexpr config::KeyOf<ShapeImportSettings> keys[] = {
-    Keys::Flag("SHPin", "LL", &ShapeImportSettings::degrees, "shapefile imports are in latitude/longitude"),
-    Keys::Flag("SHPin", "USFT", &ShapeImportSettings::feet, "shapefile imports are in feet"),
-    Keys::Flag(
-        "SHPin", "FOLLOWPRJ", &ShapeImportSettings::followPrj,
-        "where the .PRJ of a shapefile names another coordinate system than these settings, its coordinates "
-        "are converted from that system to the drawings'; else the difference is only told",
-        true),
+    Keys::Flag("SHPin", "LL", &ShapeImportSettings::degrees,
+               "shapefiles to import are in latitude/longitude"),
+    Keys::Flag("SHPin", "USFT", &ShapeImportSettings::feet, "shapefiles to import are in feet"),
+    Keys::Flag("SHPin", "FOLLOWPRJ", &ShapeImportSettings::followPrj,
+               "imports convert from the coordinate system of a shapefile's .PRJ if it differs from these "
+               "settings. Off: they only report the difference",
+               true),
     Keys::Text("GENERAL", "CUSTOMERMODE", &ShapeImportSettings::customer,
-               "import rules of one customer: CORVANTEX gives every shapefile the feature code PIPES",
-               "none"),
+               "import rules of a customer. CORVANTEX: every shapefile gets the feature code PIPES", "none"),
 };
 
 }  // namespace

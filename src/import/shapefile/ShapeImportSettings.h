@@ -10,7 +10,7 @@ namespace vexlator::importer {
 
 struct ShapeImportSettings {
     bool degrees = false, feet = false, followPrj = false;
-    std::string customer;  ///< whose rules hold
+    std::string customer;  ///< customer whose import rules apply
 };
 ShapeImportSettings ReadShapeImportSettings(const config::Run& run);
 config::KeyList ShapeImportKeys();

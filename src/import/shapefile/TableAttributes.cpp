@@ -30,7 +30,7 @@ std::string EncodingOf(std::string_view dbfPath, const formats::DbfTable& table)
     return formats::DbfEncoding(file.Text().substr(0, longestName), table.LanguageByte());
 }
 
-/// ASCII without "," and NUL passes into the drawing as it is.
+/// ASCII without "," and NUL needs no change for the drawing.
 bool IsPlain(std::string_view record) {
     return platform::IsAscii(record) && record.find(',') == std::string_view::npos &&
            record.find('\0') == std::string_view::npos;

@@ -15,21 +15,21 @@
 
 namespace vexlator::importer {
 
-/// The attribute table of a shapefile, whose rows become attributes of entities.
+/// The attribute table of a shapefile. Its rows become attributes of entities.
 class TableAttributes {
 public:
-    /// Opens the .DBF beside a shapefile, and the .CPG that names its encoding.
+    /// Opens the .DBF beside a shapefile, and the .CPG with its encoding.
     /// @throws platform::ReadError with the table's name
     TableAttributes(std::string_view dbfPath, drawing::Drawing& drawing);
 
     const std::vector<std::string>& FieldNames() const { return names_; }
     std::vector<int> FieldWidths() const;
 
-    /// Gives the entity added last the values of row `number`; empty ones when there is no such row.
-    /// "," becomes ";;" in them.
+    /// Gives the last added entity the values of row `number`; empty values if there is no such row. "," in a
+    /// value becomes ";;".
     void AddTo(drawing::Drawing& drawing, std::int32_t number);
 
-    /// What the person should know about the table, a line each; none when all went well.
+    /// Messages for the user about the table, one line each; none if there was no fault.
     std::vector<std::string> Remarks() const;
 
 private:

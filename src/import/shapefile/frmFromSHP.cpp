@@ -29,7 +29,7 @@ constexpr std::int32_t partLineWeight = 30;
 
 }  // namespace
 
-/// One shapefile while it is read.
+/// One shapefile during its import.
 struct frmFromSHP::Source {
     std::string code, symbol;
     platform::MappedFile shp, shx;
@@ -115,8 +115,11 @@ void frmFromSHP::ReadRecords(Source& source) {
             source.shp.DoneBefore(record.offset);
         }
     } catch (const platform::ReadError& error) {
+        import_.Sink().EndConversion();  // before the next file says how to convert
+        import_.CountFeatures(source.count);
         throw error.InFile(source.shp.Name());
     }
+    import_.CountFeatures(source.count);
     import_.Sink().EndConversion();
 }
 
@@ -177,10 +180,9 @@ void frmFromSHP::ShowUnknownType(const Source& source, const ShapeRecord& record
 }
 
 void frmFromSHP::Report(const Source& source) {
-    import_.CountFeatures(source.count);
     if (coordinates_.Kept() > 0)
         run_.Ui().Report(source.code + ": " + util::Counted(coordinates_.Kept(), "vertex", "vertices") +
-                         " outside the conversion to the grid, left as they are");
+                         " outside the conversion to the grid, not converted");
     if (source.table)
         for (const std::string& remark : source.table->Remarks()) run_.Ui().Report(remark);
     run_.Log("        " + std::to_string(source.count) + " entites read OK");

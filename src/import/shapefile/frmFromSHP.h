@@ -17,8 +17,8 @@ class ShapeRecord;
 
 namespace vexlator::importer {
 
-/// Shapefiles become one drawing, one layer for each: points become symbols, lines and the rings of areas
-/// become polylines, columns of the attribute table become text attributes.
+/// Imports shapefiles into one drawing, with one layer for each. Points become symbols, lines and the rings
+/// of areas become polylines, columns of the attribute table become text attributes.
 class frmFromSHP {
 public:
     explicit frmFromSHP(config::Run& run);
@@ -27,7 +27,8 @@ public:
     /// Imports `sourcePath` and the files of `fileList` (each preceded by "|"; names without a folder lie
     /// beside `sourcePath`) and saves the drawing in `sourceFolder` under the first one's base name.
     /// A file that cannot be opened is reported and left out, and the outcome is Failed.
-    /// @throws platform::ReadError for a damaged file, platform::WriteError; then nothing is saved
+    /// @throws platform::ReadError for an only file that is damaged, platform::WriteError; then nothing is
+    /// saved
     config::Outcome Start(std::string_view sourcePath, std::string_view sourceFolder,
                           std::string_view fileList);
 
@@ -37,7 +38,7 @@ public:
 private:
     struct Source;
 
-    /// False when a file that is needed cannot be opened.
+    /// False if a required file cannot be opened.
     bool ImportShapefile(const std::string& path);
     void ReadRecords(Source& source);
     void AddShape(Source& source, const formats::ShapeRecord& record);
