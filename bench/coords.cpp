@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 
-/// coords INSTALLATION to-latlng|to-grid POINTS: reads lines of two numbers (x and y), converts them all and
-/// prints them, as the projection library's `cct` does. Seconds of the conversion alone go to standard error.
+/// coords INSTALLATION to-latlng|to-grid POINTS: reads lines of two numbers (x and y), converts them and
+/// prints them, like the projection library's `cct`. The seconds of the conversion alone go to standard
+/// error.
 #include "coords/frmLatLng.h"
 #include "platform/Files.h"
 #include "ui/UserInterface.h"

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 
-/// make-topography FEATURES OUT.VDF: writes a drawing of classified topography, half of it open lines, half
-/// closed, of 12 to 20 vertices, spread at random with a thousand features to the square kilometre. The same
-/// drawing on every run.
+/// make-topography FEATURES OUT.VDF: writes a drawing of classified topography, half open lines, half closed,
+/// with 12 to 20 vertices each, at random positions with a thousand features per square kilometre. Every run
+/// writes the same drawing.
 #include "drawing/Drawing.h"
 #include "util/Numbers.h"
 

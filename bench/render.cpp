@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 
-/// bench_render FILE.VDF: seconds from the drawing's file to the scene, from there to the whole picture of
-/// 1600 x 1000 pixels, to a coarse one, and to that of a window onto a hundredth of the ground; frames a
-/// second while a map view pans over what it has painted; as JSON.
+/// bench_render FILE.VDF: prints JSON with the seconds from the drawing's file to the scene, and from the
+/// scene to the whole picture of 1600 x 1000 pixels, to a coarse one, and to a window of a hundredth of the
+/// ground; also the frames per second of a map view that pans over painted parts.
 #include "desktop/map/MapView.h"
 #include "render/DrawingScene.h"
 #include "render/Painter.h"
@@ -28,7 +28,7 @@ double SecondsOf(Work work) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-/// The least of several, after the first: what a view costs that is looked at again and again.
+/// The minimum of several, after the first: the cost of a view that is painted repeatedly.
 double SecondsOfView(const Scene& scene, const Box& extent, const PaintOptions& options = {}) {
     QImage image(1600, 1000, QImage::Format_RGB32);
     double least = INFINITY;
@@ -40,14 +40,14 @@ double SecondsOfView(const Scene& scene, const Box& extent, const PaintOptions& 
     return least;
 }
 
-/// A hundredth of the ground, of the picture's shape, in the middle.
+/// A hundredth of the ground, with the picture's shape, in its centre.
 Box WindowOf(const Box& box) {
     double x = box.minX / 2 + box.maxX / 2, y = box.minY / 2 + box.maxY / 2;
     double across = std::sqrt(0.01 * 1.6 * (box.maxX - box.minX) * (box.maxY - box.minY)), up = across / 1.6;
     return {x - across / 2, y - up / 2, x + across / 2, y + up / 2};
 }
 
-/// Steps of a few pixels to and fro, each painted before the next.
+/// Steps of a few pixels back and forth, each painted before the next.
 double FramesWhilePanning(std::shared_ptr<const Scene> scene) {
     constexpr int frames = 400, turn = 20, step = 5;  // pixels
     vexlator::desktop::MapView map;
@@ -56,7 +56,7 @@ double FramesWhilePanning(std::shared_ptr<const Scene> scene) {
     map.resize(1600, 1000);
     map.SetScene(std::move(scene));
     map.show();
-    // The view, then the view with what lies around it.
+    // The view, then the view with its margin.
     if (!QTest::qWaitFor([&] { return painted >= 2; }, 60000))
         throw std::runtime_error("nothing was painted");
     QPointF place(800, 500);

@@ -1,5 +1,5 @@
-# Run by the build: writes HEADER, which names the commit that SOURCE was checked out from, when that has changed. Sources
-# without a repository of their own are of no known commit.
+# Run by the build: writes HEADER with the commit of SOURCE, if it has changed. Sources without their own repository
+# have no known commit.
 set(commit "unknown")
 if(EXISTS "${SOURCE}/.git")
   execute_process(COMMAND git -C "${SOURCE}" describe --always --dirty --abbrev=12 --exclude=* OUTPUT_VARIABLE found

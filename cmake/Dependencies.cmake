@@ -1,5 +1,5 @@
-# Every outside library, each from Debian's packages (scripts/setup installs them; docs/dependencies.md
-# says why each is there).
+# All external libraries, each from Debian's packages (scripts/setup installs them; docs/dependencies.md says why each
+# is needed).
 find_package(PkgConfig REQUIRED)
 find_package(Threads REQUIRED)
 pkg_check_modules(PROJ REQUIRED IMPORTED_TARGET proj>=9.1)
@@ -13,7 +13,7 @@ pkg_check_modules(ZLIB REQUIRED IMPORTED_TARGET zlib)
 pkg_check_modules(XXHASH REQUIRED IMPORTED_TARGET libxxhash)
 pkg_check_modules(GDAL REQUIRED IMPORTED_TARGET gdal>=3.6)  # helper programs only
 find_package(simdjson REQUIRED)
-find_package(Qt6 6.4 REQUIRED COMPONENTS Gui Svg Widgets Test)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Gui Svg Widgets Test LinguistTools)
 # What includes Qt is compiled with options of Qt's own, and so are the headers that are compiled once for it.
 if(VEXLATOR_PRECOMPILED)
   vexlator_precompiled(vexlator_qt_headers ${VEXLATOR_STANDARD_HEADERS} <QPainter>)

@@ -1,11 +1,11 @@
-# vexlator_library(NAME [SUBFOLDERS] [PRECOMPILED HEADERS] [LINK ...] [PRIVATE_LINK ...])
+# vexlator_library(NAME [SUBFOLDERS [EXCEPT FOLDER]] [PRECOMPILED HEADERS] [LINK ...] [PRIVATE_LINK ...])
 #
 # One library per folder of src/, called vexlator_<folder> ("_" for "/"), made of all .cpp files in it (with SUBFOLDERS, of
-# the folders below it too). A folder with headers only is an interface library. Its public include path is a folder of the
+# the folders below it too, but for one that is a library of its own). A folder with headers only is an interface library. Its public include path is a folder of the
 # build tree that holds nothing but links to the headers of the source folder, so that `#include "util/Text.h"` compiles
 # only where vexlator_util is linked: a forbidden include fails to build.
 function(vexlator_library name)
-  cmake_parse_arguments(ARG "SUBFOLDERS" "PRECOMPILED" "LINK;PRIVATE_LINK" ${ARGN})
+  cmake_parse_arguments(ARG "SUBFOLDERS" "EXCEPT;PRECOMPILED" "LINK;PRIVATE_LINK" ${ARGN})
   string(REPLACE "_" "/" folder "${name}")
   set(source "${PROJECT_SOURCE_DIR}/src/${folder}")
   if(ARG_SUBFOLDERS)
@@ -15,6 +15,10 @@ function(vexlator_library name)
   endif()
   file(${glob} sources CONFIGURE_DEPENDS "${source}/*.cpp")
   file(${glob} headers CONFIGURE_DEPENDS RELATIVE "${source}" "${source}/*.h")
+  if(ARG_EXCEPT)
+    list(FILTER sources EXCLUDE REGEX "^${source}/${ARG_EXCEPT}/")
+    list(FILTER headers EXCLUDE REGEX "^${ARG_EXCEPT}/")
+  endif()
   # clang-tidy looks for a folder's own rules beside the link.
   file(GLOB rules RELATIVE "${source}" "${source}/.clang-tidy")
   set(target vexlator_${name})
@@ -45,7 +49,8 @@ function(vexlator_library name)
   endif()
 endfunction()
 
-# vexlator_all(NAME): vexlator_NAME stands for all libraries of the current folder. Whoever lists the conversions links it.
+# vexlator_all(NAME): vexlator_NAME stands for all libraries of the current folder. Targets that list the conversions
+# link it.
 function(vexlator_all name)
   get_property(libraries DIRECTORY PROPERTY BUILDSYSTEM_TARGETS)
   list(FILTER libraries EXCLUDE REGEX "_headers$")
@@ -53,7 +58,7 @@ function(vexlator_all name)
   target_link_libraries(vexlator_${name} INTERFACE ${libraries})
 endfunction()
 
-# Files that declare settings call them `keys`, every one: they do not compile as one file (CMAKE_UNITY_BUILD).
+# Every file that declares settings names them `keys`, so these files cannot be compiled as one (CMAKE_UNITY_BUILD).
 function(vexlator_settings_alone)
   foreach(source ${ARGN})
     file(STRINGS "${source}" found REGEX "^using Keys = " LIMIT_COUNT 1)
@@ -63,8 +68,8 @@ function(vexlator_settings_alone)
   endforeach()
 endfunction()
 
-# Compiles every header of a library in a file of its own. The further arguments are what the library links for itself:
-# headers that stay inside it may use that too.
+# Compiles every header of a library in a separate file. The further arguments are the private links of the library,
+# which private headers may use too.
 function(vexlator_headers_alone target folder headers)
   set(sources "")
   foreach(header ${headers})
@@ -84,7 +89,7 @@ endfunction()
 set(VEXLATOR_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor
                       -Woverloaded-virtual)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  # GCC 12 warns of overlaps and overflows inside std::string where there are none (its bug 105651); out of precompiled
+  # GCC 12 warns of overlaps and overflows inside std::string that do not exist (its bug 105651). With precompiled
   # headers it warns of more of them.
   list(APPEND VEXLATOR_WARNINGS -Wno-restrict -Wno-stringop-overflow -Wno-array-bounds)
 endif()
@@ -108,8 +113,8 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
   add_link_options(-fuse-ld=lld)
 endif()
 
-# The standard headers that most files include are compiled once for all targets; the tests have GoogleTest in theirs.
-# That takes a third off every build. Headers are still compiled alone, without it (VEXLATOR_HEADERS).
+# The standard headers that most files include are compiled once for all targets; those of the tests include GoogleTest.
+# This saves a third of every build. Headers are still compiled alone, without it (VEXLATOR_HEADERS).
 option(VEXLATOR_PRECOMPILED "Compile the standard headers once for all files" ON)
 set(VEXLATOR_STANDARD_HEADERS <algorithm> <array> <charconv> <cmath> <cstdint> <cstring> <filesystem> <functional> <limits>
                               <map> <memory> <optional> <set> <span> <stdexcept> <string> <string_view> <unordered_map>
@@ -123,8 +128,8 @@ function(vexlator_precompiled name)
   target_precompile_headers(${name} PRIVATE ${ARGN})
 endfunction()
 
-# vexlator_compile(TARGET [PRECOMPILED]): what compiling takes in every target of ours: the warnings, and the headers that
-# were precompiled (under the name of the second argument, by default the standard ones).
+# vexlator_compile(TARGET [PRECOMPILED]): the common compile options of all our targets: the warnings, and the
+# precompiled headers (with the name of the second argument, by default the standard ones).
 function(vexlator_compile target)
   target_compile_options(${target} PRIVATE ${VEXLATOR_WARNINGS})
   if(VEXLATOR_PRECOMPILED)

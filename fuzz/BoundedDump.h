@@ -10,7 +10,7 @@
 
 namespace vexlator::fuzz {
 
-/// A small input may ask for a long dump: each part of a multiple geometry, and each entity that shares its
+/// A small input can produce a long dump: each part of a multiple geometry, and each entity that shares its
 /// texts with others, has all the attributes of the whole.
 constexpr std::size_t longestDump = std::size_t{32} << 20;
 struct TooLong {};

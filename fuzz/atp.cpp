@@ -23,7 +23,7 @@ void Check(const vexlator::drawing::AtpField& field, const vexlator::config::Sha
 
 }  // namespace
 
-/// The bytes are a template; its first field's name is the separator that values are shortened at.
+/// The bytes are a template. Its first field's name is the separator that shortens values.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace vexlator::drawing;
     std::string_view text(reinterpret_cast<const char*>(data), size);

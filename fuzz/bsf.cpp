@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 
-// Any bytes are a background styling file. Every value is the one that a look-up of its own finds, every row
-// has a style, and what is saved again reads the same, unless it is said not to fit.
+// Any bytes are a background styling file. Every value equals that of a separate look-up, and every row has a
+// style. A saved file reads the same, unless the writer refuses it.
 #include "background/styling/LayerStyles.h"
 #include "background/styling/modGRPstyling.h"
 #include "config/Ini.h"

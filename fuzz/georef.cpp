@@ -3,11 +3,11 @@
 
 // Any bytes are a world file, a list of control points, their .INI, QGIS' points and a typed position, or are
 // refused; what is read is written and read back the same.
+#include "formats/worldfile/WorldFile.h"
 #include "georef/Fit.h"
 #include "georef/Ground.h"
 #include "georef/PointEntries.h"
 #include "georef/QgisPoints.h"
-#include "georef/WorldFile.h"
 #include "platform/Errors.h"
 #include "util/Files.h"
 
@@ -26,8 +26,8 @@ void Require(bool condition) {
 
 void CheckWorldFile(std::string_view text) {
     try {
-        georef::WorldFile world = georef::ParseWorldFile(text);
-        Require(georef::ParseWorldFile(georef::WorldFileText(world)) == world);
+        formats::WorldFile world = formats::ParseWorldFile(text);
+        Require(formats::ParseWorldFile(formats::WorldFileText(world)) == world);
     } catch (const platform::ReadError&) {
     }
 }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 
-// Any bytes are a background package that is whole, and prints and draws, or an error with a place. An input
+// Any bytes are a valid background package, which prints and draws, or give an error with a place. An input
 // is the lengths of .GRP and .GAZ as 32-bit little-endian numbers, then these files, then .BAG.
 #include "background/package/PackageProof.h"
 #include "background/package/PackageReader.h"

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 
-// Any drawing with any settings becomes a package that is whole. The bytes of an input are the numbers that
-// drawing, style and settings are made of, the last ones the text of the attribute list.
+// Any drawing with any settings becomes a valid package. The bytes of an input are the numbers from which
+// drawing, style and settings are made. The last bytes are the text of the attribute list.
 #include "background/builder/frmGRP.h"
 #include "background/package/PackageProof.h"
 #include "background/package/PackageReader.h"
@@ -21,7 +21,7 @@ using namespace vexlator;
 
 namespace {
 
-/// The numbers that are left; 0 when there are none.
+/// The remaining numbers; then 0.
 class Numbers {
 public:
     Numbers(const std::uint8_t* data, std::size_t size) : rest_(reinterpret_cast<const char*>(data), size) {}
@@ -45,7 +45,7 @@ private:
     std::string_view rest_;
 };
 
-/// Coordinates, sizes and angles that no sensible drawing has.
+/// Coordinates, sizes and angles outside of sensible drawings.
 void MakeOdd(drawing::Drawing& drawing, Numbers& numbers) {
     drawing.forEach([&](drawing::Entity entity) {
         if (numbers.Next(4) != 1) return;

@@ -12,7 +12,7 @@ void Expect(bool condition) {
     if (!condition) std::abort();
 }
 
-/// No byte of a trail may break the XML it goes into.
+/// No byte of a trail may break its XML.
 bool IsPlainText(std::string_view text) {
     for (char c : text)
         if (c < ' ' || c > '~') return false;
@@ -21,7 +21,7 @@ bool IsPlainText(std::string_view text) {
 
 }  // namespace
 
-/// The bytes are a trail. Its lines are read as positions; the last one is the one that LastLine finds.
+/// The bytes are a trail. Its lines are read as positions. The last one equals that of LastLine.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace vexlator;
     std::string_view text(reinterpret_cast<const char*>(data), size), line;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 
-// The input is a section, a key and a value, each on a line of its own, then the text of an INI file. A value
-// that is written must read back, and every other key that the file shows must keep its value.
+// The input is a section, a key and a value, each on a separate line, then the text of an INI file. A written
+// value must read back, and every other key in the file must keep its value.
 #include "config/Ini.h"
 
 #include "platform/AsciiCase.h"
@@ -21,7 +21,7 @@ using namespace vexlator;
 
 namespace {
 
-constexpr std::size_t mostNames = 100;  // each is looked for in the whole text
+constexpr std::size_t mostNames = 100;  // each is searched for in the whole text
 
 std::string_view TakeLine(std::string_view& text) {
     std::size_t end = std::min(text.find('\n'), text.size());
@@ -36,7 +36,7 @@ std::string WithoutBlanks(std::string text) {
     return text;
 }
 
-/// Where the names of sections and keys may stand, read in the crudest way; what is none reads as "".
+/// Possible positions of the names of sections and keys, read in the crudest way; other texts read as "".
 std::set<std::pair<std::string, std::string>> NamesIn(std::string_view bytes) {
     std::set<std::pair<std::string, std::string>> names;
     std::string text = platform::DecodeText(bytes), section;

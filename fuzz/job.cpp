@@ -23,7 +23,7 @@ void Check(vexlator::drawing::Drawing& drawing, const vexlator::importer::JobCou
 
 }  // namespace
 
-/// The bytes are the text of a job; what it holds is imported without templates, with quality markers.
+/// The bytes are the text of a job. It is imported without templates, with quality markers.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace vexlator;
     std::string_view text(reinterpret_cast<const char*>(data), size);

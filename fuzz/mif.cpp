@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 
-// The first byte says whether to take more kinds of objects; a line "~" parts the .MIF from the .MID.
+// The first byte says whether to accept more kinds of objects. A line "~" separates the .MIF from the .MID.
 #include "import/mif/MifToDrawing.h"
 #include "platform/CodePages.h"
 

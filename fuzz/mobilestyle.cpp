@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 
-// Any bytes are a mobile style file, and every name has the number that a walk over the lines finds.
+// Any bytes are a mobile style file, and every name has the number that a search over the lines finds.
 #include "background/styling/MobileStyles.h"
 #include "platform/AsciiCase.h"
 #include "platform/CodePages.h"
@@ -35,7 +35,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::string_view bytes(reinterpret_cast<const char*>(data), size);
     const background::MobileStyles styles(bytes);
     std::string text = platform::DecodeText(bytes);
-    constexpr int most = 50;  // each is looked for in the whole text
+    constexpr int most = 50;  // each is searched for in the whole text
     util::LineReader lines(text);
     for (int names = 0; names < most && !lines.AtEnd(); ++names) {
         std::string_view line = lines.ReadTextLine();

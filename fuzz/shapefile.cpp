@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 
-// Any bytes are a set of files that imports or an error; the drawing that an import makes opens, and exports
-// to a set that imports again to as many features. An input is the lengths of .SHX, .DBF and .CPG as 32-bit
-// little-endian numbers, then these files, then .SHP.
+// Any bytes are a set of files that can be imported, or give an error. The imported drawing opens, and its
+// export can be imported again with the same number of features. An input is the lengths of .SHX, .DBF and
+// .CPG as 32-bit little-endian numbers, then these files, then .SHP.
 #include "export/shapefile/frmSHP.h"
 #include "import/shapefile/frmFromSHP.h"
 #include "platform/Errors.h"
@@ -41,7 +41,7 @@ void Write(const test::TempFolder& folder, const char* name, Bytes bytes) {
     folder.Write(name, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
 }
 
-/// Sets the files of an import up from the bytes of an input.
+/// Makes the files of an import from the bytes of an input.
 void WriteFiles(const test::TempFolder& folder, Bytes rest) {
     std::uint32_t shx = TakeNumber(rest), dbf = TakeNumber(rest), cpg = TakeNumber(rest);
     Write(folder, "in.SHX", Take(rest, shx));
@@ -50,7 +50,7 @@ void WriteFiles(const test::TempFolder& folder, Bytes rest) {
     Write(folder, "in.SHP", rest);
 }
 
-/// Messages are not kept: there may be one for every record.
+/// Messages are not kept, because there may be one per record.
 class SilentUi : public test::TestUi {
     void ShowMessage(std::string_view) override {}
 };

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 
-// Any bytes, once with the checksums that they have and once with right ones, are a drawing or an error; a
-// drawing that is saved and opened again is the same.
+// Any bytes, with their own checksums and with correct ones, are a drawing or give an error. A drawing that
+// is saved and opened again is the same.
 #include "drawing/Vdf.h"
 
 #include "BoundedDump.h"
@@ -20,7 +20,7 @@ using namespace vexlator::drawing;
 
 namespace {
 
-/// The bytes of a file, at a multiple of 8.
+/// The bytes of a file, aligned to 8.
 class File {
 public:
     File(const std::uint8_t* data, std::size_t size) : words_(size / 8 + 1), size_(size) {
@@ -28,7 +28,7 @@ public:
     }
     std::span<const std::byte> Bytes() const { return std::as_bytes(std::span(words_)).first(size_); }
 
-    /// Gives the file the marks and checksums that make a reader look further.
+    /// Gives the file the marks and checksums that make a reader continue.
     void Seal() {
         if (size_ < vdf::headerSize + vdf::trailerSize) return;
         std::uint64_t trailer = size_ - vdf::trailerSize, index = Number(trailer);

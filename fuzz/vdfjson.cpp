@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 
-// Any bytes are a document that loads or an error; what loads and is dumped loads again to the same dump.
+// Any bytes are a document that loads, or give an error. The dump of a loaded document loads again with the
+// same dump.
 #include "BoundedDump.h"
 #include "platform/Errors.h"
 #include "vdfjson/JsonToDrawing.h"

@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <string_view>
 
-/// The bytes are an archive. What is unpacked lies below the target folder, and a refused archive leaves
+/// The bytes are an archive. Unpacked files are inside the target folder, and a refused archive leaves
 /// nothing.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     namespace fs = std::filesystem;

@@ -9,8 +9,8 @@
 
 namespace vexlator::vdfjson {
 
-/// Collects the attribute names of an entity. Entities mostly have the same names as the one before them:
-/// those are not looked up again.
+/// Collects the attribute names of an entity. Most entities have the same names as the one before, which are
+/// not looked up again.
 class AttributeNames {
 public:
     explicit AttributeNames(drawing::Drawing& drawing) : drawing_(drawing) {}
@@ -28,7 +28,7 @@ public:
     }
     std::size_t Count() const { return count_; }
 
-    /// Gives the names to the entity added last; its values follow with Drawing::appendValue().
+    /// Gives the names to the last added entity. Its values follow with Drawing::appendValue().
     void BeginValues() {
         if (!isKnown_ || names_.size() != count_) {
             names_.resize(count_);
@@ -41,10 +41,10 @@ public:
 private:
     drawing::Drawing& drawing_;
     std::vector<drawing::AttributeName>
-        names_;  ///< of this entity, or of the one before as far as they agree
+        names_;  ///< names of this entity, or of the one before as far as they agree
     std::size_t count_ = 0;
     drawing::AttributeSet set_ = 0;
-    bool isKnown_ = false;  ///< set_ stands for names_
+    bool isKnown_ = false;  ///< set_ is valid for names_
 };
 
 }  // namespace vexlator::vdfjson

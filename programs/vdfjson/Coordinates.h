@@ -9,10 +9,10 @@
 
 namespace vexlator::vdfjson {
 
-/// A position [x, y] or [x, y, z]; further numbers mean nothing, as GeoJSON has it. @throws BadValue
+/// A position [x, y] or [x, y, z]. Further numbers are ignored, as in GeoJSON. @throws BadValue
 drawing::Point PointOf(element value);
 
-/// An array of positions, in place of what `points` held. @throws BadValue, naming the position
+/// An array of positions, replacing the contents of `points`. @throws BadValue, naming the position
 void ReadPoints(element value, std::vector<drawing::Point>& points);
 
 }  // namespace vexlator::vdfjson

@@ -68,12 +68,12 @@ public:
     }
 
 private:
-    /// The device draws no symbol that lies deeper in others. A damaged drawing may have one content stand
-    /// for many, level by level.
+    /// The device does not draw symbols at a greater depth. In a damaged drawing one content can stand for
+    /// many, level by level.
     static constexpr int deepestBlock = 16;
     static constexpr std::uint64_t mostContent = std::uint64_t{1} << 30;
 
-    /// All of the drawing but its entities, as members of an object. `depth`: how many blocks it lies in.
+    /// The whole drawing except its entities, as members of an object. `depth`: number of blocks around it.
     void AppendDescription(const drawing::Drawing& drawing, int depth);
     void AppendBlock(const drawing::Block& block, int depth);
     bool Unpack(const drawing::Block& block, int depth, drawing::Drawing& content);
@@ -113,13 +113,13 @@ void Dump::AppendBlock(const drawing::Block& block, int depth) {
     out_ += "]}";
 }
 
-/// False for a block that has no content, or none that can be dumped, which is noted.
+/// False for a block without content, or with content that cannot be written, which is noted.
 bool Dump::Unpack(const drawing::Block& block, int depth, drawing::Drawing& content) {
     if (block.content.empty()) return false;
-    const std::string onlyName = "block \"" + block.name + "\" is dumped by its name only: ";
+    const std::string onlyName = "block \"" + block.name + "\" is written by its name only: ";
     unpacked_ += block.content.size();
     if (depth > deepestBlock || unpacked_ > mostContent) {
-        note_(onlyName + "it lies too deep in others, or all are too large");
+        note_(onlyName + "it is nested too deeply, or all blocks are too large");
         return false;
     }
     try {

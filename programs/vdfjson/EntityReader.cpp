@@ -55,7 +55,7 @@ drawing::Style StyleOf(const Members& vdf) {
     return style;
 }
 
-/// Only what the kind has: other members of the object mean nothing.
+/// Only members that the kind has. Others are ignored.
 drawing::Shape ShapeOf(const Members& vdf, Kind kind, std::string_view kindName) {
     drawing::Shape shape;
     switch (kind) {

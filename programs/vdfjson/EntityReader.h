@@ -10,12 +10,12 @@
 
 namespace vexlator::vdfjson {
 
-/// Reads the `vdf` member of features, which holds entities as they are.
+/// Reads the `vdf` members of features, which hold complete entities.
 class EntityReader {
 public:
     explicit EntityReader(drawing::Drawing& drawing) : drawing_(drawing), names_(drawing) {}
 
-    /// Adds the entity. @throws BadValue, after which the drawing may hold a part of it
+    /// Adds the entity. @throws BadValue, after which the drawing may contain a part of it
     drawing::Entity Add(simdjson::dom::object vdf);
 
 private:

@@ -14,7 +14,7 @@ using drawing::Kind;
 
 namespace {
 
-/// A damaged drawing may name one long text in very many attribute sets; what is kept of them has an end.
+/// A damaged drawing can name one long text in very many attribute sets. The memory for them is limited.
 constexpr std::size_t mostNamesSize = std::size_t{64} << 20;
 
 bool StandsAtPoint(Kind kind) {
@@ -82,7 +82,7 @@ const FeatureToJson::Names& FeatureToJson::NamesOf(const Entity& entity) {
     return names;
 }
 
-// --- What GIS viewers read
+// --- The part for GIS viewers
 
 void FeatureToJson::AppendGeometry(const Entity& entity) {
     Kind kind = entity.kindCode();
@@ -159,7 +159,7 @@ void FeatureToJson::AppendCommon(const Entity& entity) {
     TextMember("hyperlink", entity.hyperlink());
 }
 
-/// Polylines have these members; of other kinds they are written when there is something in them.
+/// Polylines always have these members. Other kinds have them if they are not empty.
 void FeatureToJson::AppendArea(const Entity& entity) {
     const drawing::Style& style = entity.style();
     bool always = entity.kindCode() == Kind::Polyline;

@@ -11,18 +11,18 @@
 
 namespace vexlator::vdfjson {
 
-/// Adds entities of one drawing to a buffer as GeoJSON features; see DrawingToJson(). Holds texts that recur
-/// from entity to entity, so the drawing must not change while it is in use.
+/// Appends entities of one drawing to a buffer as GeoJSON features; see DrawingToJson(). Keeps texts that
+/// recur in many entities, so the drawing must not change during its use.
 class FeatureToJson {
 public:
     explicit FeatureToJson(std::string& out) : out_(out) {}
     void operator()(drawing::Entity entity);
 
 private:
-    /// How an attribute name is written.
+    /// The JSON form of an attribute name.
     struct Name {
         std::string quoted;
-        bool isFirst;  ///< no attribute before it has this name
+        bool isFirst;  ///< no earlier attribute has this name
         std::int32_t typeCode;
     };
     using Names = std::vector<Name>;
@@ -47,7 +47,7 @@ private:
     void FlagMember(std::string_view name, bool value);
 
     std::string& out_;
-    std::string vertices_;  ///< of the current entity, as "[x,y,z],[x,y,z]"
+    std::string vertices_;  ///< positions of the current entity, as "[x,y,z],[x,y,z]"
     std::size_t firstVertexEnd_ = 0;
     bool isFinite_ = true;  ///< every coordinate is a finite number
     std::unordered_map<drawing::AttributeSet, Names> names_;

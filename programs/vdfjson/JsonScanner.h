@@ -7,18 +7,18 @@
 
 namespace vexlator::vdfjson {
 
-/// Walks over the outer structure of a JSON text and cuts it into values, without looking into them: it minds
-/// strings and brackets only. So a document of any size is read value by value, each by a parser that needs
-/// memory for that value alone; the parser is also what finds mistakes inside a value.
+/// Splits the outer structure of a JSON text into values without parsing them; it looks at strings and
+/// brackets only. So a document of any size is read value by value, each by a parser that needs memory for
+/// one value. The parser also finds errors inside a value.
 ///
-/// Every member throws platform::ReadError (byte and reason, no file) where the structure is broken.
+/// Every member throws platform::ReadError (byte and reason, no file) if the structure is broken.
 class JsonScanner {
 public:
     explicit JsonScanner(std::string_view text, std::size_t position = 0)
         : text_(text), position_(position) {}
 
-    /// Walks over an object: calls visit(std::string_view quotedName) for every member, which has to step
-    /// over the member's value with one of these functions.
+    /// Reads an object: calls visit(std::string_view quotedName) for every member. It has to skip the
+    /// member's value with one of these functions.
     template <typename Visit>
     void Members(Visit visit) {
         Expect('{', "a JSON object is expected here");
@@ -29,7 +29,7 @@ public:
         }
     }
 
-    /// Walks over an array: calls visit() for every element, which has to step over it with one of these
+    /// Reads an array: calls visit() for every element. It has to skip the element with one of these
     /// functions.
     template <typename Visit>
     void Elements(Visit visit) {
@@ -37,16 +37,16 @@ public:
         for (bool isFirst = true; More(']', isFirst); isFirst = false) visit();
     }
 
-    /// Steps over any value and returns its text.
+    /// Skips any value and returns its text.
     std::string_view Value();
 
-    /// Where the next value, or whatever stands there, begins.
+    /// Start of the next value or other text.
     std::size_t Position() {
         SkipBlanks();
         return position_;
     }
 
-    /// Nothing but blanks may follow.
+    /// Only blanks may follow.
     void ExpectEnd();
 
 private:
@@ -54,7 +54,7 @@ private:
     void SkipBlanks();
     bool Take(char c);
     void Expect(char c, const char* reason);
-    /// Steps to the next member or element; false behind the closing bracket.
+    /// Moves to the next member or element; false after the closing bracket.
     bool More(char closing, bool isFirst);
     std::string_view Name();
     void SkipString();

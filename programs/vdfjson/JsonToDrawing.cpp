@@ -17,14 +17,14 @@ namespace vexlator::vdfjson {
 
 namespace {
 
-/// A value that has been found but not looked into, and where it stands in the file.
+/// A value that has been found but not parsed, and its position in the file.
 struct Part {
     std::string_view text;
     std::size_t offset = 0;
     std::string Place() const { return platform::ReadError::AtByte(offset); }
 };
 
-/// Runs a step that may throw BadValue and gives its errors the place that `place()` tells.
+/// Runs a step that may throw BadValue, and adds the place from `place()` to its errors.
 template <typename Place, typename Step>
 auto Placed(Place place, Step step) {
     try {
@@ -64,7 +64,7 @@ std::vector<std::pair<std::string, std::string>> PropertiesOf(element list) {
     for (element item : ArrayOf(list)) {
         std::vector<std::string> texts;
         for (element text : ArrayOf(item)) texts.emplace_back(TextOf(text));
-        if (texts.size() != 2) throw BadValue("holds something else than [name, value]");
+        if (texts.size() != 2) throw BadValue("holds something other than [name, value]");
         properties.emplace_back(std::move(texts[0]), std::move(texts[1]));
     }
     return properties;
@@ -82,7 +82,7 @@ void ReadLayer(element value, drawing::Drawing& drawing) {
 
 enum DescriptionMember : std::size_t { Properties, Layers, ActiveLayer, Blocks, BlockName, Entities };
 
-/// What describes a drawing: the whole one, or that of a block, which has a name and entities as well.
+/// The description of a drawing: the whole one, or that of a block, which has a name and entities as well.
 Members DescriptionOf(element value, std::string_view prefix) {
     static constexpr std::array<std::string_view, 6> names = {"properties", "layers", "activeLayer",
                                                               "blocks",     "name",   "entities"};
@@ -91,7 +91,7 @@ Members DescriptionOf(element value, std::string_view prefix) {
 
 void ReadBlock(element value, drawing::Drawing& drawing);
 
-/// All but the entities. The layer to be active is for the time when they are there.
+/// Everything except the entities. The active layer is set when they exist.
 void ReadDescription(const Members& members, drawing::Drawing& drawing, std::string& activeLayer) {
     if (members.Has(Properties)) drawing.properties() = members.Get(Properties, PropertiesOf);
     if (members.Has(Layers))
@@ -142,16 +142,16 @@ public:
                    drawing::Drawing& drawing)
         : json_(json), drawing_(drawing), features_(drawing, plainLayer, columns) {}
 
-    /// Reads the document, which begins at `offset`.
+    /// Reads the document, which starts at `offset`.
     void Read(std::size_t offset);
 
 private:
-    /// The outermost members, as far as they have been read.
+    /// The outermost members read so far.
     struct Outline {
         std::string type = "FeatureCollection";
         bool isDescribed = false;  ///< the member `drawing` has been read
         bool hasFeatures = false;
-        std::optional<std::size_t> featuresLater;  ///< where the features stand that are still to be read
+        std::optional<std::size_t> featuresLater;  ///< positions of the features still to be read
     };
 
     void ReadMember(std::string_view quotedName, JsonScanner& scanner, Outline& outline);
@@ -196,7 +196,7 @@ void DocumentReader::ReadMember(std::string_view quotedName, JsonScanner& scanne
     if (name == "features") {
         if (outline.hasFeatures) throw platform::ReadError("", place(), "a second member \"features\"");
         outline.hasFeatures = true;
-        // Layers come in the order of the description, so that has to be read first.
+        // Layers have the order of the description, so it must be read first.
         if (outline.isDescribed) return ReadFeatures(scanner);
         outline.featuresLater = offset;
         scanner.Value();

@@ -72,8 +72,8 @@ std::int64_t WholeNumberOf(element value, std::int64_t least, std::int64_t most)
 Members::Members(simdjson::dom::object object, std::span<const std::string_view> names,
                  std::string_view prefix)
     : names_(names), prefix_(prefix) {
-    // Objects of one kind have their members in the same order, mostly that of the names: the search goes on
-    // from the name found last.
+    // Objects of one kind have their members in the same order, mostly that of the names. So the search
+    // starts after the last found name.
     std::size_t next = 0;
     for (auto [name, value] : object) {
         for (std::size_t tried = 0; tried < names.size(); ++tried) {

@@ -17,15 +17,15 @@ namespace vexlator::vdfjson {
 
 using simdjson::dom::element;
 
-/// A value that cannot be used, as "vdf.colour: is not a whole number ...". Whoever knows the feature turns
-/// it into a platform::ReadError.
+/// A value that cannot be used, as "vdf.colour: is not a whole number ...". Callers that know the feature
+/// convert it to a platform::ReadError.
 class BadValue : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
     BadValue(const std::string& member, const char* reason) : std::runtime_error(member + ": " + reason) {}
 };
 
-/// Parses one value, which stays good until the next one is parsed.
+/// Parses one value, which stays valid until the next one is parsed.
 class JsonParser {
 public:
     /// @throws BadValue
@@ -35,7 +35,7 @@ private:
     simdjson::dom::parser parser_;
 };
 
-/// The text, whole number and so on that a value is. @throws BadValue
+/// The text, whole number and so on of a value. @throws BadValue
 std::string_view TextOf(element value);
 double NumberOf(element value);
 std::int64_t WholeNumberOf(element value, std::int64_t least, std::int64_t most);
@@ -43,21 +43,21 @@ bool FlagOf(element value);
 simdjson::dom::array ArrayOf(element value);
 simdjson::dom::object ObjectOf(element value);
 
-/// The members of an object that one knows by name, each found once. Unknown members are passed over, of a
-/// repeated one the last counts, and null stands for a member that is missing.
+/// The members of an object with known names, each found once. Unknown members are ignored. The last of
+/// repeated members counts. Null means a missing member.
 class Members {
 public:
     static constexpr std::size_t Most = 32;
 
-    /// `prefix` goes before the names in errors, as in "vdf.". The names stay in use.
+    /// `prefix` precedes the names in errors, as in "vdf.". The names must outlive the object.
     Members(simdjson::dom::object object, std::span<const std::string_view> names,
             std::string_view prefix = "");
 
-    /// `index` counts in the names given.
+    /// `index` into the given names.
     bool Has(std::size_t index) const { return (present_ >> index & 1) != 0; }
 
     element At(std::size_t index) const { return values_[index]; }
-    /// What read(element) makes of a member that must be there; its errors get the member's name.
+    /// The result of read(element) for a required member; its errors get the member's name.
     template <typename Read>
     auto Get(std::size_t index, Read read) const {
         try {

@@ -13,7 +13,7 @@ using drawing::Entity;
 
 namespace {
 
-/// An attribute's text: texts as they are, null as "", arrays and objects as their JSON.
+/// An attribute's text: texts unchanged, null as "", arrays and objects as their JSON.
 std::string ValueText(element value) {
     std::string text;
     switch (value.type()) {
@@ -90,7 +90,7 @@ void PlainFeatureReader::AddGeometry(Object geometry) {
     auto found = std::find_if(geometryTypes.begin(), geometryTypes.end(),
                               [&](const GeometryType& entry) { return entry.name == type; });
     if (found == geometryTypes.end())
-        throw BadValue("geometry.type: \"" + std::string(type) + "\" is no type of geometry");
+        throw BadValue("geometry.type: \"" + std::string(type) + "\" is not a type of geometry");
     members.Get(Coordinates, [&](element value) { AddParts(found->part, found->depth, value); });
 }
 
@@ -111,7 +111,7 @@ void PlainFeatureReader::AddPart(Part part, element coordinates) {
     GiveAttributes(entity);
 }
 
-/// The texts of a feature are stored once, however many parts it has.
+/// The texts of a feature are stored once for all its parts.
 void PlainFeatureReader::GiveAttributes(Entity entity) {
     if (first_) {
         drawing_.shareValues();

@@ -15,13 +15,13 @@
 
 namespace vexlator::vdfjson {
 
-/// Reads GeoJSON features (RFC 7946) that come from elsewhere and have no `vdf` member.
+/// Reads GeoJSON features (RFC 7946) of other programs, without a `vdf` member.
 ///
-/// Point becomes a VDPOINT, LineString an open VDPOLYLINE, each ring of a Polygon a closed VDPOLYLINE with
-/// the vertices as they stand, the last one, which repeats the first, included. Every part of a Multi*
-/// geometry or GeometryCollection becomes an entity of its own, and all of them have the feature's
-/// attributes, and empty ones for those that only others of its layer have. A feature without geometry
-/// becomes a VDPOLYLINE without vertices, so that its attributes are kept.
+/// Point becomes a VDPOINT, LineString an open VDPOLYLINE. Each ring of a Polygon becomes a closed VDPOLYLINE
+/// with all its vertices, including the last one, which repeats the first. Every part of a Multi* geometry or
+/// GeometryCollection becomes a separate entity. All of them have the feature's attributes, and empty ones
+/// for attributes that only other features of the layer have. A feature without geometry becomes a VDPOLYLINE
+/// without vertices, so that its attributes are kept.
 class PlainFeatureReader {
 public:
     /// `defaultLayer` is for features without a property `layer`.
@@ -31,7 +31,7 @@ public:
     using Object = simdjson::dom::object;
 
     /// Adds the feature's entities. Returns the first one.
-    /// @throws BadValue, after which the drawing may hold a part of the feature
+    /// @throws BadValue, after which the drawing may contain a part of the feature
     drawing::Entity Add(std::optional<Object> geometry, std::optional<Object> properties);
 
 private:
@@ -39,12 +39,12 @@ private:
     struct GeometryType {
         std::string_view name;
         Part part;
-        int depth;  ///< arrays around each part
+        int depth;  ///< depth of arrays around each part
     };
     static const std::array<GeometryType, 6> geometryTypes;
 
     void ReadProperties(Object properties);
-    /// Puts the values where their names stand among those of the layer, once these are known.
+    /// Puts the values at the positions of their names in the layer's names, once these are known.
     void ArrangeValues();
     void AddGeometry(Object geometry);
     void AddParts(Part part, int depth, element coordinates);
@@ -58,9 +58,9 @@ private:
     std::string layer_;
     std::vector<std::string_view> ownNames_;
     std::vector<std::string> ownValues_;
-    std::vector<std::string_view> values_;  ///< of names_
+    std::vector<std::string_view> values_;  ///< positions of names_
     std::vector<drawing::Point> points_;
-    std::optional<drawing::Entity> first_;  ///< of the current feature
+    std::optional<drawing::Entity> first_;  ///< values of the current feature
 };
 
 }  // namespace vexlator::vdfjson

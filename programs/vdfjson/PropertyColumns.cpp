@@ -23,7 +23,7 @@ const std::vector<std::size_t>& PropertyColumns::Layer::PlacesOf(const std::vect
     return places_;
 }
 
-/// Features mostly have their properties in the same order: the place behind the last one is the expected.
+/// Most features have their properties in the same order, so the next position is expected.
 std::size_t PropertyColumns::Layer::PlaceOf(std::string_view name, std::size_t expected) {
     if (!hasRepeats_ && expected < names_.size() && names_[expected] == name &&
         takenBy_[expected] != features_)

@@ -11,15 +11,15 @@
 
 namespace vexlator::vdfjson {
 
-/// The names of the properties that the plain features of each layer have, each once, in the order in which
-/// they come up. Exports go by the positions of attributes, so that every feature of a layer has to have all
-/// of them. They are known when all features have been read; where features differ, these are read once more.
+/// The property names of the plain features of each layer, each once, in the order of first occurrence.
+/// Exports use attributes by position, so every feature of a layer must have all of them. They are complete
+/// after all features have been read. If features differ, these are read again.
 class PropertyColumns {
 public:
     class Layer {
     public:
-        /// Takes the next feature: gives each of its properties a place among Names(), which grows when one
-        /// is new. Of properties that share their name, each has a place of its own.
+        /// Takes the next feature: gives each of its properties a position in Names(), which grows for a new
+        /// name. Properties with the same name have separate positions.
         const std::vector<std::size_t>& PlacesOf(const std::vector<std::string_view>& names);
         const std::vector<std::string>& Names() const { return names_; }
 
@@ -29,19 +29,20 @@ public:
 
         std::vector<std::string> names_;
         std::unordered_map<std::string, std::vector<std::size_t>> byName_;
-        std::vector<std::uint64_t> takenBy_;  ///< by place: the last feature that has it, counted from 1
+        std::vector<std::uint64_t> takenBy_;  ///< by position: the last feature that has it, counted from 1
         std::vector<std::size_t> places_;
         std::uint64_t features_ = 0, values_ = 0;
         bool isUniform_ = true;    ///< all features so far have the same names in the same order
-        bool hasRepeats_ = false;  ///< a feature has two properties of one name
+        bool hasRepeats_ = false;  ///< a feature has two properties with the same name
     };
 
-    /// By the layer's name as the drawing spells it.
+    /// By the layer's name in the drawing's spelling.
     Layer& Of(const std::string& layer) { return layers_[layer]; }
     /// Whether the features of each layer have the same names in the same order.
     bool AreUniform() const;
-    /// All features have been read once, and their names are complete.
-    /// @throws platform::ReadError when the values that features lack would outweigh the document many times
+    /// Call it when all features have been read once: the names are complete.
+    /// @throws platform::ReadError if the missing values of features would be many times larger than the
+    /// document
     void Settle(std::uint64_t documentBytes);
     bool AreSettled() const { return areSettled_; }
 

@@ -33,19 +33,17 @@ constexpr std::string_view usage =
 
 constexpr std::string_view help =
     "\n"
-    "A dump holds the whole drawing: every feature's member \"vdf\" is the entity itself, which is what "
-    "load\n"
-    "reads; \"geometry\" and \"properties\" are there for GIS viewers. \"blocks\" are symbols with their "
-    "entities.\n"
+    "A dump holds the whole drawing. Every feature's member \"vdf\" is the entity itself, which load reads.\n"
+    "\"geometry\" and \"properties\" are for GIS viewers. \"blocks\" are symbols with their entities.\n"
     "\n"
-    "load also takes GeoJSON from elsewhere. Lines and the rings of polygons become polylines, each part of "
+    "load also reads GeoJSON of other programs. Lines and the rings of polygons become polylines. Each part "
+    "of "
     "a\n"
-    "multiple geometry becomes an entity of its own. The property \"layer\" names a feature's layer; "
-    "features\n"
-    "without it go on the layer named after the file. All of a layer get the properties that any of them "
-    "has.\n"
+    "multiple geometry becomes a separate entity. The property \"layer\" names a feature's layer; features "
+    "without\n"
+    "it go on the layer with the file's name. All features of a layer get the properties of any of them.\n"
     "\n"
-    "Exit status: 0 done; 1 failed, and OUT.VDF is as it was; 2 wrong use.\n";
+    "Exit status: 0 done; 1 failed, and OUT.VDF is unchanged; 2 wrong use.\n";
 
 void Tell(const std::string& file, const std::string& what) {
     std::string line = "vdfjson: " + (file.empty() ? "" : file + ": ") + what + "\n";
@@ -76,7 +74,7 @@ void LoadText(std::string_view json, const std::string& name, std::string_view p
     } catch (const platform::ReadError& error) {
         throw error.InFile(name);
     }
-    // Until now there was nothing that a signal could leave behind.
+    // Before this point a signal leaves nothing behind.
     platform::StopOnSignals();
     drawing.saveAs(target);
 }
@@ -122,7 +120,7 @@ int RunAndReport(const std::vector<std::string>& arguments) {
     try {
         return Run(arguments);
     } catch (const platform::Stopped&) {
-        Fail(arguments.back(), "stopped; it is as it was");
+        Fail(arguments.back(), "stopped; it is unchanged");
         platform::EndBySignal();
         return failed;
     } catch (const platform::ReadError& error) {

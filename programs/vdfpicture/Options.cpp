@@ -24,7 +24,7 @@ std::vector<std::string> Split(std::string_view text, char separator) {
     return parts;
 }
 
-/// The whole text as a number.
+/// The number that the whole text forms.
 template <typename Number>
 bool Reads(std::string_view text, Number& number) {
     auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -37,7 +37,7 @@ void TakeSize(const std::string& text, Options& options) {
         return Reads(side, pixels) && pixels >= 1 && pixels <= largestSide;
     };
     if (sides.size() != 2 || !isSide(sides[0], options.width) || !isSide(sides[1], options.height))
-        throw WrongUse{"--size " + text + ": wanted is WIDTHxHEIGHT in pixels, each 1 to " +
+        throw WrongUse{"--size " + text + ": expected WIDTHxHEIGHT in pixels, each 1 to " +
                        std::to_string(largestSide)};
 }
 
@@ -48,7 +48,7 @@ void TakeExtent(const std::string& text, Options& options) {
     for (std::size_t i = 0; isExtent && i < sides.size(); ++i)
         isExtent = Reads(parts[i], sides[i]) && std::isfinite(sides[i]);
     if (!isExtent || sides[0] >= sides[2] || sides[1] >= sides[3])
-        throw WrongUse{"--extent " + text + ": wanted is minX,minY,maxX,maxY in the drawing's units"};
+        throw WrongUse{"--extent " + text + ": expected minX,minY,maxX,maxY in the drawing's units"};
     options.extent = {sides[0], sides[1], sides[2], sides[3]};
 }
 

@@ -22,14 +22,14 @@ struct Options {
     bool hasFurniture = false;
 };
 
-/// An option that has no such value, or a target that is no picture.
+/// An option with an invalid value, or a target that is not a picture.
 struct WrongUse {
-    std::string reason;  ///< "" when the usage says it all
+    std::string reason;  ///< "" if the usage text is enough
 };
 
-constexpr int largestSide = 20000;  ///< pixels
+constexpr int largestSide = 20000;  ///< size in pixels
 
-/// Options may stand before and behind the files. @throws WrongUse
+/// Options can be before and after the files. @throws WrongUse
 Options ParseOptions(const std::vector<std::string>& arguments);
 
 }  // namespace vexlator::vdfpicture

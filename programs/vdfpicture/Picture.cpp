@@ -25,26 +25,26 @@ namespace {
 
 constexpr double pixelsPerInch = 96;
 
-/// With room around it, as a share of its larger side, so that nothing touches the edge.
+/// With a margin, as a share of its longer side, so that nothing touches the edge.
 render::Box WithMargin(const render::Box& box, double share) {
     double margin = share * std::max(box.maxX - box.minX, box.maxY - box.minY);
     return {box.minX - margin, box.minY - margin, box.maxX + margin, box.maxY + margin};
 }
 
-/// What is shown, and a line on what is not; "" for none.
+/// The shown extent, and a line about contents outside of it; "" for none.
 struct Extent {
     render::Box box;
     std::string note;
 };
 
-/// A picture without furniture shows all there is; a map for people what belongs together.
+/// A picture without furniture shows everything; a map shows the main contents.
 Extent ExtentOf(const render::Scene& scene, const Options& options) {
     if (options.extent) return {*options.extent, ""};
     if (!options.hasFurniture) return {WithMargin(scene.Extents(), 0.01), ""};
     render::UsualExtent usual = FindUsualExtent(scene);
     std::string note;
     if (usual.outside > 0)
-        note = std::to_string(usual.outside) + (usual.outside == 1 ? " feature lies" : " features lie") +
+        note = std::to_string(usual.outside) + (usual.outside == 1 ? " feature is" : " features are") +
                " outside, far from all others";
     return {WithMargin(usual.extent, 0.04), note};
 }
@@ -79,7 +79,7 @@ private:
         QImage map = Paper(area_.width, area_.height);
         PaintScene(scene_, view_, map);
         QImageWriter writer(&buffer, "png");
-        // Twice as fast as the default, for files that are a few percent larger.
+        // Twice as fast as the default. The files are a few percent larger.
         writer.setCompression(20);
         writer.write(options_.hasFurniture ? Framed(map) : map);
     }
@@ -134,7 +134,7 @@ void WritePicture(const render::Scene& scene, const Options& options,
     Extent extent = ExtentOf(scene, options);
     if (!extent.note.empty()) tell(options.source + ": " + extent.note + "; --extent shows more");
     QByteArray bytes = Picture(scene, options, extent).Bytes();
-    // Until now there was nothing that a signal could leave behind.
+    // Before this point a signal leaves nothing behind.
     platform::StopOnSignals();
     platform::OutputFile file(options.target);
     file.Write(std::string_view(bytes.data(), std::size_t(bytes.size())));

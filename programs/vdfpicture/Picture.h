@@ -10,8 +10,9 @@
 
 namespace vexlator::vdfpicture {
 
-/// Paints a scene and writes the picture, atomically; needs a QGuiApplication. `tell` takes a line on what
-/// the picture leaves out. @throws platform::WriteError
+/// Paints a scene and writes the picture, atomically; needs a QGuiApplication. `tell` gets a line about
+/// contents left out of the picture.
+/// @throws platform::WriteError
 void WritePicture(const render::Scene& scene, const Options& options,
                   const std::function<void(std::string_view)>& tell);
 

@@ -36,31 +36,31 @@ constexpr std::string_view usage =
 constexpr std::string_view help =
     "\n"
     "  --size WIDTHxHEIGHT               pixels, 1600x1000 by default; in SVG and PDF, of 1/96 inch\n"
-    "  --extent minX,minY,maxX,maxY      what to show, in the drawing's units; by default all of it\n"
+    "  --extent minX,minY,maxX,maxY      the part to show, in the drawing's units; by default all of it\n"
     "  --layers A,B                      only these layers; of a package, its themes or colours\n"
-    "  --furniture                       a map for people: frame with coordinates, scale bar, north arrow,\n"
-    "                                    legend, title; its extent leaves out what lies far from all else\n"
+    "  --furniture                       a complete map: frame with coordinates, scale bar, north arrow,\n"
+    "                                    legend, title; its extent leaves out features far from all others\n"
     "\n"
-    "Frozen layers are not shown. Symbols that a drawing names and lacks come from SymbolsDirectory of the\n"
-    "installation that VEXLATOR_HOME names.\n"
-    "Exit status: 0 done; 1 failed, and the picture is as it was; 2 wrong use.\n";
+    "Frozen layers are not shown. Symbols missing in a drawing come from SymbolsDirectory of the\n"
+    "installation in VEXLATOR_HOME.\n"
+    "Exit status: 0 done; 1 failed, and the picture is unchanged; 2 wrong use.\n";
 
 void Tell(std::string_view what) {
     std::string line = "vdfpicture: " + std::string(what) + "\n";
     std::fwrite(line.data(), 1, line.size(), stderr);
 }
 
-/// The one place that reads settings.
+/// The only place that reads settings.
 std::string SymbolsFolder() {
     const char* home = std::getenv("VEXLATOR_HOME");
     if (!home) return "";
     return config::ReadIniFile(util::JoinPath(home, "gv.ini"), "GENERAL", "SymbolsDirectory");
 }
 
-/// What has to be read for a window. A map's depends on its legend: all is read for it.
+/// The ground to read for a window. A map's window depends on its legend, so everything is read.
 std::optional<render::Box> GroundToRead(const Options& options) {
     if (!options.extent || options.hasFurniture) return std::nullopt;
-    constexpr double dots = 20;  // pixels around, for what is wider than its box
+    constexpr double dots = 20;  // margin in pixels, for items that are wider than their boxes
     render::View view(*options.extent, options.width, options.height);
     render::PlanePoint least = view.ToGround({-dots, options.height + dots});
     render::PlanePoint most = view.ToGround({options.width + dots, -dots});
@@ -77,7 +77,7 @@ void Draw(const Options& options) {
     render::Scene scene =
         isPackage ? SceneOfPackage(options.source, wanted) : SceneOfFile(options.source, wanted);
     if (scene.LeftOut() > 0)
-        Tell(options.source + ": features without a place, left out: " + std::to_string(scene.LeftOut()));
+        Tell(options.source + ": features without a position, left out: " + std::to_string(scene.LeftOut()));
     WritePicture(scene, options, Tell);
 }
 
@@ -107,7 +107,7 @@ int RunAndReport(const std::vector<std::string>& arguments) {
         std::fwrite(usage.data(), 1, usage.size(), stderr);
         return wrongUse;
     } catch (const platform::Stopped&) {
-        Fail(arguments.back() + ": stopped; it is as it was");
+        Fail(arguments.back() + ": stopped; it is unchanged");
         platform::EndBySignal();
         return failed;
     } catch (const platform::OutputError& error) {
@@ -119,7 +119,7 @@ int RunAndReport(const std::vector<std::string>& arguments) {
     }
 }
 
-/// Qt's own remarks are of no use to whoever wants a picture.
+/// Qt's messages do not help a user who wants a picture.
 void DropMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& /*message*/) {}
 
 }  // namespace
@@ -131,7 +131,7 @@ int main(int argc, char** argv) {
     std::vector<std::string> arguments(argv + 1, argv + argc);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(vexlator::vdfpicture::DropMessage);
-    // The arguments are ours; Qt sees none.
+    // The arguments are ours. Qt sees none.
     int one = 1;
     QGuiApplication application(one, argv);
     return vexlator::vdfpicture::RunAndReport(arguments);

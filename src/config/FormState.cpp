@@ -14,7 +14,7 @@ namespace {
 
 enum class Kind { CheckBox, TextBox, ComboBox, OptionButton };
 
-/// What a control is, and where its state stands.
+/// The kind of a control, and where its state is stored.
 struct StoredState {
     Kind kind;
     std::string section, key;

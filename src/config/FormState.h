@@ -8,9 +8,10 @@
 #include <string>
 #include <string_view>
 
-/// How a window's controls keep their state between runs. A control's name says what it is and where its
-/// state stands: "chk", "txt", "cbo" and "opt" under their own name in [OPTION]; a text box named
-/// gtxtGRP_GRIDSIZE as GRIDSIZE in [GRP], where conversions read it. Controls of other names are left alone.
+/// How a window's controls keep their state between runs. The prefix of a control's name says its kind and
+/// where its state is stored. "chk", "txt", "cbo" and "opt" controls are stored under their own name in
+/// [OPTION]. A text box named gtxtGRP_GRIDSIZE is stored as GRIDSIZE in [GRP], where conversions read it.
+/// Controls with other names are left alone.
 namespace vexlator::config {
 
 struct FormControl {
@@ -24,8 +25,8 @@ struct FormControl {
 /// Writes the state of the controls. An empty file means gv.ini.
 void SaveFormState(Run& run, std::span<const FormControl> controls, std::string_view file = "");
 
-/// Reads it back. A missing key unchecks, clears, selects the first entry or deselects; a number that the
-/// control cannot have leaves it as it is.
+/// Restores the state. A missing key unchecks, clears, selects the first entry or deselects. A control keeps
+/// its state if the stored number is not valid for it.
 void RestoreFormState(const Run& run, std::span<FormControl> controls, std::string_view file = "");
 
 }  // namespace vexlator::config

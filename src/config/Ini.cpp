@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::string_view blanks = " \t";
 
-/// A section's or key's name as callers give it, as UTF-8.
+/// The name of a section or key as callers give it, in UTF-8.
 std::string Name(std::string_view name) {
     return std::string(util::Trim(platform::AsUtf8(name), blanks));
 }
@@ -44,16 +44,16 @@ bool IsKeyLine(std::string_view line, std::string_view& name, std::string_view& 
     return true;
 }
 
-/// Where a section and a key stand in a text; also, where a new key belongs.
+/// Where a text has a section and a key; also, where a new key belongs.
 struct Place {
     bool hasSection = false, hasKey = false;
     std::string_view value;  ///< without the blanks around it
-    /// Just after the section's last key line, or after its own line when it has none.
+    /// Just after the section's last key line; for a section without keys, after the section line.
     std::size_t afterLastKey = 0;
 };
 
-/// The first section of that name, and in it the first key: those that come later do not count. Names are in
-/// the encoding of the text.
+/// The first section with the name, and the first key with the name in it. Later ones are ignored. Names are
+/// in the encoding of the text.
 Place Find(std::string_view text, std::string_view section, std::string_view key) {
     Place place;
     util::LineReader lines(text);
@@ -73,7 +73,7 @@ Place Find(std::string_view text, std::string_view section, std::string_view key
     return place;
 }
 
-/// What a stored value means.
+/// The meaning of a stored value.
 std::string_view PlainValue(std::string_view value) {
     value = value.substr(0, value.find('\0'));
     if (IsQuoted(value)) value = value.substr(1, value.size() - 2);
@@ -91,7 +91,7 @@ bool CanBeKey(std::string_view name) {
            name.find_first_of(std::string_view("=\r\n\0", 4)) == std::string_view::npos;
 }
 
-/// The value as it stands in a file, so that it reads back the same and is one line.
+/// The value as it is stored in a file: it reads back the same and is one line.
 std::string StoredValue(std::string_view value) {
     std::string stored = platform::AsUtf8(value);
     std::replace_if(
@@ -106,7 +106,7 @@ std::string_view LineEndOf(std::string_view text) {
     return text.substr(end, 1);
 }
 
-/// Inserts whole lines at the end of a line; gives that line its end when it has none.
+/// Inserts whole lines at the end of a line. Adds a line end to a line without one.
 std::string WithLines(std::string_view text, std::size_t at, std::string lines) {
     bool lineIsOpen = at > 0 && text[at - 1] != '\n' && text[at - 1] != '\r';
     if (lineIsOpen) lines.insert(0, LineEndOf(text));
@@ -133,13 +133,13 @@ std::string EditedWindows1252(std::string_view text, std::string_view section, s
     return Edited(text, Windows1252FromUtf8(section), Windows1252FromUtf8(key), Windows1252FromUtf8(value));
 }
 
-/// Keeps the encoding of the text where it can.
+/// Keeps the encoding of the text if it can.
 std::string Recoded(std::string_view text, const std::string& section, const std::string& key,
                     const std::string& value) {
     if (platform::IsUtf8(text)) return Edited(text, section, key, value);
     if (platform::FitsWindows1252(section + key + value)) {
         std::string edited = EditedWindows1252(text, section, key, value);
-        // What happens to read as UTF-8 now would be taken for it.
+        // A text that happens to be valid UTF-8 now would be read as UTF-8.
         if (platform::IsAscii(edited) || !platform::IsUtf8(edited)) return edited;
     }
     return Edited(platform::Utf8FromWindows1252(text), section, key, value);
@@ -178,7 +178,7 @@ void WriteIniFile(std::string_view file, std::string_view section, std::string_v
 }
 
 IniText::IniText(std::string_view text) : text_(platform::DecodeText(text)) {
-    Keys* keys = nullptr;  // null in a section whose name an earlier one has: it does not count
+    Keys* keys = nullptr;  // null in a section with the name of an earlier one, which is ignored
     std::string_view name, value;
     for (util::LineReader lines(text_); !lines.AtEnd();) {
         std::string_view line = lines.ReadTextLine();

@@ -12,7 +12,7 @@
 
 namespace vexlator::config {
 
-/// A value that counts instead of that in gv.ini, and is never written there.
+/// A value that replaces the one in gv.ini. It is never written to the file.
 struct IniOverride {
     std::string section, key, value;
 };
@@ -22,7 +22,8 @@ struct IniOverride {
 class Installation {
 public:
     explicit Installation(platform::Clock clock = platform::LocalTime) : clock_(std::move(clock)) {}
-    Installation(const Installation&) = delete;
+    /// For work that goes on beside this one.
+    explicit Installation(const Installation&) = default;
     Installation& operator=(const Installation&) = delete;
 
     SharedSettings& Settings() { return settings_; }
@@ -32,13 +33,13 @@ public:
     /// The value of a key, "" when it is missing. An empty file means gv.ini. Never cached: a value written
     /// earlier is seen.
     std::string ReadIni(std::string_view section, std::string_view key, std::string_view file = "") const;
-    /// gv.ini as a whole, read once for all of its values; one that is missing has none.
+    /// The whole gv.ini, read once for all of its values. A missing file has no values.
     IniText Ini() const;
-    /// On only when the value is exactly "1".
+    /// True only if the value is exactly "1".
     bool ReadIniFlag(std::string_view section, std::string_view key, std::string_view file = "") const;
-    /// From now on a key of gv.ini has this value, whatever the file says.
+    /// From now on a key of gv.ini has this value, whatever the file holds.
     void Override(IniOverride value) { overrides_.push_back(std::move(value)); }
-    /// The path text of the file that an empty one means.
+    /// The path text of the file that an empty file name means.
     std::string IniFile(std::string_view file) const;
     /// @throws platform::WriteError
     void WriteIni(std::string_view section, std::string_view key, std::string_view value,
@@ -49,7 +50,7 @@ public:
 private:
     platform::Clock clock_;
     SharedSettings settings_;
-    std::vector<IniOverride> overrides_;  ///< of those of one key the last counts
+    std::vector<IniOverride> overrides_;  ///< the last one for a key counts
 };
 
 }  // namespace vexlator::config

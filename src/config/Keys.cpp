@@ -26,7 +26,7 @@ bool IsInRange(const Key& key, std::string_view value) {
 std::string Key::Explanation() const {
     bool isFlag = type == Type::Flag || type == Type::Switch;
     std::string text = (isFlag ? "Flag: " : "") + std::string(meaning);
-    if (type == Type::Number) text += ", " + RangeOf(*this);
+    if (type == Type::Number) text += ": " + RangeOf(*this);
     text += ".";
     if (!fallback.empty()) text.append(" Default: ").append(fallback).append(".");
     return text;
@@ -39,16 +39,16 @@ std::string Key::Problem(std::string_view value) const {
             return "";
         case Type::Number:
             if (IsInRange(*this, value)) return "";
-            return "no number from " + RangeOf(*this) + "; " + std::to_string(NumberOf(*this, value)) +
-                   " counts";
+            return "not a number from " + RangeOf(*this) + "; " + std::to_string(NumberOf(*this, value)) +
+                   " is used";
         case Type::Folder:
             return platform::FolderExists(value) ? "" : "there is no such folder";
         case Type::File:
             if (platform::FileExists(value)) return "";
-            return "there is no such file; the default counts: " + std::string(fallback);
+            return "there is no such file; the default is used: " + std::string(fallback);
         default:
             if (value == "0" || value == "1") return "";
-            return std::string("neither 0 nor 1; it counts as ") + (IsOn(*this, value) ? "on" : "off");
+            return std::string("neither 0 nor 1; it means ") + (IsOn(*this, value) ? "on" : "off");
     }
 }
 

@@ -11,9 +11,9 @@
 #include <variant>
 #include <vector>
 
-/// The keys of gv.ini. Each is declared once, in the folder of what reads it, beside the struct of settings
-/// that it fills. gv.ini of a new installation, what --check says of values and the page of all settings come
-/// from the declarations.
+/// The keys of gv.ini. Each is declared once, in the folder of the code that reads it, beside the struct of
+/// settings that it fills. The gv.ini of a new installation, the findings of --check and the page of all
+/// settings come from the declarations.
 namespace vexlator::config {
 
 struct Key {
@@ -23,30 +23,31 @@ struct Key {
         Text,
         Number,  ///< whole; kept within its range
         Folder,  ///< its path
-        File     ///< its path; a file that is missing counts like a missing key
+        File     ///< its path; a missing file counts like a missing key
     };
     std::string_view section;
     std::string_view name;  ///< "": the section's keys can have any name
     std::string_view meaning;
-    std::string_view fallback = "";  ///< what holds when the key is missing or empty, in words
-    std::string_view initial = "";   ///< its value in a new installation, whose folder @FOLDER@ stands for
+    std::string_view fallback = "";  ///< in words: what applies if the key is missing or empty
+    std::string_view initial =
+        "";  ///< its value in a new installation; @FOLDER@ stands for the installation's folder
     Type type = Type::Text;
-    std::int64_t least = 0, most = 0;  ///< of a number
+    std::int64_t least = 0, most = 0;  ///< range of a number
 
     /// For people, as in "Flag: positions are left out. Default: off."
     std::string Explanation() const;
-    /// What is wrong with a value, and what counts instead; "" when nothing is.
+    /// The fault of a value, and the value that is used instead; "" for a good value.
     std::string Problem(std::string_view value) const;
 };
 
-/// A key, and the member of a struct of settings that gets its value.
+/// A key, and the member of a settings struct that gets its value.
 template <typename Settings>
 struct KeyOf : Key {
     using Member = std::variant<bool Settings::*, std::string Settings::*, int Settings::*>;
     Member member;
 };
 
-/// How the keys of a struct are declared. A key that can have any name is a Key by itself.
+/// Declares the keys of a struct. A key that can have any name is declared as a plain Key.
 template <typename Settings>
 struct Keys {
     using Member = typename KeyOf<Settings>::Member;
@@ -82,8 +83,8 @@ struct Keys {
 bool IsOn(const Key& key, std::string_view value);
 int NumberOf(const Key& key, std::string_view value);
 
-/// The settings that these keys say. What is no flag keeps its value in `settings` where the key is missing
-/// or empty.
+/// Reads a settings struct by its keys. If a key is missing or empty, a member that is not a flag keeps its
+/// value in `settings`.
 template <typename Settings>
 Settings ReadKeys(const Installation& installation, std::span<const KeyOf<Settings>> keys,
                   Settings settings = {}) {

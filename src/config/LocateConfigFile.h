@@ -7,9 +7,9 @@
 
 namespace vexlator::config {
 
-/// The full path of the main configuration file: [CONFIG] APPINI of application.ini in the program folder,
-/// with every %USERNAME% and %username% replaced by the current user's login name; without it, `fileName` in
-/// the program folder.
+/// The full path of the main configuration file. application.ini in the program folder gives it as [CONFIG]
+/// APPINI, with every %USERNAME% and %username% replaced by the current user's login name. Without it, the
+/// path is `fileName` in the program folder.
 std::string LocateConfigFile(std::string_view programFolder, std::string_view fileName);
 
 }  // namespace vexlator::config

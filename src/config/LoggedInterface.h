@@ -10,8 +10,8 @@
 
 namespace vexlator::config {
 
-/// Hands everything over to another user interface, and every text that the person sees to the run log too,
-/// so that a night without anybody watching can be read in the morning.
+/// Hands everything over to another user interface, and writes every text that the user sees to the run log
+/// too. So the log shows in the morning what happened in a night without anybody watching.
 class LoggedInterface : public ui::UserInterface {
 public:
     LoggedInterface(ui::UserInterface& shown, std::function<void(std::string_view)> log);
@@ -22,6 +22,7 @@ public:
     std::unique_ptr<ui::FormView> ShowForm(std::string_view name) override;
     void Settle(double seconds) override;
     void Beep() override;
+    ui::UserInterface& Shown() { return shown_; }
 
 private:
     ui::UserInterface& shown_;

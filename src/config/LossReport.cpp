@@ -10,11 +10,12 @@ namespace vexlator::config {
 
 namespace {
 
-constexpr std::array<std::pair<LossReport::Kind, std::string_view>, 5> titles = {{
+constexpr std::array<std::pair<LossReport::Kind, std::string_view>, 6> titles = {{
     {LossReport::Kind::LeftOut, "entities left out: "},
     {LossReport::Kind::Cut, "values cut: "},
     {LossReport::Kind::NoColumn, "values without a column: "},
     {LossReport::Kind::Broken, "values that break their row: "},
+    {LossReport::Kind::NotNumber, "texts in columns of numbers: "},
     {LossReport::Kind::Replaced, "characters replaced: "},
 }};
 
@@ -27,8 +28,12 @@ void LossReport::Count(Kind kind, std::string_view layer, std::string_view field
     counts_[{kind, std::move(name)}] += values;
 }
 
+void LossReport::Add(const LossReport& more) {
+    for (const auto& [key, count] : more.counts_) counts_[key] += count;
+}
+
 std::string LossReport::Line() const {
-    constexpr std::size_t mostFields = 20;  // of each kind; a line is for people
+    constexpr std::size_t mostFields = 20;  // names of each kind; the line is for people
     std::string line;
     for (const auto& [kind, title] : titles) {
         util::ShortList fields(mostFields);

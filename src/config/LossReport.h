@@ -10,20 +10,22 @@
 
 namespace vexlator::config {
 
-/// Counts what an output could not hold, so that no loss is silent.
+/// Counts the values that an output could not hold, so that no loss is silent.
 class LossReport {
 public:
     enum class Kind {
-        LeftOut,   ///< entities of a kind that the format cannot hold; the field names the kind
-        Cut,       ///< values that are longer than their column
-        NoColumn,  ///< values for which there is no column
-        Broken,    ///< values that hold what separates fields or rows
-        Replaced   ///< characters that the encoding lacks
+        LeftOut,    ///< entities of a kind that the format cannot hold; the field names the kind
+        Cut,        ///< values that are longer than their column
+        NoColumn,   ///< values for which there is no column
+        Broken,     ///< values that hold what separates fields or rows
+        NotNumber,  ///< values that are no numbers in columns of numbers
+        Replaced    ///< characters that the encoding lacks
     };
     void Count(Kind kind, std::string_view layer, std::string_view field, std::uint64_t values = 1);
+    void Add(const LossReport& more);
     bool Empty() const { return counts_.empty(); }
-    /// One line, as in "values cut: FENCE.NOTES 3, WALL.NAME 1; characters replaced: WALL.NAME 2"; "" when
-    /// nothing was lost. Of each kind it names the first few, long names cut, and counts the others.
+    /// One line, as in "values cut: FENCE.NOTES 3, WALL.NAME 1; characters replaced: WALL.NAME 2"; "" if
+    /// nothing was lost. For each kind it names the first few, with long names cut, and counts the others.
     std::string Line() const;
 
 private:

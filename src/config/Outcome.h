@@ -11,7 +11,7 @@ namespace vexlator::config {
 struct Outcome {
     enum class Status {
         Done,
-        Failed,        ///< some source could not be read; the person has been told
+        Failed,        ///< a source could not be read; the user has seen a message
         StoppedByUser  ///< the answer to a question ended it; nothing was written
     };
     Status status = Status::Done;

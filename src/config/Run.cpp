@@ -16,7 +16,7 @@ void Run::WriteIni(std::string_view section, std::string_view key, std::string_v
                    std::string_view file) {
     TellOnce(
         installation_.IniFile(file), [&] { installation_.WriteIni(section, key, value, file); },
-        "settings are not kept: ");
+        "settings are not saved: ");
 }
 
 void Run::Log(std::string_view text) {
@@ -28,7 +28,7 @@ void Run::DebugMessage(std::string_view text) {
     if (Settings().DebugMode) ui_.ShowMessage(text);
 }
 
-/// Writes to a file unless that failed before.
+/// Writes to a file, unless an earlier write failed.
 void Run::TellOnce(const std::string& file, const std::function<void()>& write, const char* consequence) {
     if (notWritable_.contains(file)) return;
     try {

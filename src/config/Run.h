@@ -15,52 +15,51 @@
 
 namespace vexlator::config {
 
-/// The part of the world that an import is limited to, in drawing units. All 0: no limit.
+/// The area that limits an import, in drawing units. All 0: no limit.
 struct ImportExtentBox {
     double minX = 0, minY = 0, maxX = 0, maxY = 0;
 
     bool IsSet() const { return minX != 0 || minY != 0 || maxX != 0 || maxY != 0; }
 };
 
-/// What the command of a run asks for beside its conversion.
+/// Options of a run beside its conversion.
 struct RunOptions {
-    bool quiet = false;  ///< asks nothing that would hold up a run without anybody watching
+    bool quiet = false;  ///< asks no questions that would hold up a run without a user
     bool minimised = false;
     ImportExtentBox extent;
-    std::string folder;  ///< path text; results go here instead of beside what they are made of; "": there
+    std::string folder;  ///< path text of the folder for results; "": results go beside their sources
 };
 
-/// The device job that a drawing came from. Path texts; empty when it came from none.
+/// The device job of a drawing. Path texts; empty if the drawing has no job.
 struct JobPath {
     std::string full;
-    std::string
-        relative;  ///< below WorkFlowDirectory, its folders separated by "\"; "" when it lies elsewhere
+    std::string relative;  ///< relative to WorkFlowDirectory, with "\" between folders; "" if it is elsewhere
 };
 
-/// One conversion: whom it talks to, what was asked of it, what comes of it. Several can follow each other,
-/// or go on side by side, in one installation.
+/// One conversion: its user, its options, its outcome. One installation can have several runs, one after the
+/// other or side by side.
 class Run {
 public:
-    /// Both outlive the run.
+    /// Both must outlive the run.
     Run(config::Installation& installation, ui::UserInterface& userInterface, RunOptions options = {});
     Run(const Run&) = delete;
     Run& operator=(const Run&) = delete;
 
-    /// Whatever it shows goes to the run log too.
+    /// Everything that it shows goes to the run log too.
     ui::UserInterface& Ui() { return ui_; }
+    /// For runs of their own inside this one, which log for themselves.
+    ui::UserInterface& UnloggedUi() { return ui_.Shown(); }
     RunOptions& Options() { return options_; }
     const RunOptions& Options() const { return options_; }
     LossReport& Losses() { return losses_; }
 
-    // What an export finds out, for the steps that follow it.
+    // The results of an export, for the steps that follow it.
     JobPath& Job() { return job_; }
     const JobPath& Job() const { return job_; }
-    std::string& MissingPhotos() {
-        return missingPhotos_;
-    }                                                ///< a line for each photograph that was not found
-    config::Outcome& Outcome() { return outcome_; }  ///< of the conversion, once it has ended
+    std::string& MissingPhotos() { return missingPhotos_; }  ///< one line for each missing photograph
+    config::Outcome& Outcome() { return outcome_; }          ///< of the conversion; set when it has ended
 
-    // What the installation knows.
+    // The values of the installation.
     const config::Installation& Installation() const { return installation_; }
     const SharedSettings& Settings() const { return installation_.Settings(); }
     platform::DateTime Now() const { return installation_.Now(); }
@@ -70,13 +69,13 @@ public:
     bool ReadIniFlag(std::string_view section, std::string_view key, std::string_view file = "") const {
         return installation_.ReadIniFlag(section, key, file);
     }
-    /// A file that cannot be written does not stop a conversion; one line tells it, once.
+    /// Writes a value. A file that cannot be written does not stop a conversion; one message reports it.
     void WriteIni(std::string_view section, std::string_view key, std::string_view value,
                   std::string_view file = "");
 
-    /// Adds one dated line to the run log, when there is one. A log that cannot be written is told once.
+    /// Adds one dated line to the run log, if there is one. A log that cannot be written is reported once.
     void Log(std::string_view text);
-    /// A message that only debug mode shows.
+    /// A message that appears only in debug mode.
     void DebugMessage(std::string_view text);
 
 private:
@@ -89,7 +88,7 @@ private:
     JobPath job_;
     std::string missingPhotos_;
     config::Outcome outcome_;
-    std::set<std::string> notWritable_;  ///< files of which the person knows that
+    std::set<std::string> notWritable_;  ///< files with faults that the user has already seen
 };
 
 }  // namespace vexlator::config

@@ -6,10 +6,10 @@
 
 namespace vexlator::config {
 
-/// What every conversion of an installation shares. Paths are path texts.
+/// The settings of every conversion of an installation. Paths are path texts.
 struct SharedSettings {
     std::string IniFilePath;                 ///< full path of gv.ini
-    std::string ConfigFolder;                ///< its folder; LocalATPs lies below
+    std::string ConfigFolder;                ///< its folder; LocalATPs is in it
     std::string ProgramFolder;               ///< the installation: application.ini, Resources
     std::string ATPDirectory;                ///< attribute templates
     std::string FMODirectory;                ///< database definitions
@@ -19,11 +19,11 @@ struct SharedSettings {
     std::string TempDirectory = "c:\\temp";  ///< scratch folder
     bool AutoLaunchExport = false;
     bool ReProcessFieldNames = false;
-    bool MatchNames = false;  ///< exports put values into the column of their name, else of their position
+    bool MatchNames = false;  ///< exports put values into the column with their name, not by position
     bool CreateZip = false;
     bool DebugMode = false;
     std::string InOutLog;         ///< path of the run log; empty: none
-    std::string SHORTENFIELDSON;  ///< separator at which values are cut short; empty: off
+    std::string SHORTENFIELDSON;  ///< separator that ends values; empty: off
 };
 
 }  // namespace vexlator::config

@@ -11,10 +11,10 @@ namespace vexlator::coords {
 
 namespace {
 
-/// Points that are converted in one go: few enough that a copy of them stays in the cache.
+/// Number of points converted in one go: a copy of them stays in the cache.
 constexpr std::size_t mostInRun = 4096;
 
-/// Before as many points have come, the library has them converted in less time than it takes to prepare.
+/// For fewer points, the library's conversion takes less time than the preparation.
 constexpr std::size_t manyPoints = 20000;
 
 }  // namespace
@@ -31,7 +31,7 @@ void ArrayOperation::Prepare() {
 
 const ArrayPipeline* ArrayOperation::PipelineFor(Direction direction, const util::PlanePoint& point) const {
     std::size_t choice = 0;
-    if (choices_)  // none becomes a large number
+    if (choices_)  // no suggestion (-1) becomes a large number
         choice = static_cast<std::size_t>(proj_get_suggested_operation(
             context_->Get(), choices_.get(), ProjDirection(direction), proj_coord(point.x, point.y, 0, 0)));
     return choice < pipelines_.size() && pipelines_[choice] ? &*pipelines_[choice] : nullptr;

@@ -14,12 +14,13 @@
 
 namespace vexlator::coords {
 
-/// An operation of the projection library, from the grid to longitude and latitude, for whole arrays: the
-/// library's results, to 1e-10 degrees and 0.01 mm, by faster arithmetic where we have it (ArrayPipeline.h).
+/// An operation of the projection library, from the grid to longitude and latitude, for whole arrays. Results
+/// equal the library's to 1e-10 degrees and 0.01 mm. ArrayPipeline.h has faster arithmetic for some
+/// operations.
 class ArrayOperation {
 public:
-    /// Lists the operations from which one takes for each point the one made for its place, in the library's
-    /// order; more than one, or none where there is no choice.
+    /// Lists the candidate operations of an operation that chooses one for each point by its area, in the
+    /// library's order. More than one, or none if there is no choice.
     using ListChoices = std::function<ProjList()>;
 
     /// None.
@@ -31,22 +32,22 @@ public:
     PJ* Get() const { return operation_.get(); }
     explicit operator bool() const { return operation_ != nullptr; }
 
-    /// As Transform() does (ProjContext.h).
+    /// As for Transform() (ProjContext.h).
     void Convert(Direction direction, Coordinates coordinates);
 
 private:
     void Prepare();
-    /// Null where the library computes.
+    /// Null if the library computes.
     const ArrayPipeline* PipelineFor(Direction direction, const util::PlanePoint& point) const;
     void ConvertRun(const ArrayPipeline& pipeline, Direction direction, Coordinates run);
 
     ProjContext* context_ = nullptr;
     ProjObject operation_;
     ListChoices listChoices_;
-    std::size_t points_ = 0;  ///< that have come
+    std::size_t points_ = 0;  ///< number of points so far
     ProjList choices_;
-    std::vector<std::optional<ArrayPipeline>> pipelines_;  ///< of each choice; none before Prepare()
-    std::vector<util::PlanePoint> runPoints_;              ///< of a run, before it is converted
+    std::vector<std::optional<ArrayPipeline>> pipelines_;  ///< of each candidate; none before Prepare()
+    std::vector<util::PlanePoint> runPoints_;              ///< points of a run, before the conversion
     std::vector<double> runHeights_;
 };
 

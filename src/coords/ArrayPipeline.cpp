@@ -69,7 +69,7 @@ std::optional<HelmertParameters> HelmertOf(PipelineStep step) {
     return step.IsUnderstood() ? std::optional(parameters) : std::nullopt;
 }
 
-/// The shift in the first steps, which leaves heights as they are.
+/// The shift in the first steps, which does not change heights.
 constexpr std::size_t shiftSteps = 5;
 std::optional<DatumShift> DatumShiftOf(Steps steps) {
     if (steps.size() < shiftSteps || steps[0].Text() != "proj=push v_3" || steps[4].Text() != "proj=pop v_3")
@@ -80,7 +80,7 @@ std::optional<DatumShift> DatumShiftOf(Steps steps) {
     return DatumShift(*source, *target, *helmert);
 }
 
-/// A net of points over the projection's reach, in degrees.
+/// A net of points over the range of the projection, in degrees.
 struct Net {
     std::vector<util::PlanePoint> points;
     std::vector<double> heights;
@@ -95,7 +95,7 @@ struct Net {
     Coordinates All() { return {points, heights}; }
 };
 
-/// What we leave to the library counts as agreed.
+/// Points that we leave to the library count as equal.
 bool Agree(const Net& ours, const Net& peer, double tolerance) {
     for (std::size_t i = 0; i < ours.points.size(); ++i) {
         util::PlanePoint our = ours.points[i], other = peer.points[i];

@@ -11,27 +11,26 @@
 namespace vexlator::coords {
 
 /// An operation of the projection library whose first steps we compute ourselves, many points at once: the
-/// transverse Mercator projection, and the shift to another datum when it is one of seven parameters. What
-/// follows, such as a grid of shifts, is left to the library.
+/// transverse Mercator projection, and a datum shift with seven parameters. The library computes the rest,
+/// such as a grid of shifts.
 class ArrayPipeline {
 public:
-    /// Nothing when the operation begins otherwise, or when our results would differ from the library's by
-    /// more than 1e-10 degrees or 0.01 mm anywhere on a net of points over the projection's reach.
+    /// Nothing if the operation begins with other steps, or if our results would differ from the library's by
+    /// more than 1e-10 degrees or 0.01 mm on a net of points over the range of the projection.
     static std::optional<ArrayPipeline> From(ProjContext& context, PJ& operation);
 
-    /// Points that our part does not reach become infinite or not a number, and so do those that the library
-    /// cannot convert.
+    /// Points out of range of our part, and points that the library cannot convert, become infinite or NaN.
     void Convert(Direction direction, Coordinates coordinates) const;
 
 private:
     explicit ArrayPipeline(const Projection& projection) : projection_(projection) {}
 
     bool AgreesWith(PJ& peer, double centralMeridian) const;
-    /// What Convert() does, but for what is left to the library.
+    /// Convert() without the library's part.
     void ConvertLanes(Direction direction, Lanes& lanes) const;
 
     Projection projection_;
-    ProjObject rest_;  ///< from radians on; null: nothing but to degrees
+    ProjObject rest_;  ///< from radians on; null: only a conversion to degrees
 };
 
 }  // namespace vexlator::coords

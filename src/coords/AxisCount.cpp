@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t longestName = 400;
 
-/// The name as the library knows it; "" for one that it must not see: it would take other texts for
+/// The name in the library's form; "" for a name that must not reach it, because it takes other texts for
 /// operations or files.
 std::string KnownSpelling(std::string_view name) {
     constexpr std::string_view oldEpsg = "http://www.opengis.net/gml/srs/epsg.xml#";
@@ -40,7 +40,7 @@ std::size_t AxesOf(PJ_CONTEXT* context, const PJ* system) {
 }  // namespace
 
 std::optional<std::size_t> AxisCount(std::string_view name) {
-    // The German surveys join the names of a plane and a height system by an asterisk.
+    // The German survey authorities join the names of a horizontal and a height system by an asterisk.
     if (name.starts_with("urn:adv:crs:")) return name.find('*') == std::string_view::npos ? 2 : 3;
     std::string known = KnownSpelling(name);
     if (known.empty()) return std::nullopt;

@@ -8,9 +8,9 @@
 
 namespace vexlator::coords {
 
-/// How many values a point has in a coordinate system, by its definition. The name is as files have it: a
-/// URN, an address of the Open Geospatial Consortium, or as in "EPSG:27700". Nothing for a name that is none
-/// of these or not known. Costs a millisecond or more.
+/// The number of values of a point in a coordinate system, by its definition. The name is as in files: a URN,
+/// a web address of the Open Geospatial Consortium, or a form like "EPSG:27700". Nothing for other or unknown
+/// names. Costs a millisecond or more.
 std::optional<std::size_t> AxisCount(std::string_view name);
 
 }  // namespace vexlator::coords

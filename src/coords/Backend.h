@@ -14,8 +14,8 @@ namespace vexlator::coords {
 
 enum class Direction { ToLatLng, ToGrid };
 
-/// Points that are converted in place. x is the easting or longitude, y the northing or latitude in decimal
-/// degrees, longitudes positive to the east. `heights` is empty or as long as `points`.
+/// Points, converted in place. x is the easting or longitude, y the northing or latitude, in decimal degrees
+/// with east positive. `heights` is empty or as long as `points`.
 struct Coordinates {
     std::span<util::PlanePoint> points;
     std::span<double> heights;
@@ -25,7 +25,7 @@ struct Coordinates {
     }
 };
 
-/// Whether a point can be longitude and latitude; longitudes may reach around the world.
+/// Whether a point can be longitude and latitude. Longitudes may go once around the world.
 inline bool IsDegrees(const util::PlanePoint& point) {
     return std::fabs(point.x) <= 360 && std::fabs(point.y) <= 90;
 }
@@ -34,13 +34,13 @@ inline bool IsDegrees(const util::PlanePoint& point) {
 class Backend {
 public:
     virtual ~Backend() = default;
-    /// A point that cannot be converted becomes infinite or NaN, the others are as computed. May show
-    /// messages when it has to load something first.
+    /// A point that cannot be converted becomes infinite or NaN. Other results are not rounded. May show
+    /// messages when it first loads files.
     virtual void Convert(Direction direction, Coordinates coordinates) = 0;
-    /// Decimals of grid values and heights as text; nothing when values pass as they are.
+    /// Decimals of grid values and heights as text; nothing if values are not formatted.
     virtual std::optional<int> GridDecimals() const { return 3; }
-    /// For people: what converts, with the names of its files, or why nothing is converted. Loads what it
-    /// has to load, without a message.
+    /// Description for the user: the conversion with its files, or why nothing is converted. Loads the files
+    /// without a message.
     virtual std::string Description() = 0;
 };
 

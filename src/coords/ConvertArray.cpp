@@ -17,10 +17,11 @@ namespace vexlator::coords {
 
 namespace {
 
-/// Large enough that every tile is unpacked once for thousands of points, small enough for a few megabytes.
+/// Large enough that every tile is unpacked once for thousands of points, small enough for a few megabytes of
+/// memory.
 constexpr std::size_t blockSize = std::size_t{1} << 18;
 
-/// Below this many points an order costs more than it saves.
+/// Below this number of points, sorting costs more than it saves.
 constexpr std::size_t fewPoints = 64;
 
 constexpr std::size_t binsPerSide = 32;
@@ -35,7 +36,7 @@ public:
     }
     std::size_t Bin(double value) const {
         double bin = (value - least_) / (most_ - least_) * binsPerSide;
-        if (!(bin > 0)) return 0;  // not a number, too
+        if (!(bin > 0)) return 0;  // also NaN
         return bin < binsPerSide - 1 ? static_cast<std::size_t>(bin) : binsPerSide - 1;
     }
 
@@ -44,9 +45,9 @@ private:
     double most_ = std::numeric_limits<double>::lowest();
 };
 
-/// The points' positions in an order that keeps neighbours in the plane together. The projection library
-/// reads grids in tiles and keeps few of them unpacked: points in the order of a table can cost a tile each,
-/// in this order a tile serves thousands.
+/// The positions of the points in an order that keeps neighbours together. The projection library reads grids
+/// in tiles and keeps only a few tiles unpacked. Points in the order of a table can cost one tile each. In
+/// this order one tile serves thousands of points.
 std::vector<std::uint32_t> SpatialOrder(std::span<const util::PlanePoint> points) {
     std::vector<std::uint32_t> order(points.size());
     std::iota(order.begin(), order.end(), 0);
@@ -68,7 +69,7 @@ double Rounded(double value, std::optional<int> decimals) {
     return decimals ? util::RoundFixed(value, *decimals) : value;
 }
 
-/// The copy on which a block is converted, so that what fails keeps its values.
+/// The copy for the conversion of a block, so that failed points keep their values.
 class Block {
 public:
     Block(Direction direction, Decimals decimals) : direction_(direction), decimals_(decimals) {}

@@ -9,13 +9,13 @@
 
 namespace vexlator::coords {
 
-/// How results are rounded; nothing: not at all.
+/// Rounding of the results; nothing: no rounding.
 struct Decimals {
     std::optional<int> plane, height;
 };
 
-/// Converts in place, however many points there are, in bounded memory. Points that cannot be converted keep
-/// what they hold. Returns how many those are.
+/// Converts any number of points in place, in bounded memory. Points that cannot be converted keep their
+/// values. Returns the number of these points.
 std::size_t ConvertArray(Backend& backend, Direction direction, Coordinates coordinates, Decimals decimals);
 
 }  // namespace vexlator::coords

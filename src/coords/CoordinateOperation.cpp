@@ -21,12 +21,12 @@ struct FactoryDeleter {
 };
 using Factory = std::unique_ptr<PJ_OPERATION_FACTORY_CONTEXT, FactoryDeleter>;
 
-/// Names alone are not taken: the library would settle for a system whose name is only similar.
+/// Names alone are not accepted, because the library would choose a system with a similar name.
 bool MayDefine(const std::string& text) {
     return text.find_first_of("[{=:") != std::string::npos;
 }
 
-/// A bare number is an EPSG code; a projection means the coordinate system on it.
+/// A bare number is an EPSG code. A projection means a coordinate system with this projection.
 std::string Completed(const std::string& definition) {
     if (!definition.empty() && definition.find_first_not_of("0123456789") == std::string::npos)
         return "EPSG:" + definition;
@@ -54,7 +54,7 @@ bool HasHeights(PJ* system) {
     return type == PJ_TYPE_COMPOUND_CRS || type == PJ_TYPE_GEOGRAPHIC_3D_CRS;
 }
 
-/// The operations from best to worst.
+/// The operations, best first.
 ProjList KnownOperations(PJ_CONTEXT* context, PJ* from, PJ* to, PROJ_GRID_AVAILABILITY_USE grids) {
     Factory factory(proj_create_operation_factory_context(context, nullptr));
     proj_operation_factory_context_set_spatial_criterion(context, factory.get(),
@@ -78,12 +78,12 @@ std::vector<std::string> MissingGrids(PJ_CONTEXT* context, PJ* operation) {
     return missing;
 }
 
-/// Easting and northing, longitude and latitude in this order, in degrees.
+/// Order of values: easting and northing, or longitude and latitude, in degrees.
 ProjObject Normalized(PJ_CONTEXT* context, const ProjObject& object) {
     return ProjObject(object ? proj_normalize_for_visualization(context, object.get()) : nullptr);
 }
 
-/// The operations among which one made by proj_create_crs_to_crs chooses.
+/// The candidate operations of one made by proj_create_crs_to_crs.
 ProjList AvailableOperations(PJ_CONTEXT* context, const ProjObject& from, const ProjObject& to) {
     ProjObject source = Normalized(context, from), target = Normalized(context, to);
     if (!source || !target) return nullptr;
@@ -99,7 +99,7 @@ CoordinateOperation FromSystem(ProjContext& context, ProjObject system) {
     return result;
 }
 
-/// The part of a system that says where a point lies in the plane; null: all of it.
+/// The horizontal part of a system; null: the whole system is horizontal.
 ProjObject PlanePart(PJ_CONTEXT* context, PJ* system) {
     switch (proj_get_type(system)) {
         case PJ_TYPE_COMPOUND_CRS:
@@ -119,7 +119,7 @@ std::string MissingGridsText(const CoordinateOperation& loaded, const std::strin
     for (const std::string& grid : loaded.missingGrids) names += (names.empty() ? "" : " and ") + grid;
     return "the best transformation needs the " + std::string(isOne ? "grid " : "grids ") + names +
            (isOne ? ", which is missing; put it into " : ", which are missing; put them into ") +
-           platform::NativePath(folderForGrids) + "; until then " +
+           platform::NativePath(folderForGrids) + "; without it " +
            (loaded.operation ? "coordinates may be metres off" : "no coordinate is converted");
 }
 
@@ -168,7 +168,7 @@ CoordinateOperation OperationBetween(ProjContext& context, ProjObject from, Proj
     result.missingGrids = MissingGrids(proj, best.get());
     bool bestHasGrids = proj_coordoperation_get_grid_used_count(proj, best.get()) > 0;
     if (!bestHasGrids || !result.missingGrids.empty()) {
-        // Several may share the area: the library takes for each point the one that is made for its place.
+        // Several operations can share the area. The library chooses one for each point by its area.
         const char* const options[] = {"ALLOW_BALLPARK=NO", nullptr};
         best.reset(proj_create_crs_to_crs_from_pj(proj, from.get(), to.get(), nullptr, options));
         auto ends = std::make_shared<std::pair<ProjObject, ProjObject>>(std::move(from), std::move(to));

@@ -15,7 +15,7 @@ constexpr const char* publishedShifts = "uk_os_OSTN15_NTv2_OSGBtoETRS.tif";
 constexpr const char* publishedShiftsNtv2 = "OSTN15_NTv2_OSGBtoETRS.gsb";
 constexpr const char* publishedGeoid = "uk_os_OSGM15_GB.tif";
 
-/// Null when the grid is missing or cannot be read.
+/// Null if the grid is missing or cannot be read.
 ProjObject Create(ProjContext& context, const std::string& pipeline) {
     ProjObject operation = context.Create(pipeline);
     if (operation && !context.CanReadGrids(*operation)) operation.reset();

@@ -14,16 +14,16 @@
 namespace vexlator::coords {
 
 /// The British National Grid and ETRS89, through a grid of shifts from OSGB36 to ETRS89 (NTv2 or GeoTIFF)
-/// and, for heights, a grid of geoid heights (ODN to the ellipsoid). The shifts come from the first of these
-/// files: OSTN02.INT, OSTN97.INT, the published OSTN15 under its own names. The geoid is the published
-/// OSGM15; without it, heights pass unchanged. A point outside the shifts has no result; neither has one
-/// outside the geoid, when its height is asked for.
+/// and, for heights, a grid of geoid heights (ODN to the ellipsoid). The shifts come from the first existing
+/// file of OSTN02.INT, OSTN97.INT, and the published OSTN15 under its own names. The geoid is the published
+/// OSGM15; without it, heights stay unchanged. A point outside the shifts has no result. A point with height
+/// outside the geoid has none either.
 class CorrectionGrid : public Backend {
 public:
-    /// Looks for the files in `folders`, in their order, and for the published ones then in the projection
-    /// library's own data folders. Shows "No Correction File Found" and where it belongs when there is none,
-    /// or why the first one found cannot be used; then no point has a result. A file that turns out to be
-    /// damaged where a point needs it is told once.
+    /// Searches for the files in `folders`, in their order, then for the published ones in the projection
+    /// library's own data folders. If there is none, shows "No Correction File Found" and the folder for it.
+    /// If the first one cannot be used, shows why. In both cases no point has a result. A file that proves
+    /// damaged at some point is reported once.
     CorrectionGrid(const GridFolders& folders, ui::UserInterface& userInterface);
 
     void Convert(Direction direction, Coordinates coordinates) override;
@@ -40,7 +40,7 @@ private:
     ProjObject geoid_;
     std::string shiftFile_, geoidFile_;
     DamageNotice damage_;
-    std::string howToGetOne_;  ///< for people
+    std::string howToGetOne_;  ///< for the user
 };
 
 }  // namespace vexlator::coords

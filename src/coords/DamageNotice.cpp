@@ -12,8 +12,8 @@ namespace vexlator::coords {
 
 DamageNotice::DamageNotice(ui::UserInterface& userInterface, const std::string& folderForGrids)
     : ui_(userInterface),
-      advice_("; put a whole copy into " + platform::NativePath(folderForGrids) +
-              ": until then places have no result") {}
+      advice_("; put an undamaged copy into " + platform::NativePath(folderForGrids) +
+              ": until then positions have no result") {}
 
 void DamageNotice::TellOf(const std::string& file) {
     std::string reason = TakeTiffMessage();

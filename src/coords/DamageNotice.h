@@ -9,22 +9,23 @@
 
 namespace vexlator::coords {
 
-/// Tells people of grid files that turn out to be damaged, each way of converting once.
+/// Reports damaged grid files to the user, once for each conversion.
 class DamageNotice {
 public:
     DamageNotice(ui::UserInterface& userInterface, const std::string& folderForGrids);
 
-    /// To be called after a conversion: shows what the library complained of in it, with the file that was
-    /// read or those that the operation reads.
+    /// Call after a conversion. Shows the library's error messages of the conversion, with the file that was
+    /// read or the files of the operation.
     void TellOf(const std::string& file);
     void TellOf(const ProjContext& context, PJ& operation);
 
-    /// Reads the operation's grids all over. For people, behind a description: "" when they are whole.
+    /// Reads the whole grids of the operation. Returns a text to append to a description: "" if they are
+    /// undamaged.
     std::string Found(const ProjContext& context, PJ& operation) const;
 
 private:
     ui::UserInterface& ui_;
-    std::string advice_;  ///< what can be done
+    std::string advice_;  ///< advice for the user
     bool told_ = false;
 };
 

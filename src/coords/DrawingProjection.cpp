@@ -23,7 +23,7 @@ std::string EsriText(const std::string& definition) {
 std::optional<std::string> DrawingProjection(const config::Run& run) {
     TransformationSetting setting = ReadTransformationSetting(run);
     if (!setting.isSet) return std::nullopt;
-    // A drawing whose system nobody can name is not said to be in the national grid.
+    // A drawing in an unknown system must not claim to be in the national grid.
     if (setting.kind == TransformationSetting::Kind::CorrectionGrid) return "";
     try {
         return EsriText(setting.DrawingSystem());

@@ -14,12 +14,12 @@ namespace vexlator::coords {
 
 namespace {
 
-/// Nodes from one point of the net to the next: no tile or strip of the usual sizes lies between two of them.
+/// Nodes between neighbouring points of the net. No tile or strip of usual size fits between two of them.
 constexpr int step = 64;
 
-/// Places along one side of a grid, in degrees: just inside both ends, in the middle, and every few nodes.
+/// Places along one side of a grid, in degrees: near both ends, in the middle, and every few nodes.
 std::vector<double> PlacesAlong(double begin, double end, int nodes) {
-    constexpr double margin = 0.5;  // nodes; a shift may lead out of the grid at its edge
+    constexpr double margin = 0.5;  // nodes; a shift can lead out of the grid at its edge
     double node = (end - begin) / std::max(nodes - 1, 1), first = begin + margin * node;
     std::vector<double> places{(begin + end) / 2, end - margin * node};
     for (int i = 0; i < nodes - 1; i += step) places.push_back(first + i * node);
@@ -41,7 +41,7 @@ bool HasResult(const util::PlanePoint& point) {
 }
 
 std::string DamageOf(const std::string& file, PJ& operation) {
-    proj_log_level(nullptr, PJ_LOG_NONE);  // the next call has no context of ours
+    proj_log_level(nullptr, PJ_LOG_NONE);  // the next call does not have our context
     PJ_GRID_INFO grid = proj_grid_info(file.c_str());
     if (grid.n_lon < 1 || grid.n_lat < 1) return "its header cannot be read";
     std::vector<util::PlanePoint> points = NetOver(grid);
@@ -50,10 +50,10 @@ std::string DamageOf(const std::string& file, PJ& operation) {
     std::string message = TakeTiffMessage();
     if (!message.empty()) return message;
     std::string_view format = grid.format;
-    if (format == "gtiff")  // it may have places without values, and values that nothing asks for
+    if (format == "gtiff")  // it can have nodes without values, and values that are never used
         return IsTiffCut(grid.filename) ? "the file ends before its last tile" : "";
     bool isWhole = format == "ntv2" ? std::ranges::all_of(points, HasResult) : HasResult(points[0]);
-    return isWhole ? "" : "there are places in it without a value";
+    return isWhole ? "" : "it has positions without a value";
 }
 
 }  // namespace

@@ -9,17 +9,17 @@
 
 namespace vexlator::coords {
 
-/// The grid files that an operation reads, of a list of several the first: native paths where our folders
-/// have them, else their names. None where the operation is chosen point by point.
+/// The grid files of an operation. For a list of files: the first. Native paths for files in our folders,
+/// else names. None if the operation is chosen point by point.
 std::vector<std::string> GridFilesOf(const ProjContext& context, PJ& operation);
 
-/// A grid file that cannot be read to its end.
+/// A grid file that cannot be read completely.
 struct DamagedGrid {
-    std::string file, reason;  ///< both "" when all are whole
+    std::string file, reason;  ///< both "" if all are undamaged
 };
 
-/// Converts points all over each grid of the operation, the middle among them, so that every part of the file
-/// is read. Unpacks whole grids: tens of milliseconds.
+/// Converts points all over each grid of the operation, including the middle, so that every part of the file
+/// is read. Unpacks whole grids, which takes tens of milliseconds.
 DamagedGrid FindDamagedGrid(const ProjContext& context, PJ& operation);
 
 }  // namespace vexlator::coords

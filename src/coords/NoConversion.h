@@ -6,7 +6,7 @@
 
 namespace vexlator::coords {
 
-/// For drawings that are in latitude and longitude already: x is the longitude, y the latitude.
+/// For drawings that are already in latitude and longitude: x is the longitude, y the latitude.
 class NoConversion : public Backend {
 public:
     void Convert(Direction, Coordinates coordinates) override {

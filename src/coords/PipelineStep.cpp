@@ -11,14 +11,14 @@ namespace vexlator::coords {
 
 namespace {
 
-/// Cuts off and returns what stands before the separator.
+/// Cuts off and returns the text before the separator.
 std::string_view CutOff(std::string_view& text, std::string_view separator) {
     std::string_view part = text.substr(0, text.find(separator));
     text.remove_prefix(std::min(text.size(), part.size() + separator.size()));
     return part;
 }
 
-/// The defining parameters of an ellipsoid that the projection library knows by name, "" for others.
+/// The defining parameters of an ellipsoid with a name in the projection library, "" for other names.
 std::string NamedEllipsoid(const std::string& name) {
     for (const PJ_ELLPS* known = proj_list_ellps(); known->id; ++known)
         if (name == known->id) return std::string(known->major) + " " + known->ell;

@@ -11,8 +11,8 @@
 
 namespace vexlator::coords {
 
-/// One step of an operation as the projection library describes it, like
-/// "inv proj=tmerc lat_0=49 lon_0=-2 ellps=airy". Parameters are taken out one after the other.
+/// One step of an operation as the projection library describes it, like "inv proj=tmerc lat_0=49 lon_0=-2
+/// ellps=airy". Parameters are removed one after the other.
 class PipelineStep {
 public:
     explicit PipelineStep(std::string_view text);
@@ -22,7 +22,7 @@ public:
     std::string TakeText(const std::string& name);
     double TakeNumber(const std::string& name, double ifMissing);
     Ellipsoid TakeEllipsoid();
-    /// Whether what was taken out made sense, and nothing is left.
+    /// Whether all removed parameters were valid, and none is left.
     bool IsUnderstood() const { return isSound_ && parameters_.empty(); }
 
 private:
@@ -31,8 +31,7 @@ private:
     bool isSound_ = true;
 };
 
-/// The steps of "proj=pipeline step ... step ..."; none when it is no pipeline, or one whose steps share
-/// parameters.
+/// The steps of "proj=pipeline step ... step ..."; none for other texts, or if the steps share parameters.
 std::vector<PipelineStep> StepsOf(std::string_view definition);
 
 }  // namespace vexlator::coords

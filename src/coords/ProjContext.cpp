@@ -25,7 +25,7 @@ bool IsPossible(Direction direction, const util::PlanePoint& point) {
 ProjContext::ProjContext(std::vector<std::string> folders)
     : folders_(std::move(folders)), context_(proj_context_create()) {
     proj_context_set_enable_network(context_, 0);
-    proj_context_use_proj4_init_rules(context_, 1);  // "+init=epsg:27700" is still found in old files
+    proj_context_use_proj4_init_rules(context_, 1);  // "+init=epsg:27700" still occurs in old files
     proj_context_set_file_finder(context_, FindFile, this);
     proj_log_func(context_, this, TakeMessage);
     CatchTiffMessages();
@@ -51,7 +51,7 @@ void ProjContext::NoteTiffMessage() {
 }
 
 bool ProjContext::CanReadGrids(PJ& operation) {
-    // Any place on Earth will do, and this one lies within every angular unit.
+    // Any place on Earth will do. This one is valid in every angular unit.
     proj_trans(&operation, PJ_INV, proj_coord(0, 0, 0, HUGE_VAL));
     int error = proj_errno(&operation);
     proj_errno_reset(&operation);

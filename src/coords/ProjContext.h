@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-/// The projection library, as far as coordinates need it. Only this folder knows it.
+/// The part of the projection library that coordinates need. Only this folder knows the library.
 namespace vexlator::coords {
 
 struct ProjDeleter {
@@ -23,9 +23,9 @@ struct ProjListDeleter {
 };
 using ProjList = std::unique_ptr<PJ_OBJ_LIST, ProjListDeleter>;
 
-/// The library's state for one thread. It looks for grids in our folders first, then in its own data folders
-/// (PROJ_DATA, the user's, the system's), and never in the network. It prints nothing.
-/// Everything made with it must go before it.
+/// The library's state for one thread. It searches for grids in our folders, then in its own data folders
+/// (PROJ_DATA, the user's, the system's), and never in the network. It prints nothing. It must outlive
+/// everything made with it.
 class ProjContext {
 public:
     explicit ProjContext(std::vector<std::string> folders);
@@ -34,14 +34,14 @@ public:
     ProjContext& operator=(const ProjContext&) = delete;
 
     PJ_CONTEXT* Get() { return context_; }
-    /// A coordinate system or operation; null when the text means none, and Reason() says why.
+    /// A coordinate system or operation; null for an invalid text, with the reason in Reason().
     ProjObject Create(const std::string& definition);
-    /// Whether the grids of an operation can be read. The library may open them only when the first point
-    /// comes, and once that has failed it takes every shift for zero: ask before any point is converted.
+    /// Whether the grids of an operation can be read. The library may open them at the first point, and after
+    /// a failure it takes every shift for zero. So ask before converting points.
     bool CanReadGrids(PJ& operation);
-    /// Native path of a file that is there and not empty, from the first of our folders that has it; else "".
+    /// Native path of an existing file that is not empty, in the first of our folders with it; else "".
     std::string FindInFolders(std::string_view name) const;
-    /// What the library complained of last.
+    /// The library's last error message.
     const std::string& Reason() const { return reason_; }
 
 private:
@@ -50,18 +50,18 @@ private:
     static void TakeMessage(void* self, int level, const char* text);
 
     std::vector<std::string> folders_;
-    std::string found_;  ///< what FindFile returned last; the library copies it
+    std::string found_;  ///< result of the last FindFile; the library copies it
     std::string reason_;
     PJ_CONTEXT* context_;
 };
 
-/// The library's word for a direction of operations that lead from the grid to longitude and latitude.
+/// The library's direction for operations from the grid to longitude and latitude.
 constexpr PJ_DIRECTION ProjDirection(Direction direction) {
     return direction == Direction::ToLatLng ? PJ_FWD : PJ_INV;
 }
 
-/// Applies an operation that leads from the grid to longitude and latitude, or its inverse. Degrees outside
-/// 360 by 90 and grid values beyond 10^9, which the library would wrap around the world, count as impossible.
+/// Applies an operation from the grid to longitude and latitude, or its inverse. Degrees outside 360 by 90
+/// and grid values beyond 10^9, which the library would wrap around the world, count as impossible.
 void Transform(PJ& operation, Direction direction, Coordinates coordinates);
 
 }  // namespace vexlator::coords

@@ -18,7 +18,7 @@ namespace vexlator::coords {
 
 namespace {
 
-/// Spellings of GML that the library does not know: "osgb:BNG", ".../srs/epsg.xml#27700".
+/// Spellings in GML that the library does not know: "osgb:BNG", ".../srs/epsg.xml#27700".
 std::string DefinitionOf(const std::string& name) {
     if (name == "osgb:BNG") return "EPSG:27700";
     std::size_t hash = name.find('#');
@@ -30,13 +30,13 @@ ProjObject DrawingSystem(ProjContext& context, const config::Run& run) {
     try {
         return PlaneSystem(context, ReadTransformationSetting(run).DrawingSystem());
     } catch (const platform::ReadError&) {
-        return nullptr;  // told where something is converted by it
+        return nullptr;  // reported if it converts something
     }
 }
 
 }  // namespace
 
-/// The systems of source and drawings, and what leads from one to the other.
+/// The systems of source and drawings, and the operation between them.
 class SourceSystem::Conversion : public Backend {
 public:
     Conversion(config::Run& run, const std::string& definition)
@@ -67,7 +67,7 @@ public:
         if (operation_) return "";
         if (!drawing_) return "[GPS] TRANSFORMATION defines no coordinate system to convert to";
         if (AreSame(context_, source_, drawing_)) return "";
-        // Degrees are on the side where the operation expects them.
+        // Degrees are on the side on which the operation has them.
         bool toGrid = IsGeographic(context_, source_);
         direction_ = toGrid ? Direction::ToGrid : Direction::ToLatLng;
         if (IsGeographic(context_, drawing_)) decimals_.reset();
@@ -93,7 +93,7 @@ public:
     std::string Description() override { return "conversion to the drawings' coordinate system"; }
 
 private:
-    /// What the settings say instead; "" when the source agrees.
+    /// The settings' system; "" if the source agrees.
     std::string Mismatch(Assumed assumed) {
         if (assumed == Assumed::Degrees) return IsInDegrees() ? "" : "longitude and latitude on WGS 84";
         const std::string setting = "that of [GPS] TRANSFORMATION";
@@ -114,8 +114,8 @@ private:
     GridFolders folders_;
     ProjContext context_;
     DamageNotice damage_;
-    ProjObject source_, drawing_;  ///< null when they are not known
-    ArrayOperation operation_;     ///< none where nothing has to be converted
+    ProjObject source_, drawing_;  ///< null if unknown
+    ArrayOperation operation_;     ///< none if nothing has to be converted
     Direction direction_ = Direction::ToLatLng;
     std::optional<int> decimals_ = 3;
 };

@@ -13,7 +13,7 @@ namespace {
 
 constexpr double metresPerFoot = 0.3048;
 
-/// Whether a name is what programs write where there is none.
+/// Whether a name stands for a missing name.
 bool IsNoName(const std::string& name) {
     if (name.empty()) return true;
     for (const char* word : {"unknown", "unnamed", "not specified", "not_specified"})
@@ -38,7 +38,7 @@ bool HasUnknownDatum(ProjContext& context, const ProjObject& system) {
     return !datum || IsNoName(proj_get_name(datum.get()));
 }
 
-/// PROJ strings and many programs leave open where on Earth the ellipsoid lies.
+/// PROJ strings and many programs omit the datum, the position of the ellipsoid.
 bool AreSameButForDatum(ProjContext& context, const ProjObject& one, const ProjObject& other) {
     auto sameParts = [&](auto partOf) {
         return AreEquivalent(context, ProjObject(partOf(context.Get(), one.get())),

@@ -33,7 +33,7 @@ struct TiffCloser {
     void operator()(TIFF* file) const { TIFFClose(file); }
 };
 
-/// The byte behind the last tile or strip of the directory at hand.
+/// The end of the last tile or strip of the current directory.
 std::uint64_t EndOfParts(TIFF* file) {
     std::uint32_t parts = TIFFIsTiled(file) ? TIFFNumberOfTiles(file) : TIFFNumberOfStrips(file);
     std::uint64_t end = 0;

@@ -4,13 +4,13 @@
 
 #include <string>
 
-/// The TIFF library, by which the projection library reads grids, prints what is wrong with a file.
+/// The projection library reads grids with the TIFF library, which prints errors of a file.
 namespace vexlator::coords {
 
-/// From now on its messages are kept, thread by thread, and printed nowhere.
+/// From now on its messages are kept for each thread, and not printed.
 void CatchTiffMessages();
 
-/// The first error since the last call, of this thread; "" when there was none.
+/// The first error of this thread since the last call; "" if there was none.
 std::string TakeTiffMessage();
 bool HasTiffMessage();
 

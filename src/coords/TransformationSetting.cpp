@@ -26,13 +26,12 @@ using Keys = config::Keys<IniSettings>;
 
 constexpr config::KeyOf<IniSettings> keys[] = {
     Keys::Text("GPS", "TRANSFORMATION", &IniSettings::transformation,
-               "coordinate system of the drawings: EPSG code, WKT or PROJ text, or the path of a file with "
-               "one of these; where "
-               "that path has the letters LatLng in it, in a folder's name or the file's, drawings are in "
-               "latitude/longitude "
-               "already, whatever stands in the file (it must not be empty)",
-               "British National Grid through a correction grid, OSTN15 (uk_os_OSTN15_NTv2_OSGBtoETRS.tif), "
-               "OSTN02.INT or OSTN97.INT in Resources"),
+               "coordinate system of the drawings: an EPSG code, WKT or PROJ text, or the path of a file "
+               "with one of these. A path with the letters LatLng in a folder's name or the file's name "
+               "means that drawings are already in latitude/longitude. The file's content then has no "
+               "effect, but the file must not be empty",
+               "British National Grid with a correction grid from Resources: OSTN15 "
+               "(uk_os_OSTN15_NTv2_OSGBtoETRS.tif), OSTN02.INT or OSTN97.INT"),
 };
 
 }  // namespace

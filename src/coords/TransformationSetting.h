@@ -9,30 +9,30 @@
 
 namespace vexlator::coords {
 
-/// Where grids are looked for.
+/// The folders of grids.
 struct GridFolders {
     std::vector<std::string> inOrder;
-    std::string forNew;  ///< the one of them in which a person should put a grid that is missing
+    std::string forNew;  ///< the folder in which a user should put a missing grid
 };
 GridFolders GridFoldersOf(const config::Run& run);
 
-/// What [GPS] TRANSFORMATION of gv.ini says of the drawings' coordinates.
+/// The drawings' coordinate system by [GPS] TRANSFORMATION of gv.ini.
 struct TransformationSetting {
     enum class Kind {
-        CorrectionGrid,  ///< no definition: they are in the British National Grid
-        Degrees,         ///< the path of the definition file holds "LatLng"
+        CorrectionGrid,  ///< no definition: the British National Grid
+        Degrees,         ///< the path of the definition file contains "LatLng"
         Definition       ///< a coordinate system or an operation
     };
     Kind kind = Kind::CorrectionGrid;
     std::string value;  ///< path of the definition file, or the definition itself
     bool isFile = false;
-    bool isSet = false;  ///< in gv.ini
+    bool isSet = false;  ///< set in gv.ini
 
-    /// For people: which file, or the definition itself.
+    /// For the user: the name of the file, or the definition itself.
     std::string Name() const;
     /// The text of the definition. @throws platform::ReadError
     std::string Definition() const;
-    /// A definition of the coordinate system that drawings are in; it may turn out to be an operation.
+    /// A definition of the drawings' coordinate system; it can prove to be an operation.
     /// @throws platform::ReadError
     std::string DrawingSystem() const;
 };

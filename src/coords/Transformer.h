@@ -13,15 +13,15 @@
 
 namespace vexlator::coords {
 
-/// The coordinate system, or the operation, of a definition. Each direction loads it when it is
-/// used first, and keeps what came of it.
+/// The coordinate system, or the operation, of a definition. Each direction is loaded at its first use, and
+/// the result is kept.
 class Transformer : public Backend {
 public:
-    /// `folders`: where its grids are looked for first.
+    /// `folders`: searched first for grids.
     Transformer(TransformationSetting setting, GridFolders folders, ui::UserInterface& userInterface);
 
-    /// A definition that fails to load is asked about once, and then no point has a result in this direction.
-    /// A missing grid is told once, and so is a damaged one.
+    /// If a definition fails to load, the user is asked once, and then no point has a result in this
+    /// direction. A missing or damaged grid is reported once.
     void Convert(Direction direction, Coordinates coordinates) override;
     std::string Description() override;
 
@@ -32,7 +32,7 @@ private:
         ArrayOperation operation;
     };
 
-    /// Loads the definition, whose text is put in `text`.
+    /// Loads the definition, and puts its text in `text`.
     CoordinateOperation Read(std::string& text);
     void Load(Instance& instance);
     void AskAboutFailure(const std::string& text, const std::string& reason);

@@ -31,12 +31,12 @@ std::unique_ptr<Backend> ChooseBackend(config::Run& run) {
         return std::make_unique<Transformer>(std::move(setting), std::move(folders), run.Ui());
     if (setting.isSet)
         run.Ui().ShowMessage(platform::NativePath(setting.value) +
-                             ": no such transformation file, or it is empty, and no definition by itself; "
-                             "the correction grid of the British National Grid is used");
+                             ": there is no such transformation file, or it is empty, and it is not a "
+                             "definition; the correction grid of the British National Grid is used");
     return std::make_unique<CorrectionGrid>(folders, run.Ui());
 }
 
-/// Keeps six decimals of a degree the same on the way through text.
+/// Keeps six decimals of a degree unchanged through text.
 constexpr int angleTextDecimals = 9;
 constexpr int degreeDecimals = 6;
 
@@ -62,7 +62,7 @@ std::optional<double> DegreesOf(std::string_view text) {
     return *radians * util::degreesPerRadian;
 }
 
-/// A grid value or height; with nothing to format it, without the noise of angle texts.
+/// A grid value or height. Without a format, the rounding errors of angle texts are removed.
 std::string GridText(double value, std::optional<int> decimals) {
     constexpr int noiseFreeDecimals = 9;
     if (decimals) return util::FormatFixed(value, *decimals);

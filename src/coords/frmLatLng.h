@@ -16,24 +16,25 @@ namespace vexlator::coords {
 
 class Backend;
 
-/// How the numbers of a whole array come back.
+/// The form of the numbers of a whole array.
 enum class Rounding {
-    AsText,  ///< as the texts would read: degrees with six decimals, grid metres with three
-    None     ///< as computed
+    AsText,  ///< rounded as the texts: degrees with six decimals, grid metres with three
+    None     ///< not rounded
 };
 
 /// National grid to latitude and longitude, and back. [GPS] TRANSFORMATION of gv.ini names the definition
-/// file that decides how, or holds the definition, once for the life of the object:
-/// - neither a definition nor a file that is there and not empty: the British National Grid through a
+/// file, or holds the definition, for the lifetime of the object:
+/// - neither a definition nor an existing file with content: the British National Grid with a
 ///   correction grid (CorrectionGrid.h);
-/// - its path holds "LatLng", in any letter case: the drawing is in degrees already, nothing is converted;
-/// - else: the coordinate system that is defined (Transformer.h).
-/// What cannot be converted well (outside the grid, not a number) is never converted roughly: it gives no
-/// result. Made for one thread.
+/// - its path contains "LatLng", in any letter case: the drawing is already in degrees, nothing is converted;
+/// - else: the defined coordinate system (Transformer.h).
+///
+/// A point that cannot be converted well (outside the grid, NaN) gets no result instead of a rough one. Used
+/// by one thread.
 class frmLatLng {
 public:
-    /// Prepares the correction grid where it is the one to use; shows "No Correction File Found" when there
-    /// is none. A coordinate system is loaded when it is first needed, once for each direction.
+    /// Prepares the correction grid if it is used; shows "No Correction File Found" if there is none. A
+    /// coordinate system is loaded at its first use, once for each direction.
     explicit frmLatLng(config::Run& run);
     ~frmLatLng();
     frmLatLng(const frmLatLng&) = delete;
@@ -53,21 +54,21 @@ public:
                                       std::string_view height);
 
     /// Whole arrays, in place: x is the easting or longitude, y the northing or latitude in decimal degrees.
-    /// `heights` is empty or as long as `points`. Points that cannot be converted keep what they hold.
-    /// Returns how many those are. Give whole layers rather than single features: points far apart cost much
-    /// more in single calls, as each makes the projection library unpack a part of its grid.
+    /// `heights` is empty or as long as `points`. Points that cannot be converted keep their values. Returns
+    /// the number of these points. Pass whole layers rather than single features: distant points cost much
+    /// more in single calls, because each call makes the projection library unpack a part of its grid.
     /// @throws std::invalid_argument: heights of another number.
     std::size_t GridToLatLng(std::span<util::PlanePoint> points, std::span<double> heights = {},
                              Rounding rounding = Rounding::AsText);
     std::size_t LatLngToGrid(std::span<util::PlanePoint> points, std::span<double> heights = {},
                              Rounding rounding = Rounding::AsText);
 
-    /// Decimals of heights in the texts above; nothing: as many as they need.
+    /// Decimals of heights in the texts above; nothing: as many as needed.
     std::optional<int> HeightDecimals() const;
-    /// A height as the texts above have it.
+    /// A height in the form of the texts above.
     std::string HeightText(double height) const;
 
-    /// For people: what converts, with the names of its files, or why nothing is converted.
+    /// Description for the user: the conversion with its files, or why nothing is converted.
     std::string Description();
 
 private:

@@ -15,16 +15,17 @@ constexpr std::int32_t textTypeCode = 1000;
 
 struct AttributeName {
     std::string name;
-    std::int32_t typeCode = textTypeCode;  ///< what its values are
+    std::int32_t typeCode = textTypeCode;  ///< type of its values
 };
 
-/// A sequence of attribute names, known by its place in a drawing's table: equal for equal sequences.
+/// A sequence of attribute names, identified by its index in a drawing's table. Equal sequences have equal
+/// indices.
 using AttributeSet = std::uint32_t;
 
-/// The attribute names of a drawing, and the sequences of them that its entities have. Set 0 is empty.
+/// The attribute names of a drawing, and the sequences of names of its entities. Set 0 is empty.
 class AttributeNames {
 public:
-    using Names = std::vector<std::uint32_t>;  ///< places of names
+    using Names = std::vector<std::uint32_t>;  ///< indices of names
 
     AttributeNames() { Clear(); }
     void Clear();

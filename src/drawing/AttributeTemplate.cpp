@@ -23,7 +23,7 @@ using Keys = config::Keys<TemplateSettings>;
 
 constexpr config::KeyOf<TemplateSettings> keys[] = {
     Keys::Flag("GENERICIN", "GenATP", &TemplateSettings::generate,
-               "imports offer to make attribute templates for feature codes that have none"),
+               "imports offer to make the missing attribute templates of feature codes"),
 };
 
 constexpr std::string_view header = "[26,09]\r\n";
@@ -47,7 +47,8 @@ std::string ReadSmallFile(std::string_view path) {
     return std::string(file.Text());
 }
 
-/// Windows-1252, as the device writes it, unless that would lose a character or be read back as UTF-8.
+/// Windows-1252, as the device writes it, unless a character would be lost or the text would read back as
+/// UTF-8.
 std::string EncodeTemplate(const std::string& text) {
     if (platform::IsAscii(text) || !platform::FitsWindows1252(text)) return text;
     std::string bytes = platform::Windows1252FromUtf8(text);

@@ -20,14 +20,14 @@
 /// geometry and named text values (XProperties).
 namespace vexlator::drawing {
 
-/// Plane distance: z does not count.
+/// Distance in the plane, without z.
 double distance(const Point& a, const Point& b);
 
 /// 0 to 255 is a palette index (7 is the default); above, a 24-bit colour value.
 using Colour = std::uint32_t;
 constexpr Colour defaultColour = 7;
 
-/// "VDPOINT" ...; "" for Other, whose entities carry a name of their own.
+/// "VDPOINT" ...; "" for Other, whose entities have a name of their own.
 std::string_view KindName(Kind kind);
 /// Other for a name that is none of the seven.
 Kind KindOf(std::string_view name);
@@ -39,7 +39,7 @@ struct Layer {
 };
 
 /// A named symbol that inserts refer to. `content` is the symbol drawing as the bytes of a drawing file;
-/// empty when only the name is known.
+/// empty if only the name is known.
 struct Block {
     std::string name;
     std::string content;
@@ -55,7 +55,7 @@ struct Style {
     bool operator==(const Style&) const = default;
 };
 
-/// What is particular to a kind beside vertices and texts. Angles in radians.
+/// Values of a kind beside vertices and texts. Angles in radians.
 struct Shape {
     std::string name;                     ///< Insert: block; Text: text style; Other: kind name
     double scaleX = 1, scaleY = 1;        ///< Insert
@@ -75,11 +75,11 @@ struct Box {
 class Drawing;
 class Entity;
 
-/// One named value of an entity. Valid until the entity's attributes or texts are changed otherwise.
+/// One named value of an entity. Valid until the entity's attributes or texts change by other means.
 class XPropertyView {
 public:
     std::string_view name() const;
-    /// 1000 for text, which is all that the system writes.
+    /// 1000 for text. The system writes no other code.
     std::int32_t typeCode() const;
     std::string_view value() const { return value_; }
 
@@ -93,7 +93,7 @@ protected:
     std::string_view value_;
 };
 
-/// One that can be changed.
+/// An attribute that can be changed.
 class XProperty : public XPropertyView {
 public:
     void setName(std::string_view name);
@@ -105,7 +105,7 @@ private:
     Drawing* changed_;
 };
 
-/// Reads an entity's values one after the other, without looking any of them up again.
+/// Reads an entity's values in order, without look-ups.
 class ValueCursor {
 public:
     ValueCursor(const char* position, std::size_t count) : position_(position), left_(count) {}
@@ -118,18 +118,18 @@ private:
     std::size_t left_;
 };
 
-/// The attributes of an entity, in the order they were added, which is that of its attribute template.
+/// The attributes of an entity, in the order of addition, which is the order of its attribute template.
 class XPropertiesView {
 public:
     std::size_t count() const;
     XPropertyView item(std::size_t index) const;
-    /// The first of that name, letter case included.
+    /// The first with that name; letter case counts.
     std::optional<XPropertyView> find(std::string_view name) const;
     std::string_view name(std::size_t index) const;
     std::int32_t typeCode(std::size_t index) const;
-    /// Values from the first on.
+    /// Values, starting with the first.
     ValueCursor values() const;
-    /// All texts of the entity as they are stored, lengths among them: enough to tell which characters occur.
+    /// All texts of the entity in stored form, with their lengths: enough to see which characters occur.
     std::string_view encoded() const;
 
 protected:
@@ -152,7 +152,7 @@ private:
     Drawing* changed_;
 };
 
-/// One entity of a drawing, to look at: a light reference, good until the drawing is opened anew or
+/// One entity of a drawing, read-only: a light reference, valid until the drawing is opened anew or
 /// destroyed.
 class EntityView {
 public:
@@ -164,17 +164,17 @@ public:
     std::string handle() const;
     std::uint64_t handleNumber() const { return record().handle; }
     const std::string& layerName() const;
-    /// The place of its layer in Drawing::layers().
+    /// The index of its layer in Drawing::layers().
     std::uint32_t layerIndex() const { return record().layer; }
     bool isErased() const { return record().Has(Record::Erased); }
     XPropertiesView xproperties() const { return {*drawing_, index_}; }
-    /// The identity of its attribute names: equal for entities that have the same names in the same order.
+    /// The identity of its attribute names: equal for entities with the same names in the same order.
     AttributeSet attributeSet() const { return record().set; }
 
     const Style& style() const;
     const Shape& shape() const;
 
-    /// Position of a point, insert, text; centre of a circle or arc; first vertex of the rest.
+    /// Position of a point, insert, text; centre of a circle or arc; first vertex of other kinds.
     Point position() const { return vertexCount() ? vertex(0) : Point{}; }
     Point insertionPoint() const { return position(); }
     Point centre() const { return position(); }
@@ -182,7 +182,7 @@ public:
     Point vertex(std::size_t index) const { return store().Vertex(record(), index); }
     /// x and y of all vertices.
     std::span<const PlanePoint> planVertices() const { return store().Plan(record()); }
-    /// z of all vertices; empty when all are 0.
+    /// z of all vertices; empty if all are 0.
     std::span<const double> heights() const { return store().Heights(record()); }
 
     bool isClosed() const { return record().Has(Record::Closed); }
@@ -197,9 +197,10 @@ public:
     std::string_view label() const;
     std::string_view hyperlink() const;
 
-    /// Length of the vertices' course, a closing side included; circumference of a circle, length of an arc.
+    /// Length of the line through the vertices, with the closing side; circumference of a circle, length of
+    /// an arc.
     double length() const;
-    /// Bounding box of the vertices; of a circle or arc, that of the whole circle. All 0 without vertices.
+    /// Bounding box of the vertices; for a circle or arc, of the whole circle. All 0 without vertices.
     Box extents() const;
 
     std::uint32_t index() const { return index_; }
@@ -213,12 +214,12 @@ protected:
     std::uint32_t index_;
 };
 
-/// One that can be changed.
+/// An entity that can be changed.
 class Entity : public EntityView {
 public:
     Entity(Drawing& drawing, std::uint32_t index) : EntityView(drawing, index), changed_(&drawing) {}
 
-    /// Moves the entity to a layer, which is added when it is missing.
+    /// Moves the entity to a layer. Adds a missing layer.
     void setLayerName(std::string_view name);
     void erase();
     XProperties xproperties() const { return {*changed_, EntityView::xproperties()}; }
@@ -255,15 +256,15 @@ private:
     std::vector<std::uint32_t> entities_;
 };
 
-/// Layer names are compared without regard to the case of ASCII letters, because they name output files;
-/// attribute names are compared as they stand.
+/// Layer names are compared without regard to the case of ASCII letters, because they name output files.
+/// Attribute names are compared exactly.
 class Drawing {
 public:
     Drawing();
     Drawing(const Drawing&) = delete;
     Drawing& operator=(const Drawing&) = delete;
 
-    /// Replaces the contents by those of a drawing file.
+    /// Replaces the contents by a drawing file.
     /// @throws platform::ReadError: file, chunk and reason; the drawing is then empty.
     void open(std::string_view path);
     /// Writes the drawing file, atomically. @throws platform::WriteError
@@ -276,17 +277,17 @@ public:
     const std::deque<Layer>& layers() const { return layers_; }
     std::size_t layerCount() const { return layers_.size(); }
     Layer* findLayer(std::string_view name);
-    /// The layer of that name, made when missing.
+    /// The layer with that name; created if missing.
     Layer& addLayer(std::string_view name);
-    /// Erases a layer with all its entities; nothing when there is none. Layer "0" always stays. References
-    /// to layers are lost. When it was the active layer, "0" becomes active.
+    /// Erases a layer with all its entities, if it exists. Layer "0" always stays. References to layers
+    /// become invalid. If it was the active layer, "0" becomes active.
     void eraseLayer(std::string_view name);
 
     const std::vector<Block>& blocks() const { return blocks_; }
     const Block* findBlock(std::string_view name) const;
     void addBlock(Block block);
 
-    /// Where new entities go; the layer is added when it is missing.
+    /// The layer of new entities; added if missing.
     void setActiveLayer(std::string_view name);
     const std::string& activeLayerName() const { return layers_[activeLayer_].name; }
     void setActiveColour(Colour value) { active_.colour = value; }
@@ -294,13 +295,13 @@ public:
     Colour activeColour() const { return active_.colour; }
     void setActiveFillColour(Colour value) { active_.fillColour = value; }
     Colour activeFillColour() const { return active_.fillColour; }
-    /// Everything that new entities take at once; the two colours above are part of it.
+    /// The complete style of new entities, including the two colours above.
     const Style& activeStyle() const { return active_; }
     void setActiveStyle(const Style& style) { active_ = style; }
 
     /// Entities that are not erased.
     std::size_t entityCount() const { return store_.Size() - store_.Erased(); }
-    /// In drawing order, erased ones not counted.
+    /// In drawing order, without erased ones.
     Entity entityAt(std::size_t index) { return {*this, store_.IndexAt(index)}; }
     EntityView entityAt(std::size_t index) const { return {*this, store_.IndexAt(index)}; }
     std::optional<Entity> findByHandle(std::string_view handle);
@@ -317,12 +318,12 @@ public:
             if (!store_[i].Has(Record::Erased)) visit(EntityView(*this, i));
     }
 
-    /// The entities of a layer in drawing order, at a cost that grows with their number only.
+    /// The entities of a layer in drawing order. The cost grows with their number only.
     SelectionSet selectLayer(std::string_view layerName);
 
-    /// Bounding box of all entities; all 0 when there are none.
+    /// Bounding box of all entities; all 0 without entities.
     Box extents() const { return extentsOfAny().value_or(Box{}); }
-    /// None when there are no entities with vertices.
+    /// None if no entity has vertices.
     std::optional<Box> extentsOfAny() const;
 
     Entity addPoint(const Point& point);
@@ -335,12 +336,11 @@ public:
     Entity addLine(const Point& from, const Point& to);
     /// An entity of any kind, on the active layer with the active style; `kindName` names Kind::Other.
     Entity addEntity(Kind kind, std::string_view kindName = "");
-    /// Gives an entity the handle that it had elsewhere. False, and nothing changed, when it is taken or not
-    /// hexadecimal.
+    /// Gives an entity its handle from elsewhere. False, without a change, if it is taken or not hexadecimal.
     bool setHandle(Entity entity, std::string_view handle);
 
-    /// Multiplies every coordinate, radius and text height about the origin (0, 0, 0). Symbols keep their
-    /// scale, which says nothing about the ground.
+    /// Scales every coordinate, radius and text height about the origin (0, 0, 0). Symbols keep their scale,
+    /// which is independent of ground units.
     void scale(double factor);
 
     // --- For importers, which add millions of entities with the same attribute names.
@@ -350,19 +350,19 @@ public:
     AttributeSet attributeSet(std::span<const AttributeName> names);
     std::size_t attributeCount(AttributeSet set) const { return names_.Of(set).size(); }
     std::vector<std::string> attributeNames(AttributeSet set) const;
-    /// Gives the entity added last, which must have no attributes yet, those names; the values follow, in
-    /// order, one appendValue() for each name.
+    /// Gives the last added entity, which must not have attributes, those names. The values follow in order,
+    /// with one appendValue() per name.
     void beginValues(AttributeSet set) { store_.Last().set = set; }
     void appendValue(std::string_view value) { store_.AppendText(store_.Last(), value); }
-    /// The entity added last gets the attributes of the entity before it, which are stored once.
+    /// The last added entity shares the attributes of the entity before it, which are stored once.
     void shareValues() { store_.ShareTexts(); }
-    /// Adds vertices without heights to the entity added last; to be filled at once.
+    /// Adds vertices without heights to the last added entity. The caller fills them at once.
     std::span<PlanePoint> extendPlan(std::size_t count) { return store_.ExtendPlan(count); }
-    /// The vertices of entity number `first` and all added after it, to convert at once. Only while each of
-    /// them was built up before the next was added.
+    /// The vertices of entity number `first` and all later ones, to convert at once. Valid only if each
+    /// entity was complete before the next was added.
     std::span<PlanePoint> planFrom(std::uint32_t first) { return store_.PlanFrom(first); }
 
-    // --- For readers and writers of drawing files: what a drawing is made of.
+    // --- For readers and writers of drawing files: the parts of a drawing.
 
     struct StyleHash {
         std::size_t operator()(const Style& style) const;
@@ -379,11 +379,11 @@ public:
     Interned<Shape, ShapeHash>& shapes() { return shapes_; }
     const Interned<Shape, ShapeHash>& shapes() const { return shapes_; }
     std::uint32_t activeLayerIndex() const { return activeLayer_; }
-    /// All layers go, "0" too; only while there are no entities.
+    /// Removes all layers, "0" too; allowed only without entities.
     void clearLayers();
-    /// Layers, blocks and what entities have in common stay.
+    /// Keeps layers, blocks and the shared tables.
     void clearEntities();
-    /// Texts of an entity before its attribute values, and these.
+    /// Number of texts of an entity before its attribute values, and with them.
     std::size_t textCount(const Record& record) const {
         return record.LeadingTexts() + attributeCount(record.set);
     }
@@ -400,10 +400,10 @@ private:
 
     std::vector<std::pair<std::string, std::string>> properties_;
     std::deque<Layer> layers_;
-    bool layersIndexed_ = false;  ///< the next two are complete; built when a layer is first selected
+    bool layersIndexed_ = false;  ///< the next two are complete; built at the first selection of a layer
     std::vector<std::vector<std::uint32_t>> onLayer_;  ///< entities by layer; may hold some that left it
-    std::vector<bool> layerDirty_;                     ///< onLayer_ is out of order or holds strangers
-    std::unordered_map<std::string, std::uint32_t> layerByName_;  ///< by the name in small letters
+    std::vector<bool> layerDirty_;  ///< onLayer_ is out of order or holds entities of other layers
+    std::unordered_map<std::string, std::uint32_t> layerByName_;  ///< by the name in lower case
     std::vector<Block> blocks_;
     std::unordered_map<std::string, std::size_t> blockByName_;
     std::uint32_t activeLayer_ = 0;

@@ -14,12 +14,11 @@ namespace vexlator::drawing {
 
 class VdfReader;
 
-/// A drawing file that is gone through chunk by chunk, as often as need be: for conversions that look at one
-/// entity after the other. Whatever the file's size, at most 65,536 entities and what they hold are in
-/// memory.
+/// A drawing file that is read chunk by chunk, any number of times: for conversions that process one entity
+/// after the other. For a file of any size, at most 65,536 entities and their contents are in memory.
 ///
-/// Every pass reads and checks the chunks anew. That no two entities have one handle is not checked, because
-/// nobody can look an entity up.
+/// Every pass reads and checks the chunks anew. Duplicate handles are not checked, because no caller can look
+/// up an entity.
 class DrawingFile {
 public:
     /// Reads all but the entities. @throws platform::ReadError: file, place and reason
@@ -28,12 +27,12 @@ public:
     DrawingFile(const DrawingFile&) = delete;
     DrawingFile& operator=(const DrawingFile&) = delete;
 
-    /// The drawing, with the entities of one chunk at most. Changes of entities go with the chunk, others
-    /// stay.
+    /// The drawing, with the entities of one chunk at most. Changes to entities are lost with the chunk;
+    /// other changes stay.
     Drawing& Current() { return drawing_; }
     /// Of the whole file.
     std::uint64_t EntityCount() const;
-    /// Bounding box of all entities, which are gone through; all 0 when there are none.
+    /// Bounding box of all entities, from a pass over all; all 0 without entities.
     /// @throws platform::ReadError
     Box Extents();
 
@@ -42,7 +41,7 @@ public:
     void ForEachChunk(Visit visit) {
         for (Rewind(); ReadChunk();) visit(drawing_);
     }
-    /// The first entity for which `isWanted(Entity)`; good until another chunk is read.
+    /// The first entity for which `isWanted(Entity)`; valid until another chunk is read.
     /// @throws platform::ReadError
     template <typename IsWanted>
     std::optional<Entity> FindFirst(IsWanted isWanted) {

@@ -18,10 +18,10 @@ namespace vexlator::drawing {
 class VdfWriter;
 
 /// A drawing that is written to its file while it is made: for imports, which add entities and never look
-/// back. What has been written leaves the drawing, so that an import of any size takes the memory of one
-/// chunk.
+/// back. Written entities leave the drawing, so an import of any size needs the memory of one chunk.
 ///
-/// The file appears with Commit() and not before. @throws platform::WriteError from every member that writes
+/// The file appears with Commit(), not before.
+/// @throws platform::WriteError from every member that writes
 class DrawingSink {
 public:
     using Conversion = std::function<void(std::span<PlanePoint>)>;
@@ -31,21 +31,25 @@ public:
     DrawingSink(const DrawingSink&) = delete;
     DrawingSink& operator=(const DrawingSink&) = delete;
 
-    /// What is filled. Layers, styles and attribute sets stay in it when entities leave it, and handles go
-    /// on.
+    /// The drawing to fill. Layers, styles and attribute sets stay in it when entities leave it, and handles
+    /// continue.
     drawing::Drawing& Drawing() { return drawing_; }
-    /// Where it goes.
+    /// The target.
     void SetPath(std::string_view path) { path_ = path; }
 
-    /// Vertices of entities that are added from now on are converted, in place, before they leave the
-    /// drawing. Each entity has to be built up before the next is added.
+    /// Converts vertices of entities added from now on, in place, before they leave the drawing. Each entity
+    /// must be complete before the next is added.
     void ConvertBy(Conversion conversion);
-    /// Converts what has been added, and nothing that comes.
+    /// Converts what has been added, but nothing added later.
     void EndConversion();
-    /// To be called between two features: when there are enough entities for a chunk, they are written.
+    /// Call between two features: writes a chunk if there are enough entities for one.
     void FeatureDone() {
         if (IsFull()) WriteEntities();
+        Keep();
     }
+    /// Takes away what has been added since the last FeatureDone() or Keep(): half of a feature.
+    void DropUnfinished();
+    void Keep() { firstUnfinished_ = static_cast<std::uint32_t>(drawing_.store().Size()); }
     /// Writes what is left and puts the file in its place.
     void Commit();
 
@@ -61,6 +65,7 @@ private:
     std::string path_;
     Conversion conversion_;
     std::uint32_t firstUnconverted_ = 0;        ///< entity
+    std::uint32_t firstUnfinished_ = 0;         ///< entity
     std::optional<platform::OutputFile> file_;  ///< opened with the first chunk
     std::unique_ptr<VdfWriter> writer_;
 };

@@ -84,14 +84,14 @@ std::optional<XProperty> XProperties::find(std::string_view name) const {
 }
 
 void XProperties::add(std::string_view name, std::string_view value, std::int32_t typeCode) {
-    std::string copy(value);  // it may lie in the texts that are about to move
+    std::string copy(value);  // it may be in the texts that are about to move
     Record& record = changed_->store()[entity_];
     AttributeNames& names = changed_->names();
     record.set = names.LongerBy(record.set, names.PlaceOf(name, typeCode));
     changed_->store().AppendText(record, copy);
 }
 
-// --- Entities, looked at
+// --- Reading entities
 
 const EntityStore& EntityView::store() const {
     return drawing_->store();
@@ -164,7 +164,7 @@ double EntityView::length() const {
     return sum;
 }
 
-// --- Entities, changed
+// --- Changing entities
 
 Record& Entity::changedRecord() {
     return changed_->store()[index_];

@@ -70,7 +70,7 @@ void EntityStore::IndexHandles() const {
 
 std::optional<std::uint32_t> EntityStore::IndexOfHandle(std::uint64_t handle) const {
     if (records_.empty()) return std::nullopt;
-    // Handles are given in order, so most drawings need no index to find them.
+    // Handles are given in order, so most drawings need no index for the look-up.
     std::uint64_t guess = handle - records_[0].handle;
     if (guess < records_.size() && records_[guess].handle == handle) return static_cast<std::uint32_t>(guess);
     if (handle >= nextHandle_) return std::nullopt;
@@ -88,7 +88,7 @@ bool EntityStore::SetHandle(std::uint32_t index, std::uint64_t handle) {
         byHandle_.erase(record.handle);
         byHandle_.emplace(handle, index);
     }
-    // A number that only this entity has ever had can be given again.
+    // A number that only this entity ever had can be given again.
     if (record.handle + 1 == nextHandle_) --nextHandle_;
     record.handle = handle;
     nextHandle_ = std::max(nextHandle_, handle + 1);

@@ -58,7 +58,7 @@ std::string_view MappedFieldName(const config::SharedSettings& settings, const A
 std::string_view ShortenValue(const config::SharedSettings& settings, std::string_view value) {
     const std::string& separator = settings.SHORTENFIELDSON;
     if (separator.empty()) return value;
-    // A separator further on than the longest code leaves the value whole, so that is as far as we look.
+    // A separator beyond the longest code leaves the value whole, so the search ends there.
     std::size_t position =
         value.substr(0, longestCode * mostBytesPerCharacter + separator.size()).find(separator);
     if (position == std::string_view::npos || position == 0) return value;
@@ -101,8 +101,7 @@ std::string SlashDateFromCompact(std::string_view text) {
 config::KeyList FeatureChangeKeys() {
     return {
         {changeSection, "",
-         "renames feature codes and their fields in exports: a key per code, and the code followed by "
-         "_Fields",
+         "new name of a feature code in exports. The key is the code. The key CODE_Fields renames its fields",
          "nothing is renamed"},
     };
 }

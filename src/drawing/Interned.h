@@ -9,9 +9,9 @@
 
 namespace vexlator::drawing {
 
-/// Values that many entities have in common, each held once and known by its place. `Hash` makes a
-/// std::size_t of a value. Finding the place of a value costs the same however many there are; the index for
-/// it, eight to sixteen bytes a value, is built when a place is first asked for.
+/// Values shared by many entities. Each value is held once and identified by its index. `Hash` makes a
+/// std::size_t of a value. Finding the index of a value takes constant time. The hash table, with eight to
+/// sixteen bytes per value, is built at the first search.
 template <typename T, typename Hash>
 class Interned {
 public:
@@ -23,13 +23,13 @@ public:
         values_.clear();
         places_.clear();
     }
-    /// Adds a value as it stands, whether it is there already or not: places are those of a file's table.
+    /// Adds a value even if it exists already, because the indices are those of a file's table.
     void AddUnchecked(T value) {
         values_.push_back(std::move(value));
         places_.clear();
     }
-    /// The place of a value, which is entered when it is not there. Entities come in runs that look alike, so
-    /// that the last answer is tried first.
+    /// The index of a value, which is added if missing. Similar entities come in runs, so the last answer is
+    /// tried first.
     std::uint32_t PlaceOf(const T& value) {
         if (last_ < values_.size() && values_[last_] == value) return last_;
         if (places_.size() < 2 * (values_.size() + 1)) Index();
@@ -40,7 +40,7 @@ public:
         }
         return last_ = slot - 1;
     }
-    /// Changes every value; two may become equal.
+    /// Changes every value. Two values may become equal.
     template <typename Change>
     void ChangeAll(Change change) {
         for (T& value : values_) change(value);
@@ -65,7 +65,7 @@ private:
 
     std::vector<T> values_;
     std::vector<std::uint32_t>
-        places_;              ///< a hash table: place plus 1, 0 for a free slot; a power of two of them
+        places_;              ///< a hash table: index plus 1, 0 for a free slot; its size is a power of two
     std::uint32_t last_ = 0;  ///< the last answer
 };
 

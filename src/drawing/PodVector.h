@@ -14,8 +14,8 @@
 
 namespace vexlator::drawing {
 
-/// A growing array of plain values that are not set before use: for the arrays of a drawing, which reach
-/// hundreds of megabytes. It grows without copying, and old and new block never exist side by side.
+/// A growing array of plain, uninitialised values: for the arrays of a drawing, which reach hundreds of
+/// megabytes. It grows without copying, and the old and new block never exist side by side.
 template <typename T>
 class PodVector {
     static_assert(std::is_trivially_copyable_v<T>);
@@ -49,7 +49,7 @@ public:
         if (size_ == capacity_) grow(1);
         data_[size_++] = value;
     }
-    /// Adds `count` values without setting them; returns the first.
+    /// Adds `count` uninitialised values; returns the first.
     T* extend(std::size_t count) {
         reserveMore(count);
         T* first = data_ + size_;

@@ -11,7 +11,7 @@ namespace vexlator::drawing {
 
 namespace {
 
-/// The symbol's file or the default symbol's; "" when both are missing or empty.
+/// The symbol's file or the default symbol's; "" if both are missing or empty.
 std::string SymbolFile(const config::Run& run, std::string_view name) {
     const std::string& folder = run.Settings().SymbolsDirectory;
     std::string path = util::JoinPath(folder, util::SafeFileName(name) + ".VDF");

@@ -11,12 +11,13 @@
 
 namespace vexlator::drawing {
 
-/// Larger symbol drawings are refused with a message: every drawing that uses one carries it whole.
+/// Limit for symbol drawings, because every drawing with a symbol contains it whole. A message reports a
+/// larger one.
 constexpr std::size_t largestSymbol = std::size_t{16} << 20;
 
-/// The name of a block in the drawing that draws the symbol ("" means "default"). When the drawing has none,
-/// the symbol's file is loaded from SymbolsDirectory, else DEFAULT.VDF there. "" when there is neither, or
-/// when the file cannot be used; the person is told.
+/// The name of a block in the drawing that draws the symbol ("" means "default"). If the drawing has none,
+/// loads the symbol's file from SymbolsDirectory, else DEFAULT.VDF there. Returns "" with a message if there
+/// is neither, or if the file cannot be used.
 std::string EnsureSymbolBlock(config::Run& run, std::string_view symbolName, Drawing& drawing);
 
 }  // namespace vexlator::drawing

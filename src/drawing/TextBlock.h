@@ -10,8 +10,8 @@
 #include <stdexcept>
 #include <string_view>
 
-/// How texts lie one after the other in memory and in drawing files: the length as an unsigned LEB128 number,
-/// then the bytes. Most lengths take one byte, and an entity's values are read in one forward walk.
+/// The layout of texts in memory and in drawing files: the length as an unsigned LEB128 number, then the
+/// bytes. Most lengths take one byte, and an entity's values are read in one forward pass.
 namespace vexlator::drawing {
 
 constexpr std::size_t longestLength = 5;  ///< bytes of the largest 32-bit length
@@ -33,7 +33,7 @@ inline void AppendText(PodVector<char>& target, std::string_view text) {
     target.extend(static_cast<std::size_t>(out - begin) + text.size());
 }
 
-/// The text at `position`, which moves behind it. For texts that this program wrote or has checked.
+/// The text at `position`, which moves past it. For texts that this program wrote or has checked.
 inline std::string_view TakeText(const char*& position) {
     std::uint32_t length = static_cast<unsigned char>(*position++);
     if (length >= 0x80) {
@@ -49,7 +49,7 @@ inline std::string_view TakeText(const char*& position) {
     return text;
 }
 
-/// Walks over `count` texts that may be damaged; false when they do not end before `end`.
+/// Skips `count` texts that may be damaged; false if they do not end before `end`.
 inline bool SkipTexts(const char*& position, const char* end, std::size_t count) {
     for (; count > 0; --count) {
         std::uint64_t length = 0;

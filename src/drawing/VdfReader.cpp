@@ -29,8 +29,8 @@ bool TextAt(std::span<const std::byte> bytes, std::size_t offset, std::string_vi
     return std::memcmp(bytes.data() + offset, text.data(), text.size()) == 0;
 }
 
-/// The verifier looks at the place of a vector's length only, not at that of elements that need more. Where a
-/// vector without elements ends does not matter.
+/// The verifier checks the alignment of a vector's length only, not of elements with a larger alignment. The
+/// end of an empty vector does not matter.
 template <typename Element, typename Vector>
 bool IsAligned(const Vector* vector) {
     if (!vector || vector->size() == 0) return true;
@@ -43,7 +43,7 @@ std::span<const std::byte> BytesOf(const Vector* vector) {
     return std::as_bytes(std::span(vector->data(), vector->size()));
 }
 
-/// A column of which one element may stand for all entities.
+/// A column in which one element may apply to all entities.
 template <typename T>
 class Column {
 public:
@@ -63,7 +63,7 @@ private:
 
 }  // namespace
 
-/// Reads the index at once and chunk after chunk as it is asked to.
+/// Reads the index at once, and chunks on request.
 class VdfReader {
 public:
     VdfReader(std::span<const std::byte> bytes, Drawing& drawing) : bytes_(bytes), drawing_(drawing) {
@@ -74,10 +74,10 @@ public:
     }
 
     std::uint64_t EntityCount() const { return entities_; }
-    /// Everything before it in the file has been read.
+    /// The file has been read up to this position.
     std::size_t Offset() const { return offset_; }
 
-    /// All entities, added to the drawing. `afterChunk` is called behind each chunk.
+    /// Adds all entities to the drawing. Calls `afterChunk` after each chunk.
     template <typename AfterChunk>
     void ReadAll(AfterChunk afterChunk) {
         drawing_.store().ReserveMore(entities_);
@@ -85,7 +85,7 @@ public:
         if (!handlesRise_) CheckHandlesDiffer();
     }
 
-    /// The chunk's entities, in place of those that are in the drawing; false after the last.
+    /// Replaces the entities of the drawing by the next chunk's; false after the last.
     bool ReplaceByNextChunk() {
         drawing_.clearEntities();
         return ReadNextChunk();
@@ -116,7 +116,7 @@ private:
         if (!TextAt(bytes_, trailer + 24, vdf::endMagic)) Damaged("end", "the drawing file is cut off");
         std::uint64_t offset = NumberAt(bytes_, trailer), length = NumberAt(bytes_, trailer + 8);
         if (offset < vdf::headerSize || offset > trailer || length != trailer - offset || offset % 8 != 0)
-            Damaged("end", "the index does not lie where the file says");
+            Damaged("end", "the index is not at the offset in the file's end");
         indexOffset_ = offset;
         std::span<const std::byte> index = bytes_.subspan(offset, length);
         if (XXH3_64bits(index.data(), index.size()) != NumberAt(bytes_, trailer + 16))
@@ -134,8 +134,8 @@ private:
         return flatbuffers::GetRoot<Table>(data);
     }
 
-    // Tables of an index may overlap in a hostile file, so that a small file names the same long text again
-    // and again. What is taken out may not be more than what is in.
+    // Tables of an index may overlap in a hostile file, so a small file can name the same long text many
+    // times. The total of the names must not exceed the size of the file.
     void Take(std::uint64_t size) {
         taken_ += size;
         if (taken_ > bytes_.size()) Damaged("index", "its entries overlap");
@@ -202,7 +202,7 @@ private:
             drawing_.names().PlaceOf(TakeString(entry.name()), entry.type_code());
         });
         std::size_t names = index.names() ? index.names()->size() : 0;
-        if (names != drawing_.names().All().size()) Damaged("index", "an attribute name stands in it twice");
+        if (names != drawing_.names().All().size()) Damaged("index", "it holds an attribute name twice");
         ForEach(index.attribute_sets(), [&](const vdf::SetEntry& entry) {
             AttributeNames::Names set;
             if (entry.names()) {
@@ -210,7 +210,7 @@ private:
                 set.assign(entry.names()->begin(), entry.names()->end());
             }
             if (std::ranges::any_of(set, [&](std::uint32_t name) { return name >= names; }))
-                Damaged("index", "an attribute set names a name that does not exist");
+                Damaged("index", "an attribute set refers to a missing name");
             sets_.push_back(drawing_.names().SetOf(std::move(set)));
         });
     }
@@ -219,7 +219,7 @@ private:
         if (!IsAligned<vdf::ChunkEntry>(index.chunks())) Damaged("index", "the structure is damaged");
         chunks_ = index.chunks();
         for (flatbuffers::uoffset_t i = 0; i < ChunkCount(); ++i) entities_ += chunks_->Get(i)->entities();
-        if (entities_ > bytes_.size()) Damaged("index", "more entities are announced than the file can hold");
+        if (entities_ > bytes_.size()) Damaged("index", "it announces more entities than the file can hold");
         drawing_.store().SetNextHandle(std::max(drawing_.store().NextHandle(), index.next_handle()));
     }
 
@@ -237,7 +237,7 @@ private:
         return true;
     }
 
-    /// Returns the offset behind the chunk.
+    /// Returns the offset after the chunk.
     std::size_t ReadChunk(const std::string& place, std::size_t offset, std::uint64_t entities) {
         if (indexOffset_ - offset < vdf::frameSize) Damaged(place, "it is cut off");
         std::uint64_t length = NumberAt(bytes_, offset), left = indexOffset_ - offset - vdf::frameSize;
@@ -296,7 +296,7 @@ private:
             Damaged(place, "vertices or texts are left over");
     }
 
-    /// Where in the drawing's arenas the chunk's next entity finds its vertices and texts.
+    /// The position in the drawing's arenas of the vertices and texts of the chunk's next entity.
     struct Cursor {
         std::uint64_t vertex, vertexEnd, text, textEnd;
     };
@@ -327,10 +327,10 @@ private:
     }
 
     void ShareTexts(const std::string& place, Record& record, std::size_t i) {
-        if (i == 0) Damaged(place, "its first entity shares texts with none");
+        if (i == 0) Damaged(place, "its first entity shares texts, but no entity precedes it");
         Record& before = drawing_.store().Last();
         if (drawing_.textCount(record) != drawing_.textCount(before))
-            Damaged(place, "entities that share texts have different numbers of them");
+            Damaged(place, "entities with shared texts have different numbers of texts");
         record.textBegin = before.textBegin;
         record.textSize = before.textSize;
         record.Set(Record::SharesTexts, true);
@@ -344,7 +344,7 @@ private:
     }
 
     void CheckHandlesDiffer() {
-        if (!drawing_.store().HandlesDiffer()) Damaged("index", "two entities have one handle");
+        if (!drawing_.store().HandlesDiffer()) Damaged("index", "two entities have the same handle");
     }
 
     std::span<const std::byte> bytes_;

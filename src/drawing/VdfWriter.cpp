@@ -46,7 +46,7 @@ public:
         }
     }
 
-    /// Behind all entities.
+    /// The end of all entities.
     void WriteIndex() {
         std::uint64_t offset = size_;
         BuildIndex();
@@ -64,7 +64,7 @@ private:
         size_ += bytes.size();
     }
 
-    /// Gathers the records of one chunk, from `next` on; returns where the following one starts.
+    /// Collects the records of one chunk, from `next` on; returns the start of the following chunk.
     std::size_t TakeRecords(std::size_t next) {
         records_.clear();
         std::size_t bytes = 0;
@@ -103,7 +103,7 @@ private:
         return builder_.CreateVector(handles.data(), counting ? 1 : handles.size());
     }
 
-    /// Calls `copy(begin, size)` for the stretches of an arena that the records use, neighbours joined.
+    /// Calls `copy(begin, size)` for the ranges of an arena that the records use, with neighbours joined.
     template <typename Range, typename Copy>
     void ForEachStretch(Range range, Copy copy) {
         std::uint64_t begin = 0, end = 0;
@@ -183,7 +183,7 @@ private:
         chunks_.emplace_back(size_, records_.size());
         Write(BytesOf({bytes.size(), XXH3_64bits(bytes.data(), bytes.size())}));
         Write(bytes);
-        // The next chunk starts at a multiple of 8, where its columns can be read in place.
+        // The next chunk starts at a multiple of 8, so its columns can be read in place.
         Write(std::string_view("\0\0\0\0\0\0\0", (8 - bytes.size() % 8) % 8));
     }
 
@@ -240,7 +240,7 @@ private:
 
     const Drawing& drawing_;
     Sink sink_;
-    std::uint64_t size_ = 0;  ///< written so far
+    std::uint64_t size_ = 0;  ///< bytes written so far
     flatbuffers::FlatBufferBuilder builder_{3 * vdf::bytesPerChunk};
     std::vector<const Record*> records_;
     std::vector<vdf::ChunkEntry> chunks_;
@@ -277,6 +277,10 @@ void DrawingSink::EndConversion() {
 void DrawingSink::Convert() {
     if (conversion_) conversion_(drawing_.planFrom(firstUnconverted_));
     firstUnconverted_ = static_cast<std::uint32_t>(drawing_.store().Size());
+}
+
+void DrawingSink::DropUnfinished() {
+    for (std::uint32_t i = firstUnfinished_; i < drawing_.store().Size(); ++i) Entity(drawing_, i).erase();
 }
 
 void DrawingSink::WriteEntities() {

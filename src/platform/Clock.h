@@ -12,7 +12,7 @@ struct DateTime {
     bool operator==(const DateTime&) const = default;
 };
 
-/// What tells the time; a run has one, so that tests can fix it.
+/// The source of the time. A run has one, so that tests can fix the time.
 using Clock = std::function<DateTime()>;
 
 /// The computer's local time.

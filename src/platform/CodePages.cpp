@@ -30,7 +30,7 @@ int Windows1252Byte(char32_t c) {
     return found == windows1252High.end() ? -1 : 0x80 + static_cast<int>(found - windows1252High.begin());
 }
 
-/// The name as it stands, when it is one: iconv reads more than names into blanks, slashes and nothing.
+/// Returns the name if it is a plain name: iconv gives blanks, slashes and empty names a meaning.
 std::string NameForIconv(std::string_view name) {
     auto isPartOfName = [](unsigned char c) { return std::isalnum(c) || c == '-' || c == '_' || c == '.'; };
     auto begin = std::find_if(name.begin(), name.end(), isPartOfName);
@@ -57,22 +57,22 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 16> mapNames
     {"WINDOWSSIMPCHINESE", "CP936"},
     {"WINDOWSKOREAN", "CP949"},
     {"WINDOWSTRADCHINESE", "CP950"},
-    {"PACKEDEUCJAPAESE", "EUC-JP"},  // as the programs that write it spell it
+    {"PACKEDEUCJAPAESE", "EUC-JP"},  // spelled as in these files
 }};
 
 bool IsDigits(std::string_view text) {
     return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-/// A code page's number as iconv names it. Files that say ISO 8859-1 hold Windows-1252 in truth: its
-/// characters are where ISO 8859-1 has control codes, which no text of a map contains.
+/// iconv's name for the number of a code page. Files that claim ISO 8859-1 really hold Windows-1252, which
+/// has characters where ISO 8859-1 has control codes. No text of a map contains control codes.
 std::string NumberedPage(const std::string& number) {
     if (number == "65001") return "UTF-8";
     if (!number.starts_with("8859") || number.size() == 4) return "CP" + number;
     return number == "88591" ? "CP1252" : "ISO-8859-" + number.substr(4);
 }
 
-/// iconv's name for a spelling found in GIS files; "" for one that cannot be a name.
+/// iconv's name for a spelling found in GIS files; "" for an impossible name.
 std::string IconvName(std::string_view name) {
     constexpr std::size_t longest = 40;
     std::string key;
@@ -207,7 +207,8 @@ bool FitsWindows1252(std::string_view text) {
 
 std::string_view CutUtf8(std::string_view text, std::size_t most) {
     if (text.size() <= most) return text;
-    // No character has more than three bytes behind its first: what has is not UTF-8 and is cut as bytes.
+    // No character has more than three bytes after its first. Text with more is not UTF-8 and is cut as
+    // bytes.
     std::size_t end = most, least = most - std::min<std::size_t>(most, 3);
     while (end > least && ContinuesCharacter(text[end])) --end;
     return text.substr(0, ContinuesCharacter(text[end]) ? most : end);
@@ -219,7 +220,7 @@ struct Decoder::Iconv {
     Iconv(const Iconv&) = delete;
     Iconv& operator=(const Iconv&) = delete;
 
-    /// False, and nothing added, when the bytes are wrong in this encoding.
+    /// False, with nothing appended, if the bytes are invalid in this encoding.
     bool Append(std::string& target, std::string_view bytes) {
         constexpr auto failed = static_cast<std::size_t>(-1);
         std::size_t before = target.size();
@@ -228,13 +229,13 @@ struct Decoder::Iconv {
         char* in = const_cast<char*>(bytes.data());
         char* out = target.data() + before;
         ::iconv(handle, nullptr, nullptr, nullptr, nullptr);
-        // The second call brings out a letter that waits for an accent to follow.
+        // The second call writes a letter that waits for a following accent.
         bool good = ::iconv(handle, &in, &inLeft, &out, &outLeft) != failed &&
                     ::iconv(handle, nullptr, nullptr, &out, &outLeft) != failed;
         target.resize(good ? static_cast<std::size_t>(out - target.data()) : before);
         return good;
     }
-    /// False for encodings whose bytes below 128 are not all ASCII, or switch to other letters.
+    /// False for encodings whose bytes below 128 are not all ASCII, or that switch to other letters.
     bool KeepsAscii() {
         std::string ascii(128, '\0'), decoded;
         std::iota(ascii.begin(), ascii.end(), '\0');

@@ -8,9 +8,9 @@
 
 namespace vexlator::platform {
 
-/// Input that cannot be used: which file, where in it, and why.
-/// The low layers know the place ("byte 1204", "line 7", "record 17: ..."); whoever opened the file adds its
-/// name with InFile(). What() reads as "FIELD.SHP: byte 1204: 90000 points announced, 312 bytes left".
+/// Input that cannot be used: the file, the place in it, and the reason. The low layers know the place ("byte
+/// 1204", "line 7", "record 17: ..."). The code that opened the file adds its name with InFile(). What()
+/// reads as "FIELD.SHP: byte 1204: 90000 points announced, 312 bytes left".
 class ReadError : public std::runtime_error {
 public:
     ReadError(std::string file, std::string place, std::string reason)
@@ -40,7 +40,7 @@ private:
     std::string file_, place_, reason_;
 };
 
-/// Output that could not be written: the native path and the system's reason. The old file is as it was.
+/// Output that could not be written: the native path and the system's reason. The old file is unchanged.
 class WriteError : public std::runtime_error {
 public:
     WriteError(const std::string& file, const std::string& reason)

@@ -7,15 +7,15 @@
 
 namespace vexlator::platform {
 
-/// What tells a file from every other that has its name before or after it: its number, and because a program
-/// that writes over a file keeps the number, its size and the moment when it was written last.
+/// Identifies a state of a file: its file number, size and time of last write. The number alone is not
+/// enough, because a program that overwrites a file keeps the number.
 struct FileMark {
     std::int64_t number = 0, size = 0, seconds = 0, nanoseconds = 0;
     bool operator==(const FileMark&) const = default;
 };
 
-/// Of what has that native path; of a link itself. All 0 when there is nothing. Of a folder only the number,
-/// for the rest changes with what lies in it.
+/// The mark of a native path; of a link itself, not its target. All 0 if there is nothing. A folder has the
+/// number only, because its size and time change with its contents.
 FileMark MarkOf(const std::string& native);
 
 }  // namespace vexlator::platform

@@ -21,7 +21,7 @@ namespace {
 
 constexpr const char* accessList = "system.posix_acl_access";
 
-/// A file without an access list takes none from its folder's default.
+/// A file without an access list gets none from its folder's default.
 void TakeAccessList(int descriptor, const std::string& from) {
     ssize_t size = ::getxattr(from.c_str(), accessList, nullptr, 0);
     std::vector<char> list(size > 0 ? static_cast<std::size_t>(size) : 0);
@@ -32,7 +32,7 @@ void TakeAccessList(int descriptor, const std::string& from) {
         ::fremovexattr(descriptor, accessList);
 }
 
-/// Others than this user and root, whom nothing keeps out.
+/// Users other than this user and root. Nothing keeps root out.
 bool OthersCanWrite(const std::string& folder) {
     struct stat info {};
     if (::stat(folder.empty() ? "." : folder.c_str(), &info) != 0) return false;
@@ -40,12 +40,12 @@ bool OthersCanWrite(const std::string& folder) {
     return isOthers || (info.st_mode & (S_IWGRP | S_IWOTH)) != 0;
 }
 
-/// The way along a path, each link on it replaced by what it points to.
+/// A walk along a path that replaces each link by its target.
 class Way {
 public:
     explicit Way(const std::string& native) : native_(native) { Prepend(native); }
 
-    /// Goes to the end. Whether the last part was a link.
+    /// Walks to the end. Returns whether the last part was a link.
     bool Walk() {
         bool endsAtLink = false;
         while (!left_.empty()) {
@@ -66,7 +66,7 @@ public:
 
 private:
     void Follow(const fs::path& link) {
-        constexpr int mostLinks = 40;  // the system's own limit
+        constexpr int mostLinks = 40;  // limit of the system
         if (OthersCanWrite(done_.string()))
             throw WriteError(link.string(),
                              "is a symbolic link in a folder that others can write, and is not "
@@ -85,7 +85,7 @@ private:
 
     std::string native_;
     fs::path done_;
-    std::vector<fs::path> left_;  ///< the next one last
+    std::vector<fs::path> left_;  ///< next component last
     int links_ = 0;
 };
 
@@ -96,7 +96,7 @@ void TakeRights(int descriptor, const std::string& from) {
     }, now{};
     if (::stat(from.c_str(), &old) != 0) return;
     if (::fchown(descriptor, old.st_uid, old.st_gid) != 0) {
-        // Only root gives a file away, but its group may be one of ours.
+        // Only root can give a file away, but the file's group may be one of the user's groups.
         [[maybe_unused]] int ignored = ::fchown(descriptor, static_cast<uid_t>(-1), old.st_gid);
     }
     mode_t mode = old.st_mode & 07777;

@@ -11,13 +11,13 @@ namespace vexlator::platform {
 
 using SystemTime = std::chrono::time_point<std::chrono::system_clock, std::chrono::nanoseconds>;
 
-/// What tells that a file has been changed: its size in bytes, and when it was last written.
+/// Shows whether a file has changed: its size in bytes and its time of last write.
 struct FileStamp {
     std::uint64_t size = 0;
     SystemTime time;
 };
 
-/// Nothing when there is no such file. The path is a native one.
+/// Nothing if there is no such file. The path is a native one.
 std::optional<FileStamp> StampOf(const std::string& native);
 
 }  // namespace vexlator::platform

@@ -28,7 +28,7 @@ namespace {
 struct OpenedFile {
     explicit OpenedFile(std::string_view path) : name(FindExisting(path)) {
         if (name.empty()) throw ReadError(NativePath(path), "", Reason(ENOENT));
-        // A named pipe must not stop us before we know what it is.
+        // Does not block on a named pipe, before we know what the file is.
         descriptor = ::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
         if (descriptor < 0) throw ReadError(name, "", Reason(errno));
         struct stat info {};
@@ -124,7 +124,7 @@ std::string ReadWholeFile(std::string_view path) {
 void AppendToFile(std::string_view path, std::string_view content) {
     std::string native = FindExisting(path);
     native = FollowLinks(native.empty() ? PathToWrite(path) : native);
-    // A named pipe must not stop us before we know what it is.
+    // Does not block on a named pipe, before we know what the file is.
     int descriptor = ::open(native.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK, 0666);
     if (descriptor < 0 && errno != ENXIO) throw WriteError(native, Reason(errno));
     struct stat info {};

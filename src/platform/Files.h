@@ -14,15 +14,15 @@
 #include <string_view>
 #include <vector>
 
-/// Files as whole things: mapped to be read, replaced in one step when written. Paths are path texts
-/// (platform/Paths.h); every function finds existing files without regard to letter case.
+/// Whole files: mapped for reading, replaced in one step for writing. Paths are path texts
+/// (platform/Paths.h). Every function finds existing files without regard to letter case.
 namespace vexlator::platform {
 
-/// The bytes of a file, mapped into memory while the object lives. An empty file gives empty bytes.
-/// A file that shrinks while it is mapped ends the process, with a message after HandleFileSignals().
+/// The bytes of a file, mapped into memory for the lifetime of the object. An empty file gives empty bytes.
+/// If another program shortens the mapped file, the process ends with a message (after HandleFileSignals()).
 class MappedFile {
 public:
-    /// @throws ReadError: no such file, no right to read it, a folder.
+    /// @throws ReadError: no such file, no right to read it, or a folder.
     explicit MappedFile(std::string_view path);
     ~MappedFile();
     MappedFile(MappedFile&& other) noexcept;
@@ -34,8 +34,8 @@ public:
     std::string_view Text() const { return {reinterpret_cast<const char*>(data_), size_}; }
     /// Native path, for messages.
     const std::string& Name() const { return name_; }
-    /// Tells that the bytes before `offset` are not needed soon, so that they need not stay in memory. A
-    /// smaller offset than before begins another pass over the file.
+    /// Says that the bytes before `offset` are not needed soon and may leave memory. A smaller offset than
+    /// before starts another pass over the file.
     void DoneBefore(std::size_t offset);
 
 private:
@@ -47,19 +47,18 @@ private:
 
 class OutputSet;
 
-/// A file that appears whole or not at all.
-/// Bytes go to a temporary file beside the target; Commit() syncs it and moves it into place, and removes
-/// files of the same name in another letter case. Destroyed without Commit(), it leaves the old target as it
-/// was. What a killed program leaves behind is taken away by RemoveLeftovers().
-/// The new file has owner, group, mode and access list of the old one, as far as this process may set them;
-/// other names of the old one (hard links) keep the old bytes. A symbolic link is followed, but never one in
+/// A file that appears whole or not at all. Bytes go to a temporary file beside the target; Commit() syncs it
+/// and moves it into place, and removes files of the same name in another letter case. Destruction without
+/// Commit() leaves the old target unchanged. RemoveLeftovers() removes the leftovers of a killed program. The
+/// new file gets the owner, group, mode and access list of the old one, as far as this process may set them.
+/// Other names of the old file (hard links) keep the old bytes. A symbolic link is followed, but never one in
 /// a folder that others can write.
 /// @throws WriteError: native path, system reason; from every member that writes, and from Commit(), when the
 /// disk fills late.
 class OutputFile {
 public:
-    /// What Commit() does with files whose names differ from the target's by letter case only. Keep saves a
-    /// look through the folder, for callers that write thousands of files and know the names themselves.
+    /// How Commit() treats files whose names differ from the target's in letter case only. Keep skips the
+    /// search in the folder, for callers that write thousands of files and know the names themselves.
     enum class OtherCases { Replace, Keep };
 
     explicit OutputFile(std::string_view path, OtherCases otherCases = OtherCases::Replace);
@@ -73,24 +72,24 @@ public:
     void Write(std::span<const std::byte> bytes) {
         Write(std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()));
     }
-    /// Room for up to `most` bytes inside the buffer, to be filled and then taken with Advance(); `most` is
-    /// at most BufferSize.
+    /// Space for up to `most` bytes inside the buffer, to be filled and then confirmed with Advance(). `most`
+    /// is at most BufferSize.
     char* Reserve(std::size_t most) {
         if (room_ - used_ < most) MakeRoom();
         return buffer_.get() + used_;
     }
     void Advance(std::size_t written) { used_ += written; }
-    /// Overwrites bytes at an offset that has been written before (a header whose totals came late).
+    /// Overwrites bytes at an earlier offset (a header whose totals come late).
     void WriteAt(std::uint64_t offset, std::string_view bytes);
-    /// Appends bytes that were written to another file, which is not finished.
+    /// Appends the bytes of another, unfinished file.
     void WriteFrom(OutputFile& other, std::uint64_t offset, std::uint64_t size);
     /// Bytes written so far.
     std::uint64_t Size() const { return flushed_ + used_; }
-    /// Flushes and syncs; a Commit() that follows only renames. Call it on every file of a set before the
-    /// first is committed, so that the set changes within moments.
+    /// Flushes and syncs; a later Commit() only renames. Call it on every file of a set before the first
+    /// Commit(), so that the set changes within moments.
     void Finish();
     void Commit();
-    /// Puts the file into place only where none has its name. @throws WriteError also when one has
+    /// Puts the file into place only if no file has its name. @throws WriteError also if one has
     void CommitNew();
     /// Native path of the target, for messages.
     const std::string& Name() const { return target_; }
@@ -102,16 +101,16 @@ public:
 private:
     friend class OutputSet;
     void Flush();
-    /// Takes a buffer, or empties the one it has.
+    /// Acquires a buffer, or empties its own.
     void MakeRoom();
     std::unique_ptr<char[]> GiveBuffer();
     int Descriptor();
-    /// Writes out what there is and lets the disk begin; needs no buffer any more.
+    /// Writes the buffer out and lets the disk start. Needs no buffer afterwards.
     void Push();
     void StartWriteBack();
-    /// Where the file replaces another one of the same name in another letter case only.
+    /// For a file that replaces one whose name differs in letter case only.
     void TakeRightsOfTwin(const std::multimap<std::string, std::string>& twins);
-    /// What is left to do once the file is in place.
+    /// The remaining steps once the file is in place.
     void Settle();
     void Put(const char* data, std::size_t size);
     [[noreturn]] void Fail(int error) const;
@@ -120,67 +119,73 @@ private:
     int descriptor_ = -1;
     OtherCases otherCases_;
     bool finished_ = false;
-    OutputSet* set_ = nullptr;        ///< lends the buffer
-    bool closesBetween_ = false;      ///< its descriptor goes when the buffer does
-    std::unique_ptr<char[]> buffer_;  ///< taken when it is first needed
+    OutputSet* set_ = nullptr;        ///< source of the buffer
+    bool closesBetween_ = false;      ///< its descriptor closes with the buffer
+    std::unique_ptr<char[]> buffer_;  ///< acquired at first use
     std::size_t room_ = 0;            ///< of the buffer
     std::size_t used_ = 0;
     std::uint64_t flushed_ = 0;
     std::uint64_t pushed_ = 0;
 };
 
-/// Deletes temporary files and folders that killed runs left in a folder, and ends what they were putting
-/// into place. What belongs to running programs stays.
-/// @returns a line for the user when that could not be ended as it began; mostly ""
+/// Deletes temporary files and folders of killed runs in a folder, and completes their renames. Files of
+/// running programs stay.
+/// @returns a line for the user if a rename could not be completed; mostly ""
 std::string RemoveLeftovers(std::string_view folder);
 
-/// The content of a small file that other programs may write meanwhile. @throws ReadError
+/// The contents of a small file that other programs may write at the same time. @throws ReadError
 std::string ReadWholeFile(std::string_view path);
 
 /// Writes the whole content of a file, atomically. @throws WriteError
 void ReplaceFile(std::string_view path, std::string_view content);
 
-/// Appends to a file, creating it; one write call, so that lines of several programs do not mix.
-/// @throws WriteError, also for what is neither a file nor a terminal or the like: a pipe would hold up the
-/// run
+/// Appends to a file, and creates it if missing. One write call, so that lines of several programs do not
+/// mix.
+/// @throws WriteError, also for pipes and the like, which would block the run; regular files and terminals
+/// are allowed
 void AppendToFile(std::string_view path, std::string_view content);
 
 /// Copies a regular file atomically. @throws ReadError, WriteError
 void CopyWholeFile(std::string_view source, std::string_view target);
 
-/// Size in bytes of a regular file; 0 when it is missing, a folder, or cannot be looked at.
+/// Size in bytes of a regular file; 0 if it is missing, a folder, or not accessible.
 std::uint64_t SizeOfFile(std::string_view path);
 bool FileExists(std::string_view path);
 bool FolderExists(std::string_view path);
 
-/// Creates one folder, or every missing folder of the path. True when the folder is there afterwards.
+/// Creates one folder, or every missing folder of the path. True if the folder exists afterwards.
 bool CreateFolder(std::string_view path);
 bool CreateFolderTree(std::string_view path);
 /// Creates every missing folder of the path. @throws WriteError with the system's reason
 void RequireFolder(std::string_view path);
-/// Removes an empty folder; false when it is not empty or not there.
+/// Removes an empty folder; false if it is not empty or missing.
 bool RemoveEmptyFolder(std::string_view path);
-/// Gives a file another name, in place of a file that has that name; copies it when the target lies on
-/// another disk. False when it cannot, and then the source is still there.
+/// Renames a file and replaces an existing target. Copies the file if the target is on another disk. False on
+/// failure; the source still exists then.
 bool RenameFile(std::string_view source, std::string_view target);
-/// Deletes one file or link; false when there was none.
+/// Deletes one file or link; false if there was none.
 bool RemoveFile(std::string_view path);
 
-/// Names (no folders before them) of the regular files in a folder, sorted without regard to letter case, so
-/// that every run sees the same order. Temporary files are left out. Empty when there is no such folder.
+/// Names (without folders) of the regular files in a folder, sorted without regard to letter case, so that
+/// every run has the same order. Temporary files are left out. Empty if there is no such folder.
 std::vector<std::string> ListFiles(std::string_view folder);
 /// The same for sub-folders.
 std::vector<std::string> ListFolders(std::string_view folder);
-/// Names in a folder, links left out, in the order of the listings above.
+/// Names in a folder without links, in the order of the listings above.
 struct FolderContent {
     std::vector<std::string> files, folders;
 };
-/// For callers that must not miss anything. @throws ReadError when a part cannot be listed or looked at
+/// For callers that must not miss anything. @throws ReadError if a part cannot be listed or examined
 FolderContent ReadFolder(std::string_view folder);
+
+/// Somebody else keeps a lock.
+struct LockHeld : WriteError {
+    using WriteError::WriteError;
+};
 
 /// Holds an exclusive lock for its lifetime: on the file `path` + ".lock", which is made when missing and
 /// deleted when the last holder leaves. Waits until it is free, at most for `patience`.
-/// @throws WriteError when the lock file cannot be made, or somebody else keeps the lock.
+/// @throws LockHeld when somebody else keeps it, WriteError when the lock file cannot be made.
 class FileLock {
 public:
     explicit FileLock(std::string_view path, std::chrono::seconds patience = std::chrono::seconds(20));
@@ -193,10 +198,24 @@ private:
     int descriptor_ = -1;
 };
 
+/// Keeps a file or folder that is there for one program of ours, by a lock on itself, which leaves nothing
+/// behind. One that cannot be opened, or whose file system has no locks, is kept from nobody.
+class ExclusiveUse {
+public:
+    /// @throws WriteError at once, with the reason `used`, when another program has it
+    ExclusiveUse(std::string_view path, const std::string& used);
+    ~ExclusiveUse();
+    ExclusiveUse(const ExclusiveUse&) = delete;
+    ExclusiveUse& operator=(const ExclusiveUse&) = delete;
+
+private:
+    int descriptor_;
+};
+
 /// The full native path of the running program's folder.
 std::string ExecutableFolder();
 
-/// Lets this process hold as many open files as the system allows.
+/// Raises this process's limit of open files as far as the system allows.
 void RaiseOpenFileLimit();
 
 }  // namespace vexlator::platform

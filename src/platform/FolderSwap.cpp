@@ -21,8 +21,8 @@ namespace vexlator::platform {
 
 namespace {
 
-/// A file in the folder that is being replaced, for whoever finds that folder later. It holds texts with a
-/// NUL behind each: the folder's name, then the names of the files that go with it.
+/// A note file in the replaced folder, for a later run that finds the folder. It holds NUL-terminated texts:
+/// the folder's name, then the names of the files to delete with it.
 constexpr std::string_view noteName = ".replaced.vxtmp";
 
 bool WriteNote(const std::string& folder, const std::set<std::string>& replaced) {
@@ -36,8 +36,8 @@ bool WriteNote(const std::string& folder, const std::set<std::string>& replaced)
     return isWritten;
 }
 
-/// The texts of a folder's note, empty when it has none; nothing when it is not this user's, who alone may
-/// say what is carried over.
+/// The texts of a folder's note. Empty if the folder has none. Nothing if the note is not this user's,
+/// because only this user may say what is moved.
 std::optional<std::vector<std::string>> ReadNote(const std::string& folder) {
     std::string note = folder + "/" + std::string(noteName);
     struct stat info {};
@@ -49,8 +49,7 @@ std::optional<std::vector<std::string>> ReadNote(const std::string& folder) {
     return texts;
 }
 
-/// Takes everything out of a folder that has been replaced: what others put into it goes to the folder that
-/// took its place.
+/// Empties a replaced folder: files of others move to the folder that took its place.
 void Empty(const std::string& folder, const std::vector<std::string>& note) {
     std::string successor = FolderPart(folder) + "/" + NamePart(note.front());
     std::set<std::string> replaced(note.begin() + 1, note.end());
@@ -59,7 +58,7 @@ void Empty(const std::string& folder, const std::vector<std::string>& note) {
         std::string old = folder + "/" + name, carried = successor + "/" + name;
         bool goes = replaced.contains(name);
         if (!goes && ::renameat2(AT_FDCWD, old.c_str(), AT_FDCWD, carried.c_str(), RENAME_NOREPLACE) != 0)
-            goes = errno == EEXIST;  // what came under the name of a new file is older than that
+            goes = errno == EEXIST;  // a file with the name of a new file is older than the new file
         if (goes) ::unlink(old.c_str());
     }
 }
@@ -87,7 +86,7 @@ FolderSwap::~FolderSwap() {
     ::close(descriptor_);
 }
 
-/// Without access lists and the like.
+/// Without access lists and similar attributes.
 bool FolderSwap::IsPlain() const {
     return ::listxattr(native_.c_str(), nullptr, 0) <= 0;
 }
@@ -105,7 +104,7 @@ bool FolderSwap::TakePlace(const std::set<std::string>& replaced) {
 }
 
 void RemoveSwapFolder(const std::string& native) {
-    constexpr int mostLooks = 10;  // somebody may go on putting files into it
+    constexpr int mostLooks = 10;  // others may go on adding files to it
     std::optional<std::vector<std::string>> note = ReadNote(native);
     if (!note) return;
     for (int look = 0; look < mostLooks; ++look) {

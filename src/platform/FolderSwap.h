@@ -8,24 +8,24 @@
 /// For the files of this folder only.
 namespace vexlator::platform {
 
-/// A new folder beside another one, to take its place in one step. Until then, and when it cannot, nothing of
-/// the other changes. The one that has been replaced goes with the object, but what others put into it goes
-/// over to the new one. What a killed run leaves beside is an abandoned folder of a temporary name, which
-/// RemoveLeftovers() takes away in the same manner.
+/// A new folder beside another one, which it replaces in one step. Until then, and on failure, the old folder
+/// is unchanged. The destructor deletes the replaced folder, but first moves files that others put into it to
+/// the new one. A killed run leaves a folder with a temporary name, which RemoveLeftovers() treats in the
+/// same way.
 class FolderSwap {
 public:
-    /// @param native a folder. It cannot be replaced when it is a link, when it belongs to somebody else or
-    /// has access rules beyond its mode, which a new folder would lack.
+    /// @param native a folder. It cannot be replaced if it is a link, belongs to another user, or has access
+    /// rules beyond its mode, which a new folder would lack.
     explicit FolderSwap(std::string native);
     ~FolderSwap();
     FolderSwap(const FolderSwap&) = delete;
     FolderSwap& operator=(const FolderSwap&) = delete;
 
     bool IsPossible() const { return descriptor_ >= 0; }
-    /// Gives a file of the other folder a name in the new one. False when the file system does not.
+    /// Gives a file of the other folder a name in the new one. False if the file system cannot do it.
     bool Link(const std::string& nativeFile, const std::string& name);
-    /// @param replaced names of the files in the other folder that go
-    /// @returns false when the file system does not know the step
+    /// @param replaced names of the files in the other folder to remove
+    /// @returns false if the file system does not support the step
     bool TakePlace(const std::set<std::string>& replaced);
 
 private:
@@ -35,8 +35,8 @@ private:
     int descriptor_ = -1;
 };
 
-/// Deletes a folder that was to take another one's place, or that has been replaced. Folders in the former
-/// stay, and keep it.
+/// Deletes a folder that was meant to replace another, or that was replaced. Sub-folders in it stay, and keep
+/// it.
 void RemoveSwapFolder(const std::string& native);
 
 }  // namespace vexlator::platform

@@ -18,7 +18,7 @@ namespace vexlator::platform {
 
 namespace {
 
-/// Tasks of a killed run end with it, within moments.
+/// Tasks of a killed run end within moments after it.
 bool Lock(int descriptor) {
     constexpr int attempts = 40;
     for (int i = 0; i < attempts; ++i) {
@@ -50,7 +50,7 @@ JournalFile::~JournalFile() {
 void JournalFile::CutTornLine() {
     struct stat status {};
     if (::fstat(descriptor_, &status) != 0) Fail(Reason(errno));
-    if (!S_ISREG(status.st_mode)) Fail("is no file");
+    if (!S_ISREG(status.st_mode)) Fail("is not a regular file");
     auto end = static_cast<std::uint64_t>(status.st_size);
     std::array<char, 4096> buffer;
     while (end > size_) {

@@ -10,18 +10,18 @@
 
 namespace vexlator::platform {
 
-/// A file of lines that only grows. A line that was added is on the disk and stays, whatever happens then.
-/// One object at a time has the file; tasks that it starts keep it from others, too, until they end.
+/// A file of lines that only grows. An added line is on the disk and stays. One object at a time has the
+/// file. Tasks started by its owner also keep others away until they end.
 class JournalFile {
 public:
-    /// Opens the file, or makes it. What a killed writer left of a line is cut off.
-    /// @throws WriteError, also when somebody else has the file
+    /// Opens the file, or creates it. Cuts off an incomplete line of a killed writer.
+    /// @throws WriteError, also if another process has the file
     explicit JournalFile(std::string_view path);
     ~JournalFile();
     JournalFile(const JournalFile&) = delete;
     JournalFile& operator=(const JournalFile&) = delete;
 
-    /// Adds lines, each with its end, and syncs them. @throws WriteError; the file is then as it was before
+    /// Appends lines, each with its line end, and syncs them. @throws WriteError; the file is then unchanged
     void Append(std::string_view lines);
     /// Bytes of the file.
     std::uint64_t Size() const { return size_; }

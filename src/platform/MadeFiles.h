@@ -13,19 +13,18 @@ namespace vexlator::platform {
 
 class OutputFile;
 
-/// Files and folders that a run has made beside those of others, and may remove again.
+/// Files and folders that a run has made in the folders of others, and may remove again.
 class MadeFiles {
 public:
-    /// Puts a file into place under a name that is free. @throws WriteError, also when a file has the name
+    /// Puts a file into place under a free name. @throws WriteError, also if a file has the name
     void Commit(OutputFile& file);
-    /// Makes a folder, and those above it, that are missing. @throws WriteError
+    /// Makes a folder and its missing parents. @throws WriteError
     void Folder(std::string_view path);
-    /// Removes the files, and the folders that are empty then. What somebody has changed, or put into the
-    /// place of a file, stays.
+    /// Removes the files, and then the empty folders. Files that somebody has changed or replaced stay.
     void Remove();
 
 private:
-    std::vector<std::pair<std::string, FileMark>> made_;  ///< native paths, folders before what they hold
+    std::vector<std::pair<std::string, FileMark>> made_;  ///< native paths, folders before their contents
 };
 
 }  // namespace vexlator::platform

@@ -7,12 +7,12 @@
 /// Memory for arrays of hundreds of megabytes.
 namespace vexlator::platform {
 
-/// Gives a block of `oldBytes` (null for 0) the size `newBytes`; its content stays, the rest is not set.
-/// Large blocks grow by moving pages, not bytes, and lie in large pages where the system has them.
-/// @throws std::bad_alloc; the old block is then as it was
+/// Resizes a block from `oldBytes` (null for 0) to `newBytes`. Its content stays; the rest is not set. Large
+/// blocks grow by moving pages, not bytes, and use large pages if the system has them.
+/// @throws std::bad_alloc; the old block is then unchanged
 void* ResizeBlock(void* block, std::size_t oldBytes, std::size_t newBytes);
 
-/// Gives back a block of that size; null is fine.
+/// Frees a block of that size; null is allowed.
 void FreeBlock(void* block, std::size_t bytes) noexcept;
 
 }  // namespace vexlator::platform

@@ -64,7 +64,7 @@ std::vector<std::string> EntriesOf(const std::string& native) {
 }
 
 Twins FindTwins(const std::vector<std::string>& targets) {
-    std::map<std::string, std::map<std::string, std::string>> byFolder;  // small letters to the name
+    std::map<std::string, std::map<std::string, std::string>> byFolder;  // maps names in lower case to names
     for (const std::string& target : targets) {
         std::string name = NamePart(target);
         byFolder[FolderPart(target)].emplace(LowerAscii(name), name);
@@ -91,10 +91,9 @@ void RemoveTwins(const Twins& twins) {
 namespace {
 
 /// False with a reason in errno: somebody else has had the lock for too long.
-bool WaitForLock(int descriptor, std::chrono::seconds patience) {
+bool WaitForLock(int descriptor, std::chrono::steady_clock::time_point end) {
     using namespace std::chrono;
     constexpr milliseconds longestPause{20};
-    const auto end = steady_clock::now() + patience;
     for (milliseconds pause{1}; ::flock(descriptor, LOCK_EX | LOCK_NB) != 0;
          pause = std::min(2 * pause, longestPause)) {
         ThrowIfStopped();
@@ -115,10 +114,11 @@ bool HasName(int descriptor, const std::string& native) {
 }  // namespace
 
 int OpenLocked(const std::string& native, int flags, unsigned mode, std::chrono::seconds patience) {
+    const auto end = std::chrono::steady_clock::now() + patience;
     for (;;) {
         int descriptor = ::open(native.c_str(), flags | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, mode);
         if (descriptor < 0) return -1;
-        bool isLocked = WaitForLock(descriptor, patience);
+        bool isLocked = WaitForLock(descriptor, end);
         // The holder before us may have deleted the file while we waited; then our lock guards nothing.
         if (isLocked && HasName(descriptor, native)) return descriptor;
         ::close(descriptor);
@@ -130,7 +130,7 @@ int OpenLocked(const std::string& native, int flags, unsigned mode, std::chrono:
 int RenameToFreeName(const std::string& native, const std::string& newName) {
     if (::renameat2(AT_FDCWD, native.c_str(), AT_FDCWD, newName.c_str(), RENAME_NOREPLACE) == 0) return 0;
     if (errno != EINVAL && errno != ENOSYS) return errno;
-    // Network file systems know no such renaming, but links, which replace nothing either.
+    // Network file systems lack this kind of rename, but have links, which replace nothing either.
     if (::link(native.c_str(), newName.c_str()) != 0) return errno;
     ::unlink(native.c_str());
     return 0;

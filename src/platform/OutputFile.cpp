@@ -33,7 +33,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Small enough that little is left for the sync at the end, large enough that the requests cost nothing.
+/// Small enough to leave little for the sync at the end, large enough to make the requests cheap.
 constexpr std::uint64_t writeBackStep = std::uint64_t{2} << 20;
 
 bool IsLocked(const std::string& native) {
@@ -44,8 +44,8 @@ bool IsLocked(const std::string& native) {
     return locked;
 }
 
-/// Deletes a temporary file or folder unless a running program writes it: every writer holds a lock on its
-/// own, or on others of the same set.
+/// Deletes a temporary file or folder unless a running program writes it. Every writer holds a lock on its
+/// file, or on others of the same set.
 void RemoveIfAbandoned(const std::string& native) {
     int descriptor = ::open(native.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
     if (descriptor < 0) return;
@@ -54,21 +54,21 @@ void RemoveIfAbandoned(const std::string& native) {
     ::close(descriptor);
 }
 
-/// Makes and locks a temporary file. Its descriptor, or -1 with the reason in errno.
+/// Makes and locks a temporary file. Returns its descriptor, or -1 with the reason in errno.
 int CreateTemporary(const std::string& native, mode_t mode) {
     int descriptor = ::open(native.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
     if (descriptor < 0) return -1;
     struct stat info {};
     ::flock(descriptor, LOCK_EX);
     if (::fstat(descriptor, &info) == 0 && info.st_nlink > 0) return descriptor;
-    // Before we had the lock, another program took the file for abandoned.
+    // Another program deleted the file as abandoned before we had the lock.
     ::close(descriptor);
     errno = EEXIST;
     return -1;
 }
 
-/// Runs the work in this thread and in further ones, as far as the system gives them, and waits for all.
-/// @throws what the first of them throws
+/// Runs the work in this thread and in further threads, as many as the system gives, and waits for all.
+/// @throws the first exception of the threads
 void InThreads(std::size_t count, const std::function<void()>& work) {
     std::exception_ptr error;
     std::mutex mutex;
@@ -83,7 +83,7 @@ void InThreads(std::size_t count, const std::function<void()>& work) {
     std::vector<std::thread> threads;
     try {
         while (threads.size() + 1 < count) threads.emplace_back(guarded);
-    } catch (const std::system_error&) {  // then fewer do
+    } catch (const std::system_error&) {  // fewer threads do the work then
     }
     guarded();
     for (std::thread& thread : threads) thread.join();
@@ -96,7 +96,7 @@ OutputFile::OutputFile(std::string_view path, OtherCases otherCases)
     : target_(FollowLinks(PathToWrite(path))), otherCases_(otherCases) {
     std::error_code ignored;
     if (fs::is_directory(target_, ignored)) throw WriteError(target_, Reason(EISDIR));
-    // Replacing a file needs no right to write it, but who made it read-only wants to keep it.
+    // Replacing a file needs no right to write it, but a read-only file is meant to be kept.
     bool isNew = ::faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0;
     if (isNew && errno != ENOENT) Fail(errno);
     for (int attempt = 0; descriptor_ < 0 && attempt < 1000; ++attempt) {
@@ -163,7 +163,7 @@ void OutputFile::Put(const char* data, std::size_t size) {
     if (flushed_ - pushed_ >= writeBackStep) StartWriteBack();
 }
 
-/// The disk starts while we go on, so that the sync at the end has little left to do.
+/// The disk starts while we go on, so that little is left for the sync at the end.
 void OutputFile::StartWriteBack() {
     if (pushed_ == flushed_) return;
 #ifdef SYNC_FILE_RANGE_WRITE
@@ -298,7 +298,8 @@ void OutputSet::Commit() {
     std::vector<SetMember> members;
     std::set<std::string> folders, seen;
     for (auto file = files_.rbegin(); file != files_.rend(); ++file) {
-        if (!seen.insert(file->target_).second) continue;  // of two files of one name the later stays
+        if (!seen.insert(file->target_).second)
+            continue;  // of two files with the same name the later one stays
         file->TakeRightsOfTwin(twins);
         members.push_back({file->temporary_, file->target_, MarkOf(file->temporary_)});
         folders.insert(FolderPart(file->target_));
@@ -335,7 +336,7 @@ void ReplaceFile(std::string_view path, std::string_view content) {
 std::string RemoveLeftovers(std::string_view folder) {
     std::string native = FindExisting(folder);
     if (native.empty()) return "";
-    // First, so that no file is among them that a move which begins later needs.
+    // Goes first, so that it deletes no file that a later move needs.
     std::vector<std::string> names = EntriesOf(native);
     std::string told = EndAbandonedMove(native);
     if (HasMove(native)) return told;
@@ -354,12 +355,25 @@ FileLock::FileLock(std::string_view path, std::chrono::seconds patience) {
     std::string native = FindExisting(path);
     name_ = FollowLinks(native.empty() ? PathToWrite(path) : native) + ".lock";
     descriptor_ = OpenLocked(name_, O_RDWR | O_CREAT, 0666, patience);
-    if (descriptor_ < 0) throw WriteError(name_, Reason(errno));
+    if (descriptor_ >= 0) return;
+    if (errno == heldLock) throw LockHeld(name_, Reason(heldLock));
+    throw WriteError(name_, Reason(errno));
 }
 
 FileLock::~FileLock() {
     ::unlink(name_.c_str());
     ::close(descriptor_);
+}
+
+ExclusiveUse::ExclusiveUse(std::string_view path, const std::string& used) {
+    std::error_code ignored;
+    std::string native = fs::canonical(FindExisting(path), ignored).string();
+    descriptor_ = OpenLocked(native, O_RDONLY, 0, std::chrono::seconds(0));
+    if (descriptor_ < 0 && errno == heldLock) throw WriteError(native, used);
+}
+
+ExclusiveUse::~ExclusiveUse() {
+    if (descriptor_ >= 0) ::close(descriptor_);
 }
 
 }  // namespace vexlator::platform

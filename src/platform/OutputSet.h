@@ -13,43 +13,45 @@
 
 namespace vexlator::platform {
 
-/// Files that appear together: all are written and synced before the first takes its place, so that a failure
-/// while they are written leaves every old file as it was. A failure or a kill while they take their places
-/// leaves all old files or all new ones, the latter from the next RemoveLeftovers() on.
+/// Files that appear together. All are written and synced before the first takes its place, so that a failure
+/// during writing leaves every old file unchanged. After a failure or a kill during the renames, either all
+/// files are old or all are new; after a kill, the next RemoveLeftovers() completes this.
 class OutputSet {
 public:
     OutputSet() = default;
     OutputSet(const OutputSet&) = delete;
     OutputSet& operator=(const OutputSet&) = delete;
 
-    /// A new file of the set; all lie in one folder. The reference stays good. Thousands of files may be
-    /// written by turns: those written last have buffers. @throws WriteError
+    /// A new file of the set. All files are in one folder. The reference stays valid. Thousands of files can
+    /// be written in turns; the most recently written ones have buffers.
+    /// @throws WriteError
     OutputFile& Add(std::string_view path);
-    /// Gives what has been written to the disk, so that its buffers are free while further files are added.
+    /// Writes the buffers to the disk, so that they are free while further files are added.
     void FinishSoFar();
-    /// Syncs what has been written; a Commit() that follows only renames. The files are synced side by side:
-    /// the disk then has to flush its cache once or twice, and not once for each.
+    /// Syncs the written files; a later Commit() only renames. Files are synced in parallel: the disk then
+    /// flushes its cache once or twice instead of once per file.
     void Finish();
-    /// Puts all files into place, in the order in which they were added. @throws WriteError; then every file
-    /// is as it was, unless the error names those that could not be brought back
+    /// Puts all files into place, in the order of addition.
+    /// @throws WriteError; then every file is unchanged, except files that the error names because they could
+    /// not be restored
     void Commit();
-    /// Puts all files, which lie in that folder, into place in one step, by swapping the folder with a new
-    /// one: whoever looks finds all old files or all new ones. Only where the folder holds nothing else but
-    /// files of the names `replaced`, which go; false, and nothing has changed, where it holds more, or where
-    /// a folder of this kind, or on this file system, cannot be swapped. What others put into the folder
-    /// meanwhile is carried over.
+    /// Puts all files into place in one step, by swapping their folder with a new one: readers see all old
+    /// files or all new ones. It works only if the folder holds no other files than those named in
+    /// `replaced`, which are removed. Returns false, without any change, if the folder holds other files, or
+    /// if this kind of folder or file system does not allow a swap. Files that others add meanwhile move to
+    /// the new folder.
     /// @throws WriteError
     bool CommitAsFolder(std::string_view folder, const std::vector<std::string>& replaced);
 
 private:
     friend class OutputFile;
     static constexpr std::size_t mostBuffers = 64;
-    /// Further files are open only while they have buffers, and locked by the names that they share with
-    /// these: see RemoveLeftovers().
+    /// Further files are open only while they have buffers. The name parts that they share with these files
+    /// lock them: see RemoveLeftovers().
     static constexpr std::size_t mostOpen = 1000;
-    static constexpr std::size_t mostSyncs = 16;  ///< that wait for the disk at a time
+    static constexpr std::size_t mostSyncs = 16;  ///< number of files that wait for the disk at a time
 
-    /// A buffer for one of the files; the file that took its own first may have to give it.
+    /// A buffer for one of the files. The file with the oldest buffer may have to give it up.
     std::unique_ptr<char[]> LendBuffer(OutputFile& file);
     void Forget();
 

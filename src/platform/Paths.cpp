@@ -49,7 +49,8 @@ bool Exists(const std::string& path) {
     return fs::exists(fs::symlink_status(path, ignored));
 }
 
-/// The entry of a folder whose name equals `name` but for case; the first in sorted order when several do.
+/// The entry of a folder with this `name`, except for letter case. If several match: the first in sorted
+/// order.
 std::string EntryNoCase(const std::string& folder, std::string_view name) {
     std::string found;
     std::error_code error;
@@ -76,8 +77,8 @@ std::string Append(const std::string& folder, const std::string& name) {
     return folder.back() == '/' ? folder + name : folder + "/" + name;
 }
 
-/// Walks `native` component by component. Stops matching at the first one that is missing in any case;
-/// `complete` tells whether the end was reached.
+/// Walks `native` component by component. Stops matching at the first component that is missing in any case.
+/// `complete` says whether it reached the end.
 std::string MatchNoCase(const std::string& native, bool& complete) {
     std::string result = !native.empty() && native[0] == '/' ? "/" : "";
     complete = true;

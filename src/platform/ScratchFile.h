@@ -10,8 +10,8 @@
 
 namespace vexlator::platform {
 
-/// Room on disk for what memory cannot hold. The file has no name: it goes with the object, and with a killed
-/// program.
+/// Disk space for data that does not fit in memory. The file has no name: it disappears with the object, and
+/// with a killed program.
 class ScratchFile {
 public:
     /// @throws WriteError
@@ -22,9 +22,9 @@ public:
 
     /// @throws WriteError
     void Append(std::string_view bytes);
-    /// Bytes appended so far: the offset of those that come next.
+    /// Bytes appended so far, which is the offset of the next ones.
     std::uint64_t Size() const { return flushed_ + used_; }
-    /// Reads bytes that have been appended. @throws WriteError when the disk does not give them back
+    /// Reads appended bytes. @throws WriteError if the disk does not return them
     void ReadAt(std::uint64_t offset, char* target, std::size_t size);
 
 private:

@@ -6,8 +6,8 @@
 
 namespace vexlator::platform {
 
-/// A new folder for the files of other programs, where the system keeps what is temporary. It goes, with all
-/// that it holds, when the object does.
+/// A new folder for the files of other programs, in the system's temporary folder. The destructor removes it
+/// with its contents.
 class ScratchFolder {
 public:
     /// @throws WriteError

@@ -8,6 +8,7 @@
 #include <array>
 #include <cerrno>
 #include <charconv>
+#include <chrono>
 #include <fcntl.h>
 #include <optional>
 #include <pwd.h>
@@ -21,8 +22,8 @@ namespace {
 
 constexpr std::string_view listName = ".set.vxtmp";
 
-// The list is texts with a NUL behind each: five for each member, then a mark that it is whole, with the
-// list's own number, and another mark once the move is being undone.
+// The list consists of NUL-terminated texts: five per member, then a mark that the list is complete, with its
+// own file number. Another mark follows if the move is being undone.
 constexpr std::string_view wholeMark = "whole ", undoneMark = "undone";
 constexpr std::size_t textsOfMember = 5;
 
@@ -33,7 +34,7 @@ bool IsThere(const std::string& native) {
 
 bool Has(const std::string& native, const FileMark& mark) {
     FileMark there = MarkOf(native);
-    if (mark.number == 0) there.number = 0;  // it is not known
+    if (mark.number == 0) there.number = 0;  // not known
     return there == mark;
 }
 
@@ -75,14 +76,14 @@ std::vector<std::string> TextsIn(std::string_view list) {
     return texts;
 }
 
-/// The members that a list names; none when it never became whole, since no file has moved then.
+/// The members in a list; none if the list was never complete, because no file has moved then.
 std::vector<SetMember> MembersOf(const std::vector<std::string>& texts, const std::string& folder,
                                  const std::string& number) {
     std::vector<SetMember> members;
     std::size_t count = texts.size() / textsOfMember;
     if (texts.size() % textsOfMember == 0 || !texts[count * textsOfMember].starts_with(wholeMark))
         return members;
-    // Copied to another disk, or on one without lasting numbers, files are known by the rest.
+    // On another disk, or on one without lasting file numbers, the other values identify a file.
     bool numbersLast = texts[count * textsOfMember] == std::string(wholeMark) + number;
     auto path = [&](const std::string& name) { return name.empty() ? "" : folder + "/" + NamePart(name); };
     for (auto text = texts.begin(); count > 0; --count, text += textsOfMember)
@@ -91,13 +92,14 @@ std::vector<SetMember> MembersOf(const std::vector<std::string>& texts, const st
     return members;
 }
 
-/// A folder's list, locked while the object lives. An empty one goes with it.
+/// A folder's list, locked for the lifetime of the object. An empty list is deleted with it.
 class List {
 public:
-    List(const std::string& folder, int flags)
+    /// Not open when it is missing, or when another run that moves files here does not end in time.
+    List(const std::string& folder, int flags, std::chrono::seconds patience)
         : folder_(folder),
           name_(folder + "/" + std::string(listName)),
-          descriptor_(OpenLocked(name_, O_RDWR | flags, 0600)) {}
+          descriptor_(OpenLocked(name_, O_RDWR | flags, 0600, patience)) {}
     ~List() {
         if (descriptor_ < 0) return;
         if (IsOurs() && Info().st_size == 0) ::unlink(name_.c_str());
@@ -107,13 +109,13 @@ public:
     List& operator=(const List&) = delete;
 
     bool IsOpen() const { return descriptor_ >= 0; }
-    /// Anybody may put a list into a shared folder, so only this user's own is taken for one.
+    /// Anybody can put a list into a shared folder. Only this user's own lists are valid.
     bool IsOurs() const {
         struct stat info = Info();
         return S_ISREG(info.st_mode) && info.st_uid == ::geteuid() && info.st_nlink == 1;
     }
     std::string Number() const { return std::to_string(Info().st_ino); }
-    /// @throws WriteError when it cannot be read
+    /// @throws WriteError if it cannot be read
     std::vector<std::string> Texts() const {
         std::string text;
         std::array<char, 1 << 14> piece{};
@@ -124,7 +126,7 @@ public:
             text.append(piece.data(), static_cast<std::size_t>(got));
         }
     }
-    /// The text is on disk when it returns 0; else an error number.
+    /// Returns 0 if the text is on disk; else an error number.
     int Append(std::string_view text) {
         ::lseek(descriptor_, 0, SEEK_END);
         ssize_t written = ::write(descriptor_, text.data(), text.size());
@@ -137,7 +139,7 @@ public:
     const std::string& Name() const { return name_; }
 
 private:
-    /// Without type and links when it is not open.
+    /// Without type and link count if it is not open.
     struct stat Info() const {
         struct stat info {};
         if (::fstat(descriptor_, &info) != 0) info = {};
@@ -149,19 +151,22 @@ private:
 
 // --- Moving
 
-/// Gives the old file its other name. Where a file can have one name only, the old file is without its own
-/// for a moment. An error number, or 0.
+/// Gives the old file its other name. If a file can have only one name, the old file lacks its own name for a
+/// moment. Returns an error number, or 0.
 int KeepOldFile(const SetMember& member) {
     struct stat info {};
     if (::lstat(member.target.c_str(), &info) != 0 || IsThere(member.kept)) return 0;
     if (S_ISDIR(info.st_mode)) return EISDIR;
+    // This takes no file away, but tells of a folder where this user cannot: one like /tmp, a file of
+    // another. The other name could not go again.
+    if (::rmdir(member.target.c_str()) != 0 && errno == EPERM) return EPERM;
     bool isKept = ::link(member.target.c_str(), member.kept.c_str()) == 0 ||
                   ::rename(member.target.c_str(), member.kept.c_str()) == 0;
     return isKept ? 0 : errno;
 }
 
-/// An error number, or 0; also for a file that has moved before, whatever came into its place then. One that
-/// is nowhere ends the way forward.
+/// Returns an error number, or 0. 0 also for a file that has moved before, whatever replaced it since. A
+/// missing file ends the move forward.
 int MoveForward(const SetMember& member) {
     if (member.temporary.empty()) return 0;
     if (!IsThere(member.temporary))
@@ -171,7 +176,7 @@ int MoveForward(const SetMember& member) {
     return error;
 }
 
-/// False when the new file is still in place, or nothing. A file of somebody else stays.
+/// False if the new file, or nothing, is still in place. Files of others stay.
 bool MoveBack(const SetMember& member) {
     bool isOurs = Has(member.target, member.ours), hasKept = !member.kept.empty() && IsThere(member.kept);
     if (!isOurs && IsThere(member.target)) {
@@ -180,14 +185,14 @@ bool MoveBack(const SetMember& member) {
     }
     if (!hasKept) return !isOurs || !member.kept.empty() || ::unlink(member.target.c_str()) == 0;
     if (::rename(member.kept.c_str(), member.target.c_str()) == 0) return true;
-    // Where files cannot be renamed any more, names may still be given and taken.
+    // If files can no longer be renamed, adding and removing names may still work.
     if (isOurs) ::unlink(member.target.c_str());
     if (::link(member.kept.c_str(), member.target.c_str()) != 0) return false;
     ::unlink(member.kept.c_str());
     return true;
 }
 
-/// Which files could not be brought back; "" when all were.
+/// The files that could not be restored; "" if all were.
 std::string MoveAllBack(List& list, const std::vector<SetMember>& members) {
     list.Append(WithNul(undoneMark));
     std::string failed;
@@ -197,21 +202,21 @@ std::string MoveAllBack(List& list, const std::vector<SetMember>& members) {
         failed += member.kept.empty() ? " (a new file)" : " (kept as " + NamePart(member.kept) + ")";
     }
     if (failed.empty()) list.Clear();
-    return failed.empty() ? "" : "not brought back: " + failed + "; the next run tries it again";
+    return failed.empty() ? "" : "not restored: " + failed + "; the next run tries again";
 }
 
-/// What is left to do once all members are in place.
+/// The remaining steps once all members are in place.
 void RemoveOldFiles(List& list, const std::vector<SetMember>& members) {
     for (const SetMember& member : members) {
         if (!member.kept.empty()) ::unlink(member.kept.c_str());
-        // Where a file system makes no difference, the twin is the new file by now.
+        // On a file system that ignores case, the twin is now the new file.
         bool isTwin = member.temporary.empty();
         if (isTwin && Has(member.target, member.old)) ::unlink(member.target.c_str());
     }
     list.Clear();
 }
 
-/// The first member that cannot be moved, with the reason; nothing when all are in place.
+/// The first member that cannot be moved, with the reason; nothing if all are in place.
 std::optional<std::pair<const SetMember*, int>> MoveAllForward(List& list,
                                                                const std::vector<SetMember>& members) {
     for (const SetMember& member : members)
@@ -220,20 +225,20 @@ std::optional<std::pair<const SetMember*, int>> MoveAllForward(List& list,
     return std::nullopt;
 }
 
-/// Somebody has put another file into the place of a member.
+/// Another program has replaced a member's file.
 bool IsDelivered(const SetMember& member) {
     return !member.temporary.empty() && IsThere(member.target) && !Has(member.target, member.ours) &&
            !Has(member.target, member.old);
 }
 
-/// Its old file is gone for good, which comes after all files have moved.
+/// Its old file is deleted for good. That happens only after all files have moved.
 bool IsPastReturn(const SetMember& member) {
     return !member.kept.empty() && !IsThere(member.kept) && !IsThere(member.temporary) &&
            !Has(member.target, member.old);
 }
 
-/// Ends the move of a killed run. @throws WriteError what the user has to know: files that are not back, or
-/// that somebody else has put there
+/// Ends the move of a killed run.
+/// @throws WriteError a message for the user: files that were not restored, or that others have put there
 void EndOldMove(List& list) {
     std::vector<std::string> texts = list.Texts();
     std::vector<SetMember> members = MembersOf(texts, list.Folder(), list.Number());
@@ -247,33 +252,34 @@ void EndOldMove(List& list) {
     if (!lost.empty()) throw WriteError(list.Name(), "files of a killed run are " + lost);
     if (delivered != members.end())
         throw WriteError(delivered->target,
-                         "came after a run was killed while it replaced files here; it "
-                         "stays, and no file of that run does");
+                         "is newer than a run that was killed while it replaced files here. This file stays. "
+                         "The files of that run are removed");
 }
 
-/// @throws WriteError: whose the list is, and how it goes
+/// @throws WriteError: the owner of the list, and how to remove it
 [[noreturn]] void RefuseList(const List& list, int error) {
     struct stat info {};
+    if (error == heldLock) throw WriteError(list.Folder(), Reason(error));
     if (::lstat(list.Name().c_str(), &info) != 0) throw WriteError(list.Name(), Reason(error));
     if (info.st_uid == ::geteuid())
         throw WriteError(list.Name(), list.IsOpen() ? "is in the way; remove it" : Reason(error));
     const passwd* user = ::getpwuid(info.st_uid);
     std::string name = user ? user->pw_name : "user " + std::to_string(info.st_uid);
-    throw WriteError(list.Name(), "a run of " + name +
-                                      " is putting files into place here, or was killed while it did; any "
-                                      "next run of " +
-                                      name + " into this folder ends that");
+    throw WriteError(list.Name(),
+                     "a run of " + name +
+                         " is replacing files here, or was killed while it did; the next run of " + name +
+                         " into this folder completes the replacement");
 }
 
-/// Makes the list free for a new set. @throws WriteError
+/// Prepares the list for a new set. @throws WriteError
 void EndWhatWentBefore(List& list) {
     int error = errno;
     if (!list.IsOurs()) RefuseList(list, error);
     EndOldMove(list);
 }
 
-/// Adds what stands in the way of the set to it, names the old files that will be kept, and puts all on the
-/// list. @throws WriteError
+/// Adds the files that the set replaces, names the old files to keep, and writes all to the list.
+/// @throws WriteError
 void Begin(List& list, std::vector<SetMember>& members, const Twins& twins) {
     for (SetMember& member : members) {
         member.old = MarkOf(member.target);
@@ -291,7 +297,7 @@ void Begin(List& list, std::vector<SetMember>& members, const Twins& twins) {
 }  // namespace
 
 void MoveTogether(const std::string& folder, std::vector<SetMember> members, const Twins& twins) {
-    List list(folder, O_CREAT);
+    List list(folder, O_CREAT, std::chrono::seconds(20));
     EndWhatWentBefore(list);
     Begin(list, members, twins);
     auto failure = MoveAllForward(list, members);
@@ -299,11 +305,11 @@ void MoveTogether(const std::string& folder, std::vector<SetMember> members, con
     auto [member, error] = *failure;
     std::string lost = MoveAllBack(list, members);
     throw WriteError(member->target,
-                     Reason(error) + "; " + (lost.empty() ? "all files are as they were" : lost));
+                     Reason(error) + "; " + (lost.empty() ? "all files are unchanged" : lost));
 }
 
 std::string EndAbandonedMove(const std::string& folder) {
-    List list(folder, 0);
+    List list(folder, 0, std::chrono::seconds(0));  // a run at work has not abandoned its move
     try {
         if (list.IsOurs()) EndOldMove(list);
         return "";

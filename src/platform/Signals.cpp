@@ -17,10 +17,10 @@ void NoteSignal(int signal) {
     stopSignal = signal;
 }
 
-/// Only what a signal handler may call.
+/// Calls only functions that a signal handler may call.
 void EndForShortenedFile(int) {
     constexpr std::string_view message =
-        "message: A file was made shorter by another program while it was read; the run ends here\n";
+        "message: Another program shortened a file while it was read; the run ends here\n";
     [[maybe_unused]] ssize_t written = ::write(STDERR_FILENO, message.data(), message.size());
     ::_exit(1);
 }
@@ -38,7 +38,7 @@ void StopOnSignals() {
         struct sigaction action {};
         if (::sigaction(signal, nullptr, &action) != 0 || action.sa_handler == SIG_IGN) continue;
         action.sa_handler = NoteSignal;
-        // Without SA_RESTART: whatever waits, for an answer or a lock, must find out.
+        // Without SA_RESTART: a wait for an answer or a lock must be interrupted.
         action.sa_flags = static_cast<int>(SA_RESETHAND);
         ::sigaction(signal, &action, nullptr);
     }

@@ -5,18 +5,18 @@
 #include <string>
 #include <string_view>
 
-/// Standard output of programs whose purpose it is to print.
+/// Standard output for programs that print their results.
 namespace vexlator::platform {
 
-/// Standard output cannot take more. `reason` is the system's; "" when its reader has had enough, which needs
-/// no message.
+/// Standard output cannot take more. `reason` is the system's; "" if the reader has closed it, which needs no
+/// message.
 struct OutputError {
     std::string reason;
 };
 
 /// @throws OutputError
 void Print(std::string_view text);
-/// Sends out what is printed so far. @throws OutputError
+/// Sends the text printed so far. @throws OutputError
 void FinishPrinting();
 
 }  // namespace vexlator::platform

@@ -25,7 +25,7 @@ namespace vexlator::platform {
 namespace {
 
 constexpr std::size_t mostOutput = std::size_t{1} << 16;
-constexpr int cannotRun = 127;  ///< exit status, as shells have it
+constexpr int cannotRun = 127;  ///< exit status, as in shells
 
 [[noreturn]] void ThrowError(const char* what) {
     throw std::system_error(errno, std::generic_category(), what);
@@ -46,7 +46,7 @@ struct Pipe {
     Pipe(const Pipe&) = delete;
     Pipe& operator=(const Pipe&) = delete;
     int Take(std::size_t end) { return std::exchange(ends[end], -1); }
-    /// The end to be read from, without waiting.
+    /// The read end, non-blocking.
     int TakeReadEnd() {
         ::fcntl(ends[0], F_SETFL, O_NONBLOCK);
         return Take(0);
@@ -55,7 +55,7 @@ struct Pipe {
     std::array<int, 2> ends{-1, -1};
 };
 
-/// Adds what there is to be read. Closes the pipe when nobody can write to it any more.
+/// Appends the available output. Closes the pipe when it has no writer any more.
 void ReadAvailable(int& descriptor, std::string& text, std::size_t most) {
     std::array<char, 8192> buffer;
     while (descriptor >= 0) {
@@ -68,7 +68,7 @@ void ReadAvailable(int& descriptor, std::string& text, std::size_t most) {
     }
 }
 
-/// False when nobody reads.
+/// False if nobody reads.
 bool WriteAll(int descriptor, std::string_view text) {
     while (!text.empty()) {
         ssize_t size = ::write(descriptor, text.data(), text.size());
@@ -78,7 +78,7 @@ bool WriteAll(int descriptor, std::string_view text) {
     return true;
 }
 
-/// What goes through the pipes: an exit status, or 0, and a text with its length before it.
+/// A message in the pipes: an exit status, or 0, and a text preceded by its length.
 struct Header {
     std::int32_t status = 0;
     std::uint32_t size = 0;
@@ -101,7 +101,7 @@ bool ReadExactly(int descriptor, char* target, std::size_t size) {
     return true;
 }
 
-/// Waits for the next order. False when there will be none.
+/// Waits for the next order. False if no more will come.
 bool ReadOrder(int descriptor, std::string& order) {
     Header header;
     if (!ReadExactly(descriptor, reinterpret_cast<char*>(&header), sizeof header)) return false;
@@ -109,11 +109,11 @@ bool ReadOrder(int descriptor, std::string& order) {
     return ReadExactly(descriptor, order.data(), order.size());
 }
 
-/// In the new process: a group of its own, nothing to read, and the pipe to print to.
+/// In the new process: a process group of its own, no input, and the pipe as output.
 void BecomeTask(pid_t parent, int outputPipe) {
     ::setpgid(0, 0);
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (::getppid() != parent) ::_exit(cannotRun);  // the parent died before that was set
+    if (::getppid() != parent) ::_exit(cannotRun);  // the parent died before this was set
     int nothing = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
     ::dup2(nothing, STDIN_FILENO);
     ::dup2(outputPipe, STDOUT_FILENO);
@@ -154,13 +154,13 @@ void Task::Start(const std::function<void(int orderPipe, int reportPipe)>& child
         ::close(order.Take(1));
         try {
             child(order.ends[0], report.ends[1]);
-        } catch (...) {  // must not go on as a second parent
+        } catch (...) {  // must not continue as a second parent
             ::abort();
         }
         ::_exit(cannotRun);
     }
-    ::setpgid(process_, process_);  // whichever of the two comes first
-    // The library of this system declares its function for C only.
+    ::setpgid(process_, process_);  // whichever comes first
+    // The system's library declares its function for C only.
     processEvent_ = static_cast<int>(::syscall(SYS_pidfd_open, process_, 0));
     orderPipe_ = order.Take(1);
     outputPipe_ = output.TakeReadEnd();
@@ -211,8 +211,8 @@ bool Task::Give(const std::string& order) {
 bool Task::Look() {
     constexpr std::size_t mostReport = std::size_t{1} << 24;
     if (process_ < 0) return true;
-    // Whether it has ended is asked first: what it wrote before its end is then in the pipes. What it printed
-    // is looked for after its result, which it sends last.
+    // First asks whether the process has ended: all it wrote is then in the pipes. Reads its output after its
+    // result, which it sends last.
     int status = 0;
     pid_t ended = ::waitpid(process_, &status, WNOHANG);
     ReadAvailable(reportPipe_, received_, mostReport);

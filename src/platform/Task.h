@@ -9,50 +9,48 @@
 
 namespace vexlator::platform {
 
-/// A process of its own that does one piece of work after the other, for this one. It begins as a copy of
-/// this process: nothing is loaded again. A crash costs the piece that it is at. It reads nothing, what it
-/// prints is kept, and it dies with this process. Files that are open here, and the locks on them, it has
-/// too.
+/// A child process that does one piece of work after the other for this process. It begins as a copy of this
+/// process, so nothing is loaded again. A crash loses only the current piece. It has no input, its output is
+/// captured, and it dies with this process. It inherits the open files and their locks.
 class Task {
 public:
-    /// What a piece of work returns to this process: an exit status, and a text.
+    /// The result that a piece of work returns to this process: an exit status and a text.
     struct Result {
         int status = 0;
         std::string report;
     };
     using Work = std::function<Result(const std::string& order)>;
 
-    /// Only where this process has no further threads. The work outlives the object.
-    /// @throws std::system_error when the system gives no process
+    /// Call only while this process has no further threads. The work must outlive the object.
+    /// @throws std::system_error if the system gives no process
     explicit Task(const Work& work);
-    /// A program (native path and arguments), which is at its only piece of work.
+    /// A program (native path and arguments), with one piece of work only.
     explicit Task(const std::vector<std::string>& program);
-    /// Kills what still runs.
+    /// Kills the process if it is running.
     ~Task();
     Task(Task&& other) noexcept;
     Task& operator=(Task&& other) noexcept;
     Task(const Task&) = delete;
     Task& operator=(const Task&) = delete;
 
-    /// Gives it a piece of work. False when the process is no more.
+    /// Gives it a piece of work. False if the process has ended.
     bool Give(const std::string& order);
-    /// Takes what has been printed since the last look. True when the piece of work has ended, and be it by
-    /// the end of the process.
+    /// Reads new output. True if the piece of work has ended, also if the process has ended.
     bool Look();
-    /// Whether it can be given another piece of work. After some it cannot: what one process has used up
-    /// stays bounded.
+    /// Whether it can take another piece of work. After a number of pieces it cannot, which limits the
+    /// resources of one process.
     bool CanGoOn() const { return process_ > 0 && !isStopped_ && pieces_ < mostPieces; }
-    /// Asks the process, and those that it started, to stop.
+    /// Asks the process and its children to stop.
     void Stop();
     /// Ends them at once.
     void Kill() const;
 
-    /// @name Of the piece of work that has ended
+    /// @name About the finished piece of work
     /// @{
     int Status() const { return result_.status; }
-    int Signal() const { return signal_; }  ///< that ended the process; 0: none did
+    int Signal() const { return signal_; }  ///< signal that ended the process; 0: none
     const std::string& Report() const { return result_.report; }
-    /// What it printed, to standard output and standard error; of very much the middle is left out.
+    /// Its standard output and standard error. The middle of a very long output is left out.
     const std::string& Output() const { return output_; }
     /// @}
 
@@ -63,7 +61,7 @@ private:
     bool TakeResult();
 
     int process_ = -1;       ///< -1: has ended
-    int processEvent_ = -1;  ///< a descriptor that can be read once the process has ended
+    int processEvent_ = -1;  ///< a descriptor that becomes readable when the process has ended
     int orderPipe_ = -1, outputPipe_ = -1, reportPipe_ = -1;
     int pieces_ = 0;
     bool isStopped_ = false;
@@ -72,7 +70,7 @@ private:
     Result result_;
 };
 
-/// Waits until one of the tasks has printed something or ended, a signal came, or the time has passed.
+/// Waits until one of the tasks has printed something or ended, a signal has arrived, or the time has passed.
 void WaitForTasks(std::span<const Task* const> tasks, double seconds);
 
 /// Processors that this process may use; at least 1.

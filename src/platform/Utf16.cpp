@@ -23,7 +23,7 @@ void AppendUtf16(std::string& out, char32_t character) {
     AppendUnit(out, 0xDC00 + ((character - 0x10000) & 0x3FF));
 }
 
-/// Takes the first character off a text that is not empty.
+/// Removes and returns the first character of a text that is not empty.
 char32_t TakeCharacter(std::string_view& text) {
     char32_t character = replacement;
     std::size_t size = DecodeUtf8(text, character);

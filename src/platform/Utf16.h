@@ -10,7 +10,7 @@ namespace vexlator::platform {
 
 /// Bytes that are not UTF-8 become U+FFFD.
 std::string Utf16FromUtf8(std::string_view text);
-/// Halves of pairs that stand alone become U+FFFD; an odd last byte is dropped.
+/// Unpaired surrogates become U+FFFD; an odd last byte is dropped.
 std::string Utf8FromUtf16(std::string_view bytes);
 
 }  // namespace vexlator::platform

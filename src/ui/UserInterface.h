@@ -7,18 +7,18 @@
 #include <string>
 #include <string_view>
 
-/// What a conversion knows of the person it works for. Conversions never know who listens: a terminal, a
-/// window, or a test.
+/// The connection of a conversion to its user. Conversions do not know whether this is a terminal, a window,
+/// or a test.
 namespace vexlator::ui {
 
-/// The small window that shows how far one conversion is. Calls are cheap: call Progress() for every feature.
+/// The small window with the progress of one conversion. Calls are cheap: call Progress() for every feature.
 class FormView {
 public:
     virtual ~FormView() = default;
     virtual void SetCaption(std::string_view text) = 0;
-    /// What is being worked on: a feature code, a file; "Completed!" at the end.
+    /// The current object: a feature code, a file; "Completed!" at the end.
     virtual void SetLabel(std::string_view text) = 0;
-    /// `done` of `total` features; total 0 when it is not known.
+    /// `done` of `total` features; total 0 means unknown.
     virtual void Progress(std::uint64_t done, std::uint64_t total) = 0;
 };
 
@@ -26,15 +26,15 @@ class UserInterface {
 public:
     virtual ~UserInterface() = default;
 
-    /// A fact that the person must see and confirm.
+    /// A message that the user must see and confirm.
     virtual void ShowMessage(std::string_view text) = 0;
-    /// A question; true for Yes. No one there means No.
+    /// A question; true for Yes. Without a user the answer is No.
     virtual bool AskYesNo(std::string_view text) = 0;
-    /// A plain line about the run: its summary, what was cut, what does not exist.
+    /// A plain line about the run: a summary, lost values, missing files.
     virtual void Report(std::string_view line) = 0;
-    /// The view of one conversion, shown while the object lives.
+    /// The view of one conversion, visible for the lifetime of the object.
     virtual std::unique_ptr<FormView> ShowForm(std::string_view name) = 0;
-    /// A pause that lets windows repaint. Without windows there is nothing to wait for.
+    /// A pause for windows to repaint. Without windows it returns at once.
     virtual void Settle(double seconds) = 0;
     virtual void Beep() = 0;
 };

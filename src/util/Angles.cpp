@@ -15,7 +15,7 @@ namespace {
 
 constexpr double fullCircle = 2 * std::numbers::pi;
 
-/// Whole seconds of a positive angle and their fraction, in units of the last decimal.
+/// Whole seconds of a positive angle, and their fraction in units of the last decimal.
 struct Seconds {
     std::int64_t whole = 0;
     std::int64_t fraction = 0;
@@ -26,8 +26,8 @@ Seconds RoundedSeconds(double seconds) {
 }
 
 Seconds CutSeconds(double seconds, int decimals) {
-    // The factor between radians and degrees is short by a few parts in 10^16: without the nudge, 90 degrees
-    // would be cut to a hair below.
+    // The factor between radians and degrees is too small by a few parts in 10^16. Without the nudge, 90
+    // degrees would become slightly less.
     constexpr double nudge = 1e-9;
     double whole = std::floor(seconds + nudge);
     auto unit = static_cast<std::int64_t>(std::pow(10.0, decimals));
@@ -58,7 +58,7 @@ std::string FormatAngleText(double radians, std::optional<int> decimals) {
     if (!std::isfinite(radians)) radians = 0;
     if (radians > fullCircle) radians = std::fmod(radians, fullCircle);
     std::string text = radians < 0 ? "-" : "";
-    // Far more turns than anything has; it keeps the seconds within whole numbers.
+    // Far more turns than any angle has. The limit keeps the seconds within whole numbers.
     double degrees = std::min(std::fabs(radians) * degreesPerRadian, 1e12);
     int places = decimals ? std::clamp(*decimals, 0, 15) : 0;
     double wholeDegrees = std::floor(degrees);

@@ -13,7 +13,7 @@ constexpr double degreesPerRadian = 57.2957795130823;
 
 /// DDD.MM'SS" and, when `decimals` is given, that many decimals of a second after the quote.
 std::string FormatAngleText(double radians, std::optional<int> decimals = std::nullopt);
-/// The inverse of FormatAngleText, in radians; nothing when the text is not of that form.
+/// The inverse of FormatAngleText, in radians; nothing if the text has another form.
 std::optional<double> ParseAngleText(std::string_view text);
 
 }  // namespace vexlator::util

@@ -10,8 +10,8 @@
 
 namespace vexlator::util {
 
-/// A count with its noun, for people: "1 position", "12,345 positions". The plural is that of the noun with
-/// an s unless it is given.
+/// A count with its noun, for people: "1 position", "12,345 positions". By default the plural is the noun
+/// with an s.
 inline std::string Counted(std::uint64_t count, std::string_view noun, std::string_view plural = "") {
     std::string text = GroupedCount(count) + " " + std::string(count == 1 || plural.empty() ? noun : plural);
     return count == 1 || !plural.empty() ? text : text + "s";

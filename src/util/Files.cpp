@@ -47,6 +47,29 @@ std::size_t CharacterSize(std::string_view text) {
     return size;
 }
 
+/// Whether the inside of brackets, as in "a-c3", names the character.
+bool IsInSet(std::string_view set, std::string_view character) {
+    if (character.size() > 1) return set.find(character) != std::string_view::npos;
+    const char wanted = platform::LowerAscii(character[0]);
+    for (std::size_t i = 0; i < set.size(); ++i) {
+        const char first = platform::LowerAscii(set[i]);
+        if (i + 2 < set.size() && set[i + 1] == '-') i += 2;
+        if (wanted >= first && wanted <= platform::LowerAscii(set[i])) return true;
+    }
+    return false;
+}
+
+/// How much of the pattern's begin, "*" aside, the character matches; 0 when it does not.
+std::size_t LengthMatching(std::string_view pattern, std::string_view character, Brackets brackets) {
+    if (pattern.starts_with('?')) return 1;
+    const bool isSet = brackets == Brackets::Set && pattern.starts_with('[');
+    if (std::size_t end = isSet ? pattern.find(']', 2) : std::string_view::npos;
+        end != std::string_view::npos)
+        return IsInSet(pattern.substr(1, end - 1), character) ? end + 1 : 0;
+    bool isSame = platform::SameNoCase(character, pattern.substr(0, character.size()));
+    return isSame ? character.size() : 0;
+}
+
 /// Where `wanted`, which is not empty, occurs next at or after `from`; the end of the text when nowhere.
 std::size_t Find(std::string_view text, std::size_t from, char wanted) {
     const void* hit = std::memchr(text.data() + from, wanted, text.size() - from);
@@ -102,24 +125,21 @@ std::string ReadFirstLine(std::string_view path) {
     return file ? std::string(LineReader(file->Text()).ReadTextLine()) : "";
 }
 
-bool MatchesPattern(std::string_view name, std::string_view pattern) {
+bool MatchesPattern(std::string_view name, std::string_view pattern, Brackets brackets) {
     if (pattern == "*.*") return true;
-    // Where to go on when a character fails: the last "*" takes one character more.
+    // Where to go on after a mismatch: the last "*" takes one character more.
     std::string_view starPattern, starName;
     bool star = false;
     while (!name.empty()) {
-        std::size_t size = CharacterSize(name);
+        std::string_view character = name.substr(0, CharacterSize(name));
         if (pattern.starts_with('*')) {
             pattern.remove_prefix(1);
             starPattern = pattern;
             starName = name;
             star = true;
-        } else if (pattern.starts_with('?')) {
-            pattern.remove_prefix(1);
-            name.remove_prefix(size);
-        } else if (platform::SameNoCase(name.substr(0, size), pattern.substr(0, size))) {
-            pattern.remove_prefix(size);
-            name.remove_prefix(size);
+        } else if (std::size_t length = LengthMatching(pattern, character, brackets); length > 0) {
+            pattern.remove_prefix(length);
+            name.remove_prefix(character.size());
         } else if (star) {
             starName.remove_prefix(CharacterSize(starName));
             name = starName;
@@ -162,7 +182,7 @@ std::string FindTempFolder() {
             platform::ReplaceFile(JoinPath(folder, "gv.mrk"), "");
             break;
         } catch (const platform::WriteError&) {
-            // The next drive may do.
+            // Tries the next drive.
         }
     }
     return folder;

@@ -14,8 +14,8 @@ struct PlanePoint {
 };
 
 double Distance(double x1, double y1, double x2, double y2);
-/// From the first point to the second, in [0, 2 pi). Identical points give 0 and, when `show` is given, the
-/// message "RO sameas Occupied - assuming 0".
+/// Bearing from the first point to the second, in [0, 2 pi). Identical points give 0 and, if `show` is given,
+/// the message "RO sameas Occupied - assuming 0".
 double Bearing(double x1, double y1, double x2, double y2,
                const std::function<void(const std::string&)>& show = nullptr);
 PlanePoint PolarPoint(double x, double y, double bearing, double distance);

@@ -20,8 +20,8 @@ bool NeedsEscape(char c) {
     return static_cast<unsigned char>(c) < 0x20 || c == '"' || c == '\\';
 }
 
-/// True when the text can stand between quotes as it is: no control character, quote, backslash or byte from
-/// 0x80 on. Looks at eight bytes at a time, because nearly every attribute value is such a text.
+/// True if the text needs no escapes between quotes: no control character, quote, backslash or byte from 0x80
+/// on. Looks at eight bytes at a time, because most attribute values need no escapes.
 bool IsPlain(std::string_view text) {
     constexpr std::uint64_t ones = 0x0101010101010101U, highs = 0x8080808080808080U;
     auto hasZero = [](std::uint64_t word) { return (word - ones) & ~word & highs; };

@@ -6,15 +6,15 @@
 #include <string>
 #include <string_view>
 
-/// The parts of JSON text (RFC 8259), added to a buffer.
+/// Appends parts of JSON text (RFC 8259) to a buffer.
 namespace vexlator::util {
 
-/// The text in double quotes, escaped where JSON asks for it. Bytes that are not UTF-8 are read as
-/// Windows-1252, so that the result always is.
+/// Appends the text in double quotes, with escapes where JSON requires them. Bytes that are not UTF-8 are
+/// read as Windows-1252, so the result is always UTF-8.
 void AppendText(std::string& out, std::string_view text);
 
-/// The shortest text that reads back as the same double. JSON has no word for infinite and NaN: they become
-/// null.
+/// Appends the shortest text that reads back as the same double. Infinite and NaN become null, because JSON
+/// cannot express them.
 void AppendNumber(std::string& out, double value);
 void AppendNumber(std::string& out, std::int64_t value);
 

@@ -13,7 +13,7 @@ void WriteRunLog(std::string_view logPath, std::string_view text, const platform
     if (logPath.empty()) return;
     std::string line = DayMonthText(when) + " " + TimeText(when) + ": ";
     line += text;
-    // One event, one line: a text from a file must not look like another event.
+    // One event, one line. A text from a file must not look like another event.
     std::replace_if(
         line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
     platform::AppendToFile(logPath, line + "\r\n");

@@ -10,14 +10,14 @@
 #include <string_view>
 #include <unordered_map>
 
-/// Tables of texts in which the case of ASCII letters does not count, looked up without copying the text.
+/// Hash tables of texts. The case of ASCII letters is ignored. A look-up does not copy the text.
 namespace vexlator::util {
 
-/// Texts that platform::SameNoCase holds equal have one hash.
+/// Texts that platform::SameNoCase finds equal have the same hash.
 struct NoCaseHash {
     std::size_t operator()(std::string_view text) const {
-        // Eight bytes at a time. Setting the bit that tells small letters from capitals makes other
-        // characters meet as well, which costs a comparison and no more.
+        // Hashes eight bytes at a time. Setting the case bit makes some other characters equal as well. That
+        // costs only a comparison.
         constexpr std::uint64_t caseBits = 0x2020202020202020, factor = 0x9E3779B97F4A7C15;
         std::uint64_t hash = text.size(), word = 0;
         for (; text.size() > sizeof word; text.remove_prefix(sizeof word)) {
@@ -37,7 +37,7 @@ struct NoCaseEqual {
     bool operator()(std::string_view a, std::string_view b) const { return platform::SameNoCase(a, b); }
 };
 
-/// Whoever fills the map keeps the bytes of its keys.
+/// The owner of the map keeps the bytes of its keys.
 template <typename Value>
 using NoCaseMap = std::unordered_map<std::string_view, Value, NoCaseHash, NoCaseEqual>;
 

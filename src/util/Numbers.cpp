@@ -27,7 +27,7 @@ bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-/// The text from its number's sign or first digit on; from_chars takes neither blanks nor "+".
+/// The text from the sign or first digit of its number. from_chars accepts neither blanks nor "+".
 std::string_view FromNumber(std::string_view text) {
     std::size_t begin = text.find_first_not_of(" \t\r\n");
     if (begin == std::string_view::npos) return {};
@@ -36,14 +36,14 @@ std::string_view FromNumber(std::string_view text) {
     return text;
 }
 
-/// Keeps "inf" and "nan" away from from_chars, which knows them.
+/// Keeps "inf" and "nan" away from from_chars, which accepts them.
 bool BeginsWithDigits(std::string_view text) {
     if (text.starts_with('-')) text.remove_prefix(1);
     if (text.starts_with('.')) text.remove_prefix(1);
     return !text.empty() && IsDigit(text[0]);
 }
 
-/// The value of a number that no double holds: the largest double, or 0 when it is too small.
+/// The value of a number out of range: the largest double, or 0 for a tiny number.
 double OutOfRange(std::string_view text) {
     std::size_t end = std::min(text.find_first_not_of("-.0123456789"), text.size());
     std::string_view mantissa = text.substr(0, end), exponent = text.substr(end);
@@ -54,9 +54,9 @@ double OutOfRange(std::string_view text) {
     return text[0] == '-' ? std::numeric_limits<double>::lowest() : std::numeric_limits<double>::max();
 }
 
-/// `magnitude` times ten to the `decimals`, half rounded up. False when that is too large, or so near a half
-/// that only the decimal digits can tell. The shortest text of a value and the product are each off by at
-/// most one part in 2^53: away from the half by four such parts is safe.
+/// `magnitude` times ten to the `decimals`, half rounded up. False if the result is too large, or so near a
+/// half that only the decimal digits decide. The shortest text of a value and the product each have an error
+/// of at most one part in 2^53. A distance of four such parts from the half is safe.
 bool RoundScaled(double magnitude, int decimals, std::uint64_t& whole) {
     double scaled = magnitude * static_cast<double>(PowerOfTen(decimals));
     if (!(scaled < 0x1p50)) return false;
@@ -78,7 +78,7 @@ char* WriteScaled(char* out, std::uint64_t whole, int decimals) {
     return out + decimals;
 }
 
-/// The digits of a value's shortest text: 0.DIGITS times ten to the `point`.
+/// The digits of a value's shortest text. The value is 0.DIGITS times ten to the `point`.
 struct ShortestDigits {
     explicit ShortestDigits(double magnitude) {
         std::array<char, 40> text;
@@ -99,7 +99,7 @@ struct ShortestDigits {
     int point = 0;
 };
 
-/// Adds one to the last digit of a text of digits and at most one point, whose first digit is not 9.
+/// Adds one to the last digit of a text. The text has digits and at most one point. Its first digit is not 9.
 void AddOne(char* end) {
     for (;;) {
         --end;
@@ -115,7 +115,7 @@ char* WriteRounded(char* out, double magnitude, int decimals) {
     ShortestDigits shortest(magnitude);
     int end = shortest.point + decimals;
     char* const begin = out;
-    *out++ = '0';  // takes the carry of 9.99
+    *out++ = '0';  // room for the carry of 9.99
     for (int place = std::min(shortest.point - 1, 0); place < std::max(end, shortest.point); ++place) {
         if (place == shortest.point) *out++ = '.';
         *out++ = shortest.At(place);
@@ -169,7 +169,7 @@ double RoundFixed(double value, int decimals) {
     std::uint64_t whole = 0;
     if (!std::isfinite(value)) return 0;
     if (!RoundScaled(std::fabs(value), decimals, whole)) return NumberOf(FormatFixed(value, decimals));
-    // Both are exact, so that the quotient is the double nearest to the decimal text.
+    // Both are exact, so the quotient is the double nearest to the decimal text.
     double rounded = static_cast<double>(whole) / static_cast<double>(PowerOfTen(decimals));
     return value < 0 && whole > 0 ? -rounded : rounded;
 }

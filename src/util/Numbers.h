@@ -10,24 +10,23 @@
 /// Numbers and text, the same on every system: "." is the decimal point whatever the locale says.
 namespace vexlator::util {
 
-/// The leading number of the text, blanks before it skipped; 0 when it does not begin with one.
-/// Never infinite, never NaN.
+/// The number at the start of the text, after blanks. 0 if the text does not start with a number. Never
+/// infinite, never NaN.
 double NumberOf(std::string_view text);
-/// The leading whole number, kept within the range of the result.
+/// The whole number at the start of the text, clamped to the range of the result.
 std::int64_t IntegerOf(std::string_view text);
-/// Fixed decimals (0 to 15), half rounded away from zero, no "-0". What is rounded is the decimal number that
-/// the value stands for, its shortest text: 1.0005 with 3 decimals gives "1.001". A value that is infinite or
-/// not a number gives the text of 0.
+/// Fixed decimals (0 to 15), half rounded away from zero, no "-0". Rounding uses the shortest decimal text of
+/// the value: 1.0005 with 3 decimals gives "1.001". An infinite value or NaN gives the text of 0.
 std::string FormatFixed(double value, int decimals);
 /// FormatFixed into a buffer of at least `longestFixed` bytes; returns the end of the text.
 char* WriteFixed(char* out, double value, int decimals);
 constexpr std::size_t longestFixed = 328;  ///< sign, 309 digits, point, 15 decimals, one to spare
-/// The value that FormatFixed's text stands for, without the text.
+/// The value of FormatFixed's text, without making the text.
 double RoundFixed(double value, int decimals);
-/// The shortest text that reads back as the same value; "0" for one that is infinite or not a number.
+/// The shortest text that reads back as the same value; "0" for infinite and NaN.
 std::string FormatShortest(double value);
-/// The same into a buffer of at least `longestShortest` bytes; returns the end of the text. Grid coordinates
-/// stay plain digits; from 1e15 on, and close to 0, there is an exponent.
+/// The same, into a buffer of at least `longestShortest` bytes. Returns the end of the text. Grid coordinates
+/// have plain digits. Values from 1e15 on and values close to 0 have an exponent.
 char* WriteShortest(char* out, double value);
 constexpr std::size_t longestShortest = 40;
 /// Padded with zeros on the left to at least `digits` digits.

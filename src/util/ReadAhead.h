@@ -14,26 +14,27 @@
 
 namespace vexlator::util {
 
-/// Batches of anything, filled by a thread of its own while the caller uses those before. There are only a
-/// few of them: each is filled again when the caller is done with it.
+/// Batches that a thread of its own fills while the caller uses earlier batches. There are only a few. Each
+/// is filled again when the caller is done with it.
 template <typename Batch>
 class ReadAhead {
 public:
-    /// Replaces what a batch holds by what comes next. Returns false with the last batch, which may be empty.
-    /// Runs in the thread; what it throws, Next() throws after the batches that are filled by then, that of
-    /// the failed call among them.
+    /// Replaces the contents of a batch by the next ones. Returns false with the last batch, which may be
+    /// empty. Runs in the thread. Next() throws its exceptions, after the batches filled so far, including
+    /// the batch of the failed call.
     using Fill = std::function<bool(Batch&)>;
 
     explicit ReadAhead(Fill fill, std::size_t batches = 3)
         : fill_(std::move(fill)),
           ring_(batches),
           thread_([this](const std::stop_token& stop) { Run(stop); }) {}
-    /// Waits for the batch that is being filled.
+    /// Waits for the batch in work.
     ~ReadAhead() = default;
     ReadAhead(const ReadAhead&) = delete;
     ReadAhead& operator=(const ReadAhead&) = delete;
 
-    /// The next batch, the caller's until the next call; nullptr after the last. @throws what Fill throws
+    /// The next batch, which is the caller's until the next call; nullptr after the last.
+    /// @throws exceptions of Fill
     Batch* Next() {
         std::unique_lock lock(mutex_);
         if (std::exchange(inUse_, false)) {
@@ -74,9 +75,9 @@ private:
 
     Fill fill_;
     std::vector<Batch> ring_;
-    std::mutex mutex_;  ///< for all that follows
+    std::mutex mutex_;  ///< guards the members below
     std::condition_variable_any changed_;
-    std::size_t filled_ = 0, used_ = 0;  ///< batches so far
+    std::size_t filled_ = 0, used_ = 0;  ///< number of batches so far
     bool inUse_ = false, ended_ = false;
     std::exception_ptr error_;
     std::jthread thread_;  ///< the last member: it ends before the others

@@ -7,17 +7,17 @@
 
 namespace vexlator::util {
 
-/// Adds the digits that the text begins with to a number; returns their end.
+/// Appends the leading digits of the text to a number; returns the end of the digits.
 inline const char* ReadDigits(const char* at, const char* end, std::uint64_t& number) {
     for (; at < end && *at >= '0' && *at <= '9'; ++at)
         number = number * 10 + static_cast<std::uint64_t>(*at - '0');
     return at;
 }
 
-/// Sets the value of the plain decimal number, as in "-123.45", that the text begins with, and returns its
-/// end; null when there is none of at most 15 digits. Both the digits and the power of ten are whole numbers
-/// that a double holds, so their quotient is the nearest double. Most coordinates are so short, and this
-/// takes half the time of a reader of all numbers.
+/// Sets the value of the plain decimal number at the start of the text, as in "-123.45", and returns its end.
+/// Returns null if there is none, or if it has more than 15 digits. The digits and the power of ten are whole
+/// numbers that a double holds exactly, so their quotient is the nearest double. Most coordinates are this
+/// short. This takes half the time of a general parser.
 inline const char* ReadShortDecimal(const char* at, const char* end, double& value) {
     constexpr double powers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                  1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};

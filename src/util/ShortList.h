@@ -9,23 +9,23 @@
 
 namespace vexlator::util {
 
-/// A list within a line for people: the first few items, the others counted.
+/// A list within a line for people: names the first few items and counts the others.
 class ShortList {
 public:
     explicit ShortList(std::size_t most) : most_(most) {}
 
-    /// An item that is there already does not count again.
+    /// Ignores an item that is already in the list.
     void Add(const std::string& item);
     bool Empty() const { return items_.empty(); }
     /// As in "a, b and 3 more".
     std::string Text() const;
 
-    /// A name of any origin as a part of an item: at most 60 characters of it.
+    /// A name from a file as a part of an item: its first 60 characters.
     static std::string Shortened(std::string_view name);
 
 private:
     std::size_t most_;
-    std::string text_;  ///< the items that are named
+    std::string text_;  ///< the named items
     std::unordered_set<std::string> items_;
 };
 

@@ -15,13 +15,14 @@ std::string_view GetCommaField(std::size_t index, std::string_view text);
 /// GetCommaField read as a number; 0 when it is not one.
 double GetCommaNumber(std::size_t index, std::string_view text);
 std::string_view GetBarField(std::size_t index, std::string_view text);
-/// How often `part` occurs, overlapping hits included: "aa" occurs twice in "aaa".
+/// How often `part` occurs, with overlaps: "aa" occurs twice in "aaa".
 std::size_t CountOf(std::string_view text, std::string_view part);
-/// Position in bytes, from 1, of `part`, the case of ASCII letters ignored; 0 when absent.
+/// Position of `part` in bytes, from 1; 0 if absent. Ignores the case of ASCII letters.
 std::size_t InStrNoCase(std::string_view text, std::string_view part);
-/// Spaces, tabs and what ends lines.
+/// Spaces, tabs and line ends.
 constexpr std::string_view lineBlanks = " \t\r\n";
-/// Without the characters of `blanks`, by default spaces only, at both ends. Of nothing else the end is left.
+/// Removes the characters of `blanks`, by default spaces only, at both ends. A text of blanks alone gives the
+/// empty end of the text.
 constexpr std::string_view Trim(std::string_view text, std::string_view blanks = " ") {
     auto isBlank = [blanks](char c) {
         for (char blank : blanks)

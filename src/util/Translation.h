@@ -10,13 +10,13 @@
 /// Windows-1252.
 namespace vexlator::util {
 
-/// The translation of a text. A text that the file lacks is added to it as text|||text, so that the file
-/// collects what is still to be translated, and returned unchanged; so is a text that no line can hold (one
-/// that is empty or has line ends), without being added. Never fails.
+/// The translation of a text. A missing text is added to the file as text|||text, so that the file collects
+/// the texts for translators, and is returned unchanged. A text that does not fit a line (empty, or with line
+/// ends) is returned unchanged and not added. Never fails.
 std::string TranslateText(std::string_view text, std::string_view languageFile);
 
 struct Caption {
-    std::string control;  ///< name of the control that shows it
+    std::string control;  ///< name of the control with this caption
     std::string text;
 };
 /// Translates the captions of labels, check boxes and buttons: controls whose names begin with "Label",

@@ -11,7 +11,7 @@
 
 namespace vexlator::util {
 
-/// The number that the whole text is, not only its beginning; blanks around it do not count. Finite.
+/// The number that the whole text forms, not only its start. Blanks around it are ignored. Finite.
 inline std::optional<double> WholeNumberOf(std::string_view text) {
     text = Trim(text);
     double value = 0;

@@ -15,7 +15,7 @@ using test::TempFolder;
 
 TEST(Ini, Reading) {
     struct {
-        std::string_view text, value;  // of [Sec] Key
+        std::string_view text, value;  // value of [Sec] Key
     } const cases[] = {
         {"[Sec]\nKey=v", "v"},
         {"[Sec]\rKey=v\r", "v"},
@@ -26,7 +26,7 @@ TEST(Ini, Reading) {
         {"[Sec]\n;Key=no\n ; Key=no\nKey=v", "v"},
         {"[Sec]\nKey\nKey=v", "v"},
         {"[Sec]\nKey=first\nKey=second", "first"},
-        {"[Sec]\nA=1\n[Sec]\nKey=v", ""},  // the first section of a name is the one
+        {"[Sec]\nA=1\n[Sec]\nKey=v", ""},  // the first section with a name counts
         {"[Sec\nKey=no\n[Sec]\nKey=v", "v"},
         {"[Sec]\nKey=  ", ""},
         {"[Sec]\nKey=\"  v  \"", "  v  "},
@@ -46,7 +46,7 @@ TEST(Ini, Reading) {
 
 TEST(Ini, Writing) {
     struct {
-        std::string_view before, key, value, after;  // of [Sec]
+        std::string_view before, key, value, after;  // values of [Sec]
     } const cases[] = {
         {"", "Key", "v", "[Sec]\r\nKey=v\r\n"},
         {"[sec]\nKEY = old ;x \nB=1", "Key", "new", "[sec]\nKEY = new \nB=1"},
@@ -68,7 +68,7 @@ TEST(Ini, Writing) {
         {"[Sec]\nA=\xE9\n", "Key", "\xC3\xB1", "[Sec]\nA=\xE9\nKey=\xF1\n"},
         {"[Sec]\nA=\xE9\n", "Key", "\xC4\x8D", "[Sec]\nA=\xC3\xA9\nKey=\xC4\x8D\n"},
         {"[Sec]\nA=1\n", "Key", "\xF1", "[Sec]\nA=1\nKey=\xC3\xB1\n"},
-        // Without its one byte that is no UTF-8, the rest would read as UTF-8, which it is not.
+        // Without its one byte that is not UTF-8, the rest would wrongly be read as UTF-8.
         {"[Sec]\nA=\xC3\xA9\nKey=\xE9\n", "Key", "e", "[Sec]\nA=\xC3\x83\xC2\xA9\nKey=e\n"},
     };
     for (const auto& c : cases) EXPECT_EQ(WithIniValue(c.before, "Sec", c.key, c.value), c.after) << c.before;
@@ -90,7 +90,7 @@ TEST(Ini, Files) {
 
 TEST(Ini, ManyProcessesLoseNoKey) {
     constexpr int processes = 8, keys = 100;
-    // Every write waits for the disk: on one in memory the processes meet more often, and sooner.
+    // Every write waits for the disk. On a disk in memory the processes meet more often, and sooner.
     if (std::filesystem::exists("/dev/shm")) ::setenv("TMPDIR", "/dev/shm", 1);
     TempFolder folder;
     ::unsetenv("TMPDIR");

@@ -46,7 +46,7 @@ TEST(LossReport, OneLine) {
     EXPECT_LT(losses.Line().size(), 1600U);
 }
 
-/// What becomes of a form's control when the settings hold a line `ini`.
+/// The state of a form's control if the settings contain a line `ini`.
 struct FormCase {
     std::string ini;
     FormControl control;

@@ -15,7 +15,7 @@ constexpr const char* gridPipeline =
     "+proj=pipeline +step +inv +proj=tmerc +lat_0=49 +lon_0=-2 +k=0.9996012717 +x_0=400000 +y_0=-100000 "
     "+ellps=airy +step +proj=hgridshift +grids=test.gsb +step +proj=unitconvert +xy_in=rad +xy_out=deg";
 
-/// A definition, a place in its area, and whether a part of it is computed by our own arithmetic.
+/// A definition, a position in its area, and whether our own arithmetic computes a part of it.
 struct System {
     const char* definition;
     double longitude, latitude;
@@ -23,11 +23,11 @@ struct System {
 };
 
 constexpr System systems[] = {
-    {"EPSG:27700", -2, 54, true},   // several operations, by place
+    {"EPSG:27700", -2, 54, true},   // several operations, chosen by position
     {"EPSG:31467", 9, 51, true},    // northing first, several operations
     {"EPSG:32630", -3, 60, true},   // no change of datum
     {"EPSG:32733", 15, -30, true},  // the southern half
-    {"EPSG:2193", 173, -41, true},  // reaches over 180 degrees
+    {"EPSG:2193", 173, -41, true},  // extends over 180 degrees
     {"EPSG:2100", 24, 38, true},    // three parameters
     {"+proj=tmerc +lat_0=49.5 +lon_0=-2 +k=0.9996 +x_0=1000 +y_0=2000 +a=6377563.396 +b=6356256.909 "
      "+towgs84=446.448,-125.157,542.06,0.15,0.247,0.842,-20.489 +type=crs",
@@ -51,7 +51,7 @@ protected:
         folder.Write("grids/test.gsb", Ntv2Grid(3.6F, 7.2F).Bytes());
     }
 
-    /// What the library alone takes for the definition.
+    /// The library's own result for the definition.
     ProjObject Peer(const System& system) {
         ProjObject object = context.Create(system.definition);
         if (!proj_is_crs(object.get())) return object;
@@ -62,7 +62,7 @@ protected:
         return ProjObject(proj_normalize_for_visualization(context.Get(), object.get()));
     }
 
-    /// Places near and far, and what is no place.
+    /// Positions near and far, and invalid ones.
     std::vector<util::PlanePoint> Degrees(const System& system) {
         std::vector<util::PlanePoint> points{{0, 90},   {180, 0},       {-180, -90},    {NAN, 0},
                                              {0, NAN},  {HUGE_VAL, 50}, {0, -HUGE_VAL}, {361, 0},
@@ -74,7 +74,7 @@ protected:
         return points;
     }
 
-    /// How many results are not the library's to the bit; none may be another to `tolerance`.
+    /// Number of results that differ from the library's in any bit; none may differ by more than `tolerance`.
     static int CountOther(const std::vector<util::PlanePoint>& results,
                           const std::vector<util::PlanePoint>& expected, double tolerance) {
         int others = 0;

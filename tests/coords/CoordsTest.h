@@ -19,7 +19,7 @@ namespace vexlator::test {
 
 using Triple = std::array<double, 3>;
 
-/// An installation in a folder of its own, and a projection library that knows no grids but those put there.
+/// An installation in its own folder, and a projection library that knows only the grids in it.
 class CoordsTest : public InstallationTest {
 protected:
     CoordsTest() {
@@ -37,11 +37,11 @@ protected:
 
     ~CoordsTest() override { std::filesystem::remove(ProjFolder()); }
 
-    /// The library may look at PROJ_DATA once only in a process.
+    /// The library reads PROJ_DATA only once in a process.
     static std::string ProjFolder() {
         return std::filesystem::temp_directory_path() / ("vexlator-proj-" + std::to_string(getpid()));
     }
-    /// Makes a definition file and the setting that names it.
+    /// Makes a definition file and its setting.
     void Define(std::string_view content, const std::string& name = "system.dat") {
         run.WriteIni("GPS", "TRANSFORMATION", folder.Write(name, content));
     }
@@ -53,13 +53,13 @@ protected:
     }
     static bool HasOstn15() { return std::filesystem::exists(VEXLATOR_OSTN15_FOLDER); }
 
-    /// Latitude and longitude of a grid point, "" when it has none.
+    /// Latitude and longitude of a grid point, "" if it has none.
     std::string LatLng(coords::frmLatLng& form, double easting, double northing) {
         auto texts = form.GridToLatLng(easting, northing, 0, false);
         return texts ? texts->first + " " + texts->second : "";
     }
 
-    /// What a projection tool makes of some points, with the same grids.
+    /// The results of a projection tool for some points, with the same grids.
     std::vector<Triple> Peer(const std::string& command, const std::vector<Triple>& points) {
         std::ostringstream input;
         input.precision(12);

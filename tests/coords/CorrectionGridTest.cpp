@@ -11,7 +11,7 @@ using coords::frmLatLng;
 /// A point of Ordnance Survey's guide to coordinate systems: 52 39 27.2531 north, 1 43 4.5177 east on OSGB36.
 constexpr double easting = 651409.903, northing = 313177.270;
 
-/// A grid whose shift tells it from others: 0.001 degrees to the north, `thousandths` to the east.
+/// A grid with a recognisable shift: 0.001 degrees to the north, `thousandths` to the east.
 std::string Grid(float thousandths) {
     return Ntv2Grid(3.6F, 3.6F * thousandths).Bytes();
 }
@@ -37,13 +37,13 @@ TEST_F(CorrectionGridTest, ShiftsThePublishedPointBothWays) {
     EXPECT_EQ(grid->height, "24.700");
 }
 
-/// Which of several files is used: by name first, then by folder.
+/// The choice between several files: by name first, then by folder.
 TEST_F(CorrectionGridTest, TakesTheFirstFileInOrder) {
     struct Place {
         const char* file;
         int thousandths;
     };
-    // From the last choice to the first: each new file takes over from those before.
+    // From the last choice to the first: each new file replaces the earlier ones.
     for (auto [file, thousandths] : {
              Place{"proj/OSTN15_NTv2_OSGBtoETRS.gsb", 1},
              Place{"proj/uk_os_OSTN15_NTv2_OSGBtoETRS.tif", 2},
@@ -95,7 +95,7 @@ TEST_F(CorrectionGridTest, ADamagedFileIsToldAndNotReplacedByAnother) {
     EXPECT_EQ(LatLng(cutInItsNodes, 440000, 330000), "");
 }
 
-/// A wrong place is worse than none.
+/// A wrong position is worse than none.
 TEST_F(CorrectionGridTest, OutsideTheGridThereIsNoResult) {
     folder.Write("inst/OSTN02.INT", Grid(1));
     frmLatLng form(run);
@@ -128,7 +128,7 @@ TEST_F(CorrectionGridTest, WholeArraysKeepWhatFailsAndRoundLikeTexts) {
     frmLatLng form(run);
     std::vector<util::PlanePoint> points;
     std::vector<double> heights;
-    // Enough for more than one block, in an order that is not the plane's, every seventh outside the grid.
+    // Enough for more than one block, in an order unlike the plane's. Every seventh is outside the grid.
     for (std::uint32_t i = 0, mix = 1; i < 300000; ++i, mix = mix * 1664525 + 1013904223) {
         points.push_back({340000.25 + mix % 300000, i % 7 == 0 ? 1e6 : 200000.125 + mix / 65536});
         heights.push_back(i * 0.001);

@@ -14,9 +14,9 @@ const std::string utm30 = "+proj=utm +zone=30 +datum=WGS84";
 
 class TransformerTest : public CoordsTest {};
 
-/// One system, UTM zone 30 on WGS 84, in every form that a file may hold.
+/// One system, UTM zone 30 on WGS 84, in every form that a file can have.
 TEST_F(TransformerTest, ReadsDefinitionsInTheirForms) {
-    // A point of the zone's central meridian: 500000 east, on 3 degrees west.
+    // A point on the zone's central meridian: 500000 east, at 3 degrees west.
     const std::string wkt =
         R"(PROJCS["WGS_1984_UTM_Zone_30N",GEOGCS["GCS_WGS_1984",DATUM["D_WGS_1984",)"
         R"(SPHEROID["WGS_1984",6378137,298.257223563]],PRIMEM["Greenwich",0],UNIT["Degree",0.0174532925199433]],)"
@@ -58,7 +58,7 @@ TEST_F(TransformerTest, AsksOnceForEachDirectionWhenItCannotLoad) {
     EXPECT_EQ(ui.reports[0].find(folder / "system.dat: "), 0U) << ui.reports[0];
 }
 
-/// Definitions that would lead to a rough result, or to none, do not load.
+/// Definitions that would give rough results, or none, do not load.
 TEST_F(TransformerTest, RefusesWhatIsNoSystemOrWouldBeRough) {
     for (const std::string& text :
          {std::string("+proj=tmerc +lat_0=49 +lon_0=-2 +k=0.9996012717 +x_0=400000 +y_0=-100000 +ellps=airy"),

@@ -84,7 +84,7 @@ TEST_P(StatementTest, ReadsManyRowsWithLongValuesAmongThem) {
     EXPECT_FALSE(select.Next());
 }
 
-/// The rows that are left, and the error that ends them.
+/// The remaining rows, and the error at their end.
 std::vector<std::string> RowsLeft(Statement& statement, std::size_t most = std::string::npos) {
     std::vector<std::string> rows;
     try {
@@ -119,11 +119,11 @@ TEST_P(StatementTest, ReadsTheSameRowsAhead) {
         }
         transaction.Commit();
     }
-    // A server is through with all rows before it gives the first.
+    // A server computes all rows before it gives the first.
     std::string overflow = sqlite ? "abs(-9223372036854775807-(k=8500))" : "NULL";
     struct Case {
         std::string where;
-        std::size_t rows;  ///< the error counted
+        std::size_t rows;  ///< the error is included
     };
     for (const Case& c : {Case{"", sqlite ? 8500U : 9000U}, Case{"WHERE k<8500", 8499}, Case{"WHERE k<2", 1},
                           Case{"WHERE k<1", 0}}) {

@@ -30,7 +30,7 @@ TEST(Drawing, LayersAreFoundInAnyCaseAndSelectedInDrawingOrder) {
     Entity b = drawing.addPoint({3, 4, 0});
     drawing.setActiveLayer("FENCE");
     Entity c = drawing.addPoint({5, 6, 0});
-    EXPECT_EQ(drawing.layerCount(), 3U);  // "0", which every drawing has, too
+    EXPECT_EQ(drawing.layerCount(), 3U);  // including "0", which every drawing has
     EXPECT_EQ(c.layerName(), "Fence");
 
     b.setLayerName("fence");
@@ -70,7 +70,7 @@ TEST(Drawing, AttributesKeepTheirOrderThroughEveryChange) {
     a.xproperties().add("NOTES", std::string(70000, 'x'));
     Entity b = drawing.addPoint({});
     b.xproperties().add("NAME", "two");
-    a.xproperties().add("NAME", "again");  // behind b's values: a's move
+    a.xproperties().add("NAME", "again");  // after b's values: a's values move
     b.xproperties().item(0).setValue("a longer value than before");
     a.xproperties().item(1).setValue("");
     a.xproperties().item(1).setName("REMARKS");

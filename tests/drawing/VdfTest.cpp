@@ -19,7 +19,7 @@ namespace {
 
 using test::TempFolder;
 
-/// Erased entities are no part of it.
+/// Erased entities are not included.
 std::string DescribeEntities(Drawing& drawing) {
     std::string text;
     drawing.forEach([&](Entity entity) {
@@ -42,7 +42,7 @@ std::string DescribeEntities(Drawing& drawing) {
     return text;
 }
 
-/// Everything that a drawing holds, as text.
+/// The complete contents of a drawing, as text.
 std::string Describe(Drawing& drawing) {
     std::string text = drawing.activeLayerName() + "\n";
     for (const auto& [name, value] : drawing.properties()) text += name + "=" + value + "\n";
@@ -61,7 +61,7 @@ TEST(Vdf, WhatIsSavedIsOpened) {
         drawing.findLayer("LAYER1")->frozen = true;
         drawing.saveAs(folder / "a.VDF");
         Drawing again;
-        again.addPoint({1, 1, 1});  // open() replaces what is there
+        again.addPoint({1, 1, 1});  // open() replaces the contents
         again.open(folder / "A.vdf");
         EXPECT_EQ(Describe(again), Describe(drawing)) << "seed " << seed;
         EXPECT_FALSE(again.findByHandle(again.addPoint({}).handle() + "0"));
@@ -126,7 +126,7 @@ TEST(Vdf, ADrawingIsWrittenWhileItIsMade) {
     EXPECT_TRUE(Describe(again) == Describe(expected));
 }
 
-/// Bytes at a multiple of 8, as a memory map has them.
+/// Bytes aligned to 8, as in a memory map.
 struct Aligned {
     explicit Aligned(const std::string& bytes) : storage((bytes.size() + 7) / 8), size(bytes.size()) {
         if (!bytes.empty()) std::memcpy(storage.data(), bytes.data(), size);
@@ -163,8 +163,9 @@ TEST(Vdf, RightChecksumsHideNoDamage) {
     drawing.saveAs(folder / "a.VDF");
     const struct {
         std::string bytes, damaged, reason;
-    } cases[] = {{"\3\0\0\0\11"s, "\3\0\0\0\10"s, "chunk 1: vertices or texts are left over"},
-                 {"\x70\0\0\0\0\0\0\0\2"s, "\2\0\0\0\0\0\0\0\2"s, "index: two entities have one handle"}};
+    } cases[] = {
+        {"\3\0\0\0\11"s, "\3\0\0\0\10"s, "chunk 1: vertices or texts are left over"},
+        {"\x70\0\0\0\0\0\0\0\2"s, "\2\0\0\0\0\0\0\0\2"s, "index: two entities have the same handle"}};
     for (const auto& [bytes, damaged, reason] : cases) {
         std::string file = TempFolder::Read(folder / "a.VDF");
         file.replace(file.find(bytes), bytes.size(), damaged);

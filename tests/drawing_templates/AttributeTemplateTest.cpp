@@ -41,7 +41,7 @@ TEST(AtpFields, LinesAreReadByTheirCommas) {
     }
     auto fields = ParseAtpFields("[01,01]A,Cxy.-3\r\n[01,02]B,C-5.00\n[01,03]C,C7 . 4\r");
     ASSERT_EQ(fields.size(), 3U);
-    EXPECT_EQ(fields[0].Width() + fields[0].Decimals() + fields[1].Width(), 0) << "what is no number is 0";
+    EXPECT_EQ(fields[0].Width() + fields[0].Decimals() + fields[1].Width(), 0) << "what is not a number is 0";
     EXPECT_EQ(fields[2].Width() * 10 + fields[2].Decimals(), 74);
 }
 

@@ -10,13 +10,13 @@ using Files = std::vector<std::string>;
 
 class CsvExport : public test::ExportTest {
 protected:
-    /// The file of a drawing exported with these lines in section CSV.
+    /// The exported file of a drawing with these lines in section CSV.
     std::string Csv(const std::string& settings = "", const std::string& others = "") {
         Ini("[CSV]\r\n" + settings + "\r\n" + others);
         Export<frmCSV>(0);
         return Out("Survey.CSV");
     }
-    /// The one value of a point, as a file without header and coordinates has it.
+    /// The only value of a point, in a file without header and coordinates.
     std::string Value(const std::string& value, const std::string& settings, const std::string& others = "") {
         drawing.clear();
         Give(On("CODE").addPoint({}), {{"A", value}});

@@ -15,7 +15,7 @@ using drawing::Entity;
 using drawing::Point;
 using test::TempFolder;
 
-/// Drawings that are in degrees already, unless the settings say otherwise.
+/// Drawings that are already in degrees, unless the settings say otherwise.
 class KmlExport : public test::ExportTest {
 protected:
     KmlExport() {
@@ -92,9 +92,9 @@ TEST_F(KmlExport, MetresNeverPassForDegrees) {
     EXPECT_EQ(Export().features, 4U);
     EXPECT_EQ(Coordinates(), (Texts{"-180.000000,90.000000,0"}));
     EXPECT_EQ(ui.reports,
-              (Texts{"TREE: 3 placemarks without a place, because the coordinate conversion does not "
-                     "cover it"}));
-    // The same without any conversion: a small place in metres looks like one in degrees.
+              (Texts{"TREE: 3 placemarks without a position, because it is outside the coordinate "
+                     "conversion"}));
+    // The same without any conversion: small coordinates in metres look like degrees.
     installation.Settings().IniFilePath = folder.Write("gv.ini", "");
     drawing.addPoint({50, 50, 0});
     EXPECT_EQ(Export().status, config::Outcome::Status::Failed);

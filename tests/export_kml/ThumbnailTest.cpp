@@ -31,7 +31,7 @@ std::string Summary(const std::string& bmp) {
     return text;
 }
 
-/// Why there is no thumbnail of these bytes; "" when there is one.
+/// Why these bytes have no thumbnail; "" if they have one.
 std::string Refusal(const std::string& bytes) {
     TempFolder folder;
     std::string path = folder.Write("a.jpg", bytes), error = test::ErrorOf([&] {
@@ -53,7 +53,7 @@ TEST(Thumbnail, KeepsProportionsAndColours) {
         std::string jpeg = folder.Write("a.jpg", JpegOf(width, height));
         EXPECT_EQ(Summary(ThumbnailBmp(jpeg, {240, 180})).substr(0, wanted.size()), wanted);
     }
-    // A thumbnail is itself a picture that can be made smaller; the top half of the picture is red.
+    // A thumbnail is itself a picture that can be reduced. The top half of the picture is red.
     std::string large = ThumbnailBmp(folder.Write("b.jpg", JpegOf(2000, 1000)), {200, 200});
     EXPECT_EQ(Summary(large), "200x100 0,0,254");
     EXPECT_EQ(Summary(ThumbnailBmp(folder.Write("b.bmp", large), {10, 10})), "10x5 0,0,254");
@@ -61,7 +61,7 @@ TEST(Thumbnail, KeepsProportionsAndColours) {
 
 TEST(Thumbnail, RefusesWhatCannotBeShown) {
     std::string jpeg = JpegOf(640, 480), huge = jpeg;
-    // The size that its header announces: height and width stand behind the frame's mark.
+    // The size in its header: height and width follow the frame's mark.
     huge.replace(jpeg.find("\xFF\xC0") + 5, 4, "\xFF\xDC\xFF\xDC");
     const std::pair<std::string, std::string> cases[] = {
         {"", "is neither a JPEG nor a BMP file"},

@@ -124,8 +124,8 @@ TEST_P(FmoExportTest, TwoExportsAtOnceBothArrive) {
     }
 }
 
-/// What a table keeps of an entity: x and y as it holds them, the closed flag of lines of at least three
-/// vertices, values by name; an empty key becomes the handle.
+/// The stored form of an entity in a table: x and y, the closed flag of lines with at least three vertices,
+/// values by name. The handle replaces an empty key.
 std::string Kept(Entity entity) {
     std::string text = entity.kindCode() == Kind::Polyline ? "line" : "point";
     bool line = entity.kindCode() == Kind::Polyline;
@@ -183,7 +183,7 @@ TEST_P(FmoExportTest, WhatWasExportedComesBack) {
 
 VEXLATOR_ON_EACH_DATABASE(FmoExportTest);
 
-/// Exports that make their own definitions and database files.
+/// Exports that create their own definitions and database files.
 class DatabaseFileTest : public FmoExportTest {
 protected:
     void AddLayers() {

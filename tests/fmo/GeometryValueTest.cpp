@@ -11,7 +11,7 @@ namespace vexlator::formats {
 
 using Points = std::vector<util::PlanePoint>;
 
-/// A value made by hand from its numbers.
+/// A value made from its numbers.
 std::string ValueOf(std::initializer_list<float> numbers, std::size_t bytesBehind = 1) {
     std::string value;
     for (float number : numbers) {

@@ -49,7 +49,7 @@ TEST_P(FmoImportTest, WhatEndsTheImportOfAPointTable) {
     Define("NOTABLE", "TABLE=NOTABLE\nEAST=E\nNORTH=N\nKEY=ID\n");
     EXPECT_EQ(Import(folder_ / "FMO/VALVES.FMO", "|NOCOLUMN.FMO|NOTABLE.FMO").status,
               config::Outcome::Status::Failed);
-    EXPECT_EQ(ui_.reports[0], "VALVES: row 3, key 9: a coordinate is no number");
+    EXPECT_EQ(ui_.reports[0], "VALVES: row 3, key 9: a coordinate is not a number");
     ASSERT_EQ(ui_.messages.size(), 3U);
     const char* const reasons[] = {"No Records Returned\nSELECT E,N,ID,* FROM VALVES", "MISSING",
                                    "there is no table"};
@@ -88,7 +88,7 @@ TEST_P(FmoImportTest, GeometryValuesBecomePolylines) {
     EXPECT_EQ(Import(folder_ / "FMO/PIPES.FMO").status, config::Outcome::Status::Failed);
     EXPECT_EQ(ui_.messages, Texts{});
     EXPECT_EQ(ui_.reports.back(),
-              (folder_ / "out/PIPES.VDF") + " is as it was: nothing was read that could replace it");
+              (folder_ / "out/PIPES.VDF") + " is unchanged: nothing was read that could replace it");
 }
 
 VEXLATOR_ON_EACH_DATABASE(FmoImportTest);

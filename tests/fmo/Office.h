@@ -41,7 +41,7 @@ protected:
         symbol.saveAs(folder_ / "Symbols/DEFAULT.VDF");
     }
     bool IsServer() const { return GetParam() == DatabaseKind::PostgreSql; }
-    /// The keys of [DEF] that lead to the test's database.
+    /// The keys of [DEF] for the test's database.
     std::string DatabaseKeys() const {
         if (!IsServer()) return "MDB=" + (folder_ / "test.mdb") + "\n";
         database::ConnectionString server(OnEachDatabase::ConnectionString());

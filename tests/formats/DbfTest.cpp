@@ -94,8 +94,8 @@ TEST(DbfTable, ReadsWhatIsThere) {
     EXPECT_EQ(table.Fields()[0].name, "NAME");
     auto value = [&](std::int64_t n) { return DbfTable::Value(table.Record(n), table.Fields()[0]); };
     EXPECT_EQ(value(1), "ab");
-    EXPECT_EQ(value(2), "c");  // deleted records are read, NULs are blanks
-    EXPECT_EQ(value(3), "x");  // cut off by the end of the file
+    EXPECT_EQ(value(2), "c");  // deleted records are read, NULs become blanks
+    EXPECT_EQ(value(3), "x");  // truncated at the end of the file
     EXPECT_EQ(value(4), "");
     EXPECT_EQ(value(0), "");
     EXPECT_EQ(value(-2147483648LL), "");

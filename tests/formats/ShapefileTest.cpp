@@ -29,7 +29,7 @@ std::string Doubles(std::vector<double> values) {
     return {reinterpret_cast<const char*>(values.data()), values.size() * 8};
 }
 
-/// What a writer makes of some records, as bytes.
+/// The bytes that a writer makes of some records.
 struct Files {
     template <typename Add>
     explicit Files(Add add) {
@@ -53,7 +53,7 @@ TEST(ShapefileWriter, WritesTheDocumentedBytes) {
         writer.AddPoint({0, 900});  // a coordinate of 0 does not move the box
         std::vector<PlanePoint> ring{{1, 2}, {1, 4}, {3, 4}, {1, 2}};
         writer.AddPolygon(ring);
-        writer.AddPolyline(ring);  // does not take the header's type back from 5
+        writer.AddPolyline(ring);  // does not change the header's type 5
     });
     std::string fixed = Hex(Doubles({1, 2, 5, 7, 9999999, 9999999, -9999999, -9999999}));
     EXPECT_EQ(Hex(files.shp.substr(0, 100)),
@@ -125,10 +125,10 @@ TEST(ShapefileReader, TheIndexEndsTheReading) {
     Files zero = files;
     zero.shx.replace(108, 4, std::string(4, '\0'));
     EXPECT_EQ(count(zero), 1);
-    Files longer = files;  // entries behind the end that the header gives
+    Files longer = files;  // entries after the end in the header
     longer.shx += longer.shx.substr(100, 16);
     EXPECT_EQ(count(longer), 3);
-    Files unsure = files;  // a header that cannot be right
+    Files unsure = files;  // an impossible header
     unsure.shx.replace(24, 4, std::string(4, '\0'));
     EXPECT_EQ(count(unsure), 3);
     Files empty = files;

@@ -11,16 +11,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Trails in degrees, which pass through unchanged.
+/// Trails in degrees, which are not converted.
 class Gpx : public test::InstallationTest {
 protected:
     Gpx() { run.WriteIni("GPS", "TRANSFORMATION", folder.Write("LatLng.dat", "x")); }
-    /// The GPX file made of a trail.
+    /// The GPX file of a trail.
     std::string Convert(const std::string& trail) {
         frmGPX(run).ConvertTrailFile(folder.Write("Day.GXY", trail));
         return util::ReplaceAll(test::TempFolder::Read(folder / "Day.GPX"), "\r\n", "\n");
     }
-    /// Definitions that convert some points only.
+    /// Definitions that convert only some points.
     void UseNationalGrid() { run.WriteIni("GPS", "TRANSFORMATION", folder.Write("grid.dat", "EPSG:27700")); }
     void BeStrict() { run.WriteIni("GPX", "Strict", "1"); }
     static std::size_t Count(const std::string& text, const std::string& part) {

@@ -6,6 +6,7 @@
 #include "drawing/Drawing.h"
 #include "formats/gml/GmlReader.h"
 #include "import/gml/GmlEntities.h"
+#include "import/gml/GmlFile.h"
 #include "import/gml/frmFromGML.h"
 #include "support/Installation.h"
 #include "util/Numbers.h"
@@ -35,7 +36,7 @@ inline std::string Gzip(std::string_view bytes) {
     return packed;
 }
 
-/// An installation with GML files, and what their import gives.
+/// An installation with GML files, and the results of their import.
 struct GmlOffice : Installation {
     GmlOffice() {
         Ini("");
@@ -51,7 +52,7 @@ struct GmlOffice : Installation {
         imported.open(outcome.target);
         return outcome;
     }
-    /// The entities of a file of these bytes, one a line; messages of earlier files are forgotten.
+    /// The entities of a file with these bytes, one per line. Messages of earlier files are cleared.
     std::string Import(std::string_view bytes, std::optional<bool> fullRings = std::nullopt) {
         imported.clear();
         ui.messages.clear();
@@ -59,9 +60,12 @@ struct GmlOffice : Installation {
                                                   {.fullRings = fullRings, .axisCount = coords::AxisCount});
         importer::GmlEntities entities(run, imported);
         entities.BeginFile(gml.lineLayout);
-        gml.reader->ReadFeatures(
-            [&](const formats::GmlFeature& feature) { entities.Add(feature, gml.reader->Consumed()); });
-        damage = entities.FirstDamage();
+        importer::GmlCounts counts;
+        gml.reader->ReadFeatures([&](const formats::GmlFeature& feature) {
+            counts.Count(feature);
+            entities.Add(feature, gml.reader->Consumed());
+        });
+        damage = counts.firstDamage;
         return Entities();
     }
     std::string Entities() {
@@ -80,7 +84,7 @@ struct GmlOffice : Installation {
         return line;
     }
 
-    std::string damage;  ///< why the first feature was left out that was, with its line
+    std::string damage;  ///< why the first of the left-out features was left out, with its line
     drawing::Drawing imported;
 };
 

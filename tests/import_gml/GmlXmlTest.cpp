@@ -155,7 +155,7 @@ TEST(GmlXml, Encodings) {
     EXPECT_EQ(office.Import(wide), "F * 1,2 n=\xC3\xA9\xC3\xA9\n");
 }
 
-/// Place and reason for which the file is refused, or a feature left out; "" when nothing is.
+/// Place and reason of a refused file, or of a left-out feature; "" if there is none.
 std::string Refusal(GmlOffice& office, const std::string& bytes) {
     try {
         office.Import(bytes);
@@ -186,7 +186,7 @@ TEST(GmlXml, WhatIsRefused) {
         {"no GML at all", "Start tag expected"},
         {good + "more", "Extra content"},
         {good + good, "line 2: "},
-        {good + std::string("\n\0", 2), "goes on behind the end"},
+        {good + std::string("\n\0", 2), "continues after the end"},
         {"<c a='1' a='2'/>", "Attribute a redefined"},
         {"<c>]]></c>", "']]>' not allowed"},
         {"<?xml version='1.0' encoding='UTF-8'?><c>\xE9</c>", "not proper UTF-8"},
@@ -195,7 +195,7 @@ TEST(GmlXml, WhatIsRefused) {
         {line("1 2 3 nan"), "\"nan\" is not a coordinate"},
         {line("1 2 3"), "line 3: the last of 2 points lacks values"},
         {line(std::string(5000, '1')), "more than 4,096 characters"},
-        {Member(Gml("Point", Gml("coordinates", "1"))), "has one value only"},
+        {Member(Gml("Point", Gml("coordinates", "1"))), "has only one value"},
         {Member(Line("1 2", " srsDimension='1000000'")), "srsDimension"},
         {"<c a='" + large + "'/>", "a tag or comments of more than 64 KB"},
         {"<c><!--" + large + "--></c>", "more than 1 MB"},
@@ -243,7 +243,7 @@ TEST(GmlXml, WhatIsWellFormed) {
               "F * 1,2\n");
 }
 
-/// Blocks of a document that is one text.
+/// Blocks of a document with one long text.
 struct LongText : formats::ByteBlocks {
     std::string_view Next() override {
         if (count == 0) return std::exchange(end, "");
@@ -274,7 +274,7 @@ TEST(GmlXml, LongTextComesInPieces) {
 }
 
 TEST(GmlXml, TextMayBeCutAnywhere) {
-    // Longer than a block, so that blocks end within numbers and names.
+    // Longer than a block, so that blocks end inside numbers and names.
     std::string members, entities;
     for (int i = 0; i < 9000; ++i) {
         std::string n = std::to_string(i);

@@ -66,7 +66,7 @@ TEST(LineLayout, TypesHaveLayersColoursAndSymbols) {
     });
     EXPECT_EQ(seen, "Tree 255 255 TREE; Post 3 7 default; Tree 255 255 TREE; ");
     EXPECT_NE(office.imported.findLayer("None"), nullptr);
-    EXPECT_EQ(office.ui.reports.size(), 1U);  // one feature has no coordinates
+    EXPECT_EQ(office.ui.reports.size(), 1U);  // one feature lacks coordinates
 }
 
 /// A well-formed file in the line layout.

@@ -18,7 +18,7 @@ using config::Outcome;
 using drawing::Entity;
 
 struct Office : test::ImportOffice<importer::frmFromMID> {
-    /// Imports one file of these objects, with the columns A and B.
+    /// Imports one file with these objects and the columns A and B.
     std::string Objects(const std::string& objects, const std::string& mid, const std::string& header = "") {
         folder.Write("CODE.MIF",
                      "Version 300\n" + header + "Columns 2\n  A Char(10)\n  B Integer\nData\n\n" + objects);
@@ -80,7 +80,7 @@ TEST(MifImport, ExtendedTakesMoreKindsOfObjects) {
         << text;
 }
 
-/// Long enough a row to end a chunk of the drawing's file.
+/// A row long enough to end a chunk of the drawing's file.
 TEST(MifImport, PartsOfACollectionShareALongRow) {
     Office run;
     run.Ini("[MIDIN]\nExtended=1\n");

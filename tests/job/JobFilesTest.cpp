@@ -22,7 +22,7 @@ protected:
         source = drawing.properties()[0].second;
         return test::EntityTexts(drawing);
     }
-    std::string source;  ///< of the drawing that Saved() opened
+    std::string source;  ///< from the drawing that Saved() opened
     void SetUp() override { fs::create_directories(folder / "out"); }
 };
 
@@ -34,7 +34,7 @@ TEST_F(JobFiles, GoIntoOneDrawing) {
     EXPECT_EQ(outcome.status, Status::Failed) << "D.JOB is empty";
     EXPECT_EQ(outcome.features, 4U);
     EXPECT_EQ(outcome.layers, 2U);
-    // Point numbers count for each job file by itself.
+    // Each job file has its own point numbers.
     const std::string last = "VDINSERT NONE c3 (3,3,0) [default] {FOID=1}";
     EXPECT_EQ(Saved("a.VDF"), (std::vector<std::string>{
                                   "VDINSERT NONE c2 (1,1,0) [default] {FOID=1}",
@@ -42,7 +42,7 @@ TEST_F(JobFiles, GoIntoOneDrawing) {
     EXPECT_EQ(source, folder / "in/a.job");
     EXPECT_EQ(ui.labels[ui.labels.size() - 2], "1 positions, 1 entities");
     EXPECT_EQ(ui.labels.back(), "Completed!");
-    EXPECT_EQ(ui.messages, std::vector{folder / "in/D.JOB: holds no position of a device job to import"});
+    EXPECT_EQ(ui.messages, std::vector{folder / "in/D.JOB: contains no position of a device job to import"});
 }
 
 TEST_F(JobFiles, OptionsComeFromTheConfiguration) {

@@ -11,8 +11,7 @@
 
 namespace vexlator::test {
 
-/// Everything that matters of an entity in one line, as in
-/// "VDINSERT TREE c5 (1,2,0) [TREE] {ID=7;KIND=oak}".
+/// The relevant data of an entity in one line, as in "VDINSERT TREE c5 (1,2,0) [TREE] {ID=7;KIND=oak}".
 inline std::string EntityText(const drawing::Entity& entity) {
     std::string text = std::string(entity.kind()) + " " + entity.layerName() + " c" +
                        std::to_string(entity.style().colour) + " ";

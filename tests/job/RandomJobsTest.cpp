@@ -13,7 +13,7 @@ using namespace formats;
 
 namespace {
 
-/// Small jobs in which everything meets everything: few numbers, few codes, many of them alike.
+/// Small jobs with all combinations: few numbers, few codes, many of them equal.
 class RandomJob {
 public:
     explicit RandomJob(unsigned seed) : random_(seed), tidy_(seed % 2 == 0) {}
@@ -88,7 +88,7 @@ protected:
         drawing.setActiveLayer("REFLINE");
         drawing.addPoint({});
     }
-    /// What one or two jobs make of a drawing, as text.
+    /// The drawing of one or two jobs, as text.
     std::string Import(unsigned seed) {
         RandomJob job(seed);
         drawing::Drawing drawing;
@@ -113,9 +113,8 @@ private:
     std::unique_ptr<ui::FormView> view_ = ui.ShowForm("");
 };
 
-/// What a job becomes changes only when somebody means it to. The digests were taken when a second importer,
-/// which searched a plain table for every rule, made the same drawings; a change that is meant takes them
-/// anew.
+/// The drawing of a job must change only on purpose. The digests were taken when a second importer, which
+/// searched a plain table for every rule, made the same drawings. Take them anew for an intended change.
 TEST_F(RandomJobs, BecomeWhatTheyAlwaysDid) {
     constexpr unsigned seedsEach = 250;
     const std::uint64_t digests[] = {0x55257de7696e3ef0, 0x59f8de9a6ba0ceb2, 0xc57736696c6f026d,

@@ -141,7 +141,7 @@ TEST(MappedFile, ShortenedWhileItIsRead) {
         if (::truncate(path.c_str(), 0) != 0) return;
         std::exit(file.Text()[1 << 19]);
     };
-    EXPECT_EXIT(readOn(), testing::ExitedWithCode(1), "made shorter by another program");
+    EXPECT_EXIT(readOn(), testing::ExitedWithCode(1), "Another program shortened a file");
 }
 
 TEST(MappedFile, OnlyRegularFiles) {

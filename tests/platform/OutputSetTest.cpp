@@ -86,7 +86,7 @@ TEST(OutputSet, LeavesFoldersThatHoldMoreOrAreNoPlainFolders) {
 TEST(OutputSet, AbandonedFoldersOfASwapGo) {
     TempFolder top;
     top.Write(".map.1-0.vxtmp/map.GRP", "half");
-    // Killed after the swap; somebody had put a photo into the folder just before.
+    // Killed after the swap. Another program had put a photo into the folder just before.
     top.Write(".plan.1-0.vxtmp/.replaced.vxtmp", std::string("plan\0plan.GRP\0", 14));
     top.Write(".plan.1-0.vxtmp/plan.GRP", "old");
     top.Write(".plan.1-0.vxtmp/photo.jpg", "theirs");
@@ -109,16 +109,16 @@ TEST(OutputSet, AFailureBringsTheOldFilesBack) {
     fs::remove(folder / "b");
     fs::create_directory(folder / "b");
     EXPECT_EQ(test::ErrorOf<WriteError>([&] { set.Commit(); }),
-              folder / "b" + ": Is a directory; all files are as they were");
+              folder / "b" + ": Is a directory; all files are unchanged");
     EXPECT_EQ(TempFolder::Read(folder / "a"), "old a");
     EXPECT_EQ(TempFolder::Read(folder / "C"), "old c");
     EXPECT_EQ(ListFiles(folder.Path()), (std::vector<std::string>{"a", "C"}));
 }
 
-/// What a run that was killed leaves of the set a, b (which had no old file), c, after the first had moved.
+/// The leftovers of a killed run with the set a, b (which had no old file), c, after the first had moved.
 struct KilledRun {
-    std::string what, a, b, c;           ///< afterwards
-    std::string lastTexts = "whole 0|";  ///< of the list; | stands for NUL
+    std::string what, a, b, c;           ///< state afterwards
+    std::string lastTexts = "whole 0|";  ///< text of the list; | stands for NUL
     std::function<void(const TempFolder&)> meanwhile = [](const TempFolder&) {};
     std::string told = {};
 };
@@ -128,8 +128,8 @@ TEST(OutputSet, TheNextRunEndsTheMoveOfAKilledOne) {
         return [name](const TempFolder& folder) { folder.Write(name, "theirs"); };
     };
     const std::string came =
-        ": came after a run was killed while it replaced files here; it stays, and no file "
-        "of that run does";
+        ": is newer than a run that was killed while it replaced files here. This file stays. "
+        "The files of that run are removed";
     const KilledRun cases[] = {
         {"finished", "new", "new", "new"},
         {"the list never became whole", "new", "", "old", ""},

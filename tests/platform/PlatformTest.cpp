@@ -100,9 +100,9 @@ TEST(CodePages, DecoderNames) {
         {"65001", "\xC3\xA9", "\xC3\xA9"},
         {" UTF-8\r\n", "\xC3\xA9", "\xC3\xA9"},
         {"BIG5", "\xA4\xA4", "\xE4\xB8\xAD"},
-        {"WindowsVietnamese", "c\xE2", "c\xC3\xA2"},  // a letter that an accent may follow, at the end
+        {"WindowsVietnamese", "c\xE2", "c\xC3\xA2"},  // a letter at the end that an accent can follow
         {"Neutral", "\xE9", "\xC3\xA9"},
-        {"ISO-2022-JP", "\x1B$B0!\x1B(B", "\xE4\xBA\x9C"},  // seven bits, yet not ASCII
+        {"ISO-2022-JP", "\x1B$B0!\x1B(B", "\xE4\xBA\x9C"},  // seven bits, but not ASCII
     };
     for (const auto& c : cases) {
         Decoder decoder(c.name);

@@ -19,7 +19,7 @@ namespace {
 using drawing::Drawing;
 using drawing::Point;
 
-/// Texts need an application; none of it needs a display.
+/// Texts need an application, but no display.
 class Application : public testing::Environment {
 public:
     void SetUp() override {
@@ -36,7 +36,7 @@ private:
 };
 const testing::Environment* const application = testing::AddGlobalTestEnvironment(new Application);
 
-constexpr int side = 100;  // of the pictures, in pixels and in ground units
+constexpr int side = 100;  // size of the pictures, in pixels and in ground units
 
 QImage Picture(const Scene& scene, const PaintOptions& options = {}) {
     QImage image(side, side, QImage::Format_RGB32);
@@ -45,7 +45,7 @@ QImage Picture(const Scene& scene, const PaintOptions& options = {}) {
     return image;
 }
 
-/// The drawing of features that are JSON but for their double quotes.
+/// The drawing of features in JSON with single quotes.
 Scene SceneOf(std::string features, std::string description = "") {
     std::string json =
         "{'type':'FeatureCollection','drawing':{" + description + "},'features':[" + features + "]}";
@@ -59,7 +59,7 @@ std::string Feature(const std::string& vdf) {
 }
 
 struct Probe {
-    double x, y;  ///< on the ground
+    double x, y;  ///< in ground units
     Argb colour;
 };
 
@@ -148,7 +148,7 @@ TEST(Render, ShowsEntitiesAsTheirStyleSays) {
     }
 }
 
-/// The box of all that is not white, on the ground.
+/// The box of everything that is not white, on the ground.
 Box InkOf(const QImage& image) {
     Box ink{side, side, 0, 0};
     for (int y = 0; y < side; ++y)
@@ -272,7 +272,7 @@ TEST(Render, LeavesStrayFeaturesOutOfAMap) {
     UsualExtent usual = FindUsualExtent(SceneOfDrawing(drawing, {}));
     EXPECT_EQ(usual.outside, 1U);
     EXPECT_EQ(usual.extent, (Box{0, 0, 7, 7}));
-    // Half of the features somewhere else are no strays.
+    // If half of the features are elsewhere, they are not strays.
     for (int i = 0; i < 60; ++i) drawing.addPoint({double(i % 8), 400000.0 + i / 8, 0});
     EXPECT_EQ(FindUsualExtent(SceneOfDrawing(drawing, {})).extent.maxX, 500000);
 }

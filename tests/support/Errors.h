@@ -8,7 +8,7 @@
 
 namespace vexlator::test {
 
-/// What the error of an action says; "" when there is none.
+/// The text of an action's error; "" if there is none.
 template <typename Error = platform::ReadError, typename Action>
 std::string ErrorOf(Action action) {
     try {

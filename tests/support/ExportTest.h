@@ -16,15 +16,14 @@ namespace vexlator::test {
 
 using Attributes = std::vector<std::pair<std::string, std::string>>;
 
-/// A drawing, an installation without settings, and the folder "out" that an export writes to on 5 March
-/// 2024.
+/// A drawing, an installation without settings, and the target folder "out" of an export on 5 March 2024.
 class ExportTest : public InstallationTest {
 protected:
     ExportTest() { std::filesystem::create_directories(folder / "out"); }
     void Template(const std::string& code, const std::string& lines) {
         Installation::Template(code, "[26,09]\r\n" + lines);
     }
-    /// Puts what is added next on that layer.
+    /// Puts later additions on that layer.
     drawing::Drawing& On(std::string_view layer) {
         drawing.setActiveLayer(layer);
         return drawing;

@@ -4,6 +4,7 @@
 
 #include "config/Outcome.h"
 #include "drawing/Drawing.h"
+#include "support/DefaultSymbol.h"
 #include "support/Installation.h"
 
 #include <filesystem>
@@ -13,27 +14,24 @@
 
 namespace vexlator::test {
 
-/// An installation for an import, with a folder for its files, and the drawing that came of it.
+/// An installation for an import, with a folder for its files, and the imported drawing.
 template <typename Form>
 struct ImportOffice : Installation {
     ImportOffice() {
         Ini("");
-        std::filesystem::create_directories(folder / "Symbols");
         std::filesystem::create_directories(folder / "ATP");
-        drawing::Drawing symbol;
-        symbol.addCircle({}, 1);
-        symbol.saveAs(folder / "Symbols/DEFAULT.VDF");
+        WriteDefaultSymbol(folder);
     }
 
-    /// Imports "A.EXT" or "A.EXT|B.EXT"; returns what Entities() does.
+    /// Imports "A.EXT" or "A.EXT|B.EXT"; returns the result of Entities().
     std::string Import(const std::string& files) {
         std::string first = files.substr(0, files.find('|'));
         outcome = Form(run).Start(folder / first, folder.Path(), files.substr(first.size()));
-        if (outcome.target.empty()) return "";  // the drawing that was there stays
+        if (outcome.target.empty()) return "";  // an existing drawing stays
         drawing.open(outcome.target);
         return Entities();
     }
-    /// Every entity on a line: layer, kind, vertices, then its attributes.
+    /// Every entity in one line: layer, kind, vertices, then its attributes.
     std::string Entities() {
         std::ostringstream text;
         text.precision(12);

@@ -30,8 +30,8 @@ inline ShellResult RunShell(const TempFolder& folder, const std::string& command
             TempFolder::Read(folder / "stderr.txt")};
 }
 
-/// Runs an action in some processes of its own, each with its number; it must come true in all of them. They
-/// start when the last is there.
+/// Runs an action in several processes, each with its number. It must return true in all of them. They start
+/// when the last one exists.
 inline void RunAtOnce(int processes, const std::function<bool(int)>& action) {
     int gate[2];
     ASSERT_EQ(::pipe(gate), 0);
@@ -52,7 +52,7 @@ inline void RunAtOnce(int processes, const std::function<bool(int)>& action) {
     }
 }
 
-/// Lets no file grow beyond `bytes` while it lives, as a full disk would: writes fail late.
+/// Limits files to `bytes` during its lifetime, like a full disk: writes fail late.
 class SmallDisk {
 public:
     explicit SmallDisk(rlim_t bytes) {

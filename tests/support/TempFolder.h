@@ -11,7 +11,7 @@
 
 namespace vexlator::test {
 
-/// A new empty folder that goes with the object.
+/// A new empty folder. The destructor deletes it.
 class TempFolder {
 public:
     TempFolder() {
@@ -28,7 +28,7 @@ public:
     const std::string& Path() const { return path_; }
     std::string operator/(std::string_view name) const { return path_ + "/" + std::string(name); }
 
-    /// Writes a file below the folder and returns its path.
+    /// Writes a file in the folder and returns its path.
     std::string Write(std::string_view name, std::string_view content) const {
         std::string path = *this / name;
         std::filesystem::create_directories(std::filesystem::path(path).parent_path());

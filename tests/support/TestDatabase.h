@@ -30,7 +30,7 @@ protected:
         return connectionString_.empty() ? database::SqliteConnectionString(folder_ / "test.sqlite")
                                          : connectionString_;
     }
-    /// Every row of a query, its values as text with "|" between them.
+    /// Every row of a query, with "|" between its values as text.
     std::vector<std::string> Rows(const std::string& query) const {
         database::Connection connection(ConnectionString());
         database::Statement statement(connection, query);

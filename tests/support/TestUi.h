@@ -10,7 +10,7 @@
 
 namespace vexlator::test {
 
-/// Records what the person would have seen and answers from a list (No when it is empty).
+/// Records the messages to the user, and answers from a list (No if it is empty).
 class TestUi : public ui::UserInterface {
 public:
     std::vector<std::string> messages, questions, reports, labels;

@@ -11,7 +11,7 @@
 namespace vexlator::ui {
 namespace {
 
-/// A terminal whose both ends are files.
+/// A terminal with files at both ends.
 class Terminal {
 public:
     explicit Terminal(TerminalInterface::Options options, std::string_view typed = "") {
@@ -23,7 +23,7 @@ public:
         std::fclose(input_);
         std::fclose(output_);
     }
-    /// What was shown since the last call.
+    /// The output since the last call.
     std::string Shown() {
         std::string text;
         std::fseek(output_, seen_, SEEK_SET);

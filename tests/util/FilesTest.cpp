@@ -32,7 +32,8 @@ TEST(LineReader, LineEnds) {
 TEST(LineReader, CostGrowsWithTheText) {
     std::string text;
     for (int i = 0; i < 2'000'000; ++i) text += "x\r";
-    EXPECT_EQ(Lines(text).size(), 2'000'000U);  // would take hours if each line looked for a far line feed
+    EXPECT_EQ(Lines(text).size(),
+              2'000'000U);  // would take hours if each line searched for a distant line feed
 }
 
 TEST(Files, Patterns) {

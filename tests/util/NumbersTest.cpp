@@ -91,8 +91,8 @@ TEST(Numbers, FixedDecimals) {
     }
 }
 
-// The quick way for common values and the exact way for halves and large values must meet: a number made of
-// whole thousandths and a tail is rounded as its digits say.
+// The fast path for common values and the exact path for halves and large values must agree: a number made of
+// whole thousandths and a tail is rounded by its digits.
 TEST(Numbers, FixedDecimalsOfManyValues) {
     std::mt19937_64 random(7);
     for (int i = 0; i < 200'000; ++i) {

@@ -14,7 +14,7 @@ namespace vexlator::util {
 using Numbers = std::vector<int>;
 using NumbersAhead = ReadAhead<Numbers>;
 
-/// Fills batches of `size` with 0, 1, 2 ...; those before `end` come, and then an error when `fails`.
+/// Fills batches of `size` with 0, 1, 2 ... up to `end`, then throws an error if `fails`.
 NumbersAhead::Fill CountTo(int end, int size, bool fails = false) {
     return [=, next = 0](Numbers& batch) mutable {
         for (batch.clear(); static_cast<int>(batch.size()) < size; batch.push_back(next++)) {

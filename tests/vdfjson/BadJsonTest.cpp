@@ -9,7 +9,7 @@ namespace vexlator::test {
 
 namespace {
 
-/// What loading fails with; "" when it succeeds.
+/// The error of loading; "" if it succeeds.
 std::string ErrorOf(std::string_view json) {
     drawing::Drawing drawing;
     return test::ErrorOf([&] { Load(json, drawing); });
@@ -37,7 +37,7 @@ TEST(BadJson, ErrorsNamePlaceAndReason) {
         {"{\"features\":[],\"features\":[]}", "byte 26: a second member \"features\""},
         {"{type:1}", "byte 1: a member's name in double quotes is expected here"},
         {"{\"type\":\"Topology\",\"features\":[]}",
-         "feature 1 at byte 0: geometry.type: \"Topology\" is no type of geometry"},
+         "feature 1 at byte 0: geometry.type: \"Topology\" is not a type of geometry"},
         {features("{}{}"), "byte 42: a comma or the closing bracket is missing"},
         {features("{},7"), "feature 2 at byte 43: is not an object"},
         {features("{\"id\":}"),
@@ -59,7 +59,7 @@ TEST(BadJson, ErrorsNamePlaceAndReason) {
          "feature 1 at byte 40: geometry.geometries: is not an object"},
         {drawing("\"layers\":[{\"frozen\":true}]"), "byte 38: drawing.layers: holds a layer without a name"},
         {drawing("\"properties\":[[\"a\"]]"),
-         "byte 38: drawing.properties: holds something else than [name, value]"},
+         "byte 38: drawing.properties: holds something other than [name, value]"},
     };
     for (const Case& c : cases) EXPECT_EQ(ErrorOf(c.json), c.error) << c.json;
 }

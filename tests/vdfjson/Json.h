@@ -26,7 +26,7 @@ inline std::string LoadAndDump(std::string_view json) {
     return Dump(drawing);
 }
 
-/// A document of these features, laid out as a dump has it.
+/// A document of these features in the layout of a dump.
 inline std::string Document(std::string_view features, std::string_view layers = "",
                             std::string_view properties = "", std::string_view activeLayer = "0",
                             std::string_view blocks = "") {

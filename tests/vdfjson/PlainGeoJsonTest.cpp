@@ -75,7 +75,7 @@ TEST(PlainGeoJson, PropertiesBecomeTextInOrder) {
     EXPECT_EQ(found, expected);
 }
 
-/// Exports take values by their position.
+/// Exports use values by their position.
 TEST(PlainGeoJson, FeaturesOfALayerHaveTheSameNames) {
     drawing::Drawing drawing;
     Load(

@@ -12,7 +12,7 @@ namespace {
 
 class VdfJsonProgram : public ::testing::Test {
 protected:
-    /// Runs a command of the shell in which $V is the program, in the test's folder.
+    /// Runs a command of the shell with the program as $V, in the test's folder.
     ShellResult Shell(const std::string& command) {
         return RunShell(folder_, "V='" VDFJSON_PROGRAM "'; " + command);
     }

@@ -25,7 +25,7 @@ std::string Plain(std::string kind, std::string_view own) {
     return "\"kind\":\"" + kind + "\"," + std::string(common) + std::string(own) + ",";
 }
 
-/// A symbol with its content.
+/// A symbol with contents.
 std::string Block(std::string_view name, std::string_view blocks, std::string_view entities) {
     std::string json = "\n  {\"name\":\"" + std::string(name) + "\",\"properties\":[],";
     json += "\n            \"layers\":[{\"name\":\"0\",\"frozen\":false,\"colour\":7}],";
@@ -81,7 +81,7 @@ TEST(RoundTrip, MembersLeftOutHaveTheirDefaults) {
     const std::pair<std::string, std::string> cases[] = {
         {R"({})", point},
         {R"({"kind":"VDINSERT","layer":null})", Feature("1", origin, insert)},
-        // Members that mean nothing for the kind, repeated and unknown ones.
+        // Members without a meaning for the kind, repeated and unknown ones.
         {R"({"kind":"VDPOINT","radius":5,"text":"x","colour":1,"colour":7,"more":[{}]})", point},
     };
     for (const auto& [vdf, feature] : cases)
@@ -179,7 +179,7 @@ TEST(RoundTrip, IdsAreKeptWhenTheyAreFreeHandles) {
     EXPECT_EQ(handles, (std::vector<std::string>{"FF", "100", "101", "3", "102", "103", "104"}));
 }
 
-/// Symbols that others made may be anything.
+/// Symbols of other programs can have any contents.
 TEST(RoundTrip, ABlockThatIsNoDrawingKeepsItsName) {
     drawing::Drawing drawing;
     drawing.addBlock({"odd", "no drawing"});
@@ -188,7 +188,7 @@ TEST(RoundTrip, ABlockThatIsNoDrawingKeepsItsName) {
         drawing, [&](std::string_view piece) { json += piece; },
         [&](std::string_view note) { notes += note; });
     EXPECT_EQ(json, Document("", "", "", "0", R"("odd")"));
-    EXPECT_TRUE(notes.starts_with("block \"odd\" is dumped by its name only: ")) << notes;
+    EXPECT_TRUE(notes.starts_with("block \"odd\" is written by its name only: ")) << notes;
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ namespace vexlator::workflow {
 
 namespace fs = std::filesystem;
 
-/// Bytes that do not become fewer when they are packed.
+/// Bytes that packing does not reduce.
 std::string Noise(std::size_t size) {
     std::string noise(size, ' ');
     std::minstd_rand random(7);
@@ -116,7 +116,7 @@ TEST_F(JobPackageTest, FailingHalfWayTakesBackWhatIsNew) {
     fs::create_directory_symlink("../outside", folder / "In/sub");
     EXPECT_TRUE(test::ErrorOf<platform::WriteError>([&] {
                     frmZip2(run).UnZipJobFolder(folder / "In.zip");
-                }).starts_with(folder / "In/old.txt" + ": is there already"));
+                }).starts_with(folder / "In/old.txt" + ": exists already"));
     EXPECT_EQ(test::TempFolder::Read(folder / "In/old.txt"), "before");
     EXPECT_FALSE(fs::exists(folder / "In/new.txt"));
     fs::remove(folder / "In/old.txt");

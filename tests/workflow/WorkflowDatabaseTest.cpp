@@ -26,7 +26,7 @@ Texts Sorted(Texts texts) {
 
 constexpr platform::DateTime morning{2024, 3, 5, 9, 7, 0}, evening{2024, 3, 5, 21, 0, 30};
 
-/// A session whose gv.ini names the database under test.
+/// A run whose gv.ini names the database under test.
 class WorkflowTest : public test::OnEachDatabase {
 protected:
     void SetUp() override {
@@ -95,7 +95,7 @@ TEST_P(WorkflowTest, SixteenExportsAtOnceLoseNoRow) {
     EXPECT_EQ(Rows(R"(SELECT count(*) FROM "ActionTbl")"), Texts{"16"});
     EXPECT_EQ(Rows(R"(SELECT count(*) FROM "JobHdr")"), Texts{"1"});
 
-    // The same where the workflow software made JobHdr, without a unique key.
+    // The same with a JobHdr made by the workflow software, without a unique key.
     database::Connection(ConnectionString()).Execute(R"(DROP TABLE "JobHdr")");
     database::Connection(ConnectionString())
         .Execute(
@@ -107,7 +107,7 @@ TEST_P(WorkflowTest, SixteenExportsAtOnceLoseNoRow) {
 
 VEXLATOR_ON_EACH_DATABASE(WorkflowTest);
 
-/// What the person is told when a database file cannot be used; no failure may reach the export.
+/// The user's messages if a database file cannot be used. No failure may affect the export.
 class WorkflowFileTest : public test::InstallationTest {
 protected:
     WorkflowFileTest() { installation.Settings().WorkFlowSystem = folder.Path(); }
@@ -146,7 +146,7 @@ TEST_F(WorkflowFileTest, TellsWhatIsWrongWithTheFile) {
                                  "JOB already Exported Error:there is no such table"}));
 }
 
-/// Gives root's rights up for a while, which read-only files do not bind.
+/// Gives up root's rights for a while, because read-only files do not bind root.
 class AsNobody {
 public:
     AsNobody() { EXPECT_TRUE(::geteuid() != 0 || ::seteuid(65534) == 0); }

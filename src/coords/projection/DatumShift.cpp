@@ -10,7 +10,7 @@ namespace vexlator::coords {
 
 namespace {
 
-/// The angle from one direction to another that differs little; neither is of unit length.
+/// The angle between two directions that differ little. Their vectors need not have unit length.
 inline double SmallAngle(double fromX, double fromY, double toX, double toY) {
     return SmallArcTangent(Within(mostTangent, (fromX * toY - fromY * toX) / (fromX * toX + fromY * toY)));
 }
@@ -26,7 +26,7 @@ DatumShift::DatumShift(const Ellipsoid& source, const Ellipsoid& target, const H
     for (std::size_t row = 0; row < 3; ++row)
         for (std::size_t column = 0; column < 3; ++column) {
             forward_.rows[row][column] = helmert.scale * rotation[row][column];
-            // Rotations so small are undone by their transpose.
+            // The transpose undoes such small rotations.
             inverse_.rows[row][column] = rotation[column][row] / helmert.scale;
             inverse_.translation[row] -= inverse_.rows[row][column] * helmert.translation[column];
         }

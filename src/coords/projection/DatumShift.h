@@ -16,9 +16,9 @@ struct HelmertParameters {
     double scale = 1;
 };
 
-/// Longitude and latitude on one ellipsoid to those on another, through geocentric coordinates. Heights
-/// count, and stay as they are. Latitudes by B. R. Bowring, "Transformation from spatial to geographical
-/// coordinates", Survey Review 23 (1976).
+/// Longitude and latitude on one ellipsoid to those on another, through geocentric coordinates. Heights enter
+/// the computation and stay unchanged. Latitudes by B. R. Bowring, "Transformation from spatial to
+/// geographical coordinates", Survey Review 23 (1976).
 class DatumShift {
 public:
     DatumShift(const Ellipsoid& source, const Ellipsoid& target, const HelmertParameters& helmert);

@@ -9,7 +9,7 @@ struct Ellipsoid {
     double f = 0;  ///< flattening
 
     double PolarRadius() const { return a * (1 - f); }
-    /// Of the first eccentricity.
+    /// Square of the first eccentricity.
     double EccentricitySquared() const { return f * (2 - f); }
     double ThirdFlattening() const { return f / (2 - f); }
 };

@@ -7,8 +7,8 @@
 
 namespace vexlator::coords {
 
-/// A few points at a time, one array for each ordinate: what one loop of arithmetic takes. x and y are metres
-/// of a grid, or longitude and latitude in radians; the height is in metres.
+/// A few points at a time, one array for each ordinate: the input of one arithmetic loop. x and y are metres
+/// of a grid, or longitude and latitude in radians. The height is in metres.
 struct Lanes {
     static constexpr std::size_t count = 64;
     double x[count], y[count], height[count];
@@ -19,8 +19,8 @@ struct Lanes {
     }
 };
 
-/// `value` where it is within `most` on either side of 0, else not a number: what our own arithmetic leaves
-/// to the projection library.
+/// `value` if it is within `most` on either side of 0, else NaN, which leaves the point to the projection
+/// library.
 constexpr double Within(double most, double value) {
     return value >= -most && value <= most ? value : std::numeric_limits<double>::quiet_NaN();
 }

@@ -9,18 +9,17 @@
 
 #include <optional>
 
-/// The door to the arithmetic in this folder: others include this header alone.
+/// The interface to the arithmetic in this folder: other folders include only this header.
 namespace vexlator::coords {
 
-/// A grid: the transverse Mercator projection of a datum and, when there is one, the shift to another datum,
-/// in which longitudes and latitudes are.
+/// A grid: the transverse Mercator projection of a datum. Optionally a shift to another datum, to which
+/// longitudes and latitudes refer.
 class Projection {
 public:
     explicit Projection(const TransverseMercator::Parameters& grid, std::optional<DatumShift> shift = {})
         : grid_(grid), shift_(shift) {}
 
-    /// Longitude and latitude to easting and northing. Points outside what the arithmetic covers become not a
-    /// number.
+    /// Longitude and latitude to easting and northing. Points out of range become NaN.
     void ToGrid(Lanes& points) const;
     /// The inverse.
     void ToGeographic(Lanes& points) const;

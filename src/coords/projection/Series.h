@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// Elementary functions on the narrow ranges that a map projection needs. They are Taylor series cut where
-/// the rest is below 1e-17 and have neither branches nor calls, so that the compiler computes several points
-/// at once.
+/// Elementary functions on the narrow ranges of a map projection. They are Taylor series with a remainder
+/// below 1e-17. They have neither branches nor calls, so that the compiler computes several points at once.
 namespace vexlator::coords {
 
 /// first + x (second + x (third + ...))
@@ -16,15 +15,15 @@ constexpr double Polynomial(double x, double first, double second, More... more)
     return first + x * Polynomial(x, second, more...);
 }
 
-/// The sine and cosine of an angle, or the hyperbolic ones.
+/// The sine and cosine of an angle, or the hyperbolic sine and cosine.
 struct SineCosine {
     double sine, cosine;
 
-    /// Those of an angle twice as large.
+    /// The same for twice the angle.
     constexpr SineCosine Doubled() const { return {2 * sine * cosine, 1 - 2 * sine * sine}; }
 };
 
-/// Of an angle within a quarter turn, in radians.
+/// For an angle within a quarter turn, in radians.
 constexpr SineCosine SineCosineOf(double x) {
     double z = x * x;
     return {x * Polynomial(z, 1, -1.0 / 6, 1.0 / 120, -1.0 / 5040, 1.0 / 362880, -1.0 / 39916800,
@@ -44,7 +43,7 @@ constexpr SineCosine HyperbolicOf(double x) {
                    1.0 / 87178291200)};
 }
 
-/// How far the two functions below reach.
+/// Range of the two functions below.
 constexpr double mostTangent = 0.2;
 
 /// The inverse tangent; |t| <= mostTangent.

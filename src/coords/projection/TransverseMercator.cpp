@@ -46,7 +46,7 @@ TransverseMercator::TransverseMercator(const Parameters& parameters) : origin_(p
     northing_ = parameters.northing - radius_ * GridOf(0, parameters.latitude).re;
 }
 
-// Clenshaw's summation, written out: loops inside a loop are not vectorised.
+// Clenshaw's summation, unrolled, because compilers do not vectorise loops inside a loop.
 
 inline double TransverseMercator::Sum(const Harmonics& c, SineCosine twice) {
     double x = 2 * twice.cosine;

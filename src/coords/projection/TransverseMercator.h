@@ -12,8 +12,8 @@ namespace vexlator::coords {
 
 /// The transverse Mercator projection by Krueger's series to the sixth order in the third flattening, as in
 /// C. F. F. Karney, "Transverse Mercator with an accuracy of a few nanometers", Journal of Geodesy 85 (2011),
-/// with the direct series between geodetic and conformal latitude. It covers eleven degrees on either side of
-/// the central meridian, to a latitude of 83 degrees; points outside become not a number.
+/// with the direct series between geodetic and conformal latitude. Its range is eleven degrees on either side
+/// of the central meridian, up to a latitude of 83 degrees. Points outside become NaN.
 class TransverseMercator {
 public:
     struct Parameters {
@@ -37,13 +37,13 @@ private:
     };
 
     static double Sum(const Harmonics& harmonics, SineCosine twiceAngle);
-    /// For the angle xi + i eta: circular functions of 2 xi, hyperbolic ones of 2 eta.
+    /// For the angle xi + i eta: circular functions of 2 xi, hyperbolic functions of 2 eta.
     static Complex Sum(const Harmonics& harmonics, SineCosine twiceXi, SineCosine twiceEta);
     /// Northing and easting on the unit sphere, from the equator and the central meridian.
     Complex GridOf(double longitude, double latitude) const;
 
     Parameters origin_;
-    double radius_;                          ///< of the rectifying sphere, times the scale
+    double radius_;                          ///< radius of the rectifying sphere, times the scale
     double northing_;                        ///< of the equator
     Harmonics toSphere_, fromSphere_;        ///< Karney's alpha; beta, which is subtracted
     Harmonics toConformal_, fromConformal_;  ///< latitudes

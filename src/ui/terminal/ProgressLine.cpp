@@ -17,7 +17,7 @@ using namespace std::chrono_literals;
 constexpr std::string_view eraseLine = "\r\x1B[K";
 constexpr auto betweenLines = 100ms;
 constexpr auto betweenLooks = 20ms;
-/// Few enough that a conversion that becomes slow is still seen to move.
+/// Small enough to show the progress of a conversion that becomes slow.
 constexpr std::uint32_t mostCallsPerLook = 1024;
 
 void Put(std::FILE* stream, std::string_view text) {
@@ -28,7 +28,7 @@ void Put(std::FILE* stream, std::string_view text) {
 }  // namespace
 
 void ProgressLine::Show(std::string_view text) {
-    // A line that wrapped could not be erased.
+    // A wrapped line could not be erased.
     std::size_t most = platform::TerminalWidth(terminal_) - 1;
     Put(terminal_, std::string(eraseLine).append(platform::CutUtf8(text, most)));
     shown_ = true;

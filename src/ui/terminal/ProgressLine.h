@@ -17,7 +17,7 @@ class ProgressLine {
 public:
     explicit ProgressLine(std::FILE* terminal) : terminal_(terminal) {}
     void Show(std::string_view text);
-    /// Takes the line away, so that another can be written there.
+    /// Removes the line, so that another can be written in its place.
     void Erase();
 
 private:
@@ -25,8 +25,8 @@ private:
     bool shown_ = false;
 };
 
-/// Shows a conversion's feature code, count and rate on the progress line, at most ten times a second. The
-/// clock is looked at only once in many calls of Progress(), which otherwise costs a subtraction.
+/// Shows a conversion's feature code, count and rate on the progress line, at most ten times a second. Most
+/// calls of Progress() do not read the clock and cost only a subtraction.
 class ProgressView : public FormView {
 public:
     explicit ProgressView(ProgressLine& line) : line_(line) {}
@@ -50,8 +50,8 @@ private:
     std::string label_;
     std::uint32_t callsPerLook_ = 1;
     std::uint32_t callsToLook_ = 1;
-    std::uint64_t firstDone_ = 0;  ///< the count when the label was first seen with one
-    Time firstTime_;               ///< when that was; unset: not yet
+    std::uint64_t firstDone_ = 0;  ///< the count at the first display of the label
+    Time firstTime_;               ///< the time of that display; unset: not yet
     Time lastLook_;
     Time lastShown_;
 };

@@ -13,7 +13,7 @@ namespace vexlator::ui {
 
 namespace {
 
-/// The next line, as far as an answer can be told from it.
+/// The start of the next line, long enough for an answer.
 std::string ReadAnswer(std::FILE* input) {
     constexpr std::size_t longestAnswer = 80;
     std::string line;
@@ -27,7 +27,7 @@ bool IsYes(std::string_view answer) {
     return platform::SameNoCase(word, "y") || platform::SameNoCase(word, "yes");
 }
 
-/// Where nobody shows progress.
+/// For runs without progress.
 class SilentView : public FormView {
     void SetCaption(std::string_view) override {}
     void SetLabel(std::string_view) override {}
@@ -50,7 +50,7 @@ void TerminalInterface::ShowMessage(std::string_view text) {
 bool TerminalInterface::AskYesNo(std::string_view text) {
     WriteLine("question: " + IndentedLines(text) + " [y/N]");
     bool isYes = options_.yesToAll || IsYes(ReadAnswer(input_));
-    platform::ThrowIfStopped();  // a signal ends the waiting too
+    platform::ThrowIfStopped();  // a signal ends the wait too
     return isYes;
 }
 

@@ -9,12 +9,12 @@
 
 namespace vexlator::ui {
 
-/// The person at a terminal, or the script or scheduler in their place.
+/// The user at a terminal, or a script or scheduler.
 ///
-/// Each message is a line "message: TEXT", each question a line "question: TEXT [y/N]"; further lines of a
-/// text are indented. Answers are lines of the input: y or yes, in any letter case, is Yes; everything else
-/// and the end of the input is No. Progress is one rewritten line, and only on a terminal. There are no
-/// colours. Nothing fails when nobody reads the output.
+/// Each message is a line "message: TEXT", each question a line "question: TEXT [y/N]". Further lines of a
+/// text are indented. Answers are lines of the input: y or yes, in any letter case, is Yes. Any other line
+/// and the end of the input is No. Progress is one rewritten line, only on a terminal. There are no colours.
+/// Nothing fails if nobody reads the output.
 class TerminalInterface : public UserInterface {
 public:
     struct Options {
@@ -22,7 +22,7 @@ public:
         bool isTerminal = false;  ///< the output is a terminal
     };
 
-    /// The streams stay the caller's.
+    /// The caller owns the streams.
     TerminalInterface(std::FILE* input, std::FILE* output, Options options)
         : input_(input), output_(output), options_(options), progress_(output) {}
 
@@ -30,7 +30,7 @@ public:
     bool AskYesNo(std::string_view text) override;
     void Report(std::string_view line) override;
     std::unique_ptr<FormView> ShowForm(std::string_view name) override;
-    /// Does not wait: there is no window to repaint.
+    /// Does not wait, because there is no window to repaint.
     void Settle(double) override {}
     void Beep() override;
 
