@@ -69,8 +69,18 @@ std::string FindSuiteProgram(const Run& run, std::string_view pathBelowProgramFo
 
 OutsideProgram::OutsideProgram(Run& run, std::string program, const std::string& arguments)
     : run_(run), program_(std::move(program)) {
+    Start(platform::ProgramArguments("\"" + program_ + "\" " + arguments));
+}
+
+OutsideProgram::OutsideProgram(Run& run, std::string program, std::vector<std::string> arguments)
+    : run_(run), program_(std::move(program)) {
+    arguments.insert(arguments.begin(), platform::NativePath(program_));
+    Start(arguments);
+}
+
+void OutsideProgram::Start(const std::vector<std::string>& command) {
     try {
-        task_.emplace(platform::ProgramArguments("\"" + program_ + "\" " + arguments));
+        task_.emplace(command);
     } catch (const std::system_error& error) {
         Fail("could not be started: " + std::string(error.what()));
     }
@@ -90,7 +100,8 @@ void OutsideProgram::End() {
 
 bool OutsideProgram::Fail(const std::string& reason) {
     if (task_) End();
-    std::string said = task_ ? LastLine(task_->Output()) : "";
+    output_ = std::string(Output());
+    std::string said = LastLine(output_);
     problem_ = platform::NativePath(program_) + " " + reason + (said.empty() ? "" : ": " + said);
     task_.reset();
     return false;
@@ -129,6 +140,7 @@ bool OutsideProgram::WaitFor(const std::function<bool()>& isDone, const std::fun
         platform::WaitForTasks(waited, pollSeconds);
     }
     End();
+    output_ = task_->Output();
     task_.reset();
     return true;
 }

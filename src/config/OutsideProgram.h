@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vexlator::config {
 
@@ -24,6 +25,8 @@ public:
     /// @param program its path text
     /// @param arguments a text: blanks separate them, double quotes enclose one
     OutsideProgram(Run& run, std::string program, const std::string& arguments);
+    /// The arguments as they stand; those that are paths are native.
+    OutsideProgram(Run& run, std::string program, std::vector<std::string> arguments);
     ~OutsideProgram();
     OutsideProgram(const OutsideProgram&) = delete;
     OutsideProgram& operator=(const OutsideProgram&) = delete;
@@ -38,8 +41,11 @@ public:
     bool WaitForEnd(const std::function<void()>& whileWaiting, const std::function<bool()>& isDone = {});
     /// In a plain line; with the last line that the program printed.
     const std::string& Problem() const { return problem_; }
+    /// What it has printed so far. The middle of a very long output is left out.
+    const std::string& Output() const { return task_ ? task_->Output() : output_; }
 
 private:
+    void Start(const std::vector<std::string>& command);
     double UsualSeconds() const;
     void End();
     std::string EndText() const;
@@ -49,6 +55,7 @@ private:
     std::string program_;
     std::optional<platform::Task> task_;
     std::string problem_;
+    std::string output_;  ///< of a program that has ended
 };
 
 config::KeyList OutsideProgramKeys();

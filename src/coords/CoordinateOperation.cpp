@@ -7,7 +7,6 @@
 #include "util/Text.h"
 
 #include <memory>
-#include <proj_experimental.h>
 #include <utility>
 
 namespace vexlator::coords {

@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "coords/PipelineStep.h"
 
+#include "coords/Proj.h"
+
 #include <algorithm>
 #include <charconv>
-#include <proj.h>
 #include <utility>
 
 namespace vexlator::coords {

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "coords/Backend.h"
+#include "coords/Proj.h"
 
 #include <memory>
-#include <proj.h>
 #include <string>
 #include <string_view>
 #include <vector>

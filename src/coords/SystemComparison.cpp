@@ -5,8 +5,6 @@
 #include "coords/CoordinateOperation.h"
 #include "util/Text.h"
 
-#include <proj_experimental.h>
-
 namespace vexlator::coords {
 
 namespace {
@@ -40,7 +38,7 @@ bool HasUnknownDatum(ProjContext& context, const ProjObject& system) {
 
 /// PROJ strings and many programs omit the datum, the position of the ellipsoid.
 bool AreSameButForDatum(ProjContext& context, const ProjObject& one, const ProjObject& other) {
-    auto sameParts = [&](auto partOf) {
+    auto sameParts = [&](const auto& partOf) {
         return AreEquivalent(context, ProjObject(partOf(context.Get(), one.get())),
                              ProjObject(partOf(context.Get(), other.get())));
     };

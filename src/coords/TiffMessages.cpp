@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "coords/TiffMessages.h"
 
+#include "coords/Tiff.h"
 #include "util/Files.h"
 
 #include <algorithm>
@@ -10,7 +11,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <memory>
-#include <tiffio.h>
 #include <utility>
 
 namespace vexlator::coords {

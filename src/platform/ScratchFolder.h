@@ -3,15 +3,18 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace vexlator::platform {
 
-/// A new folder for the files of other programs, in the system's temporary folder. The destructor removes it
-/// with its contents.
+/// A new folder for the files of other programs. The destructor removes it with its contents.
 class ScratchFolder {
 public:
-    /// @throws WriteError
+    /// In the system's temporary folder. @throws WriteError
     ScratchFolder();
+    /// Beside a file, on its disk, which may be large. RemoveLeftovers() removes what a killed run left.
+    /// @throws WriteError
+    explicit ScratchFolder(std::string_view besides);
     ~ScratchFolder();
     ScratchFolder(const ScratchFolder&) = delete;
     ScratchFolder& operator=(const ScratchFolder&) = delete;
@@ -20,6 +23,7 @@ public:
 
 private:
     std::string path_;
+    int descriptor_ = -1;  ///< keeps the lock of a folder that RemoveLeftovers() would take
 };
 
 }  // namespace vexlator::platform

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <span>
 #include <string>
 
 /// Plane geometry. Bearings are radians, whole-circle, clockwise from grid north.
@@ -19,5 +20,10 @@ double Distance(double x1, double y1, double x2, double y2);
 double Bearing(double x1, double y1, double x2, double y2,
                const std::function<void(const std::string&)>& show = nullptr);
 PlanePoint PolarPoint(double x, double y, double bearing, double distance);
+
+/// The centre of gravity of the area inside a ring, closed or not. That of its line if it has no area.
+PlanePoint CentroidOf(std::span<const PlanePoint> ring);
+/// The point in the middle of a line, by length; its first point if it has no length. The line has a point.
+PlanePoint MiddleOf(std::span<const PlanePoint> line);
 
 }  // namespace vexlator::util

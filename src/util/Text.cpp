@@ -62,4 +62,18 @@ std::string FieldNameFor(std::string_view name) {
     return result;
 }
 
+std::string PercentEncoded(std::string_view text, std::string_view plain) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string encoded;
+    for (char c : text) {
+        bool isLetter = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+        auto byte = static_cast<unsigned char>(c);
+        if (isLetter || (c >= '0' && c <= '9') || plain.find(c) != std::string_view::npos)
+            encoded += c;
+        else
+            encoded += {'%', digits[byte >> 4], digits[byte & 15]};
+    }
+    return encoded;
+}
+
 }  // namespace vexlator::util

@@ -37,4 +37,8 @@ std::string ReplaceAll(std::string_view text, std::string_view what, std::string
 /// Blanks become "_"; the name DATE (any letter case) becomes "gvDate".
 std::string FieldNameFor(std::string_view name);
 
+/// Letters, digits and the characters of `plain` stay; every other byte becomes % and two hexadecimal digits
+/// (RFC 3986, section 2.1).
+std::string PercentEncoded(std::string_view text, std::string_view plain);
+
 }  // namespace vexlator::util

@@ -8,11 +8,11 @@
 #include "platform/Paths.h"
 #include "util/Paths.h"
 #include "util/Text.h"
+#include "workflow/Zip.h"
 
 #include <algorithm>
 #include <memory>
 #include <utility>
-#include <zip.h>
 
 namespace vexlator::workflow {
 

@@ -4,11 +4,11 @@
 
 #include "platform/Files.h"
 #include "platform/Paths.h"
+#include "workflow/Zip.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <exception>
-#include <zip.h>
 
 namespace vexlator::workflow {
 
@@ -51,11 +51,7 @@ zip_int64_t Target::Do(void* data, zip_uint64_t length, zip_source_cmd_t command
     switch (command) {
         case ZIP_SOURCE_SUPPORTS:
             // An archive has to be readable too, but nothing is read from one that starts empty.
-            return zip_source_make_command_bitmap(
-                ZIP_SOURCE_OPEN, ZIP_SOURCE_READ, ZIP_SOURCE_CLOSE, ZIP_SOURCE_STAT, ZIP_SOURCE_ERROR,
-                ZIP_SOURCE_FREE, ZIP_SOURCE_SEEK, ZIP_SOURCE_TELL, ZIP_SOURCE_SUPPORTS,
-                ZIP_SOURCE_BEGIN_WRITE, ZIP_SOURCE_COMMIT_WRITE, ZIP_SOURCE_ROLLBACK_WRITE, ZIP_SOURCE_WRITE,
-                ZIP_SOURCE_SEEK_WRITE, ZIP_SOURCE_TELL_WRITE, ZIP_SOURCE_REMOVE, -1);
+            return ZIP_SOURCE_SUPPORTS_WRITABLE;
         case ZIP_SOURCE_STAT:
             zip_error_set(&error_, ZIP_ER_READ, ENOENT);
             return -1;
