@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "render/LineTypes.h"
+#include "drawing/LineTypes.h"
 #include "util/Placement.h"
 
 #include <algorithm>
@@ -14,6 +14,7 @@
 /// Lines and rings in pixels, with as few points as show the same, and none far outside the picture.
 namespace vexlator::render {
 
+using drawing::LineType;
 using util::Placement;
 using util::PlanePoint;
 

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "render/EntityItems.h"
 
-#include "render/LineTypes.h"
+#include "drawing/LineTypes.h"
+#include "platform/AsciiCase.h"
 
 #include <algorithm>
 #include <cmath>
@@ -125,7 +126,8 @@ std::uint32_t EntityItems::PenOf(const drawing::Style& style, bool isFilled) {
     pen.line = LineColourOnPaper(line);
     pen.fill = isFilled ? FillColourOnPaper(style.fillColour) : 0;
     pen.weight = std::clamp(style.lineWeight, 0, mostWeight);
-    pen.lineType = LineTypeNumber(style.lineType);
+    pen.lineType = drawing::LineTypeNumber(style.lineType);
+    pen.isHatched = isFilled && platform::SameNoCase(style.lineType, drawing::concreteHatch);
     pen.lineTakesColour = IsColourOfFeature(line);
     pen.fillTakesColour = IsColourOfFeature(style.fillColour);
     return known->second = builder_.AddPen(pen);

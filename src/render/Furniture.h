@@ -30,11 +30,8 @@ public:
 
 private:
     void PaintTitle(QPainter& painter) const;
-    void PaintFrame(const View& view, QPainter& painter) const;
     void PaintLegend(QPainter& painter) const;
-    void PaintScaleBar(const View& view, QPainter& painter) const;
     void PaintNote(QPainter& painter) const;
-    void PaintNorthArrow(QPainter& painter) const;
 
     bool HasLegend() const { return legendWidth_ > 0; }
     /// Width in pixels, by the longest name; 0 if the page is too narrow.

@@ -71,8 +71,19 @@ bool IsAround(const std::vector<Course>& rings, PlanePoint place) {
     return isAround;
 }
 
+/// Without vertices of its own.
+bool IsWhole(const Scene::Item& item) {
+    return item.kind == ItemKind::Text || item.kind == ItemKind::Symbol || item.kind == ItemKind::Image;
+}
+
+Course CornersIn(const Scene& scene, const Scene::Item& image) {
+    std::span<const PlanePoint> vertices = scene.VerticesOf(image);
+    auto corners = CornersOf(scene.ImageOf(image), {vertices[1], vertices[2], vertices[0]});
+    return {corners.begin(), corners.end()};
+}
+
 bool HasInside(const Scene& scene, const Scene::Item& item) {
-    if (item.kind == ItemKind::Text || item.kind == ItemKind::Symbol) return true;
+    if (IsWhole(item)) return true;
     return scene.PenOf(item).fill != 0 && (item.kind == ItemKind::Area || item.kind == ItemKind::Circle);
 }
 
@@ -92,6 +103,9 @@ std::vector<Course> OutlineOf(const Scene& scene, std::size_t number, const View
         case ItemKind::Text:
         case ItemKind::Symbol:
             add(BoxIn(scene, number), true);
+            break;
+        case ItemKind::Image:
+            add(CornersIn(scene, item), true);
             break;
         default:
             ForEachRing(scene, item, add);
@@ -125,7 +139,7 @@ double LengthOf(const Scene& scene, std::size_t number) {
     if (item.kind == ItemKind::Circle) return fullTurn * vertices[1].x;
     if (item.kind == ItemKind::Arc) return vertices[1].x * SweepOf(vertices[2]);
     double length = 0;
-    if (item.kind == ItemKind::Text || item.kind == ItemKind::Symbol) return length;
+    if (IsWhole(item)) return length;
     ForEachRing(scene, item, [&](std::span<const PlanePoint> points, bool isRing) {
         for (std::size_t i = isRing ? 0 : 1; i < points.size(); ++i) {
             PlanePoint from = points[i == 0 ? points.size() - 1 : i - 1];

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "render/ItemPainter.h"
 
+#include "render/ImagePainter.h"
 #include "util/Angles.h"
 
 #include <QFontMetricsF>
-#include <QPainterPath>
 #include <cmath>
 #include <numbers>
 
@@ -22,9 +22,45 @@ constexpr double mostText = 20000;
 constexpr double dotMillimetres = 1.2, hairlineMillimetres = 0.25;
 /// Distance from a text's top to its baseline, in text heights.
 constexpr double topToBaseline = 0.76;
+/// Pixels of an image for a pixel of the view, in each direction, on devices with finer pixels.
+constexpr double pixelsOnPaper = 3;
+
+/// Millimetres between the marks of a hatch, and the pixels below which they are not drawn.
+constexpr double hatchMillimetres = 4, leastHatch = 4;
+
+/// The same number for the same place, and another one for its neighbours.
+std::uint32_t HashOf(std::int64_t row, std::int64_t column) {
+    auto mixed = static_cast<std::uint64_t>(row) * 0x9E3779B97F4A7C15U + static_cast<std::uint64_t>(column);
+    mixed = (mixed ^ mixed >> 31) * 0xBF58476D1CE4E5B9U;
+    return static_cast<std::uint32_t>(mixed >> 32);
+}
 
 QColor ColourOf(Argb colour) {
     return QColor::fromRgba(colour);
+}
+
+/// A part of a hatch that can be repeated. Qt's own patterns have the same pixels on every screen, and are
+/// too fine on sharp ones.
+QImage HatchTile(const Pen& pen, double scale) {
+    constexpr double spacing = 8;  // pixels at a scale of one
+    const int side = std::max(2, static_cast<int>(std::lround(spacing * scale)));
+    QImage tile(side, side, QImage::Format_ARGB32_Premultiplied);
+    tile.fill(Qt::transparent);
+    QPainter painter(&tile);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(ColourOf(pen.fill), std::max(1.0, scale), Qt::SolidLine, Qt::FlatCap));
+    // On the middle of a pixel.
+    const double middle = std::floor(side / 2.0) + 0.5, end = side;
+    bool isBoth = pen.hatch == Hatch::Cross, areDiagonals = pen.hatch == Hatch::DiagonalCross;
+    if (isBoth || pen.hatch == Hatch::Horizontal) painter.drawLine(QLineF(0, middle, end, middle));
+    if (isBoth || pen.hatch == Hatch::Vertical) painter.drawLine(QLineF(middle, 0, middle, end));
+    // The corners belong to the lines of the neighbours.
+    for (double shift : {-end, 0.0, end}) {
+        if (areDiagonals || pen.hatch == Hatch::Diagonal)
+            painter.drawLine(QLineF(shift - end, 2 * end, shift + 2 * end, -end));
+        if (areDiagonals) painter.drawLine(QLineF(shift - end, -end, shift + 2 * end, 2 * end));
+    }
+    return tile;
 }
 
 }  // namespace
@@ -60,6 +96,8 @@ void ItemPainter::Paint(const Scene& scene, const Scene::Item& item, const Pen& 
                              toPixels);
         case ItemKind::Symbol:
             return PaintSymbol(scene, item, pen, toPixels);
+        case ItemKind::Image:
+            return PaintImage(scene, item, pen, toPixels);
     }
 }
 
@@ -83,12 +121,18 @@ double ItemPainter::WidthOf(const Pen& pen) const {
     return std::max(width, thinLines_ ? 1.0 : hairlineMillimetres * options_.pixelsPerMillimetre);
 }
 
+QPointF ItemPainter::PointFor(PlanePoint pixel) const {
+    constexpr double parts = 32;  // finer than any printer
+    if (thinLines_) return {pixel.x, pixel.y};
+    return {std::round(pixel.x * parts) / parts, std::round(pixel.y * parts) / parts};
+}
+
 // --- Lines
 
 void ItemPainter::PaintCourse(const Pen& pen, const Placement& toPixels) {
     if (pen.line == 0 || course_.empty()) return;
     if (pen.lineType == 0) return Stroke(course_, pen);
-    const LineType& type = LineTypeOf(pen.lineType);
+    const LineType& type = drawing::LineTypeOf(pen.lineType);
     double pixelsPerUnit = type.onGround ? toPixels.LargerScale() : options_.pixelsPerMillimetre;
     Pattern pattern(type, pixelsPerUnit);
     if (!pattern.IsVisible()) return Stroke(course_, pen);
@@ -96,7 +140,7 @@ void ItemPainter::PaintCourse(const Pen& pen, const Placement& toPixels) {
 }
 
 void ItemPainter::PaintPattern(const Pattern& pattern, const Pen& pen, double pixelsPerUnit) {
-    constexpr double textHeight = 5;  // in the pattern's units; a dash has ten
+    constexpr double textHeight = 3;  // in the pattern's units; a dash has ten
     pattern.Cut(
         part_.Grown(WidthOf(pen) + textHeight * pixelsPerUnit), course_,
         [&](PlanePoint from, PlanePoint to) {
@@ -110,22 +154,55 @@ void ItemPainter::Stroke(std::span<const PlanePoint> course, const Pen& pen) {
     if (course.size() < 2) return PaintDot(course[0], pen);
     if (IsThin(pen)) return thinLines_->DrawCourse(course, pen.line);
     double width = WidthOf(pen);
-    painter_.setPen(QPen(ColourOf(pen.line), width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    // Round ends would fill the gaps of a dotted line.
+    Qt::PenCapStyle ends = pen.lineType == 0 ? Qt::RoundCap : Qt::FlatCap;
+    painter_.setPen(QPen(ColourOf(pen.line), width, Qt::SolidLine, ends, Qt::RoundJoin));
     ForEachPartIn(part_.Grown(width + 1), course, piece_, [&](const Course& part) {
         polygon_.clear();
-        for (PlanePoint p : part) polygon_.append(QPointF(p.x, p.y));
+        for (PlanePoint p : part) polygon_.append(PointFor(p));
         painter_.drawPolyline(polygon_);
     });
 }
 
 void ItemPainter::PaintDot(PlanePoint pixel, const Pen& pen) {
+    if (pen.marker != Marker::Usual) return PaintMarker(pixel, pen);
     double size = dotMillimetres * options_.pixelsPerMillimetre;
     if (thinLines_)
         return thinLines_->DrawDot(pixel, std::max(1, static_cast<int>(std::lround(size))), pen.line);
     if (!part_.Grown(size).Holds(pixel)) return;
     painter_.setPen(Qt::NoPen);
     painter_.setBrush(ColourOf(pen.line));
-    painter_.drawEllipse(QPointF(pixel.x, pixel.y), size / 2, size / 2);
+    painter_.drawEllipse(PointFor(pixel), size / 2, size / 2);
+}
+
+/// On an image a marker is drawn once, then copied to whole pixels: drawings have many of the same.
+void ItemPainter::PaintMarker(PlanePoint pixel, const Pen& pen) {
+    double size = WidthOf(pen);
+    if (!part_.Grown(size).Holds(pixel)) return;
+    if (thinLines_) {
+        const QImage& stamp = StampOf(pen, size);
+        double half = stamp.width() / 2.0;
+        return painter_.drawImage(QPointF(std::round(pixel.x - half), std::round(pixel.y - half)), stamp);
+    }
+    painter_.save();
+    painter_.translate(pixel.x, pixel.y);
+    painter_.scale(size, size);
+    painter_.fillPath(MarkerPath(pen.marker), ColourOf(pen.line));
+    painter_.restore();
+}
+
+const QImage& ItemPainter::StampOf(const Pen& pen, double size) {
+    if (!stamp_.isNull() && stampPen_ == pen) return stamp_;
+    stampPen_ = pen;
+    int side = static_cast<int>(std::ceil(size)) + 2;
+    stamp_ = QImage(side, side, QImage::Format_ARGB32_Premultiplied);
+    stamp_.fill(Qt::transparent);
+    QPainter painter(&stamp_);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(side / 2.0, side / 2.0);
+    painter.scale(size, size);
+    painter.fillPath(MarkerPath(pen.marker), ColourOf(pen.line));
+    return stamp_;
 }
 
 void ItemPainter::PaintCurve(const Scene& scene, const Scene::Item& curve, const Pen& pen,
@@ -140,7 +217,10 @@ void ItemPainter::PaintCurve(const Scene& scene, const Scene::Item& curve, const
     }
     CurveOf(vertices[0], vertices[1].x, start, sweep, toPixels.LargerScale(), curve_);
     Project(curve_, toPixels, tolerance_, false, course_);
-    if (pen.fill != 0) FillRing();
+    if (pen.fill != 0) {
+        BeginFill(pen);
+        FillRing();
+    }
     PaintCourse(pen, toPixels);
 }
 
@@ -151,9 +231,8 @@ void ItemPainter::PaintArea(const Scene& scene, const Scene::Item& area, const P
     std::span<const PlanePoint> vertices = scene.VerticesOf(area);
     std::span<const std::uint32_t> ends = scene.RingEndsOf(area);
     if (pen.fill != 0) {
-        painter_.setPen(Qt::NoPen);
-        painter_.setBrush(ColourOf(pen.fill));
-        if (ends.size() > 1) FillPath(scene, area, toPixels);
+        BeginFill(pen);
+        if (ends.size() > 1) painter_.drawPath(PathOf(scene, area, toPixels));
     }
     for (std::size_t ring = 0; ring < ends.size(); ++ring) {
         std::size_t begin = ring == 0 ? 0 : ends[ring - 1];
@@ -162,17 +241,27 @@ void ItemPainter::PaintArea(const Scene& scene, const Scene::Item& area, const P
         if (pen.fill != 0 && ends.size() == 1) FillRing();
         PaintCourse(pen, toPixels);
     }
+    if (pen.isHatched) Hatch(PathOf(scene, area, toPixels), toPixels(vertices[0]), pen);
+}
+
+void ItemPainter::BeginFill(const Pen& pen) {
+    QBrush brush(ColourOf(pen.fill));
+    if (pen.hatch != Hatch::Solid)
+        brush.setTextureImage(
+            HatchTile(pen, options_.pixelsPerMillimetre / PaintOptions{}.pixelsPerMillimetre));
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(brush);
 }
 
 /// Fills `course_`.
 void ItemPainter::FillRing() {
     ClipRing(part_.Grown(2), course_, piece_, work_);
     polygon_.clear();
-    for (PlanePoint p : piece_) polygon_.append(QPointF(p.x, p.y));
+    for (PlanePoint p : piece_) polygon_.append(PointFor(p));
     painter_.drawPolygon(polygon_, Qt::OddEvenFill);
 }
 
-void ItemPainter::FillPath(const Scene& scene, const Scene::Item& area, const Placement& toPixels) {
+QPainterPath ItemPainter::PathOf(const Scene& scene, const Scene::Item& area, const Placement& toPixels) {
     QPainterPath path;
     path.setFillRule(Qt::OddEvenFill);
     std::size_t begin = 0;
@@ -181,11 +270,52 @@ void ItemPainter::FillPath(const Scene& scene, const Scene::Item& area, const Pl
         begin = end;
         ClipRing(part_.Grown(2), course_, piece_, work_);
         polygon_.clear();
-        for (PlanePoint p : piece_) polygon_.append(QPointF(p.x, p.y));
+        for (PlanePoint p : piece_) polygon_.append(PointFor(p));
         path.addPolygon(polygon_);
         path.closeSubpath();
     }
-    painter_.drawPath(path);
+    return path;
+}
+
+/// Marks in the cells of a grid that begins at the anchor, so that every part of a picture has the same ones.
+void ItemPainter::Hatch(const QPainterPath& path, PlanePoint anchor, const Pen& pen) {
+    const double cell = hatchMillimetres * options_.pixelsPerMillimetre;
+    const QRectF box = path.boundingRect();
+    if (cell < leastHatch || box.isEmpty()) return;
+    auto first = [&](double from, double zero) {
+        return static_cast<std::int64_t>(std::floor((from - zero) / cell));
+    };
+    painter_.save();
+    painter_.setClipPath(path, Qt::IntersectClip);
+    QPen mark(ColourOf(WithAlpha(pen.line, 0xA0)), cell / 18);
+    painter_.setPen(mark);
+    painter_.setBrush(Qt::NoBrush);
+    for (std::int64_t row = first(box.top(), anchor.y); row <= first(box.bottom(), anchor.y); ++row)
+        for (std::int64_t column = first(box.left(), anchor.x); column <= first(box.right(), anchor.x);
+             ++column) {
+            std::uint32_t chance = HashOf(row, column);
+            double x = (double(column) + 0.2 + 0.6 * double(chance & 0xFF) / 0xFF) * cell;
+            double y = (double(row) + 0.2 + 0.6 * double(chance >> 8 & 0xFF) / 0xFF) * cell;
+            DrawHatchMark({anchor.x + x, anchor.y + y}, chance >> 16, cell);
+        }
+    painter_.restore();
+}
+
+/// A small triangle, else two dots.
+void ItemPainter::DrawHatchMark(PlanePoint at, std::uint32_t chance, double size) {
+    if (chance % 3 == 0) {
+        QPolygonF triangle;
+        for (int corner = 0; corner < 3; ++corner) {
+            double angle = chance + corner * 2 * std::numbers::pi / 3;
+            triangle.append({at.x + std::cos(angle) * size * 0.17, at.y + std::sin(angle) * size * 0.17});
+        }
+        painter_.drawPolygon(triangle);
+        return;
+    }
+    for (double off : {0.0, 0.35}) {
+        QPointF dot(at.x + off * size, at.y + off * size * 0.6);
+        painter_.drawLine(dot, dot + QPointF(size * 0.03, 0));
+    }
 }
 
 // --- Symbols and texts
@@ -199,6 +329,18 @@ void ItemPainter::PaintSymbol(const Scene& scene, const Scene::Item& symbol, con
     double size = std::max(box.maxX - box.minX, box.maxY - box.minY) * inner.LargerScale();
     if (!(size >= leastSymbol)) return PaintDot(toPixels(vertices[0]), pen);
     PaintInColour(content, inner, pen.line);
+}
+
+void ItemPainter::PaintImage(const Scene& scene, const Scene::Item& item, const Pen& pen,
+                             const Placement& toPixels) {
+    std::span<const PlanePoint> vertices = scene.VerticesOf(item);
+    const Image& image = scene.ImageOf(item);
+    Placement placement = toPixels.After({vertices[1], vertices[2], vertices[0]});
+    if (render::PaintImage(painter_, part_, image, placement, thinLines_ ? 1 : pixelsOnPaper)) return;
+    Project(CornersOf(image, placement), Placement(), tolerance_, true, course_);
+    BeginFill(pen);
+    FillRing();
+    PaintCourse(pen, toPixels);
 }
 
 void ItemPainter::UseFont() {

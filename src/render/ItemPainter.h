@@ -8,7 +8,9 @@
 #include "render/ThinLines.h"
 
 #include <QFont>
+#include <QImage>
 #include <QPainter>
+#include <QPainterPath>
 #include <QPolygonF>
 #include <optional>
 
@@ -30,21 +32,30 @@ private:
     void PaintArea(const Scene& scene, const Scene::Item& area, const Pen& pen, const Placement& toPixels);
     void PaintCurve(const Scene& scene, const Scene::Item& curve, const Pen& pen, const Placement& toPixels);
     void PaintDot(PlanePoint pixel, const Pen& pen);
+    void PaintMarker(PlanePoint pixel, const Pen& pen);
+    const QImage& StampOf(const Pen& pen, double size);
     void PaintText(const Text& text, PlanePoint at, double height, double rotation, Argb colour,
                    const Placement& toPixels);
     void DrawLetters(const Text& text, PlanePoint at, double height, double rotation, Argb colour,
                      const Placement& toPixels);
     void PaintSymbol(const Scene& scene, const Scene::Item& symbol, const Pen& pen,
                      const Placement& toPixels);
+    void PaintImage(const Scene& scene, const Scene::Item& item, const Pen& pen, const Placement& toPixels);
     void PaintPattern(const Pattern& pattern, const Pen& pen, double pixelsPerUnit);
     void PaintPatternText(const PatternText& text, double height, Argb colour);
 
     /// Lines through `course_` or another course in pixels.
     void Stroke(std::span<const PlanePoint> course, const Pen& pen);
+    void BeginFill(const Pen& pen);
     void FillRing();
-    void FillPath(const Scene& scene, const Scene::Item& area, const Placement& toPixels);
+    /// The rings of an area, cut to the painted part.
+    QPainterPath PathOf(const Scene& scene, const Scene::Item& area, const Placement& toPixels);
+    void Hatch(const QPainterPath& path, PlanePoint anchor, const Pen& pen);
+    void DrawHatchMark(PlanePoint at, std::uint32_t chance, double size);
     bool IsThin(const Pen& pen) const { return thinLines_ && WidthOf(pen) <= 1.5; }
     double WidthOf(const Pen& pen) const;
+    /// For the painter. Files take up less space if coordinates are rounded.
+    QPointF PointFor(PlanePoint pixel) const;
     /// The item's pen, with the feature's colours in a symbol.
     Pen Coloured(const Pen& pen) const;
     void UseFont();
@@ -59,6 +70,8 @@ private:
     QPolygonF polygon_;
     QFont font_;
     bool hasFont_ = false;
+    Pen stampPen_;  ///< of `stamp_`, the marker that was drawn last
+    QImage stamp_;
 };
 
 }  // namespace vexlator::render

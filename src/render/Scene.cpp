@@ -71,6 +71,11 @@ Box BoxAround(std::span<const PlanePoint> points) {
     return box;
 }
 
+std::array<PlanePoint, 4> CornersOf(const Image& image, const Placement& placement) {
+    double width = image.width, height = image.height;
+    return {placement({0, 0}), placement({width, 0}), placement({width, height}), placement({0, height})};
+}
+
 Box Scene::BoxOf(std::size_t item) const {
     const NearBox& box = boxes_[item];
     return {origin_.x + box.minX, origin_.y + box.minY, origin_.x + box.maxX, origin_.y + box.maxY};
@@ -212,6 +217,14 @@ void SceneBuilder::AddSymbolAt(std::uint32_t layer, std::uint32_t pen, std::uint
                             placement({box.maxX, box.maxY}), placement({box.minX, box.maxY}),
                             placement.origin};
     Add(layer, pen, ItemKind::Symbol, vertices, BoxAround(corners), symbol);
+}
+
+void SceneBuilder::AddImage(std::uint32_t layer, std::uint32_t pen, const Image& image,
+                            const Placement& placement) {
+    PlanePoint vertices[] = {placement.origin, placement.xAxis, placement.yAxis};
+    auto number = static_cast<std::uint32_t>(scene_.images_.size());
+    if (Add(layer, pen, ItemKind::Image, vertices, BoxAround(CornersOf(image, placement)), number))
+        scene_.images_.push_back(image);
 }
 
 Scene SceneBuilder::Take() {

@@ -4,10 +4,13 @@
 
 #include "drawing/Drawing.h"
 #include "drawing/PodVector.h"
+#include "render/Markers.h"
 #include "render/Palette.h"
 #include "util/Placement.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -24,11 +27,14 @@ using drawing::Box;
 
 /// The style of an item.
 struct Pen {
-    Argb line = black, fill = 0;  ///< 0: not drawn
-    std::int32_t weight = 0;      ///< hundredths of a millimetre; 0: as thin as possible
-    std::uint8_t lineType = 0;    ///< LineTypeNumber()
+    Argb line = black, fill = 0;    ///< 0: not drawn
+    std::int32_t weight = 0;        ///< hundredths of a millimetre; 0: as thin as possible
+    std::uint8_t lineType = 0;      ///< drawing::LineTypeNumber()
+    Marker marker = Marker::Usual;  ///< of points; `weight` is the size of all but the usual dot
+    Hatch hatch = Hatch::Solid;     ///< of the fill
     /// In a symbol: drawn in the colour of its feature.
     bool lineTakesColour = false, fillTakesColour = false;
+    bool isHatched = false;  ///< an area with the marks of standing water, in the colour of its outline
     bool operator==(const Pen&) const = default;
 };
 
@@ -41,7 +47,8 @@ enum class ItemKind : std::uint8_t {
     Circle,  ///< centre; (radius, 0)
     Arc,     ///< centre; (radius, 0); (start, end) in radians
     Text,    ///< position; (height, rotation in radians)
-    Symbol   ///< origin; x axis; y axis, as in Placement
+    Symbol,  ///< origin; x axis; y axis, as in Placement
+    Image    ///< the same, of its pixels
 };
 
 /// The reference point of a text's position.
@@ -50,6 +57,12 @@ enum class TextAnchor : std::uint8_t {
     TopLeft,    ///< at its upper left corner
     TopCentre,  ///< above its middle
     Diagonal    ///< as Baseline; its height is the diagonal of the text's box
+};
+
+/// A JPEG file on the ground. It is decoded whenever it is painted, so that memory holds no pixels.
+struct Image {
+    std::span<const std::byte> jpeg;
+    int width, height;  ///< pixels
 };
 
 struct Text {
@@ -85,7 +98,7 @@ public:
         std::uint64_t firstVertex;
         std::uint32_t vertices;
         std::uint32_t pen;
-        std::uint32_t extra;  ///< Area: number of its first ring's end; Text, Symbol: its number
+        std::uint32_t extra;  ///< Area: number of its first ring's end; Text, Symbol, Image: its number
         ItemKind kind;
     };
     /// The origin of an item.
@@ -117,6 +130,7 @@ public:
     /// The ends of an area's rings, counted from its first vertex; the last is its number of vertices.
     std::span<const std::uint32_t> RingEndsOf(const Item& area) const;
     const Text& TextOf(const Item& item) const { return texts_[item.extra]; }
+    const Image& ImageOf(const Item& item) const { return images_[item.extra]; }
     const Scene& SymbolOf(const Item& item) const { return Symbol(item.extra); }
     const Scene& Symbol(std::uint32_t number) const { return *symbols_[number]; }
     std::shared_ptr<const Scene> SharedSymbol(std::uint32_t number) const { return symbols_[number]; }
@@ -143,6 +157,8 @@ private:
     std::vector<std::uint32_t> ringEnds_;
     std::vector<Text> texts_;
     std::vector<std::shared_ptr<const Scene>> symbols_;
+    std::vector<Image> images_;
+    std::vector<std::shared_ptr<const void>> owners_;  ///< of the images' files
     std::uint64_t leftOut_ = 0;
 };
 
@@ -169,6 +185,10 @@ public:
                  Text text);
     void AddSymbolAt(std::uint32_t layer, std::uint32_t pen, std::uint32_t symbol,
                      const Placement& placement);
+    /// The pen is for images that cannot be decoded, and for legends. @param placement of a pixel's corner
+    void AddImage(std::uint32_t layer, std::uint32_t pen, const Image& image, const Placement& placement);
+    /// The scene keeps the owner of images' bytes.
+    void Keep(std::shared_ptr<const void> owner) { scene_.owners_.push_back(std::move(owner)); }
 
     /// The scene. The builder is empty afterwards.
     Scene Take();
@@ -185,6 +205,9 @@ private:
     std::uint32_t lastLayer_ = 0;
     bool lastIsKept_ = false;  ///< the last requested item is in the scene
 };
+
+/// The corners of an image's outer edge, in the order of a ring.
+std::array<PlanePoint, 4> CornersOf(const Image& image, const Placement& placement);
 
 /// The box of points; not finite if a coordinate is not.
 Box BoxAround(std::span<const PlanePoint> points);

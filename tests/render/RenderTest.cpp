@@ -136,7 +136,7 @@ const std::vector<Look> looks = {
     {"a river points along the line",
      Feature("'kind':'VDPOLYLINE','lineType':'LineRiver','colour':1,'vertices':[[0,50.5,0],[99,50.5,0]]"),
      "",
-     {{5, 50, red}, {11.9, 50, white}, {20, 50, red}}},
+     {{5, 50, red}, {13, 50, white}, {20, 50, red}}},
 };
 
 TEST(Render, ShowsEntitiesAsTheirStyleSays) {

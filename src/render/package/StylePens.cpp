@@ -3,7 +3,7 @@
 #include "render/package/StylePens.h"
 
 #include "background/package/PackageElements.h"
-#include "render/LineTypes.h"
+#include "drawing/LineTypes.h"
 
 #include <algorithm>
 #include <array>
@@ -14,12 +14,13 @@ namespace vexlator::render {
 
 namespace {
 
-using background::ClassBytes;
+using background::ElementHeader;
 using background::MobilePattern;
+using background::MobileSymbol;
 
-constexpr std::uint8_t flagsOfClassC = 48, mobileColour = 1;
+constexpr std::uint8_t noTheme = 255;
 constexpr double hundredthsPerPixel = 2540 / 96.0;
-constexpr std::size_t areasColumn = 2;
+constexpr std::size_t pointsColumn = 0, areasColumn = 2;
 
 std::string_view LineTypeName(MobilePattern pattern) {
     constexpr std::array<std::string_view, 4> names = {"", "DASHED", "DOTTED", "DASHDOT"};
@@ -27,14 +28,42 @@ std::string_view LineTypeName(MobilePattern pattern) {
     return number < names.size() ? names[number] : "";
 }
 
-Pen PenOf(ClassBytes bytes, std::size_t column, const background::MobileStyles& mobileStyles) {
-    background::ElementHeader header{};
-    header.classA = 255;  // no theme
-    header.classC = bytes.c;
-    background::Look look = background::LookOf(header);
+Hatch HatchOf(MobilePattern pattern) {
+    switch (pattern) {
+        case MobilePattern::Horizontal:
+            return Hatch::Horizontal;
+        case MobilePattern::Vertical:
+            return Hatch::Vertical;
+        case MobilePattern::Cross:
+            return Hatch::Cross;
+        case MobilePattern::Diagonal:
+            return Hatch::Diagonal;
+        case MobilePattern::DiagonalCross:
+            return Hatch::DiagonalCross;
+        default:
+            return Hatch::Solid;
+    }
+}
+
+Marker MarkerOf(MobileSymbol symbol) {
+    constexpr std::array<Marker, 7> markers = {Marker::Circle,  Marker::Square, Marker::Triangle,
+                                               Marker::Diamond, Marker::Cross,  Marker::Plus,
+                                               Marker::Star};
+    return markers[static_cast<std::size_t>(symbol)];
+}
+
+std::int32_t WeightOf(double pixels) {
+    return static_cast<std::int32_t>(std::lround(pixels * hundredthsPerPixel));
+}
+
+}  // namespace
+
+Pen PenOfElement(const ElementHeader& header, std::size_t column,
+                 const background::MobileStyles& mobileStyles) {
+    const background::Look look = background::LookOf(header);
     Pen pen;
-    if ((bytes.c & ~flagsOfClassC) == mobileColour) {
-        pen = PenOfMobileStyle(background::LookOfFields(mobileStyles.FieldsOf(bytes.b)), column);
+    if (look.isMobile) {
+        pen = PenOfMobileStyle(background::LookOfFields(mobileStyles.FieldsOf(header.classB)), column);
     } else {
         pen.line = black | look.rgb;
         if (column == areasColumn) pen.fill = WithAlpha(look.rgb, areaAlpha);
@@ -43,15 +72,18 @@ Pen PenOf(ClassBytes bytes, std::size_t column, const background::MobileStyles& 
     return pen;
 }
 
-}  // namespace
-
 Pen PenOfMobileStyle(const background::MobileStyleLook& look, std::size_t column) {
     Pen pen;
     pen.line = black | look.rgb;
-    if (look.width > 1) pen.weight = static_cast<std::int32_t>(std::lround(look.width * hundredthsPerPixel));
-    pen.lineType = LineTypeNumber(LineTypeName(look.pattern));
-    if (column == areasColumn && look.pattern != MobilePattern::None)
-        pen.fill = WithAlpha(look.rgb, areaAlpha);
+    if (look.width > 1) pen.weight = WeightOf(look.width);
+    pen.lineType = drawing::LineTypeNumber(LineTypeName(look.pattern));
+    if (column == pointsColumn) {
+        pen.marker = MarkerOf(look.symbol);
+        pen.weight = WeightOf(look.SymbolSize());
+    }
+    if (column != areasColumn || look.pattern == MobilePattern::None) return pen;
+    pen.hatch = HatchOf(look.pattern);
+    pen.fill = pen.hatch == Hatch::Solid ? WithAlpha(look.rgb, areaAlpha) : pen.line;
     return pen;
 }
 
@@ -61,12 +93,18 @@ StyledLayers StyleLayers(const Scene& scene, const background::LayerStyles& styl
     for (const SceneLayer& layer : scene.Layers()) {
         const background::LayerStyle* style = styles.StyleFor(layer.name);
         styled.hidden.push_back(style && style->hidden);
-        const ClassBytes bytes[pensPerLayer] = {style ? style->points : ClassBytes{},
-                                                style ? style->lines : ClassBytes{},
-                                                style ? style->areas : ClassBytes{}};
-        for (std::size_t column = 0; column < pensPerLayer; ++column)
-            styled.pens.push_back(style ? std::optional(PenOf(bytes[column], column, mobileStyles))
-                                        : std::nullopt);
+        if (!style) {
+            styled.pens.resize(styled.pens.size() + pensPerLayer);
+            continue;
+        }
+        const background::ClassBytes bytes[pensPerLayer] = {style->points, style->lines, style->areas};
+        for (std::size_t column = 0; column < pensPerLayer; ++column) {
+            ElementHeader header{};
+            header.classA = noTheme;
+            header.classB = bytes[column].b;
+            header.classC = bytes[column].c;
+            styled.pens.emplace_back(PenOfElement(header, column, mobileStyles));
+        }
     }
     return styled;
 }

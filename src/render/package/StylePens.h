@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "background/package/Records.h"
 #include "background/styling/LayerStyles.h"
 #include "background/styling/MobileStyleLook.h"
 #include "render/Painter.h"
@@ -24,6 +25,10 @@ struct StyledLayers {
 /// shows only on the device. Layers without a style keep their own pens.
 StyledLayers StyleLayers(const Scene& scene, const background::LayerStyles& styles,
                          const background::MobileStyles& mobileStyles);
+
+/// An element of a package, drawn as a point, line or area. What has a mobile style is drawn by it.
+Pen PenOfElement(const background::ElementHeader& header, std::size_t column,
+                 const background::MobileStyles& mobileStyles);
 
 /// A mobile style for points, lines and areas alike, as the map draws it.
 Pen PenOfMobileStyle(const background::MobileStyleLook& look, std::size_t column);
