@@ -6,7 +6,7 @@
 #include "formats/gml/GmlFeature.h"
 #include "formats/gml/GmlOpenElement.h"
 #include "formats/gml/GmlXmlRules.h"
-#include "formats/gml/XmlParser.h"
+#include "formats/xml/XmlParser.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "formats/gml/XmlParser.h"
+#include "formats/xml/XmlParser.h"
 
 #include <string>
 #include <string_view>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "formats/gml/GmlFeature.h"
-#include "formats/gml/XmlParser.h"
+#include "formats/xml/XmlParser.h"
 
 #include <cstddef>
 #include <string>

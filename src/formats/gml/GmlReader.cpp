@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "formats/gml/GmlReader.h"
 
-#include "formats/gml/ByteBlocks.h"
 #include "formats/gml/GmlXmlReader.h"
 #include "formats/gml/LineLayoutReader.h"
+#include "formats/xml/ByteBlocks.h"
 #include "platform/CodePages.h"
 #include "util/Files.h"
 

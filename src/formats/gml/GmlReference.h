@@ -3,7 +3,7 @@
 #pragma once
 
 #include "formats/gml/GmlXmlRules.h"
-#include "formats/gml/XmlParser.h"
+#include "formats/xml/XmlParser.h"
 
 #include <cstdint>
 #include <functional>

@@ -10,7 +10,7 @@
 #include "formats/gml/GmlReader.h"
 #include "formats/gml/GmlReference.h"
 #include "formats/gml/GmlXmlRules.h"
-#include "formats/gml/XmlParser.h"
+#include "formats/xml/XmlParser.h"
 
 #include <cstddef>
 #include <memory>

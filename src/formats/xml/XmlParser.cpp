@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "formats/gml/XmlParser.h"
+#include "formats/xml/XmlParser.h"
 
 #include "platform/CodePages.h"
 #include "platform/Errors.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "formats/gml/ByteBlocks.h"
+#include "formats/xml/ByteBlocks.h"
 
 #include <cstdint>
 #include <span>

@@ -1,0 +1,1 @@
+vexlator_fuzz(adt LINK vexlator_formats_adt)

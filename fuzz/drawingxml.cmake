@@ -1,0 +1,1 @@
+vexlator_fuzz(drawingxml LINK vexlator_import_xml)

@@ -1,0 +1,1 @@
+vexlator_fuzz(meter LINK vexlator_formats_meter)
