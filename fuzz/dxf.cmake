@@ -1,0 +1,1 @@
+vexlator_fuzz(dxf LINK vexlator_formats_dxf vexlator_util vexlator_platform)
