@@ -37,7 +37,8 @@ void CheckPoints(georef::PointEntries entries) {
     Require(georef::ParsePointText(georef::PointText(entries)) == entries);
     try {
         georef::Fit fit(georef::PointsForFit(entries));
-        Require(fit.Residuals().size() <= georef::CountComplete(entries) && !fit.Description().empty());
+        Require(fit.Residuals().size() <= georef::CountComplete(entries) &&
+                !fit.Description().English().empty());
     } catch (const georef::FitError&) {
     }
 }
@@ -59,6 +60,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CheckQgisPoints(text);
     georef::ParseGeorefFile(text);
     for (util::LineReader lines(text); !lines.AtEnd();)
-        Require(!georef::ReadGround(lines.ReadTextLine()).said.empty());
+        Require(!georef::ReadGround(lines.ReadTextLine()).said.IsEmpty());
     return 0;
 }

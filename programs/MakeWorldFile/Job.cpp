@@ -66,11 +66,11 @@ Placement FitOf(const georef::GeorefFile& file, const Picture& picture) {
     const georef::Fit& fit = *placement.fit;
     bool bends = fit.Kind() == georef::FitKind::SecondOrder;
     if (bends && !file.rotate)
-        throw georef::FitError(
+        throw std::runtime_error(
             "a fit of second order bends the image, which a world file cannot express; rotate the image, or "
             "use a fit of first order");
     placement.world = fit.TermsAt({0, 0});
-    placement.said = fit.Description() + lineEnd + Residuals(fit);
+    placement.said = fit.Description().English() + lineEnd + Residuals(fit);
     if (fit.IsMirrored())
         placement.said +=
             std::string("the image is mirrored: are two points, or x and y, exchanged?") + lineEnd;
@@ -89,7 +89,11 @@ Placement PlacementOf(const Command& command, const std::vector<std::string>& fi
         file = georef::ReadGeorefFile(command.georefFile);
     }
     bool mayUseWorldFile = command.tileSize > 0 && georef::CountComplete(file.points) == 0;
-    if (!mayUseWorldFile) return FitOf(file, picture);
+    try {
+        if (!mayUseWorldFile) return FitOf(file, picture);
+    } catch (const georef::FitError& error) {
+        throw platform::ReadError(platform::NativePath(command.georefFile), "", error.what());
+    }
     Placement placement;
     placement.world = WorldOf(command, files, picture);
     return placement;
@@ -115,21 +119,41 @@ std::string Size(int width, int height) {
 struct Result {
     GDALDatasetH image = nullptr;
     formats::WorldFile world;
-    std::optional<NorthUpImage> turned;
+    std::optional<raster::ScratchImage> turned;
 };
+
+/// Before the image is turned, which can take minutes.
+void RequireJpegSize(int width, int height) {
+    constexpr int longestSide = 65'500;
+    if (std::max(width, height) > longestSide)
+        throw std::runtime_error(Size(width, height) +
+                                 " are more than a JPEG can have; cut the image into tiles");
+}
+
+Result ResultOf(const Command& command, const Placement& placement, Picture& picture) {
+    std::string scratch = util::JoinPath(command.target, "scratch.tif");
+    NorthUpFrame frame{picture.Width(), picture.Height(), placement.world};
+    if (placement.turns) frame = FrameNorthUp(*placement.fit, picture.Width(), picture.Height());
+    if (command.tileSize == 0) RequireJpegSize(frame.width, frame.height);
+    Result result{picture.Flat(scratch, placement.turns), frame.world, std::nullopt};
+    if (!placement.turns) return result;
+    result.turned.emplace(TurnNorthUp(result.image, *placement.fit, frame, scratch));
+    result.image = result.turned->Handle();
+    return result;
+}
 
 void WriteWhole(const Result& result, const Picture& picture, const std::string& source,
                 const std::string& path, platform::OutputSet& outputs) {
-    constexpr int longestSide = 65'500;
-    if (std::max(GDALGetRasterXSize(result.image), GDALGetRasterYSize(result.image)) > longestSide)
-        throw std::runtime_error(Size(GDALGetRasterXSize(result.image), GDALGetRasterYSize(result.image)) +
-                                 " are more than a JPEG can have; cut the image into tiles");
     platform::OutputFile& output = outputs.Add(path);
     if (!result.turned && picture.IsPlainJpeg()) {
         picture.Prove();
         output.Write(platform::MappedFile(source).Bytes());
     } else {
-        raster::WriteJpeg(result.image, output);
+        try {
+            raster::WriteJpeg(result.image, output);
+        } catch (const platform::ReadError& error) {
+            throw error.InFile(platform::NativePath(source));
+        }
     }
     outputs.Add(formats::WorldFilePath(path)).Write(formats::WorldFileText(result.world));
 }
@@ -173,13 +197,7 @@ std::string RunJob(const Command& command) {
     std::vector<std::string> files = FilesOf(command);
     Picture picture(files);
     Placement placement = PlacementOf(command, files, picture);
-    std::string scratch = util::JoinPath(command.target, "scratch.tif");
-    Result result{picture.Flat(scratch, placement.turns), placement.world, std::nullopt};
-    if (placement.turns) {
-        result.turned.emplace(TurnNorthUp(result.image, *placement.fit, scratch));
-        result.image = result.turned->image.Handle();
-        result.world = result.turned->world;
-    }
+    Result result = ResultOf(command, placement, picture);
     return placement.said + WriteOutputs(result, picture, command);
 }
 

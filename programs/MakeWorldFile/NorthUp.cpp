@@ -15,12 +15,6 @@ namespace {
 
 using util::PlanePoint;
 
-/// The layout of the rotated image.
-struct Frame {
-    int width = 0, height = 0;
-    formats::WorldFile world;
-};
-
 struct Extent {
     double left = HUGE_VAL, right = -HUGE_VAL, bottom = HUGE_VAL, top = -HUGE_VAL;
     void Add(PlanePoint p) {
@@ -50,17 +44,6 @@ std::runtime_error TooLarge() {
 
 /// Limit for a pixel's share: a smaller one is rounding noise.
 constexpr double noise = 1e-6;
-
-Frame FrameOf(const georef::Fit& fit, int width, int height) {
-    constexpr double mostPixels = 4e9, longestSide = 200'000;
-    Extent extent = ExtentOf(fit, width, height);
-    double size = fit.TermsAt({width / 2.0, height / 2.0}).PixelSize();
-    double columns = std::max(std::ceil((extent.right - extent.left) / size - noise), 1.0);
-    double rows = std::max(std::ceil((extent.top - extent.bottom) / size - noise), 1.0);
-    if (!(columns <= longestSide && rows <= longestSide && columns * rows <= mostPixels)) throw TooLarge();
-    formats::WorldFile world{size, 0, 0, -size, extent.left + size / 2, extent.top - size / 2};
-    return {static_cast<int>(columns), static_cast<int>(rows), world};
-}
 
 /// A part of the rotated image.
 struct Block {
@@ -191,23 +174,34 @@ void Turner::SamplePixel(PlanePoint place, GByte* target) const {
 
 }  // namespace
 
-NorthUpImage TurnNorthUp(GDALDatasetH image, const georef::Fit& fit, const std::string& scratch) {
+NorthUpFrame FrameNorthUp(const georef::Fit& fit, int width, int height) {
+    constexpr double mostPixels = 4e9, longestSide = 200'000;
+    Extent extent = ExtentOf(fit, width, height);
+    double size = fit.TermsAt({width / 2.0, height / 2.0}).PixelSize();
+    double columns = std::max(std::ceil((extent.right - extent.left) / size - noise), 1.0);
+    double rows = std::max(std::ceil((extent.top - extent.bottom) / size - noise), 1.0);
+    if (!(columns <= longestSide && rows <= longestSide && columns * rows <= mostPixels)) throw TooLarge();
+    formats::WorldFile world{size, 0, 0, -size, extent.left + size / 2, extent.top - size / 2};
+    return {static_cast<int>(columns), static_cast<int>(rows), world};
+}
+
+raster::ScratchImage TurnNorthUp(GDALDatasetH image, const georef::Fit& fit, const NorthUpFrame& frame,
+                                 const std::string& scratch) {
     constexpr int blockWidth = 1024, blockHeight = 256;
-    Frame frame = FrameOf(fit, GDALGetRasterXSize(image), GDALGetRasterYSize(image));
     int channels = GDALGetRasterCount(image);
-    NorthUpImage turned{raster::ScratchImage(scratch, frame.width, frame.height, channels), frame.world};
+    raster::ScratchImage turned(scratch, frame.width, frame.height, channels);
     Turner turner(image, fit, frame.world);
     for (int top = 0; top < frame.height; top += blockHeight)
         for (int left = 0; left < frame.width; left += blockWidth) {
             Block block{left, top, std::min(blockWidth, frame.width - left),
                         std::min(blockHeight, frame.height - top)};
-            CPLErr error = GDALDatasetRasterIOEx(turned.image.Handle(), GF_Write, left, top, block.width,
+            CPLErr error = GDALDatasetRasterIOEx(turned.Handle(), GF_Write, left, top, block.width,
                                                  block.height, turner.Turn(block).data(), block.width,
                                                  block.height, GDT_Byte, channels, nullptr, channels,
                                                  GSpacing{channels} * block.width, 1, nullptr);
-            turned.image.RequireWritten(error == CE_None);
+            turned.RequireWritten(error == CE_None);
         }
-    turned.image.Finish();
+    turned.Finish();
     return turned;
 }
 

@@ -10,15 +10,20 @@
 
 namespace vexlator::makeworldfile {
 
-/// An image whose rows run from west to east, in order from north to south.
-struct NorthUpImage {
-    raster::ScratchImage image;
+/// The layout of an image whose rows run from west to east, in order from north to south.
+struct NorthUpFrame {
+    int width = 0, height = 0;
     formats::WorldFile world;
 };
 
-/// Rotates an image by its fit: bilinear, with pixels of the size at the image's centre, and white outside of
-/// it.
-/// @throws std::runtime_error if it would become too large; platform::WriteError
-NorthUpImage TurnNorthUp(GDALDatasetH image, const georef::Fit& fit, const std::string& scratch);
+/// What holds an image of that size after it is rotated by its fit, with square pixels of the size at its
+/// centre.
+/// @throws std::runtime_error if it would become too large
+NorthUpFrame FrameNorthUp(const georef::Fit& fit, int width, int height);
+
+/// Rotates an image into its frame: bilinear, and white outside of the image.
+/// @throws std::runtime_error if the fit bends too much; platform::WriteError
+raster::ScratchImage TurnNorthUp(GDALDatasetH image, const georef::Fit& fit, const NorthUpFrame& frame,
+                                 const std::string& scratch);
 
 }  // namespace vexlator::makeworldfile

@@ -65,7 +65,7 @@ public:
     std::vector<AngleValue> Scan() {
         while (!rest_.empty())
             if (!(SkipBlank() || TakeSeparator() || TakeNumber() || TakeMark() || TakeHemisphere()))
-                throw NotUnderstood{"\"" + std::string(rest_) + "\" is not understood"};
+                throw NotUnderstood{InWords("vexlator", "%1 is not understood").With({Quote(rest_)})};
         Close();
         return std::move(values_);
     }
@@ -124,7 +124,8 @@ bool Scanner::TakeMark() {
     bool isSmallS = rest_.starts_with('s') && count > 1 && current_.parts[count - 2].mark == 'm';
     if (mark == marks.end() && !isSmallS) return false;
     char kind = isSmallS ? 's' : mark->second;
-    if (count == 0 || current_.parts.back().mark) throw NotUnderstood{"a mark is in the place of a number"};
+    if (count == 0 || current_.parts.back().mark)
+        throw NotUnderstood{InWords("vexlator", "a mark is in the place of a number")};
     rest_.remove_prefix(isSmallS ? 1 : mark->first.size());
     if (kind == 'd' && count > 1) {
         AnglePart degrees = current_.parts.back();
@@ -144,7 +145,7 @@ bool Scanner::TakeHemisphere() {
     if (isFirst) lettersComeFirst_ = true;
     if (lettersComeFirst_) Close();
     if (current_.hemisphere || (!lettersComeFirst_ && current_.parts.empty()))
-        throw NotUnderstood{"the letter " + letter + " is in the place of a number"};
+        throw NotUnderstood{InWords("vexlator", "the letter %1 is in the place of a number").With({letter})};
     current_.hemisphere = letter[0];
     if (!lettersComeFirst_) Close();
     return true;
@@ -170,23 +171,24 @@ std::vector<AngleValue> Halves(std::vector<AngleValue> values) {
 }  // namespace
 
 double AngleValue::Degrees() const {
-    static constexpr std::array<const char*, 3> names = {"degrees", "minutes", "seconds"};
     constexpr std::string_view order = "dms";
-    if (parts.empty() || parts.size() > names.size())
-        throw NotUnderstood{"an angle has degrees, minutes and seconds"};
+    if (parts.empty() || parts.size() > order.size())
+        throw NotUnderstood{InWords("vexlator", "an angle has degrees, minutes and seconds")};
     double degrees = 0, unit = 1;
     for (std::size_t i = 0; i < parts.size(); ++i, unit /= 60) {
         const AnglePart& part = parts[i];
-        std::string name = names[i];
         if (part.mark && part.mark != order[i])
-            throw NotUnderstood{"the mark after the " + name + " is another's"};
-        if (i > 0 && part.hasSign) throw NotUnderstood{"the " + name + " have a sign"};
-        if (i > 0 && part.value >= 60) throw NotUnderstood{"there are 60 or more " + name};
+            throw NotUnderstood{InWords("vexlator", "degrees come first, then minutes, then seconds")};
+        if (i > 0 && part.hasSign)
+            throw NotUnderstood{InWords("vexlator", "minutes and seconds have no sign")};
+        if (i > 0 && part.value >= 60)
+            throw NotUnderstood{InWords("vexlator", "minutes and seconds are below 60")};
         if (part.hasDecimals && i + 1 < parts.size())
-            throw NotUnderstood{"the " + name + " have decimals, and more follows"};
+            throw NotUnderstood{InWords("vexlator", "only the last part of an angle has decimals")};
         degrees += part.value * unit;
     }
-    if (hemisphere && parts[0].hasSign) throw NotUnderstood{"an angle has a sign and a letter"};
+    if (hemisphere && parts[0].hasSign)
+        throw NotUnderstood{InWords("vexlator", "an angle has a sign or a letter, not both")};
     return parts[0].isNegative || hemisphere == 'S' || hemisphere == 'W' ? -degrees : degrees;
 }
 

@@ -2,16 +2,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <optional>
-#include <string>
+#include "georef/Sentence.h"
+
 #include <string_view>
 #include <vector>
 
 namespace vexlator::georef {
 
-/// A part of a typed position that was not understood, in words.
+/// A part of a typed position that was not understood.
 struct NotUnderstood {
-    std::string reason;
+    Sentence reason;
 };
 
 /// One number of a value, and the mark after it: 'd', 'm' or 's' for degrees, minutes, seconds; 0: none.

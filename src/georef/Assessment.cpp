@@ -19,12 +19,6 @@ std::optional<Residual> ResidualOf(const Fit& fit, const PointEntry& entry, int 
                     back ? util::Distance(back->x, back->y, pixel->x, pixel->y) : 0};
 }
 
-/// Points beyond those that the terms need: without them every fit is exact.
-bool HasSpare(const Fit& fit) {
-    std::size_t needed = fit.Kind() == FitKind::Similarity ? 2 : fit.Kind() == FitKind::Affine ? 3 : 6;
-    return fit.Residuals().size() > needed;
-}
-
 }  // namespace
 
 Assessment Assess(const PointEntries& entries, Fit::Order order) {
@@ -33,19 +27,21 @@ Assessment Assess(const PointEntries& entries, Fit::Order order) {
     try {
         assessment.fit.emplace(PointsForFit(entries), order);
     } catch (const FitError& error) {
-        assessment.said = error.what();
+        assessment.said = error.reason;
         return assessment;
     }
     const Fit& fit = *assessment.fit;
     assessment.said = fit.Description();
     if (fit.IsMirrored())
-        assessment.said += "; the image lies mirrored: are two points, or x and y, exchanged?";
+        assessment.said +=
+            InWords("vexlator", "; the image lies mirrored: are two points, or x and y, exchanged?");
     for (const Residual& residual : fit.Residuals())
         assessment.residuals[static_cast<std::size_t>(residual.number) - 1] = residual;
-    for (std::size_t i = 0; i < CountComplete(entries); ++i)
+    std::size_t count = CountComplete(entries);
+    for (std::size_t i = 0; i < count; ++i)
         if (entries[i].isLeftOut)
             assessment.residuals[i] = ResidualOf(fit, entries[i], static_cast<int>(i) + 1);
-    if (HasSpare(fit)) assessment.worst = fit.Residuals().front().number;
+    if (fit.IsChecked()) assessment.worst = fit.Residuals().front().number;
     return assessment;
 }
 

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "georef/PointEntries.h"
+#include "georef/Sentence.h"
 
 #include <optional>
-#include <string>
 #include <vector>
 
 namespace vexlator::georef {
@@ -14,7 +14,7 @@ namespace vexlator::georef {
 struct Assessment {
     std::optional<Fit> fit;
     /// For people: the fit in words and what is odd about it, or why there is none.
-    std::string said;
+    Sentence said;
     /// One for each entry; nothing for those that are not complete. Those that are left out have theirs too,
     /// as they show what a fit without them is worth.
     std::vector<std::optional<Residual>> residuals;

@@ -52,41 +52,41 @@ Spread SpreadOf(const std::vector<ControlPoint>& points, Member member) {
     return {std::sqrt(larger / count), std::sqrt(smaller / count)};
 }
 
-std::string Count(std::size_t count, const std::string& one) {
-    return std::to_string(count) + " " + one + (count == 1 ? "" : "s");
-}
-
 /// Limit of the ratio of width to length: narrower points do not determine the terms across their line.
 constexpr double thinnestPixels = 1e-3, thinnestGround = 1e-7;
 
 void RequireSpread(const std::vector<ControlPoint>& points, FitKind kind) {
     Spread pixels = SpreadOf(points, &ControlPoint::pixel), ground = SpreadOf(points, &ControlPoint::ground);
-    std::string all = points.size() == pointsOfSimilarity ? "both" : "all " + std::to_string(points.size());
+    std::string count = std::to_string(points.size());
     if (!std::isfinite(pixels.along) || !std::isfinite(ground.along))
-        throw FitError("the control points have values that are too large to compute with");
-    if (pixels.along == 0) throw FitError(all + " control points have the same position on the image");
-    if (ground.along == 0) throw FitError(all + " control points have the same ground position");
+        throw FitError(
+            InWords("vexlator", "the control points have values that are too large to compute with"));
+    if (pixels.along == 0)
+        throw FitError(InWords("vexlator", "all control points have the same position on the image"));
+    if (ground.along == 0)
+        throw FitError(InWords("vexlator", "all control points have the same ground position"));
     if (kind == FitKind::Similarity) return;
     if (pixels.across < pixels.along * thinnestPixels)
-        throw FitError(all + " control points are on one line of the image; add one beside that line");
+        throw FitError(InWords("vexlator",
+                               "all %1 control points are on one line of the image; add one beside that line")
+                           .With({count}));
     if (ground.across < ground.along * thinnestGround)
-        throw FitError("the ground positions of " + all +
-                       " control points are on one line; check their values");
-}
-
-void RequireCount(std::size_t count, std::size_t least, const std::string& what) {
-    if (count < least)
-        throw FitError(what + " needs at least " + Count(least, "control point") + ", there " +
-                       (count == 1 ? "is " : "are ") + std::to_string(count));
+        throw FitError(
+            InWords("vexlator",
+                    "the ground positions of all %1 control points are on one line; check their values")
+                .With({count}));
 }
 
 FitKind KindFor(std::size_t count, Fit::Order order) {
-    RequireCount(count, pointsOfSimilarity, "a fit");
-    if (order == Fit::Order::Second) {
-        RequireCount(count, pointsOfSecondOrder, "a fit of second order");
-        return FitKind::SecondOrder;
-    }
-    return count == pointsOfSimilarity ? FitKind::Similarity : FitKind::Affine;
+    if (count < pointsOfSimilarity)
+        throw FitError(InWords("vexlator", "a fit needs at least 2 control points and has %1")
+                           .With({std::to_string(count)}));
+    if (order == Fit::Order::First)
+        return count == pointsOfSimilarity ? FitKind::Similarity : FitKind::Affine;
+    if (count < pointsOfSecondOrder)
+        throw FitError(InWords("vexlator", "a fit of second order needs at least 6 control points and has %1")
+                           .With({std::to_string(count)}));
+    return FitKind::SecondOrder;
 }
 
 TermRow FactorsAt(PlanePoint p) {
@@ -127,9 +127,11 @@ void Fit::FitTerms(const std::vector<ControlPoint>& points) {
                                 point.ground.x - groundCentre_.x, point.ground.y - groundCentre_.y});
     std::optional<Terms> terms = SolveLeastSquares(std::move(observations), TermsOf(kind_));
     if (!terms)
-        throw FitError(kind_ == FitKind::SecondOrder ? "the control points are on one curve of second order; "
-                                                       "spread them over the image, or fit in first order"
-                                                     : "the control points do not determine a fit; add one");
+        throw FitError(kind_ == FitKind::SecondOrder
+                           ? InWords("vexlator",
+                                     "the control points are on one curve of second order; spread them over "
+                                     "the image, or fit in first order")
+                           : InWords("vexlator", "the control points do not determine a fit; add one"));
     x_ = terms->first;
     y_ = terms->second;
 }
@@ -196,20 +198,33 @@ MeanError Fit::Error() const {
     return {std::sqrt(squares.metres / count), std::sqrt(squares.pixels / count)};
 }
 
+bool Fit::IsChecked() const {
+    return kind_ != FitKind::Similarity && residuals_.size() > TermsOf(kind_);
+}
+
 bool Fit::IsMirrored() const {
     return TermsAt(pixelCentre_).Determinant() > 0;
 }
 
-std::string Fit::Description() const {
-    static constexpr std::array<const char*, 3> names = {"similarity", "affine", "second order"};
+Sentence Fit::Description() const {
     formats::WorldFile terms = TermsAt(pixelCentre_);
     double turn = std::atan2(terms.d, terms.a) * util::degreesPerRadian;
-    std::size_t count = residuals_.size();
-    bool isChecked = kind_ != FitKind::Similarity && count > TermsOf(kind_);
-    return Count(count, "control point") + ", " + names[static_cast<std::size_t>(kind_)] + " fit" +
-           (isChecked ? " by least squares" : " without another point to check it") + ": a pixel is " +
-           util::FormatFixed(terms.PixelSize(), 4) + " on the ground, the image rotated by " +
-           util::FormatFixed(std::fabs(turn), 2) + " degrees " + (turn < 0 ? "clockwise" : "anticlockwise");
+    std::string angle = util::FormatFixed(std::fabs(turn), 2);
+    return KindInWords() +
+           InWords("vexlator", ": a pixel is %1 on the ground, ")
+               .With({util::FormatFixed(terms.PixelSize(), 4)}) +
+           (turn < 0 ? InWords("vexlator", "the image rotated by %1 degrees clockwise").With({angle})
+                     : InWords("vexlator", "the image rotated by %1 degrees anticlockwise").With({angle}));
+}
+
+Sentence Fit::KindInWords() const {
+    std::string count = std::to_string(residuals_.size());
+    Sentence kind =
+        kind_ == FitKind::Similarity ? InWords("vexlator", "%1 control points, similarity fit").With({count})
+        : kind_ == FitKind::Affine   ? InWords("vexlator", "%1 control points, affine fit").With({count})
+                                   : InWords("vexlator", "%1 control points, second order fit").With({count});
+    return kind + (IsChecked() ? InWords("vexlator", " by least squares")
+                               : InWords("vexlator", " without another point to check it"));
 }
 
 }  // namespace vexlator::georef

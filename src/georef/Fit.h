@@ -3,12 +3,12 @@
 #pragma once
 
 #include "formats/worldfile/WorldFile.h"
+#include "georef/Sentence.h"
 #include "util/Geometry.h"
 
 #include <array>
 #include <optional>
 #include <stdexcept>
-#include <string>
 #include <vector>
 
 namespace vexlator::georef {
@@ -26,9 +26,10 @@ enum class FitKind {
     SecondOrder  ///< twelve terms, with curvature: 6 points and more
 };
 
-/// Control points that do not determine a fit; what() is a sentence for the user.
+/// Control points that do not determine a fit; what() is the reason in English.
 struct FitError : std::runtime_error {
-    using std::runtime_error::runtime_error;
+    explicit FitError(const Sentence& why) : std::runtime_error(why.English()), reason(why) {}
+    Sentence reason;
 };
 
 /// The residual of a control point: the distance between the fit and the given ground position.
@@ -65,12 +66,15 @@ public:
     /// Whether the image is mirrored, which happens if two points, or x and y, are exchanged.
     bool IsMirrored() const;
     /// In words: the kind of fit, the number of points, the pixel size and the rotation.
-    std::string Description() const;
+    Sentence Description() const;
+    /// Whether there are more points than the terms need: without another point every fit is exact.
+    bool IsChecked() const;
 
 private:
     void FitSimilarity(const std::vector<ControlPoint>& points);
     void FitTerms(const std::vector<ControlPoint>& points);
     void FindResiduals(const std::vector<ControlPoint>& points);
+    Sentence KindInWords() const;
 
     static constexpr std::size_t termCount = 6;
     FitKind kind_;

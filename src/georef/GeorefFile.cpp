@@ -36,12 +36,23 @@ bool IsEmpty(const PointEntry& entry) {
     return entry.pixel.empty() && entry.ground.empty();
 }
 
+std::size_t PointCount(std::string_view number) {
+    return static_cast<std::size_t>(std::clamp<std::int64_t>(util::IntegerOf(number), 0, mostPoints));
+}
+
+/// The largest number of a key. Others may have left numbers out, and points behind them are kept.
+std::size_t LastNumber(const config::IniText& ini) {
+    std::size_t last = 0;
+    for (const config::IniEntry& entry : ini.Entries())
+        if (platform::SameNoCase(entry.section, mainSection) && !entry.key.empty())
+            last = std::max(last, PointCount(entry.key.substr(0, entry.key.size() - 1)));
+    return last;
+}
+
 /// The points of the main section fill the free numbers of the section above.
 PointEntries PointsOf(const config::IniText& ini) {
     PointEntries entries;
-    std::size_t next = 1;
-    auto count = static_cast<std::size_t>(
-        std::clamp<std::int64_t>(util::IntegerOf(ini.Value(asideSection, "COUNT")), 0, mostPoints));
+    std::size_t next = 1, count = std::max(PointCount(ini.Value(asideSection, "COUNT")), LastNumber(ini));
     while (entries.size() < mostPoints) {
         PointEntry entry = EntryOf(ini, asideSection, entries.size() + 1);
         bool isAside = entries.size() < count && !IsEmpty(entry);
@@ -133,9 +144,8 @@ GeorefFile ParseGeorefFile(std::string_view text) {
 }
 
 GeorefFile ReadGeorefFile(std::string_view path) {
-    constexpr std::uint64_t largest = 10'000'000;
     if (platform::FindExisting(path).empty()) return {};
-    if (platform::SizeOfFile(path) > largest)
+    if (platform::SizeOfFile(path) > largestPointsFile)
         throw platform::ReadError(platform::NativePath(path), "", "too large for a file of control points");
     return ParseGeorefFile(platform::ReadWholeFile(path));
 }

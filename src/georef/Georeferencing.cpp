@@ -109,6 +109,17 @@ std::size_t CountForFit(const PointEntries& entries) {
         std::count_if(entries.begin(), end, [](const PointEntry& entry) { return !entry.isLeftOut; }));
 }
 
+/// Says so when some have no place there.
+PointEntries InGrid(config::Run& run, PointEntries points) {
+    coords::frmLatLng grid(run);
+    std::size_t converted = ConvertGroundToGrid(points, grid);
+    std::size_t count = CountForFit(points);
+    if (converted < count)
+        run.Ui().ShowMessage(std::to_string(count - converted) + " of " + std::to_string(count) +
+                             " control points have no place in the selected coordinate system");
+    return points;
+}
+
 GeorefFile Sized(const ImageOnDisk& image, GeorefFile file) {
     file.width = image.width;
     file.height = image.height;
@@ -132,9 +143,11 @@ GeorefOutcome Georeference(config::Run& run, const ImageOnDisk& image, const Geo
         return outcome;
     }
     if (AreDegrees(file.points) && run.Ui().AskYesNo("Convert Latlngs to Selected Coordinate System?")) {
-        coords::frmLatLng grid(run);
-        outcome.converted = file.points;
-        ConvertGroundToGrid(*outcome.converted, grid);
+        outcome.converted = InGrid(run, file.points);
+        return outcome;
+    }
+    if (file.order == Fit::Order::Second && !file.rotate) {
+        run.Ui().ShowMessage("A fit of second order bends the image: rotate it, or use a fit of first order");
         return outcome;
     }
     if (!run.Ui().AskYesNo("Continue with Georeferencing based on " + std::to_string(count) + " points?"))

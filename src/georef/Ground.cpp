@@ -20,26 +20,31 @@ namespace {
 
 constexpr double mostLatitude = 90, mostLongitude = 180;
 
-std::string DegreesText(double value, char positive, char negative) {
+std::string DegreesText(double value) {
     constexpr int decimals = 6;
-    return util::FormatFixed(std::fabs(value), decimals) + " " + (value < 0 ? negative : positive);
+    return util::FormatFixed(std::fabs(value), decimals);
 }
 
-std::string MetresText(util::PlanePoint place) {
+Sentence LatitudeInWords(double value) {
+    return value < 0 ? InWords("vexlator", "latitude %1 S").With({DegreesText(value)})
+                     : InWords("vexlator", "latitude %1 N").With({DegreesText(value)});
+}
+
+Sentence LongitudeInWords(double value) {
+    return value < 0 ? InWords("vexlator", "longitude %1 W").With({DegreesText(value)})
+                     : InWords("vexlator", "longitude %1 E").With({DegreesText(value)});
+}
+
+GroundReading Grid(util::PlanePoint place, bool isOrderKnown, Sentence before = {}) {
     constexpr int decimals = 3;
-    return "easting " + util::FormatFixed(place.x, decimals) + ", northing " +
-           util::FormatFixed(place.y, decimals);
-}
-
-GroundReading Grid(util::PlanePoint place, bool isOrderKnown, const std::string& before = "") {
-    return {GroundKind::Grid, place, isOrderKnown, before + MetresText(place)};
+    before += InWords("vexlator", "easting %1, northing %2")
+                  .With({util::FormatFixed(place.x, decimals), util::FormatFixed(place.y, decimals)});
+    return {GroundKind::Grid, place, isOrderKnown, before};
 }
 
 GroundReading Degrees(util::PlanePoint place, bool latitudeFirst, bool isOrderKnown) {
-    std::string latitude = "latitude " + DegreesText(place.y, 'N', 'S');
-    std::string longitude = "longitude " + DegreesText(place.x, 'E', 'W');
-    std::string said = latitudeFirst ? latitude + ", " + longitude : longitude + ", " + latitude;
-    if (!isOrderKnown) said += " (assuming that the latitude comes first)";
+    Sentence said = PlaceInWords(place, latitudeFirst);
+    if (!isOrderKnown) said += InWords("vexlator", " (assuming that the latitude comes first)");
     return {GroundKind::Degrees, place, isOrderKnown, said};
 }
 
@@ -58,17 +63,19 @@ bool AreMetres(const std::vector<AngleValue>& values) {
 GroundReading FromLetters(const std::vector<AngleValue>& values) {
     bool northFirst = IsNorthing(values[0].hemisphere);
     if (!values[0].hemisphere || !values[1].hemisphere || northFirst == IsNorthing(values[1].hemisphere))
-        throw NotUnderstood{"one value needs N or S, the other E or W"};
+        throw NotUnderstood{InWords("vexlator", "one value needs N or S, the other E or W")};
     util::PlanePoint place{values[0].Degrees(), values[1].Degrees()};
     if (northFirst) std::swap(place.x, place.y);
     if (AreMetres(values)) return Grid(place, true);
-    if (std::fabs(place.y) > mostLatitude) throw NotUnderstood{"a latitude beyond 90 degrees"};
-    if (std::fabs(place.x) > mostLongitude) throw NotUnderstood{"a longitude beyond 180 degrees"};
+    if (std::fabs(place.y) > mostLatitude)
+        throw NotUnderstood{InWords("vexlator", "a latitude beyond 90 degrees")};
+    if (std::fabs(place.x) > mostLongitude)
+        throw NotUnderstood{InWords("vexlator", "a longitude beyond 180 degrees")};
     return Degrees(place, northFirst, true);
 }
 
 GroundReading FromValues(const std::vector<AngleValue>& values) {
-    if (values.size() != 2) throw NotUnderstood{"a position is two values"};
+    if (values.size() != 2) throw NotUnderstood{InWords("vexlator", "a position is two values")};
     if (values[0].hemisphere || values[1].hemisphere) return FromLetters(values);
     double first = values[0].Degrees(), second = values[1].Degrees();
     bool latitudeFirst = std::fabs(first) <= mostLatitude, longitudeFirst = std::fabs(second) <= mostLatitude;
@@ -76,7 +83,7 @@ GroundReading FromValues(const std::vector<AngleValue>& values) {
         std::max(std::fabs(first), std::fabs(second)) <= mostLongitude && (latitudeFirst || longitudeFirst);
     if (!canBeDegrees) {
         if (values[0].IsPlain() && values[1].IsPlain()) return Grid({first, second}, false);
-        throw NotUnderstood{"angles beyond 90 and 180 degrees"};
+        throw NotUnderstood{InWords("vexlator", "angles beyond 90 and 180 degrees")};
     }
     bool isOrderKnown = latitudeFirst != longitudeFirst;
     if (latitudeFirst) return Degrees({second, first}, true, isOrderKnown);
@@ -107,12 +114,25 @@ std::optional<double> WholeNumber(std::string_view text) {
 
 }  // namespace
 
+Sentence PlaceInWords(util::PlanePoint degrees, bool latitudeFirst) {
+    Sentence latitude = LatitudeInWords(degrees.y), longitude = LongitudeInWords(degrees.x);
+    Sentence comma = Plainly(", ");
+    return latitudeFirst ? latitude + comma + longitude : longitude + comma + latitude;
+}
+
 GroundReading ReadGround(std::string_view text) {
+    constexpr std::size_t longest = 200;
     text = util::Trim(text);
-    if (text.empty()) return {GroundKind::None, {}, false, "no position yet"};
+    if (text.empty()) return {GroundKind::None, {}, false, InWords("vexlator", "no position yet")};
+    if (text.size() > longest)
+        return {GroundKind::None,
+                {},
+                false,
+                InWords("vexlator", "%1 is too long for a position").With({Quote(text)})};
     if (std::optional<GridSquare> square = ReadGridLetters(text))
-        return Grid(square->corner, true,
-                    "corner of the square of " + util::FormatShortest(square->side) + " m: ");
+        return Grid(
+            square->corner, true,
+            InWords("vexlator", "corner of the square of %1 m: ").With({util::FormatShortest(square->side)}));
     if (std::optional<GroundReading> reading = FromAngleTexts(text)) return *reading;
     try {
         return FromValues(ReadAngleValues(text));

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "georef/Sentence.h"
 #include "util/Geometry.h"
 
 #include <optional>
-#include <string>
 #include <string_view>
 
 namespace vexlator::georef {
@@ -23,7 +23,7 @@ struct GroundReading {
     /// Whether the order of latitude and longitude is certain, by letters or by values that can only be one
     /// of the two. If not, the latitude was assumed to come first.
     bool isOrderKnown = false;
-    std::string said;  ///< for the user: the meaning with the order, or why there is none
+    Sentence said;  ///< for the user: the meaning with the order, or why there is none
 };
 
 /// A ground position in any usual notation:
@@ -37,6 +37,9 @@ struct GroundReading {
 ///   Comma, semicolon or blank stands between the two; decimal commas are understood where that leaves no
 ///   doubt. Two plain numbers are degrees when both can be: below 90 one, up to 180 the other.
 GroundReading ReadGround(std::string_view text);
+
+/// "latitude 52.500000 N, longitude 1.250000 W", in that order or the other.
+Sentence PlaceInWords(util::PlanePoint degrees, bool latitudeFirst);
 
 /// Two plain numbers with a comma between them and nothing else.
 std::optional<util::PlanePoint> ReadNumberPair(std::string_view text);

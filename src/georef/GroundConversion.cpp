@@ -5,6 +5,7 @@
 #include "util/Numbers.h"
 #include "util/Paths.h"
 
+#include <cmath>
 #include <utility>
 
 namespace vexlator::georef {
@@ -30,6 +31,10 @@ std::string GroundEntry(util::PlanePoint grid) {
     return util::FormatFixed(grid.x, decimals) + "," + util::FormatFixed(grid.y, decimals);
 }
 
+std::string ExactGroundEntry(util::PlanePoint grid) {
+    return util::FormatShortest(grid.x) + "," + util::FormatShortest(grid.y);
+}
+
 GridEntry ToGridEntry(std::string_view typed, coords::frmLatLng& grid) {
     GroundReading reading = ReadGround(typed);
     if (reading.kind == GroundKind::None) return {"", reading.said};
@@ -38,19 +43,33 @@ GridEntry ToGridEntry(std::string_view typed, coords::frmLatLng& grid) {
     if (!texts && !reading.isOrderKnown) {
         std::swap(reading.place.x, reading.place.y);
         texts = ToGrid(reading.place, grid);
-        reading.said = "longitude " + util::FormatFixed(reading.place.x, 6) + ", latitude " +
-                       util::FormatFixed(reading.place.y, 6) +
-                       " (in this order, because the other is outside the grid)";
+        reading.said = PlaceInWords(reading.place, false) +
+                       InWords("vexlator", " (in this order, because the other is outside the grid)");
     }
-    if (!texts) return {"", reading.said + ": is outside the grid"};
+    if (!texts) return {"", reading.said + InWords("vexlator", ": outside the selected grid")};
     return {texts->first + "," + texts->second, reading.said};
 }
+
+namespace {
+
+/// "" for values that are not in degrees, or have no place in the grid. Longitudes up to 360 are degrees
+/// here, since the question before has taken them for such.
+std::string DegreesEntry(const std::string& typed, coords::frmLatLng& grid) {
+    constexpr double fullCircle = 360;
+    if (ReadGround(typed).kind == GroundKind::Degrees) return ToGridEntry(typed, grid).entry;
+    std::optional<util::PlanePoint> pair = ReadNumberPair(typed);
+    if (!pair || std::fabs(pair->x) >= fullCircle || std::fabs(pair->y) >= fullCircle) return "";
+    Texts texts = ToGrid({pair->y, pair->x}, grid);
+    if (!texts) texts = ToGrid(*pair, grid);
+    return texts ? texts->first + "," + texts->second : "";
+}
+
+}  // namespace
 
 std::size_t ConvertGroundToGrid(PointEntries& entries, coords::frmLatLng& grid) {
     std::size_t converted = 0;
     for (PointEntry& entry : entries) {
-        if (ReadGround(entry.ground).kind != GroundKind::Degrees) continue;
-        std::string inGrid = ToGridEntry(entry.ground, grid).entry;
+        std::string inGrid = DegreesEntry(entry.ground, grid);
         if (inGrid.empty()) continue;
         entry.ground = inGrid;
         ++converted;

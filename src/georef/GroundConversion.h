@@ -18,10 +18,13 @@ namespace vexlator::georef {
 /// decimals. If the order of latitude and longitude is open, and only the longitude first gives a place in
 /// the grid, the longitude comes first. `said` gives the meaning. The entry is "" if there is no place.
 struct GridEntry {
-    std::string entry, said;
+    std::string entry;
+    Sentence said;
 };
 /// A place as an entry.
 std::string GroundEntry(util::PlanePoint grid);
+/// A place as an entry with all its decimals: points of a world file give that world file back.
+std::string ExactGroundEntry(util::PlanePoint grid);
 GridEntry ToGridEntry(std::string_view typed, coords::frmLatLng& grid);
 
 /// Converts every ground value in degrees to the grid. Values without a place in the grid stay. Returns the

@@ -37,6 +37,30 @@ bool IsComplete(const PointEntry& entry) {
     return entry.pixel.find(',') != std::string::npos && entry.ground.find(',') != std::string::npos;
 }
 
+/// The ground position in the grid. @throws FitError: why there is none
+util::PlanePoint GroundOf(const std::string& typed) {
+    if (std::optional<util::PlanePoint> plain = ReadNumberPair(typed)) return *plain;
+    GroundReading reading = ReadGround(typed);
+    if (reading.kind == GroundKind::Grid) return reading.place;
+    if (reading.kind == GroundKind::Degrees)
+        throw FitError(
+            InWords("vexlator", "%1 is in degrees; convert it to the grid first").With({Quote(typed)}));
+    throw FitError(Plainly("%1: ").With({Quote(typed)}) + reading.said);
+}
+
+ControlPoint PointOf(const PointEntry& entry, int number) {
+    try {
+        std::optional<util::PlanePoint> pixel = ReadNumberPair(entry.pixel);
+        if (!pixel)
+            throw FitError(
+                InWords("vexlator", "%1 is not a pixel position of the form x,y").With({Quote(entry.pixel)}));
+        return {number, *pixel, GroundOf(entry.ground)};
+    } catch (const FitError& error) {
+        throw FitError(InWords("vexlator", "control point %1: ").With({std::to_string(number)}) +
+                       error.reason);
+    }
+}
+
 }  // namespace
 
 PointEntries ParsePointText(std::string_view text) {
@@ -84,34 +108,26 @@ std::size_t CountComplete(const PointEntries& entries) {
 
 std::vector<ControlPoint> PointsForFit(const PointEntries& entries) {
     std::vector<ControlPoint> points;
-    for (std::size_t i = 0; i < CountComplete(entries); ++i) {
-        const PointEntry& entry = entries[i];
-        if (entry.isLeftOut) continue;
-        std::string point = "control point " + std::to_string(i + 1) + ": ";
-        std::optional<util::PlanePoint> pixel = ReadNumberPair(entry.pixel);
-        if (!pixel) throw FitError(point + "\"" + entry.pixel + "\" is not a pixel position of the form x,y");
-        std::optional<util::PlanePoint> ground = ReadNumberPair(entry.ground);
-        GroundReading reading = ReadGround(entry.ground);
-        if (!ground && reading.kind == GroundKind::Grid) ground = reading.place;
-        if (!ground && reading.kind == GroundKind::Degrees)
-            throw FitError(point + "\"" + entry.ground + "\" is in degrees; convert it to the grid first");
-        if (!ground) throw FitError(point + "\"" + entry.ground + "\": " + reading.said);
-        points.push_back({static_cast<int>(i) + 1, *pixel, *ground});
-    }
+    std::size_t count = CountComplete(entries);
+    for (std::size_t i = 0; i < count; ++i)
+        if (!entries[i].isLeftOut) points.push_back(PointOf(entries[i], static_cast<int>(i) + 1));
     return points;
 }
 
 bool AreDegrees(const PointEntries& entries) {
-    std::size_t count = CountComplete(entries);
-    return count > 0 && std::all_of(entries.begin(), entries.begin() + static_cast<std::ptrdiff_t>(count),
-                                    [](const PointEntry& entry) {
-                                        constexpr double fullCircle = 360;
-                                        std::optional<util::PlanePoint> pair = ReadNumberPair(entry.ground);
-                                        if (!pair)
-                                            return ReadGround(entry.ground).kind == GroundKind::Degrees;
-                                        return std::fabs(pair->x) < fullCircle &&
-                                               std::fabs(pair->y) < fullCircle;
-                                    });
+    constexpr double fullCircle = 360;
+    auto isDegrees = [](const PointEntry& entry) {
+        std::optional<util::PlanePoint> pair = ReadNumberPair(entry.ground);
+        if (!pair) return ReadGround(entry.ground).kind == GroundKind::Degrees;
+        return std::fabs(pair->x) < fullCircle && std::fabs(pair->y) < fullCircle;
+    };
+    std::size_t used = 0, count = CountComplete(entries);
+    for (std::size_t i = 0; i < count; ++i) {
+        if (entries[i].isLeftOut) continue;
+        if (!isDegrees(entries[i])) return false;
+        ++used;
+    }
+    return used > 0;
 }
 
 }  // namespace vexlator::georef

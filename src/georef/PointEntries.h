@@ -5,6 +5,7 @@
 #include "georef/Fit.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +25,8 @@ using PointEntries = std::vector<PointEntry>;
 
 /// Larger numbers are not control points.
 constexpr std::size_t mostPoints = 10'000;
+/// Bytes; nobody writes a larger file of control points.
+constexpr std::uint64_t largestPointsFile = 10'000'000;
 
 /// The lines of a control-point list, "nP=x,y" and "nG=x,y" in any order. Other lines are ignored. The first
 /// of two lines for the same text counts.
@@ -41,7 +44,7 @@ std::size_t CountComplete(const PointEntries& entries);
 /// The points for the fit, in grid coordinates: the complete entries that are not left out.
 /// @throws FitError: names the point whose position is not two numbers, or is in degrees
 std::vector<ControlPoint> PointsForFit(const PointEntries& entries);
-/// Whether every ground value is below 360, like degrees. False if there is none.
+/// Whether every ground value of the points for the fit is below 360, like degrees. False without points.
 bool AreDegrees(const PointEntries& entries);
 
 /// The contents of a georeference file, the .INI beside an image.

@@ -5,6 +5,7 @@
 #include "georef/Ground.h"
 #include "platform/AsciiCase.h"
 #include "platform/Errors.h"
+#include "platform/Files.h"
 #include "platform/Paths.h"
 #include "util/Files.h"
 #include "util/Numbers.h"
@@ -13,6 +14,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <optional>
 
 namespace vexlator::georef {
@@ -28,9 +30,12 @@ bool IsHeader(std::string_view line) {
 
 /// Since version 3.26, QGIS calls the pixel columns sourceX and sourceY.
 Columns ColumnsOf(std::string_view header) {
+    constexpr std::size_t mostColumns = 100;
     Columns columns = {0, 1, 2, 3, 4};
-    for (std::size_t i = 0; i <= util::CountOf(header, ","); ++i) {
-        std::string name = platform::UpperAscii(util::Trim(util::GetCommaField(i, header)));
+    for (std::size_t i = 0; i < mostColumns && !header.empty(); ++i) {
+        std::string_view field = header.substr(0, header.find(','));
+        header.remove_prefix(std::min(field.size() + 1, header.size()));
+        std::string name = platform::UpperAscii(util::Trim(field));
         if (name == "MAPX") columns[MapX] = i;
         if (name == "MAPY") columns[MapY] = i;
         if (name == "PIXELX" || name == "SOURCEX") columns[PixelX] = i;
@@ -40,19 +45,20 @@ Columns ColumnsOf(std::string_view header) {
     return columns;
 }
 
+/// Without what stands behind it. "" when the line has fewer fields.
 std::string_view Field(std::string_view line, std::size_t index) {
-    // GetCommaField() gives the rest of the line for the last field.
-    std::string_view field = index <= util::CountOf(line, ",") ? util::GetCommaField(index, line) : "";
-    return util::Trim(field.substr(0, field.find(',')));
+    for (; index > 0 && !line.empty(); --index)
+        line.remove_prefix(std::min(line.find(','), line.size() - 1) + 1);
+    return util::Trim(line.substr(0, line.find(',')));
 }
 
 std::string NumberField(std::string_view line, std::size_t index, double factor, std::uint64_t number) {
     std::string_view field = Field(line, index);
     double value = 0;
     auto [end, error] = std::from_chars(field.data(), field.data() + field.size(), value);
-    if (error != std::errc() || end != field.data() + field.size())
+    if (error != std::errc() || end != field.data() + field.size() || !std::isfinite(value))
         throw platform::ReadError("", platform::ReadError::AtLine(number),
-                                  "\"" + std::string(field) + "\" is not a number; a point has four");
+                                  Quote(field) + " is not a number; a point has four");
     return util::FormatShortest(value * factor);
 }
 
@@ -81,6 +87,17 @@ PointEntries ParseQgisPoints(std::string_view text) {
                            Field(line, columns[Enable]) == "0"});
     }
     return entries;
+}
+
+PointEntries ReadQgisPoints(std::string_view path) {
+    std::string name = platform::NativePath(path);
+    if (platform::SizeOfFile(path) > largestPointsFile)
+        throw platform::ReadError(name, "", "too large for a file of control points");
+    try {
+        return ParseQgisPoints(platform::ReadWholeFile(path));
+    } catch (const platform::ReadError& error) {
+        throw error.InFile(name);
+    }
 }
 
 std::string QgisPointsText(const PointEntries& entries) {

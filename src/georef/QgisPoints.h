@@ -15,6 +15,8 @@ namespace vexlator::georef {
 /// enable. Points that are not enabled are left out.
 /// @throws platform::ReadError: a line that is not a point, or more points than an image may have
 PointEntries ParseQgisPoints(std::string_view text);
+/// @throws platform::ReadError, also when the file cannot be read, or is too large
+PointEntries ReadQgisPoints(std::string_view path);
 
 /// Writes every entry whose two positions are numbers, and ignores others.
 std::string QgisPointsText(const PointEntries& entries);

@@ -107,6 +107,7 @@ void StartGdal() {
     CPLSetConfigOption("GDAL_PAM_ENABLED", "NO");
     CPLSetConfigOption("GDAL_DISABLE_READDIR_ON_OPEN", "EMPTY_DIR");
     CPLSetConfigOption("GDAL_OPEN_AFTER_COPY", "NO");
+    CPLSetConfigOption("GDAL_ALLOW_LARGE_LIBJPEG_MEM_ALLOC", "YES");  // Picture has looked before
     CPLSetErrorHandler(Collect);
     GDALAllRegister();
     GDALSetCacheMax64(cacheBytes);
@@ -191,7 +192,8 @@ void WriteJpeg(GDALDatasetH source, platform::OutputFile& target) {
     written.reset();
     if (std::exception_ptr failure = std::exchange(Slot(), {}).failure) std::rethrow_exception(failure);
     platform::ThrowIfStopped();
-    if (!ok || Reported().endsEarly) throw platform::WriteError(target.Name(), TakeReason());
+    // What the target refused has been thrown.
+    if (!ok || Reported().endsEarly) throw platform::ReadError("", "", TakeReason());
 }
 
 }  // namespace vexlator::raster

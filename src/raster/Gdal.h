@@ -54,7 +54,7 @@ private:
 };
 
 /// Writes a whole image as JPEG behind what the target holds. `source` has one channel or three. @throws
-/// platform::WriteError, ReadError
+/// platform::WriteError; platform::ReadError without a file's name when the source cannot be read
 void WriteJpeg(GDALDatasetH source, platform::OutputFile& target);
 
 }  // namespace vexlator::raster

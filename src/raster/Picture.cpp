@@ -4,6 +4,7 @@
 
 #include "platform/Files.h"
 #include "platform/Paths.h"
+#include "raster/JpegFrame.h"
 #include "util/Numbers.h"
 
 #include <algorithm>
@@ -16,6 +17,10 @@ namespace vexlator::raster {
 namespace {
 
 constexpr int stripRows = 256;
+/// A sparse file of a few bytes can claim any size, and all of it would be written.
+constexpr double mostPixels = 5e9;
+/// Of a file's own tiles and strips, which are decoded whole.
+constexpr double mostBytesOfBlock = 1.5e9;
 constexpr GByte opaque = 255, white = 255;
 constexpr int colourChannels = 3;
 
@@ -55,13 +60,28 @@ GByte Mix(GByte over, GByte under, unsigned cover) {
     return static_cast<GByte>((over * cover + under * (opaque - cover) + opaque / 2) / opaque);
 }
 
+[[noreturn]] void Refuse(const std::string& file, const std::string& reason) {
+    throw platform::ReadError(platform::NativePath(file), "", reason);
+}
+
+/// Before memory is taken for what a file only claims to hold. @throws ReadError
+void RequireSize(GDALDatasetH dataset, const std::string& file) {
+    auto text = [](int width, int height) {
+        return std::to_string(width) + " x " + std::to_string(height) + " pixels";
+    };
+    int width = GDALGetRasterXSize(dataset), height = GDALGetRasterYSize(dataset);
+    int count = GDALGetRasterCount(dataset), blockWidth = 0, blockHeight = 0;
+    if (count < 1) Refuse(file, "an image without channels");
+    if (static_cast<double>(width) * height > mostPixels) Refuse(file, text(width, height) + " are too many");
+    GDALGetBlockSize(GDALGetRasterBand(dataset, 1), &blockWidth, &blockHeight);
+    if (static_cast<double>(blockWidth) * blockHeight * count > mostBytesOfBlock)
+        Refuse(file, "its tiles of " + text(blockWidth, blockHeight) + " are too large");
+}
+
 /// Number of colour channels. @throws ReadError
 int CountColours(GDALDatasetH dataset, const std::string& file) {
-    auto refuse = [&](const std::string& reason) {
-        throw platform::ReadError(platform::NativePath(file), "", reason);
-    };
+    auto refuse = [&](const std::string& reason) { Refuse(file, reason); };
     int count = GDALGetRasterCount(dataset);
-    if (count < 1) refuse("an image without channels");
     for (int i = 1; i <= count; ++i) {
         GDALDataType type = GDALGetRasterDataType(GDALGetRasterBand(dataset, i));
         if (type != GDT_Byte)
@@ -85,9 +105,12 @@ struct Picture::Layer {
     bool isOpaque = true;
 
     explicit Layer(const std::string& path) : file(path), dataset(OpenImage(path)) {
+        RequireSize(dataset.get(), path);
         colours = CountColours(dataset.get(), path);
         width = GDALGetRasterXSize(dataset.get());
         height = GDALGetRasterYSize(dataset.get());
+        if (std::string_view(GDALGetDriverShortName(GDALGetDatasetDriver(dataset.get()))) == "JPEG")
+            RequireSoundJpeg(path, width, height, GDALGetRasterCount(dataset.get()));
         if (colours == 1) palette = PaletteOf(Band(1));
         isOpaque = GDALGetMaskFlags(Band(1)) == GMF_ALL_VALID;
     }

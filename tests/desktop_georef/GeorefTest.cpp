@@ -3,8 +3,10 @@
 #include "desktop/georef/ImagePyramid.h"
 #include "desktop/georef/ImageView.h"
 #include "desktop/georef/frmGeoRef.h"
+#include "platform/Errors.h"
 #include "platform/Files.h"
 #include "support/Installation.h"
+#include "support/TempFolder.h"
 #include "support/TestUi.h"
 
 #include <QApplication>
@@ -154,6 +156,26 @@ TEST_F(Georeferencing, TheHelperPlacesTurnsAndCutsTheImage) {
                                         "Continue with Georeferencing based on 2 points?",
                                         "Continue with Georeferencing based on 2 points?"}),
               asked);
+}
+
+TEST(ImagePyramid, RefusesImagesThatEndEarlyOrClaimTooMuch) {
+    test::TempFolder folder;
+    QImage plan(900, 700, QImage::Format_RGB32);
+    for (int y = 0; y < 700; ++y)
+        for (int x = 0; x < 900; ++x) plan.setPixel(x, y, qRgb(x & 255, y & 255, (x * y) & 255));
+    for (const char* format : {"JPG", "BMP", "PNG", "TIFF"}) {
+        std::string path = folder / ("plan." + std::string(format));
+        if (!plan.save(QString::fromStdString(path), format)) continue;  // no plugin for TIFF
+        EXPECT_EQ(900, ReadImage(path, {})->Size().width()) << format;
+        std::string bytes = platform::ReadWholeFile(path);
+        folder.Write("cut.img", bytes.substr(0, bytes.size() * 2 / 3));
+        EXPECT_THROW(ReadImage(folder / "cut.img", {}), platform::ReadError) << format;
+    }
+    // A header alone, of 40,000 x 40,000 pixels.
+    folder.Write("huge.bmp",
+                 std::string("BM6\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\x40\x9c\0\0\x40\x9c\0\0\1\0\x18\0", 30) +
+                     std::string(24, '\0'));
+    EXPECT_THROW(ReadImage(folder / "huge.bmp", {}), platform::ReadError);
 }
 
 // Every scale shows the place that it should: an image of one dark pixel block in white.

@@ -39,7 +39,6 @@ protected:
     void Open(std::string_view ini) {
         Ini(ini);
         window_ = std::make_unique<frmBkgndOption>(installation);
-        window_->setAttribute(Qt::WA_DeleteOnClose, false);
     }
     template <typename Widget>
     Widget* The(const char* name) {

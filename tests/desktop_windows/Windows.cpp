@@ -41,8 +41,9 @@ constexpr const char* mobileStyles =
     "Main=S,Blue,3,Dash\r\nFence=S,#8b4513,2,DashDot,,snap\r\nPavement=A,Gray,1,Diagonal\r\nPond=A,Cyan,2\r\n"
     "Park=A,Green,1,Cross\r\n";
 constexpr const char* villageStyle =
-    "[LAYERS]\r\n1=DEFAULT,Blue,Blue,Blue,0,-1,0\r\n2=TopographicArea,Red,Red,Red,-1,0,0\r\n"
-    "3=TopographicLine,Black,Fence,Pavement,0,0,0\r\n[SEARCHON]\r\nFIELD=name\r\n[FIXEDANNO]\r\nHGT=2.5\r\n";
+    "[LAYERS]\r\n1=DEFAULT,Blue,Blue,Blue,0,-1,0\r\n2=TopographicArea,Red,Red,Park,-1,0,0\r\n"
+    "3=TopographicLine,Black,Fence,Pavement,0,0,0\r\n4=TopographicPoint,Hydrant,Main,Pond,0,0,0\r\n"
+    "[SEARCHON]\r\nFIELD=name\r\n[FIXEDANNO]\r\nHGT=2.5\r\n";
 
 QWidget& Shown(QWidget& window) {
     window.show();

@@ -3,7 +3,9 @@
 #include "Windows.h"
 #include "desktop/application/Application.h"
 #include "desktop/selection/SelectionWindow.h"
+#include "desktop/styling/StyledDrawing.h"
 #include "desktop/styling/frmBkgndStyle.h"
+#include "drawing/LineTypes.h"
 #include "platform/Files.h"
 #include "support/DefaultSymbol.h"
 #include "support/Installation.h"
@@ -21,6 +23,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTableView>
+#include <QTest>
 #include <QTimer>
 #include <QTranslator>
 #include <QTreeView>
@@ -237,6 +240,46 @@ TEST_F(Styling, ShowsTheDeviceAndUndoesEveryChange) {
     Trigger(QKeySequence::Undo);
     EXPECT_EQ(before, Rows());
     EXPECT_TRUE(window_->State().changes.empty());
+}
+
+TEST_F(Styling, AHeightCanBeEmptied) {
+    auto* height = window_->findChild<QLineEdit*>(QStringLiteral("txtAnnoHeight"));
+    for (const char* typed : {"2.5", ""}) {
+        height->clear();
+        QTest::keyClicks(height, QLatin1String(typed));
+        QTest::keyClick(height, Qt::Key_Return);
+        EXPECT_EQ(typed, window_->State().style.fixedAnnotationHeight);
+    }
+}
+
+// Enter in the list of an empty cell would ask for another file.
+TEST_F(Styling, TheListOfAnEmptyCellBeginsWithNothingChosen) {
+    auto* grid = window_->findChild<QTableView*>(QStringLiteral("grdStyle"));
+    grid->edit(grid->model()->index(1, static_cast<int>(background::StyleColumn::Points)));
+    auto* looks = grid->viewport()->findChild<QComboBox*>();
+    ASSERT_TRUE(looks);
+    EXPECT_EQ(-1, looks->currentIndex());
+}
+
+// The package only holds numbers of mobile styles.
+TEST_F(Styling, DrawsMobileStylesAsTheDeviceDoes) {
+    drawing::Drawing drawing;
+    drawing.addPoint({5, 5, 0});
+    drawing.addPolyline(std::vector<drawing::Point>{{0, 0, 0}, {90, 40, 0}});
+    drawing.saveAs(folder / "two.VDF");
+    std::string styles = "Pond=A,Cyan\nFence=S,#8b4513,2,Dash\nTree=P,Green,4,Solid,Star\n";
+    installation.WriteIni("MOBILESTYLING", "FILE", folder.Write("styles.txt", styles));
+    background::BackgroundStyle style;
+    style.rows = {{"DEFAULT", "Tree", "Fence", "Pond"}};
+    auto scene = DeviceScene(run, {folder / "two.VDF", {}, std::nullopt}, style, false);
+    ASSERT_EQ(2U, scene->ItemCount());
+    for (std::size_t i = 0; i < 2; ++i) {
+        const render::Pen& pen = scene->PenOf(scene->At(i));
+        bool isPoint = scene->At(i).kind == render::ItemKind::Dot;
+        EXPECT_EQ(isPoint ? 0xFF008000 : 0xFF8B4513, pen.line);
+        EXPECT_EQ(isPoint ? render::Marker::Star : render::Marker::Usual, pen.marker);
+        EXPECT_EQ(isPoint ? 0 : drawing::LineTypeNumber("DASHED"), pen.lineType);
+    }
 }
 
 }  // namespace

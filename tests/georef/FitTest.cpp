@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
 #include "georef/Fit.h"
+#include "georef/Ground.h"
+#include "georef/GroundConversion.h"
 #include "georef/PointEntries.h"
 #include "georef/QgisPoints.h"
 #include "platform/Errors.h"
@@ -66,6 +68,29 @@ TEST(FitTest, PointsOnAKnownTransformGiveItBack) {
     }
 }
 
+/// Points on an image that has a world file, with the ground positions that it gives them.
+TEST(FitTest, PointsTakenOffAGeoreferencedImageGiveItsWorldFileBack) {
+    Numbers numbers;
+    for (int round = 0; round < 50; ++round) {
+        double scale = std::pow(10, numbers.Between(-3, 2)), turn = numbers.Between(-3.2, 3.2);
+        formats::WorldFile world{scale * std::cos(turn),  scale * std::sin(turn),
+                                 scale * std::sin(turn),  -scale * numbers.Between(0.5, 2) * std::cos(turn),
+                                 numbers.Between(0, 7e6), numbers.Between(-1e6, 1e7)};
+        PointEntries entries;
+        for (const ControlPoint& point : PointsOf(numbers, 3 + round % 5, [](PlanePoint p) { return p; }))
+            AddPoint(entries, {std::round(point.pixel.x * 100) / 100, std::round(point.pixel.y * 100) / 100});
+        for (PointEntry& entry : entries)
+            entry.ground = ExactGroundEntry(world.Ground(*ReadNumberPair(entry.pixel)));
+        formats::WorldFile back =
+            formats::ParseWorldFile(formats::WorldFileText(Fit(PointsForFit(entries)).TermsAt({0, 0})));
+        for (PlanePoint pixel : {PlanePoint{0, 0}, {20'000, 0}, {0, 20'000}, {20'000, 20'000}}) {
+            PlanePoint found = world.Pixel(back.Ground(pixel));
+            EXPECT_NEAR(found.x, pixel.x, 1e-6 + 1e-8 / scale);
+            EXPECT_NEAR(found.y, pixel.y, 1e-6 + 1e-8 / scale);
+        }
+    }
+}
+
 TEST(FitTest, ShowsTheWorstPointFirst) {
     std::vector<ControlPoint> points = {{1, {0, 0}, {1e6, 2e6}},
                                         {2, {1000, 0}, {1e6 + 500, 2e6}},
@@ -76,7 +101,7 @@ TEST(FitTest, ShowsTheWorstPointFirst) {
     EXPECT_EQ(fit.Residuals().front().number, 7);
     EXPECT_NEAR(fit.Residuals().front().metres, 7.97, 0.05);
     EXPECT_NEAR(fit.Residuals().front().pixels, 15.9, 0.1);
-    EXPECT_EQ(fit.Description(),
+    EXPECT_EQ(fit.Description().English(),
               "5 control points, affine fit by least squares: a pixel is 0.5000 on the ground, the image "
               "rotated by "
               "0.09 degrees anticlockwise");
@@ -98,14 +123,14 @@ TEST(FitTest, RefusesWhatDeterminesNoFit) {
         circle.push_back({i + 1, pixel, {pixel.x, -pixel.y}});
     }
     const Row rows[] = {
-        {{}, first, "a fit needs at least 2 control points, there are 0"},
-        {{{1, {1, 1}, {2, 2}}}, first, "a fit needs at least 2 control points, there is 1"},
+        {{}, first, "a fit needs at least 2 control points and has 0"},
+        {{{1, {1, 1}, {2, 2}}}, first, "a fit needs at least 2 control points and has 1"},
         {{{1, {1, 1}, {2, 2}}, {2, {1, 1}, {3, 3}}},
          first,
-         "both control points have the same position on the image"},
+         "all control points have the same position on the image"},
         {{{1, {1, 1}, {2, 2}}, {2, {5, 1}, {2, 2}}},
          first,
-         "both control points have the same ground position"},
+         "all control points have the same ground position"},
         {{{1, {0, 0}, {1e6, 1e6}}, {2, {500, 500.1}, {2e6, 2e6}}, {3, {900, 900}, {3e6, 1e6}}},
          first,
          "all 3 control points are on one line of the image; add one beside that line"},
@@ -117,7 +142,7 @@ TEST(FitTest, RefusesWhatDeterminesNoFit) {
          "the control points have values that are too large to compute with"},
         {{{1, {1, 1}, {2, 2}}, {2, {5, 1}, {3, 2}}},
          second,
-         "a fit of second order needs at least 6 control points, there are 2"},
+         "a fit of second order needs at least 6 control points and has 2"},
         {circle, second,
          "the control points are on one curve of second order; spread them over the image, or fit in first "
          "order"},
@@ -181,6 +206,9 @@ TEST(PointEntriesTest, CountsUpToTheFirstThatIsNotComplete) {
     EXPECT_EQ(ParsePointText(PointText(entries)), entries);
     EXPECT_TRUE(AreDegrees(ParsePointText("1P=1,1\n1G=359.9,359.9\n2P=2,2\n2G=-1,0\n")));
     EXPECT_FALSE(AreDegrees(ParsePointText("1P=1,1\n1G=359.9,359.9\n2P=2,2\n2G=-360,0\n")));
+    PointEntries mixed = ParsePointText("1P=1,1\n1G=52,1\n2P=2,2\n2G=400000,300000\n");
+    mixed[1].isLeftOut = true;
+    EXPECT_TRUE(AreDegrees(mixed));
     EXPECT_THROW(PointsForFit(ParsePointText("1P=1,x\n1G=5,5\n")), FitError);
     EXPECT_THROW(PointsForFit(ParsePointText("1P=1,1\n1G=52.5N,1.5W\n")), FitError);
 }
@@ -207,6 +235,9 @@ TEST(GeorefFileTest, KeepsEveryPointAndOtherSections) {
     EXPECT_EQ(read.points, file.points);
     EXPECT_TRUE(read.width == 1000 && read.height == 800 && read.rotate && read.order == Fit::Order::Second);
     EXPECT_TRUE(ReadGeorefFile(folder / "none.INI").points.empty());
+    // Others may leave numbers out.
+    EXPECT_EQ(ParseGeorefFile("[GEOREF]\n1P=1,1\n1G=2,2\n3G=4,4\n3P=3,3\n99999G=1,1\n").points[2].pixel,
+              "3,3");
     GeorefFile hostile = ParseGeorefFile(
         "[GEOREF]\n1G=,\x01\xFF\n1P=,\nSIZE=-1,1e99\nROTATE=yes\n[GEOREF_ASIDE]\nCOUNT=99999999999\n2P=1,"
         "1\n\xFF[\n");
@@ -225,6 +256,15 @@ TEST(QgisPointsTest, ReadsBothVersionsAndWritesWhatItReads) {
     EXPECT_EQ(ParseQgisPoints(QgisPointsText(expected)), expected);
     EXPECT_THROW(ParseQgisPoints("mapX,mapY\n1,2,3\n"), platform::ReadError);
     EXPECT_THROW(ParseQgisPoints("\x89PNG\r\n"), platform::ReadError);
+    EXPECT_THROW(ParseQgisPoints("nan,1,2,3,1\n"), platform::ReadError);
+    // Time grows with the line, not with its square.
+    EXPECT_TRUE(ParseQgisPoints("mapX" + std::string(5'000'000, ',')).empty());
+    try {
+        ParseQgisPoints("mapX,mapY\n" + std::string(5'000'000, '1') + "x\n");
+        ADD_FAILURE();
+    } catch (const platform::ReadError& error) {
+        EXPECT_LT(std::string(error.what()).size(), 200U);
+    }
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace {
 /// As in "grid 651409.8 313177.4" and "degrees 1.716 52.657979 known"; a reason for invalid input.
 std::string Understood(std::string_view typed) {
     GroundReading reading = ReadGround(typed);
-    if (reading.kind == GroundKind::None) return reading.said;
+    if (reading.kind == GroundKind::None) return reading.said.English();
     auto number = [](double value) { return " " + util::FormatShortest(util::RoundFixed(value, 6)); };
     return (reading.kind == GroundKind::Grid ? "grid" : "degrees") + number(reading.place.x) +
            number(reading.place.y) + (reading.isOrderKnown ? " known" : "");
@@ -67,9 +67,9 @@ constexpr Row rows[] = {
     {"052.30'36\"0,-001.15'18\"0", "degrees -1.255 52.51"},
     {"", "no position yet"},
     {"52.5", "a position is two values"},
-    {"52 75 1 15", "there are 60 or more minutes"},
-    {"52.5 30, 1 15", "the degrees have decimals, and more follows"},
-    {"52.5N -1.25W", "an angle has a sign and a letter"},
+    {"52 75 1 15", "minutes and seconds are below 60"},
+    {"52.5 30, 1 15", "only the last part of an angle has decimals"},
+    {"52.5N -1.25W", "an angle has a sign or a letter, not both"},
     {"52.5N 1.25N", "one value needs N or S, the other E or W"},
     {"95N 1W", "a latitude beyond 90 degrees"},
     {"52.5,north", "the letter N is in the place of a number"},
@@ -91,7 +91,7 @@ TEST_F(GroundConversionTest, FindsTheOrderThatHasAPlaceInTheGrid) {
     for (const char* typed :
          {"52.658007833,1.716073972", "1.716073972,52.658007833", "52 39 28.8282 N 1 42 57.8663 E"})
         EXPECT_EQ(ToGridEntry(typed, grid).entry, "651409.805,313177.452")
-            << typed << ToGridEntry(typed, grid).said;
+            << typed << ToGridEntry(typed, grid).said.English();
     PointEntries entries = ParsePointText("1P=0,0\n1G=52.658007833,1.716073972\n2P=5,5\n2G=1,2\n3G=\n");
     EXPECT_EQ(ConvertGroundToGrid(entries, grid), 1U);
     EXPECT_EQ(entries[0].ground, "651409.805,313177.452");

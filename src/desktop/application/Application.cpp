@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/application/Application.h"
 
+#include "desktop/application/LateIcons.h"
 #include "desktop/application/Texts.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QIcon>
 #include <QLibrary>
 #include <QLibraryInfo>
@@ -44,18 +46,55 @@ QPalette DarkPalette() {
     return palette;
 }
 
-/// DISPLAY outlives the display that it names, as in a script begun from a session that is over. Qt would end
-/// the program.
+/// Gives the application its icon once a window is seen: to draw it, all plugins for images are loaded.
+class WindowIcon : public QObject {
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Expose && watched->isWindowType()) {
+            qApp->removeEventFilter(this);
+            QTimer::singleShot(
+                0, qApp, [] { QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/vexlator.svg"))); });
+            deleteLater();
+        }
+        return false;
+    }
+};
+
+/// A connection to the display, to see whether it answers. DISPLAY outlives the display that it names, as in
+/// a script begun from a session that is over, and Qt would end the program. It stays until Qt has its own: a
+/// display begins anew when the last of its programs leaves, and refuses others while it does.
+class DisplayProbe {
+public:
+    DisplayProbe() {
+        QLibrary xcb(QStringLiteral("xcb"), 1);
+        auto connect = reinterpret_cast<void* (*)(const char*, int*)>(xcb.resolve("xcb_connect"));
+        auto hasError = reinterpret_cast<int (*)(void*)>(xcb.resolve("xcb_connection_has_error"));
+        disconnect_ = reinterpret_cast<void (*)(void*)>(xcb.resolve("xcb_disconnect"));
+        if (!connect || !hasError || !disconnect_) return;
+        connection_ = connect(nullptr, nullptr);
+        answers_ = hasError(connection_) == 0;
+    }
+    ~DisplayProbe() {
+        if (connection_) disconnect_(connection_);
+    }
+    DisplayProbe(const DisplayProbe&) = delete;
+    DisplayProbe& operator=(const DisplayProbe&) = delete;
+
+    bool Answers() const { return answers_; }
+
+private:
+    void (*disconnect_)(void*) = nullptr;
+    void* connection_ = nullptr;
+    bool answers_ = true;
+};
+
+std::unique_ptr<DisplayProbe> probe;
+
 bool DisplayAnswers() {
-    QLibrary xcb(QStringLiteral("xcb"), 1);
-    auto connect = reinterpret_cast<void* (*)(const char*, int*)>(xcb.resolve("xcb_connect"));
-    auto hasError = reinterpret_cast<int (*)(void*)>(xcb.resolve("xcb_connection_has_error"));
-    auto disconnect = reinterpret_cast<void (*)(void*)>(xcb.resolve("xcb_disconnect"));
-    if (!connect || !hasError || !disconnect) return true;
-    void* connection = connect(nullptr, nullptr);
-    bool answers = hasError(connection) == 0;
-    disconnect(connection);
-    return answers;
+    probe = std::make_unique<DisplayProbe>();
+    return probe->Answers();
 }
 
 }  // namespace
@@ -70,9 +109,9 @@ void SetUp(QApplication& application, bool dark) {
     QApplication::setApplicationName(QStringLiteral("Vexlator"));
     QApplication::setOrganizationName(QStringLiteral("Vexlator"));
     QApplication::setDesktopFileName(QStringLiteral("vexlator"));
-    // Once the window is there: people wait for it, not for its icon.
-    QTimer::singleShot(0, &application,
-                       [] { QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/vexlator.svg"))); });
+    probe.reset();
+    QApplication::setStyle(new LateIconStyle);
+    application.installEventFilter(new WindowIcon(&application));
     if (dark) QApplication::setPalette(DarkPalette());
     Translate(application, QStringLiteral("qtbase"), QLibraryInfo::path(QLibraryInfo::TranslationsPath));
     Translate(application, QStringLiteral("vexlator"), QStringLiteral(":/i18n"));

@@ -53,6 +53,7 @@ private:
 
 GroundMap::GroundMap(config::Installation& installation, QWidget* parent)
     : QWidget(parent), installation_(installation), map_(new MapView), marks_(new Marks(*map_)) {
+    marks_->hide();
     map_->SetNotice(
         Texts::tr("Open a drawing that shows the ground: a click on it gives the selected point "
                   "its position."));
@@ -91,6 +92,7 @@ void GroundMap::ChooseFile() {
 void GroundMap::Open(const std::string& path) {
     std::uint64_t number = ++opened_;
     map_->SetScene(nullptr);
+    marks_->hide();
     map_->SetNotice(Texts::tr("Reading %1…").arg(Text(util::FileNameOf(path))));
     readers_.start([this, number, path, symbols = installation_.Settings().SymbolsDirectory] {
         // The widget waits for its readers before it goes, so that it is there for what they post.
@@ -111,7 +113,10 @@ void GroundMap::Open(const std::string& path) {
 }
 
 void GroundMap::Show(const MapFile& file) {
-    if (file.scene->ItemCount() > 0) return map_->SetScene(file.scene);
+    if (file.scene->ItemCount() > 0) {
+        map_->SetScene(file.scene);
+        return marks_->show();
+    }
     map_->SetNotice(Texts::tr("There is nothing to see in %1.").arg(Text(util::FileNameOf(file.path))));
 }
 

@@ -3,6 +3,7 @@
 #include "desktop/georef/ImagePyramid.h"
 
 #include "platform/Files.h"
+#include "platform/FreeMemory.h"
 #include "platform/Paths.h"
 #include "platform/Signals.h"
 
@@ -13,6 +14,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <new>
+#include <stdexcept>
+#include <utility>
 
 namespace vexlator::desktop {
 
@@ -22,18 +25,31 @@ constexpr int smallestSide = 256;                              ///< of the last 
 constexpr std::int64_t mostPixels = std::int64_t{1} << 30;     // four times 16,384 x 16,384
 constexpr int mostMegabytes = 4 * (mostPixels / 1024 / 1024);  // decoded
 
-/// Ends a reader that cannot be told to stop.
-class StoppableFile : public QFile {
+/// Ends a reader that cannot be told to stop, and knows whether it wanted more than there is: the readers of
+/// JPEG and BMP then return an image whose lower part is grey or noise, and say nothing. They ask without a
+/// buffer in between, which would ask ahead.
+class ImageSource : public QFile {
 public:
-    StoppableFile(const QString& path, std::stop_token stop) : QFile(path), stop_(std::move(stop)) {}
+    ImageSource(const QString& path, std::stop_token stop) : QFile(path), stop_(std::move(stop)) {}
+    bool Open() { return open(QIODevice::ReadOnly | QIODevice::Unbuffered); }
+    void BeginPixels() { gaveLess_ = gaveNothing_ = false; }
+    /// The reader of JPEG takes what it gets, until nothing comes.
+    bool IsCutOff(const QByteArray& format) const {
+        return (format == "jpeg" && gaveNothing_) || (format == "bmp" && gaveLess_);
+    }
 
 protected:
     qint64 readData(char* data, qint64 most) override {
-        return stop_.stop_requested() ? -1 : QFile::readData(data, most);
+        if (stop_.stop_requested()) return -1;
+        qint64 count = QFile::readData(data, most);
+        gaveLess_ |= count < most;
+        gaveNothing_ |= most > 0 && count == 0;
+        return count;
     }
 
 private:
     std::stop_token stop_;
+    bool gaveLess_ = false, gaveNothing_ = false;
 };
 
 QImage MakeImage(QSize size, QImage::Format format) {
@@ -133,27 +149,61 @@ qsizetype ImagePyramid::Bytes() const {
     return bytes;
 }
 
-std::shared_ptr<const ImagePyramid> ReadImage(const std::string& path, const std::stop_token& stop) {
-    std::string name = platform::NativePath(platform::FindExisting(path));
-    StoppableFile file(QString::fromStdString(name), stop);
-    auto fail = [&](const QString& reason) -> platform::ReadError {
-        return {name, "", reason.toStdString()};
-    };
-    if (!file.open(QIODevice::ReadOnly)) throw fail(file.errorString());
-    QImageReader::setAllocationLimit(mostMegabytes);
-    QImageReader reader(&file);
+namespace {
+
+/// What the image will take with its halves. Readers give images of more than a byte a pixel four bytes.
+std::uint64_t BytesFor(QImageReader& reader) {
     QSize size = reader.size();
+    bool isGrey =
+        reader.imageFormat() == QImage::Format_Grayscale8 || reader.imageFormat() == QImage::Format_Mono;
+    return std::uint64_t(size.width()) * std::uint64_t(size.height()) * (isGrey ? 1 : 4) / 3 * 4;
+}
+
+constexpr const char* cutOff = "the data is truncated";
+
+/// Before a reader takes memory for what a file only claims to hold. @throws std::runtime_error
+void RequireRoom(QImageReader& reader) {
+    QSize size = reader.size();
+    QString text = QStringLiteral("%1 x %2 pixels").arg(size.width()).arg(size.height());
     if (std::int64_t{size.width()} * size.height() > mostPixels)
-        throw fail(
-            QStringLiteral("%1 x %2 pixels are too many to be shown").arg(size.width()).arg(size.height()));
+        throw std::runtime_error((text + " are too many to be shown").toStdString());
+    std::uint64_t needed = size.isEmpty() ? 0 : BytesFor(reader), left = platform::FreeMemory();
+    if (needed > left)
+        throw std::runtime_error(
+            (text + QStringLiteral(" need %1 MB of memory, %2 MB are free").arg(needed >> 20).arg(left >> 20))
+                .toStdString());
+}
+
+QImage Decoded(ImageSource& source, const std::stop_token& stop) {
+    QImageReader::setAllocationLimit(mostMegabytes);
+    QImageReader reader(&source);
+    RequireRoom(reader);
+    QByteArray format = reader.format();
+    // Every block of a JPEG takes at least one bit. Its reader would make grey pixels of what is not there.
+    constexpr std::int64_t pixelsOfByte = 512;
+    std::int64_t pixels = std::int64_t{reader.size().width()} * reader.size().height();
+    if (format == "jpeg" && source.size() < pixels / pixelsOfByte) throw std::runtime_error(cutOff);
+    source.BeginPixels();
     QImage image;
     bool isRead = reader.read(&image);
     if (stop.stop_requested()) throw platform::Stopped();
-    if (!isRead || image.isNull()) throw fail(reader.errorString());
+    if (!isRead || image.isNull()) throw std::runtime_error(reader.errorString().toStdString());
+    if (source.IsCutOff(format)) throw std::runtime_error(cutOff);
+    return image;
+}
+
+}  // namespace
+
+std::shared_ptr<const ImagePyramid> ReadImage(const std::string& path, const std::stop_token& stop) {
+    std::string name = platform::NativePath(platform::FindExisting(path));
+    ImageSource source(QString::fromStdString(name), stop);
+    if (!source.Open()) throw platform::ReadError(name, "", source.errorString().toStdString());
     try {
-        return std::make_shared<ImagePyramid>(std::move(image), stop);
+        return std::make_shared<ImagePyramid>(Decoded(source, stop), stop);
     } catch (const std::bad_alloc&) {
-        throw fail(QStringLiteral("there is not enough memory to show it"));
+        throw platform::ReadError(name, "", "there is not enough memory to show it");
+    } catch (const std::exception& error) {
+        throw platform::ReadError(name, "", error.what());
     }
 }
 

@@ -20,6 +20,7 @@ public:
     explicit ImagePyramid(QImage image, const std::stop_token& stop = {});
 
     QSize Size() const { return levels_.front().size(); }
+    bool IsTransparent() const { return levels_.front().hasAlphaChannel(); }
     /// Paints a part of the image, in its pixels. `target` is in pixels of the screen. Single pixels have
     /// edges once they are larger than those of the screen.
     void Paint(QPainter& painter, const QRectF& target, const QRectF& part) const;

@@ -56,7 +56,7 @@ void ImageView::SetImage(std::shared_ptr<const ImagePyramid> image) {
     marks_.clear();
     cross_.reset();
     selected_ = 0;
-    painted_ = {};
+    isPainted_ = false;
     SetView({}, 1);
     update();
     UseCursor();
@@ -124,7 +124,7 @@ void ImageView::SetView(QPointF origin, double scale) {
     origin_ = {bounded(origin.x(), screen.width(), whole.width()),
                bounded(origin.y(), screen.height(), whole.height())};
     isFitted_ = false;
-    painted_ = {};
+    isPainted_ = false;
     update();
     if (viewChanged) viewChanged();
 }
@@ -166,14 +166,18 @@ void ImageView::resizeEvent(QResizeEvent*) {
 // --- Painting
 
 void ImageView::PaintImage() {
-    painted_ = QImage(ScreenSize().toSize(), QImage::Format_RGB32);
-    painted_.fill(palette().color(QPalette::Mid));
-    QPainter painter(&painted_);
+    // New memory costs more than all of the painting.
+    if (painted_.size() != ScreenSize().toSize())
+        painted_ = QImage(ScreenSize().toSize(), QImage::Format_RGB32);
+    painted_.setDevicePixelRatio(1);
     QRectF seen(origin_, ScreenSize() / scale_);
     QRectF part = seen.intersected(QRectF(QPointF(), QSizeF(image_->Size())));
     QRectF target((part.topLeft() - origin_) * scale_, part.size() * scale_);
-    painter.fillRect(target, Qt::white);
+    QPainter painter(&painted_);
+    if (!target.contains(painted_.rect())) painter.fillRect(painted_.rect(), palette().color(QPalette::Mid));
+    if (image_->IsTransparent()) painter.fillRect(target, Qt::white);
     image_->Paint(painter, target, part);
+    isPainted_ = true;
 }
 
 void ImageView::paintEvent(QPaintEvent*) {
@@ -184,12 +188,14 @@ void ImageView::paintEvent(QPaintEvent*) {
         painter.drawText(rect().adjusted(24, 24, -24, -24), Qt::AlignCenter | Qt::TextWordWrap, notice_);
         return;
     }
-    if (painted_.isNull()) PaintImage();
+    if (!isPainted_) PaintImage();
     painted_.setDevicePixelRatio(devicePixelRatioF());
     painter.drawImage(QPointF(0, 0), painted_);
     if (cross_) DrawCrosshair(painter);
     painter.setRenderHint(QPainter::Antialiasing);
-    for (const PointMark& mark : marks_) DrawMark(painter, mark);
+    for (const PointMark& mark : marks_)
+        if (mark.number != selected_) DrawMark(painter, mark);
+    if (const PointMark* mark = MarkOf(selected_)) DrawMark(painter, *mark);
     if (cross_ && isMagnified_ && drag_ != Drag::Pan) DrawMagnifier(painter);
 }
 
@@ -213,12 +219,23 @@ void ImageView::DrawMark(QPainter& painter, const PointMark& mark) const {
         path.lineTo(PlaceOf(*mark.fitted));
     }
     StrokeWithHalo(painter, path, colour, isSelected ? 2.5 : 1.8);
+    DrawNumber(painter, mark.number, place, colour);
+}
+
+/// Beside the mark, on the side that is seen.
+void ImageView::DrawNumber(QPainter& painter, int number, QPointF place, const QColor& colour) const {
+    constexpr double off = 11, up = 7;
     QFont bold = font();
     bold.setBold(true);
-    QPainterPath number;
-    number.addText(place + QPointF(radius + 3, -radius + 1), bold, QString::number(mark.number));
-    painter.strokePath(number, QPen(halo, 3.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.fillPath(number, colour);
+    QFontMetricsF metrics(bold);
+    QString text = QString::number(number);
+    double wide = metrics.horizontalAdvance(text);
+    bool fitsRight = place.x() + off + wide<width(), fitsAbove = place.y() - up> metrics.ascent();
+    QPainterPath path;
+    path.addText(place + QPointF(fitsRight ? off : -off - wide, fitsAbove ? -up : up + metrics.ascent()),
+                 bold, text);
+    painter.strokePath(path, QPen(halo, 3.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.fillPath(path, colour);
 }
 
 void ImageView::DrawCrosshair(QPainter& painter) const {
@@ -237,6 +254,10 @@ void ImageView::DrawCrosshair(QPainter& painter) const {
 void ImageView::DrawMagnifier(QPainter& painter) const {
     const double ratio = devicePixelRatioF(), lens = std::max(leastLensScale * ratio, scale_ * 2);
     if (scale_ >= leastLensScale * ratio) return;
+    double half = lensRadius * ratio / lens;
+    QRectF part = QRectF(cross_->x() - half, cross_->y() - half, 2 * half, 2 * half)
+                      .intersected(QRectF(QPointF(), QSizeF(image_->Size())));
+    if (part.isEmpty()) return;
     QPointF at = PlaceOf(*cross_), off(lensOff + lensRadius, lensOff + lensRadius);
     if (at.x() + off.x() + lensRadius > width()) off.rx() *= -1;
     if (at.y() + off.y() + lensRadius > height()) off.ry() *= -1;
@@ -247,11 +268,8 @@ void ImageView::DrawMagnifier(QPainter& painter) const {
     painter.fillPath(circle, palette().color(QPalette::Mid));
     painter.save();
     painter.setClipPath(circle);
-    double half = lensRadius * ratio / lens;
-    QRectF part = QRectF(cross_->x() - half, cross_->y() - half, 2 * half, 2 * half)
-                      .intersected(QRectF(QPointF(), QSizeF(image_->Size())));
     QRectF target(centre + (part.topLeft() - *cross_) * lens / ratio, part.size() * lens / ratio);
-    if (!part.isEmpty()) image_->Paint(painter, target, part);
+    image_->Paint(painter, target, part);
     QPainterPath cross;
     for (QPointF way : {QPointF(1, 0), QPointF(-1, 0), QPointF(0, 1), QPointF(0, -1)}) {
         cross.moveTo(centre + way * 4);
@@ -406,7 +424,7 @@ void ImageView::keyReleaseEvent(QKeyEvent* event) {
 }
 
 void ImageView::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::PaletteChange) painted_ = {};
+    if (event->type() == QEvent::PaletteChange) isPainted_ = false;
     QWidget::changeEvent(event);
 }
 

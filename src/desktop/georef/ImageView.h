@@ -92,12 +92,14 @@ private:
 
     void PaintImage();
     void DrawMark(QPainter& painter, const PointMark& mark) const;
+    void DrawNumber(QPainter& painter, int number, QPointF place, const QColor& colour) const;
     void DrawCrosshair(QPainter& painter) const;
     void DrawMagnifier(QPainter& painter) const;
 
     std::shared_ptr<const ImagePyramid> image_;
     std::vector<PointMark> marks_;
-    QImage painted_;  ///< the image as it is seen; null: to be painted
+    QImage painted_;  ///< the image as it is seen
+    bool isPainted_ = false;
     QPointF origin_;  ///< what lies at the widget's top left corner
     double scale_ = 1;
     std::optional<QPointF> cross_;

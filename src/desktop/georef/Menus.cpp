@@ -144,10 +144,9 @@ void frmGeoRef::ImportPoints() {
         Texts::tr("QGIS points (*.points)") + ";;" + Texts::tr("All files (*)"));
     if (path.isEmpty()) return;
     try {
-        points_.SetPoints(georef::ParseQgisPoints(platform::ReadWholeFile(path.toStdString())),
-                          Texts::tr("Import QGIS points"));
-    } catch (const platform::ReadError& error) {
-        talk_.ShowMessage(error.InFile(path.toStdString()).what());
+        points_.SetPoints(georef::ReadQgisPoints(path.toStdString()), Texts::tr("Import QGIS points"));
+    } catch (const std::exception& error) {
+        talk_.ShowMessage(error.what());
     }
 }
 

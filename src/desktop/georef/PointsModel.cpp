@@ -3,12 +3,14 @@
 #include "desktop/georef/PointsModel.h"
 
 #include "desktop/application/Texts.h"
+#include "desktop/georef/Said.h"
 #include "georef/Ground.h"
 #include "util/Numbers.h"
 
 #include <QGuiApplication>
 #include <QPalette>
 #include <QUndoCommand>
+#include <optional>
 
 namespace vexlator::desktop {
 
@@ -18,6 +20,24 @@ constexpr int pixelDecimals = 2, groundDecimals = 3;
 
 std::string PairText(util::PlanePoint pair) {
     return util::FormatShortest(pair.x) + "," + util::FormatShortest(pair.y);
+}
+
+/// Without decimals that nobody reads. What is no pair of numbers stays.
+QString Rounded(const std::string& entry, int decimals) {
+    std::optional<util::PlanePoint> pair = georef::ReadNumberPair(entry);
+    if (!pair) return Text(entry);
+    return Text(PairText({util::RoundFixed(pair->x, decimals), util::RoundFixed(pair->y, decimals)}));
+}
+
+/// On light and on dark ground.
+QColor WorstColour() {
+    constexpr int middle = 128;
+    bool isDark = QGuiApplication::palette().color(QPalette::Base).lightness() < middle;
+    return isDark ? QColor(255, 120, 110) : QColor(200, 30, 30);
+}
+
+double FirstNumber(const std::string& entry) {
+    return georef::ReadNumberPair(entry).value_or(util::PlanePoint()).x;
 }
 
 bool IsNumber(int column) {
@@ -156,9 +176,9 @@ QVariant PointsModel::TextOf(std::size_t row, int column) const {
         case Number:
             return int(row) + 1;
         case Pixel:
-            return Text(points_[row].pixel);
+            return Rounded(points_[row].pixel, pixelDecimals);
         case Ground:
-            return Text(points_[row].ground);
+            return Rounded(points_[row].ground, groundDecimals);
         case ErrorPixels:
             return residual ? Text(util::FormatFixed(residual->pixels, pixelDecimals)) : QString();
         default:
@@ -169,7 +189,7 @@ QVariant PointsModel::TextOf(std::size_t row, int column) const {
 /// How a ground position is understood.
 QString PointsModel::HintOf(std::size_t row, int column) const {
     if (column == Number) return Texts::tr("Whether the fit uses the point");
-    return column == Ground ? Text(georef::ReadGround(points_[row].ground).said) : QString();
+    return column == Ground ? Said(georef::ReadGround(points_[row].ground).said) : QString();
 }
 
 QVariant PointsModel::data(const QModelIndex& index, int role) const {
@@ -178,8 +198,11 @@ QVariant PointsModel::data(const QModelIndex& index, int role) const {
     const georef::PointEntry& point = points_[row];
     bool isWorst = standing_.worst == index.row() + 1;
     switch (role) {
-        case Qt::DisplayRole:
         case Qt::EditRole:
+            if (index.column() == Pixel) return Text(point.pixel);
+            if (index.column() == Ground) return Text(point.ground);
+            [[fallthrough]];
+        case Qt::DisplayRole:
             return TextOf(row, index.column());
         case Qt::CheckStateRole:
             if (index.column() != Number) return {};
@@ -193,8 +216,10 @@ QVariant PointsModel::data(const QModelIndex& index, int role) const {
                    TextOf(row, index.column()).toString();
         case Qt::ForegroundRole:
             if (point.isLeftOut) return QGuiApplication::palette().brush(QPalette::PlaceholderText);
-            return isWorst && IsNumber(index.column()) ? QBrush(QColor(214, 40, 40)) : QVariant();
+            return isWorst && IsNumber(index.column()) ? QBrush(WorstColour()) : QVariant();
         case sortRole:
+            if (index.column() == Pixel) return FirstNumber(point.pixel);
+            if (index.column() == Ground) return FirstNumber(point.ground);
             if (!IsNumber(index.column())) return TextOf(row, index.column());
             return standing_.residuals[row] ? standing_.residuals[row]->pixels : -1.0 - double(row);
         default:

@@ -4,6 +4,7 @@
 
 #include "desktop/application/Texts.h"
 #include "desktop/georef/PointsModel.h"
+#include "desktop/georef/Said.h"
 #include "georef/Ground.h"
 
 #include <QCheckBox>
@@ -109,7 +110,9 @@ QWidget* PointsPanel::MakeTable() {
         corner->setAccessibleName(Texts::tr("All points"));
     constexpr int shownCharacters = 86;
     table_->setMinimumWidth(fontMetrics().averageCharWidth() * shownCharacters);
+    // The errors are always seen.
     table_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    table_->horizontalHeader()->setSectionResizeMode(PointsModel::Ground, QHeaderView::Stretch);
     table_->installEventFilter(this);
     connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& current) {
@@ -189,7 +192,11 @@ void PointsPanel::Follow() {
     FollowList();
     FollowGround();
     chkSecondOrder->setChecked(model_.Order() == georef::Fit::Order::Second);
-    fit_->setText(Text(model_.Standing().said));
+    QString said = Said(model_.Standing().said);
+    bool bends = model_.Standing().fit && model_.Order() == georef::Fit::Order::Second;
+    if (bends && !chkRotate->isChecked())
+        said += Texts::tr("; it bends the image, which therefore has to be rotated");
+    fit_->setText(said);
     isFollowing_ = false;
 }
 
@@ -208,6 +215,7 @@ void PointsPanel::FollowGround() {
     bool isPoint = selected_ > 0;
     groundLabel_->setText(isPoint ? Texts::tr("Gro&und of point %1:").arg(selected_) : Texts::tr("Gro&und:"));
     txtGround_->setEnabled(isPoint);
+    if (!isPoint) txtGround_->setModified(false);
     QString ground = isPoint ? Text(model_.Points()[std::size_t(selected_) - 1].ground) : QString();
     if (!txtGround_->isModified() && txtGround_->text() != ground) txtGround_->setText(ground);
     ShowReading();
@@ -227,7 +235,7 @@ void PointsPanel::ShowReading() {
     bool isPoint = selected_ > 0;
     reading_->setText(!isPoint        ? Texts::tr("Click on the image to set a point.")
                       : typed.empty() ? Texts::tr("Type its position, or take it from the map.")
-                                      : Text(georef::ReadGround(typed).said));
+                                      : Said(georef::ReadGround(typed).said));
 }
 
 // --- What people change

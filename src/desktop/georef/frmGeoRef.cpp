@@ -9,6 +9,7 @@
 #include "desktop/georef/ImagePyramid.h"
 #include "desktop/georef/ImageView.h"
 #include "desktop/georef/PointsPanel.h"
+#include "desktop/georef/Said.h"
 #include "desktop/map/MapView.h"
 #include "georef/Ground.h"
 #include "georef/GroundConversion.h"
@@ -283,7 +284,7 @@ void frmGeoRef::GroundFromWorldFile() {
     georef::PointEntries points = points_.Points();
     for (georef::PointEntry& point : points)
         if (auto pixel = NumbersOf(point.pixel); pixel && point.ground.empty())
-            point.ground = georef::GroundEntry(world_->Ground(*pixel));
+            point.ground = georef::ExactGroundEntry(world_->Ground(*pixel));
     points_.SetPoints(std::move(points), Texts::tr("Ground from the world file"));
 }
 
@@ -296,7 +297,7 @@ std::string frmGeoRef::ReadGround(const std::string& typed) {
     georef::GridEntry entry{georef::GroundEntry(reading.place), reading.said};
     if (reading.kind == georef::GroundKind::None) entry.entry = typed;
     if (reading.kind == georef::GroundKind::Degrees) entry = georef::ToGridEntry(typed, Grid());
-    if (!typed.empty()) Say(Text(entry.said));
+    if (!typed.empty()) Say(Said(entry.said));
     return entry.entry.empty() ? typed : entry.entry;
 }
 

@@ -51,6 +51,7 @@ void PaintSwatch(QPainter& painter, const render::SceneLayer& layer) {
     painter.setBrush(layer.pen.fill ? QBrush(fill) : QBrush(Qt::NoBrush));
     switch (layer.kind) {
         case render::ItemKind::Area:
+        case render::ItemKind::Image:
         case render::ItemKind::Ring:
             return painter.drawRect(QRectF(5, 4, swatchWidth - 10, swatchHeight - 8));
         case render::ItemKind::Line:

@@ -31,6 +31,18 @@ namespace vexlator::desktop {
 
 namespace {
 
+/// The words of details, for scripts/translate.
+[[maybe_unused]] constexpr const char* detailWords[] = {
+    QT_TRANSLATE_NOOP("MapWindow", "area"),          QT_TRANSLATE_NOOP("MapWindow", "closed polyline"),
+    QT_TRANSLATE_NOOP("MapWindow", "polyline"),      QT_TRANSLATE_NOOP("MapWindow", "line"),
+    QT_TRANSLATE_NOOP("MapWindow", "filled circle"), QT_TRANSLATE_NOOP("MapWindow", "circle"),
+    QT_TRANSLATE_NOOP("MapWindow", "arc"),           QT_TRANSLATE_NOOP("MapWindow", "text"),
+    QT_TRANSLATE_NOOP("MapWindow", "symbol"),        QT_TRANSLATE_NOOP("MapWindow", "point"),
+    QT_TRANSLATE_NOOP("MapWindow", "image"),         QT_TRANSLATE_NOOP("MapWindow", "Text"),
+    QT_TRANSLATE_NOOP("MapWindow", "Symbol"),        QT_TRANSLATE_NOOP("MapWindow", "Radius"),
+    QT_TRANSLATE_NOOP("MapWindow", "Height"),        QT_TRANSLATE_NOOP("MapWindow", "Label"),
+    QT_TRANSLATE_NOOP("MapWindow", "Link"),          QT_TRANSLATE_NOOP("MapWindow", "Pixels")};
+
 /// A text that a click copies.
 QToolButton* Copied(const QString& accessibleName, const QString& help) {
     auto* button = new QToolButton;
@@ -270,7 +282,7 @@ void MapWindow::ShowSelected(std::optional<std::size_t> item) {
         try {
             details = file.DetailsOfItem(item);
         } catch (const std::exception& error) {
-            details.texts.emplace_back("Problem", error.what());
+            details.texts.emplace_back(QT_TR_NOOP("Problem"), error.what());
         }
         QMetaObject::invokeMethod(
             this,
@@ -284,7 +296,7 @@ void MapWindow::ShowSelected(std::optional<std::size_t> item) {
 void MapWindow::ShowDetails(const render::EntityDetails& details) {
     details_->clear();
     AddDetail(tr("Layer"), Text(details.layer));
-    AddDetail(tr("Kind"), Text(details.kind));
+    AddDetail(tr("Kind"), tr(details.kind.c_str()));
     if (details.length > 0) AddDetail(tr("Length"), Text(LengthInWords(details.length)));
     AddDetail(tr("Vertices"), QLocale().toString(qulonglong(details.vertices)));
     if (!details.handle.empty()) AddDetail(tr("Handle"), Text(details.handle));

@@ -10,6 +10,7 @@
 
 #include <QColorDialog>
 #include <QComboBox>
+#include <algorithm>
 
 namespace vexlator::desktop {
 
@@ -50,6 +51,15 @@ QWidget* MobileFieldDelegate::createEditor(QWidget* parent, const QStyleOptionVi
     AddChoices(*box, field);
     box->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
     return box;
+}
+
+/// Lists are wider than the cells that they choose for.
+void MobileFieldDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                               const QModelIndex&) const {
+    QRect place = option.rect;
+    place.setWidth(std::max(place.width(), editor->sizeHint().width()));
+    place.moveRight(std::min(place.right(), editor->parentWidget()->width() - 1));
+    editor->setGeometry(place);
 }
 
 void MobileFieldDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {

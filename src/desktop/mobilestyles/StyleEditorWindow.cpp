@@ -12,6 +12,7 @@
 
 #include <QCloseEvent>
 #include <QFileDialog>
+#include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenuBar>
@@ -21,6 +22,7 @@
 #include <QTableView>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <functional>
 #include <utility>
 
@@ -32,6 +34,7 @@ using background::MobileField;
 using background::MobileStyleFile;
 
 constexpr int mostUndone = 200;
+constexpr double sampleEnlargement = 4;
 
 class FileChange : public QUndoCommand {
 public:
@@ -52,26 +55,25 @@ QString Filter() {
 
 }  // namespace
 
-StyleEditorWindow::StyleEditorWindow()
-    : rows_(file_), table_(new QTableView), sample_(new QWidget), told_(new QLabel) {
+StyleEditorWindow::StyleEditorWindow() : rows_(file_), table_(new QTableView), told_(new QLabel) {
     setObjectName(QStringLiteral("StyleEditor"));
     undo_.setUndoLimit(mostUndone);
     rows_.edited = [this](std::size_t line, MobileField field, const QString& value) {
         Edit(line, field, value);
     };
     MakeTable();
-    MakeSample();
     MakeActions();
     auto* centre = new QWidget;
     auto* column = new QVBoxLayout(centre);
     column->addWidget(table_, 1);
-    column->addWidget(sample_);
+    column->addLayout(MakeSamples());
     setCentralWidget(centre);
     statusBar()->addWidget(told_, 1);
     connect(&undo_, &QUndoStack::cleanChanged, this, [this] { ShowTitle(); });
     connect(table_->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] { Told(); });
     connect(&rows_, &QAbstractItemModel::dataChanged, this, [this] { Told(); });
-    resize(fontMetrics().averageCharWidth() * 120, fontMetrics().height() * 32);
+    int width = std::max(fontMetrics().averageCharWidth() * 120, bar_->sizeHint().width());
+    resize(width, fontMetrics().height() * 32);
     ShowTitle();
     Told();
 }
@@ -86,6 +88,7 @@ void StyleEditorWindow::MakeTable() {
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
                             QAbstractItemView::SelectedClicked | QAbstractItemView::AnyKeyPressed);
+    table_->horizontalHeader()->setHighlightSections(false);
     table_->verticalHeader()->hide();
     table_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 12);
     table_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
@@ -93,11 +96,20 @@ void StyleEditorWindow::MakeTable() {
         MobileStyleTable::FirstField + static_cast<int>(MobileField::Name), QHeaderView::Stretch);
 }
 
-void StyleEditorWindow::MakeSample() {
-    sample_->setObjectName(QStringLiteral("sample"));
-    sample_->setAccessibleName(Texts::tr("The chosen style as drawn"));
-    sample_->setFixedHeight(fontMetrics().height() * 6);
-    sample_->installEventFilter(this);
+/// The chosen style as it is drawn, and enlarged.
+QLayout* StyleEditorWindow::MakeSamples() {
+    auto* grid = new QGridLayout;
+    const QString captions[] = {Texts::tr("As drawn"), Texts::tr("Four times as large")};
+    for (int i = 0; i < 2; ++i) {
+        samples_[i] = new QWidget;
+        samples_[i]->setObjectName(QStringLiteral("sample%1").arg(i + 1));
+        samples_[i]->setAccessibleName(captions[i]);
+        samples_[i]->setFixedHeight(fontMetrics().height() * 7);
+        samples_[i]->installEventFilter(this);
+        grid->addWidget(new QLabel(captions[i]), 0, i);
+        grid->addWidget(samples_[i], 1, i);
+    }
+    return grid;
 }
 
 void StyleEditorWindow::MakeActions() {
@@ -119,12 +131,12 @@ void StyleEditorWindow::MakeActions() {
     QAction* area = edit->addAction(Texts::tr("Add &area style"), this, [this] { AddStyle("A"); });
     QAction* remove = edit->addAction(Texts::tr("Re&move the style"), QKeySequence::Delete, this,
                                       [this] { RemoveStyle(); });
-    QToolBar* bar = addToolBar(Texts::tr("Styles"));
-    bar->setObjectName(QStringLiteral("styleBar"));
-    bar->setMovable(false);
-    bar->addActions({save, undo, redo});
-    bar->addSeparator();
-    bar->addActions({point, line, area, remove});
+    bar_ = addToolBar(Texts::tr("Styles"));
+    bar_->setObjectName(QStringLiteral("styleBar"));
+    bar_->setMovable(false);
+    bar_->addActions({save, undo, redo});
+    bar_->addSeparator();
+    bar_->addActions({point, line, area, remove});
 }
 
 // --- Files
@@ -246,7 +258,7 @@ void StyleEditorWindow::ShowTitle() {
 }
 
 void StyleEditorWindow::Told() {
-    sample_->update();
+    for (QWidget* sample : samples_) sample->update();
     QModelIndex current = table_->currentIndex();
     if (rows_.rowCount() == 0)
         told_->setText(Texts::tr("There are no styles yet. Add one."));
@@ -255,13 +267,16 @@ void StyleEditorWindow::Told() {
 }
 
 bool StyleEditorWindow::eventFilter(QObject* watched, QEvent* event) {
-    if (watched != sample_ || event->type() != QEvent::Paint) return QMainWindow::eventFilter(watched, event);
+    bool isSample = watched == samples_[0] || watched == samples_[1];
+    if (!isSample || event->type() != QEvent::Paint) return QMainWindow::eventFilter(watched, event);
     QModelIndex current = table_->currentIndex();
-    QPainter painter(sample_);
     if (!current.isValid() || current.row() >= rows_.rowCount()) return true;
+    auto* sample = static_cast<QWidget*>(watched);
+    QPainter painter(sample);
     std::size_t line = rows_.LineOf(current.row());
-    PaintStyleSample(painter, sample_->rect(), Text(file_.Field(line, MobileField::Type)),
-                     background::LookOfFields(file_.FieldsOf(line)));
+    PaintStyleSample(painter, sample->rect(), Text(file_.Field(line, MobileField::Type)),
+                     background::LookOfFields(file_.FieldsOf(line)),
+                     sample == samples_[0] ? 1 : sampleEnlargement);
     return true;
 }
 

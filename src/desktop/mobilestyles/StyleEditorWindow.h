@@ -11,6 +11,8 @@
 
 class QTableView;
 class QLabel;
+class QLayout;
+class QToolBar;
 
 namespace vexlator::desktop {
 
@@ -30,7 +32,7 @@ protected:
 
 private:
     void MakeTable();
-    void MakeSample();
+    QLayout* MakeSamples();
     void MakeActions();
     void ChooseFile();
     bool Save();
@@ -51,7 +53,8 @@ private:
     std::string path_;
     QUndoStack undo_;
     QTableView* table_;
-    QWidget* sample_;
+    QToolBar* bar_ = nullptr;
+    QWidget* samples_[2] = {};
     QLabel* told_;
 };
 

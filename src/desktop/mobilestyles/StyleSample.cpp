@@ -2,122 +2,62 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/mobilestyles/StyleSample.h"
 
+#include "render/Painter.h"
+#include "render/package/StylePens.h"
+
 #include <QPainter>
-#include <QPainterPath>
+#include <algorithm>
 #include <functional>
-#include <numbers>
+#include <vector>
 
 namespace vexlator::desktop {
 
 namespace {
 
-using background::MobilePattern;
 using background::MobileStyleLook;
-using background::MobileSymbol;
+using render::ItemKind;
+using render::PlanePoint;
 
 constexpr double ratios[] = {1, 1.5, 2, 3};
 constexpr QSize iconSize(40, 16);
-constexpr double leastSymbol = 7;  ///< pixels, so that it can be told from others
+constexpr double inset = 4;  ///< pixels between a sample and the edge of its paper
+constexpr int mostBends = 5;
 
-Qt::PenStyle PenStyleOf(MobilePattern pattern) {
-    switch (pattern) {
-        case MobilePattern::Dash:
-            return Qt::DashLine;
-        case MobilePattern::Dot:
-            return Qt::DotLine;
-        case MobilePattern::DashDot:
-            return Qt::DashDotLine;
-        default:
-            return Qt::SolidLine;
+/// A point, a line that bends where there is room for it, or a patch, in the middle of the paper.
+ItemKind ShapeFor(const QString& type, const QSizeF& paper, std::vector<PlanePoint>& course) {
+    double right = paper.width() / 2 - inset, up = paper.height() / 2 - inset;
+    if (type == QLatin1String("P")) {
+        course = {{0, 0}};
+        return ItemKind::Dot;
     }
-}
-
-Qt::BrushStyle BrushStyleOf(MobilePattern pattern) {
-    switch (pattern) {
-        case MobilePattern::None:
-            return Qt::NoBrush;
-        case MobilePattern::Horizontal:
-            return Qt::HorPattern;
-        case MobilePattern::Vertical:
-            return Qt::VerPattern;
-        case MobilePattern::Cross:
-            return Qt::CrossPattern;
-        case MobilePattern::Diagonal:
-            return Qt::BDiagPattern;
-        case MobilePattern::DiagonalCross:
-            return Qt::DiagCrossPattern;
-        default:
-            return Qt::SolidPattern;
+    if (type == QLatin1String("S")) {
+        bool isLow = up < 4 * inset;
+        for (int i = 0; i <= mostBends; ++i)
+            course.push_back({right * (2.0 * i / mostBends - 1), isLow ? 0 : i % 2 == 0 ? -up / 2 : up / 2});
+        return ItemKind::Line;
     }
+    course = {{-right, -up}, {right, -up}, {right, up}, {-right, up}};
+    return ItemKind::Area;
 }
 
-/// Corners on a circle, every `step`-th of them joined to the next.
-QPainterPath Corners(int count, int step, double firstAngle) {
-    QPolygonF corners;
-    for (int i = 0; i < count; ++i) {
-        double angle = firstAngle + 2 * std::numbers::pi * i * step / count;
-        corners << QPointF(std::cos(angle) / 2, -std::sin(angle) / 2);
-    }
-    QPainterPath path;
-    path.setFillRule(Qt::WindingFill);
-    path.addPolygon(corners);
-    path.closeSubpath();
-    return path;
+render::Scene SampleScene(const QString& type, const MobileStyleLook& look, const QSizeF& paper) {
+    std::vector<PlanePoint> course;
+    ItemKind kind = ShapeFor(type, paper, course);
+    render::SceneBuilder builder;
+    std::uint32_t layer = builder.AddLayer("");
+    std::uint32_t pen = builder.AddPen(render::PenOfMobileStyle(look, PenColumn(kind)));
+    if (kind == ItemKind::Dot)
+        builder.AddDot(layer, pen, course.front());
+    else
+        builder.AddCourse(layer, pen, kind, course);
+    return builder.Take();
 }
 
-/// In a square of one unit around the origin. Crosses are lines.
-QPainterPath SymbolPath(MobileSymbol symbol) {
-    QPainterPath path;
-    switch (symbol) {
-        case MobileSymbol::Circle:
-            path.addEllipse(QPointF(0, 0), 0.5, 0.5);
-            break;
-        case MobileSymbol::Square:
-            path.addRect(-0.5, -0.5, 1, 1);
-            break;
-        case MobileSymbol::Triangle:
-            return Corners(3, 1, std::numbers::pi / 2);
-        case MobileSymbol::Diamond:
-            return Corners(4, 1, 0);
-        case MobileSymbol::Star:
-            return Corners(5, 2, std::numbers::pi / 2);
-        case MobileSymbol::Cross:
-            path.addRect(-0.1, -0.5, 0.2, 1);
-            path.addRect(-0.5, -0.1, 1, 0.2);
-            path.setFillRule(Qt::WindingFill);
-            return QTransform().rotate(45).map(path);
-        case MobileSymbol::Plus:
-            path.addRect(-0.1, -0.5, 0.2, 1);
-            path.addRect(-0.5, -0.1, 1, 0.2);
-            path.setFillRule(Qt::WindingFill);
-            break;
-    }
-    return path;
-}
-
-void PaintPoint(QPainter& painter, const QRectF& place, const MobileStyleLook& look) {
-    double size = std::min(std::max(leastSymbol, look.width * 2), place.height() - 4);
-    painter.translate(place.center());
-    painter.scale(size, size);
-    painter.fillPath(SymbolPath(look.symbol), QColor(QRgb(look.rgb)));
-}
-
-void PaintLine(QPainter& painter, const QRectF& place, const MobileStyleLook& look) {
-    QRectF inner = place.adjusted(4, 4, -4, -4);
-    QPen pen(QColor(QRgb(look.rgb)), std::min(look.width, inner.height()), PenStyleOf(look.pattern),
-             Qt::FlatCap, Qt::MiterJoin);
-    painter.setPen(pen);
-    painter.drawLine(QPointF(inner.left(), place.center().y()), QPointF(inner.right(), place.center().y()));
-}
-
-void PaintPatch(QPainter& painter, const QRectF& place, const MobileStyleLook& look) {
-    QColor colour{QRgb(look.rgb)}, inside = colour;
-    Qt::BrushStyle style = BrushStyleOf(look.pattern);
-    if (style == Qt::SolidPattern) inside.setAlpha(0x59);
-    painter.setBrush(QBrush(inside, style));
-    double width = std::min(look.width, place.height() / 4);
-    painter.setPen(QPen(colour, width, PenStyleOf(look.pattern)));
-    painter.drawRect(place.adjusted(3, 3, -3, -3));
+/// Pixels of the style that are as large as the paper allows.
+MobileStyleLook Fitted(MobileStyleLook look, const QSizeF& paper, double enlargement) {
+    double most = (paper.height() - inset) / enlargement;
+    look.width = std::min(look.width, look.SymbolSize() > most ? most / 2 : most);
+    return look;
 }
 
 QIcon Drawn(const std::function<void(QPainter&)>& draw) {
@@ -129,7 +69,8 @@ QIcon Drawn(const std::function<void(QPainter&)>& draw) {
         QPainter painter(&pixmap);
         draw(painter);
         painter.end();
-        icon.addPixmap(pixmap);
+        // A style in a chosen row has its own colours too.
+        for (QIcon::Mode mode : {QIcon::Normal, QIcon::Selected}) icon.addPixmap(pixmap, mode);
     }
     return icon;
 }
@@ -141,19 +82,18 @@ QSize SampleSize() {
 }
 
 void PaintStyleSample(QPainter& painter, const QRectF& place, const QString& type,
-                      const MobileStyleLook& look) {
+                      const MobileStyleLook& look, double enlargement) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setClipRect(place);
     painter.setPen(QPen(QColor(0, 0, 0, 60), 1));
     painter.setBrush(Qt::white);
     painter.drawRoundedRect(place.adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
-    if (type == QLatin1String("P"))
-        PaintPoint(painter, place, look);
-    else if (type == QLatin1String("S"))
-        PaintLine(painter, place, look);
-    else
-        PaintPatch(painter, place, look);
+    painter.translate(place.topLeft());
+    render::PaintOptions options;
+    options.pixelsPerMillimetre *= enlargement;
+    QSize size = place.size().toSize();
+    PaintScene(SampleScene(type, Fitted(look, place.size(), enlargement), place.size()),
+               render::View(PlanePoint{0, 0}, 1, size.width(), size.height()), painter, options);
     painter.restore();
 }
 

@@ -12,9 +12,10 @@ class QPainter;
 
 namespace vexlator::desktop {
 
-/// A mobile style as drawn, on white: a symbol for type "P", a bend of line for "S", a patch for others.
+/// A mobile style on white paper, as the map draws it: a symbol for type "P", a line for "S", a patch for
+/// others. What would not fit is drawn smaller.
 void PaintStyleSample(QPainter& painter, const QRectF& place, const QString& type,
-                      const background::MobileStyleLook& look);
+                      const background::MobileStyleLook& look, double enlargement = 1);
 
 /// Small pictures for lists, sharp at every scale.
 QIcon StyleIcon(const QString& type, const background::MobileStyleLook& look);

@@ -44,7 +44,6 @@ frmBkgndOption::frmBkgndOption(config::Installation& installation, QWidget* pare
       settings_(new SettingsPage(model_)) {
     setObjectName(QStringLiteral("frmBkgndOption"));
     setWindowTitle(tr("Background Options"));
-    setAttribute(Qt::WA_DeleteOnClose);
     tabs_->addTab(MakeBackgroundPage(), tr("&Backgrounds"));
     tabs_->addTab(settings_, tr("All &settings"));
     tabs_->addTab(MakeCheckPage(), tr("C&heck"));
@@ -348,10 +347,6 @@ bool frmBkgndOption::eventFilter(QObject* watched, QEvent* event) {
 
 void frmBkgndOption::OfferIni() {
     if (Ask("Load " + Text(iniPath_))) QDesktopServices::openUrl(QUrl::fromLocalFile(Text(iniPath_)));
-}
-
-QWidget* MakeOptionsWindow(config::Installation& installation) {
-    return new frmBkgndOption(installation);
 }
 
 }  // namespace vexlator::desktop

@@ -74,6 +74,4 @@ private:
 /// missing. True when it is in its place, or none is expected.
 bool CheckLibrary(QWidget* parent);
 
-QWidget* MakeOptionsWindow(config::Installation& installation);
-
 }  // namespace vexlator::desktop

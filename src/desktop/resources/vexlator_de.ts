@@ -169,6 +169,82 @@
         <source>%1 contains nothing to show.</source>
         <translation>%1 enthält nichts, was zu zeigen wäre.</translation>
     </message>
+    <message>
+        <source>area</source>
+        <translation>Fläche</translation>
+    </message>
+    <message>
+        <source>closed polyline</source>
+        <translation>geschlossene Polylinie</translation>
+    </message>
+    <message>
+        <source>polyline</source>
+        <translation>Polylinie</translation>
+    </message>
+    <message>
+        <source>line</source>
+        <translation>Linie</translation>
+    </message>
+    <message>
+        <source>filled circle</source>
+        <translation>gefüllter Kreis</translation>
+    </message>
+    <message>
+        <source>circle</source>
+        <translation>Kreis</translation>
+    </message>
+    <message>
+        <source>arc</source>
+        <translation>Bogen</translation>
+    </message>
+    <message>
+        <source>text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>symbol</source>
+        <translation>Symbol</translation>
+    </message>
+    <message>
+        <source>point</source>
+        <translation>Punkt</translation>
+    </message>
+    <message>
+        <source>image</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Symbol</source>
+        <translation>Symbol</translation>
+    </message>
+    <message>
+        <source>Radius</source>
+        <translation>Radius</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>Höhe</translation>
+    </message>
+    <message>
+        <source>Label</source>
+        <translation>Beschriftung</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>Verweis</translation>
+    </message>
+    <message>
+        <source>Pixels</source>
+        <translation>Pixel</translation>
+    </message>
+    <message>
+        <source>Problem</source>
+        <translation>Problem</translation>
+    </message>
 </context>
 <context>
     <name>SettingsPage</name>
@@ -1242,10 +1318,6 @@
         <translation>Mobilstile</translation>
     </message>
     <message>
-        <source>The chosen style as drawn</source>
-        <translation>Der gewählte Stil, wie er gezeichnet wird</translation>
-    </message>
-    <message>
         <source>&amp;Open…</source>
         <translation>Ö&amp;ffnen…</translation>
     </message>
@@ -1558,10 +1630,6 @@
         <translation>Suche &amp;nach:</translation>
     </message>
     <message>
-        <source>Attributes shown as annotation, in this order; drag to reorder</source>
-        <translation>Attribute als Beschriftung, in dieser Folge; durch Ziehen zu ordnen</translation>
-    </message>
-    <message>
         <source>Fixed height of annotation, in units of the drawing</source>
         <translation>Feste Texthöhe in Einheiten der Zeichnung</translation>
     </message>
@@ -1694,10 +1762,6 @@
         <translation>Die Zeichnung von einer Koordinate auf eine andere verschieben</translation>
     </message>
     <message>
-        <source>Click the point on the map that is to be moved; Escape ends</source>
-        <translation>Klicken Sie auf der Karte den Punkt an, der verschoben wird; Esc beendet</translation>
-    </message>
-    <message>
         <source>Move To..</source>
         <translation>Verschieben nach..</translation>
     </message>
@@ -1724,6 +1788,309 @@
     <message>
         <source>Building the package…</source>
         <translation>Das Paket wird gebaut…</translation>
+    </message>
+    <message>
+        <source>%1 is not understood</source>
+        <translation>%1 wird nicht verstanden</translation>
+    </message>
+    <message>
+        <source>a mark is in the place of a number</source>
+        <translation>ein Zeichen steht, wo eine Zahl stehen müsste</translation>
+    </message>
+    <message>
+        <source>the letter %1 is in the place of a number</source>
+        <translation>der Buchstabe %1 steht, wo eine Zahl stehen müsste</translation>
+    </message>
+    <message>
+        <source>an angle has degrees, minutes and seconds</source>
+        <translation>ein Winkel hat Grad, Minuten und Sekunden</translation>
+    </message>
+    <message>
+        <source>degrees come first, then minutes, then seconds</source>
+        <translation>zuerst kommen Grad, dann Minuten, dann Sekunden</translation>
+    </message>
+    <message>
+        <source>minutes and seconds have no sign</source>
+        <translation>Minuten und Sekunden haben kein Vorzeichen</translation>
+    </message>
+    <message>
+        <source>minutes and seconds are below 60</source>
+        <translation>Minuten und Sekunden liegen unter 60</translation>
+    </message>
+    <message>
+        <source>only the last part of an angle has decimals</source>
+        <translation>nur der letzte Teil eines Winkels hat Nachkommastellen</translation>
+    </message>
+    <message>
+        <source>an angle has a sign or a letter, not both</source>
+        <translation>ein Winkel hat ein Vorzeichen oder einen Buchstaben, nicht beides</translation>
+    </message>
+    <message>
+        <source>; the image lies mirrored: are two points, or x and y, exchanged?</source>
+        <translation>; das Bild liegt gespiegelt: sind zwei Punkte oder x und y vertauscht?</translation>
+    </message>
+    <message>
+        <source>the control points have values that are too large to compute with</source>
+        <translation>die Passpunkte haben Werte, die zum Rechnen zu groß sind</translation>
+    </message>
+    <message>
+        <source>all control points have the same position on the image</source>
+        <translation>alle Passpunkte liegen an derselben Stelle des Bildes</translation>
+    </message>
+    <message>
+        <source>all control points have the same ground position</source>
+        <translation>alle Passpunkte haben dieselbe Lage im Gelände</translation>
+    </message>
+    <message>
+        <source>all %1 control points are on one line of the image; add one beside that line</source>
+        <translation>alle %1 Passpunkte liegen auf einer Linie des Bildes; fügen Sie einen neben dieser Linie hinzu</translation>
+    </message>
+    <message>
+        <source>the ground positions of all %1 control points are on one line; check their values</source>
+        <translation>alle %1 Passpunkte liegen im Gelände auf einer Linie; prüfen Sie ihre Werte</translation>
+    </message>
+    <message>
+        <source>a fit needs at least 2 control points and has %1</source>
+        <translation>eine Einpassung braucht mindestens 2 Passpunkte und hat %1</translation>
+    </message>
+    <message>
+        <source>a fit of second order needs at least 6 control points and has %1</source>
+        <translation>eine Einpassung zweiter Ordnung braucht mindestens 6 Passpunkte und hat %1</translation>
+    </message>
+    <message>
+        <source>the control points are on one curve of second order; spread them over the image, or fit in first order</source>
+        <translation>die Passpunkte liegen auf einer Kurve zweiter Ordnung; verteilen Sie sie über das Bild, oder passen Sie in erster Ordnung ein</translation>
+    </message>
+    <message>
+        <source>the control points do not determine a fit; add one</source>
+        <translation>die Passpunkte bestimmen keine Einpassung; fügen Sie einen hinzu</translation>
+    </message>
+    <message>
+        <source>: a pixel is %1 on the ground, </source>
+        <translation>: ein Pixel ist %1 im Gelände, </translation>
+    </message>
+    <message>
+        <source>the image rotated by %1 degrees clockwise</source>
+        <translation>das Bild um %1 Grad im Uhrzeigersinn gedreht</translation>
+    </message>
+    <message>
+        <source>the image rotated by %1 degrees anticlockwise</source>
+        <translation>das Bild um %1 Grad gegen den Uhrzeigersinn gedreht</translation>
+    </message>
+    <message>
+        <source>%1 control points, similarity fit</source>
+        <translation>%1 Passpunkte, Einpassung nach Ähnlichkeit</translation>
+    </message>
+    <message>
+        <source>%1 control points, affine fit</source>
+        <translation>%1 Passpunkte, affine Einpassung</translation>
+    </message>
+    <message>
+        <source>%1 control points, second order fit</source>
+        <translation>%1 Passpunkte, Einpassung zweiter Ordnung</translation>
+    </message>
+    <message>
+        <source> by least squares</source>
+        <translation> nach kleinsten Quadraten</translation>
+    </message>
+    <message>
+        <source> without another point to check it</source>
+        <translation> ohne weiteren Punkt zur Kontrolle</translation>
+    </message>
+    <message>
+        <source>latitude %1 S</source>
+        <translation>Breite %1 S</translation>
+    </message>
+    <message>
+        <source>latitude %1 N</source>
+        <translation>Breite %1 N</translation>
+    </message>
+    <message>
+        <source>longitude %1 W</source>
+        <translation>Länge %1 W</translation>
+    </message>
+    <message>
+        <source>longitude %1 E</source>
+        <translation>Länge %1 O</translation>
+    </message>
+    <message>
+        <source>easting %1, northing %2</source>
+        <translation>Rechtswert %1, Hochwert %2</translation>
+    </message>
+    <message>
+        <source> (assuming that the latitude comes first)</source>
+        <translation> (angenommen, dass die Breite zuerst steht)</translation>
+    </message>
+    <message>
+        <source>one value needs N or S, the other E or W</source>
+        <translation>ein Wert braucht N oder S, der andere E oder W</translation>
+    </message>
+    <message>
+        <source>a latitude beyond 90 degrees</source>
+        <translation>eine Breite über 90 Grad</translation>
+    </message>
+    <message>
+        <source>a longitude beyond 180 degrees</source>
+        <translation>eine Länge über 180 Grad</translation>
+    </message>
+    <message>
+        <source>a position is two values</source>
+        <translation>eine Lage besteht aus zwei Werten</translation>
+    </message>
+    <message>
+        <source>angles beyond 90 and 180 degrees</source>
+        <translation>Winkel über 90 und 180 Grad</translation>
+    </message>
+    <message>
+        <source>no position yet</source>
+        <translation>noch keine Lage</translation>
+    </message>
+    <message>
+        <source>%1 is too long for a position</source>
+        <translation>%1 ist zu lang für eine Lage</translation>
+    </message>
+    <message>
+        <source>corner of the square of %1 m: </source>
+        <translation>Ecke des Quadrats von %1 m: </translation>
+    </message>
+    <message>
+        <source> (in this order, because the other is outside the grid)</source>
+        <translation> (in dieser Reihenfolge, weil die andere außerhalb des Gitters liegt)</translation>
+    </message>
+    <message>
+        <source>: outside the selected grid</source>
+        <translation>: außerhalb des gewählten Gitters</translation>
+    </message>
+    <message>
+        <source>%1 is in degrees; convert it to the grid first</source>
+        <translation>%1 ist in Grad; rechnen Sie es zuerst ins Gitter um</translation>
+    </message>
+    <message>
+        <source>%1 is not a pixel position of the form x,y</source>
+        <translation>%1 ist keine Stelle des Bildes der Form x,y</translation>
+    </message>
+    <message>
+        <source>control point %1: </source>
+        <translation>Passpunkt %1: </translation>
+    </message>
+    <message>
+        <source>; it bends the image, which therefore has to be rotated</source>
+        <translation>; sie biegt das Bild, das deshalb gedreht werden muss</translation>
+    </message>
+    <message>
+        <source>As drawn</source>
+        <translation>Wie gezeichnet</translation>
+    </message>
+    <message>
+        <source>Four times as large</source>
+        <translation>Viermal so groß</translation>
+    </message>
+    <message>
+        <source>The style does not relayer.</source>
+        <translation>Der Stil ordnet keine Ebenen neu zu.</translation>
+    </message>
+    <message>
+        <source>The style relayers by &quot;%1&quot;.</source>
+        <translation>Der Stil ordnet die Ebenen nach &quot;%1&quot; zu.</translation>
+    </message>
+    <message>
+        <source>Background Styling Files</source>
+        <translation>Hintergrund-Stildateien</translation>
+    </message>
+    <message>
+        <source>GIS File</source>
+        <translation>GIS-Datei</translation>
+    </message>
+    <message>
+        <source>Mobile Style File</source>
+        <translation>Mobile Stildatei</translation>
+    </message>
+    <message>
+        <source>%1 is there already. Replace it?</source>
+        <translation>%1 gibt es schon. Ersetzen?</translation>
+    </message>
+    <message>
+        <source>one colour for all</source>
+        <translation>eine Farbe für alles</translation>
+    </message>
+    <message>
+        <source>Attributes shown as annotation, in this order; drag to reorder, or press Alt+Up and Alt+Down</source>
+        <translation>Attribute, die als Beschriftung erscheinen, in dieser Reihenfolge; zum Ordnen ziehen, oder Alt+Auf und Alt+Ab drücken</translation>
+    </message>
+    <message>
+        <source>Click the point on the map that is to be moved, or press Enter for the middle; Escape ends</source>
+        <translation>Klicken Sie auf den Punkt der Karte, der verschoben werden soll, oder drücken Sie die Eingabetaste für die Mitte; Esc beendet</translation>
+    </message>
+    <message>
+        <source>A style file cannot hold the name of layer %1: it looks like DEFAULT</source>
+        <translation>Den Namen der Ebene %1 kann eine Stildatei nicht aufnehmen: sie sieht aus wie DEFAULT</translation>
+    </message>
+    <message>
+        <source>%1, not found</source>
+        <translation>%1, nicht gefunden</translation>
+    </message>
+    <message>
+        <source>Click a feature to see what it is and to select its row.</source>
+        <translation>Klicken Sie auf ein Objekt: Sie sehen, was es ist, und seine Zeile wird gewählt.</translation>
+    </message>
+    <message>
+        <source>clearing of cells</source>
+        <translation>Leeren von Zellen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n feature(s) without a position</source>
+        <translation>
+            <numerusform>%n Objekt ohne Lage</numerusform>
+            <numerusform>%n Objekte ohne Lage</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 holds a comma, a &quot;=&quot; or a line end, which a GO command cannot carry</source>
+        <translation>%1 enthält ein Komma, ein „=“ oder ein Zeilenende; das kann ein GO-Befehl nicht wiedergeben</translation>
+    </message>
+    <message>
+        <source>%1 begins or ends with a blank, which a GO command cannot carry</source>
+        <translation>%1 beginnt oder endet mit einem Leerzeichen; das kann ein GO-Befehl nicht wiedergeben</translation>
+    </message>
+    <message>
+        <source>%1 is longer than the %2 characters that gv.ini gives back</source>
+        <translation>%1 ist länger als die %2 Zeichen, die gv.ini wiedergibt</translation>
+    </message>
+    <message>
+        <source>there is no such file</source>
+        <translation>diese Datei gibt es nicht</translation>
+    </message>
+    <message>
+        <source>the file is empty</source>
+        <translation>die Datei ist leer</translation>
+    </message>
+    <message>
+        <source>%1 is missing</source>
+        <translation>%1 fehlt</translation>
+    </message>
+    <message>
+        <source>nothing imports %1 files</source>
+        <translation>%1-Dateien liest kein Import</translation>
+    </message>
+    <message>
+        <source>the file does not begin as a shapefile does</source>
+        <translation>die Datei beginnt nicht wie ein Shapefile</translation>
+    </message>
+    <message>
+        <source>No Corresponding XML</source>
+        <translation>keine zugehörige XML-Datei</translation>
+    </message>
+    <message>
+        <source>no world file places it on the ground</source>
+        <translation>keine World-Datei legt seine Lage fest</translation>
+    </message>
+    <message>
+        <source>No VDCONV application located</source>
+        <translation>das Programm VDCONV fehlt</translation>
+    </message>
+    <message>
+        <source>BackgroundBuilder.exe is not in %1</source>
+        <translation>BackgroundBuilder.exe ist nicht in %1</translation>
     </message>
 </context>
 </TS>

@@ -10,5 +10,12 @@
             <numerusform>%n files failed</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%n feature(s) without a position</source>
+        <translation>
+            <numerusform>%n feature without a position</numerusform>
+            <numerusform>%n features without a position</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>

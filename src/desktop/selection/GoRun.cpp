@@ -37,18 +37,20 @@ void GoRun::Start(std::function<ExitStatus()> work) {
         });
 }
 
-/// What a conversion throws ends here: it is shown to the person.
+/// What a conversion throws ends here: it is shown to the person, unless that one has cancelled meanwhile.
 ExitStatus GoRun::Perform(const std::function<ExitStatus()>& work) {
     try {
-        return work();
+        try {
+            return work();
+        } catch (const std::bad_alloc&) {
+            run_.Ui().ShowMessage("Not enough memory");
+        } catch (const std::exception& error) {
+            run_.Ui().ShowMessage(error.what());
+        }
+        return ExitStatus::Failed;
     } catch (const platform::Stopped&) {
         return ExitStatus::Interrupted;
-    } catch (const std::bad_alloc&) {
-        run_.Ui().ShowMessage("Not enough memory");
-    } catch (const std::exception& error) {
-        run_.Ui().ShowMessage(error.what());
     }
-    return ExitStatus::Failed;
 }
 
 /// In the worker's thread.

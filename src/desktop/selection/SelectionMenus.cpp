@@ -35,6 +35,18 @@ QAction* Add(QMenu& menu, const QString& text, const QKeySequence& keys,
     return added;
 }
 
+QString WhyNoCommand(const startup::ShownCommand& command) {
+    QString control = Text(command.control);
+    using Problem = startup::ShownCommand::Problem;
+    if (command.problem == Problem::Separator)
+        return Texts::tr("%1 holds a comma, a \"=\" or a line end, which a GO command cannot carry")
+            .arg(control);
+    if (command.problem == Problem::OuterBlank)
+        return Texts::tr("%1 begins or ends with a blank, which a GO command cannot carry").arg(control);
+    return Texts::tr("%1 is longer than the %2 characters that gv.ini gives back")
+        .arg(control, QString::number(startup::longestIniValue));
+}
+
 /// A text to be looked at and copied.
 void ShowText(QWidget* parent, const QString& title, const QString& introduction, const QString& text) {
     QDialog dialog(parent);
@@ -138,7 +150,7 @@ void SelectionWindow::ResetToJPGlist(const QString& imagePath) {
 void SelectionWindow::ShowCommand() {
     startup::ShownCommand command = startup::ShowAsCommand(Choices());
     if (command.line.empty())
-        QMessageBox::information(this, Texts::tr("Show as command"), Text(command.problem));
+        QMessageBox::information(this, Texts::tr("Show as command"), WhyNoCommand(command));
     else
         ShowText(this, Texts::tr("Show as command"),
                  Texts::tr("This line does the same without a window, as in a script:"), Text(command.line));

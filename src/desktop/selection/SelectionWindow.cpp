@@ -45,9 +45,11 @@ bool HasExtension(const QString& path, std::initializer_list<const char*> extens
 /// A folder stands for what lies in it and below it that Go does something with.
 QStringList SourcesIn(const QString& path) {
     if (!QFileInfo(path).isDir()) return {path};
+    std::vector<std::string> files;
+    for (QDirIterator each(path, QDir::Files, QDirIterator::Subdirectories); each.hasNext();)
+        files.push_back(each.next().toStdString());
     QStringList sources;
-    for (QDirIterator files(path, QDir::Files, QDirIterator::Subdirectories); files.hasNext();)
-        if (QString file = files.next(); startup::IsGoSource(file.toStdString())) sources << file;
+    for (const std::string& source : startup::GoSourcesAmong(std::move(files))) sources << Text(source);
     sources.sort(Qt::CaseInsensitive);
     return sources;
 }

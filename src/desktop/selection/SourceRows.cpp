@@ -35,11 +35,39 @@ using RowState = startup::RowResult::State;
     QT_TRANSLATE_NOOP("vexlator", "compressed GML"),
     QT_TRANSLATE_NOOP("vexlator", "map sheet")};
 
+QString InWords(const startup::SourceProblem& problem) {
+    QString name = Text(problem.name);
+    using What = startup::SourceProblem::What;
+    switch (problem.what) {
+        case What::Unconvertible:
+            return Texts::tr("Go does nothing with this kind of file");
+        case What::Gone:
+            return Texts::tr("there is no such file");
+        case What::Empty:
+            return Texts::tr("the file is empty");
+        case What::CompanionMissing:
+            return Texts::tr("%1 is missing").arg(name);
+        case What::NoImport:
+            return Texts::tr("nothing imports %1 files").arg(name);
+        case What::NoShapefile:
+            return Texts::tr("the file does not begin as a shapefile does");
+        case What::Unreadable:
+            return name;
+        case What::NoMapSheetXml:
+            return Texts::tr("No Corresponding XML");
+        case What::NoWorldFile:
+            return Texts::tr("no world file places it on the ground");
+        case What::NoConverter:
+            return Texts::tr("No VDCONV application located");
+        case What::NoBuilder:
+            break;
+    }
+    return Texts::tr("BackgroundBuilder.exe is not in %1").arg(name);
+}
+
 QString Problems(const startup::SourceDescription& description) {
     QStringList lines;
-    for (const std::string& problem : description.problems) lines << Text(problem);
-    if (description.kind.empty() && lines.isEmpty())
-        lines << Texts::tr("Go does nothing with this kind of file");
+    for (const startup::SourceProblem& problem : description.problems) lines << InWords(problem);
     return lines.join(QStringLiteral("; "));
 }
 

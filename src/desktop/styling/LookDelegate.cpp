@@ -68,7 +68,9 @@ QWidget* LookDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
 void LookDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
     auto* box = qobject_cast<QComboBox*>(editor);
     if (!box) return QStyledItemDelegate::setEditorData(editor, index);
-    box->setCurrentIndex(box->findData(index.data(Qt::EditRole), NameRole, Qt::MatchFixedString));
+    // The entries that are no looks have no name either.
+    QString look = index.data(Qt::EditRole).toString();
+    box->setCurrentIndex(look.isEmpty() ? -1 : box->findData(look, NameRole, Qt::MatchFixedString));
 }
 
 void LookDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const {
@@ -79,7 +81,7 @@ void LookDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, cons
 }
 
 void LookDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
-    QStyledItemDelegate::initStyleOption(option, index);
+    ClearCheckDelegate::initStyleOption(option, index);
     option->decorationSize = SampleSize();
 }
 

@@ -2,16 +2,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QStyledItemDelegate>
+#include "desktop/styling/ClearChecks.h"
+
 #include <functional>
 
 namespace vexlator::desktop {
 
 /// Looks in a StyleTable drop down: the colours, the mobile styles of the column, another mobile style file.
 /// Flags are check boxes in the middle of their cells.
-class LookDelegate : public QStyledItemDelegate {
+class LookDelegate : public ClearCheckDelegate {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using ClearCheckDelegate::ClearCheckDelegate;
 
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;

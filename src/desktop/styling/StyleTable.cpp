@@ -54,6 +54,8 @@ void StyleTable::UseSimple(bool simple) {
 
 void StyleTable::UseMobileStyles(std::shared_ptr<const background::MobileStyles> styles) {
     mobile_ = std::move(styles);
+    known_.clear();
+    for (std::string_view name : mobile_->NamesOf("")) known_.emplace(name, true);
     icons_.clear();
     if (!rows_.empty()) emit dataChanged(index(0, 0), index(rowCount() - 1, background::styleColumns - 1));
 }
@@ -72,7 +74,9 @@ QIcon StyleTable::IconOf(StyleColumn column, const QString& look) const {
 
 QString StyleTable::NumberText(const QString& look) const {
     std::string name = look.toStdString();
-    return background::ColourCode(name) ? QString() : QString::number(mobile_->NumberOf(name));
+    if (background::ColourCode(name)) return {};
+    QString number = QString::number(mobile_->NumberOf(name));
+    return known_.contains(name) ? number : Texts::tr("%1, not found").arg(number);
 }
 
 int StyleTable::rowCount(const QModelIndex& parent) const {

@@ -4,6 +4,7 @@
 
 #include "background/styling/MobileStyles.h"
 #include "background/styling/StyleEdits.h"
+#include "util/NoCaseMap.h"
 
 #include <QAbstractTableModel>
 #include <QIcon>
@@ -30,7 +31,7 @@ public:
     }
     /// How a colour or mobile style of that column looks.
     QIcon IconOf(background::StyleColumn column, const QString& look) const;
-    /// A mobile style with its number; "" for a colour.
+    /// The number of a mobile style, and whether the file lacks it; "" for a colour.
     QString NumberText(const QString& look) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -49,6 +50,7 @@ private:
 
     std::vector<background::StyleRow> rows_;
     std::shared_ptr<const background::MobileStyles> mobile_;
+    util::NoCaseMap<bool> known_;  ///< names of mobile styles
     bool simple_ = false;
     mutable std::map<std::pair<int, QString>, QIcon> icons_;
 };

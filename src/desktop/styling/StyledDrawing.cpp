@@ -66,6 +66,9 @@ std::string DrawingOfSource(config::Run& run, const std::string& source, const s
 
 std::shared_ptr<const render::Scene> DeviceScene(config::Run& run, const DrawingOrder& order,
                                                  const background::BackgroundStyle& style, bool simple) {
+    config::Installation installation(run.Installation());
+    installation.Override({"GRP", "CREATEDXF", "0"});
+    config::Run preview(installation, run.UnloggedUi());
     QTemporaryDir folder;
     if (!folder.isValid()) throw std::runtime_error(folder.errorString().toStdString());
     auto inFolder = [&](const char* name) { return folder.filePath(QLatin1String(name)).toStdString(); };
@@ -73,8 +76,10 @@ std::shared_ptr<const render::Scene> DeviceScene(config::Run& run, const Drawing
                       package = inFolder("PREVIEW.GRP");
     SaveStyledDrawing(order, drawing);
     background::SaveBackgroundStyle(styleFile, style, simple);
-    background::frmGRP(run).Start(drawing, package, styleFile);
-    return std::make_shared<render::Scene>(render::SceneOfPackage(package, {}));
+    background::frmGRP(preview).Start(drawing, package, styleFile);
+    const background::MobileStyles mobileStyles(
+        background::ReadStyleText(installation.ReadIni("MOBILESTYLING", "FILE")));
+    return std::make_shared<render::Scene>(render::SceneOfPackage(package, {}, mobileStyles));
 }
 
 }  // namespace vexlator::desktop

@@ -15,6 +15,7 @@
 #include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QStatusBar>
 
 /// The files of the styling window: styles, mobile styles, drawings.
@@ -26,6 +27,17 @@ constexpr const char* styleFilter = "Background Styling Files(*.BSF)|*.BSF";
 constexpr const char* mobileFilter = "Mobile Style File (*.txt)|*.txt";
 constexpr const char* previewFilter = "GIS File(*.*)|*.*";
 constexpr const char* drawingFilter = "VDF|*.vdf";
+
+/// What their dialogs show, for scripts/translate.
+[[maybe_unused]] constexpr const char* filterWords[] = {
+    QT_TRANSLATE_NOOP("vexlator", "Background Styling Files"), QT_TRANSLATE_NOOP("vexlator", "GIS File"),
+    QT_TRANSLATE_NOOP("vexlator", "Mobile Style File")};
+
+/// Dialogs add the patterns themselves.
+QString FilterOf(const char* filter) {
+    static const QRegularExpression patterns(QStringLiteral(" ?\\([^|]*(?=\\|)"));
+    return QString::fromLatin1(filter).remove(patterns);
+}
 
 }  // namespace
 
@@ -46,29 +58,37 @@ void frmBkgndStyle::LoadStyleFile(const std::string& path) {
 }
 
 void frmBkgndStyle::ChooseStyle() {
+    TakeHeight();
     if (!MayLeaveStyle()) return;
-    QString path =
-        SelectFile(this, Text(platform::NativePath(styleFile_)), false, QString::fromLatin1(styleFilter));
+    QString path = SelectFile(this, Text(platform::NativePath(styleFile_)), false, FilterOf(styleFilter));
     if (!path.isEmpty()) LoadStyleFile(path.toStdString());
 }
 
+/// With the extension that the path lacks. "" when the person gives up.
+QString frmBkgndStyle::ChooseTarget(const QString& start, const char* filter, const QString& extension) {
+    QString path = SelectFile(this, start, true, FilterOf(filter));
+    if (path.isEmpty() || !QFileInfo(path).suffix().isEmpty()) return path;
+    path += extension;  // the dialog has not asked about a file of this name
+    return !QFileInfo::exists(path) || MayReplace(path) ? path : QString();
+}
+
+bool frmBkgndStyle::MayReplace(const QString& path) {
+    return Asks(Texts::tr("%1 is there already. Replace it?").arg(QDir::toNativeSeparators(path)));
+}
+
 bool frmBkgndStyle::SaveStyle() {
-    QString path =
-        SelectFile(this, Text(platform::NativePath(styleFile_)), true, QString::fromLatin1(styleFilter));
+    TakeHeight();
+    QString path = ChooseTarget(Text(platform::NativePath(styleFile_)), styleFilter, QStringLiteral(".BSF"));
     if (path.isEmpty()) return false;
-    if (QFileInfo(path).suffix().isEmpty()) path += QStringLiteral(".BSF");
-    background::BackgroundStyle style = state_.style;
-    if (shown_) {
-        style.optimisedAttributes = WithNames(style.optimisedAttributes, shown_->attributes);
-        style.annotationFields = WithNames(style.annotationFields, shown_->attributes);
-    }
+    bool isSimple = form_->chkSimple->isChecked();
     try {
-        SaveBackgroundStyle(path.toStdString(), style, form_->chkSimple->isChecked());
+        SaveBackgroundStyle(path.toStdString(), ListedStyle(state_.style), isSimple);
     } catch (const std::exception& error) {
         Tell(Text(error.what()));
         return false;
     }
     styleFile_ = path.toStdString();
+    if (isSimple) ChangeStyle(Texts::tr("one colour for all"), [](auto& style) { UseOneColour(style.rows); });
     savedStyle_ = state_.style;
     ShowTitle();
     statusBar()->showMessage(Texts::tr("Saved %1").arg(path), 5000);
@@ -86,6 +106,19 @@ bool frmBkgndStyle::MayLeaveStyle() {
 
 // --- Mobile styles
 
+/// The file, or the folder that a missing one may appear in.
+void frmBkgndStyle::WatchMobileStyles() {
+    QStringList watched = mobileWatch_.files() + mobileWatch_.directories();
+    if (!watched.isEmpty()) mobileWatch_.removePaths(watched);
+    if (mobileFile_.empty()) return;
+    QString file = Text(platform::NativePath(mobileFile_)), folder = QFileInfo(file).absolutePath();
+    for (const QString& path : {file, folder})
+        if (QFileInfo::exists(path)) {
+            mobileWatch_.addPath(path);
+            return;
+        }
+}
+
 void frmBkgndStyle::ReadMobileStyles() {
     mobileFile_ = installation_.ReadIni("MOBILESTYLING", "FILE");
     std::string text;
@@ -95,14 +128,14 @@ void frmBkgndStyle::ReadMobileStyles() {
         statusBar()->showMessage(Text(error.what()));
     }
     table_.UseMobileStyles(std::make_shared<background::MobileStyles>(text));
-    if (!mobileWatch_.files().isEmpty()) mobileWatch_.removePaths(mobileWatch_.files());
-    if (platform::FileExists(mobileFile_)) mobileWatch_.addPath(Text(platform::NativePath(mobileFile_)));
+    WatchMobileStyles();
+    onDevice_.reset();
     Restyle();
+    CatchUp();
 }
 
 void frmBkgndStyle::SelectMobileStyles() {
-    QString path =
-        SelectFile(this, Text(platform::NativePath(mobileFile_)), false, QString::fromLatin1(mobileFilter));
+    QString path = SelectFile(this, Text(platform::NativePath(mobileFile_)), false, FilterOf(mobileFilter));
     if (path.isEmpty()) return;
     try {
         installation_.WriteIni("MOBILESTYLING", "FILE", path.toStdString());
@@ -129,8 +162,8 @@ void frmBkgndStyle::EditMobileStyles() {
 // --- Drawings
 
 void frmBkgndStyle::ChoosePreview() {
-    if (!MayLeaveDrawing()) return;
-    QString path = SelectFile(this, QString(), false, QString::fromLatin1(previewFilter));
+    if (run_.IsRunning() || !MayLeaveDrawing()) return;
+    QString path = SelectFile(this, QString(), false, FilterOf(previewFilter));
     if (!path.isEmpty()) OpenDrawing(path.toStdString());
 }
 
@@ -161,9 +194,8 @@ bool frmBkgndStyle::MayLeaveDrawing() {
 
 void frmBkgndStyle::SaveDrawing() {
     if (!shown_ || run_.IsRunning()) return;
-    QString path = SelectFile(this, QString(), true, QString::fromLatin1(drawingFilter));
+    QString path = ChooseTarget({}, drawingFilter, QStringLiteral(".vdf"));
     if (path.isEmpty()) return;
-    if (QFileInfo(path).suffix().isEmpty()) path += QStringLiteral(".vdf");
     if (QFileInfo(path) == QFileInfo(Text(platform::NativePath(shown_->order.path))))
         return Tell(Texts::tr("Choose another file: this one is needed to undo changes."));
     Work(
@@ -176,6 +208,7 @@ void frmBkgndStyle::SaveDrawing() {
 }
 
 void frmBkgndStyle::QuickConvert() {
+    TakeHeight();
     if ((styleFile_.empty() || !StyleIsSaved()) && !SaveStyle()) return;
     // The window may be gone before the package is built.
     QDir folder(Text(platform::NativePath(installation_.Settings().TempDirectory)));

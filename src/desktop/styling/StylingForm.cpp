@@ -9,6 +9,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDoubleValidator>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -30,6 +31,19 @@ QHBoxLayout* Row(std::initializer_list<QWidget*> widgets) {
     return row;
 }
 
+/// Nothing is a height too: that of each feature.
+class HeightValidator : public QDoubleValidator {
+public:
+    explicit HeightValidator(QObject* parent) : QDoubleValidator(0, 1e9, 6, parent) {
+        setNotation(StandardNotation);
+        setLocale(QLocale::c());
+    }
+    State validate(QString& text, int& position) const override {
+        return text.isEmpty() ? Acceptable : QDoubleValidator::validate(text, position);
+    }
+    void fixup(QString& text) const override { text.clear(); }
+};
+
 }  // namespace
 
 StylingForm::StylingForm(QAbstractItemModel& rows) : looks(new LookDelegate(this)), map(new MapView) {
@@ -40,11 +54,13 @@ StylingForm::StylingForm(QAbstractItemModel& rows) : looks(new LookDelegate(this
     left->setStretchFactor(0, 3);
     left->setStretchFactor(1, 1);
     left->setChildrenCollapsible(false);
+    left->setSizes({fontMetrics().height() * 24, fontMetrics().height() * 14});
     auto* halves = new QSplitter;
     halves->addWidget(left);
     halves->addWidget(Preview());
     halves->setStretchFactor(0, 5);
     halves->setStretchFactor(1, 6);
+    halves->setSizes({fontMetrics().averageCharWidth() * 110, fontMetrics().averageCharWidth() * 80});
     halves->setChildrenCollapsible(false);
     auto* column = new QVBoxLayout(this);
     column->addWidget(halves);
@@ -68,6 +84,7 @@ QListWidget* StylingForm::List(const char* name, const char* purpose) {
     list->setObjectName(QString::fromLatin1(name));
     list->setAccessibleName(Texts::tr(purpose));
     list->setToolTip(Texts::tr(purpose));
+    list->setItemDelegate(new ClearCheckDelegate(list));
     list->setMinimumHeight(fontMetrics().height() * 5);
     return list;
 }
@@ -89,9 +106,9 @@ void StylingForm::MakeGrid(QAbstractItemModel& rows) {
     QHeaderView* header = grdStyle->horizontalHeader();
     header->setHighlightSections(false);
     header->setMinimumSectionSize(fontMetrics().averageCharWidth() * 7);
-    for (int column = 0; column < rows.columnCount(); ++column)
-        header->setSectionResizeMode(column,
-                                     column < 4 ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
+    header->setResizeContentsPrecision(0);  // rows that are seen: a style may have thousands
+    header->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header->setSectionResizeMode(0, QHeaderView::Stretch);
     grdStyle->setMinimumWidth(fontMetrics().averageCharWidth() * 78);
 }
 
@@ -110,6 +127,7 @@ QWidget* StylingForm::Rows() {
                                   QT_TRANSLATE_NOOP("vexlator", "Opens the mobile style file in its editor"));
     chkSimple = new QCheckBox(Texts::tr("S&imple styling"));
     chkSimple->setObjectName(QStringLiteral("chkSimple"));
+    chkSimple->setPalette(WithClearChecks(chkSimple->palette()));
     chkSimple->setToolTip(Texts::tr("One colour serves points, lines and areas"));
     auto* box = new QWidget;
     auto* column = new QVBoxLayout(box);
@@ -146,12 +164,15 @@ QWidget* StylingForm::AttributePage() {
 QWidget* StylingForm::AnnotationPage() {
     lstAnnotationFields =
         List("lstAnnotationFields",
-             QT_TRANSLATE_NOOP("vexlator", "Attributes shown as annotation, in this order; drag to reorder"));
+             QT_TRANSLATE_NOOP("vexlator",
+                               "Attributes shown as annotation, in this order; drag to reorder, or press "
+                               "Alt+Up and Alt+Down"));
     lstAnnotationFields->setDragDropMode(QAbstractItemView::InternalMove);
     txtAnnoHeight = new QLineEdit;
     txtAnnoHeight->setObjectName(QStringLiteral("txtAnnoHeight"));
     txtAnnoHeight->setAccessibleName(Texts::tr("Fixed height of annotation, in units of the drawing"));
     txtAnnoHeight->setPlaceholderText(Texts::tr("by feature"));
+    txtAnnoHeight->setValidator(new HeightValidator(txtAnnoHeight));
     txtAnnoHeight->setMaximumWidth(fontMetrics().averageCharWidth() * 16);
     btnApplyAnno = Button("btnApplyAnno", QT_TRANSLATE_NOOP("vexlator", "Apply"),
                           QT_TRANSLATE_NOOP("vexlator", "Shows the annotation on the map"));
@@ -170,13 +191,15 @@ QWidget* StylingForm::LayerPage() {
                              QT_TRANSLATE_NOOP("vexlator",
                                                "Lists the drawing's attributes; the one that you "
                                                "choose names the layers"));
+    lblLayerOn = new QLabel;
+    lblLayerOn->setObjectName(QStringLiteral("lblLayerOn"));
     auto* help = new QLabel(Texts::tr("The value of the attribute becomes the feature's layer."));
     help->setWordWrap(true);
     auto* page = new QWidget;
     auto* column = new QVBoxLayout(page);
     column->addWidget(help);
     column->addWidget(lstXprops, 1);
-    column->addLayout(Row({btnLayerByXProp}));
+    column->addLayout(Row({btnLayerByXProp, lblLayerOn}));
     return page;
 }
 
@@ -201,6 +224,11 @@ QWidget* StylingForm::ToolPage() {
     return page;
 }
 
+void StylingForm::ShowEntity(const QString& lines) {
+    lblEntity->setText(lines.isEmpty() ? Texts::tr("Click a feature to see what it is and to select its row.")
+                                       : lines);
+}
+
 QWidget* StylingForm::Preview() {
     btnPreview = Button("btnPreview", QT_TRANSLATE_NOOP("vexlator", "&Preview a file…"),
                         QT_TRANSLATE_NOOP("vexlator", "Opens a drawing, or a GIS or CAD file"));
@@ -218,6 +246,7 @@ QWidget* StylingForm::Preview() {
     lblEntity->setWordWrap(true);
     lblEntity->setAccessibleName(Texts::tr("The feature that was clicked"));
     lblEntity->setMinimumHeight(fontMetrics().height() * 2);
+    ShowEntity({});
     auto* box = new QWidget;
     auto* column = new QVBoxLayout(box);
     column->setContentsMargins(0, 0, 0, 0);

@@ -33,8 +33,11 @@ public:
     QComboBox *cboSearch, *lstTools;
     QLineEdit* txtAnnoHeight;
     QCheckBox* chkSimple;
-    QLabel* lblEntity;
+    QLabel *lblEntity, *lblLayerOn;
     MapView* map;
+
+    /// What was clicked; "": nothing.
+    void ShowEntity(const QString& lines);
 
 private:
     QPushButton* Button(const char* name, const char* caption, const char* help);

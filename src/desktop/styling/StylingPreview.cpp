@@ -40,11 +40,6 @@ bool AreAlike(const Box& a, const Box& b) {
            std::abs(a.maxX - b.maxX) <= slack && std::abs(a.maxY - b.maxY) <= slack;
 }
 
-std::vector<background::StyleRow> InOneColour(std::vector<background::StyleRow> rows) {
-    for (background::StyleRow& row : rows) row.lines = row.areas = row.points;
-    return rows;
-}
-
 }  // namespace
 
 // --- Work
@@ -55,12 +50,14 @@ void frmBkgndStyle::Work(const QString& what, std::function<void(config::Run&)> 
     statusBar()->showMessage(what);
     run_.Start(std::move(work), [this, done = std::move(done)](bool isDone) {
         progress_->Stop({});
-        progress_->hide();
+        statusBar()->removeWidget(progress_);
         statusBar()->clearMessage();
         UpdateControls();
         if (isDone) done();
     });
     progress_->Follow(run_.Talk());
+    // A status bar is as high as whatever is in it, hidden or not.
+    statusBar()->addPermanentWidget(progress_, 1);
     progress_->show();
     UpdateControls();
 }
@@ -79,7 +76,7 @@ void frmBkgndStyle::TakeDrawing(std::shared_ptr<const StyledDrawing> shown) {
     shown_ = std::move(shown);
     mapShowsPackage_ = false;
     ShowScene(shown_->scene);
-    form_->lblEntity->clear();
+    form_->ShowEntity({});
     ShowLists();
     ShowTitle();
     UpdateControls();
@@ -106,7 +103,8 @@ void frmBkgndStyle::CatchUp() {
         order.changes = state_.changes;
         return Read(order, [this] { CatchUp(); });
     }
-    if (form_->btnDevice->isChecked() && (!mapShowsPackage_ || !(onDevice_ == state_))) deviceLater_.start();
+    bool isOnMap = mapShowsPackage_ && onDevice_ == state_;
+    if (form_->btnDevice->isChecked() && !isOnMap) deviceLater_.start();
 }
 
 // --- Changes of the drawing
@@ -173,17 +171,22 @@ void frmBkgndStyle::RunTool() {
             form_->map->setCursor(Qt::CrossCursor);
             form_->map->setFocus();
             statusBar()->showMessage(
-                Texts::tr("Click the point on the map that is to be moved; Escape ends"));
+                Texts::tr("Click the point on the map that is to be moved, or press Enter for the middle; "
+                          "Escape ends"));
             break;
         default:
             form_->map->Fit();
     }
 }
 
-void frmBkgndStyle::Move(render::PlanePoint from) {
+void frmBkgndStyle::EndPicking() {
     picksPlace_ = false;
     form_->map->unsetCursor();
     statusBar()->clearMessage();
+}
+
+void frmBkgndStyle::Move(render::PlanePoint from) {
+    EndPicking();
     int decimals = std::max(2, render::DecimalsOf(1 / form_->map->Shown().Scale()));
     from = {util::RoundFixed(from.x, decimals), util::RoundFixed(from.y, decimals)};
     QString text = Text(background::PlaceText(from));
@@ -202,18 +205,23 @@ void frmBkgndStyle::Move(render::PlanePoint from) {
 // --- What was clicked
 
 void frmBkgndStyle::ShowEntity(std::optional<std::size_t> item) {
-    form_->lblEntity->clear();
+    form_->ShowEntity({});
     if (!item || !shown_ || mapShowsPackage_) return;
     drawing::Entity entity = shown_->drawing->entityAt(shown_->scene->SourceOf(*item).entity);
     QStringList lines;
     for (const std::string& line : background::EntityLines(entity)) lines << Text(line);
-    form_->lblEntity->setText(lines.join(QStringLiteral("   ")));
+    form_->ShowEntity(lines.join(QStringLiteral("   ")));
     if (entity.layerName() != background::annotationLayer) SelectLayer(entity.layerName());
 }
 
 void frmBkgndStyle::SelectLayer(const std::string& layer) {
     auto row = background::RowOfLayer(state_.style.rows, layer);
     if (!row) {
+        if (!background::CanStandInStyle(layer))
+            return statusBar()->showMessage(
+                Texts::tr("A style file cannot hold the name of layer %1: it looks like DEFAULT")
+                    .arg(Text(layer)),
+                8000);
         if (!Asks(Text(layer) + Texts::tr(" layer Not Found. Add Now?"))) return;
         ChangeStyle(Texts::tr("row for a layer"), [&](auto& style) {
             style.rows.push_back(background::StyleRow{layer, "", "", ""});
@@ -229,9 +237,9 @@ void frmBkgndStyle::SelectLayer(const std::string& layer) {
 
 void frmBkgndStyle::Restyle() {
     if (!shown_ || mapShowsPackage_) return;
-    bool isSimple = form_->chkSimple->isChecked();
-    styles_ = std::make_unique<background::LayerStyles>(
-        isSimple ? InOneColour(state_.style.rows) : state_.style.rows, table_.Mobile());
+    std::vector<background::StyleRow> rows = state_.style.rows;
+    if (form_->chkSimple->isChecked()) UseOneColour(rows);
+    styles_ = std::make_unique<background::LayerStyles>(rows, table_.Mobile());
     render::StyledLayers styled = StyleLayers(*shown_->scene, *styles_, table_.Mobile());
     pens_ = std::move(styled.pens);
     hidden_ = std::move(styled.hidden);
@@ -289,7 +297,7 @@ void frmBkgndStyle::ShowDevice() {
                    if (!form_->btnDevice->isChecked()) return CatchUp();
                    onDevice_ = state;
                    mapShowsPackage_ = true;
-                   form_->lblEntity->clear();
+                   form_->ShowEntity({});
                    ShowScene(*scene);
                    CatchUp();
                });

@@ -6,16 +6,13 @@
 #include "desktop/application/ProgressPanel.h"
 #include "desktop/application/Texts.h"
 #include "desktop/map/MapView.h"
-#include "desktop/styling/LookDelegate.h"
 #include "desktop/styling/StylingForm.h"
 #include "util/Paths.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QDoubleValidator>
-#include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
@@ -37,7 +34,6 @@ using background::StyleColumn;
 using background::StyledState;
 
 constexpr int mostUndone = 200;
-constexpr int flashTime = 220, deviceDelay = 500;  ///< ms
 
 class StyleChange : public QUndoCommand {
 public:
@@ -76,7 +72,7 @@ frmBkgndStyle::frmBkgndStyle(config::Installation& installation, Convert convert
       installation_(installation),
       convert_(std::move(convert)),
       form_(new StylingForm(table_)),
-      progress_(new ProgressPanel),
+      progress_(new ProgressPanel(this)),
       run_(installation, BoxesOver([this] { return this; },
                                    [this](const QString& line) { statusBar()->showMessage(line, 8000); })) {
     setObjectName(QStringLiteral("frmBkgndStyle"));
@@ -86,15 +82,16 @@ frmBkgndStyle::frmBkgndStyle(config::Installation& installation, Convert convert
     savedStyle_ = state_.style;
     undo_.setUndoLimit(mostUndone);
     progress_->hide();
-    statusBar()->addPermanentWidget(progress_, 1);
+    statusBar();  // takes its place before anything is shown in it
     form_->map->SetNotice(Texts::tr("Preview a file to see the style on it."));
     form_->btnQuickConvert->setVisible(static_cast<bool>(convert_));
     form_->chkSimple->setChecked(installation_.ReadIniFlag("GRP", "SimpleStyling"));
-    auto* number = new QDoubleValidator(0, 1e6, 6, form_->txtAnnoHeight);
-    number->setLocale(QLocale::c());
-    form_->txtAnnoHeight->setValidator(number);
     MakeMenus();
-    Connect();
+    ConnectRows();
+    ConnectLists();
+    ConnectDrawing();
+    ConnectFiles();
+    ConnectTimers();
     ReadMobileStyles();
     Show(state_);
     resize(fontMetrics().averageCharWidth() * 190, fontMetrics().height() * 46);
@@ -107,12 +104,13 @@ frmBkgndStyle::~frmBkgndStyle() {
 
 void frmBkgndStyle::MakeMenus() {
     QMenu* file = menuBar()->addMenu(Texts::tr("&File"));
-    file->addAction(Texts::tr("&Open style…"), QKeySequence::Open, this, [this] { ChooseStyle(); });
+    openAction_ =
+        file->addAction(Texts::tr("&Open style…"), QKeySequence::Open, this, [this] { ChooseStyle(); });
     file->addAction(Texts::tr("&Save style…"), QKeySequence::Save, this, [this] { SaveStyle(); });
     file->addSeparator();
-    file->addAction(Texts::tr("&Preview a file…"), Qt::CTRL | Qt::SHIFT | Qt::Key_O, this,
-                    [this] { ChoosePreview(); });
-    file->addAction(Texts::tr("Save &drawing as…"), this, [this] { SaveDrawing(); });
+    previewAction_ = file->addAction(Texts::tr("&Preview a file…"), Qt::CTRL | Qt::SHIFT | Qt::Key_O, this,
+                                     [this] { ChoosePreview(); });
+    saveDrawingAction_ = file->addAction(Texts::tr("Save &drawing as…"), this, [this] { SaveDrawing(); });
     file->addSeparator();
     file->addAction(Texts::tr("&Close"), QKeySequence::Close, this, [this] { close(); });
     QMenu* edit = menuBar()->addMenu(Texts::tr("&Edit"));
@@ -130,87 +128,11 @@ void frmBkgndStyle::MakeMenus() {
                     [this] { form_->map->ZoomToRectangle(); });
 }
 
-void frmBkgndStyle::Connect() {
-    auto click = [this](QPushButton* button, void (frmBkgndStyle::*act)()) {
-        connect(button, &QPushButton::clicked, this, [this, act] { (this->*act)(); });
-    };
-    click(form_->btnStyleSerach, &frmBkgndStyle::ChooseStyle);
-    connect(form_->btnSave, &QPushButton::clicked, this, [this] { SaveStyle(); });
-    click(form_->btnApply, &frmBkgndStyle::Restyle);
-    click(form_->btnApplyAnno, &frmBkgndStyle::ShowAnnotation);
-    click(form_->btnPreview, &frmBkgndStyle::ChoosePreview);
-    click(form_->btnQuickConvert, &frmBkgndStyle::QuickConvert);
-    click(form_->btnMobileStyleEditor, &frmBkgndStyle::EditMobileStyles);
-    click(form_->btnLayerByXProp, &frmBkgndStyle::ListAttributes);
-    click(form_->cmdTools, &frmBkgndStyle::RunTool);
-    click(form_->btnDevice, &frmBkgndStyle::ShowDevice);
-    connect(form_->btnGetLayers, &QPushButton::clicked, this, [this] {
-        ChangeStyle(Texts::tr("rows for layers"),
-                    [this](auto& style) { AddMissingLayers(style.rows, shown_->layers); });
-    });
-    connect(form_->btnReset, &QPushButton::clicked, this, [this] {
-        ChangeStyle(Texts::tr("reset"), [this](auto& style) {
-            ResetStyle(style, shown_ ? shown_->layers : std::vector<std::string>());
-        });
-    });
-    connect(form_->chkSimple, &QCheckBox::toggled, this, [this](bool isOn) {
-        try {
-            installation_.WriteIni("GRP", "SimpleStyling", isOn ? "1" : "0");
-        } catch (const std::exception& error) {
-            Tell(Text(error.what()));
-        }
-        Show(state_);
-    });
-    for (QListWidget* list : {form_->lstOptimisedXprops, form_->lstAnnotationFields}) {
-        connect(list, &QListWidget::itemChanged, this, [this] { TakeLists(); });
-        // The row that was dragged is in the list twice for a moment.
-        auto later = [this] { QTimer::singleShot(0, this, [this] { TakeLists(); }); };
-        connect(list->model(), &QAbstractItemModel::rowsMoved, this, later);
-        connect(list->model(), &QAbstractItemModel::rowsRemoved, this, [this, later] {
-            if (!showsLists_) later();
-        });
-    }
-    connect(form_->cboSearch, &QComboBox::activated, this, [this](int chosen) {
-        ChangeStyle(Texts::tr("search attribute"), [&](auto& style) {
-            style.searchOnField = chosen == 0 ? "" : form_->cboSearch->itemText(chosen).toStdString();
-        });
-    });
-    connect(form_->txtAnnoHeight, &QLineEdit::editingFinished, this, [this] {
-        ChangeStyle(Texts::tr("annotation height"), [this](auto& style) {
-            style.fixedAnnotationHeight = form_->txtAnnoHeight->text().toStdString();
-        });
-    });
-    connect(form_->lstXprops, &QListWidget::itemClicked, this, [this] { AskToRelayer(); });
-    table_.edited = [this](int row, StyleColumn column, const std::string& text) {
-        EditCell(row, column, text);
-    };
-    form_->looks->selectFile = [this] { SelectMobileStyles(); };
-    form_->map->selected = [this](auto item) { ShowEntity(item); };
-    form_->map->installEventFilter(this);
-    form_->lstXprops->installEventFilter(this);
-    form_->grdStyle->viewport()->installEventFilter(this);
-    connect(form_->grdStyle, &QTableView::clicked, this, [this](const QModelIndex& index) {
-        bool isPlain = QApplication::keyboardModifiers() == Qt::NoModifier;
-        if (isPlain && IsLook(StyleTable::ColumnOf(index))) form_->grdStyle->edit(index);
-    });
-    connect(form_->grdStyle, &QTableView::entered, this,
-            [this](const QModelIndex& index) { Flash(index.row()); });
-    flash_.setInterval(flashTime);
-    connect(&flash_, &QTimer::timeout, this, [this] { ShowFlash(); });
-    deviceLater_.setSingleShot(true);
-    deviceLater_.setInterval(deviceDelay);
-    connect(&deviceLater_, &QTimer::timeout, this, [this] { ShowDevice(); });
-    connect(&undo_, &QUndoStack::indexChanged, this, [this] { UpdateControls(); });
-    connect(&mobileWatch_, &QFileSystemWatcher::fileChanged, this, [this] {
-        // A file that is being replaced is not there for a moment.
-        QTimer::singleShot(200, this, [this] { ReadMobileStyles(); });
-    });
-}
-
 // --- Changes
 
 void frmBkgndStyle::Change(const QString& what, StyledState after) {
-    if (after == state_) return;
+    bool isSeen = after.changes != state_.changes || ListedStyle(after.style) != ListedStyle(state_.style);
+    if (!isSeen) return;
     undo_.push(new StyleChange(what, state_, std::move(after), [this](const auto& state) { Show(state); }));
 }
 
@@ -246,6 +168,38 @@ void frmBkgndStyle::EditCell(int row, StyleColumn column, const std::string& tex
     });
 }
 
+/// Cells that say nothing leave a layer to the DEFAULT row.
+void frmBkgndStyle::ClearCells() {
+    QModelIndexList selected = form_->grdStyle->selectionModel()->selectedIndexes();
+    ChangeStyle(Texts::tr("clearing of cells"), [&](auto& style) {
+        for (const QModelIndex& index : selected)
+            if (IsLook(StyleTable::ColumnOf(index)))
+                CellOf(style.rows[static_cast<std::size_t>(index.row())], StyleTable::ColumnOf(index))
+                    .clear();
+    });
+}
+
+void frmBkgndStyle::GetLayers() {
+    ChangeStyle(Texts::tr("rows for layers"),
+                [this](auto& style) { AddMissingLayers(style.rows, shown_->layers); });
+}
+
+void frmBkgndStyle::Reset() {
+    ChangeStyle(Texts::tr("reset"), [this](auto& style) {
+        ResetStyle(style, shown_ ? shown_->layers : std::vector<std::string>());
+    });
+}
+
+void frmBkgndStyle::UseSimple(bool isOn) {
+    try {
+        installation_.WriteIni("GRP", "SimpleStyling", isOn ? "1" : "0");
+    } catch (const std::exception& error) {
+        Tell(Text(error.what()));
+    }
+    onDevice_.reset();
+    Show(state_);
+}
+
 void frmBkgndStyle::RemoveRows() {
     std::set<int> rows;
     for (const QModelIndex& index : form_->grdStyle->selectionModel()->selectedIndexes())
@@ -263,12 +217,32 @@ void frmBkgndStyle::TakeLists() {
     });
 }
 
+/// What is typed counts when the field is left, or when it is needed before.
+void frmBkgndStyle::TakeHeight() {
+    if (showsLists_ || !form_->txtAnnoHeight->hasAcceptableInput()) return;
+    ChangeStyle(Texts::tr("annotation height"), [this](auto& style) {
+        style.fixedAnnotationHeight = form_->txtAnnoHeight->text().toStdString();
+    });
+}
+
+/// The names of the drawing's attributes stand in the lists too.
+BackgroundStyle frmBkgndStyle::ListedStyle(BackgroundStyle style) const {
+    if (!shown_) return style;
+    style.optimisedAttributes = WithNames(std::move(style.optimisedAttributes), shown_->attributes);
+    style.annotationFields = WithNames(std::move(style.annotationFields), shown_->attributes);
+    return style;
+}
+
 void frmBkgndStyle::ShowLists() {
-    const BackgroundStyle& style = state_.style;
+    const BackgroundStyle style = ListedStyle(state_.style);
     const std::vector<std::string> attributes = shown_ ? shown_->attributes : std::vector<std::string>();
     showsLists_ = true;
-    ShowNames(*form_->lstOptimisedXprops, WithNames(style.optimisedAttributes, attributes));
-    ShowNames(*form_->lstAnnotationFields, WithNames(style.annotationFields, attributes));
+    ShowNames(*form_->lstOptimisedXprops, style.optimisedAttributes);
+    ShowNames(*form_->lstAnnotationFields, style.annotationFields);
+    form_->lblLayerOn->setText(
+        style.layerOnField.empty()
+            ? Texts::tr("The style does not relayer.")
+            : Texts::tr("The style relayers by \"%1\".").arg(Text(style.layerOnField)));
     form_->cboSearch->clear();
     form_->cboSearch->addItem(Text(background::noSearchField));
     for (const std::string& name : attributes) form_->cboSearch->addItem(Text(name));
@@ -291,6 +265,10 @@ void frmBkgndStyle::ShowTitle() {
     setWindowTitle(title + QStringLiteral(" – ") + Texts::tr("Background styling"));
 }
 
+bool frmBkgndStyle::StyleIsSaved() const {
+    return ListedStyle(state_.style) == ListedStyle(savedStyle_);
+}
+
 void frmBkgndStyle::UpdateControls() {
     bool isFree = !run_.IsRunning(), hasDrawing = isFree && shown_ != nullptr;
     for (QWidget* control : {form_->btnApplyAnno, form_->btnGetLayers, form_->btnLayerByXProp,
@@ -298,6 +276,8 @@ void frmBkgndStyle::UpdateControls() {
         control->setEnabled(hasDrawing);
     form_->lstXprops->setEnabled(hasDrawing);
     for (QWidget* control : {form_->btnPreview, form_->btnStyleSerach}) control->setEnabled(isFree);
+    for (QAction* action : {openAction_, previewAction_}) action->setEnabled(isFree);
+    saveDrawingAction_->setEnabled(hasDrawing);
     form_->btnApply->setEnabled(shown_ != nullptr);
     undoAction_->setEnabled(isFree && undo_.canUndo());
     redoAction_->setEnabled(isFree && undo_.canRedo());
@@ -317,30 +297,8 @@ bool frmBkgndStyle::Asks(const QString& question) {
 }
 
 void frmBkgndStyle::closeEvent(QCloseEvent* event) {
+    TakeHeight();
     event->setAccepted(MayLeaveStyle() && MayLeaveDrawing());
-}
-
-bool frmBkgndStyle::eventFilter(QObject* watched, QEvent* event) {
-    bool isMap = watched == form_->map;
-    if (watched == form_->grdStyle->viewport() && event->type() == QEvent::Leave) flashRow_ = -1;
-    if (watched == form_->lstXprops && event->type() == QEvent::KeyPress &&
-        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Return)
-        AskToRelayer();
-    if (!isMap || !picksPlace_) return QMainWindow::eventFilter(watched, event);
-    if (event->type() == QEvent::MouseButtonPress) return true;
-    if (event->type() == QEvent::MouseButtonRelease) {
-        double ratio = form_->map->devicePixelRatioF();
-        QPointF at = static_cast<QMouseEvent*>(event)->position() * ratio;
-        Move(form_->map->Shown().ToGround({at.x(), at.y()}));
-        return true;
-    }
-    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-        picksPlace_ = false;
-        form_->map->unsetCursor();
-        statusBar()->clearMessage();
-        return true;
-    }
-    return QMainWindow::eventFilter(watched, event);
 }
 
 }  // namespace vexlator::desktop

@@ -16,9 +16,11 @@
 #include <QUndoStack>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 class QListWidget;
+class QPushButton;
 
 namespace vexlator::desktop {
 
@@ -48,18 +50,34 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
-    void Connect();
     void MakeMenus();
+
+    // What is clicked, typed and dropped.
+    void OnClick(QPushButton* button, void (frmBkgndStyle::*act)());
+    void ConnectRows();
+    void ConnectLists();
+    void ConnectDrawing();
+    void ConnectFiles();
+    void ConnectTimers();
+    bool PicksPlace(QEvent* event);
 
     // What is edited. Every change goes through Change(), which can be undone.
     void Change(const QString& what, background::StyledState after);
     void ChangeStyle(const QString& what, const std::function<void(background::BackgroundStyle&)>& change);
     void Show(const background::StyledState& state);
     void EditCell(int row, background::StyleColumn column, const std::string& text);
+    void ClearCells();
+    void GetLayers();
+    void Reset();
     void RemoveRows();
+    void UseSimple(bool isOn);
     void TakeLists();
+    void TakeHeight();
+    background::BackgroundStyle ListedStyle(background::BackgroundStyle style) const;
     void ShowLists();
     void ShowTitle();
     void UpdateControls();
@@ -69,8 +87,11 @@ private:
     bool SaveStyle();
     bool MayLeaveStyle();
     bool MayLeaveDrawing();
-    bool StyleIsSaved() const { return state_.style == savedStyle_; }
+    bool StyleIsSaved() const;
+    bool MayReplace(const QString& path);
+    QString ChooseTarget(const QString& start, const char* filter, const QString& extension);
     void ReadMobileStyles();
+    void WatchMobileStyles();
     void SelectMobileStyles();
     void EditMobileStyles();
     void ChoosePreview();
@@ -89,6 +110,7 @@ private:
     void AskToRelayer();
     void RunTool();
     void Move(render::PlanePoint from);
+    void EndPicking();
     void ShowEntity(std::optional<std::size_t> item);
     void SelectLayer(const std::string& layer);
 
@@ -108,6 +130,7 @@ private:
     ProgressPanel* progress_;
     QUndoStack undo_;
     QAction *undoAction_ = nullptr, *redoAction_ = nullptr;
+    QAction *openAction_ = nullptr, *previewAction_ = nullptr, *saveDrawingAction_ = nullptr;
 
     background::StyledState state_;
     background::BackgroundStyle savedStyle_;
@@ -117,13 +140,14 @@ private:
     QTemporaryDir folder_;  ///< for drawings that sources were converted to
     std::shared_ptr<const StyledDrawing> shown_;
     std::unique_ptr<background::LayerStyles> styles_;
-    background::StyledState onDevice_;  ///< what the package on the map was built for
+    /// What the package on the map was built for; none once settings or mobile styles have changed.
+    std::optional<background::StyledState> onDevice_;
     bool mapShowsPackage_ = false, picksPlace_ = false, showsLists_ = false;
     render::Box extents_;  ///< of the scene on the map
 
     render::LayerPens pens_;
     std::vector<bool> hidden_;
-    QTimer flash_, deviceLater_;
+    QTimer flash_, deviceLater_, mobileLater_;
     int flashRow_ = -1, flashesLeft_ = 0;
     QFileSystemWatcher mobileWatch_;
     StylingRun run_;
