@@ -11,6 +11,7 @@ pkg_check_modules(TURBOJPEG REQUIRED IMPORTED_TARGET libturbojpeg)
 pkg_check_modules(LIBXML2 REQUIRED IMPORTED_TARGET libxml-2.0)
 pkg_check_modules(ZLIB REQUIRED IMPORTED_TARGET zlib)
 pkg_check_modules(XXHASH REQUIRED IMPORTED_TARGET libxxhash)
+pkg_check_modules(XLSXWRITER REQUIRED IMPORTED_TARGET xlsxwriter)
 pkg_check_modules(GDAL REQUIRED IMPORTED_TARGET gdal>=3.6)  # helper programs only
 find_package(simdjson REQUIRED)
 find_package(Qt6 6.4 REQUIRED COMPONENTS Gui Svg Widgets Test LinguistTools)
@@ -21,6 +22,21 @@ if(VEXLATOR_PRECOMPILED)
 endif()
 find_program(FLATC flatc REQUIRED)
 find_path(FLATBUFFERS_INCLUDE flatbuffers/flatbuffers.h REQUIRED)
+
+# vexlator_late(NAME LIBRARY...): vexlator_NAME does not link these libraries, but loads them when it needs them
+# (platform/LateLibrary.h), by names that the loader knows: VEXLATOR_<LIBRARY>_LIBRARY.
+function(vexlator_late name)
+  foreach(library ${ARGN})
+    list(GET ${library}_LINK_LIBRARIES 0 path)
+    file(REAL_PATH "${path}" path)
+    string(REGEX MATCH "[^/]+\\.so\\.[0-9]+" loaded "${path}")
+    if(NOT loaded)
+      message(FATAL_ERROR "${path} is no shared library with a version")
+    endif()
+    target_compile_definitions(vexlator_${name} PUBLIC VEXLATOR_${library}_LIBRARY="${loaded}")
+    target_include_directories(vexlator_${name} SYSTEM PUBLIC ${${library}_INCLUDE_DIRS})
+  endforeach()
+endfunction()
 
 # vexlator_flatbuffers(TARGET SCHEMA.fbs): generates SCHEMA_generated.h, private to the target.
 function(vexlator_flatbuffers target schema)

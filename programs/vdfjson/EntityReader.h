@@ -3,7 +3,7 @@
 #pragma once
 
 #include "drawing/Drawing.h"
-#include "vdfjson/AttributeNames.h"
+#include "drawing/EntityNames.h"
 #include "vdfjson/JsonValues.h"
 
 #include <vector>
@@ -24,7 +24,7 @@ private:
     void ReadXProperties(element list);
 
     drawing::Drawing& drawing_;
-    AttributeNames names_;
+    drawing::EntityNames names_;
     std::vector<drawing::Point> points_;
 };
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "drawing/Drawing.h"
-#include "vdfjson/AttributeNames.h"
+#include "drawing/EntityNames.h"
 #include "vdfjson/JsonValues.h"
 #include "vdfjson/PropertyColumns.h"
 
@@ -53,7 +53,7 @@ private:
 
     drawing::Drawing& drawing_;
     PropertyColumns& columns_;
-    AttributeNames names_;
+    drawing::EntityNames names_;
     std::string_view defaultLayer_;
     std::string layer_;
     std::vector<std::string_view> ownNames_;

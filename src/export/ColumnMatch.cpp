@@ -45,11 +45,24 @@ void ReportOtherNames(config::Run& run, std::string_view layer, const util::Shor
                     (run.Settings().MatchNames ? "" : "; [GENERICOUT] MATCHNAMES=1 matches them by name"));
 }
 
+std::vector<ColumnNames> NamesForAttributes(const std::vector<std::string>& columns) {
+    std::vector<ColumnNames> names;
+    for (const std::string& column : columns) names.push_back({column});
+    return names;
+}
+
 ColumnMatch::ColumnMatch(config::Run& run, std::string layer, std::vector<ColumnNames> columns)
+    : ColumnMatch(run, std::move(layer), std::move(columns), run.Settings().MatchNames) {}
+
+ColumnMatch ColumnMatch::ByName(config::Run& run, std::string layer, std::vector<ColumnNames> columns) {
+    return {run, std::move(layer), std::move(columns), true};
+}
+
+ColumnMatch::ColumnMatch(config::Run& run, std::string layer, std::vector<ColumnNames> columns, bool byName)
     : run_(run),
       layer_(std::move(layer)),
       columns_(std::move(columns)),
-      byName_(run.Settings().MatchNames),
+      byName_(byName),
       others_(OtherNames()) {
     for (std::size_t column = 0; column < columns_.size(); ++column)
         for (const std::string& name : columns_[column]) {

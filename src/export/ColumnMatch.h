@@ -25,17 +25,20 @@ using ColumnNames = std::vector<std::string>;
 std::string ColumnName(std::string_view name, std::size_t position);
 
 /// Attributes can have the template's names, or those of an exported table that was imported again.
-/// @param columns one for each field, or for the first fields, with a member `name`
+/// @param columns one for each field, or for the first fields, with a member `name`; further ones are ignored
 template <typename Column>
 std::vector<ColumnNames> NamesForAttributes(const std::vector<drawing::AtpField>& fields,
                                             const std::vector<Column>& columns) {
     std::vector<ColumnNames> names;
-    for (std::size_t i = 0; i < columns.size(); ++i) {
+    for (std::size_t i = 0; i < columns.size() && i < fields.size(); ++i) {
         names.push_back({fields[i].name, columns[i].name});
         if (!fields[i].shortName.empty()) names.back().push_back(fields[i].shortName);
     }
     return names;
 }
+
+/// Attributes have the names of their columns.
+std::vector<ColumnNames> NamesForAttributes(const std::vector<std::string>& columns);
 
 /// The form of a name in messages.
 std::string ShownName(std::string_view name);
@@ -52,6 +55,8 @@ void ReportOtherNames(config::Run& run, std::string_view layer, const util::Shor
 class ColumnMatch {
 public:
     ColumnMatch(config::Run& run, std::string layer, std::vector<ColumnNames> columns);
+    /// By name whatever the setting says: for formats whose values carry their names.
+    static ColumnMatch ByName(config::Run& run, std::string layer, std::vector<ColumnNames> columns);
 
     bool IsByName() const { return byName_; }
     /// The values, valid until the next call. By position: all values of the entity, also if fewer or more
@@ -62,6 +67,8 @@ public:
     void Report();
 
 private:
+    ColumnMatch(config::Run& run, std::string layer, std::vector<ColumnNames> columns, bool byName);
+
     /// The target of an attribute.
     struct Place {
         std::size_t column;

@@ -119,7 +119,7 @@ void ExportLayer::Take(const drawing::EntityView& entity) {
     }
 }
 
-std::vector<ExportLayer> FindLayers(BegunExport& begun, LayerZero layerZero) {
+std::vector<ExportLayer> FindLayers(BegunExport& begun, LayerZero layerZero, const EmptyLayers& emptyLayers) {
     std::vector<ExportLayer> all;
     for (const drawing::Layer& layer : begun.file->Current().layers())
         all.push_back({.layer = layer, .index = static_cast<std::uint32_t>(all.size())});
@@ -132,7 +132,8 @@ std::vector<ExportLayer> FindLayers(BegunExport& begun, LayerZero layerZero) {
     std::vector<ExportLayer> layers;
     std::set<std::string> taken;
     for (ExportLayer& layer : all) {
-        if (layer.entities == 0) continue;
+        bool wantedEmpty = emptyLayers && IsExported(layer.layer, layerZero) && emptyLayers(layer.layer);
+        if (layer.entities == 0 && !wantedEmpty) continue;
         layer.fileName = UniqueFileName(taken, layer.layer.name);
         layers.push_back(std::move(layer));
     }

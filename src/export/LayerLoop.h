@@ -56,7 +56,7 @@ struct ExportLayer {
     const drawing::Layer& layer;
     std::uint32_t index = 0;                       ///< number of the layer in the drawing
     std::string fileName = {};                     ///< base name of its files, safe and unique
-    std::uint64_t entities = 0;                    ///< at least one
+    std::uint64_t entities = 0;                    ///< none only in a layer that EmptyLayers wants
     std::uint64_t pointsAndLines = 0;              ///< number of points, symbols and polylines
     std::vector<std::string> names = {};           ///< attribute names of the first entity
     std::vector<drawing::AttributeSet> sets = {};  ///< attribute names, each once
@@ -65,9 +65,13 @@ struct ExportLayer {
     bool ascii = true, windows = true;  ///< all texts are ASCII; all texts fit Windows-1252
 };
 
+/// Which layers without entities are exported all the same; none: no such layer.
+using EmptyLayers = std::function<bool(const drawing::Layer&)>;
+
 /// The layers that are neither frozen nor empty, in order. Reads the drawing once.
 /// @throws platform::ReadError
-std::vector<ExportLayer> FindLayers(BegunExport& begun, LayerZero layerZero);
+std::vector<ExportLayer> FindLayers(BegunExport& begun, LayerZero layerZero,
+                                    const EmptyLayers& emptyLayers = nullptr);
 
 /// The entities of one layer in one chunk of the drawing, in drawing order.
 struct LayerPart {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "startup/ConversionRun.h"
 
+#include "config/OutsideProgram.h"
 #include "drawing/DrawingFile.h"
 #include "import/SourceFiles.h"
 #include "platform/Files.h"
@@ -125,6 +126,14 @@ std::string MeantExport(const Conversions& conversions, const ExportCommand& com
     return "; formats are " + conversions.ExportList();
 }
 
+/// Why a program that a conversion needs is missing, for the user; "" if it is there, or none is needed.
+std::string MissingProgram(const config::Run& run, std::string_view program, const std::string& code) {
+    if (program.empty() || !config::FindSuiteProgram(run, program).empty()) return "";
+    std::string name(program.substr(0, program.rfind('.')));
+    return code + " needs the program " + name +
+           ", which is not installed; the package vexlator-tools brings it";
+}
+
 /// Does work that a signal may stop, and then reports the state of the output.
 ExitStatus Stoppable(config::Run& run, const std::string& left, const std::function<ExitStatus()>& work) {
     try {
@@ -225,6 +234,8 @@ ExitStatus RunImport(config::Run& run, const Conversions& conversions, std::stri
         return Refuse(
             run, reason + "nothing imports \"" + command.code + "\"; formats are " + conversions.ImportList(),
             ExitStatus::NothingToDo);
+    if (std::string missing = MissingProgram(run, row->program, command.code); !missing.empty())
+        return Refuse(run, missing, ExitStatus::NothingToDo);
     if (run.Options().extent.IsSet() && row->form != "frmFromFMO")
         run.Ui().Report("?BOX limits imports of databases only; " + platform::NativePath(command.sourcePath) +
                         " is read whole");
@@ -243,6 +254,8 @@ ExitStatus RunExport(config::Run& run, const Conversions& conversions, std::stri
         return Refuse(run, "nothing exports to \"" + command.code + "\"" + MeantExport(conversions, command),
                       ExitStatus::NothingToDo);
     }
+    if (std::string missing = MissingProgram(run, row->program, command.code); !missing.empty())
+        return Refuse(run, missing, ExitStatus::NothingToDo);
     return Export(run, *row, command, folder);
 }
 

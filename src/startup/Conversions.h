@@ -21,7 +21,8 @@ struct ImportRow {
     std::string_view words;  ///< the source, for the user; rows with the same words are neighbours
     std::string_view form;   ///< name of the conversion form
     ImportCall call;
-    bool addsToDrawing = false;  ///< to an existing one, so that a second import duplicates its features
+    bool addsToDrawing = false;     ///< to an existing one, so that a second import duplicates its features
+    std::string_view program = "";  ///< of the suite, without which there is no conversion
 };
 
 struct ExportRow {
@@ -30,6 +31,7 @@ struct ExportRow {
     std::string_view form;
     ExportCall call;
     bool intoFmoDirectory = false;  ///< the results go to FMODirectory, not to the folder beside the drawing
+    std::string_view program = "";  ///< of the suite, without which there is no conversion
 };
 
 /// The rows for a run. Rows are tried in order.

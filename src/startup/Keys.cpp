@@ -7,16 +7,22 @@
 #include "drawing/FieldMapping.h"
 #include "export/ExportSettings.h"
 #include "export/csv/CsvSettings.h"
+#include "export/dbf/DbfSettings.h"
+#include "export/dxf/CadSettings.h"
+#include "export/environment/frmENV.h"
 #include "export/kml/frmKML.h"
 #include "export/mif/MifSettings.h"
 #include "export/photos/Photos.h"
 #include "export/shapefile/ShapefileSettings.h"
+#include "export/xls/frmXLS.h"
 #include "gpx/GpxSettings.h"
 #include "import/csv/CsvImportSettings.h"
+#include "import/gis/frmFromGIS.h"
 #include "import/gml/frmFromGML.h"
 #include "import/job/JobSettings.h"
 #include "import/mif/frmFromMID.h"
 #include "import/shapefile/ShapeImportSettings.h"
+#include "mapbook/BookSettings.h"
 #include "startup/ConversionRun.h"
 #include "startup/Settings.h"
 #include "startup/go/SourceConversion.h"
@@ -49,15 +55,21 @@ config::KeyList AllKeys() {
                                         exporter::PhotoKeys(),
                                         exporter::KmlKeys(),
                                         exporter::CsvKeys(),
+                                        exporter::CadExportKeys(),
                                         exporter::ExportKeys(),
+                                        exporter::DbfKeys(),
+                                        exporter::EnvironmentKeys(),
+                                        exporter::XlsKeys(),
                                         importer::CsvImportKeys(),
                                         exporter::ShapefileKeys(),
                                         importer::ShapeImportKeys(),
                                         exporter::MifKeys(),
                                         importer::MifImportKeys(),
                                         importer::GmlKeys(),
+                                        importer::TabImportKeys(),
                                         importer::JobKeys(),
                                         gpx::GpxKeys(),
+                                        mapbook::BookKeys(),
                                         background::PackageBuildKeys(),
                                         drawing::TemplateKeys(),
                                         drawing::FeatureChangeKeys(),

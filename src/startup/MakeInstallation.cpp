@@ -3,6 +3,7 @@
 #include "startup/MakeInstallation.h"
 
 #include "drawing/Drawing.h"
+#include "mapbook/Symbols.h"
 #include "platform/CodePages.h"
 #include "platform/Errors.h"
 #include "platform/Files.h"
@@ -57,6 +58,12 @@ void MakeDefaultSymbol(const std::string& path) {
     symbol.saveAs(path);
 }
 
+void MakeSymbol(const std::string& path, void (*draw)(drawing::Drawing&)) {
+    drawing::Drawing symbol;
+    draw(symbol);
+    symbol.saveAs(path);
+}
+
 /// The folder in the form for lines of gv.ini. @throws WriteError if they cannot hold it.
 std::string FolderForSettings(std::string_view folder) {
     std::string native = platform::NativePath(platform::AbsolutePath(folder));
@@ -74,6 +81,9 @@ void Fill(const std::string& folder, ui::UserInterface& userInterface) {
         builder.Folder(name);
     for (const InstallationFile& file : DefaultFiles()) builder.File(file.path, file.content);
     builder.Make("Symbols/DEFAULT.VDF", MakeDefaultSymbol);
+    builder.Make("Symbols/Arrow.VDF", [](const std::string& path) { MakeSymbol(path, mapbook::DrawArrow); });
+    builder.Make("Symbols/Tadpole.VDF",
+                 [](const std::string& path) { MakeSymbol(path, mapbook::DrawTadpole); });
     builder.File("gv.ini", DefaultIni(folder));
     // Last, because conversions work without it if no database driver is installed.
     builder.Make("WorkFlow/WorkFlow.MDB", workflow::CreateWorkflowDatabase);

@@ -86,6 +86,14 @@ TEST(StyleEdits, PlacesAreTwoNumbers) {
         EXPECT_FALSE(PlaceOf(text)) << text;
 }
 
+// A style could not be saved any more for a name that nobody chose.
+TEST(StyleEdits, NamesThatAStyleFileCannotHoldAreNotTakenIn) {
+    std::vector<StyleRow> rows;
+    AddMissingLayers(rows, std::vector<std::string>{"Smith, J.", "two\nlines", "ROAD"});
+    EXPECT_EQ(rows, (std::vector<StyleRow>{{"ROAD", "", "", ""}}));
+    EXPECT_EQ(WithNames({}, std::vector<std::string>{"a,b", "c"}), (std::vector<ListedName>{{"c"}}));
+}
+
 TEST(StyleEdits, ResetKeepsNothingButTheLayers) {
     BackgroundStyle style;
     style.rows = {{"OLD", "Red", "Red", "Red"}};

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "export/kml/PhotoNames.h"
 #include "export/kml/frmKML.h"
+#include "export/photos/PhotoNames.h"
 #include "platform/Files.h"
 #include "support/ExportTest.h"
 #include "support/Pictures.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "formats/gml/ByteBlocks.h"
-#include "formats/gml/XmlParser.h"
+#include "formats/xml/ByteBlocks.h"
+#include "formats/xml/XmlParser.h"
 #include "import_gml/GmlOffice.h"
 #include "platform/Errors.h"
 

@@ -29,7 +29,7 @@ TEST(SelectionSettings, TheShownCommandPresetsTheSameChoices) {
     }
     const std::string wrong[] = {"a,b.shp", "a=b.shp", "a.shp ", std::string(2048, 'a')};
     for (const std::string& source : wrong)
-        EXPECT_NE(ShowAsCommand({.txtSource = source}).problem, "") << source;
+        EXPECT_NE(ShowAsCommand({.txtSource = source}).problem, ShownCommand::Problem::None) << source;
 }
 
 TEST(SelectionSettings, PathsOfTheTarget) {

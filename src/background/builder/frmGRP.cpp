@@ -6,6 +6,8 @@
 #include "background/builder/EntityWalk.h"
 #include "background/builder/FeatureHeaders.h"
 #include "background/package/PackageWriter.h"
+#include "config/Converter.h"
+#include "config/OutsideProgram.h"
 #include "config/Waiting.h"
 #include "drawing/DrawingFile.h"
 #include "platform/Files.h"
@@ -63,13 +65,18 @@ config::Outcome frmGRP::Start(std::string_view drawingPath, std::string_view tar
 
 void ConvertVDFtoDXF(config::Run& run, std::string_view drawingPath, std::string_view dxfPath) {
     std::string converter = util::VectorDrawConverterPath(run.Settings().ProgramFolder);
-    if (util::FileSize(converter) == 0) return run.Ui().ShowMessage("No VDCONV application located");
+    if (util::FileSize(converter) == 0) converter = config::FindSuiteProgram(run, config::converterProgram);
+    if (converter.empty()) return run.Ui().ShowMessage("No VDCONV application located");
     platform::RemoveFile(dxfPath);
-    // The converter's parameters are separated by question marks: version, size and what to draw.
-    config::RunAndWait(converter + " ? " + std::string(drawingPath) + " ? " + std::string(dxfPath) +
-                           " ? 500 ? 1024 ? 768 ? 0 ? 0 ? 0 ? 1",
-                       run.Ui());
-    if (util::FileSize(dxfPath) == 0) run.Ui().ShowMessage("No Converted File Located");
+    // Question marks separate parameters: files, version, size and what to draw.
+    config::OutsideProgram program(run, converter,
+                                   "? \"" + platform::NativePath(drawingPath) + "\" ? \"" +
+                                       platform::NativePath(dxfPath) +
+                                       "\" ? 500 ? 1024 ? 768 ? 0 ? 0 ? 0 ? 1");
+    if (program.WaitForEnd([&run] { run.Ui().Settle(0); }, [&] { return util::FileSize(dxfPath) > 0; }))
+        return;
+    run.Ui().Report(program.Problem());
+    run.Ui().ShowMessage("No Converted File Located");
 }
 
 }  // namespace vexlator::background

@@ -60,7 +60,7 @@ Look LookOf(const ElementHeader& header) {
     // The device's palette; codes without a name are not written, mobile styles have code 1.
     static constexpr Look black{"Black", 0x000000};
     static constexpr Look palette[] = {black,
-                                       {"Mobile style", 0},
+                                       {.name = "Mobile style", .isMobile = true},
                                        {"Red", 0xd00000},
                                        {"Green", 0x008000},
                                        {"Blue", 0x0000d0},

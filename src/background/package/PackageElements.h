@@ -28,9 +28,10 @@ struct Look {
     std::string_view name;  ///< name of the theme or the colour
     std::uint32_t rgb = 0;  ///< as in 0xC00000
     bool isThick = false;
+    bool isMobile = false;       ///< class byte B is the number of its mobile style; `rgb` is black
     std::string Colour() const;  ///< as in "#c00000"
 };
-/// Classified features by their theme, others by their colour. Device styles are black.
+/// Classified features by their theme, others by their colour or mobile style.
 Look LookOf(const ElementHeader& header);
 
 }  // namespace vexlator::background

@@ -75,7 +75,8 @@ void AddMissingLayers(std::vector<StyleRow>& rows, std::span<const std::string> 
     for (const StyleRow& row : rows) known.emplace(row.layer, true);
     std::vector<StyleRow> missing;
     for (const std::string& layer : layers)
-        if (known.emplace(layer, true).second) missing.push_back(StyleRow{layer, "", "", ""});
+        if (CanStandInStyle(layer) && known.emplace(layer, true).second)
+            missing.push_back(StyleRow{layer, "", "", ""});
     rows.insert(rows.end(), missing.begin(), missing.end());
 }
 

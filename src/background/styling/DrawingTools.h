@@ -29,7 +29,8 @@ std::vector<std::string> AttributeNames(drawing::Drawing& drawing);
 /// The names of the drawing's layers, in its order.
 std::vector<std::string> LayerNames(const drawing::Drawing& drawing);
 
-/// Adds a row for every layer that has none. It leaves the layer's look to the DEFAULT row.
+/// Adds a row for every layer that has none and whose name a style file can hold. It leaves the layer's look
+/// to the DEFAULT row.
 void AddMissingLayers(std::vector<StyleRow>& rows, std::span<const std::string> layers);
 
 }  // namespace vexlator::background

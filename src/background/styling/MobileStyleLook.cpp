@@ -16,7 +16,7 @@ namespace vexlator::background {
 
 namespace {
 
-constexpr double largestWidth = 64;
+constexpr double largestWidth = 64, leastSymbol = 8;
 
 /// The place of a name in a table, 0 when it is not there.
 template <typename Value, std::size_t size>
@@ -27,6 +27,10 @@ Value NamedOf(const std::array<std::string_view, size>& names, std::string_view 
 }
 
 }  // namespace
+
+double MobileStyleLook::SymbolSize() const {
+    return std::max(leastSymbol, 2 * width);
+}
 
 std::uint32_t RgbOfColour(std::string_view colour) {
     if (auto code = ColourCode(colour)) {

@@ -32,10 +32,13 @@ constexpr std::array<std::string_view, 7> mobileSymbols = {"Circle", "Square", "
 
 struct MobileStyleLook {
     std::uint32_t rgb = 0;  ///< as in 0xC00000
-    double width = 1;       ///< of lines, size of symbols; pixels of 1/96 inch, at most 64
+    double width = 1;       ///< of lines; pixels of 1/96 inch, at most 64
     MobilePattern pattern = MobilePattern::Solid;
     MobileSymbol symbol = MobileSymbol::Circle;
     bool operator==(const MobileStyleLook&) const = default;
+
+    /// Of the symbol, in such pixels: twice the width, but large enough to tell shapes apart.
+    double SymbolSize() const;
 };
 
 /// The colour of a name of styleColours, as device and windows show it; of "#RRGGBB"; else black.

@@ -75,7 +75,8 @@ void ResetStyle(BackgroundStyle& style, std::span<const std::string> layers) {
 
 std::vector<ListedName> WithNames(std::vector<ListedName> list, std::span<const std::string> names) {
     for (const std::string& name : names)
-        if (std::none_of(list.begin(), list.end(), [&](const ListedName& item) { return item.name == name; }))
+        if (CanStandInStyle(name) &&
+            std::none_of(list.begin(), list.end(), [&](const ListedName& item) { return item.name == name; }))
             list.push_back({name});
     return list;
 }

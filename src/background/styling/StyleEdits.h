@@ -57,7 +57,7 @@ std::optional<std::size_t> RowOfLayer(std::span<const StyleRow> rows, std::strin
 
 /// The attribute lists and the search entry emptied, the rows made anew: DEFAULT, and one for each layer.
 void ResetStyle(BackgroundStyle& style, std::span<const std::string> layers);
-/// A list with those of the names that it lacks, not selected, at its end.
+/// A list with those of the names that it lacks and that a style file can hold, not selected, at its end.
 std::vector<ListedName> WithNames(std::vector<ListedName> list, std::span<const std::string> names);
 
 /// An entity in the lines that are shown of one that was clicked: kind, layer, "Length:", for polylines

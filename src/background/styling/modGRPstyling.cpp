@@ -74,7 +74,7 @@ std::vector<StyleRow> RowsOf(const config::IniText& ini, bool addDefault) {
 std::string Joined(std::initializer_list<std::string_view> fields) {
     std::string value;
     for (std::string_view field : fields) {
-        if (field.find_first_of(std::string_view(",\r\n\0", 4)) != std::string_view::npos)
+        if (!CanStandInStyle(field))
             throw std::invalid_argument("\"" + std::string(platform::FirstCharacters(field, 100)) +
                                         "\" has a comma or a line end, which a style file cannot hold");
         value.append(field).append(",");
@@ -118,10 +118,6 @@ std::string TextOf(const BackgroundStyle& style) {
     return text;
 }
 
-void UseOneColour(std::vector<StyleRow>& rows) {
-    for (StyleRow& row : rows) row.lines = row.areas = row.points;
-}
-
 /// Changes a part of a file, which is created if missing.
 template <typename Part>
 void SavePart(std::string_view file, Part BackgroundStyle::*part, Part content) {
@@ -131,6 +127,14 @@ void SavePart(std::string_view file, Part BackgroundStyle::*part, Part content) 
 }
 
 }  // namespace
+
+void UseOneColour(std::vector<StyleRow>& rows) {
+    for (StyleRow& row : rows) row.lines = row.areas = row.points;
+}
+
+bool CanStandInStyle(std::string_view name) {
+    return name.find_first_of(std::string_view(",\r\n\0", 4)) == std::string_view::npos;
+}
 
 bool IsFlagOn(std::string_view flag) {
     return util::NumberOf(flag) == -1;

@@ -28,6 +28,9 @@ struct StyleRow {
     bool operator==(const StyleRow&) const = default;
 };
 
+/// Whether a style file can hold the name: it has neither comma nor line end.
+bool CanStandInStyle(std::string_view name);
+
 /// Whether the text of a flag says that it is on.
 bool IsFlagOn(std::string_view flag);
 
@@ -63,6 +66,9 @@ BackgroundStyle LoadBackgroundStyle(std::string_view file, bool addDefault = tru
 /// Writes a new file, without anything of an older one. `simple`: the colour for points is used for lines and
 /// areas too. The search field noSearchField is written as none.
 void SaveBackgroundStyle(std::string_view file, BackgroundStyle style, bool simple);
+
+/// The colour for points serves lines and areas too.
+void UseOneColour(std::vector<StyleRow>& rows);
 
 /// Parts of a file. Saving keeps the other parts of an existing file.
 std::vector<StyleRow> LoadStyleRows(std::string_view file, bool addDefault);

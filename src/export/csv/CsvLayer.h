@@ -19,10 +19,6 @@
 
 namespace vexlator::exporter {
 
-/// The columns for a layer's attributes. By position: the names of the entity with the most attributes. By
-/// name: the names of all entities, so that no value is left out.
-std::vector<std::string> HeaderNames(const ExportLayer& layer, const drawing::Drawing& drawing, bool byName);
-
 /// Writes the rows of one layer.
 class CsvLayer {
 public:

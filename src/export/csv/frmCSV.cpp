@@ -4,6 +4,7 @@
 
 #include "coords/frmLatLng.h"
 #include "export/ExportSettings.h"
+#include "export/HeaderNames.h"
 #include "export/LayerLoop.h"
 #include "export/LayerTurns.h"
 #include "export/csv/CsvLayer.h"

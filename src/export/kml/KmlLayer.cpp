@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "export/kml/KmlLayer.h"
 
-#include "export/kml/PhotoNames.h"
+#include "export/photos/PhotoNames.h"
 #include "export/photos/Photos.h"
 #include "util/Counted.h"
 #include "util/Numbers.h"

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "export/kml/Thumbnails.h"
 
-#include "export/kml/PhotoNames.h"
 #include "export/photos/PhotoFolders.h"
+#include "export/photos/PhotoNames.h"
 #include "formats/image/Thumbnail.h"
 #include "platform/AsciiCase.h"
 #include "platform/Files.h"

@@ -7,8 +7,8 @@
 #include "drawing/Drawing.h"
 #include "export/LayerLoop.h"
 #include "export/LeftOutEntities.h"
-#include "export/shapefile/LayerTable.h"
 #include "export/shapefile/ShapefileSettings.h"
+#include "export/table/LayerTable.h"
 #include "formats/shapefile/ShapefileWriter.h"
 #include "platform/OutputSet.h"
 

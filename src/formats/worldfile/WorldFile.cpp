@@ -28,8 +28,12 @@ std::string_view WithoutBlanks(std::string_view text) {
     return text.substr(0, text.find_last_not_of(blanks) + 1);
 }
 
+constexpr std::size_t longestNumber = 400;
+
 std::optional<double> Number(std::string_view line) {
-    std::string text(WithoutBlanks(line));
+    line = WithoutBlanks(line);
+    if (line.size() > longestNumber) return std::nullopt;
+    std::string text(line);
     if (std::count(text.begin(), text.end(), ',') == 1) std::replace(text.begin(), text.end(), ',', '.');
     const char* begin = text.data() + (text.starts_with('+') ? 1 : 0);
     const char* end = text.data() + text.size();
@@ -41,9 +45,9 @@ std::optional<double> Number(std::string_view line) {
 
 /// Without an exponent, because not every reader of world files accepts one.
 std::string DecimalText(double value) {
-    constexpr std::size_t longest = 400;
-    std::array<char, longest> buffer;
-    char* end = std::to_chars(buffer.data(), buffer.data() + longest, value, std::chars_format::fixed).ptr;
+    std::array<char, longestNumber> buffer;
+    char* end =
+        std::to_chars(buffer.data(), buffer.data() + longestNumber, value, std::chars_format::fixed).ptr;
     std::string text(buffer.data(), end);
     if (value == 0) text = "0";
     std::size_t point = text.find('.');

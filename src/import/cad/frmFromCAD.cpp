@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "import/cad/frmFromCAD.h"
 
+#include "config/Converter.h"
 #include "config/OutsideProgram.h"
 #include "config/Waiting.h"
 #include "drawing/Drawing.h"
@@ -33,7 +34,7 @@ constexpr config::KeyOf<CadSettings> keys[] = {
 bool ConvertDWGtoVDF(config::Run& run, std::string_view cadFile, std::string_view drawingFile,
                      ui::FormView& view) {
     std::string converter = util::VectorDrawConverterPath(run.Settings().ProgramFolder);
-    if (util::FileSize(converter) == 0) converter = config::FindSuiteProgram(run, "vdconv.exe");
+    if (util::FileSize(converter) == 0) converter = config::FindSuiteProgram(run, config::converterProgram);
     if (converter.empty()) {
         run.Ui().ShowMessage("No VDCONV application located");
         return false;

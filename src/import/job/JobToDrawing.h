@@ -5,8 +5,8 @@
 #include "config/Run.h"
 #include "drawing/Drawing.h"
 #include "formats/job/JobTable.h"
+#include "import/FeatureLayers.h"
 #include "import/job/FeatureCloser.h"
-#include "import/job/FeatureLayers.h"
 #include "import/job/JobSettings.h"
 
 #include <cstdint>

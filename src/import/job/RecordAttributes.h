@@ -4,7 +4,7 @@
 
 #include "drawing/Drawing.h"
 #include "formats/job/JobTable.h"
-#include "import/job/FeatureLayers.h"
+#include "import/FeatureLayers.h"
 
 #include <cstdint>
 #include <string>

@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <set>
 
 namespace vexlator::startup {
 
@@ -37,6 +38,20 @@ std::string QuotedBehind(std::string_view text, std::string_view word) {
     return end == std::string_view::npos ? "" : std::string(text.substr(begin + 1, end - begin - 1));
 }
 
+bool IsImage(const SourceKind& kind) {
+    return kind.code == "JPG" || kind.code == "BMP";
+}
+
+bool IsGoSource(std::string_view path) {
+    return KindOf(path).treatment != Treatment::Nothing;
+}
+
+bool HasWorldFile(std::string_view image) {
+    for (const char* extension : {"JGW", "JPGW", "BPW", "BMPW", "WLD"})
+        if (platform::FileExists(util::ChangeExtension(image, extension))) return true;
+    return false;
+}
+
 /// Looks at one source.
 class Look {
 public:
@@ -47,18 +62,20 @@ public:
         seen_.kind = kind.words;
         seen_.bytes = platform::SizeOfFile(path_);
         if (kind.treatment == Treatment::Nothing)
-            Problem("no package is made of such a file");
+            Problem(What::Unconvertible);
         else if (!platform::FileExists(path_))
-            Problem("there is no such file");
+            Problem(What::Gone);
         else if (seen_.bytes == 0)
-            Problem("the file is empty");
+            Problem(What::Empty);
         else
             LookAt(kind);
         return std::move(seen_);
     }
 
 private:
-    void Problem(std::string_view text) { seen_.problems.emplace_back(text); }
+    using What = SourceProblem::What;
+
+    void Problem(What what, std::string name = {}) { seen_.problems.push_back({what, std::move(name)}); }
 
     std::string Companion(std::string_view extension) const {
         return util::ChangeExtension(path_, extension);
@@ -66,7 +83,7 @@ private:
 
     void RequireCompanion(std::string_view extension) {
         if (util::FileSize(Companion(extension)) == 0)
-            Problem(platform::NativePath(util::FileNameOf(Companion(extension))) + " is missing");
+            Problem(What::CompanionMissing, platform::NativePath(util::FileNameOf(Companion(extension))));
     }
 
     void LookAt(const SourceKind& kind) {
@@ -75,10 +92,10 @@ private:
         if (kind.code == "VDF") return LookAtDrawing();
         if (kind.code == "GML") seen_.system = QuotedBehind(HeaderOf(path_), "srsName=");
         if (kind.code == "PDF") return LookAtMapSheet();
-        if (kind.code == "JPG" || kind.code == "BMP") return LookAtImage();
+        if (IsImage(kind)) return LookAtImage();
         if (kind.words == "CAD drawing") return RequireConverter();
         if (kind.treatment == Treatment::ByDrawing && !AllConversions().FindImport(kind.code))
-            Problem("nothing imports " + std::string(kind.code) + " files");
+            Problem(What::NoImport, std::string(kind.code));
         if (kind.treatment == Treatment::Images || kind.treatment == Treatment::Topography) RequireBuilder();
     }
 
@@ -89,8 +106,7 @@ private:
         RequireCompanion("SHX");
         RequireCompanion("DBF");
         seen_.system = QuotedBehind(HeaderOf(Companion("PRJ")), "[");
-        if (!HeaderOf(path_).starts_with(std::string_view("\0\0\x27\x0a", 4)))
-            Problem("the file does not begin as a shapefile does");
+        if (!HeaderOf(path_).starts_with(std::string_view("\0\0\x27\x0a", 4))) Problem(What::NoShapefile);
     }
 
     void LookAtMif() {
@@ -108,7 +124,7 @@ private:
         try {
             seen_.features = drawing::DrawingFile(path_).EntityCount();
         } catch (const std::exception& error) {
-            Problem(error.what());
+            Problem(What::Unreadable, error.what());
         }
     }
 
@@ -117,25 +133,23 @@ private:
         std::vector<std::string> files = platform::ListFiles(util::FolderOf(path_));
         auto count = std::ranges::count_if(
             files, [](const std::string& file) { return util::MatchesPattern(file, "*.XML"); });
-        if (count != 1) Problem("No Corresponding XML");
+        if (count != 1) Problem(What::NoMapSheetXml);
     }
 
     void LookAtImage() {
         RequireBuilder();
-        for (const char* extension : {"JGW", "JPGW", "BPW", "BMPW", "WLD"})
-            if (platform::FileExists(Companion(extension))) return;
-        Problem("no world file places it on the ground");
+        if (!HasWorldFile(path_)) Problem(What::NoWorldFile);
     }
 
     void RequireConverter() {
         bool isThere = util::FileSize(util::VectorDrawConverterPath(run_.Settings().ProgramFolder)) > 0 ||
                        !config::FindSuiteProgram(run_, "vdconv.exe").empty();
-        if (!isThere) Problem("No VDCONV application located");
+        if (!isThere) Problem(What::NoConverter);
     }
 
     void RequireBuilder() {
         if (config::FindSuiteProgram(run_, "BackgroundBuilder.exe").empty())
-            Problem("BackgroundBuilder.exe is not in " + platform::NativePath(run_.Settings().ProgramFolder));
+            Problem(What::NoBuilder, platform::NativePath(run_.Settings().ProgramFolder));
     }
 
     const config::Run& run_;
@@ -149,8 +163,22 @@ SourceDescription DescribeSource(const config::Run& run, std::string_view path) 
     return Look(run, path).Describe();
 }
 
-bool IsGoSource(std::string_view path) {
-    return KindOf(path).treatment != Treatment::Nothing;
+std::vector<std::string> GoSourcesAmong(std::vector<std::string> files) {
+    std::set<std::string> jobFolders;
+    for (const std::string& file : files)
+        if (KindOf(file).code == "JOB") jobFolders.insert(util::FolderOf(file));
+    auto isOfJob = [&](std::string folder) {
+        while (!folder.empty() && !jobFolders.contains(folder)) {
+            std::string above = util::FolderOf(folder);
+            folder = above == folder ? "" : above;
+        }
+        return !folder.empty();
+    };
+    std::erase_if(files, [&](const std::string& file) {
+        return !IsGoSource(file) || (!jobFolders.empty() && IsImage(KindOf(file)) &&
+                                     isOfJob(util::FolderOf(file)) && !HasWorldFile(file));
+    });
+    return files;
 }
 
 }  // namespace vexlator::startup

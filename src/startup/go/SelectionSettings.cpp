@@ -60,16 +60,11 @@ std::string CutToWholePaths(const std::string& list) {
     return list.size() <= longestIniValue ? list : list.substr(0, list.rfind('|', longestIniValue));
 }
 
-/// What a GO command cannot carry: its items end at commas and at the second "=", and lose outer blanks.
-std::string ProblemOf(const config::FormControl& control) {
-    if (control.text.find_first_of(",=\r\n") != std::string::npos)
-        return control.name + " holds a comma, a \"=\" or a line end, which a GO command cannot carry";
-    if (util::Trim(control.text) != control.text)
-        return control.name + " begins or ends with a blank, which a GO command cannot carry";
-    if (control.text.size() > longestIniValue)
-        return control.name + " is longer than the " + std::to_string(longestIniValue) +
-               " characters that gv.ini gives back";
-    return "";
+ShownCommand::Problem ProblemOf(const std::string& text) {
+    using Problem = ShownCommand::Problem;
+    if (text.find_first_of(",=\r\n") != std::string::npos) return Problem::Separator;
+    if (util::Trim(text) != text) return Problem::OuterBlank;
+    return text.size() > longestIniValue ? Problem::TooLong : Problem::None;
 }
 
 /// In quotes as shells take them.
@@ -152,11 +147,12 @@ ShownCommand ShowAsCommand(const SelectionSettings& choices) {
     std::string text;
     for (const config::FormControl& control : Controls(choices)) {
         if (control.name == "chkKeepOpen") continue;  // of the window alone
-        if (std::string problem = ProblemOf(control); !problem.empty()) return {"", problem};
+        if (auto problem = ProblemOf(control.text); problem != ShownCommand::Problem::None)
+            return {"", problem, control.name};
         text += (text.empty() ? "GO " : ",") + control.name + "=";
         text += control.name.starts_with("chk") ? std::to_string(control.number) : control.text;
     }
-    return {"vexlator " + Quoted(text), ""};
+    return {"vexlator " + Quoted(text)};
 }
 
 config::KeyList SelectionKeys() {

@@ -60,8 +60,16 @@ std::string TargetFor(std::string_view source, std::string_view target);
 
 /// A command line for a shell that does what Go does with these choices in the same installation.
 struct ShownCommand {
-    std::string line;     ///< as in vexlator "GO txtSource=..."; "" when there is none
-    std::string problem;  ///< why there is none, in a plain line
+    /// What a GO command cannot carry: its items end at commas and at the second "=", and lose outer blanks.
+    enum class Problem {
+        None,
+        Separator,   ///< a comma, a "=" or a line end
+        OuterBlank,  ///< at its beginning or its end
+        TooLong      ///< for gv.ini, which gives back longestIniValue characters
+    };
+    std::string line;  ///< as in vexlator "GO txtSource=..."; "" when there is none
+    Problem problem = Problem::None;
+    std::string control = {};  ///< that has the problem
 };
 ShownCommand ShowAsCommand(const SelectionSettings& choices);
 

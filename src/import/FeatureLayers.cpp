@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "import/job/FeatureLayers.h"
+#include "import/FeatureLayers.h"
 
 #include "drawing/AttributeTemplate.h"
 #include "drawing/SymbolBlock.h"
