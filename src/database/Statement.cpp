@@ -160,10 +160,11 @@ ColumnType Statement::TypeOf(std::size_t column) const {
         case SQL_SMALLINT:
         case SQL_INTEGER:
         case SQL_BIGINT:
+            return ColumnType::Number;
         case SQL_REAL:
         case SQL_FLOAT:
         case SQL_DOUBLE:
-            return ColumnType::Number;
+            return ColumnType::Float;
         case SQL_BINARY:
         case SQL_VARBINARY:
         case SQL_LONGVARBINARY:

@@ -26,7 +26,8 @@ struct Blob {
 /// until the call with the value returns.
 using Value = std::variant<std::nullptr_t, std::string_view, std::int64_t, double, platform::DateTime, Blob>;
 
-enum class ColumnType { Text, Number, Bytes, Other };
+/// `Float` is a binary floating-point number, `Number` a whole or decimal one.
+enum class ColumnType { Text, Number, Float, Bytes, Other };
 
 /// One SQL statement, prepared once and run any number of times with different values for each "?". All
 /// values reach the database as parameters, never as text of the statement. Columns are numbered from 0.

@@ -231,7 +231,7 @@ FeatureTable::Value FeatureTable::ValueFor(std::size_t column, std::string_view 
     if (types_[column] == ColumnType::Text) return text;
     std::string_view trimmed = util::Trim(text);
     if (trimmed.empty()) return nullptr;
-    if (types_[column] != ColumnType::Number) return text;
+    if (types_[column] != ColumnType::Number && types_[column] != ColumnType::Float) return text;
     const char* end = trimmed.data() + trimmed.size();
     std::int64_t whole = 0;
     if (auto [at, error] = std::from_chars(trimmed.data(), end, whole); error == std::errc() && at == end)

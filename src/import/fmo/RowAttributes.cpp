@@ -14,8 +14,12 @@ using database::Statement;
 
 namespace {
 
-std::string_view NumberText(std::string_view text, std::string& buffer) {
-    if (text.find_first_of("eE") != std::string_view::npos) {
+/// A driver may write a double with 16 digits, of which the last is noise (664.6900000000001).
+constexpr std::size_t noisySize = 16 + std::string_view(".").size();
+
+std::string_view NumberText(std::string_view text, bool isFloat, std::string& buffer) {
+    bool isNoisy = isFloat && text.size() >= noisySize;
+    if (isNoisy || text.find_first_of("eE") != std::string_view::npos) {
         buffer = util::FormatShortest(util::NumberOf(text));
         return buffer;
     }
@@ -48,7 +52,9 @@ std::string_view FieldValueText(const Statement& rows, std::size_t column, std::
     std::string_view text = rows.Text(column);
     ColumnType type = rows.TypeOf(column);
     if (type == ColumnType::Bytes) return HexText(text, buffer);
-    if (type == ColumnType::Number && LooksNumeric(text)) return NumberText(text, buffer);
+    bool isFloat = type == ColumnType::Float;
+    if ((isFloat || type == ColumnType::Number) && LooksNumeric(text))
+        return NumberText(text, isFloat, buffer);
     if (platform::IsUtf8(text)) return text;
     buffer = platform::AsUtf8(text);
     return buffer;
