@@ -192,12 +192,9 @@ void ArrayNight::TakeNew() {
     slices_.TakeNew([&](std::vector<Entry> entries) {
         std::erase_if(entries, isKnown);
         journal_.Append(entries);
-        for (const Entry& entry : entries) {
-            if (entry.status == Status::Begun) continue;
-            Count(entry);
-            if (options_.json) std::puts(entry.ToJson().c_str());
-        }
-        if (options_.json) std::fflush(stdout);
+        for (const Entry& entry : entries)
+            if (entry.status != Status::Begun) Count(entry);
+        Print(entries, options_);
     });
 }
 

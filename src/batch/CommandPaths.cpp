@@ -32,6 +32,7 @@ constexpr Companions companions[] = {
     {"SHP", {"dbf", "shx", "cpg", "prj"}},
     {"MID", {"mif"}},
     {"MIF", {"mid"}},
+    {"TAB", {"dat", "map", "id", "ind"}},
 };
 
 void AddSource(std::vector<Source>& sources, const std::string& native) {
@@ -80,6 +81,16 @@ std::string TargetFolder(const std::vector<std::string>& arguments) {
     return folder.empty() ? folder : platform::AbsolutePath(folder);
 }
 
+/// Where an option begins that stands behind a command, or the end of the text.
+std::size_t FindOption(std::string_view command, std::string_view name) {
+    for (std::size_t at = command.find(name); at != command.npos; at = command.find(name, at + 1)) {
+        std::size_t end = at + name.size();
+        bool ends = end == command.size() || command[end] == ' ' || command[end] == '=';
+        if (at > 0 && command[at - 1] == ' ' && ends) return at;
+    }
+    return command.size();
+}
+
 CommandPaths PathsOfImport(const startup::Conversions& conversions, std::string_view text,
                            const std::string& target) {
     CommandPaths paths;
@@ -115,10 +126,15 @@ std::vector<Source> SourceOf(const std::string& native) {
     return sources;
 }
 
+bool PrintsItsEntry(const Entry& entry) {
+    const std::vector<std::string> arguments = ArgumentsOf(entry.command);
+    return std::ranges::find(arguments, "--json") != arguments.end();
+}
+
 std::vector<std::string> ArgumentsOf(std::string_view command) {
     std::size_t options = command.size();
-    for (std::string_view name : {" --to ", " --to=", " --set ", " --set="})
-        options = std::min(options, command.find(name));
+    for (std::string_view name : {"--to", "--set", "--strict", "--json", "--yes"})
+        options = std::min(options, FindOption(command, name));
     std::vector<std::string> arguments{std::string(util::Trim(command.substr(0, options)))};
     for (std::string& option : platform::SplitArguments(command.substr(options)))
         arguments.push_back(std::move(option));

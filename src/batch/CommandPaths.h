@@ -22,10 +22,13 @@ struct CommandPaths {
     /// that replace their output.
     std::string addedTo;
 };
-/// A command of a list as the program's arguments: its text, then what stands behind it from the first --to
-/// or
-/// --set on, where blanks separate arguments and double quotes enclose one.
+
+/// A command of a list as the program's arguments: its text, then the options behind it (--to, --set,
+/// --strict,
+/// --json, --yes), where blanks separate arguments and double quotes enclose one.
 std::vector<std::string> ArgumentsOf(std::string_view command);
+/// Whether the command of an entry has the option --json.
+bool PrintsItsEntry(const Entry& entry);
 
 /// The file as it is; nothing when it is not there.
 std::vector<Source> SourceOf(const std::string& native);

@@ -49,6 +49,13 @@ Entry EndedUnseen(Entry entry, const CommandPaths& paths) {
     return entry;
 }
 
+void CommandRunner::Print(const std::vector<Entry>& entries, const Options& options) {
+    for (const Entry& entry : entries)
+        if (entry.status != Status::Begun && (options.json || PrintsItsEntry(entry)))
+            std::puts(entry.ToJson().c_str());
+    std::fflush(stdout);
+}
+
 Night::Night(const Options& options, const Perform& perform, const startup::Conversions& conversions,
              const std::vector<std::string>& commands, Journal& journal)
     : options_(options),
@@ -209,9 +216,7 @@ Entry Night::Finish(Running& running) const {
 void Night::Keep() {
     if (ended_.empty()) return;
     journal_.Append(ended_);
-    if (options_.json)
-        for (const Entry& entry : ended_) std::puts(entry.ToJson().c_str());
-    if (options_.json) std::fflush(stdout);
+    Print(ended_, options_);
     ended_.clear();
 }
 

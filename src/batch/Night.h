@@ -44,6 +44,9 @@ public:
     double Seconds() const { return progress_.Seconds(); }
 
 protected:
+    /// Prints the lines of entries, if the run or their command asks for it.
+    static void Print(const std::vector<Entry>& entries, const Options& options);
+
     Totals totals_;
     Progress progress_;
 };

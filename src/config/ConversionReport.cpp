@@ -73,7 +73,7 @@ ConversionReport::Template TemplateOf(const std::vector<std::string>& fields) {
 }
 
 void TakeLine(const std::vector<std::string>& fields, ConversionReport& report) {
-    constexpr std::int64_t lastKind = static_cast<std::int64_t>(LossReport::Kind::Replaced);
+    constexpr std::int64_t lastKind = static_cast<std::int64_t>(LossReport::Kind::NoRow);
     const std::string& word = fields.front();
     if (word == "outcome") TakeOutcome(fields, report.outcome);
     if (fields.size() < 2) return;

@@ -10,13 +10,14 @@ namespace vexlator::config {
 
 namespace {
 
-constexpr std::array<std::pair<LossReport::Kind, std::string_view>, 6> titles = {{
+constexpr std::array<std::pair<LossReport::Kind, std::string_view>, 7> titles = {{
     {LossReport::Kind::LeftOut, "entities left out: "},
     {LossReport::Kind::Cut, "values cut: "},
     {LossReport::Kind::NoColumn, "values without a column: "},
     {LossReport::Kind::Broken, "values that break their row: "},
     {LossReport::Kind::NotNumber, "texts in columns of numbers: "},
     {LossReport::Kind::Replaced, "characters replaced: "},
+    {LossReport::Kind::NoRow, "features without their row of values: "},
 }};
 
 }  // namespace

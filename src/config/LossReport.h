@@ -19,7 +19,8 @@ public:
         NoColumn,   ///< values for which there is no column
         Broken,     ///< values that hold what separates fields or rows
         NotNumber,  ///< values that are no numbers in columns of numbers
-        Replaced    ///< characters that the encoding lacks
+        Replaced,   ///< characters that the encoding lacks
+        NoRow       ///< features whose row of values the source lacks; the layer names the source's
     };
     void Count(Kind kind, std::string_view layer, std::string_view field, std::uint64_t values = 1);
     void Add(const LossReport& more);

@@ -11,6 +11,7 @@
 #include <cpl_vsi.h>
 #include <cstdint>
 #include <exception>
+#include <regex>
 #include <utility>
 
 namespace vexlator::raster {
@@ -28,9 +29,15 @@ Reports& Reported() {
     return reports;
 }
 
+/// Some messages begin with a place in GDAL's own source, as in "ogrdxflayer.cpp, 2061: error at line 8".
+std::string WithoutSourcePlace(const std::string& line) {
+    static const std::regex place(R"(^\S+\.(cpp|c|h), ?\d+: )", std::regex::optimize);
+    return std::regex_replace(line, place, "");
+}
+
 void CPL_STDCALL Collect(CPLErr kind, CPLErrorNum, const char* text) {
     std::string line = text;
-    line = line.substr(0, line.find_first_of("\r\n"));
+    line = WithoutSourcePlace(line.substr(0, line.find_first_of("\r\n")));
     if (line.find("remature end") != std::string::npos) Reported() = {"the data is truncated", true};
     if (kind >= CE_Failure && Reported().error.empty()) Reported().error = line;
 }

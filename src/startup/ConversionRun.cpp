@@ -186,6 +186,14 @@ ExitStatus Import(config::Run& run, const ImportRow& row, const ImportCommand& c
     }
 }
 
+/// An export that is not done has made nothing, whatever it named.
+void ForgetUnmadeOutputs(Outcome& outcome) {
+    Outcome::Status status = outcome.status;
+    if (status == Outcome::Status::Done) return;
+    outcome = {};
+    outcome.status = status;
+}
+
 ExitStatus Export(config::Run& run, const ExportRow& row, ExportCommand command, TargetFolder& folder) {
     if (run.Options().extent.IsSet())
         run.Ui().Report("?BOX limits imports of databases only; " +
@@ -197,15 +205,16 @@ ExitStatus Export(config::Run& run, const ExportRow& row, ExportCommand command,
     ExitStatus status = Stoppable(run, target + " is unchanged", [&] {
         RemoveLeftovers(run, command.targetPath);
         run.Outcome() = row.call(run, command);
+        ForgetUnmadeOutputs(run.Outcome());
         return StatusOf(run.Outcome());
     });
     if (status != ExitStatus::Done) return status;
     folder.Keep();
     return Stoppable(run, "the export to " + target + " is complete, but the steps after it are not", [&] {
-        bool isPacked = RunPostExportSteps(run, command);
+        bool isComplete = RunPostExportSteps(run, command);
         Summarise(run, "exported " + command.code,
                   run.Outcome().features == 0 ? NoFeaturesRemark(command) : "");
-        return isPacked ? ExitStatus::Done : ExitStatus::Failed;
+        return isComplete ? ExitStatus::Done : ExitStatus::Failed;
     });
 }
 

@@ -17,15 +17,18 @@ namespace vexlator::startup {
 
 namespace {
 
-void RecordExport(config::Run& run, const ExportCommand& command) {
-    if (run.Job().relative.empty()) return;
+/// A failure here does not affect the export.
+bool RecordExport(config::Run& run, const ExportCommand& command) {
+    if (run.Job().relative.empty()) return true;
     const workflow::Job job = workflow::JobOf(run);
     const std::string name = util::BaseNameOf(command.drawingPath);
     auto record = [&](const std::string& action) {
-        workflow::RecordJobAction(run, job.project, name, job.engineer, action, run.Now());
+        return workflow::RecordJobAction(run, job.project, name, job.engineer, action, run.Now());
     };
-    record("Exported to " + command.code);
-    if (command.code == "FMO" || command.code == "PDB") record("CLOSED");
+    bool closes = command.code == "FMO" || command.code == "PDB";
+    if (record("Exported to " + command.code) && (!closes || record("CLOSED"))) return true;
+    run.Ui().Report("The export is complete, but the workflow database has no record of it");
+    return false;
 }
 
 void ListMissingPhotos(config::Run& run, const ExportCommand& command) {
@@ -52,9 +55,10 @@ bool Pack(config::Run& run, const ExportCommand& command) {
 }  // namespace
 
 bool RunPostExportSteps(config::Run& run, const ExportCommand& command) {
-    RecordExport(run, command);
+    bool isRecorded = RecordExport(run, command);
     ListMissingPhotos(run, command);
-    return !run.Settings().CreateZip || Pack(run, command);
+    bool isPacked = !run.Settings().CreateZip || Pack(run, command);
+    return isRecorded && isPacked;
 }
 
 }  // namespace vexlator::startup

@@ -46,6 +46,10 @@ std::string DatabasePath(const config::Run& run) {
     return folder.empty() ? "" : util::JoinPath(folder, "WorkFlow.MDB");
 }
 
+bool HasWorkflowDatabase(const config::Run& run) {
+    return !ServerConnection(run).empty() || !DatabasePath(run).empty();
+}
+
 /// The database's name for the user.
 std::string DatabaseName(const config::Run& run) {
     std::string server = ServerConnection(run);
@@ -145,16 +149,18 @@ std::string WorkflowConnectionString(config::Run& run) {
     return "";
 }
 
-void RecordJobAction(config::Run& run, const std::string& project, const std::string& job,
+bool RecordJobAction(config::Run& run, const std::string& project, const std::string& job,
                      const std::string& engineer, const std::string& action, const platform::DateTime& when) {
-    if (platform::SameNoCase(engineer, "SYSTEM")) return;
+    if (platform::SameNoCase(engineer, "SYSTEM") || !HasWorkflowDatabase(run)) return true;
     auto connection = OpenWorkflowConnection(run);
-    if (!connection) return;
+    if (!connection) return false;
     try {
         Record(run, *connection, {engineer, project, job}, action, when);
+        return true;
     } catch (const DatabaseError& error) {
         run.Ui().ShowMessage("Attempted To Access " + DatabaseName(run) + "\nQuery " + error.Query() + "\n" +
                              error.what());
+        return false;
     }
 }
 

@@ -33,7 +33,8 @@ std::string WorkflowConnectionString(config::Run& run);
 /// transaction. Programs that record at the same time wait for each other. Nothing is recorded for the
 /// engineer SYSTEM. With an empty project, project and engineer are those of the first logged action of that
 /// job; without one, nothing is recorded. On a server, missing tables are created.
-void RecordJobAction(config::Run& run, const std::string& project, const std::string& job,
+/// @returns false if a workflow database is set but could not record the action
+bool RecordJobAction(config::Run& run, const std::string& project, const std::string& job,
                      const std::string& engineer, const std::string& action, const platform::DateTime& when);
 
 /// Whether the log contains an export or a closing of the job.

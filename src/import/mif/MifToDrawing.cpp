@@ -299,6 +299,7 @@ void MifToDrawing::FinishObject() {
 
 /// The parts of a collection follow one another and share one row.
 void MifToDrawing::AddAttributes() {
+    if (columnCount_ > 0 && (!rows_ || rows_->AtEnd())) ++withoutRow_;
     if (!rows_) return;
     bool isPart = partsLeft_ > 0;
     if (isPart) --partsLeft_;

@@ -57,6 +57,8 @@ public:
     }                                                  ///< number of polylines with several sections
     std::uint64_t NoneCount() const { return none_; }  ///< number of objects without geometry
     const formats::MifLines& Lines() const { return lines_; }
+    /// Number of objects so far without the row that the columns ask for.
+    std::uint64_t WithoutRow() const { return withoutRow_; }
     /// Start of the next row in the .MID file.
     std::size_t RowPosition() const { return rows_ ? rows_->Position() : 0; }
 
@@ -112,6 +114,7 @@ private:
     bool started_ = false;  ///< the "Data" line was read
     std::uint64_t objects_ = 0, multiSection_ = 0, none_ = 0, notTaken_ = 0, unknown_ = 0;
     std::int64_t partsLeft_ = 0;  ///< remaining parts of a collection
+    std::uint64_t withoutRow_ = 0;
     bool partSharesRow_ = false;  ///< the next part has the attributes of the one before it
 };
 

@@ -72,6 +72,10 @@ bool frmFromMID::ImportMifFile(const std::string& path) {
                          *header, lines,
                          mid ? std::optional(platform::WithoutByteOrderMark(mid->Text())) : std::nullopt);
     ReadObjects(objects, *mif, mid ? &*mid : nullptr);
+    run_.Losses().Count(config::LossReport::Kind::NoRow, code, "", objects.WithoutRow());
+    if (!mid)
+        run_.Ui().Report(mif->Name() + ": its features have no attributes, because " +
+                         util::FileNameOf(util::ChangeExtension(path, "MID")) + " is missing or empty");
     for (const std::string& remark : objects.Remarks()) run_.Ui().Report(mif->Name() + ": " + remark);
     import_.View().SetLabel("Completed!");
     return mid.has_value();

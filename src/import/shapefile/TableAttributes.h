@@ -31,6 +31,8 @@ public:
 
     /// Messages for the user about the table, one line each; none if there was no fault.
     std::vector<std::string> Remarks() const;
+    /// Number of features so far without a row.
+    std::uint64_t MissingRows() const { return missingRows_; }
 
 private:
     void AddDecoded(drawing::Drawing& drawing, std::string_view value);

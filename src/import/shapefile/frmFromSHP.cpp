@@ -183,6 +183,8 @@ void frmFromSHP::Report(const Source& source) {
     if (coordinates_.Kept() > 0)
         run_.Ui().Report(source.code + ": " + util::Counted(coordinates_.Kept(), "vertex", "vertices") +
                          " outside the conversion to the grid, not converted");
+    run_.Losses().Count(config::LossReport::Kind::NoRow, source.code, "",
+                        source.table ? source.table->MissingRows() : source.count);
     if (source.table)
         for (const std::string& remark : source.table->Remarks()) run_.Ui().Report(remark);
     run_.Log("        " + std::to_string(source.count) + " entites read OK");
