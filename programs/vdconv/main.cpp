@@ -4,19 +4,18 @@
 // vdconv: converts between drawings and the files of CAD programs and geographic information systems.
 #include "config/Installation.h"
 #include "config/Run.h"
-#include "drawing/AttributeTemplate.h"
 #include "import/FeatureLayer.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Signals.h"
 #include "platform/StandardOutput.h"
 #include "platform/Terminal.h"
+#include "startup/RecordedRun.h"
 #include "startup/Settings.h"
 #include "ui/terminal/TerminalInterface.h"
 #include "util/Counted.h"
 #include "vdconv/Command.h"
 #include "vdconv/Conversion.h"
-#include "vdconv/RecordingInterface.h"
 
 #include <cstdio>
 #include <exception>
@@ -56,12 +55,10 @@ int Complain(const std::string& reason, int status) {
     return status;
 }
 
-void Prepare(config::Installation& installation, const Command& command) {
-    startup::LocateSettings(installation);
+void TakeSettings(config::Installation& installation, const Command& command) {
     for (const config::IniOverride& value : command.settings) installation.Override(value);
     // The program that started this one logs what it is told.
     if (!command.report.empty()) installation.Override({"GENERICIN", "INOUTLOG", ""});
-    startup::ReadSettings(installation);
 }
 
 int StatusOf(const config::ConversionReport& report) {
@@ -71,20 +68,13 @@ int StatusOf(const config::ConversionReport& report) {
 /// For a program that started this one, which reads the report.
 int PerformForProgram(const Command& command) {
     config::ConversionReport report;
-    RecordingInterface recorder(report);
-    config::Installation installation;
     try {
-        Prepare(installation, command);
-        config::Run run(installation, recorder);
-        run.Options().quiet = true;
-        Convert(run, command, report);
+        report = startup::RecordedRun(
+            [&](config::Installation& installation) { TakeSettings(installation, command); },
+            [&](config::Run& run, config::ConversionReport& told) { Convert(run, command, told); });
     } catch (const platform::Stopped&) {
         platform::EndBySignal();
         return failed;
-    } catch (const std::bad_alloc&) {
-        report.error = "not enough memory";
-    } catch (const std::exception& error) {
-        report.error = error.what();
     }
     platform::ReplaceFile(command.report, report.Text());
     return report.error.empty() ? StatusOf(report) : failed;
@@ -104,12 +94,13 @@ int PerformForPerson(const Command& command) {
     ui::TerminalInterface terminal(stdin, stderr,
                                    {.yesToAll = false, .isTerminal = platform::IsTerminal(stderr)});
     config::Installation installation;
-    Prepare(installation, command);
+    startup::LocateSettings(installation);
+    TakeSettings(installation, command);
+    startup::ReadSettings(installation);
     config::Run run(installation, terminal);
     config::ConversionReport report;
     Convert(run, command, report);
-    for (const config::ConversionReport::Template& offer : report.templates)
-        drawing::GenerateAtp(run, importer::FeatureTemplatePath(run, offer.code), offer.names, offer.widths);
+    importer::OfferTemplates(run, report);
     Summarise(run, report);
     return StatusOf(report);
 }

@@ -31,6 +31,13 @@ std::vector<std::string> CommonArguments(const Run& run, const std::string& repo
 
 }  // namespace
 
+void ShowReport(Run& run, const ConversionReport& report) {
+    for (const ConversionReport::Line& line : report.lines)
+        line.isMessage ? run.Ui().ShowMessage(line.text) : run.Ui().Report(line.text);
+    if (!report.error.empty()) throw std::runtime_error(report.error);
+    report.AddLossesTo(run.Losses());
+}
+
 ConversionReport RunConverter(Run& run, ui::FormView& view, std::vector<std::string> arguments) {
     platform::ScratchFolder scratch;
     const std::string path = scratch.Path() + "/report";
@@ -41,10 +48,7 @@ ConversionReport RunConverter(Run& run, ui::FormView& view, std::vector<std::str
         program.WaitForEnd([&view] { view.Progress(0, 0); }, [&] { return util::FileSize(path) > 0; });
     if (!hasReported) throw std::runtime_error(program.Problem());
     ConversionReport report = ReadConversionReport(platform::MappedFile(path).Text());
-    for (const ConversionReport::Line& line : report.lines)
-        line.isMessage ? run.Ui().ShowMessage(line.text) : run.Ui().Report(line.text);
-    if (!report.error.empty()) throw std::runtime_error(report.error);
-    report.AddLossesTo(run.Losses());
+    ShowReport(run, report);
     return report;
 }
 

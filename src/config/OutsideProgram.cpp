@@ -67,6 +67,11 @@ std::string FindSuiteProgram(const Run& run, std::string_view pathBelowProgramFo
     return "";
 }
 
+double UsualWait(const Run& run) {
+    double minutes = util::NumberOf(ReadKeys<WaitSettings>(run.Installation(), keys).minutes);
+    return 60 * (minutes > 0 ? minutes : util::NumberOf(WaitSettings().minutes));
+}
+
 OutsideProgram::OutsideProgram(Run& run, std::string program, const std::string& arguments)
     : run_(run), program_(std::move(program)) {
     Start(platform::ProgramArguments("\"" + program_ + "\" " + arguments));
@@ -107,11 +112,6 @@ bool OutsideProgram::Fail(const std::string& reason) {
     return false;
 }
 
-double OutsideProgram::UsualSeconds() const {
-    double minutes = util::NumberOf(ReadKeys<WaitSettings>(run_.Installation(), keys).minutes);
-    return 60 * (minutes > 0 ? minutes : util::NumberOf(WaitSettings().minutes));
-}
-
 /// Of one that has ended.
 std::string OutsideProgram::EndText() const {
     if (task_->Signal() != 0) return "was ended by signal " + std::to_string(task_->Signal());
@@ -123,7 +123,7 @@ std::string OutsideProgram::EndText() const {
 bool OutsideProgram::WaitFor(const std::function<bool()>& isDone, const std::function<void()>& whileWaiting,
                              std::optional<double> seconds) {
     if (!task_) return false;
-    const double limit = seconds.value_or(UsualSeconds());
+    const double limit = seconds.value_or(UsualWait(run_));
     const double end = Now() + limit;
     double grace = 0;  // until when a program that has given its sign may end by itself
     for (;;) {

@@ -46,7 +46,6 @@ public:
 
 private:
     void Start(const std::vector<std::string>& command);
-    double UsualSeconds() const;
     void End();
     std::string EndText() const;
     bool Fail(const std::string& reason);
@@ -58,6 +57,8 @@ private:
     std::string output_;  ///< of a program that has ended
 };
 
+/// How long a program may take until it gives its sign, by the settings.
+double UsualWait(const Run& run);
 config::KeyList OutsideProgramKeys();
 
 }  // namespace vexlator::config

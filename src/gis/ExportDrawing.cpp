@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "gis/ExportDrawing.h"
 
-#include "coords/TransformationSetting.h"
 #include "coords/frmLatLng.h"
 #include "drawing/DrawingFile.h"
 #include "export/LayerLoop.h"
 #include "gis/TargetLayer.h"
+#include "gis/TargetSystem.h"
 #include "platform/OutputSet.h"
 #include "platform/Paths.h"
 #include "platform/ScratchFolder.h"
@@ -21,76 +21,11 @@
 #include <cpl_conv.h>
 #include <deque>
 #include <memory>
-#include <ogr_srs_api.h>
 #include <optional>
 
 namespace vexlator::gis {
 
 namespace {
-
-struct ReleaseSystem {
-    void operator()(OGRSpatialReferenceH system) const { OSRRelease(system); }
-};
-using System = std::unique_ptr<void, ReleaseSystem>;
-
-/// "8,79": the projection and the datum of a MapInfo definition.
-std::string NumbersOf(std::string_view text) {
-    std::string plain = util::ReplaceAll(text, " ", "");
-    std::size_t begin = plain.find("Projection");
-    return begin == std::string::npos ? "" : plain.substr(begin, plain.find('"', begin) - begin);
-}
-
-/// Whether MapInfo would find the definition's datum in a table with that system: GDAL knows some datums by
-/// their codes only.
-bool KeepsDatum(OGRSpatialReferenceH system, const std::string& definition) {
-    char* text = nullptr;
-    OSRExportToMICoordSys(system, &text);
-    bool keeps = text && NumbersOf(text) == NumbersOf(definition);
-    CPLFree(text);
-    return keeps;
-}
-
-/// The system of interchange files, if that is set.
-OGRErr DefineTabSystem(const std::string& definition, System& system) {
-    std::string text = definition;
-    constexpr std::string_view keyword = "CoordSys ";
-    if (text.starts_with(keyword)) text.erase(0, keyword.size());
-    OGRErr error = OSRImportFromMICoordSys(system.get(), text.c_str());
-    if (error != OGRERR_NONE || KeepsDatum(system.get(), text)) return error;
-    int count = 0;
-    OGRSpatialReferenceH* matches = OSRFindMatches(system.get(), nullptr, &count, nullptr);
-    for (int i = 0; i < count; ++i)
-        if (KeepsDatum(matches[i], text)) {
-            system.reset(OSRClone(matches[i]));
-            break;
-        }
-    OSRFreeSRSArray(matches);
-    return OGRERR_NONE;
-}
-
-OGRErr DefineSystem(const config::Run& run, const GisFormat& format, bool inDegrees, System& system) {
-    if (inDegrees) return OSRImportFromEPSG(system.get(), 4326);
-    std::string header = format.code == "TAB" ? run.ReadIni("MID", "MIDMIFHEADER") : "";
-    if (!header.empty()) return DefineTabSystem(header, system);
-    return OSRSetFromUserInput(system.get(), coords::ReadTransformationSetting(run).DrawingSystem().c_str());
-}
-
-/// Null if the settings define none, which is told.
-System SystemFor(config::Run& run, const GisFormat& format, bool inDegrees) {
-    System system(OSRNewSpatialReference(nullptr));
-    bool isKnown = false;
-    try {
-        isKnown = DefineSystem(run, format, inDegrees, system) == OGRERR_NONE;
-    } catch (const platform::ReadError&) {  // told below
-    }
-    raster::TakeReason();
-    if (!isKnown) {
-        run.Ui().Report("no coordinate system in the files: the settings do not define one");
-        return nullptr;
-    }
-    OSRSetAxisMappingStrategy(system.get(), OAMS_TRADITIONAL_GIS_ORDER);
-    return system;
-}
 
 class Export {
 public:
@@ -125,7 +60,7 @@ private:
     }
 
     void WriteFeatures() {
-        System system = SystemFor(run_, format_, converter_.has_value());
+        SpatialReference system = TargetSystem(run_, format_, converter_.has_value());
         CPLSetConfigOption("OGR_SQLITE_SYNCHRONOUS", "OFF");  // nobody sees the file before it is whole
         CPLSetConfigOption("OGR_SQLITE_JOURNAL", "OFF");
         if (format_.layersShareFile) CreateDataset(name_);

@@ -14,7 +14,6 @@
 #include "platform/CodePages.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
-#include "raster/Gdal.h"
 #include "util/Counted.h"
 #include "util/Paths.h"
 #include "util/Text.h"
@@ -23,12 +22,17 @@ namespace vexlator::gis {
 
 namespace {
 
+/// Taken for the size of a source that is no file.
+constexpr std::uint64_t copiesOfOthers = std::uint64_t{1} << 30;
+
 class Import {
 public:
-    Import(config::Run& run, const GisFormat& format, config::ConversionReport& report)
+    Import(config::Run& run, const GisFormat& format, config::ConversionReport& report,
+           const FeatureFilter& isWanted)
         : run_(run),
           format_(format),
           report_(report),
+          isWanted_(isWanted),
           import_(run, std::string("frmFrom").append(format.code)),
           drawing_(import_.Drawing()),
           coordinates_(run),
@@ -45,11 +49,9 @@ public:
 
 private:
     bool ImportFile(const std::string& path) {
-        const char* drivers[] = {format_.driver, nullptr};
-        raster::Dataset source =
-            raster::Open(path, GDAL_OF_VECTOR, drivers,
-                         ("not a " + std::string(format_.words) + " that can be read").c_str());
-        sourceBytes_ = platform::SizeOfFile(path);
+        raster::Dataset source = OpenSource(format_, path);
+        bool isFile = !format_.isServer && platform::FileExists(path);
+        sourceBytes_ = isFile ? platform::SizeOfFile(path) : copiesOfOthers;
         std::uint64_t before = import_.Features();
         withoutPlace_ = 0;
         for (int i = 0; i < GDALDatasetGetLayerCount(source.get()); ++i)
@@ -79,6 +81,10 @@ private:
         std::string name = platform::NativePath(path);
         if (format_.layersShareFile) name += ": " + code;
         coordinates_.BeginLayer(OGR_L_GetSpatialRef(layer), name);
+        if (run_.Options().extent.IsSet()) {
+            OGREnvelope box = coordinates_.InSource(run_.Options().extent);
+            OGR_L_SetSpatialFilterRect(layer, box.MinX, box.MinY, box.MaxX, box.MaxY);
+        }
         SourceEntities entities(drawing_, attributes,
                                 {.symbol = symbol, .smallArea = smallArea_, .sourceBytes = sourceBytes_});
         ReadFeatures(layer, path, entities);
@@ -100,6 +106,7 @@ private:
             OGR_L_ResetReading(layer);
             while (Feature feature{OGR_L_GetNextFeature(layer)}) {
                 raster::RequireNoError(path);
+                if (isWanted_ && !isWanted_(feature.get())) continue;
                 entities.Add(feature.get()) ? ++count : ++withoutPlace_;
                 import_.Sink().FeatureDone();
                 import_.View().Progress(count, 0);
@@ -115,6 +122,7 @@ private:
     config::Run& run_;
     const GisFormat& format_;
     config::ConversionReport& report_;
+    const FeatureFilter& isWanted_;
     importer::ImportRun import_;
     drawing::Drawing& drawing_;
     SourceCoordinates coordinates_;
@@ -124,10 +132,22 @@ private:
 
 }  // namespace
 
+raster::Dataset OpenSource(const GisFormat& format, const std::string& path) {
+    const char* drivers[] = {format.driver, nullptr};
+    if (!format.isServer)
+        return raster::Open(path, GDAL_OF_VECTOR, format.driver ? drivers : nullptr,
+                            ("not a " + std::string(format.words) + " that can be read").c_str());
+    raster::TakeReason();
+    raster::Dataset source(GDALOpenEx(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR,
+                                      format.driver ? drivers : nullptr, nullptr, nullptr));
+    if (!source) throw platform::ReadError(std::string(format.words), "", raster::TakeReason());
+    return source;
+}
+
 config::Outcome ImportSources(config::Run& run, const GisFormat& format,
                               const std::vector<std::string>& sources, const std::string& drawingPath,
-                              config::ConversionReport& report) {
-    return Import(run, format, report).Start(sources, drawingPath);
+                              config::ConversionReport& report, const FeatureFilter& isWanted) {
+    return Import(run, format, report, isWanted).Start(sources, drawingPath);
 }
 
 }  // namespace vexlator::gis

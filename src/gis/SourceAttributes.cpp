@@ -3,6 +3,8 @@
 #include "gis/SourceAttributes.h"
 
 #include "export/RingMarks.h"
+#include "gis/TargetColumns.h"
+#include "platform/AsciiCase.h"
 #include "platform/CodePages.h"
 #include "util/Numbers.h"
 
@@ -55,6 +57,8 @@ SourceAttributes::SourceAttributes(OGRFeatureDefnH definition, drawing::Drawing&
     : definition_(definition) {
     for (int i = 0; i < OGR_FD_GetFieldCount(definition); ++i) {
         OGRFieldDefnH field = OGR_FD_GetFieldDefn(definition, i);
+        if (platform::SameNoCase(OGR_Fld_GetNameRef(field), jobColumn)) continue;
+        fields_.push_back(i);
         names_.push_back(platform::AsUtf8(OGR_Fld_GetNameRef(field)));
         types_.push_back(OGR_Fld_GetType(field));
     }
@@ -65,8 +69,8 @@ SourceAttributes::SourceAttributes(OGRFeatureDefnH definition, drawing::Drawing&
 std::vector<int> SourceAttributes::Widths() const {
     constexpr int widest = 99, usual = 32;
     std::vector<int> widths;
-    for (int i = 0; i < static_cast<int>(names_.size()); ++i) {
-        int width = OGR_Fld_GetWidth(OGR_FD_GetFieldDefn(definition_, i));
+    for (int field : fields_) {
+        int width = OGR_Fld_GetWidth(OGR_FD_GetFieldDefn(definition_, field));
         widths.push_back(width > 0 ? std::min(width, widest) : usual);
     }
     return widths;
@@ -74,11 +78,12 @@ std::vector<int> SourceAttributes::Widths() const {
 
 std::size_t SourceAttributes::Read(OGRFeatureH feature) {
     std::size_t bytes = 0;
-    for (int i = 0; i < static_cast<int>(values_.size()); ++i) {
-        std::string& value = values_[static_cast<std::size_t>(i)];
+    for (std::size_t place = 0; place < values_.size(); ++place) {
+        const int i = fields_[place];
+        std::string& value = values_[place];
         value.clear();
         if (!OGR_F_IsFieldSetAndNotNull(feature, i)) continue;
-        switch (types_[static_cast<std::size_t>(i)]) {
+        switch (types_[place]) {
             case OFTReal:
                 value = OGR_Fld_GetSubType(OGR_FD_GetFieldDefn(definition_, i)) == OFSTFloat32
                             ? ShortestFloat(static_cast<float>(OGR_F_GetFieldAsDouble(feature, i)))
@@ -87,7 +92,7 @@ std::size_t SourceAttributes::Read(OGRFeatureH feature) {
             case OFTDate:
             case OFTTime:
             case OFTDateTime:
-                value = DateText(feature, i, types_[static_cast<std::size_t>(i)]);
+                value = DateText(feature, i, types_[place]);
                 break;
             case OFTIntegerList:
             case OFTInteger64List:

@@ -13,7 +13,7 @@
 
 namespace vexlator::gis {
 
-/// The fields of a source's layer as text attributes.
+/// The fields of a source's layer as text attributes, without jobColumn.
 class SourceAttributes {
 public:
     SourceAttributes(OGRFeatureDefnH definition, drawing::Drawing& drawing);
@@ -32,6 +32,7 @@ private:
     OGRFeatureDefnH definition_;
     std::vector<std::string> names_, values_;
     std::vector<OGRFieldType> types_;
+    std::vector<int> fields_;  ///< their numbers in the definition
     std::optional<drawing::AttributeSet> sets_[4];
 };
 

@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "gis/SourceCoordinates.h"
 
+#include "gis/Ogr.h"
+#include "gis/TargetSystem.h"
+#include "platform/Errors.h"
+
 #include <cpl_conv.h>
-#include <ogr_srs_api.h>
 
 namespace vexlator::gis {
 
@@ -29,6 +32,8 @@ std::string DefinitionOf(OGRSpatialReferenceH system) {
 
 void SourceCoordinates::BeginLayer(OGRSpatialReferenceH system, const std::string& name) {
     kept_ = 0;
+    layerSystem_ = system;
+    name_ = name;
     rule_ = Rule::AsTheyStand;
     std::string definition = DefinitionOf(system);
     if (definition.empty()) return;
@@ -53,6 +58,23 @@ std::string SourceCoordinates::Choose(const std::string& name) {
         rule_ = Rule::System;
     }
     return "converted";
+}
+
+OGREnvelope SourceCoordinates::InSource(const config::ImportExtentBox& box) const {
+    OGREnvelope result;
+    result.MinX = box.minX;
+    result.MinY = box.minY;
+    result.MaxX = box.maxX;
+    result.MaxY = box.maxY;
+    if (!AreConverted()) return result;
+    constexpr int pointsOfEdge = 21;
+    SpatialReference drawing = TargetSystem(run_, {}, false), source(OSRClone(layerSystem_));
+    OSRSetAxisMappingStrategy(source.get(), OAMS_TRADITIONAL_GIS_ORDER);
+    Transformation way(drawing ? OCTNewCoordinateTransformation(drawing.get(), source.get()) : nullptr);
+    if (!way || !OCTTransformBounds(way.get(), box.minX, box.minY, box.maxX, box.maxY, &result.MinX,
+                                    &result.MinY, &result.MaxX, &result.MaxY, pointsOfEdge))
+        throw platform::ReadError(name_, "", "the extent cannot be converted to its coordinate system");
+    return result;
 }
 
 void SourceCoordinates::Convert(std::span<util::PlanePoint> points) {

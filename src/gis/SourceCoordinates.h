@@ -24,6 +24,9 @@ public:
     void BeginLayer(OGRSpatialReferenceH system, const std::string& name);
     bool AreConverted() const { return rule_ != Rule::AsTheyStand; }
     void Convert(std::span<util::PlanePoint> points);
+    /// The box in the layer's system that holds an area of the drawing. @throws platform::ReadError when
+    /// there is none
+    OGREnvelope InSource(const config::ImportExtentBox& box) const;
     /// Points of the layer that could not be converted and keep their values.
     std::uint64_t Kept() const { return kept_; }
 
@@ -33,6 +36,8 @@ private:
 
     config::Run& run_;
     Rule rule_ = Rule::AsTheyStand;
+    OGRSpatialReferenceH layerSystem_ = nullptr;
+    std::string name_;
     std::string definition_;
     std::unique_ptr<coords::SourceSystem> system_;  ///< that of definition_
     std::unique_ptr<coords::frmLatLng> converter_;

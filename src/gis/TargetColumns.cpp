@@ -25,7 +25,16 @@ std::string KeyOf(std::string_view name) {
 }
 
 bool IsMark(std::string_view name) {
-    return name == exporter::surfaceName || name == exporter::holeName;
+    return name == exporter::surfaceName || name == exporter::holeName ||
+           platform::SameNoCase(name, jobColumn);
+}
+
+/// The field of that name, -1 for none. Geodatabases give words of their own language an underline.
+int FindField(OGRLayerH layer, const GisFormat& format, const std::string& name) {
+    OGRFeatureDefnH definition = OGR_L_GetLayerDefn(layer);
+    int found = OGR_FD_GetFieldIndex(definition, name.c_str());
+    if (found >= 0 || !format.hasPlainNames) return found;
+    return OGR_FD_GetFieldIndex(definition, (name + "_").c_str());
 }
 
 template <typename Number>
@@ -75,6 +84,7 @@ bool TargetColumns::Has(std::string_view name) const {
 /// Names are unique, in any letter case.
 int TargetColumns::AddColumn(Column column) {
     column.wanted = column.name;
+    column.name = NameIn(format_, column.name);
     std::size_t longest = format_.longestColumnName;
     if (longest > 0) column.name = platform::CutUtf8(column.name, longest);
     std::string base = column.name;
@@ -133,24 +143,47 @@ void TargetColumns::Look(const drawing::EntityView& entity) {
     }
 }
 
+void TargetColumns::NameJob(const std::string& job) {
+    job_ = job;
+    jobColumn_ = AddColumn({.name = std::string(jobColumn)});
+}
+
 void TargetColumns::AddTo(OGRLayerH layer, bool textColumn, const std::string& file) {
     if (textColumn && !format_.hasStyles) textColumn_ = AddColumn({.name = "TEXT"});
     for (Column& column : columns_) {
-        OGRFieldDefnH field = OGR_Fld_Create(column.name.c_str(), column.type);
-        if (format_.longestText > 0 && column.type == OFTString) {
-            std::size_t wanted =
-                std::max<std::size_t>({column.longest, 1, static_cast<std::size_t>(column.width)});
-            column.width = static_cast<int>(std::min(wanted, format_.longestText));
-            OGR_Fld_SetWidth(field, column.width);
+        while (platform::SameNoCase(column.name, OGR_L_GetFIDColumn(layer)) ||
+               platform::SameNoCase(column.name, OGR_L_GetGeometryColumn(layer)))
+            column.name += '_';
+        column.field = FindField(layer, format_, column.name);
+        column.wasThere = column.field >= 0;
+        if (!column.wasThere) {
+            Create(layer, column, file);
+            continue;
         }
-        bool ok = OGR_L_CreateField(layer, field, 1) == OGRERR_NONE;
-        OGR_Fld_Destroy(field);
-        if (!ok) throw platform::WriteError(file, raster::TakeReason());
+        OGRFieldDefnH field = OGR_FD_GetFieldDefn(OGR_L_GetLayerDefn(layer), column.field);
+        column.type = OGR_Fld_GetType(field);
+        column.width = OGR_Fld_GetWidth(field);
+        column.text.clear();
     }
 }
 
+void TargetColumns::Create(OGRLayerH layer, Column& column, const std::string& file) const {
+    OGRFieldDefnH field = OGR_Fld_Create(column.name.c_str(), column.type);
+    if (format_.longestText > 0 && column.type == OFTString) {
+        std::size_t wanted =
+            std::max<std::size_t>({column.longest, 1, static_cast<std::size_t>(column.width)});
+        column.width = static_cast<int>(std::min(wanted, format_.longestText));
+        OGR_Fld_SetWidth(field, column.width);
+    }
+    bool ok = OGR_L_CreateField(layer, field, 1) == OGRERR_NONE;
+    OGR_Fld_Destroy(field);
+    if (!ok) throw platform::WriteError(file, raster::TakeReason());
+    column.field = OGR_FD_GetFieldCount(OGR_L_GetLayerDefn(layer)) - 1;
+}
+
 void TargetColumns::Fill(OGRFeatureH feature, const drawing::EntityView& entity) {
-    for (int i = 0; i < static_cast<int>(columns_.size()); ++i) OGR_F_SetFieldNull(feature, i);
+    for (const Column& column : columns_) OGR_F_SetFieldNull(feature, column.field);
+    if (jobColumn_ != isMark) Set(feature, jobColumn_, job_);
     drawing::ValueCursor values = entity.xproperties().values();
     for (int place : PlacesOf(entity)) {
         std::string_view value = values.Next();
@@ -160,12 +193,25 @@ void TargetColumns::Fill(OGRFeatureH feature, const drawing::EntityView& entity)
 
 void TargetColumns::Set(OGRFeatureH feature, int place, std::string_view value) {
     Column& column = columns_[static_cast<std::size_t>(place)];
-    if (format_.longestText > 0 && column.type == OFTString && value.size() > format_.longestText) {
-        value = platform::CutUtf8(value, format_.longestText);
-        ++column.cut;
+    bool isNumber = column.type == OFTInteger || column.type == OFTInteger64 || column.type == OFTReal;
+    if (column.wasThere && isNumber && TypeFor(column.type, value) != column.type) {
+        ++column.unfit;
+        return;
     }
-    value_ = column.type == OFTString ? value : util::Trim(value);
-    OGR_F_SetFieldString(feature, place, value_.c_str());
+    value_ = column.type == OFTString ? Fitting(column, value) : util::Trim(value);
+    OGR_F_SetFieldString(feature, column.field, value_.c_str());
+    if (column.type != OFTString && !OGR_F_IsFieldSetAndNotNull(feature, column.field)) ++column.unfit;
+}
+
+/// What of a text the column takes.
+std::string_view TargetColumns::Fitting(Column& column, std::string_view value) const {
+    std::string_view fitting = value;
+    if (format_.longestText > 0 && value.size() > format_.longestText)
+        fitting = platform::CutUtf8(value, format_.longestText);
+    if (column.wasThere && column.width > 0)
+        fitting = platform::FirstCharacters(fitting, static_cast<std::size_t>(column.width));
+    if (fitting.size() < value.size()) ++column.cut;
+    return fitting;
 }
 
 void TargetColumns::FillText(OGRFeatureH feature, std::string_view text) {
@@ -176,6 +222,7 @@ void TargetColumns::Report(config::ConversionReport& report) const {
     util::ShortList renamed = exporter::OtherNames(), texts = exporter::OtherNames();
     for (const Column& column : columns_) {
         report.Lose(config::LossReport::Kind::Cut, layer_.layer.name, column.name, column.cut);
+        report.Lose(config::LossReport::Kind::NotNumber, layer_.layer.name, column.name, column.unfit);
         if (column.wanted != column.name)
             renamed.Add(exporter::ShownName(column.wanted) + " -> " + column.name);
         if (!column.text.empty())

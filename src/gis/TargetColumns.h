@@ -18,19 +18,27 @@
 
 namespace vexlator::gis {
 
+/// The column that names the job of a feature where several drawings share a layer. No attribute of a drawing
+/// has it.
+constexpr std::string_view jobColumn = "VEXLATOR_JOB";
+
 /// The table of a layer: a column for each field of its template, then one for each further attribute that an
 /// entity has, so that no value is left out. Attributes go to the column of their name, compared as templates
 /// compare names. Columns of numbers become texts when a value is no number.
 ///
-/// First it looks at all entities, then it fills features.
+/// First it looks at all entities, then it fills features. In a layer that is there, columns keep their types
+/// and widths: a value that does not fit is a loss.
 class TargetColumns {
 public:
     TargetColumns(config::Run& run, const GisFormat& format, const exporter::ExportLayer& layer,
                   const drawing::Drawing& drawing);
 
+    /// Has a column jobColumn with that value in every feature.
+    void NameJob(const std::string& job);
     /// Takes an entity's values into account.
     void Look(const drawing::EntityView& entity);
-    /// Settles types and widths, and adds the columns to GDAL's layer; `textColumn`: one for texts too.
+    /// Settles types and widths, and adds to GDAL's layer the columns that it lacks; `textColumn`: one for
+    /// texts too.
     /// @throws platform::WriteError
     void AddTo(OGRLayerH layer, bool textColumn, const std::string& file);
     /// Whether a column has that name, in any letter case.
@@ -50,7 +58,9 @@ private:
         std::size_t longest = 0;  ///< bytes of its values
         std::string wanted = {};  ///< its name before it was cut or numbered
         std::string text = {};    ///< a value that is no number
-        std::uint64_t cut = 0;
+        int field = -1;           ///< its number in GDAL's layer
+        bool wasThere = false;
+        std::uint64_t cut = 0, unfit = 0;
     };
     using Places = std::vector<int>;
 
@@ -59,14 +69,17 @@ private:
     const Places& PlacesOf(const drawing::EntityView& entity);
     void Match(const std::vector<std::string>& names, Places& places);
     int FreeColumn(const std::string& name, const std::vector<bool>& taken) const;
+    void Create(OGRLayerH layer, Column& column, const std::string& file) const;
     void Set(OGRFeatureH feature, int place, std::string_view value);
+    std::string_view Fitting(Column& column, std::string_view value) const;
 
     config::Run& run_;
     const GisFormat& format_;
     const exporter::ExportLayer& layer_;
     std::vector<Column> columns_;
     std::size_t fromTemplate_ = 0;
-    int textColumn_ = isMark;
+    int textColumn_ = isMark, jobColumn_ = isMark;
+    std::string job_;
     std::unordered_map<drawing::AttributeSet, Places> places_;
     drawing::AttributeSet lastSet_ = 0;
     const Places* last_ = nullptr;

@@ -41,7 +41,7 @@ TargetLayer::TargetLayer(config::Run& run, const GisFormat& format, const export
 void TargetLayer::Look(const exporter::LayerPart& part) {
     for (EntityView entity : part) {
         ShapeKind kind = ShapeKindOf(entity);
-        if (kind == ShapeKind::LeftOut) continue;
+        if (kind == ShapeKind::LeftOut || !Takes(kind)) continue;
         columns_.Look(entity);
         hasPlaces_ |= kind == ShapeKind::Place;
         hasLines_ |= kind == ShapeKind::Line;
@@ -60,7 +60,15 @@ void TargetLayer::Look(const exporter::LayerPart& part) {
     }
 }
 
+bool TargetLayer::Takes(ShapeKind kind) const {
+    bool isDrawn = kind == ShapeKind::Line || kind == ShapeKind::Area;
+    return !only_ || *only_ == (isDrawn ? kind : ShapeKind::Place);
+}
+
 OGRwkbGeometryType TargetLayer::GeometryType() const {
+    if (format_.geometry == LayerGeometry::Any) return OGR_GT_SetZ(wkbUnknown);
+    if (format_.geometry == LayerGeometry::OneKind)
+        return OGR_GT_SetZ(hasAreas_ ? wkbMultiPolygon : hasLines_ ? wkbMultiLineString : wkbPoint);
     OGRwkbGeometryType type = wkbUnknown;
     if (hasPlaces_ && !hasLines_ && !hasAreas_) type = wkbPoint;
     if (hasLines_ && !hasPlaces_ && !hasAreas_) type = wkbLineString;
@@ -68,9 +76,34 @@ OGRwkbGeometryType TargetLayer::GeometryType() const {
     return hasHeights_ ? OGR_GT_SetZ(type) : type;
 }
 
+bool TargetLayer::Fits(OGRwkbGeometryType type) const {
+    bool holdsPlaces = false, holdsLines = false, holdsAreas = false;
+    switch (OGR_GT_Flatten(type)) {
+        case wkbUnknown:
+        case wkbGeometryCollection:
+            return true;
+        case wkbPoint:
+        case wkbMultiPoint:
+            holdsPlaces = true;
+            break;
+        case wkbLineString:
+        case wkbMultiLineString:
+            holdsLines = true;
+            break;
+        case wkbPolygon:
+            holdsAreas = !hasSurfaces_;
+            break;
+        case wkbMultiPolygon:
+            holdsAreas = true;
+            break;
+        default:
+            break;
+    }
+    return (holdsPlaces || !hasPlaces_) && (holdsLines || !hasLines_) && (holdsAreas || !hasAreas_);
+}
+
 void TargetLayer::Create(GDALDatasetH dataset, OGRSpatialReferenceH system, const std::string& name,
                          const std::string& file, std::span<const std::string> options) {
-    file_ = file;
     char** list = nullptr;
     for (const std::string& option : options) list = CSLAddString(list, option.c_str());
     // Columns that a package adds of itself.
@@ -81,7 +114,33 @@ void TargetLayer::Create(GDALDatasetH dataset, OGRSpatialReferenceH system, cons
     }
     target_ = GDALDatasetCreateLayer(dataset, name.c_str(), system, GeometryType(), list);
     CSLDestroy(list);
-    if (!target_) throw platform::WriteError(file_, raster::TakeReason());
+    if (!target_) throw platform::WriteError(file, raster::TakeReason());
+    Begin(file);
+}
+
+void TargetLayer::AddTo(OGRLayerH layer, OGRSpatialReferenceH system, const std::string& file) {
+    target_ = layer;
+    const std::string& code = layer_.layer.name;
+    if (hasHeights_ && !OGR_GT_HasZ(OGR_L_GetGeomType(layer))) {
+        hasHeights_ = false;
+        run_.Ui().Report(code + ": heights left out, because the layer that is there has none");
+    }
+    OGRSpatialReferenceH own = OGR_L_GetSpatialRef(layer);
+    const char* const options[] = {"IGNORE_DATA_AXIS_TO_SRS_AXIS_MAPPING=YES", nullptr};
+    if (own && system && !OSRIsSameEx(own, system, options)) {
+        OSRSetAxisMappingStrategy(own, OAMS_TRADITIONAL_GIS_ORDER);
+        transformation_.reset(OCTNewCoordinateTransformation(system, own));
+        if (!transformation_) throw platform::WriteError(file, code + ": " + raster::TakeReason());
+        const char* name = OSRGetName(own);
+        run_.Ui().Report(code + ": converted to the layer's own coordinate system, " +
+                         (name ? name : "unnamed"));
+    }
+    Begin(file);
+}
+
+void TargetLayer::Begin(const std::string& file) {
+    file_ = file;
+    if (format_.geometry != LayerGeometry::AsSeen) targetType_ = OGR_L_GetGeomType(target_);
     columns_.AddTo(target_, hasTexts_, file_);
     feature_.reset(OGR_F_Create(OGR_L_GetLayerDefn(target_)));
 }
@@ -98,6 +157,7 @@ void TargetLayer::Write(const exporter::LayerPart& part) {
 
 void TargetLayer::Gather(const EntityView& entity) {
     ShapeKind kind = ShapeKindOf(entity);
+    if (!Takes(kind)) return;
     if (kind == ShapeKind::LeftOut) {
         ++leftOut_[static_cast<std::size_t>(entity.kindCode())];
         return;
@@ -204,7 +264,14 @@ void TargetLayer::EndFeature() {
     if (!isPending_) return;
     isPending_ = false;
     ++features_;
+    if (geometry_ && transformation_ &&
+        OGR_G_Transform(geometry_.get(), transformation_.get()) != OGRERR_NONE) {
+        geometry_.reset();
+        ++unplaced_;
+    }
     if (geometry_) ++withPlace_;
+    if (geometry_ && OGR_GT_Flatten(targetType_) != wkbUnknown)
+        geometry_.reset(OGR_G_ForceTo(geometry_.release(), targetType_, nullptr));
     OGR_F_SetGeometryDirectly(feature_.get(), geometry_.release());
     if (OGR_L_CreateFeature(target_, feature_.get()) != OGRERR_NONE)
         throw platform::WriteError(file_, raster::TakeReason());
@@ -213,15 +280,16 @@ void TargetLayer::EndFeature() {
 std::uint64_t TargetLayer::Finish(config::ConversionReport& report) {
     EndFeature();
     feature_.reset();
-    columns_.Report(report);
+    if (features_ > 0) columns_.Report(report);
     static constexpr std::array<std::string_view, std::tuple_size_v<decltype(leftOut_)>> names = {
         "point", "symbol", "polyline", "circle", "text", "arc", "line", "other"};
     for (std::size_t kind = 0; kind < leftOut_.size(); ++kind)
         report.Lose(config::LossReport::Kind::LeftOut, layer_.layer.name, names[kind], leftOut_[kind]);
     if (unplaced_ > 0)
-        run_.Ui().Report(
-            layer_.layer.name + ": " + util::Counted(unplaced_, "feature") + " without a geometry, because " +
-            (converter_ ? "it is outside the coordinate conversion" : "a coordinate is not a number"));
+        run_.Ui().Report(layer_.layer.name + ": " + util::Counted(unplaced_, "feature") +
+                         " without a geometry, because " +
+                         (converter_ || transformation_ ? "it is outside the coordinate conversion"
+                                                        : "a coordinate is not a number"));
     return features_;
 }
 

@@ -33,14 +33,24 @@ public:
     TargetLayer(config::Run& run, const GisFormat& format, const exporter::ExportLayer& layer,
                 const drawing::Drawing& drawing, coords::frmLatLng* converter);
 
+    /// Takes the entities of one kind only. Those without a geometry are among the places.
+    void TakeOnly(ShapeKind kind) { only_ = kind; }
+    TargetColumns& Columns() { return columns_; }
     void Look(const exporter::LayerPart& part);
     /// The bounds of its coordinates, once it has looked at all entities.
     const std::optional<OGREnvelope>& Bounds() const { return bounds_; }
     /// Whether features without a place will come.
     bool HasNothing() const { return hasNothing_; }
+    /// Whether features will come at all.
+    bool HasFeatures() const { return hasPlaces_ || hasLines_ || hasAreas_ || hasNothing_; }
+    /// Whether its features can go into a layer for such geometries.
+    bool Fits(OGRwkbGeometryType type) const;
     /// Makes the layer in a data set. @throws platform::WriteError with the name `file`
     void Create(GDALDatasetH dataset, OGRSpatialReferenceH system, const std::string& name,
                 const std::string& file, std::span<const std::string> options);
+    /// Adds to a layer that is there, whose coordinates may be in another system.
+    /// @throws platform::WriteError with the name `file`
+    void AddTo(OGRLayerH layer, OGRSpatialReferenceH system, const std::string& file);
     /// @throws platform::WriteError
     void Write(const exporter::LayerPart& part);
     /// Returns the number of features. @throws platform::WriteError
@@ -57,6 +67,8 @@ private:
     };
 
     OGRwkbGeometryType GeometryType() const;
+    bool Takes(ShapeKind kind) const;
+    void Begin(const std::string& file);
     void Gather(const drawing::EntityView& entity);
     void ConvertBatch();
     void WriteBatch();
@@ -73,6 +85,8 @@ private:
     coords::frmLatLng* converter_;
     TargetColumns columns_;
     std::string file_;
+    std::optional<ShapeKind> only_;
+    Transformation transformation_;  ///< to the system of a layer that was there
 
     // What it has seen.
     bool hasPlaces_ = false, hasLines_ = false, hasAreas_ = false, hasNothing_ = false, hasTexts_ = false;
@@ -80,7 +94,8 @@ private:
     std::optional<OGREnvelope> bounds_;
 
     OGRLayerH target_ = nullptr;
-    Feature feature_;         ///< the same object for all features
+    OGRwkbGeometryType targetType_ = wkbUnknown;  ///< that all geometries of a shared layer must have
+    Feature feature_;                             ///< the same object for all features
     bool isPending_ = false;  ///< the feature is not written yet, because rings may follow
     Geometry geometry_;       ///< of the pending feature
     exporter::RingSequence rings_;

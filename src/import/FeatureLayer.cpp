@@ -23,4 +23,9 @@ std::string FeatureTemplatePath(const config::Run& run, std::string_view code) {
     return util::JoinPath(run.Settings().ATPDirectory, util::SafeFileName(code) + ".ATP");
 }
 
+void OfferTemplates(config::Run& run, const config::ConversionReport& report) {
+    for (const config::ConversionReport::Template& offer : report.templates)
+        drawing::GenerateAtp(run, FeatureTemplatePath(run, offer.code), offer.names, offer.widths);
+}
+
 }  // namespace vexlator::importer

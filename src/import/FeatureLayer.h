@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "config/ConversionReport.h"
 #include "config/Run.h"
 #include "drawing/Drawing.h"
 
@@ -17,5 +18,8 @@ std::string SelectFeatureLayer(config::Run& run, drawing::Drawing& drawing, std:
 
 /// The path of the code's shared attribute template.
 std::string FeatureTemplatePath(const config::Run& run, std::string_view code);
+
+/// Offers the templates of what another program has imported.
+void OfferTemplates(config::Run& run, const config::ConversionReport& report);
 
 }  // namespace vexlator::importer

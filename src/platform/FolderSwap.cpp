@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <filesystem>
 #include <fstream>
 #include <optional>
 #include <string_view>
@@ -111,7 +112,9 @@ void RemoveSwapFolder(const std::string& native) {
         if (!note->empty()) {
             Empty(native, *note);
         } else {
-            for (const std::string& name : EntriesOf(native)) ::unlink((native + "/" + name).c_str());
+            std::error_code ignored;
+            for (const std::string& name : EntriesOf(native))
+                std::filesystem::remove_all(native + "/" + name, ignored);
         }
         if (::rmdir(native.c_str()) == 0 || errno != ENOTEMPTY) return;
     }

@@ -22,6 +22,8 @@ public:
     FolderSwap& operator=(const FolderSwap&) = delete;
 
     bool IsPossible() const { return descriptor_ >= 0; }
+    /// Native path of the new folder until it takes its place.
+    const std::string& Beside() const { return beside_; }
     /// Gives a file of the other folder a name in the new one. False if the file system cannot do it.
     bool Link(const std::string& nativeFile, const std::string& name);
     /// @param replaced names of the files in the other folder to remove
@@ -35,8 +37,8 @@ private:
     int descriptor_ = -1;
 };
 
-/// Deletes a folder that was meant to replace another, or that was replaced. Sub-folders in it stay, and keep
-/// it.
+/// Deletes a folder that was meant to replace another, with its contents, or one that was replaced:
+/// sub-folders that others have put into that stay, and keep it.
 void RemoveSwapFolder(const std::string& native);
 
 }  // namespace vexlator::platform

@@ -37,6 +37,9 @@ std::string WithoutSourcePlace(const std::string& line) {
 
 void CPL_STDCALL Collect(CPLErr kind, CPLErrorNum, const char* text) {
     std::string line = text;
+    // The reason of a refused connection stands in the next line.
+    constexpr std::string_view refused = "PQconnectdb failed.\n";
+    if (line.starts_with(refused)) line.erase(0, refused.size());
     line = WithoutSourcePlace(line.substr(0, line.find_first_of("\r\n")));
     if (line.find("remature end") != std::string::npos) Reported() = {"the data is truncated", true};
     if (kind >= CE_Failure && Reported().error.empty()) Reported().error = line;

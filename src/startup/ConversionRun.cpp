@@ -194,6 +194,21 @@ void ForgetUnmadeOutputs(Outcome& outcome) {
     outcome.status = status;
 }
 
+/// The steps after an export follow a hand-off that failed, too.
+config::Outcome CallExport(config::Run& run, const ExportRow& row, const ExportCommand& command) {
+    if (!row.handsOver) return row.call(run, command);
+    try {
+        return row.call(run, command);
+    } catch (const platform::Stopped&) {
+        throw;
+    } catch (const std::exception& error) {
+        ShowError(run, error);
+        config::Outcome failed;
+        failed.status = Outcome::Status::Failed;
+        return failed;
+    }
+}
+
 ExitStatus Export(config::Run& run, const ExportRow& row, ExportCommand command, TargetFolder& folder) {
     if (run.Options().extent.IsSet())
         run.Ui().Report("?BOX limits imports of databases only; " +
@@ -204,14 +219,16 @@ ExitStatus Export(config::Run& run, const ExportRow& row, ExportCommand command,
     std::string target = platform::NativePath(command.targetPath);
     ExitStatus status = Stoppable(run, target + " is unchanged", [&] {
         RemoveLeftovers(run, command.targetPath);
-        run.Outcome() = row.call(run, command);
+        run.Outcome() = CallExport(run, row, command);
         ForgetUnmadeOutputs(run.Outcome());
         return StatusOf(run.Outcome());
     });
-    if (status != ExitStatus::Done) return status;
-    folder.Keep();
+    bool goesOn = status == ExitStatus::Done || (row.handsOver && status == ExitStatus::Failed);
+    if (!goesOn) return status;
+    if (!row.handsOver) folder.Keep();  // else only when photographs are in it
     return Stoppable(run, "the export to " + target + " is complete, but the steps after it are not", [&] {
         bool isComplete = RunPostExportSteps(run, command);
+        if (status != ExitStatus::Done) return status;
         Summarise(run, "exported " + command.code,
                   run.Outcome().features == 0 ? NoFeaturesRemark(command) : "");
         return isComplete ? ExitStatus::Done : ExitStatus::Failed;
@@ -245,7 +262,7 @@ ExitStatus RunImport(config::Run& run, const Conversions& conversions, std::stri
             ExitStatus::NothingToDo);
     if (std::string missing = MissingProgram(run, row->program, command.code); !missing.empty())
         return Refuse(run, missing, ExitStatus::NothingToDo);
-    if (run.Options().extent.IsSet() && row->form != "frmFromFMO")
+    if (run.Options().extent.IsSet() && !row->takesExtent)
         run.Ui().Report("?BOX limits imports of databases only; " + platform::NativePath(command.sourcePath) +
                         " is read whole");
     return Import(run, *row, command);

@@ -5,6 +5,10 @@
 #include "background/builder/BuildSettings.h"
 #include "background/builder/frmGRP.h"
 #include "config/Converter.h"
+#include "corporate/handoff/frmESRI.h"
+#include "corporate/handoff/frmFromESRI.h"
+#include "corporate/handoff/frmFromSWD.h"
+#include "corporate/handoff/frmSWD.h"
 #include "export/csv/frmCSV.h"
 #include "export/dbf/frmDBF.h"
 #include "export/dxf/frmDWG.h"
@@ -103,14 +107,17 @@ constexpr std::array importRows{
     ImportRow{"GEOJSON", "features for GIS", "frmFromGIS", ImportByConverter, false,
               config::converterProgram},
     ImportRow{"FGB", "features for GIS", "frmFromGIS", ImportByConverter, false, config::converterProgram},
+    ImportRow{"GDB", "geodatabases", "frmFromESRI", Import<corporate::frmFromESRI>, false, "", true},
+    ImportRow{"MXD", "geodatabases", "frmFromESRI", Import<corporate::frmFromESRI>, false, "", true},
+    ImportRow{"SWD", "the corporate GIS", "frmFromSWD", Import<corporate::frmFromSWD>, false, "", true},
     ImportRow{"XML", "drawings as XML", "frmFromXML", Import<importer::frmFromXML>},
     ImportRow{"CSV", "tables of points", "frmFromCSV", Import<importer::frmFromCSV>},
     ImportRow{"TXT", "tables of points", "frmFromCSV", Import<importer::frmFromCSV>},
     ImportRow{"PPS", "meter readings", "frmFromCAW", Import<importer::frmFromCAW>},
     ImportRow{"CAW", "meter readings", "frmFromCAW", Import<importer::frmFromCAW>},
     ImportRow{"ADT", "feature records", "frmFromADT", Import<importer::frmFromADT>},
-    ImportRow{"FMO", "database tables", "frmFromFMO", Import<importer::frmFromFMO>, true},
-    ImportRow{"TPK", "tablet packages", "frmFromFMO", ImportTablet},
+    ImportRow{"FMO", "database tables", "frmFromFMO", Import<importer::frmFromFMO>, true, "", true},
+    ImportRow{"TPK", "tablet packages", "frmFromFMO", ImportTablet, false, "", true},
     ImportRow{"JOB", "device jobs", "frmFromJOB", Import<importer::frmFromJOB>, true},
     ImportRow{"PAK", "device jobs", "frmFromJOB", Import<importer::frmFromJOB>, true},
 };
@@ -125,6 +132,9 @@ constexpr std::array exportRows{
     ExportRow{"GPKG", "features for GIS", "frmGIS", ExportByConverter, false, config::converterProgram},
     ExportRow{"GEOJSON", "features for GIS", "frmGIS", ExportByConverter, false, config::converterProgram},
     ExportRow{"FGB", "features for GIS", "frmGIS", ExportByConverter, false, config::converterProgram},
+    ExportRow{"PDB", "the corporate GIS", "frmESRI", Export<corporate::frmESRI>, false, "", true},
+    ExportRow{"MXD", "the corporate GIS", "frmESRI", Export<corporate::frmESRI>, false, "", true},
+    ExportRow{"SWD", "the corporate GIS", "frmSWD", Export<corporate::frmSWD>, false, "", true},
     ExportRow{"CSV", "tables for spreadsheets", "frmCSV", ExportText<0>},
     ExportRow{"ASC", "tables for programs", "frmCSV", ExportText<1>},
     ExportRow{"KML", "placemarks for globes", "frmKML", Export<exporter::frmKML>},

@@ -23,6 +23,7 @@ struct ImportRow {
     ImportCall call;
     bool addsToDrawing = false;     ///< to an existing one, so that a second import duplicates its features
     std::string_view program = "";  ///< of the suite, without which there is no conversion
+    bool takesExtent = false;
 };
 
 struct ExportRow {
@@ -32,6 +33,7 @@ struct ExportRow {
     ExportCall call;
     bool intoFmoDirectory = false;  ///< the results go to FMODirectory, not to the folder beside the drawing
     std::string_view program = "";  ///< of the suite, without which there is no conversion
+    bool handsOver = false;  ///< to a program of its own: the steps after an export follow a failure too
 };
 
 /// The rows for a run. Rows are tried in order.

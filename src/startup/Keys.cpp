@@ -4,6 +4,7 @@
 
 #include "background/builder/BuildSettings.h"
 #include "coords/TransformationSetting.h"
+#include "corporate/handoff/Handoff.h"
 #include "drawing/FieldMapping.h"
 #include "export/ExportSettings.h"
 #include "export/csv/CsvSettings.h"
@@ -58,6 +59,7 @@ config::KeyList AllKeys() {
                                         exporter::CadExportKeys(),
                                         exporter::ExportKeys(),
                                         exporter::DbfKeys(),
+                                        corporate::CorporateKeys(),
                                         exporter::EnvironmentKeys(),
                                         exporter::XlsKeys(),
                                         importer::CsvImportKeys(),

@@ -386,6 +386,7 @@ std::string DrawingAsSource(const Given& given) {
 
 std::string FolderOfSources(const Given& given) {
     const std::string& folder = given.sources.front();
+    if (CodeOf(folder) == "GDB") return "";  // a geodatabase is a folder
     if (!platform::FolderExists(folder) || !given.files.SourceBeside(folder).empty()) return "";
     for (const std::string& file : platform::ListFiles(folder))
         if (given.files.CanImport(CodeOf(file)))

@@ -3,7 +3,6 @@
 #include "import/gis/frmFromGIS.h"
 
 #include "config/Converter.h"
-#include "drawing/AttributeTemplate.h"
 #include "import/FeatureLayer.h"
 #include "import/SourceFiles.h"
 #include "platform/Paths.h"
@@ -37,8 +36,7 @@ config::Outcome frmFromGIS::Start(std::string_view sourcePath, std::string_view 
         arguments.push_back(platform::NativePath(path));
     }
     config::ConversionReport report = config::RunConverter(run_, *view, std::move(arguments));
-    for (const config::ConversionReport::Template& offer : report.templates)
-        drawing::GenerateAtp(run_, FeatureTemplatePath(run_, offer.code), offer.names, offer.widths);
+    OfferTemplates(run_, report);
     view->SetLabel("Completed!");
     return report.outcome;
 }

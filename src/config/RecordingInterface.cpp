@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Vexlator authors
 // SPDX-License-Identifier: MIT
-#include "vdconv/RecordingInterface.h"
+#include "config/RecordingInterface.h"
 
 #include "platform/Signals.h"
 
-namespace vexlator::vdconv {
+namespace vexlator::config {
 
 namespace {
 
@@ -21,4 +21,4 @@ std::unique_ptr<ui::FormView> RecordingInterface::ShowForm(std::string_view) {
     return std::make_unique<QuietView>();
 }
 
-}  // namespace vexlator::vdconv
+}  // namespace vexlator::config

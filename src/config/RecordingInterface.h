@@ -5,12 +5,12 @@
 #include "config/ConversionReport.h"
 #include "ui/UserInterface.h"
 
-namespace vexlator::vdconv {
+namespace vexlator::config {
 
 /// Keeps what the program that started this one will show. A question is answered with No.
 class RecordingInterface : public ui::UserInterface {
 public:
-    explicit RecordingInterface(config::ConversionReport& report) : report_(report) {}
+    explicit RecordingInterface(ConversionReport& report) : report_(report) {}
 
     void ShowMessage(std::string_view text) override { report_.lines.push_back({true, std::string(text)}); }
     bool AskYesNo(std::string_view) override { return false; }
@@ -20,7 +20,7 @@ public:
     void Beep() override {}
 
 private:
-    config::ConversionReport& report_;
+    ConversionReport& report_;
 };
 
-}  // namespace vexlator::vdconv
+}  // namespace vexlator::config

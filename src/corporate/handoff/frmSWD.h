@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: The Vexlator authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "config/Outcome.h"
+#include "config/Run.h"
+
+#include <string_view>
+
+namespace vexlator::corporate {
+
+/// Hands a drawing over to DrawingToCadcorp, which writes it into the corporate GIS, or to the central
+/// service.
+class frmSWD {
+public:
+    explicit frmSWD(config::Run& run) : run_(run) {}
+
+    /// The target gets the photographs. Steps after an export follow a failed one too.
+    /// @throws platform::ReadError, platform::WriteError; std::runtime_error: what ended the hand-off
+    config::Outcome Start(std::string_view drawingPath, std::string_view targetPath);
+
+private:
+    config::Run& run_;
+};
+
+}  // namespace vexlator::corporate
